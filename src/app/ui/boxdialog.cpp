@@ -1,0 +1,41 @@
+#include "app/ui/boxdialog.h"
+
+#include "klitestyle.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QVBoxLayout>
+
+BoxDialog::BoxDialog(const QString &title, const QString &heading, QWidget *parent)
+    : QDialog(parent), m_body(new QVBoxLayout), m_buttons(new QDialogButtonBox(this))
+{
+    setWindowTitle(title);
+    setWindowIcon(QIcon(QStringLiteral(":/icons/zelbox.ico")));
+    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    auto *headingLabel = new QLabel(heading, this);
+    QFont headingFont = font();
+    headingFont.setPointSizeF(headingFont.pointSizeF() * 1.35);
+    headingFont.setWeight(QFont::DemiBold);
+    headingLabel->setFont(headingFont);
+    headingLabel->setWordWrap(true);
+
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({24, 20, 24, 20}));
+    layout->setSpacing(KLiteStyle::dpiScaled(12));
+    layout->addWidget(headingLabel);
+    m_body->setSpacing(KLiteStyle::dpiScaled(10));
+    layout->addLayout(m_body, 1);
+    layout->addSpacing(KLiteStyle::dpiScaled(4));
+    layout->addWidget(m_buttons);
+    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+QLabel *BoxDialog::addText(const QString &text)
+{
+    auto *label = new QLabel(text, this);
+    label->setWordWrap(true);
+    label->setMinimumWidth(KLiteStyle::dpiScaled(340));
+    m_body->addWidget(label);
+    return label;
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QDialog>
+
+class QDialogButtonBox;
+class QLabel;
+class QVBoxLayout;
+
+/// Common shape of the box's small dialogs: icon, heading, body, buttons. GUI thread.
+class BoxDialog : public QDialog
+{
+    Q_OBJECT
+public:
+    BoxDialog(const QString &title, const QString &heading, QWidget *parent = nullptr);
+
+protected:
+    QVBoxLayout *body() const { return m_body; }
+    QDialogButtonBox *buttons() const { return m_buttons; }
+    QLabel *addText(const QString &text); ///< a wrapped paragraph in the body
+
+private:
+    QVBoxLayout *m_body;
+    QDialogButtonBox *m_buttons;
+};

@@ -1,0 +1,32 @@
+#include "app/ui/syncfolderdlg.h"
+
+#include "kdocumentopener.h"
+#include "klitestyle.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+
+SyncFolderDlg::SyncFolderDlg(QWidget *parent)
+    : BoxDialog(tr("Synchronise folder"), tr("Synchronise a folder"), parent),
+      m_path(addText(QString())),
+      m_open(buttons()->addButton(tr("Open folder"), QDialogButtonBox::ActionRole))
+{
+    m_path->setAccessibleName(tr("Folder path"));
+    // Paths are plain text, whatever they hold.
+    m_path->setTextFormat(Qt::PlainText);
+    m_path->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    addText(tr("No cloud account is connected, so this folder stays on this computer only."));
+    buttons()->addButton(tr("Close"), QDialogButtonBox::RejectRole)->setDefault(true);
+    connect(m_open, &QPushButton::clicked, this, [this] { KDocumentOpener::instance()->open(m_folder); });
+    setParameter(QString());
+}
+
+void SyncFolderDlg::setParameter(const QString &folder)
+{
+    m_folder = folder;
+    m_open->setEnabled(!folder.isEmpty());
+    const QString shown = folder.isEmpty() ? tr("No folder was named.") : folder;
+    m_path->setText(fontMetrics().elidedText(shown, Qt::ElideMiddle, KLiteStyle::dpiScaled(340)));
+    m_path->setToolTip(folder);
+}

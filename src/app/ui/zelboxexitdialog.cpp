@@ -1,0 +1,40 @@
+#include "app/ui/zelboxexitdialog.h"
+
+#include "base/settingskeys.h"
+#include "ksettings.h"
+
+#include <QCheckBox>
+#include <QDialogButtonBox>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+ZelBoxExitDialog::ZelBoxExitDialog(QWidget *parent)
+    : BoxDialog(tr("Exit"), tr("Exit ZEL Box?"), parent),
+      m_remember(new QCheckBox(tr("Always keep running when the window is closed"), this))
+{
+    addText(tr(
+        "In the background, ZEL Box keeps your list of recent documents current. Start it again to bring its "
+        "window back."));
+    body()->addWidget(m_remember);
+
+    QPushButton *exit = buttons()->addButton(tr("Exit"), QDialogButtonBox::DestructiveRole);
+    QPushButton *background = buttons()->addButton(tr("Keep running"), QDialogButtonBox::AcceptRole);
+    background->setDefault(true);
+    buttons()->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
+    connect(exit, &QPushButton::clicked, this, [this] {
+        Q_EMIT exitChosen();
+        close();
+    });
+    connect(background, &QPushButton::clicked, this, &ZelBoxExitDialog::chooseBackground);
+}
+
+void ZelBoxExitDialog::chooseBackground()
+{
+    if (m_remember->isChecked()) {
+        KSettings settings;
+        settings.beginGroup(zel::keys::Plugins);
+        settings.beginGroup(zel::keys::Zelbox);
+        settings.setValue(zel::keys::CloseAction, QStringLiteral("hide"));
+    }
+    Q_EMIT backgroundChosen();
+}

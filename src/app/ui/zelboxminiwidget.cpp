@@ -1,0 +1,85 @@
+#include "app/ui/zelboxminiwidget.h"
+
+#include "app/ui/recentpicker.h"
+#include "klitestyle.h"
+#include "kskin.h"
+#include "widgets/windowframe.h"
+
+#include <QIcon>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QVBoxLayout>
+
+ZelBoxMiniWidget::ZelBoxMiniWidget(QWidget *parent)
+    : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
+      m_picker(new RecentPicker(this))
+{
+    setWindowTitle(tr("Quick search"));
+    setWindowIcon(QIcon(QStringLiteral(":/icons/zelbox.ico")));
+    setObjectName(QStringLiteral("ZelBoxMiniWidget"));
+    resize(KLiteStyle::dpiScaledSize({480, 320}));
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({12, 12, 12, 12}));
+    layout->addWidget(m_picker);
+    connect(m_picker, &RecentPicker::documentOpened, this, &QWidget::hide);
+}
+
+void ZelBoxMiniWidget::centerOn(const QRect &geometry)
+{
+    move(geometry.left() + (geometry.width() - width()) / 2,
+        geometry.top() + (geometry.height() - height()) / 2);
+}
+
+void ZelBoxMiniWidget::showWithFocus()
+{
+    if (!isVisible())
+        show();
+    raise();
+    activateWindow();
+    m_picker->focusInput();
+}
+
+void ZelBoxMiniWidget::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    if (!m_loaded) {
+        m_loaded = true;
+        m_picker->startLoading();
+    }
+}
+
+void ZelBoxMiniWidget::hideEvent(QHideEvent *event)
+{
+    Q_EMIT sigMiniWindowAboutToHide();
+    QWidget::hideEvent(event);
+}
+
+void ZelBoxMiniWidget::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::ActivationChange || isActiveWindow() || !isVisible())
+        return;
+    // Not at once: a command that shows this widget again may be on its way.
+    m_pendingHide = true;
+    QMetaObject::invokeMethod(this, &ZelBoxMiniWidget::hideIfPending, Qt::QueuedConnection);
+}
+
+void ZelBoxMiniWidget::hideIfPending()
+{
+    if (qExchange(m_pendingHide, false) && !isActiveWindow())
+        hide();
+}
+
+void ZelBoxMiniWidget::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape)
+        hide();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void ZelBoxMiniWidget::paintEvent(QPaintEvent *)
+{
+    QPainter(this).fillRect(rect(), KSkin::color(KSkin::Color::Window));
+    zel::paintWindowBorder(this);
+}

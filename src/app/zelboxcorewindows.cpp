@@ -1,0 +1,237 @@
+// The part of the core that makes, shows and hides windows.
+
+#include "app/zelboxcore.h"
+
+#include "app/ui/folderselectordlg.h"
+#include "app/ui/kzelboxcloudsettingsdlg.h"
+#include "app/ui/syncfolderdlg.h"
+#include "app/ui/zelboxexitdialog.h"
+#include "app/ui/zelboxminiwidget.h"
+#include "app/ui/zelboxminiwindow.h"
+#include "app/ui/zelboxtray.h"
+#include "app/zelboxapplication.h"
+#include "base/settingskeys.h"
+#include "cloud/zelboxclientsvrproxy.h"
+#include "cloud/zelboxcloudsvr.h"
+#include "kdcinfoc.h"
+#include "kdocumentopener.h"
+#include "krecentfile.h"
+#include "krt/krt.h"
+#include "ksettings.h"
+#include "mainwindow/ui/zelboxmainwindow.h"
+
+#include <QDialog>
+#include <QSystemTrayIcon>
+#include <QTimer>
+#include <chrono>
+
+using namespace std::chrono_literals;
+
+namespace {
+constexpr auto StashDelay = 200ms;
+constexpr auto MiniShowEventDelay = 2000ms;
+} // namespace
+
+ZelBoxMainWindow *ZelBoxCore::mainWindow() const
+{
+    return m_mainWindow;
+}
+
+ZelBoxMainWindow *ZelBoxCore::ensureMainWindow()
+{
+    if (!m_mainWindow) {
+        InitRecentFile(WorkMode::Full);
+        m_mainWindow = new ZelBoxMainWindow(this);
+        m_mainWindow->restoreWindowState();
+        connect(m_mainWindow, &ZelBoxMainWindow::windowClose, this, &ZelBoxCore::onMainWindowClose);
+        connect(m_mainWindow, &ZelBoxMainWindow::windowClose, m_clientProxy,
+            &ZelBoxClientSvrProxy::onWindowClose);
+        connect(m_mainWindow, &ZelBoxMainWindow::windowShowToFront, m_clientProxy,
+            &ZelBoxClientSvrProxy::onWindowOpened);
+    }
+    return m_mainWindow;
+}
+
+void ZelBoxCore::showMainWindow()
+{
+    const bool existed = m_mainWindow;
+    ZelBoxMainWindow *window = ensureMainWindow();
+    if (existed && window->isVisible())
+        window->saveWindowState();
+    window->showToFront();
+}
+
+void ZelBoxCore::selectPage(int number)
+{
+    ensureMainWindow()->selectPage(number);
+    showMainWindow();
+}
+
+void ZelBoxCore::mainWindowFirstShown()
+{
+    m_clientProxy->onWindowOpened();
+    Q_EMIT firstMainWindowShown();
+}
+
+void ZelBoxCore::onFirstMainWindowShown()
+{
+    if (!m_tray)
+        m_tray = new ZelBoxTray(this, this);
+}
+
+void ZelBoxCore::showMiniWindow(const QString &startFrom)
+{
+    m_startFrom = startFrom;
+    if (!m_miniWindow) {
+        InitRecentFile(WorkMode::Full);
+        m_miniWindow = new ZelBoxMiniWindow;
+        connect(
+            m_miniWindow, &ZelBoxMiniWindow::sigMiniWindowFirstShow, this, &ZelBoxCore::firstMiniWindowShown);
+        connect(m_miniWindow, &ZelBoxMiniWindow::mainWindowRequested, this, &ZelBoxCore::showMainWindow);
+        QTimer::singleShot(MiniShowEventDelay, this, &ZelBoxCore::onSendMiniWindowShowEvent);
+    }
+    m_miniWindow->showToFront();
+}
+
+void ZelBoxCore::onSendMiniWindowShowEvent()
+{
+    KDcInfoC::postGeneralEvent(
+        QStringLiteral("zelbox_miniwidget_show"), {{QStringLiteral("start_from"), m_startFrom}});
+}
+
+void ZelBoxCore::showMiniWidget(bool asMainBox)
+{
+    if (!m_miniWidget) {
+        InitRecentFile(WorkMode::Full);
+        m_miniWidget = new ZelBoxMiniWidget;
+        connect(m_miniWidget, &ZelBoxMiniWidget::sigMiniWindowAboutToHide, this,
+            &ZelBoxCore::sigMiniWindowAboutToHide);
+    }
+    m_miniWidget->setStartMode(asMainBox ? QStringLiteral("mainbox") : QStringLiteral("miniwidget"));
+    if (asMainBox) {
+        if (m_mainWindow)
+            m_miniWidget->centerOn(m_mainWindow->geometry());
+        return;
+    }
+    m_miniWidget->clearPendingHide();
+    m_miniWidget->showWithFocus();
+}
+
+void ZelBoxCore::present(QDialog *dialog)
+{
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    m_dialogs.erase(std::remove(m_dialogs.begin(), m_dialogs.end(), nullptr), m_dialogs.end());
+    m_dialogs.append(dialog);
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+}
+
+void ZelBoxCore::openSettings(const QString &parameter)
+{
+    if (!m_settings) {
+        m_settings = new KZelBoxCloudSettingsDlg(m_skin);
+        m_settings->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    m_settings->show();
+    m_settings->raise();
+    m_settings->activateWindow();
+    if (!parameter.isEmpty())
+        m_settings->setParameter(parameter);
+}
+
+void ZelBoxCore::openFolderSelector()
+{
+    auto *dialog = new FolderSelectorDlg;
+    connect(dialog, &FolderSelectorDlg::folderSelected, this,
+        [](const QString &path) { KDocumentOpener::instance()->open(path); });
+    present(dialog);
+}
+
+void ZelBoxCore::openSyncFolder(const QString &parameter)
+{
+    auto *dialog = new SyncFolderDlg;
+    present(dialog);
+    dialog->setParameter(parameter);
+}
+
+void ZelBoxCore::showExitDialog()
+{
+    for (const QPointer<QDialog> &open : qAsConst(m_dialogs)) {
+        if (auto *dialog = qobject_cast<ZelBoxExitDialog *>(open.data())) {
+            dialog->raise();
+            dialog->activateWindow();
+            return;
+        }
+    }
+    auto *dialog = new ZelBoxExitDialog;
+    connect(dialog, &ZelBoxExitDialog::exitChosen, this, &ZelBoxCore::quitLater);
+    connect(dialog, &ZelBoxExitDialog::backgroundChosen, this, &ZelBoxCore::goToBackground);
+    present(dialog);
+}
+
+void ZelBoxCore::onMainWindowClose()
+{
+    if (m_hiding)
+        return; // the core's own notice
+    KSettings settings;
+    settings.beginGroup(zel::keys::Plugins);
+    settings.beginGroup(zel::keys::Zelbox);
+    const QString action = settings.value(zel::keys::CloseAction).toString();
+    // Without a tray a hidden box can only be reached by starting it again, which not everybody guesses: ask.
+    const bool hide =
+        action == QLatin1String("hide") || (action.isEmpty() && QSystemTrayIcon::isSystemTrayAvailable());
+    if (hide)
+        goToBackground();
+    else
+        showExitDialog();
+}
+
+void ZelBoxCore::sendToBackground()
+{
+    if (!m_mainWindow || krt::product::isEnterprise())
+        return;
+    m_mainWindow->saveWindowState();
+    m_hiding = true;
+    Q_EMIT m_mainWindow->windowClose();
+    m_hiding = false;
+    goToBackground();
+}
+
+void ZelBoxCore::goToBackground()
+{
+    if (!m_mainWindow)
+        return;
+    m_mainWindow->hide();
+    QTimer::singleShot(StashDelay, this, &ZelBoxCore::onStashProcessMemory);
+}
+
+void ZelBoxCore::onStashProcessMemory()
+{
+    // Shown again in the meantime: what would be given back is in use.
+    if (m_mainWindow && !m_mainWindow->isVisible())
+        m_mainWindow->onStashProcessMemory();
+}
+
+void ZelBoxCore::setStartOrigin(StartOrigin origin)
+{
+    m_origin = origin;
+}
+
+void ZelBoxCore::setTrayState(const QString &state)
+{
+    if (m_tray)
+        m_tray->setState(state);
+}
+
+void ZelBoxCore::quitLater()
+{
+    // As a guest, the loop is the host's: only the box's own windows go.
+    const bool ownProcess = qobject_cast<ZelBoxApplicationIndependentProcesses *>(qApp);
+    QTimer::singleShot(0, this, [this, ownProcess] {
+        if (ownProcess)
+            QCoreApplication::quit();
+        else
+            takeDown();
+    });
+}

@@ -1,0 +1,42 @@
+#include "app/zelboxentry.h"
+
+#include "app/zelboxapplication.h"
+#include "app/zelboxipc.h"
+#include "app/zelboxsetup.h"
+#include "krt/krt.h"
+
+#include <QMetaObject>
+#include <stdexcept>
+
+namespace {
+
+QString copyCommandLine(const wchar_t *cmdline)
+{
+    // Thrown here rather than by std::wstring, whose text depends on the version of the standard library.
+    if (!cmdline)
+        throw std::logic_error("basic_string::_M_construct null not valid");
+    return QString::fromWCharArray(cmdline);
+}
+
+} // namespace
+
+int EntryPoint(int argc, char **argv, const wchar_t *cmdline)
+{
+    krt::init(
+        QStringLiteral("Halvorn"), QStringLiteral("Office"), QStringLiteral("6.0"), QStringLiteral("zelbox"));
+    ZelBoxIpc::instance()->registerTransmission();
+
+    ZelBoxApplicationIndependentProcesses application(argc, argv);
+    const QString commandLine = copyCommandLine(cmdline);
+    if (application.start(commandLine))
+        QApplication::exec();
+    krt::clear();
+    return 0;
+}
+
+int execZelBox(const QString &cmdline)
+{
+    QMetaObject::invokeMethod(
+        ZelBoxSetUp::instance(), "slot_onCmdMotify", Qt::QueuedConnection, Q_ARG(QString, cmdline));
+    return 0;
+}

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "base/hostinterface.h"
+
+#include <QMutex>
+#include <QObject>
+#include <QVector>
+
+/// The box's end of the host's message channel. One per process, made on first use, destroyed at process
+/// exit. The host calls the handler on any thread; everything else is GUI thread.
+class ZelBoxIpc : public QObject
+{
+    Q_OBJECT
+public:
+    static ZelBoxIpc *instance();
+
+    /// Registers the handler for the channel "_TRANSMISSION_", once per process; later calls only return
+    /// true. False when the process offers no host interface.
+    bool registerTransmission();
+
+Q_SIGNALS:
+    /// One message of the channel. Messages that came while nobody was connected yet are emitted as soon as
+    /// somebody is, in their order, on the turn of the loop after that.
+    void ipcTransmission(const QString &key, const QString &value);
+
+protected:
+    void connectNotify(const QMetaMethod &signal) override;
+
+private:
+    ZelBoxIpc();
+
+    static void onHostMessage(
+        void *context, const wchar_t *channel, void *unused, HostInputData *input, HostOutputData *output);
+    void receive(const QString &text);
+    Q_INVOKABLE void deliverWaiting();
+
+    HostMessageInterface *hostInterface = nullptr;
+
+    struct Message
+    {
+        QString key;
+        QString value;
+    };
+    QMutex m_mutex; // guards the two below
+    QVector<Message> m_waiting;
+    bool m_connected = false;
+};

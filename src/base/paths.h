@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+/// Folders of this user by the XDG Base Directory Specification. Any thread; paths have no trailing slash.
+/// The functions that name a box folder make it (mode 0700) when it is missing; when that fails the path is
+/// returned all the same and the first use of it reports the error.
+namespace zel::paths {
+
+QString configHome(); ///< $XDG_CONFIG_HOME, else ~/.config
+QString dataHome();   ///< $XDG_DATA_HOME, else ~/.local/share
+QString stateHome();  ///< $XDG_STATE_HOME, else ~/.local/state
+
+QString settingsDir(); ///< <config>/Halvorn
+QString dataDir();     ///< <data>/zelbox
+QString stateDir();    ///< <state>/zelbox: logs, telemetry
+
+/// `path` moved aside as "<path>.damaged-<yyyyMMddThhmmss>[-n]"; returns the new name, empty when it could
+/// not be renamed.
+QString keepAside(const QString &path);
+
+} // namespace zel::paths

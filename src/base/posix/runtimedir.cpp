@@ -1,0 +1,54 @@
+#include "base/posix/runtimedir.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace zel::posix {
+namespace {
+
+std::string problem(const std::string &path, const char *what)
+{
+    return path + ": " + what;
+}
+
+// Makes the folder if it is missing and says what is wrong with it; empty when it is private and ours.
+std::string makePrivate(const std::string &path)
+{
+    if (::mkdir(path.c_str(), 0700) != 0 && errno != EEXIST)
+        return problem(path, std::strerror(errno));
+    struct stat info = {};
+    // lstat: a symbolic link in a shared temporary folder may have been planted by someone else.
+    if (::lstat(path.c_str(), &info) != 0)
+        return problem(path, std::strerror(errno));
+    if (!S_ISDIR(info.st_mode))
+        return problem(path, "is not a folder");
+    if (info.st_uid != ::geteuid())
+        return problem(path, "belongs to another user");
+    if ((info.st_mode & 0077) != 0 && ::chmod(path.c_str(), 0700) != 0)
+        return problem(path, "is open to other users");
+    return {};
+}
+
+} // namespace
+
+RuntimeDir openRuntimeDir()
+{
+    std::string path;
+    const char *runtime = std::getenv("XDG_RUNTIME_DIR");
+    if (runtime != nullptr && runtime[0] == '/') {
+        path = std::string(runtime) + "/zelbox";
+    } else {
+        const char *temporary = std::getenv("TMPDIR");
+        const bool usable = temporary != nullptr && temporary[0] == '/';
+        path = std::string(usable ? temporary : "/tmp") + "/zelbox-" + std::to_string(::getuid());
+    }
+    std::string error = makePrivate(path);
+    if (!error.empty())
+        return {{}, std::move(error)};
+    return {std::move(path), {}};
+}
+
+} // namespace zel::posix

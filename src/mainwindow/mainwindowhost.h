@@ -1,0 +1,17 @@
+#pragma once
+
+class ZelBoxCloudSvr;
+
+/// What the main window asks of the object that owns it (the core). GUI thread.
+class MainWindowHost
+{
+public:
+    /// The window was shown for the first time; told exactly once per window.
+    virtual void mainWindowFirstShown() = 0;
+    virtual void openSettings() = 0;
+    virtual void showExitDialog() = 0;
+    virtual ZelBoxCloudSvr *cloudService() = 0; ///< never null
+
+protected:
+    ~MainWindowHost() = default;
+};

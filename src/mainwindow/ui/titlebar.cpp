@@ -1,0 +1,80 @@
+#include "mainwindow/ui/titlebar.h"
+
+#include "klitestyle.h"
+#include "kskin.h"
+#include "mainwindow/ui/windowtitlebuttons.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QSvgRenderer>
+
+TitleBar::TitleBar(const QString &title, QWidget *parent)
+    : QWidget(parent),
+      m_title(title),
+      m_menuButton(new IconButton(QStringLiteral(":/icons_svg/menu.svg"), tr("Menu"), this)),
+      m_buttons(new KZelBoxWindowTitleButtonGroup(this))
+{
+    m_menuButton->setObjectName(QStringLiteral("menuButton"));
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({16, 4, 6, 4}));
+    layout->setSpacing(0);
+    layout->addStretch(1);
+    layout->addWidget(m_menuButton);
+    layout->addSpacing(KLiteStyle::dpiScaled(4));
+    layout->addWidget(m_buttons);
+}
+
+QSize TitleBar::sizeHint() const
+{
+    return KLiteStyle::dpiScaledSize({200, 40});
+}
+
+void TitleBar::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    const int logo = KLiteStyle::dpiScaled(18);
+    const int left = KLiteStyle::dpiScaled(16);
+    const QRectF logoRect(left, (height() - logo) / 2.0, logo, logo);
+    QSvgRenderer(QStringLiteral(":/icons/zelbox.svg")).render(&painter, logoRect);
+
+    QFont bold = font();
+    bold.setWeight(QFont::DemiBold);
+    painter.setFont(bold);
+    painter.setPen(KSkin::color(KSkin::Color::Text));
+    const int textLeft = left + logo + KLiteStyle::dpiScaled(8);
+    const QRect textRect(textLeft, 0, m_menuButton->x() - textLeft, height());
+    painter.drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft,
+        painter.fontMetrics().elidedText(m_title, Qt::ElideRight, textRect.width()));
+}
+
+void TitleBar::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton)
+        return;
+    m_pressed = event->globalPos();
+    m_dragging = true;
+    Q_EMIT leftButtonPressed();
+}
+
+void TitleBar::mouseMoveEvent(QMouseEvent *event)
+{
+    const bool far = (event->globalPos() - m_pressed).manhattanLength() >= QApplication::startDragDistance();
+    if (!m_dragging || !far || !event->buttons().testFlag(Qt::LeftButton))
+        return;
+    m_dragging = false;
+    Q_EMIT dragStarted(m_pressed);
+}
+
+void TitleBar::mouseReleaseEvent(QMouseEvent *)
+{
+    m_dragging = false;
+}
+
+void TitleBar::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    m_dragging = false;
+    if (event->button() == Qt::LeftButton)
+        Q_EMIT doubleClicked();
+}

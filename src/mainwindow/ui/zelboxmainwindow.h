@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QMainWindow>
+
+class KCentralWidget;
+class MainWindowHost;
+class ZelBoxMainWindowMenu;
+
+/// The large window of the document box. GUI thread; owned by the core, which is also its host.
+/// Frameless: it draws its own title bar and leaves moving and resizing to the window manager.
+class ZelBoxMainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    /// Hidden, at its default size. `host` must outlive the window.
+    explicit ZelBoxMainWindow(MainWindowHost *host, QWidget *parent = nullptr);
+
+    /// Writes the normal geometry and the maximised state to the settings store.
+    void saveWindowState();
+    /// Applies what saveWindowState() wrote, corrected for the screens that are there now. Before the first
+    /// show.
+    void restoreWindowState();
+
+    /// Where the start came from, for the telemetry of the first show; "normal" unless told otherwise.
+    void setShowSource(const QString &source) { m_showSource = source; }
+
+    void showToFront();          ///< shows, un-minimises, raises and activates the window
+    bool selectPage(int number); ///< false when there is no such page
+    KCentralWidget *central() const { return m_central; }
+
+Q_SIGNALS:
+    void windowStateChange();
+    void windowRestored();
+    void windowMinimize();
+    void windowMaximized();
+    void windowClose();
+    void windowShowToFront();
+    void windowReadyToShow();
+    void windowTitleClicked();
+    void sigTitleLButtonClick();
+    void closePopupWindow();
+    void sigMsgCountChanged(int tabCode, int count, int redPointCount);
+    void windowShowFromTaskIcon();
+
+public Q_SLOTS:
+    void onMinBtnClicked();
+    void onCloseBtnClicked(); ///< only tells: the core decides whether to hide or to ask
+    void onRestoreMaxBtnClicked();
+    void onStashProcessMemory(); ///< saves the geometry and gives cached memory back to the system
+    void onMainWindowFirstShown();
+    void onAppAboutToQuit(); ///< called by the core before it destroys the window
+    void onWindowReadyToShow();
+    void onWindowTitleClicked();
+    void
+    onLnkDialogDisappear(); ///< the desktop-shortcut dialog went away: the focus comes back to the window
+    void onTitleLButtonClick();
+    void slotMoveWidget(
+        QPoint point); ///< moves the window's top left corner to `point`; ignored when maximised
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+
+private:
+    void connectTitleBar();
+    void showMenu();
+    QRect normalRect() const;
+    void forgetRestoredRect();
+
+    MainWindowHost *m_host;
+    KCentralWidget *m_central;
+    ZelBoxMainWindowMenu *m_menu = nullptr;
+    QString m_showSource;
+    /// What was restored, until the window has been on the screen in its normal state: before the first show
+    /// the window system knows no normal geometry, and a window that opens maximised has none at all.
+    QRect m_restoredRect;
+    bool m_firstShown = false;
+};

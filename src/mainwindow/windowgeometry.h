@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QRect>
+
+/// Where the main window goes when it opens. Pure functions; device-independent pixels.
+namespace zel::geometry {
+
+struct ScreenState
+{
+    QRect primary;      ///< whole primary screen
+    QRect available;    ///< without panels
+    int totalWidth = 0; ///< widths of all screens, added up
+};
+
+struct StoredPlacement
+{
+    QRect normal; ///< as stored; an invalid rectangle when nothing (or nothing sensible) is stored
+    bool maximized = false;
+};
+
+struct Placement
+{
+    QRect normal; ///< the geometry the window has when it is not maximised
+    bool maximized = false;
+    bool operator==(const Placement &) const = default;
+};
+
+/// `size` in the middle of `area`; halves of differences are rounded towards zero.
+QRect centered(const QSize &size, const QRect &area);
+
+/// The placement for the next show. `current` is the window's size now (its default size).
+Placement restore(const StoredPlacement &stored, const QSize &current, const ScreenState &screen);
+
+} // namespace zel::geometry

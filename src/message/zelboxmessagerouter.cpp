@@ -1,0 +1,7 @@
+#include "message/zelboxmessagerouter.h"
+
+ZelBoxMessageRouter *ZelBoxMessageRouter::instance()
+{
+    static ZelBoxMessageRouter router;
+    return &router;
+}

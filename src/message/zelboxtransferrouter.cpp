@@ -1,0 +1,7 @@
+#include "message/zelboxtransferrouter.h"
+
+ZelBoxTransferRouter *ZelBoxTransferRouter::instance()
+{
+    static ZelBoxTransferRouter router;
+    return &router;
+}

@@ -1,0 +1,11 @@
+#pragma once
+
+#include "recenttypes.h"
+
+namespace zel::recent {
+
+/// Brings a list that is ordered newest first up to date; it stays so ordered. O(list + delta).
+/// Records that the list does not have are taken in when added and ignored when changed or removed.
+void update(RecordInfoList &list, const RecentDelta &delta);
+
+} // namespace zel::recent

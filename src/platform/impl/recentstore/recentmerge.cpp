@@ -1,0 +1,218 @@
+#include "recentmerge.h"
+
+#include <QSet>
+
+#include <algorithm>
+
+namespace zel::recent {
+namespace {
+
+void noteShown(RecentDelta &delta, const StoredRecord *before, const StoredRecord &after)
+{
+    const bool was = before && before->isVisible();
+    const bool is = after.isVisible();
+    if (is && !was) {
+        delta.added.append(after.toInfo());
+    } else if (was && !is) {
+        delta.removed.append(before->toInfo());
+    } else if (was && is) {
+        RecentFileInfo info = after.toInfo();
+        if (info != before->toInfo())
+            delta.changed.append(std::move(info));
+    }
+}
+
+void note(RecentDelta &delta, const StoredRecord *before, StoredRecord after)
+{
+    if (before && *before == after)
+        return;
+    noteShown(delta, before, after);
+    if (after.isNeeded())
+        delta.stored.append(std::move(after));
+    else if (before)
+        delta.erased.append(*before);
+}
+
+const StoredRecord *find(const RecentState &state, const QString &path)
+{
+    const auto found = state.constFind(path);
+    return found == state.constEnd() ? nullptr : &*found;
+}
+
+StoredRecord copyOrNew(const StoredRecord *record, const QString &path)
+{
+    if (record)
+        return *record;
+    StoredRecord made;
+    made.path = path;
+    return made;
+}
+
+// A list may name a file twice, by differently encoded addresses.
+QHash<QString, const XbelEntry *> newestByPath(const QVector<XbelEntry> &entries)
+{
+    QHash<QString, const XbelEntry *> newest;
+    newest.reserve(entries.size());
+    for (const XbelEntry &entry : entries) {
+        const XbelEntry *&known = newest[entry.path];
+        if (!known || entry.time > known->time)
+            known = &entry;
+    }
+    return newest;
+}
+
+void mergeEntry(RecentDelta &delta, const RecentState &state, int source, const XbelEntry &entry)
+{
+    const StoredRecord *before = find(state, entry.path);
+    StoredRecord after = copyOrNew(before, entry.path);
+    const qint64 others = [&] {
+        StoredRecord rest = after;
+        rest.dropAccess(source);
+        return rest.lastAccess();
+    }();
+    if (!entry.mimeType.isEmpty() && (after.mimeType.isEmpty() || entry.time > others))
+        after.mimeType = entry.mimeType;
+    after.setAccess(source, entry.time);
+    note(delta, before, std::move(after));
+}
+
+} // namespace
+
+RecentDelta mergeImport(const RecentState &state, int source, const QVector<XbelEntry> &entries, bool intact)
+{
+    RecentDelta delta;
+    const auto listed = newestByPath(entries);
+    for (const XbelEntry &entry : entries) {
+        if (listed.value(entry.path) == &entry)
+            mergeEntry(delta, state, source, entry);
+    }
+    if (!intact)
+        return delta;
+    for (const StoredRecord &record : state) {
+        if (!record.accessOf(source) || listed.contains(record.path))
+            continue;
+        StoredRecord after = record;
+        after.dropAccess(source);
+        note(delta, &record, std::move(after));
+    }
+    return delta;
+}
+
+RecentDelta markOpened(const RecentState &state, const QString &path, qint64 time)
+{
+    RecentDelta delta;
+    const StoredRecord *before = find(state, path);
+    StoredRecord after = copyOrNew(before, path);
+    after.openedAt = std::max({time, after.lastAccess(), after.removedTime + 1});
+    note(delta, before, std::move(after));
+    return delta;
+}
+
+RecentDelta markRemoved(const RecentState &state, const QStringList &paths)
+{
+    RecentDelta delta;
+    for (const QString &path : QSet<QString>(paths.cbegin(), paths.cend())) {
+        const StoredRecord *before = find(state, path);
+        if (!before || !before->isVisible())
+            continue;
+        StoredRecord after = *before;
+        after.removedTime = before->lastAccess();
+        after.openedAt = 0;
+        note(delta, before, std::move(after));
+    }
+    return delta;
+}
+
+RecentDelta markPresence(const RecentState &state, const QHash<QString, RecentFileInfo::Presence> &found)
+{
+    RecentDelta delta;
+    for (auto it = found.cbegin(); it != found.cend(); ++it) {
+        if (const StoredRecord *before = find(state, it.key())) {
+            StoredRecord after = *before;
+            after.presence = it.value();
+            note(delta, before, std::move(after));
+        }
+    }
+    return delta;
+}
+
+RecentDelta markMimeType(const RecentState &state, const QString &path, const QString &mimeType)
+{
+    RecentDelta delta;
+    if (const StoredRecord *before = find(state, path)) {
+        StoredRecord after = *before;
+        after.mimeType = mimeType;
+        note(delta, before, std::move(after));
+    }
+    return delta;
+}
+
+RecentDelta forgetRemovals(const RecentState &state, qint64 before)
+{
+    RecentDelta delta;
+    for (const StoredRecord &record : state) {
+        if (record.openedAt == 0 && record.accesses.isEmpty() && record.removedTime < before)
+            delta.erased.append(record);
+    }
+    return delta;
+}
+
+RecentDelta difference(const RecentState &before, const RecentState &after)
+{
+    RecentDelta delta;
+    for (const StoredRecord &record : after)
+        note(delta, find(before, record.path), record);
+    for (const StoredRecord &record : before) {
+        if (after.contains(record.path))
+            continue;
+        delta.erased.append(record);
+        if (record.isVisible())
+            delta.removed.append(record.toInfo());
+    }
+    return delta;
+}
+
+StoredRecord combined(const StoredRecord &database, const StoredRecord &mine)
+{
+    StoredRecord result = mine;
+    result.rowId = database.rowId;
+    result.openedAt = std::max(database.openedAt, mine.openedAt);
+    result.removedTime = std::max(database.removedTime, mine.removedTime);
+    if (result.openedAt <= result.removedTime)
+        result.openedAt = 0;
+    return result;
+}
+
+void apply(RecentState &state, const RecentDelta &delta)
+{
+    if (state.isEmpty())
+        state.reserve(delta.stored.size());
+    for (const StoredRecord &record : delta.stored)
+        state.insert(record.path, record);
+    for (const StoredRecord &record : delta.erased)
+        state.remove(record.path);
+}
+
+RecordInfoList visibleRecords(const RecentState &state)
+{
+    RecordInfoList list;
+    list.reserve(state.size());
+    for (const StoredRecord &record : state) {
+        if (record.isVisible())
+            list.append(record.toInfo());
+    }
+    std::sort(list.begin(), list.end(),
+        [](const RecentFileInfo &a, const RecentFileInfo &b) { return a.lastAccess > b.lastAccess; });
+    return list;
+}
+
+QVector<XbelEntry> withoutForeignPrivate(QVector<XbelEntry> entries, const QString &application)
+{
+    const auto isForeign = [&](const XbelEntry &e) {
+        return e.isPrivate && !e.applications.contains(application);
+    };
+    entries.erase(std::remove_if(entries.begin(), entries.end(), isForeign), entries.end());
+    return entries;
+}
+
+} // namespace zel::recent

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "recenttypes.h"
+
+/// What the store does with news, as pure functions: old state and news in, delta out. Any thread.
+namespace zel::recent {
+
+/// A list was read. Entries that it no longer has lose this source's access when it was read intact; a record
+/// without any access left disappears unless the box opened the file.
+RecentDelta mergeImport(const RecentState &state, int source, const QVector<XbelEntry> &entries, bool intact);
+
+/// The box opened the file at `time`, which becomes the record's newest access whatever other clocks said.
+RecentDelta markOpened(const RecentState &state, const QString &path, qint64 time);
+
+/// The accesses known so far are forgotten; what the lists say later than that brings the record back.
+RecentDelta markRemoved(const RecentState &state, const QStringList &paths);
+
+RecentDelta markPresence(const RecentState &state, const QHash<QString, RecentFileInfo::Presence> &found);
+
+RecentDelta markMimeType(const RecentState &state, const QString &path, const QString &mimeType);
+
+/// Drops removals that no list contradicts and that are older than `before`.
+RecentDelta forgetRemovals(const RecentState &state, qint64 before);
+
+/// What turns one state into another, as another process may have changed the database.
+RecentDelta difference(const RecentState &before, const RecentState &after);
+
+/// `mine` holds records that could not be written: nothing in them that is newer gets lost against the
+/// database's.
+StoredRecord combined(const StoredRecord &database, const StoredRecord &mine);
+
+void apply(RecentState &state, const RecentDelta &delta);
+
+/// The records to show, newest first.
+RecordInfoList visibleRecords(const RecentState &state);
+
+/// Entries that concern this application: private ones only when it registered them.
+QVector<XbelEntry> withoutForeignPrivate(QVector<XbelEntry> entries, const QString &application);
+
+} // namespace zel::recent

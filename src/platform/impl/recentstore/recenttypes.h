@@ -1,0 +1,107 @@
+#pragma once
+
+#include "krecentfile.h"
+
+#include <QHash>
+#include <QStringList>
+#include <QVarLengthArray>
+#include <QVector>
+
+#include <optional>
+
+/// The values that the store's pieces hand one another. Plain, without behaviour beyond what derives from
+/// them.
+namespace zel::recent {
+
+/// Which state of a list file was read; a list with the same stamp is not read again.
+struct FileStamp
+{
+    qint64 mtimeNs = 0;
+    qint64 size = 0;
+    qint64 inode = 0;
+    bool operator==(const FileStamp &) const = default;
+};
+
+/// One bookmark of a recently-used list.
+struct XbelEntry
+{
+    QString path;     ///< absolute and clean
+    QString mimeType; ///< may be empty
+    qint64 time = 0;  ///< newest of added, modified, visited; ms since epoch; 0: the list tells none
+    bool isPrivate = false;
+    QStringList applications; ///< that registered it
+    bool operator==(const XbelEntry &) const = default;
+};
+
+inline constexpr int DesktopSource = 1; ///< every other source is the list of a sandboxed application
+
+/// When a source says that the file was last used.
+struct RecentAccess
+{
+    int source = DesktopSource;
+    qint64 time = 0;
+    bool operator==(const RecentAccess &) const = default;
+};
+
+/// Everything the store knows of one path. The record that is shown derives from it.
+struct StoredRecord
+{
+    QString path;
+    QString mimeType;
+    qint64 rowId = 0;        ///< 0: not in the database yet
+    qint64 openedAt = 0;     ///< last opened in the box; 0: never
+    qint64 removedTime = -1; ///< accesses up to this time are forgotten; -1: never removed
+    RecentFileInfo::Presence presence = RecentFileInfo::Presence::Unknown;
+    QVarLengthArray<RecentAccess, 2> accesses; ///< one per source that lists the path
+
+    bool operator==(const StoredRecord &) const = default;
+
+    qint64 lastAccess() const; ///< newest of openedAt and all accesses
+    int kind() const;          ///< of the newest access; Opened before Desktop before Sandbox when equal
+    bool isVisible() const;    ///< there is an access newer than the removal
+    bool isNeeded() const;     ///< false: nothing is lost when the record is dropped
+    const RecentAccess *accessOf(int source) const;
+    void setAccess(int source, qint64 time);
+    void dropAccess(int source);
+    RecentFileInfo toInfo() const;
+};
+
+using RecentState = QHash<QString, StoredRecord>; ///< by path
+
+/// A source as the database remembers it.
+struct SourceInfo
+{
+    int id = 0;
+    FileStamp stamp;
+    bool operator==(const SourceInfo &) const = default;
+};
+using SourceTable = QHash<QString, SourceInfo>; ///< by name: "desktop", "sandbox:<application>"
+
+/// What one operation changes: in the store, and in the list that is shown.
+struct RecentDelta
+{
+    QVector<StoredRecord> stored; ///< new or altered
+    QVector<StoredRecord> erased;
+    RecordInfoList added;
+    RecordInfoList removed;
+    RecordInfoList changed;
+
+    bool storesNothing() const { return stored.isEmpty() && erased.isEmpty(); }
+    bool showsNothing() const { return added.isEmpty() && removed.isEmpty() && changed.isEmpty(); }
+    int shownCount() const { return added.size() + removed.size() + changed.size(); }
+};
+
+/// What a list said when it was read.
+struct XbelImport
+{
+    QString source;                 ///< name
+    std::optional<FileStamp> stamp; ///< none: the file changed while it was read, so read it again
+    QVector<XbelEntry> entries;
+    bool intact = false; ///< read to its proper end; only then may missing entries be taken as removed
+    bool gone = false;   ///< the sandboxed application was uninstalled with its data
+};
+
+} // namespace zel::recent
+
+Q_DECLARE_METATYPE(zel::recent::RecentDelta)
+Q_DECLARE_METATYPE(zel::recent::XbelImport)

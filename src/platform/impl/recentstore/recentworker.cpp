@@ -1,0 +1,252 @@
+#include "recentworker.h"
+
+#include "recentmerge.h"
+
+#include "base/logging.h"
+
+#include <QDateTime>
+#include <QMimeDatabase>
+
+#include <algorithm>
+
+namespace zel::recent {
+namespace {
+
+constexpr int LargestDelta = 5000; // beyond it the whole list is handed over anew
+constexpr int RetryMs = 2000;
+constexpr qint64 RemovalLifetimeMs = 180LL * 24 * 3600 * 1000;
+
+int sourceId(SourceTable &sources, const QString &name)
+{
+    int next = DesktopSource;
+    for (const SourceInfo &source : std::as_const(sources))
+        next = std::max(next, source.id);
+    SourceInfo &source = sources[name];
+    if (source.id == 0)
+        source.id = name == DesktopSourceName ? DesktopSource : next + 1;
+    return source.id;
+}
+
+RecentDelta mergeList(const RecentState &state, SourceTable &sources, const XbelImport &import)
+{
+    const int id = sourceId(sources, import.source);
+    if (import.stamp)
+        sources[import.source].stamp = *import.stamp;
+    if (import.gone)
+        sources.remove(import.source);
+    return mergeImport(state, id, import.entries, import.intact);
+}
+
+} // namespace
+
+RecentWorker::RecentWorker(const RecentPlaces &places, WorkMode mode)
+    : m_places(places),
+      m_mode(mode),
+      m_repository(places.database, [this](const QString &text) { Q_EMIT problem(text); })
+{
+    connect(&m_checker, &PresenceChecker::found, this, &RecentWorker::keepPresence);
+    m_retry.setSingleShot(true);
+    m_retry.setInterval(RetryMs);
+    connect(&m_retry, &QTimer::timeout, this, [this] {
+        m_repository.writeUnwritten();
+        if (m_repository.isBusy())
+            m_retry.start();
+    });
+}
+
+RecentWorker::~RecentWorker() = default;
+
+void RecentWorker::open()
+{
+    if (!std::exchange(m_open, true))
+        m_firstList = m_repository.open();
+}
+
+void RecentWorker::load()
+{
+    open();
+    const bool first = !m_handedOver && !m_importer;
+    // With nothing known yet an empty list would only flash up before the desktop's list has been read.
+    if (m_handedOver || m_mode == WorkMode::ReadOnly || !m_repository.isFresh())
+        handOver();
+    if (first && m_mode == WorkMode::Full)
+        followLists();
+}
+
+void RecentWorker::handOver()
+{
+    RecordInfoList records = std::exchange(m_firstList, {});
+    if (records.isEmpty())
+        records = visibleRecords(m_repository.state());
+    const bool first = !std::exchange(m_handedOver, true);
+    Q_EMIT loaded(records);
+    if (!first)
+        return;
+    const qint64 oldest = QDateTime::currentMSecsSinceEpoch() - RemovalLifetimeMs;
+    change([oldest](const RecentState &state, SourceTable &) { return forgetRemovals(state, oldest); },
+        Durability::Relaxed);
+    lookFor(records);
+}
+
+void RecentWorker::followLists()
+{
+    QHash<QString, FileStamp> known;
+    for (auto it = m_repository.sources().cbegin(); it != m_repository.sources().cend(); ++it)
+        known.insert(it.key(), it->stamp);
+    m_importer = std::make_unique<XbelImporter>(m_places, known);
+    connect(m_importer.get(), &XbelImporter::imported, this, &RecentWorker::take);
+    connect(m_importer.get(), &XbelImporter::scanned, this, [this] {
+        if (!m_handedOver)
+            handOver();
+    });
+    m_importer->scan();
+}
+
+void RecentWorker::take(const XbelImport &import)
+{
+    XbelImport ours = import;
+    ours.entries = withoutForeignPrivate(std::move(ours.entries), QLatin1String(ApplicationName));
+    const RecentDelta delta = change(
+        [&ours](const RecentState &state, SourceTable &sources) { return mergeList(state, sources, ours); },
+        Durability::Relaxed);
+    lookFor(delta.added);
+    lookFor(delta.changed);
+}
+
+RecentDelta RecentWorker::change(const RecentRepository::Operation &operation, Durability durability)
+{
+    RecentDelta delta = m_repository.change(operation, durability);
+    if (m_repository.isBusy())
+        m_retry.start();
+    if (!delta.showsNothing()) {
+        m_firstList.clear();
+        publish(delta);
+    }
+    return delta;
+}
+
+void RecentWorker::publish(const RecentDelta &delta)
+{
+    if (!m_handedOver)
+        return;
+    if (delta.shownCount() > LargestDelta)
+        Q_EMIT replaced(visibleRecords(m_repository.state()));
+    else
+        Q_EMIT updated({{}, {}, delta.added, delta.removed, delta.changed});
+}
+
+void RecentWorker::noteOpened(const QString &path, qint64 time)
+{
+    open();
+    const RecentDelta delta =
+        change([&](const RecentState &state, SourceTable &) { return markOpened(state, path, time); },
+            Durability::Full);
+    lookFor(delta.added);
+    lookFor(delta.changed);
+    if (m_mode == WorkMode::ReadOnly)
+        return;
+    auto &visits = m_edit.visits;
+    const auto same = [&](const XbelEdit::Visit &visit) { return visit.path == path; };
+    visits.erase(std::remove_if(visits.begin(), visits.end(), same), visits.end());
+    visits.append({path, QString(), m_repository.state().value(path).openedAt});
+    m_edit.removals.removeAll(path);
+    planDesktopList();
+}
+
+void RecentWorker::removeRecords(const QStringList &ids)
+{
+    open();
+    change(
+        [&](const RecentState &state, SourceTable &) { return markRemoved(state, ids); }, Durability::Full);
+    if (m_mode == WorkMode::ReadOnly)
+        return;
+    auto &visits = m_edit.visits;
+    const auto gone = [&](const XbelEdit::Visit &visit) { return ids.contains(visit.path); };
+    visits.erase(std::remove_if(visits.begin(), visits.end(), gone), visits.end());
+    m_edit.removals += ids;
+    planDesktopList();
+}
+
+// Several notes in a row make one rewriting of the list.
+void RecentWorker::planDesktopList()
+{
+    if (!std::exchange(m_editPlanned, true))
+        QMetaObject::invokeMethod(this, &RecentWorker::writeDesktopList, Qt::QueuedConnection);
+}
+
+void RecentWorker::writeDesktopList()
+{
+    m_editPlanned = false;
+    XbelEdit edit = std::exchange(m_edit, {});
+    if (edit.isEmpty())
+        return;
+    findMimeTypes(edit.visits);
+    const XbelEditResult result = editXbel(m_places.desktopList, edit);
+    const bool failed = result == XbelEditResult::Damaged || result == XbelEditResult::Failed;
+    if (failed && !m_editFailed)
+        qCWarning(lcRecent) << "the desktop's recently-used list was not written:"
+                            << (result == XbelEditResult::Damaged ? "it is damaged"
+                                                                  : "it cannot be read or written");
+    m_editFailed = failed;
+}
+
+void RecentWorker::findMimeTypes(QVector<XbelEdit::Visit> &visits)
+{
+    const QMimeDatabase database;
+    // At the end no file is opened any more: a dead mount would hold up the whole box.
+    const auto mode = m_finishing ? QMimeDatabase::MatchExtension : QMimeDatabase::MatchDefault;
+    for (XbelEdit::Visit &visit : visits) {
+        const QMimeType type = database.mimeTypeForFile(visit.path, mode);
+        visit.mimeType = m_repository.state().value(visit.path).mimeType;
+        if ((type.isDefault() && !visit.mimeType.isEmpty()) || type.name() == visit.mimeType)
+            continue;
+        visit.mimeType = type.name();
+        change([&visit](const RecentState &state,
+                   SourceTable &) { return markMimeType(state, visit.path, visit.mimeType); },
+            Durability::Relaxed);
+    }
+    const auto isFolder = [](const XbelEdit::Visit &v) {
+        return v.mimeType == QLatin1String("inode/directory");
+    };
+    visits.erase(std::remove_if(visits.begin(), visits.end(), isFolder), visits.end());
+}
+
+void RecentWorker::checkPresence(const QStringList &ids)
+{
+    open();
+    QStringList known;
+    for (const QString &id : ids) {
+        if (m_repository.state().contains(id))
+            known.append(id);
+    }
+    m_checker.check(known, true);
+}
+
+void RecentWorker::lookFor(const RecordInfoList &records)
+{
+    QStringList paths;
+    for (const RecentFileInfo &record : records)
+        paths.append(record.path);
+    m_checker.check(paths, false);
+}
+
+void RecentWorker::keepPresence(const PresenceResults &results)
+{
+    if (markPresence(m_repository.state(), results).storesNothing())
+        return;
+    change([&results](const RecentState &state, SourceTable &) { return markPresence(state, results); },
+        Durability::Relaxed);
+}
+
+void RecentWorker::finish()
+{
+    m_finishing = true;
+    if (m_importer)
+        m_importer->stop();
+    m_retry.stop();
+    writeDesktopList();
+    m_checker.end();
+    m_repository.close();
+}
+
+} // namespace zel::recent

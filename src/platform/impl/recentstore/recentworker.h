@@ -1,0 +1,60 @@
+#pragma once
+
+#include "presencechecker.h"
+#include "recentrepository.h"
+#include "xbelimporter.h"
+#include "xbelwriter.h"
+
+namespace zel::recent {
+
+/// The store's side that works: lives on the store's thread, owns database and watchers, and tells its news
+/// by signals, which the proxy receives queued. finish() ends it; nothing is told afterwards.
+class RecentWorker final : public QObject
+{
+    Q_OBJECT
+public:
+    RecentWorker(const RecentPlaces &places, WorkMode mode);
+    ~RecentWorker() override;
+
+    void load(); ///< loaded() follows
+    void noteOpened(const QString &path, qint64 time);
+    void removeRecords(const QStringList &ids);
+    void checkPresence(const QStringList &ids);
+    void writeDesktopList(); ///< what was noted since the last time; also happens by itself
+    void finish();           ///< everything is on disk afterwards
+
+Q_SIGNALS:
+    void loaded(const RecordInfoList &records);   ///< newest first
+    void replaced(const RecordInfoList &records); ///< in place of a delta that is too large
+    void updated(const zel::recent::RecentDelta &delta);
+    void problem(const QString &logText);
+
+private:
+    void open();
+    void followLists();
+    void handOver();
+    void take(const XbelImport &import);
+    /// Does the operation and tells what it changed; returns the same.
+    RecentDelta change(const RecentRepository::Operation &operation, Durability durability);
+    void publish(const RecentDelta &delta);
+    void lookFor(const RecordInfoList &records);
+    void keepPresence(const PresenceResults &results);
+    void planDesktopList();
+    void findMimeTypes(QVector<XbelEdit::Visit> &visits);
+
+    const RecentPlaces m_places;
+    const WorkMode m_mode;
+    RecentRepository m_repository;
+    std::unique_ptr<XbelImporter> m_importer;
+    PresenceChecker m_checker;
+    RecordInfoList m_firstList;
+    XbelEdit m_edit; ///< for the desktop's list
+    QTimer m_retry;  ///< runs only while the database is busy
+    bool m_open = false;
+    bool m_finishing = false;
+    bool m_editPlanned = false;
+    bool m_editFailed = false; ///< said once
+    bool m_handedOver = false; ///< news are told from then on
+};
+
+} // namespace zel::recent

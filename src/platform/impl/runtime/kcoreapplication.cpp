@@ -1,0 +1,68 @@
+#include "kcoreapplication.h"
+
+#include "klitestyle.h"
+#include "krt/krt.h"
+#include "kthreadtiming.h"
+#include "quvlite/kasynctask.h"
+#include "skinstate.h"
+
+namespace {
+
+KCoreApplication *application()
+{
+    return qobject_cast<KCoreApplication *>(QCoreApplication::instance());
+}
+
+// What has to be said before QApplication's constructor runs.
+int &prepared(int &argc)
+{
+    QApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
+    // Whole pixel ratios; the rest of a fractional scale stays in the logical dpi, and so in
+    // KLiteStyle::dpiFactor(). Many X servers tell some dots more than 96, which as a pixel ratio of 1.0005
+    // would blur every edge.
+    QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
+    QApplication::setDesktopFileName(QStringLiteral("zelbox"));
+    QApplication::setStyle(new KLiteStyle); // the desktop's own style is not even loaded then
+    return argc;
+}
+
+} // namespace
+
+// The product family is the runtime's; the application shows its own name.
+KCoreApplication::KCoreApplication(int &argc, char **argv, const QString &applicationName,
+    const QString & /*product*/, const QString &version)
+    : QApplication(prepared(argc), argv)
+{
+    setApplicationName(applicationName);
+    setApplicationDisplayName(QStringLiteral("ZEL Box"));
+    setApplicationVersion(version);
+    setOrganizationName(krt::organization());
+    setQuitOnLastWindowClosed(false);
+    zel::platform::SkinState::instance().adoptPlatformPalette();
+}
+
+KCoreApplication::~KCoreApplication()
+{
+    delete m_scheduler; // tasks may use what the application's other children offer
+}
+
+quvlite::KAsyncScheduler *KCoreApplication::asyncScheduler()
+{
+    KCoreApplication *app = application();
+    if (!app)
+        return nullptr;
+    if (!app->m_scheduler)
+        app->m_scheduler = new quvlite::KAsyncScheduler(app);
+    return app->m_scheduler;
+}
+
+KThreadTiming *KCoreApplication::getThreadTiming()
+{
+    KCoreApplication *app = application();
+    if (!app)
+        return nullptr;
+    if (!app->m_timing)
+        app->m_timing = new KThreadTiming(app);
+    return app->m_timing;
+}

@@ -1,0 +1,330 @@
+#include "recentfile/recentfilelogic.h"
+
+#include "base/logging.h"
+#include "recentfile/recentfilemodel.h"
+#include "recentfile/recentsettings.h"
+
+#include <QCoreApplication>
+#include <QScopedValueRollback>
+#include <algorithm>
+
+using zel::recent::kindMask;
+
+namespace {
+
+constexpr int RoamingRequestKind = 1;
+constexpr int UnreadUpdateDelay = 4000; // ms
+
+bool isShown(const RecentFileInfo &record)
+{
+    return (record.kind & kindMask()) != 0;
+}
+
+} // namespace
+
+KRecentFileLogic::KRecentFileLogic(QObject *parent) : KRecentFileLogic(Services{}, parent) { }
+
+KRecentFileLogic::KRecentFileLogic(const Services &services, QObject *parent)
+    : QObject(parent), m_services(services)
+{
+    qRegisterMetaType<RecentFileInfo>();
+    qRegisterMetaType<RecordInfoList>();
+    m_roamingTimer.setObjectName(QStringLiteral("roamingRefresh"));
+    connect(&m_roamingTimer, &QTimer::timeout, this, &KRecentFileLogic::onTimingUpdateRoamingFiles);
+    connectStore();
+}
+
+KRecentFileLogic::~KRecentFileLogic()
+{
+    m_roamingTimer.stop();
+}
+
+void KRecentFileLogic::connectStore()
+{
+    using Events = KRecentFileEvents;
+    Events *events = m_services.events ? m_services.events : RecentFileEventObject();
+    connect(events, &Events::initFinished, this, &KRecentFileLogic::onRecentRecordInitFinished);
+    connect(events, &Events::recordsArrived, this, &KRecentFileLogic::onRecentRecordArrived);
+    connect(events, &Events::recordsAdded, this, &KRecentFileLogic::onRecentRecordAdded);
+    connect(events, &Events::recordsRemoved, this, &KRecentFileLogic::onRecentRecordRemoved);
+    connect(events, &Events::recordsChanged, this, &KRecentFileLogic::onRecentRecordInfoChanged);
+}
+
+void KRecentFileLogic::setModel(ZelBoxRecentFileModel *model)
+{
+    m_model = model;
+}
+
+ZelBoxRecentFileModel *KRecentFileLogic::model() const
+{
+    return m_model;
+}
+
+bool KRecentFileLogic::isLoggedIn() const
+{
+    return m_services.isLoggedIn && m_services.isLoggedIn();
+}
+
+// Looked up at each use: the process's store comes and goes with InitRecentFile() and UninitRecentFile().
+KRecentFileProxy *KRecentFileLogic::store() const
+{
+    return m_services.store ? m_services.store : KRecentFileProxy::instance();
+}
+
+bool KRecentFileLogic::canLoad() const
+{
+    return m_model && store() && kindMask() != 0;
+}
+
+void KRecentFileLogic::loadAll()
+{
+    KRecentFileProxy *const source = store();
+    if (!source)
+        return;
+    if (!source->isKindReady(RecentRecordKind::Roaming)) {
+        source->initKind(RecentRecordKind::Roaming); // its init-finished notice leads back here
+        return;
+    }
+    if (!canLoad())
+        return;
+    finishWaiting();
+    rebuildRows();
+}
+
+void KRecentFileLogic::finishWaiting()
+{
+    if (!m_waitingForFirstLoad)
+        return;
+    m_waitingForFirstLoad = false;
+    const QScopedValueRollback guard(m_reloading, true);
+    Q_EMIT firstLoadingFinish();
+}
+
+// The store's records, without the kinds that are not shown, with the marks that the present rows carry.
+RecordInfoList KRecentFileLogic::shownRecords() const
+{
+    RecordInfoList records = store()->records();
+    if (!std::all_of(records.cbegin(), records.cend(), isShown)) {
+        const auto hidden = [](const RecentFileInfo &record) { return !isShown(record); };
+        records.erase(std::remove_if(records.begin(), records.end(), hidden), records.end());
+    }
+    const QHash<QString, int> marks = m_model->unreadMarks();
+    if (marks.isEmpty())
+        return records;
+    for (RecentFileInfo &record : records) {
+        if (record.unread == ZelBoxRecentFileModel::NotUnread)
+            record.unread = marks.value(record.id, ZelBoxRecentFileModel::NotUnread);
+    }
+    return records;
+}
+
+void KRecentFileLogic::rebuildRows()
+{
+    const int unreadBefore = m_model->unreadCount();
+    {
+        const QScopedValueRollback guard(m_reloading, true);
+        m_model->setRecords(shownRecords());
+        markPending();
+    }
+    Q_EMIT itemsBatchArrived(kindMask());
+    if (m_model->unreadCount() != unreadBefore)
+        onUpdateRecentTabUnreadPoint();
+}
+
+void KRecentFileLogic::onRecentRecordInitFinished()
+{
+    loadAll();
+}
+
+void KRecentFileLogic::onRecentRecordArrived()
+{
+    if (canLoad())
+        rebuildRows();
+}
+
+void KRecentFileLogic::onRecentRecordAdded(const RecordInfoList &records)
+{
+    if (!m_model)
+        return;
+    for (const RecentFileInfo &record : records) {
+        if (!isShown(record) || m_model->addRecord(record) < 0)
+            continue;
+        Q_EMIT itemAdded(record);
+    }
+    markPending();
+    onUpdateRecentTabUnreadPoint();
+}
+
+void KRecentFileLogic::onRecentRecordRemoved(const RecordInfoList &records)
+{
+    if (!m_model || m_model->rowCount() == 0 || records.isEmpty())
+        return;
+    for (const RecentFileInfo &record : records) {
+        if (isShown(record) && m_model->removeRecord(record.id))
+            Q_EMIT itemRemoved(record);
+    }
+    onUpdateRecentTabUnreadPoint();
+}
+
+void KRecentFileLogic::onRecentRecordInfoChanged(const RecordInfoList &records)
+{
+    if (!m_model)
+        return;
+    for (const RecentFileInfo &record : records) {
+        if (isShown(record) && m_model->updateRecord(record))
+            Q_EMIT itemStateChanged(record);
+    }
+}
+
+void KRecentFileLogic::onWindowFirstShown()
+{
+    if (!std::exchange(m_windowNotYetShown, false))
+        return;
+    m_roamingTimer.start(zel::recent::roamingRefreshInterval());
+    if (m_model)
+        loadAll();
+}
+
+void KRecentFileLogic::onLoginStatusChanged(bool bLogin)
+{
+    if (!m_model)
+        return;
+    if (!bLogin) {
+        logOut();
+        return;
+    }
+    if (!QCoreApplication::closingDown() && canLoad()) {
+        finishWaiting();
+        rebuildRows();
+    }
+    updateRoaming(false);
+}
+
+void KRecentFileLogic::logOut()
+{
+    m_waitingForFirstLoad = true;
+    m_roamingUnread.clear();
+    m_pendingRoamingIds.clear();
+    Q_EMIT needToWaitFirstLoading();
+    m_model->removeAll();
+    onUpdateRecentTabUnreadPoint();
+    loadAll();
+    if (isLoggedIn())
+        updateRoaming(false);
+}
+
+void KRecentFileLogic::onTimingUpdateRoamingFiles()
+{
+    if (m_model && isLoggedIn())
+        updateRoaming(false);
+}
+
+void KRecentFileLogic::onRoamingUnreadMsgArrive(const ZELBOX_ROAMING_MSGLIST &idMap)
+{
+    if (!m_model)
+        return;
+    m_roamingUnread = idMap;
+    const auto result = m_model->markUnread(idMap, ZelBoxRecentFileModel::Modified);
+    if (!result.unknownIds.isEmpty())
+        m_pendingRoamingIds = result.unknownIds;
+    QTimer::singleShot(UnreadUpdateDelay, this, &KRecentFileLogic::onUpdateRecentRoamingFileItemsWithSync);
+    if (result.changed)
+        onUpdateRecentTabUnreadPoint();
+}
+
+// A reported item that gets its row only now has come from another device: it is new here.
+void KRecentFileLogic::markPending()
+{
+    ZELBOX_ROAMING_MSGLIST pending;
+    for (const QString &id : std::as_const(m_pendingRoamingIds))
+        pending.insert(id, m_roamingUnread.value(id));
+    if (!pending.isEmpty())
+        m_pendingRoamingIds = m_model->markUnread(pending, ZelBoxRecentFileModel::New).unknownIds;
+}
+
+void KRecentFileLogic::onUpdateRecentRoamingFileItemsWithoutSync()
+{
+    updateRoaming(false);
+}
+
+void KRecentFileLogic::onUpdateRecentRoamingFileItemsWithSync()
+{
+    updateRoaming(true);
+}
+
+void KRecentFileLogic::updateRoaming(bool sync)
+{
+    if (m_model && store())
+        store()->requestRoaming(RoamingRequestKind, {}, sync);
+}
+
+void KRecentFileLogic::onUpdateRecentTabUnreadPoint()
+{
+    if (m_model)
+        Q_EMIT recentFileUnreadMsgCount(quint64(m_model->unreadCount()));
+}
+
+void KRecentFileLogic::clearUnread()
+{
+    m_roamingUnread.clear();
+    m_pendingRoamingIds.clear();
+    if (m_model && m_model->clearUnread())
+        onUpdateRecentTabUnreadPoint();
+}
+
+void KRecentFileLogic::checkPresence(int firstRow, int lastRow)
+{
+    if (!m_model || !store())
+        return;
+    QStringList ids;
+    for (int row = qMax(0, firstRow); row <= qMin(lastRow, m_model->rowCount() - 1); ++row) {
+        const RecentFileInfo &record = m_model->record(row);
+        if (record.presence == RecentFileInfo::Presence::Unknown && !record.path.isEmpty())
+            ids << record.id;
+    }
+    if (!ids.isEmpty())
+        store()->checkPresence(ids);
+}
+
+void KRecentFileLogic::open(const QModelIndex &index)
+{
+    if (!m_model || index.model() != m_model || !index.isValid())
+        return;
+    const RecentFileInfo record = m_model->record(index.row());
+    if (record.path.isEmpty()) {
+        Q_EMIT openFailed(record.path, OpenProblem::NotOnThisDevice);
+        return;
+    }
+    if (m_opening.contains(record.path)) // an impatient second request
+        return;
+    m_opening.insert(record.path, record.id);
+    KDocumentOpener *const opener = m_services.opener ? m_services.opener : KDocumentOpener::instance();
+    connect(opener, &KDocumentOpener::opened, this, &KRecentFileLogic::onOpened, Qt::UniqueConnection);
+    opener->open(record.path);
+}
+
+// The opener serves every page; only what was asked for here counts here.
+void KRecentFileLogic::onOpened(const QString &path, KDocumentOpener::Outcome outcome)
+{
+    if (!m_opening.contains(path))
+        return;
+    const QString id = m_opening.take(path);
+    qCInfo(lcRecent) << "open:" << outcome;
+    switch (outcome) {
+    case KDocumentOpener::Outcome::Opened:
+        if (store())
+            store()->noteOpened(path);
+        return;
+    case KDocumentOpener::Outcome::Missing:
+        if (store())
+            store()->checkPresence({id}); // the answer greys the row out
+        Q_EMIT openFailed(path, OpenProblem::Missing);
+        return;
+    case KDocumentOpener::Outcome::NotReadable:
+        Q_EMIT openFailed(path, OpenProblem::NotReadable);
+        return;
+    case KDocumentOpener::Outcome::NoProgram:
+        Q_EMIT openFailed(path, OpenProblem::NoProgram);
+        return;
+    }
+}

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "kdocumentopener.h"
+#include "krecentfile.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <QTimer>
+#include <functional>
+
+class QModelIndex;
+class ZelBoxRecentFileModel;
+
+/// Controller of the Recent page without widgets: turns the store's notices into rows of the model, keeps the
+/// roaming items fresh and opens documents. GUI thread. Without a model every path does nothing.
+class KRecentFileLogic : public QObject
+{
+    Q_OBJECT
+public:
+    /// What the logic works with; none is owned. Null means the process's own.
+    struct Services
+    {
+        KRecentFileProxy *store = nullptr;
+        KRecentFileEvents *events = nullptr;
+        KDocumentOpener *opener = nullptr;
+        std::function<bool()> isLoggedIn; ///< empty: nobody is
+    };
+    enum class OpenProblem { Missing, NotReadable, NoProgram, NotOnThisDevice };
+    Q_ENUM(OpenProblem)
+
+    explicit KRecentFileLogic(QObject *parent = nullptr);
+    explicit KRecentFileLogic(const Services &services, QObject *parent = nullptr);
+    ~KRecentFileLogic() override;
+
+    void setModel(ZelBoxRecentFileModel *model); ///< not owned
+    ZelBoxRecentFileModel *model() const;
+    bool isLoggedIn() const;
+    bool isWaitingForFirstLoad() const { return m_waitingForFirstLoad; }
+    /// True while all rows are being replaced: the counts told meanwhile are not the last ones,
+    /// itemsBatchArrived() follows.
+    bool isReloading() const { return m_reloading; }
+
+    void loadAll();                      ///< full load; asks the store to get ready first when it is not
+    void open(const QModelIndex &index); ///< openFailed() follows when it does not work out
+    void checkPresence(int firstRow, int lastRow); ///< for the rows whose presence is not known yet
+    void clearUnread(); ///< tells recentFileUnreadMsgCount() when something was unread
+
+Q_SIGNALS:
+    void itemAdded(RecentFileInfo info);
+    void itemRemoved(RecentFileInfo info);
+    void itemStateChanged(RecentFileInfo info);
+    void itemsBatchArrived(int nTypes); ///< all rows were replaced; `nTypes` is the kind mask
+    void recentFileUnreadMsgCount(quint64 count);
+    void needToWaitFirstLoading(); ///< show the loading state until firstLoadingFinish()
+    void firstLoadingFinish();
+    void openFailed(const QString &path, KRecentFileLogic::OpenProblem problem);
+
+public Q_SLOTS:
+    void onRecentRecordInitFinished();
+    void onRecentRecordArrived();
+    void onRecentRecordAdded(const RecordInfoList &records);
+    void onRecentRecordRemoved(const RecordInfoList &records);
+    void onRecentRecordInfoChanged(const RecordInfoList &records);
+    void onWindowFirstShown(); ///< starts the first load and the roaming refresh; later calls do nothing
+    void onLoginStatusChanged(bool bLogin);
+    void onTimingUpdateRoamingFiles();
+    void onRoamingUnreadMsgArrive(const ZELBOX_ROAMING_MSGLIST &idMap);
+    void onUpdateRecentRoamingFileItemsWithoutSync();
+    void onUpdateRecentRoamingFileItemsWithSync();
+    void onUpdateRecentTabUnreadPoint();
+
+private:
+    KRecentFileProxy *store() const;
+    void connectStore();
+    bool canLoad() const;
+    void finishWaiting();
+    void rebuildRows();
+    void updateRoaming(bool sync);
+    void markPending();
+    void logOut();
+    void onOpened(const QString &path, KDocumentOpener::Outcome outcome);
+    RecordInfoList shownRecords() const;
+
+    QTimer m_roamingTimer{this};
+    ZELBOX_ROAMING_MSGLIST m_roamingUnread; ///< last set reported
+    QPointer<ZelBoxRecentFileModel> m_model;
+    QStringList m_pendingRoamingIds; ///< reported, but without a row so far
+    bool m_waitingForFirstLoad = true;
+    bool m_windowNotYetShown = true;
+    bool m_reloading = false;
+    QHash<QString, QString> m_opening; ///< path -> record id of what the opener has not answered yet
+    Services m_services;
+};

@@ -1,0 +1,98 @@
+#pragma once
+
+#include "recentfile/recentrows.h"
+#include "recentfile/timegroups.h"
+
+#include <QAbstractListModel>
+#include <QTimer>
+
+/// Rows of the Recent page, newest first, with their seven time groups. GUI thread; owns copies of the
+/// records. Texts are made when asked for, so loading costs next to nothing per row. groups() is up to date
+/// whenever a signal about rows is emitted. Signals of one change: the row signals, groupsChanged(),
+/// rowCountChanged().
+class ZelBoxRecentFileModel final : public QAbstractListModel
+{
+    Q_OBJECT
+public:
+    /// The numbers are fixed: other pages and scripts know them.
+    enum Role {
+        IdRole = Qt::UserRole,
+        DisplayTextRole = Qt::UserRole + 1,
+        PathRole = Qt::UserRole + 2,
+        SuffixRole = Qt::UserRole + 3,
+        BaseNameRole = Qt::UserRole + 4,
+        CloudNameRole = Qt::UserRole + 6,
+        NameRole = Qt::UserRole + 8,
+        LastAccessRole = Qt::UserRole + 11, ///< QDateTime, local time
+        TimeTextRole = Qt::UserRole + 12,
+        CloudBackedRole = Qt::UserRole + 13,
+        RoamingRole = Qt::UserRole + 14,
+        UnreadRole = Qt::UserRole + 15, ///< UnreadMark
+        CloudFileIdRole = Qt::UserRole + 16,
+        PresenceRole = Qt::UserRole + 20,  ///< RecentFileInfo::Presence as int
+        GroupKindRole = Qt::UserRole + 21, ///< 1 to 7
+    };
+    Q_ENUM(Role)
+    enum UnreadMark { NotUnread = -1, New = 0, Modified = 1 };
+    Q_ENUM(UnreadMark)
+
+    /// What a pass over reported ids did.
+    struct MarkResult
+    {
+        bool changed = false;
+        QStringList unknownIds; ///< ids without a row
+    };
+
+    explicit ZelBoxRecentFileModel(QObject *parent = nullptr);
+
+    int rowCount(const QModelIndex &parent = {}) const override;
+    QVariant data(const QModelIndex &index, int role = Qt::DisplayRole) const override;
+    bool setData(
+        const QModelIndex &index, const QVariant &value, int role = Qt::EditRole) override; ///< UnreadRole
+    bool removeRows(int row, int count, const QModelIndex &parent = {}) override;
+
+    /// Replaces all rows: one removal, one insertion.
+    void setRecords(const RecordInfoList &records);
+    void removeAll(); ///< tells rowCountChanged(0) also when there was nothing
+    /// Puts the record where its time belongs; one whose id is there already is updated instead. Returns its
+    /// row, -1 for a record without id.
+    int addRecord(const RecentFileInfo &record);
+    /// Takes over a changed record, moving its row when its time says so; keeps an unread mark that the
+    /// record does not carry. False when there is no such row.
+    bool updateRecord(const RecentFileInfo &record);
+    bool removeRecord(const QString &id);
+
+    int rowOf(const QString &id) const { return m_rows.rowOf(id); } ///< -1 when there is none
+    const RecentFileInfo &record(int row) const { return m_rows.at(row); }
+
+    /// Marks the rows whose record id, or else cloud file id, is in `messages`.
+    MarkResult markUnread(const ZELBOX_ROAMING_MSGLIST &messages, UnreadMark mark);
+    bool clearUnread(); ///< true when a row was unread
+    int unreadCount() const { return m_unread; }
+    QHash<QString, int> unreadMarks() const; ///< id -> mark of the unread rows
+
+    const zel::recent::TimeGroups &groups() const { return m_groups; }
+    /// Regroups for the present day and language and lets every row tell its time anew when the day has
+    /// changed.
+    void refreshDay();
+    void retranslate();
+
+Q_SIGNALS:
+    void rowCountChanged(int count);
+    void groupsChanged();
+
+private:
+    QVariant roleData(const RecentFileInfo &record, Role role) const;
+    QString accessibleText(const RecentFileInfo &record) const;
+    void setUnread(int row, UnreadMark mark);
+    void markCloudFiles(const ZELBOX_ROAMING_MSGLIST &messages, UnreadMark mark, MarkResult &result);
+    void regroup();
+    void finishChange();
+    void armDayTimer();
+
+    zel::recent::RecentRows m_rows;
+    zel::recent::TimeGroupEdges m_edges;
+    zel::recent::TimeGroups m_groups;
+    int m_unread = 0;
+    QTimer m_dayTimer; // one wake a day, only while there are rows
+};

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "krecentfile.h"
+
+#include <QHash>
+#include <vector>
+
+namespace zel::recent {
+
+/// The records of the list, newest first (equal times by id), found by row and by id. Plain container, one
+/// thread. Records never move in memory: a row is a number into them, so adding to or removing from the
+/// middle of 100,000 rows shifts numbers only.
+class RecentRows
+{
+public:
+    /// Replaces everything. Sorts when needed; drops records without id and all but the newest of one id.
+    /// O(n).
+    void assign(RecordInfoList records);
+    void clear();
+
+    int size() const { return int(m_order.size()); }
+    const RecentFileInfo &at(int row) const { return m_slots[int(m_order[size_t(row)])]; }
+    int rowOf(const QString &id) const;               ///< -1 when there is none; O(log n)
+    int placeFor(const RecentFileInfo &record) const; ///< row before which the order puts it; O(log n)
+
+    void insert(int row, const RecentFileInfo &record); ///< `row` from placeFor(); its id must be new
+    void remove(int first, int count);
+    /// Replaces the record of row `from` by one of the same id and puts it before row `place` (in the numbers
+    /// of before; `from` leaves it where it is). Returns its new row.
+    int replace(int from, int place, const RecentFileInfo &record);
+    void setUnread(int row, int mark) { m_slots[int(m_order[size_t(row)])].unread = mark; }
+
+private:
+    void sortOrder();
+    void dropDuplicates();
+
+    RecordInfoList m_slots;
+    std::vector<quint32> m_order; // row -> slot
+    std::vector<quint32> m_free;  // slots that can be used again
+    QHash<QString, quint32> m_slotOf;
+};
+
+} // namespace zel::recent

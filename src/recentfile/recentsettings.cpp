@@ -1,0 +1,72 @@
+#include "recentfile/recentsettings.h"
+
+#include "base/logging.h"
+#include "base/settingskeys.h"
+#include "krecentfile.h"
+#include "ksettings.h"
+
+#include <optional>
+
+namespace zel::recent {
+
+namespace {
+
+constexpr int DefaultKinds = RecentRecordKind::Roaming | RecentRecordKind::Opened | RecentRecordKind::Desktop
+    | RecentRecordKind::Sandbox;
+constexpr int DefaultLoadingTimeout = 5000;
+
+std::optional<int> cachedMask;
+QString cachedInterval;
+
+int readNumber(QLatin1String key, int defaultValue)
+{
+    KSettings settings;
+    settings.beginGroup(keys::Zelbox);
+    bool ok = false;
+    const int value = settings.value(key, defaultValue).toInt(&ok);
+    if (!ok)
+        qCWarning(lcRecent) << "setting" << key << "is not a number, using" << defaultValue;
+    return ok ? value : defaultValue;
+}
+
+QString readInterval()
+{
+    KSettings settings;
+    settings.beginGroup(keys::Plugins);
+    settings.beginGroup(keys::Zelbox);
+    return settings.value(keys::UpdateRoamingFilesInterval, QStringLiteral("1800000")).toString();
+}
+
+} // namespace
+
+int kindMask()
+{
+    if (!cachedMask)
+        cachedMask = readNumber(keys::RecentRecordType, DefaultKinds) & DefaultKinds;
+    return *cachedMask;
+}
+
+int roamingRefreshInterval()
+{
+    if (cachedInterval.isEmpty())
+        cachedInterval = readInterval();
+    bool ok = false;
+    const int interval = cachedInterval.toInt(&ok, 10);
+    if (!ok)
+        qCWarning(lcRecent) << "setting" << keys::UpdateRoamingFilesInterval << "is not a number, using 0";
+    return qMax(0, interval);
+}
+
+int loadingTimeout()
+{
+    const int timeout = readNumber(keys::RecentFileLoadingOuttimeTime, DefaultLoadingTimeout);
+    return timeout > 0 ? timeout : DefaultLoadingTimeout;
+}
+
+void resetSettingsCache()
+{
+    cachedMask.reset();
+    cachedInterval.clear();
+}
+
+} // namespace zel::recent

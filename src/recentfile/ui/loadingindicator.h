@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QBasicTimer>
+#include <QWidget>
+
+/// "Loading" as three quiet dots. GUI thread. Shows nothing for the first moment, so that a quick load does
+/// not flash; has no timer while hidden.
+class LoadingIndicator : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit LoadingIndicator(QWidget *parent = nullptr);
+
+    bool isAnimating() const { return m_animation.isActive(); }
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+    void timerEvent(QTimerEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+
+private:
+    QBasicTimer m_delay;
+    QBasicTimer m_animation;
+    int m_step = 0;
+};

@@ -1,0 +1,6 @@
+#include "recentfile/ui/recentfilewidget.h"
+
+void ZelBoxRecentFileWidget::onClearUnreadMsgAfterTabChanged()
+{
+    onClearUnreadMsg();
+}

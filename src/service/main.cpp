@@ -1,0 +1,102 @@
+#include "base/logging.h"
+#include "base/posix/exitsignals.h"
+#include "base/posix/runtimedir.h"
+#include "base/posix/singleinstance.h"
+#include "service/cloudserver.h"
+#include "service/serviceoptions.h"
+
+#include <QCoreApplication>
+#include <csignal>
+#include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
+
+using zel::posix::SingleInstance;
+
+namespace {
+
+constexpr std::chrono::seconds startTime{10};
+constexpr std::chrono::seconds graceWithoutClients{5};
+
+int fail(const std::string &why)
+{
+    qCCritical(lcService, "%s", why.c_str());
+    return 1;
+}
+
+// Whoever started us waits for this byte, or for the end of the pipe.
+void reportReady(int fd)
+{
+    if (fd < 0)
+        return;
+    const char ready = 1;
+    if (::write(fd, &ready, sizeof(ready)) != sizeof(ready))
+        qCWarning(lcService, "nobody waits for the service to be ready");
+    ::close(fd);
+}
+
+int serve(SingleInstance &instance, const ServiceOptions &options)
+{
+    CloudServer server(instance);
+    QObject::connect(&server, &CloudServer::finished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    QSocketNotifier exitSignal(zel::posix::catchExitSignals(), QSocketNotifier::Read);
+    QObject::connect(&exitSignal, &QSocketNotifier::activated, qApp, [&exitSignal] {
+        exitSignal.setEnabled(false);
+        QCoreApplication::quit();
+    });
+    if (options.exitWithLastClient)
+        server.finishWithoutClients(graceWithoutClients);
+    qCInfo(lcService, "ready");
+    reportReady(options.readyFd);
+    const int result = QCoreApplication::exec();
+    const auto starts = instance.holdStarts(zel::posix::deadlineIn(startTime));
+    instance.release();
+    qCInfo(lcService, "ends");
+    return result;
+}
+
+int run(const ServiceOptions &options)
+{
+    if (options.readyFd >= 0 && ::fcntl(options.readyFd, F_SETFD, FD_CLOEXEC) != 0)
+        return fail("the descriptor of --ready-fd is not open");
+    const zel::posix::RuntimeDir folder = zel::posix::openRuntimeDir();
+    if (folder.path.empty())
+        return fail(folder.error);
+    SingleInstance instance(folder.path, "cloud");
+    switch (instance.claim(zel::posix::deadlineIn(startTime))) {
+    case SingleInstance::Claim::Owner:
+        return serve(instance, options);
+    case SingleInstance::Claim::Taken:
+        qCInfo(lcService, "a service runs already");
+        reportReady(options.readyFd);
+        return 0;
+    case SingleInstance::Claim::Failed:
+        break;
+    }
+    return fail(instance.error());
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    // Whoever waits at the other end of a pipe or socket may be gone; writing there must fail, not kill.
+    ::signal(SIGPIPE, SIG_IGN);
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("zelcloud"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(ZEL_VERSION));
+    const ServiceOptions options = ServiceOptions::parse(QCoreApplication::arguments());
+    switch (options.mode) {
+    case ServiceOptions::Mode::Run:
+        return run(options);
+    case ServiceOptions::Mode::Help:
+        std::fputs(qPrintable(options.text), stdout);
+        return 0;
+    case ServiceOptions::Mode::Version:
+        std::puts("zelcloud " ZEL_VERSION);
+        return 0;
+    case ServiceOptions::Mode::Invalid:
+        std::fprintf(stderr, "zelcloud: %s\n", qPrintable(options.text));
+        return 2;
+    }
+}

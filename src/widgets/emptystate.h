@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QWidget>
+
+class QBoxLayout;
+class QLabel;
+class QPushButton;
+
+/// What a page shows when it has nothing to list: a picture, a title, one sentence, and perhaps a button. GUI
+/// thread.
+class EmptyStateWidget : public QWidget
+{
+    Q_OBJECT
+public:
+    /// `illustration` is an SVG resource (160 by 120), drawn in its own colours with the skin's border colour
+    /// for lines.
+    EmptyStateWidget(
+        const QString &illustration, const QString &title, const QString &text, QWidget *parent = nullptr);
+
+    QPushButton *addAction(const QString &text); ///< owned by this widget; connect to clicked()
+    void setTexts(const QString &title, const QString &text);
+
+protected:
+    void changeEvent(QEvent *event) override;
+
+private:
+    void updatePicture();
+
+    QString m_illustration;
+    QLabel *m_picture;
+    QLabel *m_title;
+    QLabel *m_text;
+    QBoxLayout *m_actions;
+};

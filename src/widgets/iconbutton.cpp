@@ -1,0 +1,80 @@
+#include "widgets/iconbutton.h"
+
+#include "klitestyle.h"
+#include "widgets/svgicon.h"
+
+#include <QEvent>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+
+IconButton::IconButton(const QString &icon, const QString &name, QWidget *parent)
+    : QAbstractButton(parent), m_icon(icon)
+{
+    setName(name);
+    setFocusPolicy(Qt::TabFocus);
+    setAttribute(Qt::WA_Hover);
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+}
+
+void IconButton::setIconPath(const QString &icon)
+{
+    m_icon = icon;
+    update();
+}
+
+void IconButton::setName(const QString &name)
+{
+    setAccessibleName(name);
+    setToolTip(name);
+}
+
+void IconButton::setHoverColor(KSkin::Color background, KSkin::Color foreground)
+{
+    m_hoverBackground = background;
+    m_hoverForeground = foreground;
+}
+
+void IconButton::setGlyphSize(int pixels)
+{
+    m_glyphSize = pixels;
+    update();
+}
+
+QSize IconButton::sizeHint() const
+{
+    return KLiteStyle::dpiScaledSize({32, 32});
+}
+
+bool IconButton::event(QEvent *event)
+{
+    if (event->type() == QEvent::HoverEnter || event->type() == QEvent::HoverLeave)
+        update();
+    return QAbstractButton::event(event);
+}
+
+void IconButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const bool hovered = isEnabled() && (underMouse() || isDown() || isChecked());
+    if (hovered) {
+        QColor background = KSkin::color(m_hoverBackground);
+        if (isDown())
+            background = KSkin::isDark() ? background.lighter(115) : background.darker(106);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(background);
+        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
+    }
+    const KSkin::Color color = !isEnabled() ? KSkin::Color::TextDisabled
+        : hovered                           ? m_hoverForeground
+                                            : KSkin::Color::Text;
+    const int side = KLiteStyle::dpiScaled(m_glyphSize);
+    const QRect glyph(QPoint((width() - side) / 2, (height() - side) / 2), QSize(side, side));
+    painter.drawPixmap(
+        glyph.topLeft(), zel::tintedPixmap(m_icon, glyph.size(), devicePixelRatioF(), KSkin::color(color)));
+    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(QPen(KSkin::color(KSkin::Color::Accent), 2));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 4, 4);
+    }
+}

@@ -1,0 +1,236 @@
+// The two entries and the core, in one process that starts and ends several applications one after the other.
+
+#include "app/zelboxapplication.h"
+#include "app/zelboxcore.h"
+#include "app/zelboxentry.h"
+#include "base/settingskeys.h"
+#include "cloud/zelboxcloudsvr.h"
+#include "fakehost.h"
+#include "kcefloadingprogressdlg.h"
+#include "kcoreapplication.h"
+#include "ksettings.h"
+#include "kthreadtiming.h"
+#include "kxcefpluginstate.h"
+#include "mainwindow/ui/kcentralwidget.h"
+#include "mainwindow/ui/zelboxmainwindow.h"
+
+#include <QApplication>
+#include <QSignalSpy>
+#include <QTimer>
+#include <QtTest>
+
+#include <stdexcept>
+
+namespace {
+
+int s_handled = 0;
+
+void countingHandler(QtMsgType, const QMessageLogContext &, const QString &)
+{
+    ++s_handled;
+}
+
+// Runs on the first turn of the loop that is to come.
+template <typename Step> void inTheLoop(QObject *context, Step step)
+{
+    QMetaObject::invokeMethod(context, step, Qt::QueuedConnection);
+}
+
+int enter(const wchar_t *commandLine)
+{
+    char name[] = "zelbox";
+    char *arguments[] = {name, nullptr};
+    return EntryPoint(1, arguments, commandLine);
+}
+
+} // namespace
+
+class TestCore : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void nullCommandLine();
+    void engineWaitCancelled();
+    void engineGetsReady();
+    void ordinaryRun();
+    void waitsForThreadTiming();
+    void background();
+    void guestOfAHost();
+    void hostThatNeverRanALoop();
+
+private:
+    void answerEngineDialog(const std::function<void(KCefLoadingProgressDlg *)> &answer);
+};
+
+// Looks for the dialog on every turn until it is there.
+void TestCore::answerEngineDialog(const std::function<void(KCefLoadingProgressDlg *)> &answer)
+{
+    inTheLoop(this, [this, answer] {
+        if (auto *dialog = qobject_cast<KCefLoadingProgressDlg *>(QApplication::activeModalWidget()))
+            answer(dialog);
+        else
+            answerEngineDialog(answer);
+    });
+}
+
+void TestCore::nullCommandLine()
+{
+    try {
+        enter(nullptr);
+        QFAIL("no exception");
+    } catch (const std::logic_error &error) {
+        QCOMPARE(error.what(), "basic_string::_M_construct null not valid");
+    }
+    QVERIFY(!qApp);
+}
+
+void TestCore::engineWaitCancelled()
+{
+    const QtMessageHandler before = qInstallMessageHandler(countingHandler);
+    KxCefEngine::instance()->setState(KxCefEngine::Loading);
+    bool asked = false;
+    answerEngineDialog([&](KCefLoadingProgressDlg *dialog) {
+        asked = true;
+        QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    const int result = enter(L"");
+    KxCefEngine::instance()->setState(KxCefEngine::Ready);
+    QVERIFY(asked);
+    QCOMPARE(result, 0);
+    QVERIFY(!ZelBoxCore::instance()->mainWindow());
+    // The runtime was cleared: messages go where they went before.
+    s_handled = 0;
+    qWarning("still there");
+    QCOMPARE(s_handled, 1);
+    qInstallMessageHandler(before);
+}
+
+void TestCore::engineGetsReady()
+{
+    KxCefEngine::instance()->setState(KxCefEngine::Loading);
+    bool shown = false;
+    connect(ZelBoxCore::instance(), &ZelBoxCore::firstMainWindowShown, this, [&] {
+        shown = ZelBoxCore::instance()->mainWindow()->isVisible();
+        QCoreApplication::quit();
+    });
+    answerEngineDialog(
+        [](KCefLoadingProgressDlg *) { KxCefEngine::instance()->setState(KxCefEngine::Ready); });
+    QCOMPARE(enter(L""), 0);
+    disconnect(ZelBoxCore::instance(), nullptr, this, nullptr);
+    QVERIFY(shown);
+}
+
+void TestCore::ordinaryRun()
+{
+    ZelBoxCore *core = ZelBoxCore::instance();
+    QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
+    int turnsAfterExit = 0;
+    int page = -1;
+    connect(core, &ZelBoxCore::firstMainWindowShown, this, [&] {
+        page = core->mainWindow()->central()->currentPage();
+        FakeHost::instance().send(L"_TRANSMISSION_", u"zelbox_active_window?=/action=exit");
+        ++turnsAfterExit; // the command did not end the loop under this event's feet
+    });
+    QCOMPARE(enter(L"/tab=3"), 0);
+    disconnect(core, nullptr, this, nullptr);
+    QCOMPARE(firstShown.size(), 1);
+    QCOMPARE(turnsAfterExit, 1);
+    QCOMPARE(page, 3);
+    QVERIFY(!core->mainWindow());
+    QVERIFY(!qApp);
+    QCOMPARE(FakeHost::instance().registrations, 1);
+    QCOMPARE(FakeHost::instance().readyQuestions, 1);
+}
+
+void TestCore::waitsForThreadTiming()
+{
+    int argc = 1;
+    char name[] = "zelbox";
+    char *argv[] = {name, nullptr};
+    ZelBoxApplicationIndependentProcesses application(argc, argv);
+    KCoreApplication::getThreadTiming()->beginJob(QStringLiteral("warm-up"));
+    QVERIFY(application.start(QString()));
+    ZelBoxCore *core = ZelBoxCore::instance();
+    QVERIFY(!core->mainWindow());
+    inTheLoop(this, [] { KCoreApplication::getThreadTiming()->endJob(QStringLiteral("warm-up")); });
+    QTRY_VERIFY(core->mainWindow() && core->mainWindow()->isVisible());
+    // Later jobs of the runtime do not start the box again.
+    ZelBoxMainWindow *window = core->mainWindow();
+    KCoreApplication::getThreadTiming()->beginJob(QStringLiteral("later"));
+    KCoreApplication::getThreadTiming()->endJob(QStringLiteral("later"));
+    QCOMPARE(core->mainWindow(), window);
+}
+
+void TestCore::background()
+{
+    int argc = 1;
+    char name[] = "zelbox";
+    char *argv[] = {name, nullptr};
+    ZelBoxApplicationIndependentProcesses application(argc, argv);
+    QVERIFY(application.start(QString()));
+    ZelBoxCore *core = ZelBoxCore::instance();
+    QSignalSpy closed(core->mainWindow(), &ZelBoxMainWindow::windowClose);
+    const auto storedWidth = [] {
+        KSettings settings;
+        settings.beginGroup(zel::keys::ApplicationSettings);
+        return settings.value(zel::keys::WindowWidth, -1).toInt();
+    };
+
+    core->dispatch(QStringLiteral("/radarid=3"), false);
+    core->dispatch(QStringLiteral("/options="), false);
+    QVERIFY(core->mainWindow()->isVisible());
+    core->dispatch(QStringLiteral("/from=tray"), false);
+    QVERIFY(!core->mainWindow()->isVisible());
+    QCOMPARE(closed.size(), 1);
+    QCOMPARE(storedWidth(), core->mainWindow()->width());
+    // 200 ms later the geometry is saved once more while memory is given back.
+    KSettings().remove(zel::keys::ApplicationSettings);
+    QCOMPARE(storedWidth(), -1);
+    QTRY_COMPARE(storedWidth(), core->mainWindow()->width());
+    core->dispatch(QString(), false);
+    QVERIFY(core->mainWindow()->isVisible());
+    QVERIFY(!core->mainWindow()->isMinimized());
+}
+
+void TestCore::guestOfAHost()
+{
+    int argc = 1;
+    char name[] = "host";
+    char *argv[] = {name, nullptr};
+    QApplication host(argc, argv);
+    ZelBoxCore *core = ZelBoxCore::instance();
+    QCOMPARE(execZelBox(QStringLiteral("/tab=2")), 0);
+    QCOMPARE(execZelBox(QStringLiteral("/tab=5")), 0);
+    QVERIFY(!core->mainWindow());
+    QTRY_VERIFY(core->mainWindow());
+    QTRY_COMPARE(core->mainWindow()->central()->currentPage(), 5);
+    QVERIFY(core->cloudService());
+    // A guest does not end its host.
+    QCOMPARE(execZelBox(QStringLiteral("/action=exit")), 0);
+    QTRY_VERIFY(!core->mainWindow());
+    QCOMPARE(execZelBox(QStringLiteral("/show=main")), 0);
+    QTRY_VERIFY(core->mainWindow() && core->mainWindow()->isVisible());
+    QTimer::singleShot(0, &host, &QApplication::quit);
+    host.exec();
+    QVERIFY(!core->mainWindow());
+}
+
+void TestCore::hostThatNeverRanALoop()
+{
+    ZelBoxCore *core = ZelBoxCore::instance();
+    {
+        int argc = 1;
+        char name[] = "host";
+        char *argv[] = {name, nullptr};
+        QApplication host(argc, argv);
+        core->dispatch(QStringLiteral("/options=showZelBox|showZelBoxMini|settings|folderselector"), false);
+        core->showMiniWidget(true);
+        core->showMiniWidget(false);
+        QVERIFY(core->mainWindow()->isVisible());
+    }
+    QVERIFY(!core->mainWindow());
+    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+}
+
+QTEST_APPLESS_MAIN(TestCore)
+#include "tst_core.moc"

@@ -1,0 +1,81 @@
+// The real launcher, box and service on a real X screen.
+
+#include "support/xscreen.h"
+
+#include <QProcess>
+#include <QtTest>
+
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr char Title[] = "ZEL Box";
+
+QString program(const char *name)
+{
+    return qEnvironmentVariable("ZEL_BUILD_DIR") + QStringLiteral("/bin/") + QLatin1String(name);
+}
+
+int forward(const QStringList &arguments)
+{
+    QProcess second;
+    second.setProcessChannelMode(QProcess::ForwardedChannels);
+    second.start(program("zelbox"), arguments);
+    return second.waitForFinished(20'000) && second.exitStatus() == QProcess::NormalExit ? second.exitCode()
+                                                                                         : -1;
+}
+
+} // namespace
+
+class TestSmoke : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void window();
+    void selfTest();
+};
+
+void TestSmoke::window()
+{
+    zeltest::XScreen screen;
+    QVERIFY(screen.isConnected());
+    QProcess box;
+    box.setProcessChannelMode(QProcess::ForwardedChannels);
+    box.start(program("zelbox"), QStringList());
+    const auto window = screen.waitForTitle(Title, 30s);
+    QVERIFY(window != 0);
+    QCOMPARE(screen.geometry(window).width, 900);
+    QCOMPARE(screen.geometry(window).height, 580);
+
+    // A second start does not open a second window, and a command without a window hides the first.
+    QCOMPARE(forward({}), 0);
+    QCOMPARE(int(screen.viewable(Title).size()), 1);
+    QCOMPARE(forward({QStringLiteral("/from=tray")}), 0);
+    QVERIFY(screen.waitUntilGone(Title, 10s));
+    QCOMPARE(forward({QStringLiteral("/options=showZelBox|showZelBoxMini")}), 0);
+    QVERIFY(screen.waitForTitle(Title, 10s) != 0);
+    QVERIFY(screen.waitForTitle("Mini window — ZEL Box", 10s) != 0);
+    QCOMPARE(forward({QStringLiteral("/action=exitdlg")}), 0);
+    QCOMPARE(forward({QStringLiteral("/options=settings|folderselector"), QStringLiteral("/param=/a b")}), 0);
+    for (const char *title :
+        {"Exit — ZEL Box", "Settings — ZEL Box", "Select folder — ZEL Box", "Synchronise folder — ZEL Box"})
+        QVERIFY2(screen.waitForTitle(title, 10s) != 0, title);
+
+    QCOMPARE(forward({QStringLiteral("/action=exit")}), 0);
+    QVERIFY(box.waitForFinished(20'000));
+    QCOMPARE(box.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(box.exitCode(), 0);
+}
+
+void TestSmoke::selfTest()
+{
+    QProcess box;
+    box.setProcessChannelMode(QProcess::ForwardedChannels);
+    box.start(program("zelbox"), {QStringLiteral("--self-test")});
+    QVERIFY(box.waitForFinished(90'000));
+    QCOMPARE(box.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(box.exitCode(), 0);
+}
+
+QTEST_GUILESS_MAIN(TestSmoke)
+#include "tst_smoke.moc"

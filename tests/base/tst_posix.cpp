@@ -1,0 +1,266 @@
+#include "base/posix/filelock.h"
+#include "base/posix/runtimedir.h"
+#include "base/posix/singleinstance.h"
+#include "base/posix/unixsocket.h"
+
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <cerrno>
+#include <csignal>
+#include <functional>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace zel::posix;
+using namespace std::chrono_literals;
+
+namespace {
+
+constexpr uid_t stranger = 12345;
+
+// A process that does one thing and then stands still until it is killed.
+class Other
+{
+public:
+    explicit Other(const std::function<void()> &action)
+    {
+        int ends[2];
+        if (::pipe(ends) != 0)
+            return;
+        m_pid = ::fork();
+        if (m_pid == 0) {
+            action();
+            [[maybe_unused]] const auto written = ::write(ends[1], "x", 1);
+            for (;;)
+                ::pause();
+        }
+        ::close(ends[1]);
+        char byte = 0;
+        m_done = ::read(ends[0], &byte, 1) == 1;
+        ::close(ends[0]);
+    }
+    ~Other() { kill(); }
+    bool done() const { return m_done; }
+    void kill()
+    {
+        if (m_pid > 0 && ::kill(m_pid, SIGKILL) == 0)
+            ::waitpid(m_pid, nullptr, 0);
+        m_pid = -1;
+    }
+
+private:
+    pid_t m_pid = -1;
+    bool m_done = false;
+};
+
+} // namespace
+
+class TestPosix : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        qputenv("XDG_RUNTIME_DIR", m_folder->path().toLocal8Bit());
+    }
+
+    void runtimeDirIsPrivate_data();
+    void runtimeDirIsPrivate();
+    void runtimeDirWithoutXdg_data();
+    void runtimeDirWithoutXdg();
+    void lockWaitEndsAtDeadline();
+    void lockWaitEndsWithTheHolder();
+    void lockFileIsNoLink();
+    void oneOwner();
+    void killedOwnerLeavesNothing();
+    void releasedOwnershipIsFree();
+    void fullQueueEndsAtDeadline();
+    void tooLongPath();
+
+private:
+    std::string path(const char *name) const { return m_folder->filePath(QLatin1String(name)).toStdString(); }
+    std::unique_ptr<QTemporaryDir> m_folder;
+};
+
+void TestPosix::runtimeDirIsPrivate_data()
+{
+    QTest::addColumn<QString>("before");
+    QTest::addColumn<bool>("usable");
+    QTest::newRow("missing") << "" << true;
+    QTest::newRow("private") << "private" << true;
+    QTest::newRow("open to others is closed") << "open" << true;
+    QTest::newRow("symbolic link") << "link" << false;
+    QTest::newRow("file") << "file" << false;
+    QTest::newRow("of another user") << "stranger" << false;
+}
+
+void TestPosix::runtimeDirIsPrivate()
+{
+    QFETCH(QString, before);
+    QFETCH(bool, usable);
+    const std::string folder = path("zelbox");
+    if (before == QLatin1String("link")) {
+        QCOMPARE(::mkdir(path("target").c_str(), 0700), 0);
+        QCOMPARE(::symlink(path("target").c_str(), folder.c_str()), 0);
+    } else if (before == QLatin1String("file")) {
+        QVERIFY(openLockFile(folder));
+    } else if (!before.isEmpty()) {
+        QCOMPARE(::mkdir(folder.c_str(), 0700), 0);
+        QCOMPARE(::chmod(folder.c_str(), before == QLatin1String("open") ? 0777 : 0700), 0);
+        if (before == QLatin1String("stranger") && ::chown(folder.c_str(), stranger, stranger) != 0)
+            QSKIP("only root can give a folder away");
+    }
+    const RuntimeDir dir = openRuntimeDir();
+    QCOMPARE(dir.error.empty(), usable);
+    QCOMPARE(dir.path, usable ? folder : std::string());
+    struct stat info = {};
+    if (usable) {
+        QCOMPARE(::stat(folder.c_str(), &info), 0);
+        QCOMPARE(info.st_mode & 0777U, 0700U);
+    }
+}
+
+void TestPosix::runtimeDirWithoutXdg_data()
+{
+    QTest::addColumn<bool>("set");
+    QTest::newRow("unset") << false;
+    QTest::newRow("relative") << true;
+}
+
+void TestPosix::runtimeDirWithoutXdg()
+{
+    QFETCH(bool, set);
+    const QByteArray temporary = qgetenv("TMPDIR");
+    qputenv("TMPDIR", m_folder->path().toLocal8Bit());
+    if (set)
+        qputenv("XDG_RUNTIME_DIR", "relative/folder");
+    else
+        qunsetenv("XDG_RUNTIME_DIR");
+    const RuntimeDir dir = openRuntimeDir();
+    qputenv("TMPDIR", temporary);
+    QCOMPARE(dir.error, std::string());
+    QCOMPARE(dir.path, path("zelbox-") + std::to_string(::getuid()));
+}
+
+void TestPosix::lockWaitEndsAtDeadline()
+{
+    const UniqueFd held = openLockFile(path("lock"));
+    const UniqueFd waiting = openLockFile(path("lock"));
+    QVERIFY(tryLock(held.get()));
+    QVERIFY(!tryLock(waiting.get()));
+    QCOMPARE(errno, EWOULDBLOCK);
+    const auto begin = std::chrono::steady_clock::now();
+    QVERIFY(!lockUntil(waiting.get(), deadlineIn(80ms)));
+    QCOMPARE(errno, ETIMEDOUT);
+    const auto took = std::chrono::steady_clock::now() - begin;
+    QVERIFY2(took >= 80ms && took < 5s, "the wait did not keep to its deadline");
+}
+
+void TestPosix::lockWaitEndsWithTheHolder()
+{
+    Other holder([this] {
+        static UniqueFd held = openLockFile(path("lock"));
+        if (!tryLock(held.get()))
+            ::_exit(1);
+    });
+    QVERIFY(holder.done());
+    const UniqueFd waiting = openLockFile(path("lock"));
+    QVERIFY(!tryLock(waiting.get()));
+    std::thread killer([&holder] { holder.kill(); });
+    const bool locked = lockUntil(waiting.get(), deadlineIn(20s));
+    killer.join();
+    QVERIFY(locked);
+}
+
+void TestPosix::lockFileIsNoLink()
+{
+    QCOMPARE(::symlink(path("target").c_str(), path("lock").c_str()), 0);
+    QVERIFY(!openLockFile(path("lock")));
+    QVERIFY(!QFileInfo::exists(QString::fromStdString(path("target"))));
+}
+
+void TestPosix::oneOwner()
+{
+    const std::string folder = m_folder->path().toStdString();
+    SingleInstance first(folder, "one");
+    SingleInstance second(folder, "one");
+    SingleInstance unrelated(folder, "other");
+    QCOMPARE(first.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
+    QCOMPARE(second.claim(deadlineIn(5s)), SingleInstance::Claim::Taken);
+    QCOMPARE(unrelated.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
+
+    const UniqueFd client = connectUnixUntil(second.socketPath(), deadlineIn(5s));
+    QVERIFY(client);
+    QVERIFY(peerIsSameUser(client.get()));
+    QVERIFY(acceptUnix(first.listener()));
+    QVERIFY(!acceptUnix(unrelated.listener()));
+}
+
+void TestPosix::killedOwnerLeavesNothing()
+{
+    const std::string folder = m_folder->path().toStdString();
+    Other owner([&folder] {
+        static SingleInstance instance(folder, "one");
+        if (instance.claim(deadlineIn(5s)) != SingleInstance::Claim::Owner)
+            ::_exit(1);
+    });
+    QVERIFY(owner.done());
+    SingleInstance next(folder, "one");
+    QCOMPARE(next.claim(deadlineIn(5s)), SingleInstance::Claim::Taken);
+    owner.kill();
+    QVERIFY2(
+        QFileInfo::exists(QString::fromStdString(next.socketPath())), "the stale socket should be there");
+    QCOMPARE(next.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
+    QVERIFY(connectUnixUntil(next.socketPath(), deadlineIn(5s)));
+}
+
+void TestPosix::releasedOwnershipIsFree()
+{
+    const std::string folder = m_folder->path().toStdString();
+    SingleInstance first(folder, "one");
+    SingleInstance second(folder, "one");
+    QCOMPARE(first.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
+    {
+        const UniqueFd starts = first.holdStarts(deadlineIn(5s));
+        QVERIFY(starts);
+        QCOMPARE(second.claim(deadlineIn(50ms)), SingleInstance::Claim::Failed);
+        first.release();
+        QVERIFY(!connectUnixNow(first.socketPath()));
+        QCOMPARE(errno, ENOENT);
+    }
+    QCOMPARE(second.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
+    first.release(); // not the owner any more: must leave the new one's socket alone
+    QVERIFY(connectUnixNow(second.socketPath()));
+}
+
+void TestPosix::fullQueueEndsAtDeadline()
+{
+    const UniqueFd listener = listenUnix(path("socket"), 0);
+    QVERIFY(listener);
+    std::vector<UniqueFd> queued;
+    while (queued.size() < 10) {
+        UniqueFd fd = connectUnixNow(path("socket"));
+        if (!fd)
+            break;
+        queued.push_back(std::move(fd));
+    }
+    QCOMPARE(errno, EAGAIN);
+    QVERIFY(!connectUnixUntil(path("socket"), deadlineIn(50ms)));
+    QCOMPARE(errno, EAGAIN);
+}
+
+void TestPosix::tooLongPath()
+{
+    const std::string longPath = path("x") + std::string(200, 'x');
+    QVERIFY(!listenUnix(longPath));
+    QCOMPARE(errno, ENAMETOOLONG);
+    QVERIFY(!connectUnixNow(longPath));
+    QCOMPARE(errno, ENAMETOOLONG);
+}
+
+QTEST_APPLESS_MAIN(TestPosix)
+#include "tst_posix.moc"

@@ -1,0 +1,148 @@
+#include "launcher/boxtree.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTest>
+#include <algorithm>
+#include <csignal>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+void copy(const char *variable, const QString &target)
+{
+    if (!QFile::copy(QFile::decodeName(qgetenv(variable)), target))
+        qFatal("cannot copy the file of %s", variable);
+}
+
+} // namespace
+
+QStringList words(std::initializer_list<const char *> list)
+{
+    QStringList result;
+    for (const char *word : list)
+        result << QString::fromUtf8(word);
+    return result;
+}
+
+QString activate(const QString &commandLine)
+{
+    return QStringLiteral("zelbox_active_window?=") + commandLine;
+}
+
+BoxTree::BoxTree(const QString &libraryFolder) : environment(QProcessEnvironment::systemEnvironment())
+{
+    const QDir folder(root.path());
+    folder.mkdir(QStringLiteral("bin"));
+    folder.mkdir(QStringLiteral("run"));
+    copy("ZEL_LAUNCHER", folder.filePath(QStringLiteral("bin/zelbox")));
+    if (!libraryFolder.isEmpty()) {
+        folder.mkpath(libraryFolder);
+        copy("ZEL_FAKEBOX", folder.filePath(libraryFolder + QStringLiteral("/libzelbox.so")));
+    }
+    set(QStringLiteral("XDG_RUNTIME_DIR"), folder.filePath(QStringLiteral("run")));
+    set(QStringLiteral("FAKEBOX_LOG"), folder.filePath(QStringLiteral("log")));
+}
+
+// A failed test must not leave a box behind.
+BoxTree::~BoxTree()
+{
+    for (const Record &record : records()) {
+        const QString program = QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(record.pid));
+        if (program.startsWith(root.path()))
+            ::kill(pid_t(record.pid), SIGKILL);
+    }
+}
+
+void BoxTree::hold(const QString &variable)
+{
+    if (::mkfifo(QFile::encodeName(pipePath(variable)).constData(), 0600) != 0)
+        qFatal("cannot make a pipe");
+    set(variable, pipePath(variable));
+}
+
+void BoxTree::letGo(const QString &variable)
+{
+    ::close(::open(QFile::encodeName(pipePath(variable)).constData(), O_WRONLY | O_CLOEXEC));
+}
+
+BoxTree::Process BoxTree::start(const QStringList &arguments)
+{
+    Process process(new QProcess);
+    process->setProcessEnvironment(environment);
+    process->start(root.filePath(QStringLiteral("bin/zelbox")), arguments);
+    if (!process->waitForStarted(patience))
+        qFatal("cannot start the launcher");
+    return process;
+}
+
+BoxTree::Process BoxTree::startBox(const QStringList &arguments)
+{
+    Process process = start(arguments);
+    const auto isBox = [this, pid = process->processId()] {
+        const QVector<Record> all = records();
+        return std::any_of(all.begin(), all.end(), [pid](const Record &record) {
+            return record.pid == pid && record.what == QLatin1String("start");
+        });
+    };
+    return QTest::qWaitFor(isBox, patience) ? std::move(process) : nullptr;
+}
+
+int BoxTree::run(const QStringList &arguments)
+{
+    const Process process = start(arguments);
+    const bool ended = process->waitForFinished(patience);
+    output = process->readAllStandardOutput();
+    errors = process->readAllStandardError();
+    return ended && process->exitStatus() == QProcess::NormalExit ? process->exitCode() : -1;
+}
+
+bool BoxTree::isUp()
+{
+    return run({QStringLiteral("/up")}) == 0;
+}
+
+bool BoxTree::end(QProcess &box)
+{
+    return run({exitCommand}) == 0 && box.waitForFinished(patience) && box.exitCode() == 0;
+}
+
+QVector<BoxTree::Record> BoxTree::records() const
+{
+    QVector<Record> result;
+    QFile file(root.filePath(QStringLiteral("log")));
+    if (!file.open(QIODevice::ReadOnly))
+        return result;
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+    for (const QString &line : lines)
+        result.append({line.section(QLatin1Char(' '), 0, 0).toLongLong(),
+            line.section(QLatin1Char(' '), 1, 1), line.section(QLatin1Char(' '), 2)});
+    return result;
+}
+
+QStringList BoxTree::texts(const QString &what) const
+{
+    QStringList result;
+    for (const Record &record : records()) {
+        if (record.what == what)
+            result << record.text;
+    }
+    return result;
+}
+
+QString BoxTree::runtimeFolder() const
+{
+    return root.filePath(QStringLiteral("run/zelbox"));
+}
+
+std::string BoxTree::socketPath() const
+{
+    return QFile::encodeName(runtimeFolder() + QStringLiteral("/zelbox.sock")).toStdString();
+}
+
+QString BoxTree::pipePath(const QString &variable) const
+{
+    return root.filePath(variable);
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QProcess>
+#include <QProcessEnvironment>
+#include <QTemporaryDir>
+#include <memory>
+
+constexpr int patience = 30000;                                 ///< milliseconds for what has to come
+const QString holdStart = QStringLiteral("FAKEBOX_HOLD_START"); ///< before the box registers its handler
+const QString holdEnd = QStringLiteral("FAKEBOX_HOLD_END"); ///< when it has removed it and is about to end
+const QString exitCommand = QStringLiteral("/action=exit");
+
+QStringList words(std::initializer_list<const char *> list);
+QString activate(const QString &commandLine); ///< the message for that command line
+
+/// An installation of its own: the real launcher, the recording box, and a private runtime folder.
+class BoxTree
+{
+public:
+    struct Record
+    {
+        qint64 pid;
+        QString what;
+        QString text;
+    };
+    using Process = std::unique_ptr<QProcess>;
+
+    /// `libraryFolder` is where the box lies, below the root; empty for no box at all.
+    explicit BoxTree(const QString &libraryFolder = QStringLiteral("lib"));
+    ~BoxTree();
+
+    void set(const QString &variable, const QString &value) { environment.insert(variable, value); }
+    /// Makes a pipe on which the box stands still at the point that `variable` names, until letGo().
+    void hold(const QString &variable);
+    void letGo(const QString &variable);
+
+    Process start(const QStringList &arguments = {});
+    /// Starts and waits until this process is the box; null when it does not become it.
+    Process startBox(const QStringList &arguments = {});
+    /// Starts, waits for the end, and returns the exit code; -1 when it did not end in time or crashed.
+    int run(const QStringList &arguments = {});
+
+    bool isUp();             ///< a later start reaches the box
+    bool end(QProcess &box); ///< ends the box in order
+    QVector<Record> records() const;
+    QStringList texts(const QString &what) const; ///< of all records of that kind, in order
+    QString runtimeFolder() const;                ///< of the launcher, with its socket and locks
+    std::string socketPath() const;
+
+    QTemporaryDir root;
+    QProcessEnvironment environment;
+    QByteArray output; ///< of the latest run()
+    QByteArray errors;
+
+private:
+    QString pipePath(const QString &variable) const;
+};

@@ -1,0 +1,78 @@
+#!/usr/bin/env python3
+"""Checks that include arrows point down only. Prints each offending line and what to write instead."""
+
+import pathlib
+import re
+import sys
+
+PLATFORM = "the platform contract (src/platform/api)"
+
+# folder -> folders of src/ that it may include besides itself. The longest matching folder counts.
+ALLOWED = {
+    "base/posix": [],
+    "base": [],
+    "platform/api": [PLATFORM],
+    "platform/impl": [PLATFORM, "base"],
+    "cloud": [PLATFORM, "base"],
+    "radar": ["base"],
+    "message": ["base"],
+    "widgets": [PLATFORM, "base"],
+    "recentfile": [PLATFORM, "base"],
+    "recentfile/ui": [PLATFORM, "base", "widgets", "recentfile"],
+    "mainwindow": ["base"],
+    "mainwindow/ui": [PLATFORM, "base", "widgets", "cloud", "mainwindow", "recentfile"],
+    "app": [PLATFORM, "base", "widgets", "cloud", "radar", "message", "mainwindow", "recentfile"],
+    "launcher": ["base/posix", "base/hostinterface.h"],
+    "service": ["base"],
+}
+
+INCLUDE = re.compile(r'^\s*#include\s+["<]([^">]+)[">]')
+
+
+def rule_for(folder):
+    while folder and folder not in ALLOWED:
+        folder = folder.rpartition("/")[0]
+    return folder
+
+
+def target_of(include, source, src):
+    """Folder or file below src/ that an include names; PLATFORM for the contract; None for anything else."""
+    if (src / include).is_file():
+        return include
+    if (src / "platform/api" / include).is_file():
+        return PLATFORM
+    local = source.parent / include
+    return str(local.relative_to(src)) if local.is_file() else None
+
+
+def is_allowed(target, rule):
+    if target == PLATFORM:
+        return PLATFORM in ALLOWED[rule]
+    return any(target == place or target.startswith(place + "/") for place in [rule, *ALLOWED[rule]])
+
+
+def main(root):
+    src = pathlib.Path(root) / "src"
+    problems = 0
+    for source in sorted(src.rglob("*")):
+        if source.suffix not in (".h", ".cpp"):
+            continue
+        folder = str(source.parent.relative_to(src))
+        rule = rule_for(folder)
+        if not rule:
+            print(f"{source}: no rule for this folder; add one to {__file__}")
+            problems += 1
+            continue
+        for number, line in enumerate(source.read_text(encoding="utf-8").splitlines(), 1):
+            match = INCLUDE.match(line)
+            target = target_of(match.group(1), source, src) if match else None
+            if target and not is_allowed(target, rule):
+                places = ", ".join(ALLOWED[rule]) or "nothing of ours"
+                print(f"{source}:{number}: {line.strip()}\n    {rule}/ may include only: {places}."
+                      " Hand the object in, or route a signal in app/ or mainwindow/.")
+                problems += 1
+    return 1 if problems else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main(sys.argv[1]))

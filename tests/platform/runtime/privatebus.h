@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QDBusConnection>
+#include <QFile>
+#include <QProcess>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+
+/// A session bus of the test's own, without the services that are installed on the machine. Make it before
+/// the first use of QDBusConnection::sessionBus(). A second connection plays the desktop's side.
+class PrivateBus
+{
+public:
+    PrivateBus()
+    {
+        const QString daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
+        if (daemon.isEmpty() || !writeConfiguration())
+            return;
+        m_daemon.start(daemon,
+            {QStringLiteral("--nofork"), QStringLiteral("--print-address=1"),
+                QStringLiteral("--config-file=") + configuration()});
+        if (!m_daemon.waitForStarted() || !m_daemon.waitForReadyRead())
+            return;
+        const QByteArray address = m_daemon.readLine().trimmed();
+        qputenv("DBUS_SESSION_BUS_ADDRESS", address);
+        QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("desktop"));
+    }
+    ~PrivateBus()
+    {
+        QDBusConnection::disconnectFromBus(QStringLiteral("desktop"));
+        QDBusConnection::disconnectFromBus(QStringLiteral("qt_default_session_bus"));
+        m_daemon.terminate();
+        m_daemon.waitForFinished();
+    }
+    bool isRunning() const { return desktop().isConnected(); }
+    static QDBusConnection desktop() { return QDBusConnection(QStringLiteral("desktop")); }
+
+private:
+    QString configuration() const { return m_folder.filePath(QStringLiteral("bus.conf")); }
+    bool writeConfiguration() const
+    {
+        QFile file(configuration());
+        return file.open(QIODevice::WriteOnly)
+            && file.write(
+                   "<busconfig><type>session</type><listen>unix:dir=" + QFile::encodeName(m_folder.path())
+                   + "</listen><policy context=\"default\"><allow send_destination=\"*\"/>"
+                     "<allow receive_sender=\"*\"/><allow own=\"*\"/></policy></busconfig>")
+            > 0;
+    }
+
+    QTemporaryDir m_folder;
+    QProcess m_daemon;
+};

@@ -1,0 +1,11 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="de_DE" sourcelanguage="en">
+<context>
+    <name>RuntimeTest</name>
+    <message>
+        <source>Hello</source>
+        <translation>Guten Tag</translation>
+    </message>
+</context>
+</TS>

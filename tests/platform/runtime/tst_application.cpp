@@ -1,0 +1,93 @@
+#include "kcoreapplication.h"
+#include "kliteskin.h"
+#include "klitestyle.h"
+#include "krt/krt.h"
+#include "kthreadtiming.h"
+#include "quvlite/kasynctask.h"
+
+#include <QFile>
+#include <QIcon>
+#include <QImageReader>
+#include <QTemporaryDir>
+#include <QtTest>
+
+class ApplicationTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void identity()
+    {
+        QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("zelbox"));
+        QCOMPARE(QCoreApplication::applicationVersion(), QStringLiteral("6.0"));
+        QCOMPARE(QCoreApplication::organizationName(), krt::organization());
+        QCOMPARE(QGuiApplication::applicationDisplayName(), QStringLiteral("ZEL Box"));
+        QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("zelbox"));
+        QVERIFY(!QApplication::quitOnLastWindowClosed());
+        QVERIFY(QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling));
+        QVERIFY(qobject_cast<KLiteStyle *>(QApplication::style()));
+    }
+
+    void servicesAreMadeOnFirstUse()
+    {
+        QVERIFY(!qApp->findChild<quvlite::KAsyncScheduler *>());
+        QVERIFY(!qApp->findChild<KThreadTiming *>());
+        auto *scheduler = KCoreApplication::asyncScheduler();
+        QVERIFY(scheduler);
+        QCOMPARE(KCoreApplication::asyncScheduler(), scheduler);
+        QVERIFY(KCoreApplication::getThreadTiming()->isThreadTimingFinished());
+    }
+
+    void foldersOfTheBuildTree()
+    {
+        const QString build = QFile::decodeName(qgetenv("ZEL_BUILD_DIR"));
+        QCOMPARE(krt::dirs::office(), build + QStringLiteral("/share/zelbox"));
+        QCOMPARE(krt::dirs::programs(), build + QStringLiteral("/bin"));
+        QVERIFY(krt::dirs::officeHome().startsWith(krt::dirs::localHalvornHome()));
+    }
+
+    // The bundle as built, found behind a resource folder that does not have it; gone after clear().
+    void skinBundle()
+    {
+        QTemporaryDir empty;
+        KLitOfficeInfo info;
+        info.resourceDirs =
+            QStringList{empty.path(), krt::dirs::office() + QStringLiteral("/res/2019zelbox")};
+        info.skinDescription = info.resourceDirs.constLast() + QStringLiteral("/zelbox.kuip");
+        KLiteSkin::setOfficeInfo(info);
+        KLiteSkin::setDefaultBaseSkinInfo({QString(), QString(), QString()}); // the description completes it
+        QCOMPARE(KLiteSkin::defaultBaseSkinInfo().skinName, KLiteSkinInfo().skinName);
+        QCOMPARE(KLiteSkin::defaultBaseSkinInfo().resourceBundle, KLiteSkinInfo().resourceBundle);
+        QVERIFY(QFile::exists(QStringLiteral(":/icons_svg/16x16/zelbox_share.svg")));
+        QVERIFY(!QIcon(QStringLiteral(":/icons_svg/nav_recent.svg")).pixmap(24).isNull());
+
+        QImageReader icon(QStringLiteral(":/icons/zelbox.ico"));
+        QSet<int> sides;
+        do {
+            const QImage image = icon.read();
+            QVERIFY2(!image.isNull(), qPrintable(icon.errorString()));
+            sides.insert(image.width());
+        } while (icon.jumpToNextImage());
+        QCOMPARE(sides, QSet<int>({16, 32, 48, 256}));
+
+        KLiteSkin::setDefaultBaseSkinInfo({}); // again: replaces
+        krt::clear();
+        QVERIFY(!QFile::exists(QStringLiteral(":/icons/zelbox.ico")));
+    }
+
+    void missingBundleIsSaid()
+    {
+        KLiteSkin::setOfficeInfo({});
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("no usable resource bundle")));
+        KLiteSkin::setDefaultBaseSkinInfo({});
+    }
+};
+
+int main(int argc, char **argv)
+{
+    KCoreApplication app(
+        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
+    ApplicationTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_application.moc"

@@ -1,0 +1,125 @@
+#include "kcefloadingprogressdlg.h"
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTimer>
+#include <QtTest>
+
+#include <functional>
+
+using Act = std::function<void(KCefLoadingProgressDlg &)>;
+Q_DECLARE_METATYPE(Act)
+
+namespace {
+
+QPushButton *button(QWidget &dialog, const QString &text)
+{
+    const auto buttons = dialog.findChildren<QPushButton *>();
+    for (QPushButton *candidate : buttons) {
+        if (candidate->text().remove(QLatin1Char('&')) == text)
+            return candidate;
+    }
+    return nullptr;
+}
+
+const QString Cancel = QStringLiteral("Cancel");
+const QString GoOn = QStringLiteral("Continue without");
+
+} // namespace
+
+class EngineDialogTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { KxCefEngine::instance()->setState(KxCefEngine::Ready); }
+
+    void endings_data()
+    {
+        QTest::addColumn<KxCefEngine::State>("first");
+        QTest::addColumn<Act>("act");
+        QTest::addColumn<int>("result");
+        const auto row = [](const char *name, KxCefEngine::State first, const Act &act, int result) {
+            QTest::newRow(name) << first << act << result;
+        };
+        const auto engine = [](KxCefEngine::State state) {
+            return [state](KCefLoadingProgressDlg &) { KxCefEngine::instance()->setState(state); };
+        };
+        row("becomes ready", KxCefEngine::Loading, engine(KxCefEngine::Ready), QDialog::Accepted);
+        row(
+            "was ready before", KxCefEngine::Ready, [](KCefLoadingProgressDlg &) {}, QDialog::Accepted);
+        row(
+            "Cancel clicked", KxCefEngine::Loading,
+            [](KCefLoadingProgressDlg &d) { QTest::mouseClick(button(d, Cancel), Qt::LeftButton); },
+            QDialog::Rejected);
+        row(
+            "Escape", KxCefEngine::Loading,
+            [](KCefLoadingProgressDlg &d) { QTest::keyClick(&d, Qt::Key_Escape); }, QDialog::Rejected);
+        row(
+            "closed", KxCefEngine::Loading, [](KCefLoadingProgressDlg &d) { d.close(); }, QDialog::Rejected);
+        row(
+            "fails, goes on without", KxCefEngine::Loading,
+            [](KCefLoadingProgressDlg &d) {
+                KxCefEngine::instance()->setState(KxCefEngine::Failed);
+                QTest::mouseClick(button(d, GoOn), Qt::LeftButton);
+            },
+            QDialog::Accepted);
+        row(
+            "fails, Return", KxCefEngine::Loading,
+            [](KCefLoadingProgressDlg &d) {
+                KxCefEngine::instance()->setState(KxCefEngine::Failed);
+                QTest::keyClick(&d, Qt::Key_Return);
+            },
+            QDialog::Accepted);
+        row(
+            "failed before, Escape", KxCefEngine::Failed,
+            [](KCefLoadingProgressDlg &d) { QTest::keyClick(&d, Qt::Key_Escape); }, QDialog::Rejected);
+        row(
+            "fails, loads again, ready", KxCefEngine::Failed,
+            [](KCefLoadingProgressDlg &) {
+                KxCefEngine::instance()->setState(KxCefEngine::Loading);
+                KxCefEngine::instance()->setState(KxCefEngine::Ready);
+            },
+            QDialog::Accepted);
+        row(
+            "missing, goes on without", KxCefEngine::Missing,
+            [](KCefLoadingProgressDlg &d) { QTest::mouseClick(button(d, GoOn), Qt::LeftButton); },
+            QDialog::Accepted);
+    }
+    void endings()
+    {
+        QFETCH(KxCefEngine::State, first);
+        QFETCH(Act, act);
+        KxCefEngine::instance()->setState(first);
+        KCefLoadingProgressDlg dialog;
+        QTimer::singleShot(0, &dialog, [&] { act(dialog); });
+        QTEST(dialog.exec(), "result");
+    }
+
+    void showsWhatHappens()
+    {
+        auto *engine = KxCefEngine::instance();
+        engine->setState(KxCefEngine::Loading);
+        KCefLoadingProgressDlg dialog;
+        dialog.show();
+        auto *bar = dialog.findChild<QProgressBar *>();
+        auto *text = dialog.findChild<QLabel *>();
+        engine->setProgress(42);
+        QCOMPARE(bar->value(), 42);
+        engine->setProgress(400);
+        QCOMPARE(bar->value(), 100);
+        QVERIFY(!button(dialog, GoOn)->isVisible());
+        const QString loadingText = text->text();
+        engine->setState(KxCefEngine::Failed);
+        QVERIFY(button(dialog, GoOn)->isVisible());
+        QVERIFY(!bar->isVisible());
+        QVERIFY(text->text() != loadingText);
+        for (const QWidget *control :
+            {static_cast<QWidget *>(bar), static_cast<QWidget *>(button(dialog, GoOn))})
+            QVERIFY(!control->accessibleName().isEmpty());
+    }
+};
+
+QTEST_MAIN(EngineDialogTest)
+#include "tst_enginedialog.moc"

@@ -1,0 +1,134 @@
+#include "fileclass.h"
+#include "kfileiconprovider.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace zel::platform;
+
+namespace {
+
+// The colour that most of a picture's opaque pixels have.
+QRgb mainColor(const QIcon &icon)
+{
+    const QImage image = icon.pixmap(32).toImage().convertToFormat(QImage::Format_ARGB32);
+    QHash<QRgb, int> counts;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (qAlpha(image.pixel(x, y)) == 255)
+                ++counts[image.pixel(x, y)];
+        }
+    }
+    QRgb best = 0;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
+        if (it.value() > counts.value(best))
+            best = it.key();
+    }
+    return best;
+}
+
+QRgb familyColor(const char *fileClass)
+{
+    return mainColor(QIcon(iconFileOfClass(QLatin1String(fileClass))));
+}
+
+} // namespace
+
+class FileIconsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup() { KFileIconProvider::instance()->initIconItems(QString()); }
+
+    void iconOfName_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QByteArray>("fileClass");
+        const auto row = [](const char *name, const char *fileClass) {
+            QTest::newRow(name) << QString::fromUtf8(name) << QByteArray(fileClass);
+        };
+        row("Report.DOCX", "document");
+        row("/home/u/with.dots/Bericht ü.odt", "document");
+        row("a.ods", "sheet");
+        row("a.pptx", "slides");
+        row("a.pdf", "pdf");
+        row("notes.md", "text");
+        row("p.JPeG", "picture");
+        row("s.flac", "sound");
+        row("f.mkv", "film");
+        row("a.tar.gz", "archive");
+        row("main.cpp", "code");
+        row("a.epub", "book");
+        row("CMakeLists.txt.in.pdf", "pdf");
+        row("/home/u/with.dots/", "folder");
+        // Known to the MIME database only.
+        row("Makefile", "code");
+        row("README", "text");
+        row("drawing.pbm", "picture");
+        // Known to nobody.
+        row("", "unknown");
+        row(".", "unknown");
+        row("strange.zz9x", "unknown");
+        row("trailing.", "unknown");
+    }
+    void iconOfName()
+    {
+        QFETCH(QString, name);
+        QFETCH(QByteArray, fileClass);
+        const QIcon icon = KFileIconProvider::instance()->icon(name);
+        for (const int size : {16, 24, 32, 48})
+            QVERIFY(!icon.pixmap(size).isNull());
+        QCOMPARE(QColor(mainColor(icon)).name(), QColor(familyColor(fileClass.constData())).name());
+    }
+
+    void familyIsComplete()
+    {
+        const QStringList files = QDir(QStringLiteral(":/zelplatform/filetypes")).entryList();
+        QCOMPARE(files.size(), 13);
+        QSet<QRgb> colors;
+        for (const QString &file : files) {
+            const QIcon icon(QStringLiteral(":/zelplatform/filetypes/") + file);
+            QVERIFY2(mainColor(icon) != 0, qPrintable(file));
+            colors.insert(mainColor(icon));
+        }
+        QCOMPARE(colors.size(), files.size());
+    }
+
+    // A set of icons beside the box wins; a set with broken entries does not leave holes.
+    void givenIconSet()
+    {
+        QTemporaryDir folder;
+        QImage red(32, 32, QImage::Format_ARGB32);
+        red.fill(Qt::red);
+        QVERIFY(red.save(folder.filePath(QStringLiteral("red.png"))));
+        QFile broken(folder.filePath(QStringLiteral("broken.png")));
+        QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("no picture") > 0);
+        QFile list(folder.filePath(QStringLiteral("icons.ini")));
+        QVERIFY(list.open(QIODevice::WriteOnly));
+        QVERIFY(list.write("[suffix]\nPDF=red.png\nods=broken.png\nodt=absent.png\n") > 0);
+        broken.close();
+        list.close();
+
+        auto *provider = KFileIconProvider::instance();
+        QCOMPARE(mainColor(provider->icon(QStringLiteral("a.pdf"))), familyColor("pdf"));
+        QTest::ignoreMessage(QtWarningMsg, "icon set: no picture for suffix odt");
+        QCOMPARE(provider->initIconItems(folder.path()), 2);
+        QCOMPARE(mainColor(provider->icon(QStringLiteral("a.pdf"))), QColor(Qt::red).rgba());
+        QCOMPARE(mainColor(provider->icon(QStringLiteral("a.ods"))), familyColor("sheet"));
+        QCOMPARE(mainColor(provider->icon(QStringLiteral("a.odt"))), familyColor("document"));
+    }
+
+    void cacheIsBySuffix()
+    {
+        auto *provider = KFileIconProvider::instance();
+        const qint64 key = provider->icon(QStringLiteral("one.pdf")).cacheKey();
+        QCOMPARE(provider->icon(QStringLiteral("/x/two.PDF")).cacheKey(), key);
+        provider->clear();
+        QVERIFY(provider->icon(QStringLiteral("one.pdf")).cacheKey() != key);
+    }
+};
+
+QTEST_MAIN(FileIconsTest)
+#include "tst_fileicons.moc"

@@ -1,0 +1,246 @@
+#include "base/logging.h"
+#include "base/paths.h"
+#include "kdcinfoc.h"
+#include "krt/krt.h"
+#include "ksettings.h"
+#include "kxloggerlite.h"
+#include "messagelog.h"
+#include "rotatingfile.h"
+#include "settingsstore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+using zel::platform::RotatingFile;
+
+namespace {
+
+QList<QByteArray> linesOf(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QList<QByteArray> lines = file.readAll().split('\n');
+    lines.removeLast(); // after the last newline
+    return lines;
+}
+
+QString logPath()
+{
+    return zel::paths::stateDir() + QStringLiteral("/logtest.log");
+}
+
+void initRuntime()
+{
+    krt::init(QStringLiteral("Halvorn"), QStringLiteral("Office"), QStringLiteral("6.0"),
+        QStringLiteral("logtest"));
+}
+
+QStringList g_seenByHost;
+
+void hostHandler(QtMsgType, const QMessageLogContext &, const QString &text)
+{
+    g_seenByHost.append(text);
+}
+
+} // namespace
+
+class LogTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init()
+    {
+        m_folder.reset(new QTemporaryDir);
+        qputenv("XDG_STATE_HOME", QFile::encodeName(m_folder->path()));
+        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder->path()));
+        g_seenByHost.clear();
+    }
+    void cleanup()
+    {
+        krt::clear();
+        zel::platform::releaseSettingsStore();
+    }
+
+    void lineFormat_data()
+    {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QByteArray>("tail");
+        QTest::newRow("plain") << QStringLiteral("radar id = 5") << QByteArray("c: radar id = 5");
+        QTest::newRow("empty") << QString() << QByteArray("c: ");
+        QTest::newRow("forged line") << QStringLiteral("a\n2024-01-01 W c: b\r")
+                                     << QByteArray("c: a\\n2024-01-01 W c: b\\x0d");
+        QTest::newRow("terminal escape, C1, line separator") << QStringLiteral("\x1b[2J") + QChar(0x85)
+                + QChar(0x2028) << QByteArray("c: \\x1b[2J\\x85\\x2028");
+        QTest::newRow("other scripts") << QStringLiteral("文档") << QByteArray("c: 文档");
+        // The cut may not fall between the halves of a character.
+        QTest::newRow("overlong") << QString(8191, QLatin1Char('x')) + QStringLiteral("😀😀")
+                                  << QByteArray("c: ") + QByteArray(8191, 'x') + "…";
+    }
+    void lineFormat()
+    {
+        QFETCH(QString, text);
+        QFETCH(QByteArray, tail);
+        const QDateTime time(QDate(2024, 2, 29), QTime(7, 8, 9, 10));
+        QCOMPARE(zel::platform::formatLogLine(time, QtWarningMsg, "c", text, 42),
+            QByteArray("2024-02-29T07:08:09.010 42 W ") + tail);
+    }
+
+    void fromInitToClear()
+    {
+        const QtMessageHandler earlier = qInstallMessageHandler(hostHandler);
+        KxLoggerLite::writeInfo(L"before");
+        initRuntime();
+        KxLoggerLite::writeInfo(L"文 kept");
+        qCInfo(lcPlatform, "second");
+        initRuntime(); // changes the identity only
+        krt::clear();
+        krt::clear();
+        KxLoggerLite::writeInfo(L"after");
+        qInstallMessageHandler(earlier);
+
+        QCOMPARE(g_seenByHost, QStringList({QStringLiteral("before"), QStringLiteral("after")}));
+        const QList<QByteArray> lines = linesOf(logPath());
+        QCOMPARE(lines.size(), 2);
+        QVERIFY2(lines.at(0).endsWith(" I zel.trace: 文 kept"), lines.at(0).constData());
+        QVERIFY2(lines.at(1).endsWith(" I zel.platform: second"), lines.at(1).constData());
+        QCOMPARE(QFile::permissions(logPath()) & 0x0077, QFile::Permissions());
+    }
+
+    void unusableLogFile_data()
+    {
+        QTest::addColumn<bool>("folderGone");
+        QTest::newRow("folder cannot be made") << true;
+        QTest::newRow("folder in the file's place") << false;
+    }
+    void unusableLogFile()
+    {
+        QFETCH(bool, folderGone);
+        if (folderGone)
+            qputenv("XDG_STATE_HOME", "/dev/null/state");
+        else
+            QVERIFY(QDir().mkpath(logPath()));
+        QFile captured(m_folder->filePath(QStringLiteral("stderr")));
+        QVERIFY(captured.open(QIODevice::ReadWrite));
+        const int realStderr = ::dup(STDERR_FILENO);
+        ::dup2(captured.handle(), STDERR_FILENO);
+        initRuntime();
+        qCInfo(lcPlatform, "heard all the same");
+        krt::clear();
+        ::dup2(realStderr, STDERR_FILENO);
+        ::close(realStderr);
+        captured.seek(0);
+        QVERIFY(captured.readAll().contains("heard all the same"));
+    }
+
+    // Threads of two processes share one file: no line is torn, none is lost, and only so many files stay.
+    void manyWriters_data()
+    {
+        QTest::addColumn<qint64>("limit");
+        QTest::addColumn<int>("files");
+        QTest::newRow("no rotation") << qint64(10'000'000) << 1;
+        QTest::newRow("rotation") << qint64(64 * 1024) << 1 + RotatingFile::OldFiles;
+    }
+    void manyWriters()
+    {
+        QFETCH(qint64, limit);
+        QFETCH(int, files);
+        constexpr int Threads = 3;
+        constexpr int Lines = 1000;
+        const QString path = m_folder->filePath(QStringLiteral("shared.log"));
+        const auto write = [&](char process) {
+            RotatingFile file(path, limit);
+            std::atomic_int failures = 0;
+            std::vector<std::thread> writers;
+            for (int t = 0; t < Threads; ++t) {
+                writers.emplace_back([&, t] {
+                    for (int n = 0; n < Lines; ++n) {
+                        const QByteArray line =
+                            QByteArray(1, process) + QByteArray::number(t) + '-' + QByteArray::number(n);
+                        failures += file.append(line.leftJustified(80, '.')) ? 0 : 1;
+                    }
+                });
+            }
+            for (std::thread &writer : writers)
+                writer.join();
+            return failures.load();
+        };
+
+        const pid_t child = ::fork();
+        if (child == 0)
+            ::_exit(write('b'));
+        QCOMPARE(write('a'), 0);
+        int status = -1;
+        QCOMPARE(::waitpid(child, &status, 0), child);
+        QCOMPARE(status, 0);
+
+        const QStringList found =
+            QDir(m_folder->path()).entryList({QStringLiteral("shared.log*")}, QDir::Files, QDir::Name);
+        QCOMPARE(found.size(), files);
+        QSet<QByteArray> distinct;
+        int total = 0;
+        for (const QString &name : found) {
+            for (const QByteArray &line : linesOf(m_folder->filePath(name))) {
+                QCOMPARE(line.size(), 80);
+                distinct.insert(line);
+                ++total;
+            }
+            QVERIFY(QFileInfo(m_folder->filePath(name)).size() < limit + 81 * 2 * Threads);
+        }
+        QCOMPARE(distinct.size(), total);
+        if (files == 1)
+            QCOMPARE(total, 2 * Threads * Lines);
+        else
+            QVERIFY(total >= int(limit / 81) * RotatingFile::OldFiles);
+    }
+
+    void removedFileComesBack()
+    {
+        const QString path = m_folder->filePath(QStringLiteral("gone.log"));
+        RotatingFile file(path);
+        QVERIFY(file.append("one"));
+        QVERIFY(QFile::remove(path));
+        QVERIFY(file.append("two"));
+        QCOMPARE(linesOf(path), QList<QByteArray>{"two"});
+    }
+
+    void telemetryOnlyWhenSwitchedOn()
+    {
+        const QString path = zel::paths::stateDir() + QStringLiteral("/telemetry.jsonl");
+        const QString name = QStringLiteral("zelbox_mainbox_recent_filelist_click");
+        KDcInfoC::postGeneralEvent(name);
+        QVERIFY(!QFile::exists(path));
+
+        KDcInfoC::setEnabled(true);
+        KDcInfoC::postGeneralEvent(name, {{QStringLiteral("from\n"), QStringLiteral("\"文\"")}});
+        const QList<QByteArray> lines = linesOf(path);
+        QCOMPARE(lines.size(), 1);
+        const QJsonObject event = QJsonDocument::fromJson(lines.constFirst()).object();
+        QCOMPARE(event.value(QStringLiteral("event")).toString(), name);
+        const QJsonObject expected{{QStringLiteral("from\n"), QStringLiteral("\"文\"")}};
+        QCOMPARE(event.value(QStringLiteral("parameters")).toObject(), expected);
+        QVERIFY(QDateTime::fromString(event.value(QStringLiteral("time")).toString(), Qt::ISODateWithMs)
+                    .isValid());
+        QCOMPARE(QFile::permissions(path) & 0x0077, QFile::Permissions());
+
+        KDcInfoC::setEnabled(false);
+        KDcInfoC::postGeneralEvent(name);
+        QCOMPARE(linesOf(path).size(), 1);
+    }
+
+private:
+    QScopedPointer<QTemporaryDir> m_folder;
+};
+
+QTEST_GUILESS_MAIN(LogTest)
+#include "tst_log.moc"

@@ -1,0 +1,211 @@
+#include "kcoreapplication.h"
+#include "klitestyle.h"
+#include "kskin.h"
+#include "style/busyanimation.h"
+
+#include <QAbstractEventDispatcher>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QMenu>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QStyleOptionSlider>
+#include <QtTest>
+
+using Color = KSkin::Color;
+
+namespace {
+
+bool shows(QWidget &widget, const QColor &color)
+{
+    const QImage image = widget.grab().toImage();
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            if (image.pixelColor(x, y).rgb() == color.rgb())
+                return true;
+        }
+    }
+    return false;
+}
+
+class OpenScrollBar : public QScrollBar
+{
+public:
+    using QScrollBar::initStyleOption;
+    using QScrollBar::QScrollBar;
+    QRect part(QStyle::SubControl control) const
+    {
+        QStyleOptionSlider option;
+        initStyleOption(&option);
+        return style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this);
+    }
+};
+
+} // namespace
+
+class StyleTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { KSkin::setTheme(KSkin::Theme::Light); }
+
+    void scrollBarParts_data()
+    {
+        QTest::addColumn<Qt::Orientation>("orientation");
+        QTest::addColumn<Qt::LayoutDirection>("direction");
+        QTest::addColumn<int>("maximum");
+        QTest::addColumn<int>("page");
+        QTest::addColumn<int>("value");
+        const int huge = std::numeric_limits<int>::max();
+        QTest::newRow("top") << Qt::Vertical << Qt::LeftToRight << 1000 << 100 << 0;
+        QTest::newRow("middle") << Qt::Vertical << Qt::LeftToRight << 1000 << 100 << 500;
+        QTest::newRow("bottom") << Qt::Vertical << Qt::LeftToRight << 1000 << 100 << 1000;
+        QTest::newRow("across") << Qt::Horizontal << Qt::LeftToRight << 1000 << 100 << 250;
+        QTest::newRow("across, right to left") << Qt::Horizontal << Qt::RightToLeft << 1000 << 100 << 250;
+        QTest::newRow("nothing to scroll") << Qt::Vertical << Qt::LeftToRight << 0 << 100 << 0;
+        QTest::newRow("huge range") << Qt::Vertical << Qt::LeftToRight << huge << 1 << huge;
+        QTest::newRow("huge page") << Qt::Vertical << Qt::LeftToRight << 10 << huge << 5;
+    }
+    // Pages and handle cover the bar without gap or overlap, the handle can be taken hold of, and there are
+    // no arrows.
+    void scrollBarParts()
+    {
+        QFETCH(Qt::Orientation, orientation);
+        QFETCH(Qt::LayoutDirection, direction);
+        QFETCH(int, maximum);
+        QFETCH(int, page);
+        QFETCH(int, value);
+        OpenScrollBar bar(orientation);
+        bar.setLayoutDirection(direction);
+        bar.setRange(0, maximum);
+        bar.setPageStep(page);
+        bar.setValue(value);
+        const int thickness = bar.style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &bar);
+        bar.resize(orientation == Qt::Vertical ? QSize(thickness, 300) : QSize(300, thickness));
+
+        const QRect before = bar.part(QStyle::SC_ScrollBarSubPage);
+        const QRect handle = bar.part(QStyle::SC_ScrollBarSlider);
+        const QRect after = bar.part(QStyle::SC_ScrollBarAddPage);
+        const auto length = [orientation](const QRect &r) {
+            return orientation == Qt::Vertical ? r.height() : r.width();
+        };
+        QCOMPARE(length(before) + length(handle) + length(after), 300);
+        QVERIFY(!before.intersects(handle) && !handle.intersects(after) && !before.intersects(after));
+        QVERIFY(bar.rect().contains(handle));
+        QVERIFY(length(handle) >= KLiteStyle::dpiScaled(32));
+        QVERIFY(bar.part(QStyle::SC_ScrollBarAddLine).isEmpty());
+        QVERIFY(bar.part(QStyle::SC_ScrollBarSubLine).isEmpty());
+        if (direction == Qt::RightToLeft)
+            QVERIFY(before.left() > handle.left());
+        if (value == maximum)
+            QCOMPARE(length(after), 0);
+    }
+
+    void scrollBarHandleIsDragged()
+    {
+        OpenScrollBar bar(Qt::Vertical);
+        bar.setRange(0, 1000);
+        bar.setPageStep(100);
+        bar.resize(8, 300);
+        bar.show();
+        const QPoint grip = bar.part(QStyle::SC_ScrollBarSlider).center();
+        const QPoint below = grip + QPoint(0, 400);
+        QTest::mousePress(&bar, Qt::LeftButton, {}, grip);
+        QMouseEvent move(QEvent::MouseMove, below, Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(&bar, &move);
+        QTest::mouseRelease(&bar, Qt::LeftButton, {}, below);
+        QCOMPARE(bar.value(), 1000);
+    }
+
+    // The ring shows where the keyboard is, and does not trouble those who use the mouse.
+    void focusRing()
+    {
+        QWidget window;
+        auto *row = new QHBoxLayout(&window);
+        auto *first = new QPushButton(QStringLiteral("x"));
+        auto *second = new QPushButton(QStringLiteral("y"));
+        row->addWidget(first);
+        row->addWidget(second);
+        window.show();
+        QApplication::setActiveWindow(&window);
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        const QColor ring = KSkin::color(Color::Accent);
+        QTest::mouseClick(second, Qt::LeftButton);
+        QVERIFY(second->hasFocus());
+        QVERIFY(!shows(*second, ring));
+        QTest::keyClick(&window, Qt::Key_Tab);
+        QVERIFY(first->hasFocus());
+        QVERIFY(shows(*first, ring));
+        QVERIFY(!shows(*second, ring));
+    }
+
+    void defaultButtonStandsOut()
+    {
+        QPushButton plain(QStringLiteral("Cancel"));
+        QPushButton primary(QStringLiteral("OK"));
+        primary.setDefault(true);
+        for (const bool dark : {false, true}) {
+            KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
+            QVERIFY(shows(primary, KSkin::color(Color::Accent)));
+            QVERIFY(shows(primary, KSkin::color(Color::OnAccent)));
+            QVERIFY(!shows(plain, KSkin::color(Color::Accent)));
+        }
+        KSkin::setTheme(KSkin::Theme::Light);
+        primary.setEnabled(false);
+        QVERIFY(!shows(primary, KSkin::color(Color::Accent)));
+    }
+
+    void menuIsWideEnoughForItsTexts()
+    {
+        QMenu menu;
+        menu.addAction(QStringLiteral("Open with a rather long name"))
+            ->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+O")));
+        menu.addAction(QStringLiteral("Check"))->setCheckable(true);
+        menu.addMenu(QStringLiteral("More of a long entry that opens something"));
+        const QFontMetrics metrics(menu.font());
+        const int text = metrics.horizontalAdvance(QStringLiteral("Open with a rather long name"));
+        const int shortcut = metrics.horizontalAdvance(QStringLiteral("Ctrl+Shift+O"));
+        QVERIFY(menu.sizeHint().width() > text + shortcut + KLiteStyle::dpiScaled(12 + 26 + 12 + 12));
+        const int entry =
+            metrics.horizontalAdvance(QStringLiteral("More of a long entry that opens something"));
+        QVERIFY(menu.sizeHint().width() > entry + KLiteStyle::dpiScaled(12 + 26 + 24));
+    }
+
+    // An endless bar moves while it can be seen, and wakes nobody once it is hidden.
+    void busyBarStopsWithItsWindow()
+    {
+        struct PaintCounter : QObject
+        {
+            int count = 0;
+            bool eventFilter(QObject *, QEvent *event) override
+            {
+                count += event->type() == QEvent::UpdateRequest || event->type() == QEvent::Paint ? 1 : 0;
+                return false;
+            }
+        } paints;
+        QProgressBar bar;
+        bar.setRange(0, 0);
+        bar.installEventFilter(&paints);
+        bar.show();
+        QTRY_VERIFY(paints.count > 6);
+        bar.hide();
+        const auto timers = [] {
+            return QAbstractEventDispatcher::instance()->registeredTimers(
+                &zel::style::BusyAnimation::instance());
+        };
+        QCOMPARE(timers().size(), 1);
+        QTRY_COMPARE(timers().size(), 0);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    KCoreApplication app(
+        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
+    StyleTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_style.moc"

@@ -1,0 +1,204 @@
+#include "kthreadtiming.h"
+#include "quvlite/kasynctask.h"
+
+#include <QSemaphore>
+#include <QSignalSpy>
+#include <QThread>
+#include <QtTest>
+
+#include <atomic>
+#include <functional>
+#include <stdexcept>
+
+using quvlite::KAsyncScheduler;
+using quvlite::KAsyncTask;
+
+namespace {
+
+class Task : public KAsyncTask
+{
+public:
+    explicit Task(std::function<void(Task &)> work, QObject *parent = nullptr)
+        : KAsyncTask(parent), m_work(std::move(work))
+    {
+        ++living;
+    }
+    ~Task() override { --living; }
+    void run() override { m_work(*this); }
+
+    static inline std::atomic_int living = 0;
+
+private:
+    std::function<void(Task &)> m_work;
+};
+
+// Holds every worker thread until let go, so that what is started next stays in the queue.
+struct Plug
+{
+    explicit Plug(KAsyncScheduler &scheduler)
+    {
+        for (int n = 0; n < Count; ++n)
+            scheduler.start(new Task([gate = m_gate](Task &) { gate->acquire(); }));
+    }
+    void pull() const { m_gate->release(Count); }
+
+    static constexpr int Count = 4;
+    std::shared_ptr<QSemaphore> m_gate = std::make_shared<QSemaphore>();
+};
+
+void waitForCancel(Task &task)
+{
+    while (!task.isCancelled())
+        QThread::yieldCurrentThread();
+}
+
+} // namespace
+
+class TasksTest : public QObject
+{
+    Q_OBJECT
+
+public:
+    enum Ending { Finish, Throw, CancelQueued, CancelRunning, SchedulerDies, SchedulerDiesQueued };
+    Q_ENUM(Ending)
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QCOMPARE(Task::living.load(), 0);
+    }
+
+    void endsExactlyOnce_data()
+    {
+        QTest::addColumn<Ending>("how");
+        QTest::addColumn<bool>("runs");
+        QTest::newRow("runs to its end") << Finish << true;
+        QTest::newRow("throws") << Throw << true;
+        QTest::newRow("cancelled in the queue") << CancelQueued << false;
+        QTest::newRow("cancelled while it runs") << CancelRunning << true;
+        QTest::newRow("scheduler destroyed while it runs") << SchedulerDies << true;
+        QTest::newRow("scheduler destroyed while it is queued") << SchedulerDiesQueued << false;
+    }
+    void endsExactlyOnce()
+    {
+        QFETCH(Ending, how);
+        QFETCH(bool, runs);
+        const bool queued = how == CancelQueued || how == SchedulerDiesQueued;
+        auto scheduler = std::make_unique<KAsyncScheduler>();
+        std::unique_ptr<Plug> plug(queued ? new Plug(*scheduler) : nullptr);
+        QSemaphore running;
+        std::atomic_bool ran = false;
+        QPointer<Task> task = new Task([&](Task &self) {
+            ran = true;
+            running.release();
+            if (how == Throw)
+                throw std::runtime_error("bad luck");
+            if (how == CancelRunning || how == SchedulerDies)
+                waitForCancel(self);
+        });
+        QSignalSpy finished(task, &KAsyncTask::finished);
+        QThread *finishedOn = nullptr;
+        connect(task, &KAsyncTask::finished, this, [&] { finishedOn = QThread::currentThread(); });
+
+        scheduler->start(task);
+        if (!queued)
+            running.acquire();
+        if (how == CancelQueued || how == CancelRunning)
+            task->cancel();
+        if (plug)
+            plug->pull();
+        if (how == SchedulerDies || how == SchedulerDiesQueued)
+            scheduler.reset();
+
+        QTRY_COMPARE(finished.count(), 1);
+        QTRY_VERIFY(task.isNull());
+        scheduler.reset();
+        QCOMPARE(finished.count(), 1);
+        QCOMPARE(finishedOn, QThread::currentThread());
+        // A queued task may have been taken up between the plug and the end of the scheduler.
+        if (how != SchedulerDiesQueued)
+            QCOMPARE(ran.load(), runs);
+    }
+
+    void parentDiesWhileTheTaskRuns()
+    {
+        KAsyncScheduler scheduler;
+        auto parent = std::make_unique<QObject>();
+        QSemaphore running;
+        std::atomic_bool sawCancel = false;
+        QPointer<Task> task = new Task(
+            [&](Task &self) {
+                running.release();
+                waitForCancel(self);
+                sawCancel = true;
+            },
+            parent.get());
+        QSignalSpy finished(task, &KAsyncTask::finished);
+        scheduler.start(task);
+        running.acquire();
+        parent.reset();
+        QVERIFY(task);
+        QTRY_COMPARE(finished.count(), 1);
+        QVERIFY(sawCancel);
+        QTRY_VERIFY(task.isNull());
+    }
+
+    void taskWithALivingParentStaysWithIt()
+    {
+        KAsyncScheduler scheduler;
+        QObject parent;
+        std::atomic_int runs = 0;
+        auto *task = new Task([&](Task &) { ++runs; }, &parent);
+        QSignalSpy finished(task, &KAsyncTask::finished);
+        for (int round = 1; round <= 2; ++round) {
+            scheduler.start(task);
+            QTRY_COMPARE(finished.count(), round);
+            QCOMPARE(task->parent(), &parent);
+        }
+        QCOMPARE(runs.load(), 2);
+    }
+
+    void slotThatRestartsCannotKeepADyingSchedulerAlive()
+    {
+        auto scheduler = std::make_unique<KAsyncScheduler>();
+        QSemaphore running;
+        auto *task = new Task([&](Task &self) {
+            running.release();
+            waitForCancel(self);
+        });
+        int later = 0;
+        connect(task, &KAsyncTask::finished, this, [&] {
+            auto *next = new Task([](Task &) { QFAIL("must not run"); });
+            connect(next, &KAsyncTask::finished, this, [&later] { ++later; });
+            scheduler->start(next);
+        });
+        scheduler->start(task);
+        running.acquire();
+        delete scheduler.get(); // not reset(): the slot above still uses the pointer meanwhile
+        scheduler.release();
+        QTRY_COMPARE(later, 1);
+    }
+
+    void timing()
+    {
+        KThreadTiming timing;
+        QSignalSpy done(&timing, &KThreadTiming::threadTiming);
+        QVERIFY(timing.isThreadTimingFinished());
+        timing.endJob(QStringLiteral("never begun"));
+        QCOMPARE(done.count(), 0);
+        timing.beginJob(QStringLiteral("a"));
+        timing.beginJob(QStringLiteral("a"));
+        timing.beginJob(QStringLiteral("b"));
+        timing.endJob(QStringLiteral("a"));
+        QVERIFY(!timing.isThreadTimingFinished());
+        QCOMPARE(done.count(), 0);
+        timing.endJob(QStringLiteral("b"));
+        timing.endJob(QStringLiteral("b"));
+        QVERIFY(timing.isThreadTimingFinished());
+        QCOMPARE(done.count(), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TasksTest)
+#include "tst_tasks.moc"

@@ -1,0 +1,128 @@
+#include "krt/kapptranslators.h"
+#include "krt/krt.h"
+#include "ksettings.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QtTest>
+
+using krt::KAppTranslators;
+
+namespace {
+
+const QString Name = QStringLiteral("runtimetest");
+
+QString text()
+{
+    return QCoreApplication::translate("RuntimeTest", "Hello");
+}
+
+void chooseLanguage(const QString &language)
+{
+    KSettings().setValue(QStringLiteral("plugins/zelbox/language"), language);
+}
+
+void putCatalogue(const QString &locale)
+{
+    const QString folder = krt::dirs::officeHome() + QStringLiteral("/mui/") + locale;
+    QVERIFY(QDir().mkpath(folder));
+    QVERIFY(QFile::copy(
+        QStringLiteral(TEST_CATALOGUE), folder + QLatin1Char('/') + Name + QStringLiteral(".qm")));
+}
+
+} // namespace
+
+class TranslationsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void cleanup()
+    {
+        KAppTranslators::uninstallTranslation(Name);
+        QDir(krt::dirs::officeHome()).removeRecursively();
+    }
+
+    void languageFinds_data()
+    {
+        QTest::addColumn<QString>("language");
+        QTest::addColumn<QString>("folder");
+        QTest::addColumn<bool>("found");
+        const auto row = [](const char *language, const char *folder, bool found) {
+            QTest::addRow("%s in %s", language, folder)
+                << QString::fromLatin1(language) << QString::fromLatin1(folder) << found;
+        };
+        row("de", "de", true);
+        row("de-AT", "de", true);
+        row("de_AT.UTF-8", "de", true);
+        row("zh-Hans-CN", "zh_CN", true);
+        row("zh-Hans-CN", "zh_Hans", true);
+        row("pt_BR", "pt_PT", false);
+        row("fr", "de", false);
+        row("en_GB", "en", true);
+        row("", "en", true); // the desktop of the tests speaks C
+        row("C", "de", false);
+        row("../../etc", "de", false);
+    }
+    void languageFinds()
+    {
+        QFETCH(QString, language);
+        QFETCH(QString, folder);
+        QFETCH(bool, found);
+        chooseLanguage(language);
+        putCatalogue(folder);
+        QCOMPARE(KAppTranslators::installTranslation(Name), found);
+        QCOMPARE(text(), found ? QStringLiteral("Guten Tag") : QStringLiteral("Hello"));
+        KAppTranslators::uninstallTranslation(Name);
+        QCOMPARE(text(), QStringLiteral("Hello"));
+    }
+
+    void secondInstallReplacesTheFirst()
+    {
+        chooseLanguage(QStringLiteral("de"));
+        putCatalogue(QStringLiteral("de"));
+        QVERIFY(KAppTranslators::installTranslation(Name));
+        const int installed = qApp->children().size();
+        QVERIFY(KAppTranslators::installTranslation(Name));
+        QCOMPARE(qApp->children().size(), installed);
+        chooseLanguage(QStringLiteral("fr"));
+        QVERIFY(!KAppTranslators::installTranslation(Name));
+        QCOMPARE(text(), QStringLiteral("Hello"));
+    }
+
+    void damagedCatalogueIsPassedOver()
+    {
+        chooseLanguage(QStringLiteral("de_DE"));
+        putCatalogue(QStringLiteral("de"));
+        const QString folder = krt::dirs::officeHome() + QStringLiteral("/mui/de_DE");
+        QVERIFY(QDir().mkpath(folder));
+        QFile damaged(folder + QLatin1Char('/') + Name + QStringLiteral(".qm"));
+        QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("not a catalogue") > 0);
+        damaged.close();
+        QVERIFY(KAppTranslators::installTranslation(Name));
+        QCOMPARE(text(), QStringLiteral("Guten Tag"));
+    }
+};
+
+// Static objects remove their translations after the application is gone.
+static void uninstallAfterTheApplication(int argc, char **argv)
+{
+    {
+        QCoreApplication app(argc, argv);
+        chooseLanguage(QStringLiteral("de"));
+        putCatalogue(QStringLiteral("de"));
+        KAppTranslators::installTranslation(Name);
+    }
+    KAppTranslators::uninstallTranslation(Name);
+}
+
+int main(int argc, char **argv)
+{
+    uninstallAfterTheApplication(argc, argv);
+    QDir(krt::dirs::officeHome()).removeRecursively();
+    QCoreApplication app(argc, argv);
+    TranslationsTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_translations.moc"

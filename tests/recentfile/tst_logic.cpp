@@ -1,0 +1,352 @@
+#include "recentfile/recentfilelogic.h"
+
+#include "fakes.h"
+#include "ksettings.h"
+#include "recentfile/recentfilemodel.h"
+#include "recentfile/recentsettings.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+#include <QTest>
+#include <memory>
+
+using namespace recenttest;
+
+namespace {
+
+/// Store, model and logic, with everything that is told or asked written into `log`.
+struct Bench
+{
+    QStringList log;
+    FakeStore store;
+    KRecentFileEvents events;
+    FakeOpener opener;
+    bool loggedIn = false;
+    ZelBoxRecentFileModel model;
+    std::unique_ptr<KRecentFileLogic> logic;
+
+    Bench()
+    {
+        store.log = &log;
+        logic = std::make_unique<KRecentFileLogic>(
+            KRecentFileLogic::Services{&store, &events, &opener, [this] { return loggedIn; }});
+        logic->setModel(&model);
+        listen();
+    }
+
+    void listen()
+    {
+        using Logic = KRecentFileLogic;
+        const auto say = [this](const QString &text) { log << text; };
+        const auto l = logic.get();
+        QObject::connect(l, &Logic::itemAdded, l,
+            [say](const RecentFileInfo &i) { say(QStringLiteral("added ") + i.id); });
+        QObject::connect(l, &Logic::itemRemoved, l,
+            [say](const RecentFileInfo &i) { say(QStringLiteral("removed ") + i.id); });
+        QObject::connect(l, &Logic::itemStateChanged, l,
+            [say](const RecentFileInfo &i) { say(QStringLiteral("changed ") + i.id); });
+        QObject::connect(l, &Logic::itemsBatchArrived, l,
+            [say](int types) { say(QStringLiteral("batch %1").arg(types)); });
+        QObject::connect(l, &Logic::recentFileUnreadMsgCount, l,
+            [say](quint64 n) { say(QStringLiteral("unread %1").arg(n)); });
+        QObject::connect(l, &Logic::needToWaitFirstLoading, l, [say] { say(QStringLiteral("wait")); });
+        QObject::connect(l, &Logic::firstLoadingFinish, l, [say] { say(QStringLiteral("finish")); });
+        QObject::connect(&model, &ZelBoxRecentFileModel::rowCountChanged, l,
+            [say](int n) { say(QStringLiteral("rows %1").arg(n)); });
+    }
+
+    // "a8@30": id a, kind 8, time 30.
+    static RecordInfoList parse(const QString &text)
+    {
+        RecordInfoList list;
+        const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+        for (const QString &word : words) {
+            const QString head = word.section(QLatin1Char('@'), 0, 0);
+            list << record(head.left(1), word.section(QLatin1Char('@'), 1).toLongLong(), head.mid(1).toInt());
+        }
+        return list;
+    }
+
+    void run(const QString &step)
+    {
+        const QString verb = step.section(QLatin1Char(' '), 0, 0);
+        const QString rest = step.section(QLatin1Char(' '), 1);
+        if (verb == QLatin1String("store"))
+            store.content = parse(rest);
+        else if (verb == QLatin1String("notready"))
+            store.ready = false;
+        else if (verb == QLatin1String("ready"))
+            store.ready = true;
+        else if (verb == QLatin1String("in"))
+            loggedIn = true;
+        else if (verb == QLatin1String("nomodel"))
+            logic->setModel(nullptr);
+        else
+            notify(verb, rest);
+    }
+
+    void notify(const QString &verb, const QString &rest)
+    {
+        if (verb == QLatin1String("first"))
+            logic->onWindowFirstShown();
+        else if (verb == QLatin1String("init"))
+            Q_EMIT events.initFinished();
+        else if (verb == QLatin1String("arrived"))
+            Q_EMIT events.recordsArrived();
+        else if (verb == QLatin1String("add"))
+            Q_EMIT events.recordsAdded(parse(rest));
+        else if (verb == QLatin1String("remove"))
+            Q_EMIT events.recordsRemoved(parse(rest));
+        else if (verb == QLatin1String("change"))
+            Q_EMIT events.recordsChanged(parse(rest));
+        else if (verb == QLatin1String("login"))
+            logic->onLoginStatusChanged(true);
+        else if (verb == QLatin1String("logout"))
+            logic->onLoginStatusChanged(false);
+        else if (verb == QLatin1String("tick"))
+            logic->onTimingUpdateRoamingFiles();
+        else if (verb == QLatin1String("unread"))
+            logic->onRoamingUnreadMsgArrive({{rest, {}}});
+        else if (verb == QLatin1String("seen"))
+            logic->clearUnread();
+        else
+            QFAIL(qPrintable(QStringLiteral("unknown step ") + verb));
+    }
+};
+
+void setSetting(const QString &group, const QString &key, const QVariant &value)
+{
+    KSettings settings;
+    const QStringList path = group.split(QLatin1Char('/'));
+    for (const QString &part : path)
+        settings.beginGroup(part);
+    if (value.isValid())
+        settings.setValue(key, value);
+    else
+        settings.remove(key);
+    zel::recent::resetSettingsCache();
+}
+
+} // namespace
+
+class TestLogic : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void steps_data();
+    void steps();
+    void kinds_data();
+    void kinds();
+    void refreshInterval_data();
+    void refreshInterval();
+    void everyUnreadNoticeLeadsToOneSync();
+    void marksSurviveAReload();
+    void opening_data();
+    void opening();
+    void onlyUnknownPresenceIsAskedFor();
+};
+
+void TestLogic::init()
+{
+    setSetting(QStringLiteral("zelbox"), QStringLiteral("RecentRecordType"), {});
+    setSetting(QStringLiteral("plugins/zelbox"), QStringLiteral("updateRoamingFilesInterval"), {});
+}
+
+void TestLogic::steps_data()
+{
+    QTest::addColumn<QString>("script"); // steps, separated by ";"; "|" clears the log
+    QTest::addColumn<QString>("expected");
+
+    const auto row = [](const char *name, const char *script, const char *expected) {
+        QTest::newRow(name) << QString::fromLatin1(script) << QString::fromLatin1(expected);
+    };
+    row("first load", "store a8@3 b2@2;first", "finish;rows 0;rows 2;batch 106");
+    row("shown twice loads once", "store a8@3;first;|;first", "");
+    row("store has to get ready", "store a8@3;notready;first;ready;init",
+        "init 2;finish;rows 0;rows 1;batch 106");
+    row("empty store", "first", "finish;rows 0;batch 106");
+    row("init notice twice", "first;|;init", "rows 0;batch 106");
+    row("arrived needs no readiness", "store a8@3;notready;arrived", "rows 0;rows 1;batch 106");
+    row("arrived does not end the waiting", "store a8@3;arrived;|;init", "finish;rows 0;rows 1;batch 106");
+    row("kinds outside the mask", "store a8@3 b4@2 c1@1 d64@0;init", "finish;rows 0;rows 2;batch 106");
+    row("add", "init;|;add a8@3 b4@2 c2@9", "rows 1;added a;rows 2;added c;unread 0");
+    row("add a known one", "store a8@3;init;|;add a8@5", "added a;unread 0");
+    row("remove", "store a8@3 b2@2;init;|;remove b2 a8", "rows 1;removed b;rows 0;removed a;unread 0");
+    row("remove unknown", "store a8@3;init;|;remove x8", "unread 0");
+    row("remove nothing", "store a8@3;init;|;remove ", "");
+    row("remove from the empty list", "init;|;remove x8", "");
+    row("change", "store a8@3 b8@2;init;|;change b8@9 x8@1 a4@7", "changed b");
+    row("login", "store a8@3;login", "finish;rows 0;rows 1;batch 106;roaming 1");
+    row("login before the store is ready", "store a8@3;notready;login",
+        "finish;rows 0;rows 1;batch 106;roaming 1");
+    row("logout", "store a8@3;init;|;logout", "wait;rows 0;unread 0;finish;rows 0;rows 1;batch 106");
+    row("logout, store not ready", "store a8@3;init;notready;|;logout;ready;init;init",
+        "wait;rows 0;unread 0;init 2;finish;rows 0;rows 1;batch 106;rows 0;rows 1;batch 106");
+    row("logout to another user", "init;in;|;logout",
+        "wait;rows 0;unread 0;finish;rows 0;batch 106;roaming 1");
+    row("timer, logged out", "init;|;tick", "");
+    row("timer, logged in", "init;in;|;tick", "roaming 1");
+    row("unread", "store a8@3;init;|;unread a;unread a;unread x", "unread 1");
+    row("unread, row comes later", "init;unread x;|;add x2@5", "rows 1;added x;unread 1");
+    row("unread, row comes with a reload", "init;unread x;store x2@5;|;arrived",
+        "rows 0;rows 1;batch 106;unread 1");
+    row("seen", "store a8@3;init;unread a;|;seen;seen", "unread 0");
+    row("logout forgets marks", "store a2@3;init;unread a;|;logout",
+        "wait;rows 0;unread 0;finish;rows 0;rows 1;batch 106");
+    row("no model",
+        "store a8@3;nomodel;first;init;arrived;add a8;remove a8;change a8;login;logout;in;tick;unread a;seen",
+        "");
+}
+
+void TestLogic::steps()
+{
+    QFETCH(QString, script);
+    Bench bench;
+    const QStringList steps = script.split(QLatin1Char(';'));
+    for (const QString &step : steps) {
+        if (step == QLatin1String("|"))
+            bench.log.clear();
+        else
+            bench.run(step);
+    }
+    QTEST(bench.log.join(QLatin1Char(';')), "expected");
+}
+
+void TestLogic::kinds_data()
+{
+    QTest::addColumn<QVariant>("setting");
+    QTest::addColumn<QString>("expected");
+
+    QTest::newRow("default") << QVariant() << QStringLiteral("finish;rows 0;rows 4;batch 106");
+    QTest::newRow("can only narrow") << QVariant(255) << QStringLiteral("finish;rows 0;rows 4;batch 106");
+    QTest::newRow("roaming only") << QVariant(2) << QStringLiteral("finish;rows 0;rows 1;batch 2");
+    QTest::newRow("none") << QVariant(0) << QString();
+    QTest::newRow("only kinds that do not exist") << QVariant(149) << QString();
+    QTest::newRow("not a number") << QVariant(QStringLiteral("all"))
+                                  << QStringLiteral("finish;rows 0;rows 4;batch 106");
+}
+
+void TestLogic::kinds()
+{
+    QFETCH(QVariant, setting);
+    setSetting(QStringLiteral("zelbox"), QStringLiteral("RecentRecordType"), setting);
+    Bench bench;
+    bench.run(QStringLiteral("store a2@9 b8@8 c32@7 d64@6 e1@5 f4@4 g16@3 h128@2"));
+    bench.run(QStringLiteral("init"));
+    QTEST(bench.log.join(QLatin1Char(';')), "expected");
+
+    // Once read, it holds for the process.
+    KSettings settings;
+    settings.setValue(QStringLiteral("zelbox/RecentRecordType"), 8);
+    bench.log.clear();
+    bench.run(QStringLiteral("logout"));
+    QVERIFY(!bench.log.contains(QStringLiteral("batch 8")));
+}
+
+void TestLogic::refreshInterval_data()
+{
+    QTest::addColumn<QVariant>("setting");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("default") << QVariant() << 1800000;
+    QTest::newRow("set") << QVariant(QStringLiteral("60000")) << 60000;
+    QTest::newRow("not decimal") << QVariant(QStringLiteral("0x10")) << 0;
+    QTest::newRow("not a number") << QVariant(QStringLiteral("often")) << 0;
+    QTest::newRow("negative") << QVariant(QStringLiteral("-5")) << 0;
+}
+
+void TestLogic::refreshInterval()
+{
+    QFETCH(QVariant, setting);
+    setSetting(QStringLiteral("plugins/zelbox"), QStringLiteral("updateRoamingFilesInterval"), setting);
+    Bench bench;
+    auto *timer = bench.logic->findChild<QTimer *>(QStringLiteral("roamingRefresh"));
+    QVERIFY(!timer->isActive()); // nothing runs before the window is there
+    bench.run(QStringLiteral("first"));
+    QVERIFY(timer->isActive());
+    QVERIFY(!timer->isSingleShot());
+    QTEST(timer->interval(), "expected");
+}
+
+void TestLogic::everyUnreadNoticeLeadsToOneSync()
+{
+    Bench bench;
+    QElapsedTimer timer;
+    timer.start();
+    bench.run(QStringLiteral("unread x"));
+    bench.run(QStringLiteral("unread y"));
+    QTRY_COMPARE_WITH_TIMEOUT(bench.store.roamingRequests, 2, 8000);
+    QVERIFY(timer.elapsed() >= 3900);
+    QCOMPARE(bench.log, QStringList({QStringLiteral("roaming 1 sync"), QStringLiteral("roaming 1 sync")}));
+}
+
+void TestLogic::marksSurviveAReload()
+{
+    Bench bench;
+    bench.run(QStringLiteral("store a2@3 b2@2"));
+    bench.run(QStringLiteral("init"));
+    bench.run(QStringLiteral("unread b"));
+    bench.run(QStringLiteral("arrived"));
+    QCOMPARE(bench.model.unreadCount(), 1);
+    QCOMPARE(bench.model.index(1).data(ZelBoxRecentFileModel::UnreadRole).toInt(),
+        int(ZelBoxRecentFileModel::Modified));
+}
+
+void TestLogic::opening_data()
+{
+    using Outcome = KDocumentOpener::Outcome;
+    QTest::addColumn<KDocumentOpener::Outcome>("outcome");
+    QTest::addColumn<QString>("storeAsked");
+    QTest::addColumn<int>("problem"); // -1: none
+    QTest::newRow("opened") << Outcome::Opened << QStringLiteral("note /data/docs/a.odt") << -1;
+    QTest::newRow("missing") << Outcome::Missing << QStringLiteral("check a")
+                             << int(KRecentFileLogic::OpenProblem::Missing);
+    QTest::newRow("not readable") << Outcome::NotReadable << QString()
+                                  << int(KRecentFileLogic::OpenProblem::NotReadable);
+    QTest::newRow("no program") << Outcome::NoProgram << QString()
+                                << int(KRecentFileLogic::OpenProblem::NoProgram);
+}
+
+void TestLogic::opening()
+{
+    QFETCH(KDocumentOpener::Outcome, outcome);
+    QFETCH(int, problem);
+    Bench bench;
+    bench.run(QStringLiteral("store a8@3"));
+    bench.run(QStringLiteral("init"));
+    bench.log.clear();
+    QSignalSpy failed(bench.logic.get(), &KRecentFileLogic::openFailed);
+    const QString path = QStringLiteral("/data/docs/a.odt");
+    bench.logic->open(bench.model.index(0));
+    bench.logic->open(bench.model.index(0)); // a second time before the answer
+    bench.logic->open({});
+    QCOMPARE(bench.opener.asked, QStringList{path});
+    bench.opener.answer(QStringLiteral("/some/other/page.odt"), outcome);
+    QCOMPARE(bench.log, QStringList());
+    bench.run(QStringLiteral("remove a8")); // gone while the desktop looks for a program
+    bench.log.clear();
+    bench.opener.answer(path, outcome);
+    bench.opener.answer(path, outcome);
+    QTEST(bench.log.join(QLatin1Char(';')), "storeAsked");
+    QCOMPARE(failed.size(), problem < 0 ? 0 : 1);
+    if (problem >= 0)
+        QCOMPARE(int(failed.at(0).at(1).value<KRecentFileLogic::OpenProblem>()), problem);
+}
+
+void TestLogic::onlyUnknownPresenceIsAskedFor()
+{
+    Bench bench;
+    RecordInfoList list = Bench::parse(QStringLiteral("a8@9 b8@8 c8@7 d2@6 e8@5"));
+    list[1].presence = RecentFileInfo::Presence::Present;
+    list[3].path.clear();
+    bench.store.content = list;
+    bench.run(QStringLiteral("init"));
+    bench.log.clear();
+    bench.logic->checkPresence(0, 3);
+    bench.logic->checkPresence(4, 99);
+    bench.logic->checkPresence(1, 1);
+    QCOMPARE(bench.log, QStringList({QStringLiteral("check a c"), QStringLiteral("check e")}));
+}
+
+QTEST_GUILESS_MAIN(TestLogic)
+#include "tst_logic.moc"

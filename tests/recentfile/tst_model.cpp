@@ -1,0 +1,298 @@
+#include "recentfile/recentfilemodel.h"
+
+#include "recentfile/records.h"
+
+#include <QAbstractItemModelTester>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace recenttest;
+using Model = ZelBoxRecentFileModel;
+
+namespace {
+
+/// "id@time/kind" of every row; "!" marks unread ones.
+QStringList printModel(const Model &model)
+{
+    QStringList rows;
+    for (int row = 0; row < model.rowCount(); ++row) {
+        const QModelIndex index = model.index(row);
+        rows << QStringLiteral("%1@%2/%3%4")
+                    .arg(index.data(Model::IdRole).toString())
+                    .arg(index.data(Model::LastAccessRole).toDateTime().toMSecsSinceEpoch())
+                    .arg(index.data(Model::GroupKindRole).toInt())
+                    .arg(index.data(Model::UnreadRole).toInt() == -1 ? QString() : QStringLiteral("!"));
+    }
+    return rows;
+}
+
+QStringList ids(const Model &model)
+{
+    QStringList rows;
+    for (int row = 0; row < model.rowCount(); ++row)
+        rows << model.record(row).id;
+    return rows;
+}
+
+} // namespace
+
+class TestModel : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { setZone("UTC"); }
+    void roles_data();
+    void roles();
+    void badRecordsDoNotGetIn();
+    void reloadIsOneRemovalAndOneInsertion();
+    void updateTellsWhatChanged_data();
+    void updateTellsWhatChanged();
+    void randomChangesKeepOrder();
+    void marks();
+    void aNewDayMovesTheGroups();
+};
+
+void TestModel::roles_data()
+{
+    QTest::addColumn<int>("role");
+    QTest::addColumn<QVariant>("expected");
+
+    const QString path = QStringLiteral("/data/my docs/archive.tar.gz");
+    QTest::newRow("256 id") << 256 << QVariant(QStringLiteral("x"));
+    QTest::newRow("257 display text") << 257 << QVariant(QStringLiteral("shown"));
+    QTest::newRow("258 path") << 258 << QVariant(path);
+    QTest::newRow("259 suffix") << 259 << QVariant(QStringLiteral("gz"));
+    QTest::newRow("260 base name") << 260 << QVariant(QStringLiteral("archive.tar"));
+    QTest::newRow("262 cloud name") << 262 << QVariant(QStringLiteral("In the cloud.tgz"));
+    QTest::newRow("264 name") << 264 << QVariant(QStringLiteral("archive.tar.gz"));
+    QTest::newRow("267 time") << 267 << QVariant(at(QStringLiteral("2024-03-20 09:05")));
+    QTest::newRow("268 time text") << 268 << QVariant(QStringLiteral("09:05"));
+    QTest::newRow("269 cloud-backed") << 269 << QVariant(true);
+    QTest::newRow("270 roaming") << 270 << QVariant(false);
+    QTest::newRow("271 unread") << 271 << QVariant(-1);
+    QTest::newRow("272 cloud id") << 272 << QVariant(qint64(1) << 40);
+    QTest::newRow("261 is free") << 261 << QVariant();
+    QTest::newRow("display") << int(Qt::DisplayRole) << QVariant(QStringLiteral("archive.tar.gz"));
+    QTest::newRow("tool tip") << int(Qt::ToolTipRole) << QVariant(path);
+    QTest::newRow("accessible") << int(Qt::AccessibleTextRole)
+                                << QVariant(QStringLiteral("archive.tar.gz, 09:05, Missing"));
+    QTest::newRow("presence") << int(Model::PresenceRole) << QVariant(int(RecentFileInfo::Presence::Missing));
+}
+
+void TestModel::roles()
+{
+    const FixedNow now(at(QStringLiteral("2024-03-20 10:00")));
+    RecentFileInfo info = record(QStringLiteral("x"), at(QStringLiteral("2024-03-20 09:05")));
+    info.path = QStringLiteral("/data/my docs/archive.tar.gz");
+    info.displayText = QStringLiteral("shown");
+    info.cloudName = QStringLiteral("In the cloud.tgz");
+    info.cloudFileId = qint64(1) << 40;
+    info.cloudBacked = true;
+    info.presence = RecentFileInfo::Presence::Missing;
+    Model model;
+    model.setRecords({info});
+
+    QFETCH(int, role);
+    QTEST(model.index(0).data(role), "expected");
+
+    info.roaming = true;
+    model.updateRecord(info);
+    QCOMPARE(model.index(0).data(Model::NameRole).toString(), info.cloudName);
+    info.cloudName.clear();
+    info.path.clear();
+    model.updateRecord(info);
+    QCOMPARE(model.index(0).data(Qt::DisplayRole).toString(), info.displayText);
+}
+
+void TestModel::badRecordsDoNotGetIn()
+{
+    Model model;
+    QAbstractItemModelTester tester(&model);
+    model.setRecords({record(QStringLiteral("a"), 5), record({}, 7), record(QStringLiteral("a"), 9),
+        record(QStringLiteral("b"), 9),
+        record(QStringLiteral("c"), 20)}); // unsorted, one id twice, one empty
+    QCOMPARE(ids(model), QStringList({QStringLiteral("c"), QStringLiteral("a"), QStringLiteral("b")}));
+    QCOMPARE(model.addRecord(record({}, 1)), -1);
+    QVERIFY(!model.updateRecord(record(QStringLiteral("nobody"), 1)));
+    QVERIFY(!model.removeRecord(QStringLiteral("nobody")));
+    QVERIFY(!model.removeRows(2, 2));
+    QVERIFY(!model.removeRows(-1, 1));
+    QVERIFY(!model.data(model.index(7), Model::NameRole).isValid());
+    QCOMPARE(model.addRecord(record(QStringLiteral("b"), 30)), 0); // known: moves instead
+    QCOMPARE(model.rowCount(), 3);
+    QVERIFY(model.removeRecord(QStringLiteral("a")));
+    QCOMPARE(ids(model), QStringList({QStringLiteral("b"), QStringLiteral("c")}));
+}
+
+void TestModel::reloadIsOneRemovalAndOneInsertion()
+{
+    RecordInfoList list;
+    for (int i = 0; i < 1000; ++i)
+        list << record(QString::number(i), 1000 - i);
+    Model model;
+    model.setRecords(list);
+    QSignalSpy removed(&model, &Model::rowsRemoved);
+    QSignalSpy inserted(&model, &Model::rowsInserted);
+    QSignalSpy counts(&model, &Model::rowCountChanged);
+    bool grouped = false;
+    connect(&model, &Model::rowsInserted, this, [&] { grouped = model.groups()[6].count == 500; });
+    model.setRecords(list.mid(500));
+    QCOMPARE(removed.size(), 1);
+    QCOMPARE(inserted.size(), 1);
+    QCOMPARE(inserted.at(0).at(2).toInt(), 499);
+    QCOMPARE(counts.size(), 2);
+    QCOMPARE(counts.at(0).at(0).toInt(), 0);
+    QCOMPARE(counts.at(1).at(0).toInt(), 500);
+    QVERIFY(grouped); // a view that lays out on rowsInserted() finds the new groups
+}
+
+void TestModel::updateTellsWhatChanged_data()
+{
+    QTest::addColumn<qint64>("time");
+    QTest::addColumn<bool>("missing");
+    QTest::addColumn<QList<int>>("move"); // from, to
+    QTest::addColumn<QVector<int>>("roles");
+
+    const QVector<int> times{
+        Model::LastAccessRole, Model::TimeTextRole, Model::GroupKindRole, Qt::AccessibleTextRole};
+    QTest::newRow("nothing") << 20LL << false << QList<int>() << QVector<int>();
+    QTest::newRow("presence") << 20LL << true << QList<int>()
+                              << QVector<int>({Model::PresenceRole, Qt::AccessibleTextRole});
+    QTest::newRow("time, same place") << 25LL << false << QList<int>() << times;
+    QTest::newRow("time, to the top") << 40LL << false << QList<int>{1, 0} << times;
+    QTest::newRow("time, to the end") << 1LL << false << QList<int>{1, 3} << times;
+    QTest::newRow("same time as the next, id decides") << 10LL << false << QList<int>() << times;
+}
+
+void TestModel::updateTellsWhatChanged()
+{
+    Model model;
+    QAbstractItemModelTester tester(&model);
+    model.setRecords(
+        {record(QStringLiteral("a"), 30), record(QStringLiteral("b"), 20), record(QStringLiteral("c"), 10)});
+    QSignalSpy moved(&model, &Model::rowsMoved);
+    QSignalSpy changed(&model, &Model::dataChanged);
+
+    QFETCH(qint64, time);
+    QFETCH(bool, missing);
+    QFETCH(QList<int>, move);
+    QFETCH(QVector<int>, roles);
+    RecentFileInfo next = record(QStringLiteral("b"), time);
+    if (missing)
+        next.presence = RecentFileInfo::Presence::Missing;
+    QVERIFY(model.updateRecord(next));
+    QCOMPARE(moved.size(), move.isEmpty() ? 0 : 1);
+    if (!move.isEmpty())
+        QCOMPARE(QList<int>({moved.at(0).at(1).toInt(), moved.at(0).at(4).toInt()}), move);
+    QCOMPARE(changed.size(), roles.isEmpty() ? 0 : 1);
+    if (!roles.isEmpty()) {
+        QCOMPARE(changed.at(0).at(2).value<QVector<int>>(), roles);
+        QCOMPARE(changed.at(0).at(0).toModelIndex().data(Model::IdRole).toString(), next.id);
+    }
+}
+
+// The model against a plain vector that is sorted anew after each of many random changes.
+void TestModel::randomChangesKeepOrder()
+{
+    const FixedNow now(at(QStringLiteral("2024-03-20 10:00")));
+    const qint64 base = at(QStringLiteral("2024-03-20 09:00")).toMSecsSinceEpoch();
+    Model model;
+    QAbstractItemModelTester tester(&model);
+    QVector<RecentFileInfo> plain;
+    QRandomGenerator random(20240320);
+    const auto find = [&](const QString &id) {
+        return std::find_if(
+            plain.begin(), plain.end(), [&](const RecentFileInfo &info) { return info.id == id; });
+    };
+    for (int step = 0; step < 3000; ++step) {
+        RecentFileInfo info = record(QString::number(random.bounded(60)),
+            base - random.bounded(200) * 86400000LL / 2); // equal times happen
+        info.unread = random.bounded(4) == 0 ? random.bounded(2) : -1;
+        const auto known = find(info.id);
+        if (random.bounded(3) == 0) {
+            QCOMPARE(model.removeRecord(info.id), known != plain.end());
+            if (known != plain.end())
+                plain.erase(known);
+        } else if (known != plain.end()) {
+            model.updateRecord(info);
+            const int unread = info.unread == -1 ? known->unread : info.unread;
+            *known = info;
+            known->unread = unread;
+        } else {
+            model.addRecord(info);
+            plain.append(info);
+        }
+        std::sort(plain.begin(), plain.end(), [](const RecentFileInfo &a, const RecentFileInfo &b) {
+            return std::pair(-a.lastAccess, a.id) < std::pair(-b.lastAccess, b.id);
+        });
+        if (step % 50 != 0)
+            continue;
+        Model fresh;
+        fresh.setRecords(plain);
+        QCOMPARE(printModel(model), printModel(fresh));
+        QCOMPARE(model.groups(), fresh.groups());
+        QCOMPARE(model.unreadCount(), int(std::count_if(plain.cbegin(), plain.cend(), [](const auto &one) {
+            return one.unread != -1;
+        })));
+        for (int row = 0; row < plain.size(); ++row)
+            QCOMPARE(model.rowOf(plain.at(row).id), row);
+    }
+}
+
+void TestModel::marks()
+{
+    RecentFileInfo cloud = record(QStringLiteral("c"), 10);
+    cloud.cloudFileId = 77;
+    Model model;
+    model.setRecords({record(QStringLiteral("a"), 30), record(QStringLiteral("b"), 20), cloud});
+    QSignalSpy changed(&model, &Model::dataChanged);
+    const ZELBOX_ROAMING_MSGLIST messages{
+        {QStringLiteral("a"), {}}, {QStringLiteral("77"), {}}, {QStringLiteral("9"), {}}};
+
+    auto result = model.markUnread(messages, Model::Modified);
+    QVERIFY(result.changed);
+    QCOMPARE(result.unknownIds, QStringList{QStringLiteral("9")});
+    QCOMPARE(model.unreadCount(), 2);
+    QCOMPARE(changed.size(), 2);
+    QCOMPARE(model.index(2).data(Model::UnreadRole).toInt(), int(Model::Modified));
+
+    result = model.markUnread(messages, Model::Modified);
+    QVERIFY(!result.changed);
+    model.updateRecord(record(QStringLiteral("a"), 40)); // the store knows nothing of marks
+    QCOMPARE(model.unreadCount(), 2);
+    model.removeRecord(QStringLiteral("a"));
+    QCOMPARE(model.unreadCount(), 1);
+    QVERIFY(model.setData(model.index(0), 0, Model::UnreadRole));
+    QVERIFY(!model.setData(model.index(0), QStringLiteral("x"), Model::NameRole));
+    QCOMPARE(model.unreadCount(), 2);
+    QVERIFY(model.clearUnread());
+    QVERIFY(!model.clearUnread());
+    QCOMPARE(model.unreadCount(), 0);
+}
+
+void TestModel::aNewDayMovesTheGroups()
+{
+    const FixedNow now(at(QStringLiteral("2024-12-31 23:59")));
+    Model model;
+    model.setRecords({record(QStringLiteral("a"), at(QStringLiteral("2024-12-31 12:00"))),
+        record(QStringLiteral("b"), at(QStringLiteral("2024-11-15 12:00")))});
+    QCOMPARE(model.groups()[0].count, 1);
+    QCOMPARE(model.groups()[4].title, QStringLiteral("11 Month"));
+    QSignalSpy changed(&model, &Model::dataChanged);
+    QSignalSpy grouped(&model, &Model::groupsChanged);
+    model.refreshDay();
+    QCOMPARE(changed.size(), 0); // still the same day
+
+    zel::setFixedNow(at(QStringLiteral("2025-01-01 00:00")));
+    model.refreshDay();
+    QCOMPARE(grouped.size(), 1);
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(changed.at(0).at(1).toModelIndex().row(), 1);
+    QCOMPARE(model.groups()[1].count, 1);
+    QCOMPARE(model.groups()[5].title, QStringLiteral("2024 Year 11 Month"));
+    QCOMPARE(model.index(0).data(Model::TimeTextRole).toString(), QStringLiteral("yesterday 12:00"));
+}
+
+QTEST_GUILESS_MAIN(TestModel)
+#include "tst_model.moc"

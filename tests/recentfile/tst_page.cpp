@@ -1,0 +1,314 @@
+#include "recentfile/ui/recentfile.h"
+
+#include "fakes.h"
+#include "kdcinfoc.h"
+#include "ksettings.h"
+#include "recentfile/recentfilemodel.h"
+#include "recentfile/recentsettings.h"
+#include "recentfile/ui/inlinenotice.h"
+#include "recentfile/ui/loadingindicator.h"
+#include "recentfile/ui/recentfilelistview.h"
+#include "recentfile/ui/recentfilewidget.h"
+
+#include <QAbstractButton>
+#include <QFile>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QTest>
+#include <memory>
+
+using namespace recenttest;
+using State = ZelBoxRecentFileWidgetBase::State;
+
+class TestPage : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void statesOfAFirstLoad_data();
+    void statesOfAFirstLoad();
+    void outtimeOffersRetryAndFeedback();
+    void logoutWaitsAgain();
+    void loadingShowsNothingAtFirst();
+    void reloadNeverShowsTheEmptyPage();
+    void failuresAreSaidAndGoAway_data();
+    void failuresAreSaidAndGoAway();
+    void openingByMouseAndKeyboard();
+    void telemetry();
+
+private:
+    void make(int rows, bool ready = true);
+    void set(const QString &key, const QVariant &value);
+    ZelBoxRecentFileWidget *page() const { return m_recent->page(); }
+    QPushButton *button(const QString &text) const;
+    QStringList events() const;
+
+    FakeStore m_store;
+    std::unique_ptr<KRecentFileEvents> m_events;
+    FakeOpener m_opener;
+    QStringList m_log;
+    std::unique_ptr<ZelBoxRecentFile> m_recent;
+};
+
+void TestPage::set(const QString &key, const QVariant &value)
+{
+    KSettings settings;
+    settings.beginGroup(QStringLiteral("zelbox"));
+    if (value.isValid())
+        settings.setValue(key, value);
+    else
+        settings.remove(key);
+    zel::recent::resetSettingsCache();
+}
+
+void TestPage::init()
+{
+    set(QStringLiteral("recentFileLoadingOuttimeTime"), {});
+    set(QStringLiteral("RecentRecordType"), {});
+    m_events = std::make_unique<KRecentFileEvents>();
+    m_store = {};
+    m_opener.asked.clear();
+    m_log.clear();
+    m_store.log = &m_log;
+}
+
+void TestPage::cleanup()
+{
+    m_recent.reset();
+}
+
+void TestPage::make(int rows, bool ready)
+{
+    m_store.ready = ready;
+    m_store.content.clear();
+    for (int i = 0; i < rows; ++i)
+        m_store.content << record(QString::number(i), QDateTime::currentMSecsSinceEpoch() - i * 1000);
+    m_recent = std::make_unique<ZelBoxRecentFile>(
+        KRecentFileLogic::Services{&m_store, m_events.get(), &m_opener, {}});
+    page()->resize(700, 500);
+    page()->show();
+    QVERIFY(QTest::qWaitForWindowActive(page()));
+    QCOMPARE(page()->state(), State::Waiting);
+}
+
+QPushButton *TestPage::button(const QString &text) const
+{
+    const auto buttons = page()->findChildren<QPushButton *>();
+    const auto found = std::find_if(buttons.cbegin(), buttons.cend(),
+        [&](QPushButton *b) { return b->text() == text && b->isVisible(); });
+    return found == buttons.cend() ? nullptr : *found;
+}
+
+void TestPage::statesOfAFirstLoad_data()
+{
+    QTest::addColumn<int>("mask");
+    QTest::addColumn<int>("rows");
+    QTest::addColumn<bool>("ready");
+    QTest::addColumn<int>("expected");
+    QTest::newRow("list") << 106 << 3 << true << int(State::List);
+    QTest::newRow("empty") << 106 << 0 << true << int(State::Empty);
+    QTest::newRow("store not ready") << 106 << 3 << false << int(State::TimedOut);
+    QTest::newRow("no kinds") << 0 << 3 << true << int(State::Empty);
+    QTest::newRow("no kinds, not ready") << 0 << 3 << false << int(State::Empty);
+}
+
+void TestPage::statesOfAFirstLoad()
+{
+    QFETCH(int, mask);
+    QFETCH(int, rows);
+    QFETCH(bool, ready);
+    set(QStringLiteral("RecentRecordType"), mask);
+    set(QStringLiteral("recentFileLoadingOuttimeTime"), 100);
+    make(rows, ready);
+    page()->onWindowFirstShown();
+    if (ready)
+        QTEST(int(page()->state()), "expected"); // at once
+    QTRY_VERIFY(page()->state() != State::Waiting);
+    QTEST(int(page()->state()), "expected");
+    auto *count = page()->findChild<QLabel *>(QStringLiteral("text-count"));
+    QCOMPARE(count->isVisible(), page()->state() == State::List);
+    QCOMPARE(page()->findChild<QLabel *>(QStringLiteral("text-title"))->text(), QStringLiteral("Recent"));
+
+    // Rows that come and go later.
+    if (page()->state() != State::Empty || mask == 0)
+        return;
+    Q_EMIT m_events->recordsAdded({record(QStringLiteral("new"), 5)});
+    QCOMPARE(page()->state(), State::List);
+    QCOMPARE(count->text(), QStringLiteral("1"));
+    Q_EMIT m_events->recordsRemoved({record(QStringLiteral("new"), 5)});
+    QCOMPARE(page()->state(), State::Empty);
+}
+
+void TestPage::outtimeOffersRetryAndFeedback()
+{
+    set(QStringLiteral("recentFileLoadingOuttimeTime"), 20);
+    make(3, false);
+    page()->onWindowFirstShown();
+    QTRY_COMPARE(page()->state(), State::TimedOut);
+    QSignalSpy feedback(page(), &ZelBoxRecentFileWidgetBase::sigFeedBack);
+    QTest::mouseClick(button(QStringLiteral("Feedback")), Qt::LeftButton);
+    QCOMPARE(feedback.size(), 1);
+    QCOMPARE(page()->state(), State::TimedOut);
+
+    m_log.clear();
+    QTest::mouseClick(button(QStringLiteral("Retry")), Qt::LeftButton);
+    QCOMPARE(page()->state(), State::Waiting);
+    QCOMPARE(m_log, QStringList({QStringLiteral("roaming 1 sync"), QStringLiteral("init 2")}));
+    QTRY_COMPARE(page()->state(), State::TimedOut); // once more
+
+    m_store.ready = true;
+    Q_EMIT m_events->initFinished(); // late, but there
+    QCOMPARE(page()->state(), State::List);
+}
+
+void TestPage::logoutWaitsAgain()
+{
+    make(3);
+    page()->onWindowFirstShown();
+    QCOMPARE(page()->state(), State::List);
+    m_store.ready = false;
+    page()->onLoginStatusChanged(false);
+    QCOMPARE(page()->state(), State::Waiting);
+    m_store.ready = true;
+    Q_EMIT m_events->initFinished();
+    QCOMPARE(page()->state(), State::List);
+}
+
+void TestPage::loadingShowsNothingAtFirst()
+{
+    make(3, false);
+    page()->onWindowFirstShown();
+    auto *indicator = page()->findChild<LoadingIndicator *>();
+    QVERIFY(indicator->isVisible());
+    QVERIFY(!indicator->isAnimating());
+    QTRY_VERIFY(indicator->isAnimating());
+    m_store.ready = true;
+    Q_EMIT m_events->initFinished();
+    QVERIFY(!indicator->isVisible());
+    QVERIFY(!indicator->isAnimating());
+}
+
+void TestPage::reloadNeverShowsTheEmptyPage()
+{
+    make(3);
+    page()->onWindowFirstShown();
+    QSignalSpy counts(page()->findChild<ZelBoxRecentFileModel *>(), &ZelBoxRecentFileModel::rowCountChanged);
+    QVector<State> seen;
+    connect(page()->findChild<ZelBoxRecentFileModel *>(), &ZelBoxRecentFileModel::rowCountChanged, this,
+        [&] { seen << page()->state(); });
+    m_store.content.removeLast();
+    Q_EMIT m_events->recordsArrived();
+    QCOMPARE(counts.size(), 2);
+    QCOMPARE(seen, QVector<State>({State::List, State::List}));
+    QCOMPARE(page()->findChild<QLabel *>(QStringLiteral("text-count"))->text(), QStringLiteral("2"));
+    m_store.content.clear();
+    Q_EMIT m_events->recordsArrived();
+    QCOMPARE(page()->state(), State::Empty);
+}
+
+void TestPage::failuresAreSaidAndGoAway_data()
+{
+    using Outcome = KDocumentOpener::Outcome;
+    QTest::addColumn<KDocumentOpener::Outcome>("outcome");
+    QTest::addColumn<QString>("word");
+    QTest::addColumn<bool>("byKey");
+    QTest::newRow("missing") << Outcome::Missing << QStringLiteral("no longer there") << false;
+    QTest::newRow("not readable") << Outcome::NotReadable << QStringLiteral("permission") << true;
+    QTest::newRow("no program") << Outcome::NoProgram << QStringLiteral("program") << false;
+}
+
+void TestPage::failuresAreSaidAndGoAway()
+{
+    QFETCH(KDocumentOpener::Outcome, outcome);
+    QFETCH(QString, word);
+    QFETCH(bool, byKey);
+    make(3);
+    page()->onWindowFirstShown();
+    auto *notice = page()->findChild<InlineNotice *>();
+    QVERIFY(!notice->isVisible());
+    page()->onItemDoubleClicked(page()->view()->model()->index(0, 0));
+    m_opener.answer(m_opener.asked.value(0), outcome);
+    QVERIFY(notice->isVisible());
+    QVERIFY2(notice->text().contains(word), qPrintable(notice->text()));
+    auto *close = notice->findChild<QAbstractButton *>();
+    if (byKey)
+        QTest::keyClick(close, Qt::Key_Escape);
+    else
+        QTest::mouseClick(close, Qt::LeftButton);
+    QVERIFY(!notice->isVisible());
+    QVERIFY(!notice->findChild<QTimer *>() || !notice->findChild<QTimer *>()->isActive());
+}
+
+void TestPage::openingByMouseAndKeyboard()
+{
+    make(3);
+    page()->onWindowFirstShown();
+    auto *view = page()->view();
+    view->setFocus();
+    QSignalSpy opens(page(), &ZelBoxRecentFileWidgetBase::sigRecentFileItemOpen);
+    const QPoint second = view->visualRect(view->model()->index(1, 0)).center();
+    m_log.clear();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, second);
+    QCOMPARE(m_opener.asked.size(), 0);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, second);
+    QCOMPARE(m_opener.asked, QStringList{m_store.content.at(1).path});
+    QVERIFY(m_log.contains(QStringLiteral("roaming 1 sync")));
+    m_opener.answer(m_opener.asked.at(0), KDocumentOpener::Outcome::Opened);
+    QVERIFY(m_log.contains(QStringLiteral("note ") + m_store.content.at(1).path));
+    QTest::keyClick(view, Qt::Key_Down);
+    QTest::keyClick(view, Qt::Key_Return);
+    QCOMPARE(m_opener.asked.value(1), m_store.content.at(2).path);
+    QCOMPARE(m_opener.asked.size(), 2);
+    QCOMPARE(opens.size(), 2);
+}
+
+QStringList TestPage::events() const
+{
+    QFile file(qEnvironmentVariable("XDG_STATE_HOME") + QStringLiteral("/zelbox/telemetry.jsonl"));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    QStringList lines;
+    while (!file.atEnd())
+        lines << QString::fromUtf8(file.readLine()).trimmed();
+    return lines;
+}
+
+void TestPage::telemetry()
+{
+    KDcInfoC::setEnabled(true);
+    make(3);
+    page()->onWindowFirstShown();
+    auto *view = page()->view();
+    const QPoint second = view->visualRect(view->model()->index(1, 0)).center();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, second);
+    const auto all = [this] { return events().join(QLatin1Char('\n')); };
+    QTRY_VERIFY(all().contains(QStringLiteral("zelbox_mainbox_recent_filelist_click")));
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, second);
+    QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, second);
+    KDcInfoC::setEnabled(false);
+
+    const QStringList lines = events();
+    QCOMPARE(lines.size(), 4); // the click of a double click is not counted as one
+    const QStringList expected{QStringLiteral("zelbox_mainbox_recent_show"),
+        QStringLiteral("zelbox_mainbox_recent_filelist_show"),
+        QStringLiteral("zelbox_mainbox_recent_filelist_click"),
+        QStringLiteral("zelbox_mainbox_recent_filelist_doubleclick")};
+    const QVector<QStringList> parameters{{QStringLiteral("unlogin"), QStringLiteral("notenablecarry"),
+                                              QStringLiteral("badgenumber"), QStringLiteral("resultcount")},
+        {},
+        {QStringLiteral("index"), QStringLiteral("filesize"), QStringLiteral("fileupdatetime"),
+            QStringLiteral("icon"), QStringLiteral("update")},
+        {QStringLiteral("position"), QStringLiteral("filestatus"), QStringLiteral("doubleclick")}};
+    for (int i = 0; i < lines.size(); ++i) {
+        QVERIFY2(lines.at(i).contains(expected.at(i)), qPrintable(lines.at(i)));
+        for (const QString &name : parameters.at(i))
+            QVERIFY2(
+                lines.at(i).contains(QLatin1Char('"') + name + QLatin1Char('"')), qPrintable(lines.at(i)));
+        QVERIFY(!lines.at(i).contains(QStringLiteral("/data/docs"))); // never what the documents are called
+    }
+}
+
+QTEST_MAIN(TestPage)
+#include "tst_page.moc"
