@@ -6,7 +6,8 @@
 #include <memory>
 
 /// The box's end of the link to the cloud-service process. GUI thread.
-/// Starts the process, keeps one connection to it and tells when it is there. Requests join it with the wire records.
+/// Starts the process, keeps one connection to it and tells when it is there. Requests join it with the wire
+/// records.
 class ZELPLATFORM_EXPORT KCloudSvrProxy : public QObject
 {
     Q_OBJECT
@@ -14,8 +15,8 @@ public:
     explicit KCloudSvrProxy(QObject *parent = nullptr);
     ~KCloudSvrProxy() override;
 
-    /// Connects to a running service, else starts `zelcloud` with `arguments` (blank-separated) and connects once it
-    /// listens. Returns at once; velaInited() follows on success, a log line on failure.
+    /// Connects to a running service, else starts `zelcloud` with `arguments` (blank-separated) and connects
+    /// once it listens. Returns at once; velaInited() follows on success, a log line on failure.
     virtual void startVelaProcess(const QString &arguments);
     bool isConnected() const;
 
@@ -37,6 +38,7 @@ public:
     using QObject::QObject;
 
     virtual bool addBrowserPage(const QString &url);
-    virtual bool activateWindow(const QString &windowIdentity); ///< brings the named window of the client forward
+    virtual bool activateWindow(
+        const QString &windowIdentity); ///< brings the named window of the client forward
     virtual bool addPlumePage(const QString &url);
 };

@@ -19,15 +19,16 @@ enum : int {
 }
 
 /// One recent document. Plain value; copies share their texts.
-struct RecentFileInfo {
+struct RecentFileInfo
+{
     enum class Presence { Unknown, Present, Missing };
 
-    QString id;          ///< identity of the record; for local files the absolute path
-    int kind = 0;        ///< one bit of RecentRecordKind
-    QString path;        ///< absolute local path; empty for a roaming item without a local file
-    QString displayText; ///< the store's text for the record (file name)
-    QString cloudName;   ///< name in the cloud; empty for local records
-    QString mimeType;    ///< as the source says; may be empty
+    QString id;            ///< identity of the record; for local files the absolute path
+    int kind = 0;          ///< one bit of RecentRecordKind
+    QString path;          ///< absolute local path; empty for a roaming item without a local file
+    QString displayText;   ///< the store's text for the record (file name)
+    QString cloudName;     ///< name in the cloud; empty for local records
+    QString mimeType;      ///< as the source says; may be empty
     qint64 lastAccess = 0; ///< ms since epoch, UTC
     qint64 cloudFileId = 0;
     bool cloudBacked = false;
@@ -43,7 +44,8 @@ Q_DECLARE_METATYPE(RecentFileInfo)
 Q_DECLARE_METATYPE(RecordInfoList)
 
 /// Roaming items reported unread, by id.
-struct ZelBoxRoamingMsg {
+struct ZelBoxRoamingMsg
+{
     QString id;
     QDateTime time;
     bool operator==(const ZelBoxRoamingMsg &) const = default;
@@ -64,7 +66,7 @@ Q_SIGNALS:
     void recordsAdded(const RecordInfoList &records);
     void recordsRemoved(const RecordInfoList &records);
     void recordsChanged(const RecordInfoList &records); ///< time, presence, kind … of records already told of
-    void storeProblem(const QString &logText);          ///< the store was damaged or cannot be written; said once
+    void storeProblem(const QString &logText); ///< the store was damaged or cannot be written; said once
 };
 
 /// The recent-file store as the GUI thread sees it. Work happens on the store's own thread.
@@ -74,11 +76,12 @@ public:
     virtual ~KRecentFileProxy() = default;
 
     virtual bool isKindReady(int kind) const = 0;
-    virtual void initKind(int kind) = 0; ///< KRecentFileEvents::initFinished() follows once
+    virtual void initKind(int kind) = 0;        ///< KRecentFileEvents::initFinished() follows once
     virtual RecordInfoList records() const = 0; ///< newest first; a copy
     virtual void requestRoaming(int requestKind, const QString &filter, bool sync) = 0;
     virtual void removeRecords(const QStringList &ids) = 0; ///< forgets them; files stay
-    /// Notes that the box opened a file: the record moves to now, and the desktop's recently-used list is told.
+    /// Notes that the box opened a file: the record moves to now, and the desktop's recently-used list is
+    /// told.
     virtual void noteOpened(const QString &path) = 0;
     /// Looks on the store's thread whether these records' files exist; changes come as recordsChanged().
     virtual void checkPresence(const QStringList &ids) = 0;

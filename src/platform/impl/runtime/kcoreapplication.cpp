@@ -6,12 +6,47 @@
 #include "quvlite/kasynctask.h"
 #include "skinstate.h"
 
+#include <utility>
+
 namespace {
 
 KCoreApplication *application()
 {
     return qobject_cast<KCoreApplication *>(QCoreApplication::instance());
 }
+
+constexpr char GlVariable[] = "QT_XCB_GL_INTEGRATION";
+bool s_glVariableSet = false;
+
+// Nothing here paints with OpenGL, but the X11 plugin loads a driver for it, which costs more time and memory
+// than the whole box.
+void leaveGlOut()
+{
+    s_glVariableSet = !qEnvironmentVariableIsSet(GlVariable);
+    if (s_glVariableSet)
+        qputenv(GlVariable, "none");
+}
+
+// The plugin reads the variable with its first native window. Programs that the box starts must not inherit
+// it.
+class GlVariableRemover final : public QObject
+{
+public:
+    using QObject::QObject;
+
+    ~GlVariableRemover() override
+    {
+        if (std::exchange(s_glVariableSet, false))
+            qunsetenv(GlVariable);
+    }
+
+    bool eventFilter(QObject *watched, QEvent *event) override
+    {
+        if (event->type() == QEvent::PlatformSurface)
+            deleteLater();
+        return QObject::eventFilter(watched, event);
+    }
+};
 
 // What has to be said before QApplication's constructor runs.
 int &prepared(int &argc)
@@ -24,6 +59,7 @@ int &prepared(int &argc)
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
     QApplication::setDesktopFileName(QStringLiteral("zelbox"));
     QApplication::setStyle(new KLiteStyle); // the desktop's own style is not even loaded then
+    leaveGlOut();
     return argc;
 }
 
@@ -34,6 +70,7 @@ KCoreApplication::KCoreApplication(int &argc, char **argv, const QString &applic
     const QString & /*product*/, const QString &version)
     : QApplication(prepared(argc), argv)
 {
+    installEventFilter(new GlVariableRemover(this));
     setApplicationName(applicationName);
     setApplicationDisplayName(QStringLiteral("ZEL Box"));
     setApplicationVersion(version);

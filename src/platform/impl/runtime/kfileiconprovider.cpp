@@ -65,7 +65,7 @@ QIcon KFileIconProvider::findIcon(const QString &fileName, const QString &suffix
     if (fileName.endsWith(QLatin1Char('/')))
         return familyIcon(QLatin1String("folder"));
     if (m_items.contains(suffix)) {
-        const QIcon own(m_items.value(suffix));
+        QIcon own(m_items.value(suffix));
         if (!own.isNull() && !own.pixmap(16).isNull())
             return own;
     }
