@@ -1,28 +1,29 @@
 #pragma once
 
-#include <QLatin1String>
+#include "base/latin1.h"
 
 /// Every group and key of the settings store, once.
 namespace zel::keys {
 
-inline constexpr QLatin1String ApplicationSettings("Application Settings"); // group
-inline constexpr QLatin1String WindowPosX("WindowPosX");
-inline constexpr QLatin1String WindowPosY("WindowPosY");
-inline constexpr QLatin1String WindowWidth("WindowWidth");
-inline constexpr QLatin1String WindowHeight("WindowHeight");
-inline constexpr QLatin1String WindowIsMaximized("WindowIsMaximized");
+inline constexpr QLatin1String ApplicationSettings = latin1("Application Settings"); // group
+inline constexpr QLatin1String WindowPosX = latin1("WindowPosX");
+inline constexpr QLatin1String WindowPosY = latin1("WindowPosY");
+inline constexpr QLatin1String WindowWidth = latin1("WindowWidth");
+inline constexpr QLatin1String WindowHeight = latin1("WindowHeight");
+inline constexpr QLatin1String WindowIsMaximized = latin1("WindowIsMaximized");
 
-inline constexpr QLatin1String Plugins("plugins"); // group, holds group "zelbox"
-inline constexpr QLatin1String Zelbox("zelbox");   // group, also at the top level
-inline constexpr QLatin1String UpdateRoamingFilesInterval("updateRoamingFilesInterval"); // ms as text
-inline constexpr QLatin1String Theme("theme");       // "auto", "light", "dark"
-inline constexpr QLatin1String Language("language"); // locale name, empty: the desktop's
-inline constexpr QLatin1String TelemetryEnabled("telemetryEnabled");
-inline constexpr QLatin1String Enterprise("enterprise");
-inline constexpr QLatin1String CloseAction("closeAction"); // "hide", "ask"
+inline constexpr QLatin1String Plugins = latin1("plugins"); // group, holds group "zelbox"
+inline constexpr QLatin1String Zelbox = latin1("zelbox");   // group, also at the top level
+inline constexpr QLatin1String UpdateRoamingFilesInterval =
+    latin1("updateRoamingFilesInterval");                     // ms as text
+inline constexpr QLatin1String Theme = latin1("theme");       // "auto", "light", "dark"
+inline constexpr QLatin1String Language = latin1("language"); // locale name, empty: the desktop's
+inline constexpr QLatin1String TelemetryEnabled = latin1("telemetryEnabled");
+inline constexpr QLatin1String Enterprise = latin1("enterprise");
+inline constexpr QLatin1String CloseAction = latin1("closeAction"); // "hide", "ask"
 
 // Top-level group "zelbox".
-inline constexpr QLatin1String RecentRecordType("RecentRecordType");
-inline constexpr QLatin1String RecentFileLoadingOuttimeTime("recentFileLoadingOuttimeTime"); // ms
+inline constexpr QLatin1String RecentRecordType = latin1("RecentRecordType");
+inline constexpr QLatin1String RecentFileLoadingOuttimeTime = latin1("recentFileLoadingOuttimeTime"); // ms
 
 } // namespace zel::keys

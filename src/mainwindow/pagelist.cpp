@@ -36,7 +36,8 @@ QVector<PageInfo> pageList()
             text(QT_TRANSLATE_NOOP(
                 "Navigation", "Received and downloaded files will be listed here in a coming version."))},
         {source::MsgChannel, text(QT_TRANSLATE_NOOP("Navigation", "Channels")), icon("nav_channel"),
-            text(QT_TRANSLATE_NOOP("Navigation", "Message channels will be listed here in a coming version."))},
+            text(QT_TRANSLATE_NOOP(
+                "Navigation", "Message channels will be listed here in a coming version."))},
         {source::DesktopSync, text(QT_TRANSLATE_NOOP("Navigation", "Desktop sync")), icon("nav_sync"),
             text(QT_TRANSLATE_NOOP("Navigation",
                 "The state of your synchronised desktop will be shown here in a coming version."))},

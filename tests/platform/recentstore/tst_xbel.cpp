@@ -13,6 +13,8 @@
 #include <glib.h>
 #include <sys/stat.h>
 
+Q_DECLARE_METATYPE(zel::recent::XbelEditResult)
+
 using namespace zel::recent;
 using namespace zel::recent::test;
 
@@ -326,6 +328,5 @@ private Q_SLOTS:
     }
 };
 
-Q_DECLARE_METATYPE(XbelEditResult)
 QTEST_GUILESS_MAIN(XbelTest)
 #include "tst_xbel.moc"

@@ -12,7 +12,7 @@
 namespace zel::recent {
 namespace {
 
-constexpr int TokensAtOnce = 20'000; // some ten milliseconds
+constexpr int TokensAtOnce = 20000; // some ten milliseconds
 constexpr qint64 ClockTolerance = 24LL * 3600 * 1000;
 
 } // namespace
