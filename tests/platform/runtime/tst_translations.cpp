@@ -83,9 +83,9 @@ private Q_SLOTS:
         chooseLanguage(QStringLiteral("de"));
         putCatalogue(QStringLiteral("de"));
         QVERIFY(KAppTranslators::installTranslation(Name));
-        const int installed = qApp->children().size();
+        const int installed = QCoreApplication::instance()->children().size();
         QVERIFY(KAppTranslators::installTranslation(Name));
-        QCOMPARE(qApp->children().size(), installed);
+        QCOMPARE(QCoreApplication::instance()->children().size(), installed);
         chooseLanguage(QStringLiteral("fr"));
         QVERIFY(!KAppTranslators::installTranslation(Name));
         QCOMPARE(text(), QStringLiteral("Hello"));
