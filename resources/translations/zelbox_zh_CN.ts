@@ -47,6 +47,14 @@
             <source>The file never leaves this computer.</source>
             <translation>该文件不会离开本机。</translation>
         </message>
+        <message>
+            <source>Everything stays on this computer. Connecting a cloud server comes with a later version.</source>
+            <translation>所有内容都保存在本机。后续版本将支持连接云服务器。</translation>
+        </message>
+        <message>
+            <source>Cloud</source>
+            <translation>云服务</translation>
+        </message>
     </context>
     <context>
         <name>FolderSelectorDlg</name>
@@ -472,8 +480,8 @@
             <translation>暂无最近文件</translation>
         </message>
         <message>
-            <source>Documents that you open on this computer appear here, newest first.</source>
-            <translation>您在本机打开的文档会显示在这里，最新的在最前面。</translation>
+            <source>Documents that you open appear here, newest first.</source>
+            <translation>您打开的文档会显示在这里，最新的在最前面。</translation>
         </message>
     </context>
     <context>

@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -23,6 +24,11 @@ CloudSettingsWidget::CloudSettingsWidget(KSkin *skin, QWidget *parent)
     form->addRow(tr("Appearance"), m_theme);
     form->addRow(tr("When the window is closed"), m_close);
     form->addRow(tr("Privacy"), m_telemetry);
+    auto *cloud = new QLabel(
+        tr("Everything stays on this computer. Connecting a cloud server comes with a later version."), this);
+    cloud->setWordWrap(true);
+    cloud->setForegroundRole(QPalette::PlaceholderText);
+    form->addRow(tr("Cloud"), cloud);
 }
 
 QComboBox *CloudSettingsWidget::themeBox(KSkin *skin)

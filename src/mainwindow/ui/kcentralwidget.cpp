@@ -25,13 +25,13 @@ KCentralWidget::KCentralWidget(const QString &title, QWidget *parent)
 {
     m_navigation->setBottomWidget(m_spaceBar);
     auto *body = new QHBoxLayout;
-    body->setSpacing(0);
+    body->setSpacing(1); // the hairlines between the parts
     body->addWidget(m_navigation);
     body->addWidget(m_pages, 1);
     auto *layout = new QVBoxLayout(this);
     // One pixel for the border that the window paints around everything.
     layout->setContentsMargins(1, 1, 1, 1);
-    layout->setSpacing(0);
+    layout->setSpacing(1);
     layout->addWidget(m_titleBar);
     layout->addLayout(body, 1);
 
@@ -81,11 +81,9 @@ void KCentralWidget::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.fillRect(rect(), KSkin::color(KSkin::Color::Window));
-    painter.fillRect(m_pages->geometry(), KSkin::color(KSkin::Color::Surface));
-    painter.setPen(KSkin::color(KSkin::Color::Border));
     const QRect pages = m_pages->geometry();
-    painter.drawLine(pages.topLeft(), pages.topRight());
-    painter.drawLine(pages.topLeft(), pages.bottomLeft());
+    painter.fillRect(pages.adjusted(-1, -1, 0, 0), KSkin::color(KSkin::Color::Border));
+    painter.fillRect(pages, KSkin::color(KSkin::Color::Surface));
     painter.end();
     zel::paintWindowBorder(this);
 }

@@ -2,6 +2,6 @@
 
 ZelBoxRecentFileEmptyGuideWidget::ZelBoxRecentFileEmptyGuideWidget(QWidget *parent)
     : EmptyStateWidget(QStringLiteral(":/icons_svg/empty_recent.svg"), tr("No recent files yet"),
-        tr("Documents that you open on this computer appear here, newest first."), parent)
+        tr("Documents that you open appear here, newest first."), parent)
 {
 }

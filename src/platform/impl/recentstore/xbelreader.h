@@ -14,7 +14,7 @@ struct XbelLimits
 {
     qint64 bytes = 256LL << 20;
     qint64 tokenBytes = 16LL << 20; ///< of one tag, text or comment
-    int entries = 200'000;
+    int entries = 200000;
     int depth = 64;
     int pathBytes = 4096;
     int nameLength = 255; ///< of a mime type or an application
