@@ -40,6 +40,8 @@ SelfTest::SelfTest(ZelBoxCore *core) : QObject(core), m_core(core)
 
 void SelfTest::visitPages()
 {
+    if (!QFile::exists(QStringLiteral(":/icons/zelbox.svg")))
+        return finish(QStringLiteral("the installation's pictures are missing"));
     ZelBoxMainWindow *window = m_core->mainWindow();
     const int pages = int(zel::pageList().size());
     // From the last to the first, so that the box ends where a user starts.

@@ -1,9 +1,11 @@
 #include "app/ui/folderselectordlg.h"
 
 #include "klitestyle.h"
+#include "widgets/svgicon.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QFileIconProvider>
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QHeaderView>
@@ -11,6 +13,28 @@
 #include <QPushButton>
 #include <QTreeView>
 #include <QVBoxLayout>
+
+namespace {
+
+/// The box's own folder picture instead of the style's.
+class FolderIcons final : public QFileIconProvider
+{
+public:
+    QIcon icon(const QFileInfo &) const override { return m_folder; }
+    QIcon icon(IconType) const override { return m_folder; }
+
+private:
+    QIcon m_folder = zel::tintedIcon(QStringLiteral(":/icons_svg/folder.svg"), KSkin::Color::Accent);
+};
+
+// The model's thread asks it as well and the model does not own it, so it lives as long as the process.
+FolderIcons *icons()
+{
+    static FolderIcons provider;
+    return &provider;
+}
+
+} // namespace
 
 FolderSelectorDlg::FolderSelectorDlg(QWidget *parent)
     : BoxDialog(tr("Select folder"), tr("Select a folder"), parent),
@@ -20,6 +44,7 @@ FolderSelectorDlg::FolderSelectorDlg(QWidget *parent)
       m_open(nullptr)
 {
     m_model->setFilter(QDir::Dirs | QDir::NoDotAndDotDot);
+    m_model->setIconProvider(icons());
     m_model->setRootPath(QDir::rootPath());
     m_tree->setModel(m_model);
     m_tree->setAccessibleName(tr("Folders"));
@@ -42,11 +67,18 @@ FolderSelectorDlg::FolderSelectorDlg(QWidget *parent)
             Q_EMIT folderSelected(path);
     });
 
-    const QModelIndex home = m_model->index(QDir::homePath());
+    const QPersistentModelIndex home = m_model->index(QDir::homePath());
     m_tree->setCurrentIndex(home);
     m_tree->expand(home);
-    m_tree->scrollTo(home, QAbstractItemView::PositionAtTop);
     m_tree->setFocus();
+    // Folders arrive from the model's thread and are sorted later still, each time pushing the current one
+    // out of sight.
+    const auto keepInSight = [this, home] {
+        if (m_tree->currentIndex() == home)
+            m_tree->scrollTo(home, QAbstractItemView::PositionAtCenter);
+    };
+    connect(m_model, &QFileSystemModel::directoryLoaded, m_tree, keepInSight, Qt::QueuedConnection);
+    connect(m_model, &QAbstractItemModel::layoutChanged, m_tree, keepInSight, Qt::QueuedConnection);
 }
 
 QString FolderSelectorDlg::selectedPath() const
