@@ -30,7 +30,8 @@ if [ "$(id -u)" -ne 0 ]; then
     as_root=sudo
 fi
 echo "Installing the packages that debian/control names …"
-export DEBIAN_FRONTEND=noninteractive
+# Through env, because sudo hands no variables on.
+as_root="$as_root env DEBIAN_FRONTEND=noninteractive"
 $as_root apt-get -q update
 $as_root apt-get -qy -o Dpkg::Use-Pty=0 --no-install-recommends build-dep ./
 runtime=$(missing_runtime)

@@ -82,6 +82,10 @@
             <source>Cancel</source>
             <translation>取消</translation>
         </message>
+        <message>
+            <source>This folder cannot be opened.</source>
+            <translation>无法打开此文件夹。</translation>
+        </message>
     </context>
     <context>
         <name>InlineNotice</name>
@@ -285,6 +289,14 @@
         <message>
             <source>No folder was named.</source>
             <translation>未指定文件夹。</translation>
+        </message>
+        <message>
+            <source>Problem</source>
+            <translation>问题</translation>
+        </message>
+        <message>
+            <source>This folder cannot be opened.</source>
+            <translation>无法打开此文件夹。</translation>
         </message>
     </context>
     <context>

@@ -21,7 +21,7 @@ const QString Options = QStringLiteral("options");
 
 bool isAction(const CommandLine &command, QLatin1String word)
 {
-    return command.value(Action).compare(word, Qt::CaseInsensitive) == 0;
+    return command.value(Action) == word;
 }
 
 // Each handler says whether it produced a window.

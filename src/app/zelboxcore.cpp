@@ -83,7 +83,7 @@ ZelBoxCore *ZelBoxCore::instance(ZelBoxCloudSvr *cloudService)
 
 ZelBoxCore::ZelBoxCore(ZelBoxCloudSvr *cloudService)
     : m_skin(new KSkin(this)),
-      m_name(QStringLiteral("ZEL Box")),
+      m_name(QStringLiteral("ZelBox")),
       m_cloudService(cloudService),
       m_clientProxy(new ZelBoxClientSvrProxy(this))
 {
@@ -106,18 +106,18 @@ void ZelBoxCore::followApplication()
 ZelBoxCore::~ZelBoxCore()
 {
     s_coreDestroyed = true;
-    takeDown();
+    // The windows are gone by now, unless exit() was called from inside the loop (Qt does when it loses the
+    // display): then they are in use further up the stack and only what the user would miss is saved.
+    if (QCoreApplication::instance() && m_mainWindow)
+        m_mainWindow->saveWindowState();
 }
 
 void ZelBoxCore::takeDown()
 {
-    if (!QCoreApplication::instance())
-        return; // takeDown() ran while there was one; widgets made later do not exist
     delete m_tray;
     m_tray = nullptr;
     for (const QPointer<QDialog> &dialog : qExchange(m_dialogs, {}))
         delete dialog;
-    // The one made last goes first.
     delete m_settings;
     delete m_miniWidget;
     delete m_miniWindow;
@@ -144,6 +144,7 @@ bool ZelBoxCore::init(const QString &cmdline)
     followApplication();
     cloudService();
     describeLook();
+    ensureTranslated();
     QApplication::setFont(boxFont());
     loadIcons();
     m_pendingCommandLine = cmdline;
@@ -167,8 +168,13 @@ void ZelBoxCore::describeLook()
     info.productVersion = krt::productVersion();
     KLiteSkin::setOfficeInfo(info);
     KLiteSkin::setDefaultBaseSkinInfo(KLiteSkinInfo());
-    krt::KAppTranslators::installTranslation(krt::applicationName());
-    m_translated = true;
+}
+
+// Again after takeDown(), when a host sends the next command.
+void ZelBoxCore::ensureTranslated()
+{
+    if (!qExchange(m_translated, true))
+        krt::KAppTranslators::installTranslation(krt::applicationName());
 }
 
 void ZelBoxCore::loadIcons()
@@ -214,6 +220,7 @@ bool ZelBoxCore::waitForWebEngine()
 void ZelBoxCore::dispatch(const QString &commandLine, bool isFirst)
 {
     followApplication();
+    ensureTranslated();
     first = true;
     dispatchCommand(parseCommandLine(commandLine), isFirst, *this);
 }

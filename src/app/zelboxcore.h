@@ -80,12 +80,14 @@ private:
 
     void followApplication();
     void describeLook();
+    void ensureTranslated();
     void loadIcons();
     bool openFirstWindow();
     bool waitForWebEngine();
     ZelBoxMainWindow *ensureMainWindow();
     void goToBackground();
     void present(QDialog *dialog);
+    template <typename Dialog> Dialog *openDialog() const; ///< null when none of this kind is open
 
     bool first = false;
     KSkin *m_skin;
@@ -101,6 +103,7 @@ private:
     QString m_pendingCommandLine;
 
     ZelBoxTray *m_tray = nullptr;
+    QString m_trayState;                  // told before there was a tray icon, too
     QVector<QPointer<QDialog>> m_dialogs; // open ones that no window owns
     StartOrigin m_origin = StartOrigin::Unknown;
     bool m_translated = false;

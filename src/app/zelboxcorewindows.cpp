@@ -10,11 +10,11 @@
 #include "app/ui/zelboxminiwindow.h"
 #include "app/ui/zelboxtray.h"
 #include "app/zelboxapplication.h"
+#include "app/zelboxipc.h"
 #include "base/settingskeys.h"
 #include "cloud/zelboxclientsvrproxy.h"
 #include "cloud/zelboxcloudsvr.h"
 #include "kdcinfoc.h"
-#include "kdocumentopener.h"
 #include "krecentfile.h"
 #include "krt/krt.h"
 #include "ksettings.h"
@@ -77,6 +77,7 @@ void ZelBoxCore::onFirstMainWindowShown()
 {
     if (!m_tray)
         m_tray = new ZelBoxTray(this, this);
+    m_tray->setState(m_trayState);
 }
 
 void ZelBoxCore::showMiniWindow(const QString &startFrom)
@@ -117,11 +118,21 @@ void ZelBoxCore::showMiniWidget(bool asMainBox)
     m_miniWidget->showWithFocus();
 }
 
+template <typename Dialog> Dialog *ZelBoxCore::openDialog() const
+{
+    for (const QPointer<QDialog> &dialog : m_dialogs) {
+        if (auto *found = qobject_cast<Dialog *>(dialog.data()))
+            return found;
+    }
+    return nullptr;
+}
+
 void ZelBoxCore::present(QDialog *dialog)
 {
     dialog->setAttribute(Qt::WA_DeleteOnClose);
-    m_dialogs.erase(std::remove(m_dialogs.begin(), m_dialogs.end(), nullptr), m_dialogs.end());
-    m_dialogs.append(dialog);
+    m_dialogs.removeAll(nullptr);
+    if (!m_dialogs.contains(dialog))
+        m_dialogs.append(dialog);
     dialog->show();
     dialog->raise();
     dialog->activateWindow();
@@ -142,31 +153,27 @@ void ZelBoxCore::openSettings(const QString &parameter)
 
 void ZelBoxCore::openFolderSelector()
 {
-    auto *dialog = new FolderSelectorDlg;
-    connect(dialog, &FolderSelectorDlg::folderSelected, this,
-        [](const QString &path) { KDocumentOpener::instance()->open(path); });
-    present(dialog);
+    auto *open = openDialog<FolderSelectorDlg>();
+    present(open ? open : new FolderSelectorDlg);
 }
 
 void ZelBoxCore::openSyncFolder(const QString &parameter)
 {
-    auto *dialog = new SyncFolderDlg;
+    auto *dialog = openDialog<SyncFolderDlg>();
+    if (!dialog)
+        dialog = new SyncFolderDlg;
     present(dialog);
     dialog->setParameter(parameter);
 }
 
 void ZelBoxCore::showExitDialog()
 {
-    for (const QPointer<QDialog> &open : qAsConst(m_dialogs)) {
-        if (auto *dialog = qobject_cast<ZelBoxExitDialog *>(open.data())) {
-            dialog->raise();
-            dialog->activateWindow();
-            return;
-        }
-    }
+    if (auto *open = openDialog<ZelBoxExitDialog>())
+        return present(open);
     auto *dialog = new ZelBoxExitDialog;
     connect(dialog, &ZelBoxExitDialog::exitChosen, this, &ZelBoxCore::quitLater);
     connect(dialog, &ZelBoxExitDialog::backgroundChosen, this, &ZelBoxCore::goToBackground);
+    connect(dialog, &QDialog::rejected, m_clientProxy, &ZelBoxClientSvrProxy::onWindowOpened);
     present(dialog);
 }
 
@@ -203,6 +210,7 @@ void ZelBoxCore::goToBackground()
     if (!m_mainWindow)
         return;
     m_mainWindow->hide();
+    m_clientProxy->onWindowClose();
     QTimer::singleShot(StashDelay, this, &ZelBoxCore::onStashProcessMemory);
 }
 
@@ -220,6 +228,7 @@ void ZelBoxCore::setStartOrigin(StartOrigin origin)
 
 void ZelBoxCore::setTrayState(const QString &state)
 {
+    m_trayState = state;
     if (m_tray)
         m_tray->setState(state);
 }
@@ -228,6 +237,8 @@ void ZelBoxCore::quitLater()
 {
     // As a guest, the loop is the host's: only the box's own windows go.
     const bool ownProcess = qobject_cast<ZelBoxApplicationIndependentProcesses *>(qApp);
+    if (ownProcess)
+        ZelBoxIpc::instance()->setLeaving(true);
     QTimer::singleShot(0, this, [this, ownProcess] {
         if (ownProcess)
             QCoreApplication::quit();

@@ -25,11 +25,13 @@ int EntryPoint(int argc, char **argv, const wchar_t *cmdline)
     krt::init(
         QStringLiteral("Halvorn"), QStringLiteral("Office"), QStringLiteral("6.0"), QStringLiteral("zelbox"));
     ZelBoxIpc::instance()->registerTransmission();
+    ZelBoxIpc::instance()->setLeaving(false);
 
     ZelBoxApplicationIndependentProcesses application(argc, argv);
     const QString commandLine = copyCommandLine(cmdline);
     if (application.start(commandLine))
         QApplication::exec();
+    ZelBoxIpc::instance()->setLeaving(true);
     krt::clear();
     return 0;
 }

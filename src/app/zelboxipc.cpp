@@ -1,5 +1,6 @@
 #include "app/zelboxipc.h"
 
+#include "app/commandline.h"
 #include "base/logging.h"
 
 #include <QMetaMethod>
@@ -44,13 +45,21 @@ ZelBoxIpc::ZelBoxIpc()
     ::dlclose(program);
 }
 
+ZelBoxIpc::~ZelBoxIpc()
+{
+    // Only an exit() from inside the loop (a lost display) finds the host still delivering.
+    if (m_handlerGiven)
+        hostInterface->registerHandler(Channel, this, nullptr);
+}
+
 bool ZelBoxIpc::registerTransmission()
 {
     if (s_registered)
         return true;
     if (!hostInterface)
         return false;
-    if (hostInterface->isReady())
+    m_handlerGiven = hostInterface->isReady();
+    if (m_handlerGiven)
         hostInterface->registerHandler(Channel, this, &ZelBoxIpc::onHostMessage);
     else
         qCWarning(lcApp, "the host takes no messages; later starts cannot reach this box");
@@ -66,7 +75,10 @@ void ZelBoxIpc::onHostMessage(
         reply(output, u"error");
         return;
     }
-    static_cast<ZelBoxIpc *>(context)->receive(text);
+    auto *self = static_cast<ZelBoxIpc *>(context);
+    if (self->m_leaving)
+        return;
+    self->receive(text);
     reply(output, u"handled");
 }
 
@@ -76,6 +88,9 @@ void ZelBoxIpc::receive(const QString &text)
     // them.
     QStringList pieces = text.split(Separator);
     const Message message{pieces.takeFirst(), pieces.join(QString())};
+    // The command is performed later, on the GUI thread; what comes behind it is for the next box.
+    if (parseCommandLine(message.value).value(QStringLiteral("action")) == QLatin1String("exit"))
+        m_leaving = true;
     {
         QMutexLocker lock(&m_mutex);
         if (!m_connected) {

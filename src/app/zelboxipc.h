@@ -5,6 +5,7 @@
 #include <QMutex>
 #include <QObject>
 #include <QVector>
+#include <atomic>
 
 /// The box's end of the host's message channel. One per process, made on first use, destroyed at process
 /// exit. The host calls the handler on any thread; everything else is GUI thread.
@@ -18,6 +19,10 @@ public:
     /// true. False when the process offers no host interface.
     bool registerTransmission();
 
+    /// While the box is leaving, its messages get no reply, so that the host lets their senders start a box
+    /// of their own instead of telling them "handled". Any thread.
+    void setLeaving(bool leaving) { m_leaving = leaving; }
+
 Q_SIGNALS:
     /// One message of the channel. Messages that came while nobody was connected yet are emitted as soon as
     /// somebody is, in their order, on the turn of the loop after that.
@@ -28,6 +33,7 @@ protected:
 
 private:
     ZelBoxIpc();
+    ~ZelBoxIpc() override;
 
     static void onHostMessage(
         void *context, const wchar_t *channel, void *unused, HostInputData *input, HostOutputData *output);
@@ -35,6 +41,7 @@ private:
     Q_INVOKABLE void deliverWaiting();
 
     HostMessageInterface *hostInterface = nullptr;
+    bool m_handlerGiven = false;
 
     struct Message
     {
@@ -44,4 +51,5 @@ private:
     QMutex m_mutex; // guards the two below
     QVector<Message> m_waiting;
     bool m_connected = false;
+    std::atomic_bool m_leaving = false;
 };

@@ -23,6 +23,7 @@ protected:
 class HostOutputData
 {
 public:
+    /// A handler that never calls it takes no messages any more: the host answers nobody in its name.
     virtual void setSize(std::size_t bytes) = 0; ///< makes the buffer this large, filled with zero bytes
     virtual void reserved1() = 0;
     virtual void *buffer() = 0; ///< aligned for char16_t; null before setSize

@@ -25,18 +25,22 @@ class Output final : public HostOutputData
 public:
     void setSize(std::size_t bytes) override
     {
+        m_answered = true;
         m_units.assign((bytes + sizeof(char16_t) - 1) / sizeof(char16_t), u'\0');
     }
     void reserved1() override { }
     void *buffer() override { return m_units.empty() ? nullptr : m_units.data(); }
 
-    std::u16string text() const
+    std::optional<std::u16string> text() const
     {
-        return {m_units.begin(), std::find(m_units.begin(), m_units.end(), u'\0')};
+        if (!m_answered)
+            return std::nullopt;
+        return std::u16string{m_units.begin(), std::find(m_units.begin(), m_units.end(), u'\0')};
     }
 
 private:
     std::vector<char16_t> m_units;
+    bool m_answered = false;
 };
 
 } // namespace

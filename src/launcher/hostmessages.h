@@ -21,7 +21,7 @@ public:
     bool isReady() override { return true; }
 
     /// Hands the message to its channel's handler and returns the reply; empty when the channel has no
-    /// handler.
+    /// handler or the handler left the output untouched, which means that it takes no messages any more.
     std::optional<std::u16string> deliver(const Message &message);
     /// `changed` is called after each registration, on the registering thread, and must not block;
     /// empty for none. Once replaced, the earlier one is not running any more.

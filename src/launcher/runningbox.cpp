@@ -12,6 +12,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <sched.h>
 
@@ -49,8 +50,20 @@ int judge(const Forwarding &forwarding)
     return fail("the running box gave an answer that makes no sense");
 }
 
+// Qt would end the process with an abort and advice on reinstalling it.
+bool hasDisplay()
+{
+    const auto isSet = [](const char *name) {
+        const char *value = std::getenv(name);
+        return value != nullptr && value[0] != '\0';
+    };
+    return isSet("DISPLAY") || isSet("WAYLAND_DISPLAY") || isSet("QT_QPA_PLATFORM");
+}
+
 int serve(SingleInstance &instance, int argc, char **argv, const std::wstring &commandLine)
 {
+    if (!hasDisplay())
+        return fail("there is no display (neither DISPLAY nor WAYLAND_DISPLAY is set)");
     const BoxLibrary box = loadBox();
     if (box.entry == nullptr)
         return fail(box.error);

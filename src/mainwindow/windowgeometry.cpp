@@ -16,6 +16,18 @@ bool keepsPosition(const QRect &rect, const ScreenState &screen)
 
 } // namespace
 
+QRect storedRect(int x, int y, int width, int height, const ScreenState &screen)
+{
+    constexpr int limit = 32767;
+    constexpr int screensful = 4;
+    const auto outside = [](int value) { return value < -limit || value > limit; };
+    if (outside(x) || outside(y) || outside(width) || outside(height))
+        return {};
+    if (width > screensful * screen.totalWidth || height > screensful * screen.primary.height())
+        return {};
+    return {x, y, width, height};
+}
+
 QRect centered(const QSize &size, const QRect &area)
 {
     // Not QRect::moveCenter(), which rounds the half pixel the other way when the window is larger than the

@@ -25,6 +25,10 @@ struct Placement
     bool operator==(const Placement &) const = default;
 };
 
+/// The four stored numbers as a rectangle; invalid when they make no window on any screen (a damaged or
+/// hand-made setting): beyond the window system's 16 bits, or many times larger than all screens together.
+QRect storedRect(int x, int y, int width, int height, const ScreenState &screen);
+
 /// `size` in the middle of `area`; halves of differences are rounded towards zero.
 QRect centered(const QSize &size, const QRect &area);
 

@@ -12,8 +12,8 @@ class EmptyStateWidget : public QWidget
 {
     Q_OBJECT
 public:
-    /// `illustration` is an SVG resource (160 by 120), drawn in its own colours with the skin's border colour
-    /// for lines.
+    /// `illustration` is an SVG resource (160 by 120), drawn in the skin's secondary text colour; its own
+    /// opacities make the shades.
     EmptyStateWidget(
         const QString &illustration, const QString &title, const QString &text, QWidget *parent = nullptr);
 

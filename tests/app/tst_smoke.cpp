@@ -32,6 +32,8 @@ class TestSmoke : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void window();
+    void startWhileLeaving();
+    void lostDisplay();
     void selfTest();
 };
 
@@ -65,6 +67,51 @@ void TestSmoke::window()
     QVERIFY(box.waitForFinished(20'000));
     QCOMPARE(box.exitStatus(), QProcess::NormalExit);
     QCOMPARE(box.exitCode(), 0);
+}
+
+// A start that comes while the box is leaving is neither lost nor told "handled": it becomes the next box.
+void TestSmoke::startWhileLeaving()
+{
+    zeltest::XScreen screen;
+    for (int round = 0; round < 6; ++round) {
+        QProcess first;
+        first.setProcessChannelMode(QProcess::ForwardedChannels);
+        first.start(program("zelbox"), QStringList());
+        QVERIFY(screen.waitForTitle(Title, 30s) != 0);
+        QCOMPARE(forward({QStringLiteral("/action=exit")}), 0);
+        QProcess second;
+        second.setProcessChannelMode(QProcess::ForwardedChannels);
+        second.start(program("zelbox"), {QStringLiteral("/show=main")});
+        QVERIFY(second.waitForStarted());
+        QVERIFY(first.waitForFinished(20'000));
+        QVERIFY(screen.waitForTitle(Title, 30s) != 0);
+        QCOMPARE(second.state(), QProcess::Running);
+        QCOMPARE(forward({QStringLiteral("/action=exit")}), 0);
+        QVERIFY(second.waitForFinished(20'000));
+    }
+}
+
+// Qt ends the process from inside its loop when the X server goes; that must not look like a crash.
+void TestSmoke::lostDisplay()
+{
+    QProcess server;
+    server.start(QStringLiteral("Xvfb"),
+        {QStringLiteral("-displayfd"), QStringLiteral("1"), QStringLiteral("-nolisten"),
+            QStringLiteral("tcp")});
+    QVERIFY(server.waitForReadyRead(20'000));
+    const QByteArray outer = qgetenv("DISPLAY");
+    qputenv("DISPLAY", ':' + server.readLine().trimmed());
+    QProcess box;
+    {
+        zeltest::XScreen screen;
+        box.start(program("zelbox"), QStringList());
+        QVERIFY(screen.waitForTitle(Title, 30s) != 0);
+    }
+    qputenv("DISPLAY", outer);
+    server.kill();
+    QVERIFY(server.waitForFinished(10'000));
+    QVERIFY(box.waitForFinished(20'000));
+    QCOMPARE(box.exitStatus(), QProcess::NormalExit);
 }
 
 void TestSmoke::selfTest()

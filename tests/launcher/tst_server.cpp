@@ -18,7 +18,7 @@ using namespace std::chrono_literals;
 
 namespace {
 
-// Notes what it is given and answers by the first letter of the text: "n…" nothing, "u…" without a
+// Notes what it is given and answers by the text: "no reply" not at all, "no zero" without a
 // terminating zero.
 class Box
 {
@@ -64,6 +64,7 @@ private Q_SLOTS:
     void replies();
     void messagesWaitForTheHandler();
     void unheardMessageEndsWithTheServer();
+    void unansweredMessageEndsWithTheServer();
     void removedHandlerIsNotCalled();
     void senderThatGaveUpIsForgotten();
     void badSenders_data();
@@ -142,7 +143,6 @@ void TestServer::replies_data()
     row("command line", own, QStringLiteral("zelbox_active_window?=/a=b"), "handled");
     row("empty text", own, QString(), "handled");
     row("long", own, QString(2000000, QChar(0x6587)), "handled");
-    row("handler without a reply", own, QStringLiteral("no reply"), "");
     row("reply without its zero", own, QStringLiteral("no zero"), "handled");
     row("another handler's channel", QStringLiteral("_OTHER_"), QStringLiteral("x"), "other");
     row("unknown channel", QStringLiteral("_UNKNOWN_"), QStringLiteral("x"), "error");
@@ -185,6 +185,17 @@ void TestServer::unheardMessageEndsWithTheServer()
     m_server->stop();
     m_listener.reset(); // whatever the thread above was at, it must see the end
     QCOMPARE(waiting.get().result, Forwarding::Result::Gone);
+}
+
+// A box that is leaving hears a message but does not answer it: its sender starts over.
+void TestServer::unansweredMessageEndsWithTheServer()
+{
+    serve();
+    m_messages->registerHandler(L"_TRANSMISSION_", m_box.get(), Box::handle);
+    std::future<Forwarding> sender = std::async(std::launch::async, [this] { return forward(u"no reply"); });
+    QVERIFY(!m_box->waitForTexts(1).empty());
+    m_server->stop();
+    QCOMPARE(sender.get().result, Forwarding::Result::Gone);
 }
 
 void TestServer::removedHandlerIsNotCalled()

@@ -11,9 +11,33 @@ class TestWindowGeometry : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void stored_data();
+    void stored();
     void restored_data();
     void restored();
 };
+
+void TestWindowGeometry::stored_data()
+{
+    QTest::addColumn<QVector<int>>("numbers");
+    QTest::addColumn<bool>("valid");
+    QTest::newRow("usual") << QVector<int>{10, 20, 900, 580} << true;
+    QTest::newRow("left of the screen") << QVector<int>{-900, 20, 900, 580} << true;
+    QTest::newRow("larger than the screen") << QVector<int>{0, 0, 2000, 1200} << true;
+    QTest::newRow("absurdly wide") << QVector<int>{0, 0, 30000, 580} << false;
+    QTest::newRow("absurdly high") << QVector<int>{0, 0, 900, 4001} << false;
+    QTest::newRow("no window system goes there") << QVector<int>{40000, 0, 900, 580} << false;
+    QTest::newRow("would overflow") << QVector<int>{INT_MAX, INT_MIN, INT_MAX, 580} << false;
+    QTest::newRow("nothing") << QVector<int>{0, 0, 0, 0} << false;
+}
+
+void TestWindowGeometry::stored()
+{
+    QFETCH(QVector<int>, numbers);
+    QFETCH(bool, valid);
+    const ScreenState screen{QRect(0, 0, 1600, 1000), QRect(0, 40, 1600, 960), 1600};
+    QCOMPARE(storedRect(numbers[0], numbers[1], numbers[2], numbers[3], screen).isValid(), valid);
+}
 
 void TestWindowGeometry::restored_data()
 {

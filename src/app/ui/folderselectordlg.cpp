@@ -5,10 +5,11 @@
 
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QEvent>
 #include <QFileIconProvider>
-#include <QFileInfo>
 #include <QFileSystemModel>
 #include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTreeView>
@@ -41,7 +42,8 @@ FolderSelectorDlg::FolderSelectorDlg(QWidget *parent)
       m_model(new QFileSystemModel(this)),
       m_path(new QLineEdit(this)),
       m_tree(new QTreeView(this)),
-      m_open(nullptr)
+      m_open(nullptr),
+      m_problem(new QLabel(this))
 {
     m_model->setFilter(QDir::Dirs | QDir::NoDotAndDotDot);
     m_model->setIconProvider(icons());
@@ -54,6 +56,7 @@ FolderSelectorDlg::FolderSelectorDlg(QWidget *parent)
     m_path->setAccessibleName(tr("Folder path"));
     body()->addWidget(m_path);
     body()->addWidget(m_tree, 1);
+    body()->addWidget(m_problem);
     resize(KLiteStyle::dpiScaledSize({480, 460}));
 
     m_open = buttons()->addButton(tr("Open"), QDialogButtonBox::AcceptRole);
@@ -62,10 +65,9 @@ FolderSelectorDlg::FolderSelectorDlg(QWidget *parent)
     connect(m_path, &QLineEdit::textChanged, this, &FolderSelectorDlg::onTyped);
     connect(m_tree->selectionModel(), &QItemSelectionModel::currentChanged, this,
         &FolderSelectorDlg::onTreeChoice);
-    connect(this, &QDialog::accepted, this, [this] {
-        if (const QString path = selectedPath(); !path.isEmpty())
-            Q_EMIT folderSelected(path);
-    });
+    connect(KDocumentOpener::instance(), &KDocumentOpener::opened, this, &FolderSelectorDlg::onOpened);
+    m_tree->installEventFilter(this);
+    m_tree->viewport()->installEventFilter(this);
 
     const QPersistentModelIndex home = m_model->index(QDir::homePath());
     m_tree->setCurrentIndex(home);
@@ -74,7 +76,7 @@ FolderSelectorDlg::FolderSelectorDlg(QWidget *parent)
     // Folders arrive from the model's thread and are sorted later still, each time pushing the current one
     // out of sight.
     const auto keepInSight = [this, home] {
-        if (m_tree->currentIndex() == home)
+        if (!m_userMoved)
             m_tree->scrollTo(home, QAbstractItemView::PositionAtCenter);
     };
     connect(m_model, &QFileSystemModel::directoryLoaded, m_tree, keepInSight, Qt::QueuedConnection);
@@ -83,12 +85,37 @@ FolderSelectorDlg::FolderSelectorDlg(QWidget *parent)
 
 QString FolderSelectorDlg::selectedPath() const
 {
-    const QFileInfo info(m_path->text());
-    return info.isAbsolute() && info.isDir() ? QDir::cleanPath(info.absoluteFilePath()) : QString();
+    // Whether it exists is asked off the GUI thread, when it is opened: it may be on a mount that hangs.
+    return QDir::isAbsolutePath(m_path->text()) ? QDir::cleanPath(m_path->text()) : QString();
 }
 
-void FolderSelectorDlg::onTyped(const QString &)
+void FolderSelectorDlg::accept()
 {
+    if (const QString path = selectedPath(); !path.isEmpty())
+        KDocumentOpener::instance()->open(path);
+}
+
+void FolderSelectorDlg::onOpened(const QString &path, KDocumentOpener::Outcome outcome)
+{
+    if (path != selectedPath())
+        return;
+    if (outcome != KDocumentOpener::Outcome::Opened)
+        return m_problem->setText(tr("This folder cannot be opened."));
+    Q_EMIT folderSelected(path);
+    QDialog::accept();
+}
+
+bool FolderSelectorDlg::eventFilter(QObject *watched, QEvent *event)
+{
+    const QEvent::Type type = event->type();
+    if (type == QEvent::MouseButtonPress || type == QEvent::Wheel || type == QEvent::KeyPress)
+        m_userMoved = true;
+    return BoxDialog::eventFilter(watched, event);
+}
+
+void FolderSelectorDlg::onTyped()
+{
+    m_problem->clear();
     m_open->setEnabled(!selectedPath().isEmpty());
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ui/boxdialog.h"
+#include "kdocumentopener.h"
 
 class QFileSystemModel;
 class QLineEdit;
@@ -14,17 +15,23 @@ class FolderSelectorDlg : public BoxDialog
 public:
     explicit FolderSelectorDlg(QWidget *parent = nullptr);
 
-    QString selectedPath() const; ///< empty when what is typed is no folder
+    QString selectedPath() const; ///< empty when what is typed is no absolute path
+
+    void accept() override; ///< closes once the folder is open; says why when it cannot be opened
 
 Q_SIGNALS:
-    void folderSelected(const QString &path); ///< once, when the dialog is accepted
+    void folderSelected(const QString &path); ///< once, after the desktop was asked to open it
 
 private:
-    void onTyped(const QString &text);
+    void onTyped();
+    void onOpened(const QString &path, KDocumentOpener::Outcome outcome);
+    bool eventFilter(QObject *watched, QEvent *event) override; // the user has moved in the tree
     void onTreeChoice(const QModelIndex &index);
 
     QFileSystemModel *m_model;
     QLineEdit *m_path;
     QTreeView *m_tree;
     QPushButton *m_open;
+    QLabel *m_problem;
+    bool m_userMoved = false;
 };

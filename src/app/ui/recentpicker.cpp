@@ -85,6 +85,11 @@ RecentPicker::RecentPicker(QWidget *parent)
         m_nothing->setText(tr("This document cannot be opened."));
         m_nothing->show();
     });
+    connect(KDocumentOpener::instance(), &KDocumentOpener::opened, this,
+        [this](const QString &path, KDocumentOpener::Outcome outcome) {
+            if (outcome == KDocumentOpener::Outcome::Opened && path == m_opening)
+                Q_EMIT documentOpened();
+        });
     updateState();
 }
 
@@ -107,10 +112,9 @@ void RecentPicker::openCurrent()
         m_list->currentIndex().isValid() ? m_list->currentIndex() : m_filter->index(0, 0);
     if (!chosen.isValid())
         return;
+    updateState();
+    m_opening = chosen.data(ZelBoxRecentFileModel::PathRole).toString();
     m_logic->open(m_filter->mapToSource(chosen));
-    const auto presence = chosen.data(ZelBoxRecentFileModel::PresenceRole).toInt();
-    if (presence != int(RecentFileInfo::Presence::Missing))
-        Q_EMIT documentOpened();
 }
 
 void RecentPicker::updateState()

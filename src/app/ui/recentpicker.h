@@ -36,4 +36,5 @@ private:
     QLineEdit *m_input;
     QListView *m_list;
     QLabel *m_nothing;
+    QString m_opening; // path of what the desktop was asked to open
 };

@@ -19,5 +19,6 @@ public:
 private:
     QString m_folder;
     QLabel *m_path;
+    QLabel *m_problem;
     QPushButton *m_open;
 };

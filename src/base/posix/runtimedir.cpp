@@ -32,13 +32,20 @@ std::string makePrivate(const std::string &path)
     return {};
 }
 
+// After su, and in containers, the variable may name a folder of somebody else or none at all.
+bool isOurs(const char *folder)
+{
+    struct stat info = {};
+    return ::stat(folder, &info) == 0 && S_ISDIR(info.st_mode) && info.st_uid == ::geteuid();
+}
+
 } // namespace
 
 RuntimeDir openRuntimeDir()
 {
     std::string path;
     const char *runtime = std::getenv("XDG_RUNTIME_DIR");
-    if (runtime != nullptr && runtime[0] == '/') {
+    if (runtime != nullptr && runtime[0] == '/' && isOurs(runtime)) {
         path = std::string(runtime) + "/zelbox";
     } else {
         const char *temporary = std::getenv("TMPDIR");

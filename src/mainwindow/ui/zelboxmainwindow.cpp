@@ -141,10 +141,10 @@ void ZelBoxMainWindow::restoreWindowState()
     KSettings settings;
     settings.beginGroup(zel::keys::ApplicationSettings);
     if (settings.contains(zel::keys::WindowPosX)) {
-        stored.normal = QRect(settings.value(zel::keys::WindowPosX, x()).toInt(),
+        stored.normal = zel::geometry::storedRect(settings.value(zel::keys::WindowPosX, x()).toInt(),
             settings.value(zel::keys::WindowPosY, y()).toInt(),
             settings.value(zel::keys::WindowWidth, width()).toInt(),
-            settings.value(zel::keys::WindowHeight, height()).toInt());
+            settings.value(zel::keys::WindowHeight, height()).toInt(), screen);
         stored.maximized = settings.value(zel::keys::WindowIsMaximized, false).toBool();
     }
     const zel::geometry::Placement placement = zel::geometry::restore(stored, size(), screen);

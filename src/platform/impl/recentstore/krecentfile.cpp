@@ -24,8 +24,9 @@ KRecentFileProxy *KRecentFileProxy::instance()
 
 KRecentFileEvents *RecentFileEventObject()
 {
-    static KRecentFileEvents events;
-    return &events;
+    static auto *events =
+        new KRecentFileEvents; // never destroyed: the store, a static itself, speaks to the last
+    return events;
 }
 
 void InitRecentFile(WorkMode mode)

@@ -20,8 +20,9 @@ using Translators = QList<QPointer<QTranslator>>;
 // By catalogue. The translators are children of the application, which may end first.
 QHash<QString, Translators> &installed()
 {
-    static QHash<QString, Translators> table;
-    return table;
+    // Never destroyed: the box may ask while static objects go.
+    static auto *table = new QHash<QString, Translators>;
+    return *table;
 }
 
 QStringList wantedLanguages()

@@ -6,6 +6,7 @@
 #include "quvlite/kasynctask.h"
 #include "skinstate.h"
 
+#include <QWindow>
 #include <utility>
 
 namespace {
@@ -16,36 +17,30 @@ KCoreApplication *application()
 }
 
 constexpr char GlVariable[] = "QT_XCB_GL_INTEGRATION";
-bool s_glVariableSet = false;
 
 // Nothing here paints with OpenGL, but the X11 plugin loads a driver for it, which costs more time and memory
-// than the whole box.
-void leaveGlOut()
-{
-    s_glVariableSet = !qEnvironmentVariableIsSet(GlVariable);
-    if (s_glVariableSet)
-        qputenv(GlVariable, "none");
-}
-
-// The plugin reads the variable with its first native window. Programs that the box starts must not inherit
-// it.
-class GlVariableRemover final : public QObject
+// than the whole box. It reads the variable with its first native window; programs that the box starts must
+// not inherit it, and it has to go before there are threads that may read the environment.
+class WithoutGl
 {
 public:
-    using QObject::QObject;
-
-    ~GlVariableRemover() override
+    static void begin()
     {
-        if (std::exchange(s_glVariableSet, false))
-            qunsetenv(GlVariable);
+        s_set = !qEnvironmentVariableIsSet(GlVariable);
+        if (s_set)
+            qputenv(GlVariable, "none");
+    }
+    static void end()
+    {
+        if (!std::exchange(s_set, false))
+            return;
+        if (QGuiApplication::platformName() == QLatin1String("xcb"))
+            QWindow().create();
+        qunsetenv(GlVariable);
     }
 
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (event->type() == QEvent::PlatformSurface)
-            deleteLater();
-        return QObject::eventFilter(watched, event);
-    }
+private:
+    static inline bool s_set = false;
 };
 
 // What has to be said before QApplication's constructor runs.
@@ -59,7 +54,7 @@ int &prepared(int &argc)
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
     QApplication::setDesktopFileName(QStringLiteral("zelbox"));
     QApplication::setStyle(new KLiteStyle); // the desktop's own style is not even loaded then
-    leaveGlOut();
+    WithoutGl::begin();
     return argc;
 }
 
@@ -70,7 +65,7 @@ KCoreApplication::KCoreApplication(int &argc, char **argv, const QString &applic
     const QString & /*product*/, const QString &version)
     : QApplication(prepared(argc), argv)
 {
-    installEventFilter(new GlVariableRemover(this));
+    WithoutGl::end();
     setApplicationName(applicationName);
     setApplicationDisplayName(QStringLiteral("ZEL Box"));
     setApplicationVersion(version);

@@ -12,8 +12,8 @@ namespace {
 
 QString &registeredFile()
 {
-    static QString file;
-    return file;
+    static auto *file = new QString; // never destroyed, see KAppTranslators
+    return *file;
 }
 
 } // namespace
@@ -40,14 +40,14 @@ namespace {
 
 KLitOfficeInfo &office()
 {
-    static KLitOfficeInfo info;
-    return info;
+    static auto *info = new KLitOfficeInfo; // never destroyed, see KAppTranslators
+    return *info;
 }
 
 KLiteSkinInfo &baseSkin()
 {
-    static KLiteSkinInfo info;
-    return info;
+    static auto *info = new KLiteSkinInfo; // never destroyed, see KAppTranslators
+    return *info;
 }
 
 // What the caller leaves open, the installed skin description says.

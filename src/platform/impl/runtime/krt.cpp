@@ -21,8 +21,8 @@ struct Identity
 
 Identity &identity()
 {
-    static Identity value;
-    return value;
+    static auto *value = new Identity; // never destroyed, see KAppTranslators
+    return *value;
 }
 
 QString logFilePath(QString applicationName)

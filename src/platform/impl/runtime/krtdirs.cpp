@@ -40,14 +40,14 @@ QString firstFolder(std::initializer_list<const char *> relativePaths)
 // A build tree keeps libraries in lib/, an installation in lib/zelbox/.
 QString office()
 {
-    static const QString path = firstFolder({"../share/zelbox", "../../share/zelbox"});
-    return path;
+    static const auto *path = new QString(firstFolder({"../share/zelbox", "../../share/zelbox"}));
+    return *path;
 }
 
 QString programs()
 {
-    static const QString path = firstFolder({"../bin", "../../bin"});
-    return path;
+    static const auto *path = new QString(firstFolder({"../bin", "../../bin"}));
+    return *path;
 }
 
 QString localHalvornHome()
