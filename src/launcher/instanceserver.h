@@ -23,7 +23,7 @@ class InstanceServer
 public:
     struct Limits
     {
-        std::chrono::milliseconds silence{5000}; ///< of a sender in the middle of its message
+        std::chrono::milliseconds silence{1000}; ///< of a sender in the middle of its message
         std::size_t connections = 64;            ///< at once; more wait in the socket's queue
     };
 

@@ -13,11 +13,22 @@ using zel::recent::kindMask;
 namespace {
 
 constexpr int RoamingRequestKind = 1;
-constexpr int UnreadUpdateDelay = 4000; // ms
 
 bool isShown(const RecentFileInfo &record)
 {
     return (record.kind & kindMask()) != 0;
+}
+
+/// The messages of `now` that `before` does not have with the same time.
+ZELBOX_ROAMING_MSGLIST newsIn(const ZELBOX_ROAMING_MSGLIST &now, const ZELBOX_ROAMING_MSGLIST &before)
+{
+    ZELBOX_ROAMING_MSGLIST news;
+    for (auto it = now.cbegin(); it != now.cend(); ++it) {
+        const auto known = before.constFind(it.key());
+        if (known == before.cend() || known->time != it->time)
+            news.insert(it.key(), it.value());
+    }
+    return news;
 }
 
 } // namespace
@@ -29,7 +40,9 @@ KRecentFileLogic::KRecentFileLogic(const Services &services, QObject *parent)
 {
     qRegisterMetaType<RecentFileInfo>();
     qRegisterMetaType<RecordInfoList>();
+    qRegisterMetaType<OpenProblem>();
     m_roamingTimer.setObjectName(QStringLiteral("roamingRefresh"));
+    m_roamingTimer.setTimerType(Qt::CoarseTimer); // VeryCoarse would make 0 of less than half a second
     connect(&m_roamingTimer, &QTimer::timeout, this, &KRecentFileLogic::onTimingUpdateRoamingFiles);
     connectStore();
 }
@@ -170,17 +183,41 @@ void KRecentFileLogic::onRecentRecordInfoChanged(const RecordInfoList &records)
 {
     if (!m_model)
         return;
-    for (const RecentFileInfo &record : records) {
-        if (isShown(record) && m_model->updateRecord(record))
-            Q_EMIT itemStateChanged(record);
+    bool rowsCameOrWent = false;
+    for (const RecentFileInfo &record : records)
+        rowsCameOrWent |= takeChange(record);
+    if (!rowsCameOrWent)
+        return;
+    markPending();
+    onUpdateRecentTabUnreadPoint();
+}
+
+// A change can also be one of kind, into what is shown or out of it. True when a row came or went.
+bool KRecentFileLogic::takeChange(const RecentFileInfo &record)
+{
+    if (!isShown(record)) {
+        if (!m_model->removeRecord(record.id))
+            return false;
+        Q_EMIT itemRemoved(record);
+        return true;
     }
+    if (m_model->updateRecord(record)) {
+        Q_EMIT itemStateChanged(record);
+        return false;
+    }
+    if (m_model->addRecord(record) < 0)
+        return false;
+    Q_EMIT itemAdded(record);
+    return true;
 }
 
 void KRecentFileLogic::onWindowFirstShown()
 {
     if (!std::exchange(m_windowNotYetShown, false))
         return;
-    m_roamingTimer.start(zel::recent::roamingRefreshInterval());
+    const int interval = zel::recent::roamingRefreshInterval();
+    if (interval >= 0)
+        m_roamingTimer.start(interval);
     if (m_model)
         loadAll();
 }
@@ -219,17 +256,25 @@ void KRecentFileLogic::onTimingUpdateRoamingFiles()
         updateRoaming(false);
 }
 
+// The whole set comes again and again: what it said before has its mark, or lost it by being seen.
 void KRecentFileLogic::onRoamingUnreadMsgArrive(const ZELBOX_ROAMING_MSGLIST &idMap)
 {
     if (!m_model)
         return;
+    const auto result = m_model->markUnread(newsIn(idMap, m_roamingUnread), ZelBoxRecentFileModel::Modified);
     m_roamingUnread = idMap;
-    const auto result = m_model->markUnread(idMap, ZelBoxRecentFileModel::Modified);
-    if (!result.unknownIds.isEmpty())
-        m_pendingRoamingIds = result.unknownIds;
-    QTimer::singleShot(UnreadUpdateDelay, this, &KRecentFileLogic::onUpdateRecentRoamingFileItemsWithSync);
+    rememberPending(result.unknownIds);
+    // Precise: a coarse timer may fire before the service is through with what it told of.
+    QTimer::singleShot(m_services.unreadSyncDelay, Qt::PreciseTimer, this,
+        &KRecentFileLogic::onUpdateRecentRoamingFileItemsWithSync);
     if (result.changed)
         onUpdateRecentTabUnreadPoint();
+}
+
+void KRecentFileLogic::rememberPending(const QStringList &ids)
+{
+    m_pendingRoamingIds += ids;
+    m_pendingRoamingIds.removeDuplicates();
 }
 
 // A reported item that gets its row only now has come from another device: it is new here.
@@ -264,14 +309,15 @@ void KRecentFileLogic::onUpdateRecentTabUnreadPoint()
         Q_EMIT recentFileUnreadMsgCount(quint64(m_model->unreadCount()));
 }
 
+// What was reported stays known, so that the same report does not mark it again.
 void KRecentFileLogic::clearUnread()
 {
-    m_roamingUnread.clear();
     m_pendingRoamingIds.clear();
     if (m_model && m_model->clearUnread())
         onUpdateRecentTabUnreadPoint();
 }
 
+// Also where the answer is known: files go and come back. The store tells only of what has changed.
 void KRecentFileLogic::checkPresence(int firstRow, int lastRow)
 {
     if (!m_model || !store())
@@ -279,7 +325,7 @@ void KRecentFileLogic::checkPresence(int firstRow, int lastRow)
     QStringList ids;
     for (int row = qMax(0, firstRow); row <= qMin(lastRow, m_model->rowCount() - 1); ++row) {
         const RecentFileInfo &record = m_model->record(row);
-        if (record.presence == RecentFileInfo::Presence::Unknown && !record.path.isEmpty())
+        if (!record.path.isEmpty())
             ids << record.id;
     }
     if (!ids.isEmpty())

@@ -18,13 +18,14 @@ class KRecentFileLogic : public QObject
 {
     Q_OBJECT
 public:
-    /// What the logic works with; none is owned. Null means the process's own.
+    /// What the logic works with; no object is owned. Null means the process's own.
     struct Services
     {
         KRecentFileProxy *store = nullptr;
         KRecentFileEvents *events = nullptr;
         KDocumentOpener *opener = nullptr;
         std::function<bool()> isLoggedIn; ///< empty: nobody is
+        int unreadSyncDelay = 4000;       ///< ms from a notice of unread items to the update it leads to
     };
     enum class OpenProblem { Missing, NotReadable, NoProgram, NotOnThisDevice };
     Q_ENUM(OpenProblem)
@@ -43,7 +44,7 @@ public:
 
     void loadAll();                      ///< full load; asks the store to get ready first when it is not
     void open(const QModelIndex &index); ///< openFailed() follows when it does not work out
-    void checkPresence(int firstRow, int lastRow); ///< for the rows whose presence is not known yet
+    void checkPresence(int firstRow, int lastRow); ///< of the files that these rows are for
     void clearUnread(); ///< tells recentFileUnreadMsgCount() when something was unread
 
 Q_SIGNALS:
@@ -78,12 +79,14 @@ private:
     void rebuildRows();
     void updateRoaming(bool sync);
     void markPending();
+    void rememberPending(const QStringList &ids);
+    bool takeChange(const RecentFileInfo &record);
     void logOut();
     void onOpened(const QString &path, KDocumentOpener::Outcome outcome);
     RecordInfoList shownRecords() const;
 
     QTimer m_roamingTimer{this};
-    ZELBOX_ROAMING_MSGLIST m_roamingUnread; ///< last set reported
+    ZELBOX_ROAMING_MSGLIST m_roamingUnread; ///< last set reported, also when it was seen meanwhile
     QPointer<ZelBoxRecentFileModel> m_model;
     QStringList m_pendingRoamingIds; ///< reported, but without a row so far
     bool m_waitingForFirstLoad = true;

@@ -244,7 +244,7 @@ ZelBoxRecentFileModel::MarkResult ZelBoxRecentFileModel::markUnread(
         const int row = rowOf(it.key());
         if (row < 0) {
             others.insert(it.key(), it.value());
-        } else if (m_rows.at(row).unread != mark) {
+        } else if (m_rows.at(row).unread == NotUnread) {
             setUnread(row, mark);
             result.changed = true;
         }
@@ -265,7 +265,7 @@ void ZelBoxRecentFileModel::markCloudFiles(
         if (!messages.contains(id))
             continue;
         found.insert(id);
-        if (m_rows.at(row).unread != mark) {
+        if (m_rows.at(row).unread == NotUnread) {
             setUnread(row, mark);
             result.changed = true;
         }
@@ -317,11 +317,14 @@ void ZelBoxRecentFileModel::finishChange()
     Q_EMIT rowCountChanged(m_rows.size());
 }
 
+// The edges say more than the date: after a change of zone the same date begins at another moment. The timer
+// starts anew because a set clock moves midnight away from it.
 void ZelBoxRecentFileModel::refreshDay()
 {
-    const QDate today = zel::now().date();
-    if (today != m_edges.today) {
-        m_edges = timeGroupEdges(today);
+    const TimeGroupEdges edges = timeGroupEdges(zel::now().date());
+    m_dayTimer.stop();
+    if (edges != m_edges) {
+        m_edges = edges;
         retranslate();
     }
     armDayTimer();
@@ -337,7 +340,8 @@ void ZelBoxRecentFileModel::retranslate()
     Q_EMIT groupsChanged();
 }
 
-// Two seconds past midnight: a long timer may fire a second early.
+// Two seconds past midnight, because a long timer keeps to full seconds only. It counts running time, so
+// after a sleep it is late; whoever shows the rows calls refreshDay() when the user comes back.
 void ZelBoxRecentFileModel::armDayTimer()
 {
     if (m_rows.size() == 0) {

@@ -65,17 +65,16 @@ public:
     int rowOf(const QString &id) const { return m_rows.rowOf(id); } ///< -1 when there is none
     const RecentFileInfo &record(int row) const { return m_rows.at(row); }
 
-    /// Marks the rows whose record id, or else cloud file id, is in `messages`.
+    /// Marks the rows whose record id, or else cloud file id, is in `messages`; unread ones keep their mark.
     MarkResult markUnread(const ZELBOX_ROAMING_MSGLIST &messages, UnreadMark mark);
     bool clearUnread(); ///< true when a row was unread
     int unreadCount() const { return m_unread; }
     QHash<QString, int> unreadMarks() const; ///< id -> mark of the unread rows
 
     const zel::recent::TimeGroups &groups() const { return m_groups; }
-    /// Regroups for the present day and language and lets every row tell its time anew when the day has
-    /// changed.
+    /// Regroups and lets every row tell its time anew when the day or the time zone is another one by now.
     void refreshDay();
-    void retranslate();
+    void retranslate(); ///< the same for another language
 
 Q_SIGNALS:
     void rowCountChanged(int count);
@@ -94,5 +93,5 @@ private:
     zel::recent::TimeGroupEdges m_edges;
     zel::recent::TimeGroups m_groups;
     int m_unread = 0;
-    QTimer m_dayTimer; // one wake a day, only while there are rows
+    QTimer m_dayTimer; // one wake a day, only while there are rows; knows nothing of sleep and clock changes
 };

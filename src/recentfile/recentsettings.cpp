@@ -54,7 +54,7 @@ int roamingRefreshInterval()
     const int interval = cachedInterval.toInt(&ok, 10);
     if (!ok)
         qCWarning(lcRecent) << "setting" << keys::UpdateRoamingFilesInterval << "is not a number, using 0";
-    return qMax(0, interval);
+    return interval;
 }
 
 int loadingTimeout()

@@ -29,6 +29,8 @@ struct TimeGroupEdges
     QDate today;
     std::array<QDate, TimeGroupCount> reference;    ///< newest day of each group
     std::array<qint64, TimeGroupCount> before = {}; ///< end of that day, ms since epoch (exclusive)
+
+    bool operator==(const TimeGroupEdges &) const = default;
 };
 
 /// The edges as seen on the local date `today`.

@@ -202,6 +202,12 @@ void TestLayout::elidedNames_data()
     row("CJK", QString(80, QChar(0x6587)) + QStringLiteral(".xlsx"), 20, QString(1, QChar(0x6587)),
         QStringLiteral(".xlsx"));
     row("line break", QStringLiteral("a\nb\t.odt"), 30, QStringLiteral("a b .odt"), QString());
+    for (const ushort hidden : {0x061C, 0x200E, 0x200F, 0x202A, 0x202E, 0x2066, 0x2069})
+        row(qPrintable(QStringLiteral("turns the text U+%1").arg(hidden, 4, 16, QLatin1Char('0'))),
+            QStringLiteral("bill") + QChar(hidden) + QStringLiteral("txt.exe"), 30,
+            QStringLiteral("bill txt.exe"), QString());
+    row("joiners stay", QStringLiteral("a") + QChar(0x200D) + QStringLiteral("b.odt"), 30,
+        QStringLiteral("a") + QChar(0x200D) + QStringLiteral("b"), QStringLiteral(".odt"));
     row("hardly any room", longName + QStringLiteral(".docx"), 3, QString(), QStringLiteral("x"));
 }
 
@@ -231,6 +237,8 @@ void TestLayout::folders_data()
     row("/home/anna/a.odt", "/home/anna");
     row("/a.odt", "/");
     row("/data/a.odt", "/data");
+    QTest::newRow("text that turns") << QString(QStringLiteral("/data/x") + QChar(0x202E)
+        + QStringLiteral("y/a.odt")) << QStringLiteral("/data/x y");
     row("", "");
 }
 

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void randomChangesKeepOrder();
     void marks();
     void aNewDayMovesTheGroups();
+    void anotherZoneMovesTheGroups();
 };
 
 void TestModel::roles_data()
@@ -292,6 +293,22 @@ void TestModel::aNewDayMovesTheGroups()
     QCOMPARE(model.groups()[1].count, 1);
     QCOMPARE(model.groups()[5].title, QStringLiteral("2024 Year 11 Month"));
     QCOMPARE(model.index(0).data(Model::TimeTextRole).toString(), QStringLiteral("yesterday 12:00"));
+}
+
+// The traveller's date is the same, but midnight is at another moment.
+void TestModel::anotherZoneMovesTheGroups()
+{
+    const FixedNow now(at(QStringLiteral("2024-03-20 12:00")));
+    Model model;
+    model.setRecords({record(QStringLiteral("a"), at(QStringLiteral("2024-03-20 02:00")))});
+    QCOMPARE(model.groups()[0].count, 1);
+    QSignalSpy changed(&model, &Model::dataChanged);
+    setZone("America/New_York");
+    zel::setFixedNow(at(QStringLiteral("2024-03-20 08:00")));
+    model.refreshDay();
+    QCOMPARE(model.groups()[1].count, 1);
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(model.index(0).data(Model::TimeTextRole).toString(), QStringLiteral("yesterday 22:00"));
 }
 
 QTEST_GUILESS_MAIN(TestModel)

@@ -35,6 +35,7 @@ private Q_SLOTS:
     void reloadNeverShowsTheEmptyPage();
     void failuresAreSaidAndGoAway_data();
     void failuresAreSaidAndGoAway();
+    void noticeGoesAwayByItself();
     void openingByMouseAndKeyboard();
     void telemetry();
 
@@ -44,6 +45,10 @@ private:
     ZelBoxRecentFileWidget *page() const { return m_recent->page(); }
     QPushButton *button(const QString &text) const;
     QStringList events() const;
+    static QTimer *timerOf(InlineNotice *notice)
+    {
+        return notice->findChild<QTimer *>({}, Qt::FindDirectChildrenOnly);
+    }
 
     FakeStore m_store;
     std::unique_ptr<KRecentFileEvents> m_events;
@@ -238,7 +243,28 @@ void TestPage::failuresAreSaidAndGoAway()
     else
         QTest::mouseClick(close, Qt::LeftButton);
     QVERIFY(!notice->isVisible());
-    QVERIFY(!notice->findChild<QTimer *>() || !notice->findChild<QTimer *>()->isActive());
+    QVERIFY(!timerOf(notice)->isActive()); // nothing runs for a notice that is gone
+}
+
+void TestPage::noticeGoesAwayByItself()
+{
+    make(3);
+    page()->onWindowFirstShown();
+    auto *notice = page()->findChild<InlineNotice *>();
+    page()->onItemDoubleClicked(page()->view()->model()->index(0, 0));
+    m_opener.answer(m_opener.asked.value(0), KDocumentOpener::Outcome::Missing);
+    QTimer *timer = timerOf(notice);
+    QVERIFY(timer->isActive());
+    QVERIFY(timer->interval() >= 3000); // long enough to be read
+    QSignalSpy timeout(timer, &QTimer::timeout);
+
+    notice->findChild<QAbstractButton *>()->setFocus();
+    timer->start(0);
+    QVERIFY(timeout.wait());
+    QVERIFY(notice->isVisible()); // the keyboard is on it
+    page()->view()->setFocus();
+    QTRY_VERIFY(!notice->isVisible());
+    QVERIFY(!timer->isActive());
 }
 
 void TestPage::openingByMouseAndKeyboard()

@@ -1,208 +1,28 @@
-#include "recentfile/ui/recentfilelistview.h"
-
-#include "recentfile/recentfilemodel.h"
-#include "recentfile/records.h"
-#include "recentfile/ui/recentfiledelegate.h"
+#include "recentfile/viewfixture.h"
 
 #include <QAccessible>
-#include <QScrollBar>
 #include <QSignalSpy>
-#include <QTest>
-#include <QWheelEvent>
 
 using namespace recenttest;
-using View = ZelBoxRecentFileListView;
 
-namespace {
-
-/// Notes which rows are painted.
-class CountingDelegate : public ZelBoxRecentFileDelegate
-{
-public:
-    mutable QVector<int> painted;
-    mutable QStyle::State stateOfRow0;
-    void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
-    {
-        painted << index.row();
-        if (index.row() == 0)
-            stateOfRow0 = option.state;
-        ZelBoxRecentFileDelegate::paint(painter, option, index);
-    }
-};
-
-} // namespace
-
-class TestView : public QObject
+class TestView : public QObject, private ViewFixture
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
-    void keys_data();
-    void keys();
-    void typingFindsAName();
-    void enterActivatesOnce();
-    void clicksAndDoubleClicks();
-    void wheelScrollsByPixels();
+    void init() { open(); }
+    void cleanup() { close(); }
     void geometryRoundTrip();
     void scrollToKeepsRowsBelowTheHeader();
     void onlyVisibleRowsArePainted();
-    void hoverFollowsThePointer();
-    void focusRingIsForTheKeyboard();
     void lookedAtRowsStayInPlace_data();
     void lookedAtRowsStayInPlace();
     void reloadKeepsCurrentAndPlace();
     void visibleRowsAreToldOnce();
+    void returningLooksAgain_data();
+    void returningLooksAgain();
     void assistivePrograms();
     void tipShowsPathAsText();
-
-private:
-    void fill(int rows);
-    void click(int row, bool twice = false);
-    QStyle::State stateOfRow0();
-    QPoint centreOf(int row) const { return m_view->visualRect(m_model->index(row)).center(); }
-    int scroll() const { return m_view->verticalScrollBar()->value(); }
-    int current() const { return m_view->currentIndex().row(); }
-
-    std::unique_ptr<ZelBoxRecentFileModel> m_model;
-    CountingDelegate m_delegate;
-    std::unique_ptr<View> m_view;
 };
-
-// Three rows today, then ten each day: groups 1, 2, 3 and so on.
-void TestView::fill(int rows)
-{
-    const QDateTime noon = at(QStringLiteral("2024-03-20 11:59"));
-    RecordInfoList list;
-    for (int i = 0; i < rows; ++i)
-        list << record(
-            QStringLiteral("file%1").arg(i), noon.addDays(i < 3 ? 0 : -(1 + (i - 3) / 10)).addSecs(-i));
-    m_model->setRecords(list);
-}
-
-void TestView::init()
-{
-    setZone("UTC");
-    zel::setFixedNow(at(QStringLiteral("2024-03-20 12:00")));
-    m_model = std::make_unique<ZelBoxRecentFileModel>();
-    m_view = std::make_unique<View>();
-    m_view->setModel(m_model.get());
-    m_view->setItemDelegate(&m_delegate);
-    m_view->resize(500, 400);
-    m_view->show();
-    QVERIFY(QTest::qWaitForWindowActive(m_view.get()));
-    fill(100);
-    m_view->setFocus();
-}
-
-void TestView::cleanup()
-{
-    m_view.reset();
-    m_model.reset();
-    zel::setFixedNow({});
-}
-
-void TestView::click(int row, bool twice)
-{
-    if (twice)
-        QTest::mouseDClick(m_view->viewport(), Qt::LeftButton, {}, centreOf(row));
-    else
-        QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, centreOf(row));
-}
-
-QStyle::State TestView::stateOfRow0()
-{
-    m_view->viewport()->repaint();
-    return m_delegate.stateOfRow0;
-}
-
-void TestView::keys_data()
-{
-    QTest::addColumn<int>("from");
-    QTest::addColumn<int>("key");
-    QTest::addColumn<int>("to");
-    QTest::newRow("down") << 0 << int(Qt::Key_Down) << 1;
-    QTest::newRow("down across a header") << 2 << int(Qt::Key_Down) << 3;
-    QTest::newRow("up across a header") << 3 << int(Qt::Key_Up) << 2;
-    QTest::newRow("up at the top") << 0 << int(Qt::Key_Up) << 0;
-    QTest::newRow("down at the end") << 99 << int(Qt::Key_Down) << 99;
-    QTest::newRow("home") << 50 << int(Qt::Key_Home) << 0;
-    QTest::newRow("end") << 50 << int(Qt::Key_End) << 99;
-    QTest::newRow("page up at the top") << 2 << int(Qt::Key_PageUp) << 0;
-    QTest::newRow("page down at the end") << 97 << int(Qt::Key_PageDown) << 99;
-}
-
-void TestView::keys()
-{
-    QFETCH(int, from);
-    QFETCH(int, key);
-    QFETCH(int, to);
-    QSignalSpy changed(m_view.get(), &View::sigCurrentChanged);
-    m_view->setCurrentIndex(m_model->index(from));
-    QTest::keyClick(m_view.get(), Qt::Key(key));
-    QCOMPARE(current(), to);
-    QVERIFY(m_view->selectionModel()->isSelected(m_model->index(to)));
-    QCOMPARE(m_view->selectionModel()->selectedIndexes().size(), 1);
-    QCOMPARE(changed.size(), from == to ? 1 : 2);
-    QVERIFY(m_view->viewport()->rect().contains(m_view->visualRect(m_model->index(to))));
-    QCOMPARE(m_view->indexAt(centreOf(to)).row(), to);
-
-    // A page is less than what shows, so that nothing is skipped, and there and back again ends at the start.
-    m_view->setCurrentIndex(m_model->index(40));
-    QTest::keyClick(m_view.get(), Qt::Key_PageDown);
-    const int onePage = current() - 40;
-    QVERIFY(onePage >= 3 && onePage * m_view->visualRect(m_model->index(0)).height() < 400);
-}
-
-void TestView::typingFindsAName()
-{
-    QTest::keyClicks(m_view.get(), QStringLiteral("file77"));
-    QCOMPARE(current(), 77);
-}
-
-void TestView::enterActivatesOnce()
-{
-    QSignalSpy activated(m_view.get(), &View::activated);
-    m_view->setCurrentIndex(m_model->index(4));
-    QTest::keyClick(m_view.get(), Qt::Key_Return);
-    QTest::keyClick(m_view.get(), Qt::Key_Enter);
-    QCOMPARE(activated.size(), 2);
-    QCOMPARE(activated.at(1).at(0).toModelIndex().row(), 4);
-}
-
-void TestView::clicksAndDoubleClicks()
-{
-    QSignalSpy clicked(m_view.get(), &View::clicked);
-    QSignalSpy doubled(m_view.get(), &View::doubleClicked);
-    QSignalSpy activated(m_view.get(), &View::activated);
-    click(1);
-    QCOMPARE(current(), 1);
-    QCOMPARE(clicked.size(), 1);
-    QCOMPARE(activated.size(), 0);
-
-    click(2);
-    click(2, true);
-    QCOMPARE(doubled.size(), 1);
-    QCOMPARE(doubled.at(0).at(0).toModelIndex().row(), 2);
-    QCOMPARE(clicked.size(), 2); // the release of the second click is no click
-    QCOMPARE(activated.size(), 0);
-    click(0);
-    QCOMPARE(clicked.size(), 3);
-
-    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, {100, 5}); // on the header
-    QTest::mouseDClick(m_view->viewport(), Qt::LeftButton, {}, {100, 5});
-    QCOMPARE(clicked.size(), 3);
-    QCOMPARE(doubled.size(), 1);
-}
-
-void TestView::wheelScrollsByPixels()
-{
-    const QPoint pos(100, 100);
-    QWheelEvent wheel(
-        pos, m_view->viewport()->mapToGlobal(pos), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(m_view->viewport(), &wheel);
-    QVERIFY(scroll() > 20 && scroll() < 200);
-}
 
 void TestView::geometryRoundTrip()
 {
@@ -255,37 +75,6 @@ void TestView::onlyVisibleRowsArePainted()
     QVERIFY(m_delegate.painted.size() >= 6 && m_delegate.painted.size() <= 10);
     for (const int row : std::as_const(m_delegate.painted))
         QVERIFY(m_view->viewport()->rect().intersects(m_view->visualRect(m_model->index(row))));
-}
-
-void TestView::hoverFollowsThePointer()
-{
-    const auto hovered = [this] { return stateOfRow0().testFlag(QStyle::State_MouseOver); };
-    const auto move = [this](int row) {
-        QMouseEvent event(QEvent::MouseMove, centreOf(row), Qt::NoButton, Qt::NoButton, {});
-        QCoreApplication::sendEvent(m_view->viewport(), &event);
-    };
-    move(0);
-    QVERIFY(hovered());
-    move(1);
-    QVERIFY(!hovered());
-    click(1);
-    click(1, true);
-    move(0);
-    QVERIFY(hovered());
-    QEvent leave(QEvent::Leave);
-    QCoreApplication::sendEvent(m_view->viewport(), &leave);
-    QVERIFY(!hovered());
-}
-
-void TestView::focusRingIsForTheKeyboard()
-{
-    const auto ring = [this] { return stateOfRow0().testFlag(QStyle::State_HasFocus); };
-    click(0);
-    QVERIFY(!ring());
-    QTest::keyClick(m_view.get(), Qt::Key_Home);
-    QVERIFY(ring());
-    click(0);
-    QVERIFY(!ring());
 }
 
 void TestView::lookedAtRowsStayInPlace_data()
@@ -357,6 +146,37 @@ void TestView::visibleRowsAreToldOnce()
     QVERIFY(m_view->visualRect(m_model->index(last)).top() < m_view->viewport()->height());
 }
 
+void TestView::returningLooksAgain_data()
+{
+    QTest::addColumn<QEvent::Type>("event");
+    QTest::addColumn<bool>("atViewport");
+    QTest::addColumn<bool>("settles");
+    QTest::newRow("window becomes active") << QEvent::WindowActivate << false << true;
+    QTest::newRow("pointer comes back") << QEvent::Enter << true << false;
+}
+
+// A day may have begun, and files may have gone, while the user or the machine was away.
+void TestView::returningLooksAgain()
+{
+    QFETCH(QEvent::Type, event);
+    QFETCH(bool, atViewport);
+    QFETCH(bool, settles);
+    QSignalSpy settled(m_view.get(), &View::sigVisibleRowsSettled);
+    QVERIFY(settled.wait()); // of being shown
+    settled.clear();
+    send(event, atViewport ? m_view->viewport() : m_view.get());
+    if (settles) {
+        QVERIFY(settled.wait());
+        QCOMPARE(settled.size(), 1);
+        QCOMPARE(settled.at(0).at(0).toInt(), 0);
+    }
+
+    QCOMPARE(m_model->groups()[1].count, 10);
+    zel::setFixedNow(at(QStringLiteral("2024-03-21 08:00")));
+    send(event, atViewport ? m_view->viewport() : m_view.get());
+    QCOMPARE(m_model->groups()[1].count, 3); // what was today's
+}
+
 void TestView::assistivePrograms()
 {
     QAccessibleInterface *list = QAccessible::queryAccessibleInterface(m_view.get());
@@ -381,9 +201,31 @@ void TestView::assistivePrograms()
 
     m_model->removeRecord(QStringLiteral("file0"));
     QCOMPARE(list->indexOfChild(row), 0); // it is the same file still
+
+    // What was made for a row goes with it.
+    const auto idOf = [list](int child) { return QAccessible::uniqueId(list->child(child)); };
+    const QAccessible::Id first = idOf(0);
+    const QAccessible::Id second = idOf(1);
+    const QAccessible::Id last = idOf(98);
     m_model->removeRecord(QStringLiteral("file1"));
-    QVERIFY(!row->isValid());
-    QVERIFY(row->state().invalid);
+    QVERIFY(!QAccessible::accessibleInterface(first));
+    QCOMPARE(idOf(0), second);
+    fill(50);
+    QVERIFY(!QAccessible::accessibleInterface(second));
+    QVERIFY(!QAccessible::accessibleInterface(last));
+    QCOMPARE(
+        list->child(49)->text(QAccessible::Name), m_model->index(49).data(Qt::AccessibleTextRole).toString());
+
+    ZelBoxRecentFileModel other;
+    other.setRecords({record(QStringLiteral("another"), 7)});
+    const QAccessible::Id before = idOf(0);
+    m_view->setModel(&other);
+    QCOMPARE(list->childCount(), 1);
+    QAccessibleInterface *another = list->child(0);
+    QVERIFY(another->text(QAccessible::Name).startsWith(QLatin1String("another")));
+    QAccessibleInterface *old = QAccessible::accessibleInterface(before);
+    QVERIFY(!old || old == another); // numbers are used again
+    m_view->setModel(m_model.get());
 }
 
 void TestView::tipShowsPathAsText()
@@ -394,6 +236,10 @@ void TestView::tipShowsPathAsText()
     const QString tip = ZelBoxRecentFileDelegate::toolTip(m_model->index(0));
     QVERIFY(tip.contains(QStringLiteral("&lt;b&gt;bold&lt;/b&gt; &amp; &lt;img src=x&gt;.odt")));
     QVERIFY(tip.contains(QStringLiteral("2024")));
+
+    info.path = QStringLiteral("/data/bill") + QChar(0x202E) + QStringLiteral("txt.exe"); // reads "exe.txt"
+    m_model->updateRecord(info);
+    QVERIFY(ZelBoxRecentFileDelegate::toolTip(m_model->index(0)).contains(QStringLiteral("bill txt.exe")));
 }
 
 QTEST_MAIN(TestView)

@@ -7,7 +7,7 @@ class QLabel;
 
 /// A one-line notice at the top of a page, for what went wrong but needs no decision. GUI thread. Goes away
 /// by itself after a while (not while the pointer or the keyboard focus is on it), by its button, or by
-/// Escape. Hidden at first.
+/// Escape while the focus is on that. Hidden at first.
 class InlineNotice : public QFrame
 {
     Q_OBJECT
@@ -26,5 +26,5 @@ private:
     void onTimeout();
 
     QLabel *m_text;
-    QTimer m_timer;
+    QTimer m_timer{this};
 };

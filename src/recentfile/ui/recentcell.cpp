@@ -51,20 +51,27 @@ RecentCell RecentCell::layout(const QRect &row, const RecentCellMetrics &m, cons
 
 namespace zel::recent {
 
-static QString oneLine(QString text)
+static bool turnsDirection(QChar c)
 {
-    const auto isControl = [](QChar c) {
+    const ushort code = c.unicode();
+    return code == 0x061C || code == 0x200E || code == 0x200F || (code >= 0x202A && code <= 0x202E)
+        || (code >= 0x2066 && code <= 0x2069);
+}
+
+QString plainLine(QString text)
+{
+    const auto isUnwanted = [](QChar c) {
         return c.category() == QChar::Other_Control || c == QChar::LineSeparator
-            || c == QChar::ParagraphSeparator;
+            || c == QChar::ParagraphSeparator || turnsDirection(c);
     };
-    std::replace_if(text.begin(), text.end(), isControl, QLatin1Char(' '));
+    std::replace_if(text.begin(), text.end(), isUnwanted, QLatin1Char(' '));
     return text;
 }
 
 QString elidedName(const QString &name, const QFontMetrics &metrics, int width)
 {
     constexpr int LongestSuffix = 9; // with its dot; longer ones are part of a sentence rather than a type
-    const QString text = oneLine(name);
+    const QString text = plainLine(name);
     if (metrics.horizontalAdvance(text) <= width)
         return text;
     const int dot = text.lastIndexOf(QLatin1Char('.'));
@@ -81,7 +88,7 @@ QString folderText(const QString &path, const QString &home)
     const int slash = path.lastIndexOf(QLatin1Char('/'));
     if (slash < 0)
         return {};
-    const QString folder = oneLine(slash == 0 ? QStringLiteral("/") : path.left(slash));
+    const QString folder = plainLine(slash == 0 ? QStringLiteral("/") : path.left(slash));
     if (home.size() > 1 && (folder == home || folder.startsWith(home + QLatin1Char('/'))))
         return QLatin1Char('~') + folder.mid(home.size());
     return folder;

@@ -21,7 +21,7 @@ struct RecentCellMetrics
     static RecentCellMetrics of(const QFontMetrics &name, const QFontMetrics &small);
 };
 
-/// Places of what a row shows. Plain value: painting, clicks and tool tips all ask it.
+/// Places of what a row shows, for the delegate to paint. Plain value.
 struct RecentCell
 {
     /// Widths that the row's own texts want; 0: not shown.
@@ -43,8 +43,11 @@ struct RecentCell
 
 namespace zel::recent {
 
-/// `name` in at most `width`: the middle of the base name goes first, the suffix stays readable. Line breaks
-/// and other control characters become blanks.
+/// `text` as it may be shown: line breaks and other control characters become blanks, and so do the
+/// characters that turn the direction of writing, with which a name can pretend to end in another suffix.
+QString plainLine(QString text);
+
+/// plainLine(`name`) in at most `width`: the middle of the base name goes first, the suffix stays readable.
 QString elidedName(const QString &name, const QFontMetrics &metrics, int width);
 
 /// Folder of `path` for a person: the home folder as "~". Empty when there is no path.

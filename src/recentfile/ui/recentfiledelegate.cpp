@@ -29,7 +29,7 @@ struct ZelBoxRecentFileDelegate::Row
     Row(const QFont &font, const QModelIndex &index)
         : nameFont(font),
           smallFont(ZelBoxRecentFileDelegate::smallFont(font)),
-          name(index.data(Model::NameRole).toString()),
+          name(plainLine(index.data(Model::NameRole).toString())), // measured and painted alike
           time(index.data(Model::TimeTextRole).toString()),
           missing(index.data(Model::PresenceRole).toInt() == int(RecentFileInfo::Presence::Missing))
     {
@@ -143,7 +143,7 @@ void ZelBoxRecentFileDelegate::paintTexts(QPainter *painter, const RecentCell &c
 QString ZelBoxRecentFileDelegate::toolTip(const QModelIndex &index)
 {
     const QString path = index.data(Qt::ToolTipRole).toString();
-    const QString first = path.isEmpty() ? index.data(Qt::DisplayRole).toString() : path;
+    const QString first = plainLine(path.isEmpty() ? index.data(Qt::DisplayRole).toString() : path);
     const QDateTime time = index.data(Model::LastAccessRole).toDateTime();
     return QStringLiteral("<p style='white-space:pre-wrap'>") + first.toHtmlEscaped() + QStringLiteral("<br>")
         + QLocale().toString(time, QLocale::LongFormat).toHtmlEscaped() + QStringLiteral("</p>");

@@ -37,16 +37,24 @@ void ZelBoxRecentFileListView::mousePressEvent(QMouseEvent *event)
 {
     m_showFocusRing = false;
     m_releaseEndsDoubleClick = false;
+    m_pressed = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
     QAbstractItemView::mousePressEvent(event);
 }
 
 // A double click is one thing: doubleClicked() once, and no click on top of it when the button comes up. On
-// desktops where the first click already opens, the second has nothing left to do.
+// desktops where the first click already opens, the second has nothing left to do. When the list has moved in
+// between, the second click meets a row that the first was not for: it is a first one then.
 void ZelBoxRecentFileListView::mouseDoubleClickEvent(QMouseEvent *event)
 {
-    const QPersistentModelIndex index = indexAt(event->pos());
-    if (event->button() != Qt::LeftButton || !index.isValid()) {
-        QAbstractItemView::mouseDoubleClickEvent(event);
+    if (event->button() != Qt::LeftButton) {
+        event->accept();
+        return;
+    }
+    const QModelIndex index = indexAt(event->pos());
+    if (!index.isValid() || m_pressed != index) {
+        QMouseEvent press(QEvent::MouseButtonPress, event->localPos(), event->windowPos(), event->screenPos(),
+            event->button(), event->buttons(), event->modifiers(), event->source());
+        mousePressEvent(&press);
         return;
     }
     m_releaseEndsDoubleClick = true;
@@ -56,7 +64,8 @@ void ZelBoxRecentFileListView::mouseDoubleClickEvent(QMouseEvent *event)
 
 void ZelBoxRecentFileListView::mouseReleaseEvent(QMouseEvent *event)
 {
-    if (std::exchange(m_releaseEndsDoubleClick, false))
+    // The base class opens on single-click desktops whichever button comes up.
+    if (std::exchange(m_releaseEndsDoubleClick, false) || event->button() != Qt::LeftButton)
         setState(NoState);
     else
         QAbstractItemView::mouseReleaseEvent(event);
@@ -70,8 +79,20 @@ void ZelBoxRecentFileListView::mouseMoveEvent(QMouseEvent *event)
 
 bool ZelBoxRecentFileListView::viewportEvent(QEvent *event)
 {
-    if (event->type() == QEvent::Leave)
+    switch (event->type()) {
+    case QEvent::Leave:
         setHover({});
+        break;
+    case QEvent::Enter:
+        refreshDay();
+        break;
+    case QEvent::WindowActivate: // files may have gone from under the rows, or come back
+        refreshDay();
+        settleSoon();
+        break;
+    default:
+        break;
+    }
     return QAbstractItemView::viewportEvent(event);
 }
 
@@ -108,11 +129,17 @@ void ZelBoxRecentFileListView::changeEvent(QEvent *event)
     }
 }
 
-// While the page was hidden or the machine asleep, a day may have begun unnoticed.
-void ZelBoxRecentFileListView::showEvent(QShowEvent *event)
+// Whenever the user comes back: while the machine was asleep, a day may have begun unnoticed.
+void ZelBoxRecentFileListView::refreshDay()
 {
     if (m_model)
         m_model->refreshDay();
+}
+
+// A hidden page is not told that its window has become active.
+void ZelBoxRecentFileListView::showEvent(QShowEvent *event)
+{
+    refreshDay();
     QAbstractItemView::showEvent(event);
     settleSoon();
 }

@@ -184,6 +184,7 @@ QModelIndex ZelBoxRecentFileListView::moveCursor(CursorAction action, Qt::Keyboa
 int ZelBoxRecentFileListView::clampedRow(CursorAction action, int row) const
 {
     const int page = verticalScrollBar()->pageStep() - m_layout.rowHeight();
+    const int topOfRow = m_layout.rowTop(row); // both ways a page leads to the furthest row that begins in it
     switch (action) {
     case MoveUp:
     case MovePrevious:
@@ -192,9 +193,9 @@ int ZelBoxRecentFileListView::clampedRow(CursorAction action, int row) const
     case MoveNext:
         return row + 1;
     case MovePageUp:
-        return qMin(row - 1, m_layout.rowAtOrAfter(qMax(0, m_layout.rowTop(row) - page)));
+        return qMin(row - 1, m_layout.rowAtOrAfter(qMax(0, topOfRow - page + m_layout.rowHeight() - 1)));
     case MovePageDown:
-        return qMax(row + 1, m_layout.rowAtOrBefore(m_layout.rowTop(row) + page));
+        return qMax(row + 1, m_layout.rowAtOrBefore(topOfRow + page));
     case MoveHome:
         return 0;
     case MoveEnd:

@@ -28,7 +28,7 @@ public:
 Q_SIGNALS:
     void sigCurrentChanged(QModelIndex current, QModelIndex previous);
     void sigShareDoc(QPersistentModelIndex index);
-    /// The rows that show have not changed for a moment.
+    /// The rows that show have not changed for a moment, or the user has come back to them.
     void sigVisibleRowsSettled(int first, int last);
 
 protected:
@@ -64,6 +64,7 @@ private:
     void restoreAfterReload();
     void setHover(const QModelIndex &index);
     void updateHover();
+    void refreshDay();
     void settleSoon();
     int clampedRow(CursorAction action, int row) const;
     void paintRow(QPainter *painter, int row);
@@ -85,6 +86,7 @@ private:
     int m_anchorOffset = 0;
     Kept m_kept;
     QPersistentModelIndex m_hover;
+    QPersistentModelIndex m_pressed; // by the left button; the second half of a double click has to meet it
     QBasicTimer m_settle;
     bool m_layingOut = false;
     bool m_showFocusRing = false; // only for who works with the keyboard

@@ -49,13 +49,38 @@ QAccessibleInterface *RecentListAccessible::child(int row) const
 {
     if (row < 0 || row >= childCount())
         return nullptr;
-    const QString id = modelOf(view())->record(row).id;
+    follow(modelOf(view()));
+    const QString id = m_followed->record(row).id;
     auto known = m_rows.find(id);
     if (known == m_rows.end()) {
         auto *made = new RecentRowAccessible(view(), id);
         known = m_rows.insert(id, QAccessible::registerAccessibleInterface(made));
     }
     return QAccessible::accessibleInterface(known.value());
+}
+
+void RecentListAccessible::follow(const ZelBoxRecentFileModel *model) const
+{
+    if (m_followed == model)
+        return;
+    m_followed = model;
+    forgetGoneRows();
+    m_connections = std::make_unique<QObject>();
+    const auto forget = [this] { forgetGoneRows(); };
+    QObject::connect(model, &QAbstractItemModel::rowsRemoved, m_connections.get(), forget);
+    QObject::connect(model, &QAbstractItemModel::modelReset, m_connections.get(), forget);
+}
+
+void RecentListAccessible::forgetGoneRows() const
+{
+    for (auto it = m_rows.begin(); it != m_rows.end();) {
+        if (m_followed->rowOf(it.key()) >= 0) {
+            ++it;
+            continue;
+        }
+        QAccessible::deleteAccessibleInterface(it.value());
+        it = m_rows.erase(it);
+    }
 }
 
 QAccessibleInterface *RecentListAccessible::childAt(int x, int y) const

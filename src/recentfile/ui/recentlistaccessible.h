@@ -3,11 +3,13 @@
 #include <QAccessibleWidget>
 #include <QHash>
 #include <QPointer>
+#include <memory>
 
 class ZelBoxRecentFileListView;
+class ZelBoxRecentFileModel;
 
-/// The recent list as assistive programs see it: a list whose children are its rows, made when asked for. GUI
-/// thread.
+/// The recent list as assistive programs see it: a list whose children are its rows, made when asked for and
+/// deleted with their rows. GUI thread.
 class RecentListAccessible final : public QAccessibleWidget
 {
 public:
@@ -24,8 +26,12 @@ public:
 
 private:
     ZelBoxRecentFileListView *view() const;
+    void follow(const ZelBoxRecentFileModel *model) const;
+    void forgetGoneRows() const;
 
     mutable QHash<QString, QAccessible::Id> m_rows; // by record id, which survives moves
+    mutable QPointer<const ZelBoxRecentFileModel> m_followed;
+    mutable std::unique_ptr<QObject> m_connections;
 };
 
 /// One row. Knows its record by id, so it stays right while rows move, and is invalid once the record is

@@ -149,7 +149,7 @@ void SkinState::add(KSkin *skin)
     QObject::connect(
         m_desktop, &DesktopTheme::changed, m_desktop, [this](auto dark) { setDesktopDark(dark); });
     QObject::connect(m_desktop, &QObject::destroyed, m_desktop, [this] { m_desktop = nullptr; });
-    // Queued, so that no bus is touched before the first window is there.
+    // Queued, so that asking does not stand between the start and the first window.
     QMetaObject::invokeMethod(m_desktop, &DesktopTheme::start, Qt::QueuedConnection);
 }
 
