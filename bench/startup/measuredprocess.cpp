@@ -52,25 +52,17 @@ long MeasuredProcess::pssKilobytes() const
     return fieldOf("/proc/" + std::to_string(m_pid) + "/smaps_rollup", "Pss:");
 }
 
-long MeasuredProcess::voluntarySwitches() const
+std::map<std::string, MeasuredProcess::Thread> MeasuredProcess::threads() const
 {
-    long sum = 0;
-    for (const auto &task : std::filesystem::directory_iterator("/proc/" + std::to_string(m_pid) + "/task"))
-        sum += fieldOf(task.path() / "status", "voluntary_ctxt_switches:");
-    return sum;
-}
-
-std::string MeasuredProcess::threadReport() const
-{
-    std::string report;
+    std::map<std::string, Thread> found;
     for (const auto &task : std::filesystem::directory_iterator("/proc/" + std::to_string(m_pid) + "/task")) {
+        Thread thread;
         std::ifstream comm(task.path() / "comm");
-        std::string name;
-        std::getline(comm, name);
-        report +=
-            name + ":" + std::to_string(fieldOf(task.path() / "status", "voluntary_ctxt_switches:")) + " ";
+        std::getline(comm, thread.name);
+        thread.sleeps = fieldOf(task.path() / "status", "voluntary_ctxt_switches:");
+        found.emplace(task.path().filename().string(), thread);
     }
-    return report;
+    return found;
 }
 
 int MeasuredProcess::wait()

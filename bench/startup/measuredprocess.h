@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <map>
 #include <string>
 #include <sys/types.h>
 #include <vector>
@@ -15,10 +16,14 @@ public:
     MeasuredProcess &operator=(const MeasuredProcess &) = delete;
 
     std::chrono::duration<double, std::milli> sinceExec() const;
-    long pssKilobytes() const;        ///< proportional resident memory (smaps_rollup); -1 when not readable
-    long voluntarySwitches() const;   ///< how often its threads have gone to sleep so far: each one a wake-up
-    std::string threadReport() const; ///< the same by thread
-    int wait();                       ///< exit code, -1 when it was killed
+    long pssKilobytes() const; ///< proportional resident memory (smaps_rollup); -1 when not readable
+    struct Thread
+    {
+        std::string name;
+        long sleeps = 0; ///< how often it has gone to sleep so far; each one is a wake-up
+    };
+    std::map<std::string, Thread> threads() const; ///< by thread id
+    int wait();                                    ///< exit code, -1 when it was killed
 
 private:
     pid_t m_pid;

@@ -91,13 +91,18 @@ bool measureIdle(zeltest::XScreen &screen, const Program &program, int seconds)
     if (window == 0)
         return false;
     screen.waitUntilPainted(window, 3000ms, 30s);
-    const std::string threadsBefore = process.threadReport();
-    const long before = process.voluntarySwitches();
+    const auto before = process.threads();
     ::poll(nullptr, 0, seconds * 1000); // the interval is what is measured
-    std::printf("%-12s wake-ups in %d s: %ld\n", program.title.c_str(), seconds,
-        process.voluntarySwitches() - before);
-    std::printf("             threads before %s\n             threads after  %s\n", threadsBefore.c_str(),
-        process.threadReport().c_str());
+    std::printf("%-12s wake-ups in %d s:", program.title.c_str(), seconds);
+    long sum = 0;
+    for (const auto &[id, thread] : process.threads()) {
+        const auto earlier = before.find(id);
+        const long wakeUps = thread.sleeps - (earlier == before.end() ? 0 : earlier->second.sleeps);
+        sum += wakeUps;
+        if (wakeUps > 0)
+            std::printf(" %s %ld,", thread.name.c_str(), wakeUps);
+    }
+    std::printf(" %ld in all\n", sum);
     return true;
 }
 

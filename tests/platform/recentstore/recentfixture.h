@@ -24,7 +24,7 @@ struct Bookmark
 
 inline qint64 timeOf(int minute)
 {
-    return QDateTime(QDate(2024, 5, 6), QTime(12, 0), Qt::UTC).toMSecsSinceEpoch() + minute * 60'000LL;
+    return QDateTime(QDate(2024, 5, 6), QTime(12, 0), Qt::UTC).toMSecsSinceEpoch() + minute * 60000LL;
 }
 
 inline QString isoOf(int minute)
@@ -106,7 +106,7 @@ struct Store
 
     explicit Store(const Home &home, WorkMode mode = WorkMode::Full) : proxy(home.places, mode, events) { }
 
-    bool load(int timeoutMs = 20'000)
+    bool load(int timeoutMs = 20000)
     {
         proxy.initKind(RecentRecordKind::Roaming);
         return initFinished.wait(timeoutMs);

@@ -33,6 +33,9 @@ StoredRecord toRecord(const QString &text)
         case 'o':
             record.openedAt = time;
             break;
+        case 'm':
+            record.missingSince = time;
+            break;
         default:
             record.removedTime = time;
         }
@@ -64,6 +67,8 @@ QString toText(const StoredRecord &record)
         add('o', record.openedAt);
     if (record.removedTime >= 0)
         add('r', record.removedTime);
+    if (record.missingSince > 0)
+        add('m', record.missingSince);
     return text;
 }
 
@@ -94,7 +99,9 @@ QString shownText(const RecentDelta &delta)
     return texts.join(QLatin1Char(' '));
 }
 
-// News as "list a1 b2", "part a1" (a damaged list), "sandbox a1", "open a 5", "remove a b", "forget 7".
+// News as "list a1 b2", "part a1" (a damaged list), "undated a1" (time guessed), "sandbox a1", "open a 5",
+// "remove a b", "removeat 5 a" (by a clock at 5), "forget 7", "missing a 9 5" (found at 9, long gone before
+// 5), "limit 2".
 RecentDelta perform(const RecentState &state, const QString &news)
 {
     const QStringList words = news.split(QLatin1Char(' '));
@@ -103,17 +110,25 @@ RecentDelta perform(const RecentState &state, const QString &news)
         return markOpened(state, QLatin1Char('/') + words.at(1), words.at(2).toLongLong());
     if (verb == QLatin1String("forget"))
         return forgetRemovals(state, words.at(1).toLongLong());
-    if (verb == QLatin1String("remove")) {
+    if (verb == QLatin1String("limit"))
+        return limitBoxOnly(state, words.at(1).toInt());
+    if (verb == QLatin1String("missing"))
+        return markPresence(state, {{QLatin1Char('/') + words.at(1), RecentFileInfo::Presence::Missing}},
+            words.at(2).toLongLong(), words.at(3).toLongLong());
+    if (verb.startsWith(QLatin1String("remove"))) {
+        const bool timed = verb == QLatin1String("removeat");
+        const qint64 now = timed ? words.at(1).toLongLong() : 1000;
         QStringList paths;
-        for (const QString &word : words.mid(1))
+        for (const QString &word : words.mid(timed ? 2 : 1))
             paths.append(QLatin1Char('/') + word);
-        return markRemoved(state, paths);
+        return markRemoved(state, paths, now);
     }
     QVector<XbelEntry> entries;
     for (const QString &word : words.mid(1)) {
         XbelEntry entry;
         entry.path = QLatin1Char('/') + word.at(0);
         entry.time = word.mid(1).toLongLong();
+        entry.isTimeGuessed = verb == QLatin1String("undated");
         entries.append(entry);
     }
     const int source = verb == QLatin1String("sandbox") ? SandboxSource : DesktopSource;
@@ -187,6 +202,19 @@ private Q_SLOTS:
         row("removed, then gone from the list", "a d5 r5", "list", "", "a r5");
         row("removed, opened again at the same time", "a d5 r5", "open a 5", "+a8@6", "a d5 o6 r5");
         row("removed without any time", "a d0", "remove a", "-a", "a d0 r0");
+        row("removed by a clock behind the list's", "a d9", "removeat 5 a", "-a", "a d-9 r5");
+        row("that list is read again unchanged", "a d-9 r5", "list a9", "", "a d-9 r5");
+        row("then the file is used", "a d-9 r5", "list a6", "+a32@6", "a d6 r5");
+        row("opened by a clock behind the list's, removed, opened", "a d-9 r5", "open a 6", "+a8@6",
+            "a d-9 o6 r5");
+        row("without a date: the first guess holds", "a d5;b d5 r5", "undated a7 b7 c7", "+c32@7",
+            "a d5;b d5 r5;c d7");
+        row("found missing", "a o3", "missing a 9 5", "~a8@3", "a o3 m9");
+        row("missing not long enough", "a o3 m6", "missing a 9 5", "~a8@3", "a o3 m6");
+        row("missing for long", "a o3 m4", "missing a 9 5", "-a", "");
+        row("missing for long, a list names it", "a d1 o3 m4", "missing a 9 5", "~a8@3", "a d1 o3 m4");
+        row("too many of the box's alone", "a o1;b o2;c o3;d d1 o1;e d1", "limit 2", "-a",
+            "b o2;c o3;d d1 o1;e d1");
         row("removing twice", "a d5 r5", "remove a", "", "a d5 r5");
         row("old removals are forgotten, unless contradicted", "a r5;b r5 d5;c r9;d o1", "forget 7", "",
             "b d5 r5;c r9;d o1");
@@ -279,20 +307,49 @@ private Q_SLOTS:
         QTEST(toText(combined(toRecord(database), toRecord(mine))), "result");
     }
 
-    void mountPoints_data()
+    void deadPlaces_data()
     {
-        QTest::addColumn<QString>("point");
-        QTest::newRow("/home/u/a") << "/";
-        QTest::newRow("/mnt/nas/a/b") << "/mnt/nas";
-        QTest::newRow("/mnt/nas2/a") << "/";
-        QTest::newRow("/mnt/nas/my disk/a") << "/mnt/nas/my disk";
-        QTest::newRow("/mnt/nas") << "/mnt/nas";
+        QTest::addColumn<QString>("mounts");
+        QTest::addColumn<QString>("folder");
+        const auto row = [](const char *path, const char *mounts, const char *folder) {
+            QTest::newRow(path) << QString::fromLatin1(mounts) << QString::fromLatin1(folder);
+        };
+        row("nas/a/b", "%1/nas", "");
+        row("nas2/a", "", "%1/nas2");
+        row("my disk/a", "%1/my disk", "");
+        row("home/docs/a", "%1/nas %1/home/docs", ""); // by a link
+        row("home/far/a", "%1/nas %1/home/far", "");   // by two, one of them relative
+        row("home/near/a", "", "%1/home/near");
+        row("home/loop/a", "", "%1/home/loop");
+        row("hidden/a", "", "%1/hidden"); // a local one is mounted over a remote one
     }
-    void mountPoints()
+    // What a hanging look condemns: never more than the mount that can hang.
+    void deadPlaces()
     {
-        const QByteArray table("21 1 8:1 / / rw - ext4 /dev/a rw\n40 21 0:5 / /mnt/nas rw - nfs s:/x rw\n"
-                               "41 40 0:6 / /mnt/nas/my\\040disk rw - nfs s:/y rw\n\n");
-        QTEST(mountPointOf(QString::fromLatin1(QTest::currentDataTag()), table), "point");
+        zel::recent::test::Home home;
+        const QString root = QFileInfo(home.folder.path()).canonicalFilePath();
+        const auto in = [&](QString text) { return text.replace(QLatin1String("%1"), root); };
+        QVERIFY(QDir().mkpath(root + QStringLiteral("/home")));
+        const auto link = [&](const QString &name, const QString &target) {
+            return QFile::link(target, root + QStringLiteral("/home/") + name);
+        };
+        QVERIFY(link(QStringLiteral("docs"), root + QStringLiteral("/nas/docs")));
+        QVERIFY(link(QStringLiteral("far"), QStringLiteral("../home/docs/x")));
+        QVERIFY(link(QStringLiteral("near"), QStringLiteral("..")));
+        QVERIFY(link(QStringLiteral("loop"), QStringLiteral("loop")));
+        const QByteArray table = in(QStringLiteral("21 1 8:1 / / rw shared:1 - ext4 /dev/a rw\n"
+                                                   "40 21 0:5 / %1/nas rw - nfs4 s:/x rw\n"
+                                                   "41 21 0:6 / %1/my\\040disk rw - cifs s:/y rw\n"
+                                                   "42 21 0:7 / %1/hidden rw - nfs s:/z rw\n"
+                                                   "43 42 0:8 / %1/hidden rw - tmpfs t rw\n\n"))
+                                     .toUtf8();
+        QFETCH(QString, mounts);
+        QFETCH(QString, folder);
+        const DeadPlace dead =
+            deadPlaceOf(root + QLatin1Char('/') + QString::fromLatin1(QTest::currentDataTag()), table);
+        QCOMPARE(dead.mounts.join(QLatin1Char(' ')), in(mounts));
+        QCOMPARE(dead.folder, in(folder));
+        QCOMPARE(deadPlaceOf(QStringLiteral("/a"), "21 1 0:1 / / rw - nfs s:/ rw\n").mounts, QStringList());
     }
 };
 

@@ -9,6 +9,7 @@
 
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -37,7 +38,7 @@ struct Opened
     RecentDelta remove(const QString &path)
     {
         return repository.change(
-            [&](const RecentState &state, SourceTable &) { return markRemoved(state, {path}); },
+            [&](const RecentState &state, SourceTable &) { return markRemoved(state, {path}, 1000000); },
             Durability::Full);
     }
     RecentDelta import(const QVector<XbelEntry> &entries, const FileStamp &stamp = {1, 2, 3})
@@ -117,7 +118,7 @@ private Q_SLOTS:
             store.remove(C);
             store.repository.change(
                 [](const RecentState &state, SourceTable &) {
-                    return markPresence(state, {{B, RecentFileInfo::Presence::Missing}});
+                    return markPresence(state, {{B, RecentFileInfo::Presence::Missing}}, 70, 0);
                 },
                 Durability::Relaxed);
             before = store.repository.state();
@@ -131,6 +132,24 @@ private Q_SLOTS:
         QCOMPARE(again.import({entry(C, 6)}).added.size(), 1); // used again since it was removed
         QCOMPARE(again.texts(), QStringLiteral("a:8 c:32"));
         QVERIFY(again.problems.isEmpty());
+    }
+
+    void aDatabaseOfTheFirstVersion()
+    {
+        Home home;
+        fillDatabase(home);
+        execute(home, "ALTER TABLE record DROP COLUMN missing_since; PRAGMA user_version=1");
+        {
+            Opened store(home);
+            QCOMPARE(store.texts(), QStringLiteral("a:8 b:32"));
+            store.repository.change(
+                [](const RecentState &state, SourceTable &) {
+                    return markPresence(state, {{B, RecentFileInfo::Presence::Missing}}, 70, 0);
+                },
+                Durability::Relaxed);
+            QVERIFY(store.problems.isEmpty());
+        }
+        QCOMPARE(Opened(home).repository.state().value(B).missingSince, 70);
     }
 
     void damage_data()
@@ -150,7 +169,7 @@ private Q_SLOTS:
         fillDatabase(home);
         const QString file = home.places.database;
         if (what == "garbage") {
-            overwrite(home, QByteArray(20'000, 'x'));
+            overwrite(home, QByteArray(20000, 'x'));
         } else if (what == "truncated") {
             QVERIFY(QFile::resize(file, QFileInfo(file).size() / 2));
         } else if (what == "newer version") {
@@ -248,6 +267,55 @@ private Q_SLOTS:
         QCOMPARE(Opened(home).texts(), QStringLiteral("c:8 b:8"));
     }
 
+    void nobodyElseMayRead_data()
+    {
+        QTest::addColumn<bool>("old");
+        QTest::newRow("new") << false;
+        QTest::newRow("made readable by an older version") << true;
+    }
+    void nobodyElseMayRead()
+    {
+        QFETCH(bool, old);
+        Home home;
+        const mode_t mask = ::umask(0);
+        if (old) {
+            fillDatabase(home);
+            QCOMPARE(::chmod(QFile::encodeName(home.places.database).constData(), 0644), 0);
+        }
+        Opened store(home);
+        store.note(B, 40);
+        ::umask(mask);
+        for (const char *suffix : {"", "-wal", "-shm"}) {
+            struct stat status
+            {
+            };
+            QCOMPARE(
+                ::stat(QFile::encodeName(home.places.database + QLatin1String(suffix)).constData(), &status),
+                0);
+            QCOMPARE(int(status.st_mode & 0777), 0600);
+        }
+    }
+
+    // A list's stamp that was not stored is stored later, or the list would count as read for ever.
+    void sourcesThatCouldNotBeStored()
+    {
+        Home home;
+        fillDatabase(home);
+        {
+            Opened store(home);
+            {
+                zel::sqlite::Database other;
+                QVERIFY(other.open(home.places.database));
+                zel::sqlite::Transaction lock(other);
+                store.import({entry(A, 10), entry(B, 20)}, {7, 8, 9});
+            }
+            QVERIFY(store.repository.hasUnwritten());
+            store.note(C, 70);
+            QVERIFY(!store.repository.hasUnwritten());
+        }
+        QCOMPARE(Opened(home).repository.sources().value(DesktopSourceName).stamp, (FileStamp{7, 8, 9}));
+    }
+
     void twoStoresOnOneDatabase()
     {
         Home home;
@@ -279,7 +347,8 @@ private Q_SLOTS:
             other.exec("UPDATE record SET opened_at=60,time=60 WHERE path='/a'");
             QVERIFY(lock.commit());
         }
-        store.repository.writeUnwritten();
+        const RecentDelta others = store.repository.writeUnwritten();
+        QCOMPARE(others.changed.size(), 1); // told like any other news
         QVERIFY(!store.repository.hasUnwritten());
         QCOMPARE(store.texts(), QStringLiteral("a:8 b:8"));
         QCOMPARE(Opened(home).texts(), QStringLiteral("a:8 b:8"));

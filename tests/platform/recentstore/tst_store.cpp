@@ -225,17 +225,17 @@ private Q_SLOTS:
     void fiftyThousandRecords()
     {
         Home home;
-        QVERIFY(home.setDesktop(numbered(50'000)));
+        QVERIFY(home.setDesktop(numbered(50000)));
         {
             Store store(home);
-            QVERIFY(store.load(60'000));
-            QCOMPARE(store.proxy.records().size(), 50'000);
+            QVERIFY(store.load(60000));
+            QCOMPARE(store.proxy.records().size(), 50000);
         }
         Store store(home);
-        QVERIFY(store.load(60'000));
+        QVERIFY(store.load(60000));
         const RecordInfoList records = store.proxy.records();
-        QCOMPARE(records.size(), 50'000);
-        QCOMPARE(records.first().lastAccess, timeOf(49'999));
+        QCOMPARE(records.size(), 50000);
+        QCOMPARE(records.first().lastAccess, timeOf(49999));
         QCOMPARE(records.last().lastAccess, timeOf(0));
     }
 
@@ -260,7 +260,7 @@ private Q_SLOTS:
         QTimer writer;
         connect(&writer, &QTimer::timeout, this, [&] { home.setDesktop({{A, ++round, {}}}); });
         writer.start(XbelWatcher::PauseMs / 6);
-        QTRY_VERIFY_WITH_TIMEOUT(!store.changed.isEmpty(), 20'000); // read twice
+        QTRY_VERIFY_WITH_TIMEOUT(!store.changed.isEmpty(), 20000); // read twice
         QVERIFY(writer.isActive());
         writer.stop();
         QTRY_COMPARE(store.record(A).lastAccess, timeOf(round));

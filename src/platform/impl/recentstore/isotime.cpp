@@ -54,7 +54,7 @@ qint64 parseUtc(QStringView text)
     if (!date.isValid() || h < 0 || h > 23 || m < 0 || m > 59 || s < 0 || s > 59 || ms < 0)
         return 0;
     const qint64 days = date.toJulianDay() - QDate(1970, 1, 1).toJulianDay();
-    return ((days * 24 + h) * 60 + m) * 60'000 + s * 1000 + ms;
+    return ((days * 24 + h) * 60 + m) * 60000 + s * 1000 + ms;
 }
 
 } // namespace

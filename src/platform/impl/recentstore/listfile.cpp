@@ -13,7 +13,7 @@ namespace {
 
 FileStamp toStamp(const struct stat &status)
 {
-    return {qint64(status.st_mtim.tv_sec) * 1'000'000'000 + status.st_mtim.tv_nsec, qint64(status.st_size),
+    return {qint64(status.st_mtim.tv_sec) * 1000000000 + status.st_mtim.tv_nsec, qint64(status.st_size),
         qint64(status.st_ino)};
 }
 

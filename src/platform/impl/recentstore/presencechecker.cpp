@@ -68,6 +68,7 @@ struct PresenceChecker::Shared
     std::mutex mutex;
     std::condition_variable ended;
     std::deque<QString> queue;
+    QHash<QString, bool> waiting; ///< what of the queue still counts; true: urgent
     PresenceResults results;
     QString current;
     qint64 progress = 0;
@@ -75,13 +76,30 @@ struct PresenceChecker::Shared
     bool stopped = false; ///< nothing of the checker may be touched any more
 
     static void run(const std::shared_ptr<Shared> &shared);
+    void add(const QStringList &paths, bool urgent);
     bool takeNext();
     void deliverResults();
 };
 
+void PresenceChecker::Shared::add(const QStringList &paths, bool urgent)
+{
+    QStringList fresh;
+    for (const QString &path : paths) {
+        const auto known = waiting.find(path);
+        if (known != waiting.end() && (*known || !urgent))
+            continue;
+        waiting.insert(path, urgent);
+        fresh.append(path);
+    }
+    queue.insert(urgent ? queue.begin() : queue.end(), fresh.cbegin(), fresh.cend());
+}
+
 bool PresenceChecker::Shared::takeNext()
 {
     const std::lock_guard lock(mutex);
+    current.clear();
+    while (!queue.empty() && !waiting.contains(queue.front()))
+        queue.pop_front(); // was looked at as an urgent one
     if (stopped || queue.empty()) {
         deliverResults();
         running = false;
@@ -90,6 +108,7 @@ bool PresenceChecker::Shared::takeNext()
     }
     current = queue.front();
     queue.pop_front();
+    waiting.remove(current);
     ++progress;
     return true;
 }
@@ -134,28 +153,32 @@ PresenceChecker::~PresenceChecker()
 void PresenceChecker::check(const QStringList &paths, bool urgent)
 {
     QStringList wanted = paths;
-    for (const QString &mount : std::as_const(m_deadMounts)) {
-        const auto isDead = [&](const QString &path) { return isBelow(path, mount); };
-        wanted.erase(std::remove_if(wanted.begin(), wanted.end(), isDead), wanted.end());
-    }
+    const auto leftOut = [this](const QString &path) { return isLeftOut(path); };
+    wanted.erase(std::remove_if(wanted.begin(), wanted.end(), leftOut), wanted.end());
     if (wanted.isEmpty() || m_givenUp > MostGivenUp)
         return;
     if (m_shared) {
         const std::lock_guard lock(m_shared->mutex);
-        auto &queue = m_shared->queue;
-        queue.insert(urgent ? queue.begin() : queue.end(), wanted.cbegin(), wanted.cend());
+        m_shared->add(wanted, urgent);
         if (m_shared->running)
             return;
     } else {
         m_shared = std::make_shared<Shared>();
         m_shared->probe = m_probe;
-        m_shared->queue.assign(wanted.cbegin(), wanted.cend());
+        m_shared->add(wanted, urgent);
         m_shared->deliver = [this](const PresenceResults &results) {
             QMetaObject::invokeMethod(
                 this, [this, results] { Q_EMIT found(results); }, Qt::QueuedConnection);
         };
     }
     start();
+}
+
+bool PresenceChecker::isLeftOut(const QString &path) const
+{
+    const auto isDead = [&](const QString &mount) { return isBelow(path, mount); };
+    return (!m_deadFolders.isEmpty() && m_deadFolders.contains(folderOf(path)))
+        || std::any_of(m_deadMounts.cbegin(), m_deadMounts.cend(), isDead);
 }
 
 void PresenceChecker::start()
@@ -192,36 +215,42 @@ void PresenceChecker::end()
 
 void PresenceChecker::lookForProgress()
 {
-    std::unique_lock lock(m_shared->mutex);
-    if (!m_shared->running)
-        return;
-    const bool stuck = m_shared->progress == m_seenProgress;
-    m_seenProgress = m_shared->progress;
-    lock.unlock();
-    if (stuck)
-        giveUp();
-    else
-        m_patience.start();
-}
-
-void PresenceChecker::giveUp()
-{
     QStringList rest;
     {
         const std::lock_guard lock(m_shared->mutex);
-        m_deadMounts.append(mountPointOf(m_shared->current, mountTable()));
-        rest = QStringList(m_shared->queue.cbegin(), m_shared->queue.cend());
-        m_shared->deliverResults();
-        m_shared->stopped = true;
-        m_shared->queue.clear();
+        if (!m_shared->running)
+            return;
+        const bool stuck = m_shared->progress == m_seenProgress && !m_shared->current.isEmpty();
+        m_seenProgress = m_shared->progress;
+        if (!stuck) {
+            m_patience.start();
+            return;
+        }
+        giveUp(rest);
     }
-    qCWarning(lcRecent) << "a file system does not answer; its files are not looked for any more";
+    qCWarning(lcRecent) << "a file system does not answer; what lies there is not looked for any more";
     keepLibraryLoaded();
     m_thread.detach();
     m_shared.reset();
     m_seenProgress = -1;
     ++m_givenUp;
     check(rest, false);
+}
+
+// Under the lock, so that the look that is condemned is the one that hangs.
+void PresenceChecker::giveUp(QStringList &rest)
+{
+    const DeadPlace dead = deadPlaceOf(m_shared->current, mountTable());
+    if (!dead.folder.isEmpty())
+        m_deadFolders.insert(dead.folder);
+    m_deadMounts += dead.mounts;
+    for (const QString &path : std::as_const(m_shared->queue)) {
+        if (m_shared->waiting.remove(path) > 0)
+            rest.append(path);
+    }
+    m_shared->deliverResults();
+    m_shared->stopped = true;
+    m_shared->queue.clear();
 }
 
 } // namespace zel::recent

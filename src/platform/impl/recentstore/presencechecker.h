@@ -4,6 +4,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QStringList>
 #include <QTimer>
 
@@ -21,10 +22,12 @@ RecentFileInfo::Presence presenceOf(const QString &path);
 
 /// Looks whether files exist, on a thread of its own that lives only while there is something to look at.
 ///
-/// A dead network mount can hold that thread for ever. When one look takes longer than the patience, the
-/// thread is given up: it ends by itself if the look ever returns, touching nothing of ours; everything else
-/// on that mount is left out from then on and the rest goes on with a new thread. Destruction waits a second
-/// at most and does the same.
+/// A dead network mount can hold that thread for ever. When nothing came of one look for as long as the
+/// patience (at most twice that), the thread is given up: it ends by itself if the look ever returns,
+/// touching nothing of ours, and the rest goes on with a new thread. What deadPlaceOf() names for that file
+/// is left out from then on: everything on its mount, or on a local file system just the files of its folder.
+/// After several threads given up nothing is looked at any more. Destruction waits a second at most and does
+/// the same.
 class PresenceChecker final : public QObject
 {
     Q_OBJECT
@@ -34,8 +37,9 @@ public:
     explicit PresenceChecker(QObject *parent = nullptr, Probe probe = presenceOf, int patienceMs = 5000);
     ~PresenceChecker() override;
 
-    void end();                                        ///< looks no more; nothing is told from then on
-    void check(const QStringList &paths, bool urgent); ///< in this order; urgent ones before all others
+    void end(); ///< looks no more; nothing is told from then on
+    /// In this order; urgent ones before all others. What still waits is not asked for twice.
+    void check(const QStringList &paths, bool urgent);
 
 Q_SIGNALS:
     void found(const zel::recent::PresenceResults &results); ///< in batches, on this object's thread
@@ -45,14 +49,16 @@ private:
 
     void start();
     void lookForProgress();
-    void giveUp();
+    void giveUp(QStringList &rest);
+    bool isLeftOut(const QString &path) const;
 
     const Probe m_probe;
     std::shared_ptr<Shared> m_shared; ///< with the thread, which may outlive this object
     std::thread m_thread;
     QTimer m_patience; ///< runs only while files are looked at
     qint64 m_seenProgress = -1;
-    QStringList m_deadMounts;
+    QSet<QString> m_deadFolders; ///< their own files, not what is deeper
+    QStringList m_deadMounts;    ///< everything below
     int m_givenUp = 0;
 };
 

@@ -6,15 +6,15 @@ namespace zel::recent {
 namespace {
 
 constexpr const char *SelectRecords =
-    "SELECT id,path,mime_type,opened_at,removed_time,presence FROM record ORDER BY time DESC";
+    "SELECT id,path,mime_type,opened_at,removed_time,presence,missing_since FROM record ORDER BY time DESC";
 constexpr const char *SelectAccesses = "SELECT record_id,source_id,time FROM access ORDER BY record_id";
 constexpr const char *SelectSources = "SELECT name,id,mtime_ns,size,inode FROM source";
 constexpr const char *InsertRecord =
-    "INSERT INTO record(path,mime_type,time,opened_at,removed_time,presence) "
-    "VALUES(?1,?2,?3,?4,?5,?6)";
+    "INSERT INTO record(path,mime_type,time,opened_at,removed_time,presence,missing_since) "
+    "VALUES(?1,?2,?3,?4,?5,?6,?7)";
 constexpr const char *UpdateRecord =
     "UPDATE record SET path=?1,mime_type=?2,time=?3,opened_at=?4,removed_time=?5,"
-    "presence=?6 WHERE id=?7";
+    "presence=?6,missing_since=?7 WHERE id=?8";
 constexpr const char *DeleteRecord = "DELETE FROM record WHERE id=?1";
 constexpr const char *InsertAccess = "INSERT INTO access(record_id,source_id,time) VALUES(?1,?2,?3)";
 constexpr const char *DeleteAccesses = "DELETE FROM access WHERE record_id=?1";
@@ -39,7 +39,8 @@ void bindRecord(sqlite::Statement &statement, const StoredRecord &record)
         .bind(3, record.lastAccess())
         .bind(4, record.openedAt)
         .bind(5, record.removedTime)
-        .bind(6, toNumber(record.presence));
+        .bind(6, toNumber(record.presence))
+        .bind(7, record.missingSince);
 }
 
 } // namespace
@@ -64,6 +65,7 @@ QVector<StoredRecord> RecentDatabase::loadRecords()
         record.openedAt = select.number(3);
         record.removedTime = select.number(4);
         record.presence = toPresence(select.number(5));
+        record.missingSince = select.number(6);
         records.append(std::move(record));
     }
     return records;
@@ -107,7 +109,7 @@ void RecentDatabase::write(QVector<StoredRecord> &records)
             record.rowId = m_database.lastRowId();
         } else {
             bindRecord(update, record);
-            update.bind(7, record.rowId).run();
+            update.bind(8, record.rowId).run();
             clear.bind(1, record.rowId).run();
         }
         for (const RecentAccess &entry : std::as_const(record.accesses))

@@ -55,7 +55,8 @@ QHash<QString, const XbelEntry *> newestByPath(const QVector<XbelEntry> &entries
     newest.reserve(entries.size());
     for (const XbelEntry &entry : entries) {
         const XbelEntry *&known = newest[entry.path];
-        if (!known || entry.time > known->time)
+        const auto rank = [](const XbelEntry &e) { return std::pair(!e.isTimeGuessed, e.time); };
+        if (!known || rank(entry) > rank(*known))
             known = &entry;
     }
     return newest;
@@ -72,7 +73,9 @@ void mergeEntry(RecentDelta &delta, const RecentState &state, int source, const 
     }();
     if (!entry.mimeType.isEmpty() && (after.mimeType.isEmpty() || entry.time > others))
         after.mimeType = entry.mimeType;
-    after.setAccess(source, entry.time);
+    // A guessed time is newer each time the list is written, which says nothing of this file.
+    if (!entry.isTimeGuessed || !after.accessOf(source))
+        after.setAccess(source, entry.time);
     note(delta, before, std::move(after));
 }
 
@@ -108,7 +111,7 @@ RecentDelta markOpened(const RecentState &state, const QString &path, qint64 tim
     return delta;
 }
 
-RecentDelta markRemoved(const RecentState &state, const QStringList &paths)
+RecentDelta markRemoved(const RecentState &state, const QStringList &paths, qint64 now)
 {
     RecentDelta delta;
     for (const QString &path : QSet<QString>(paths.cbegin(), paths.cend())) {
@@ -116,22 +119,55 @@ RecentDelta markRemoved(const RecentState &state, const QStringList &paths)
         if (!before || !before->isVisible())
             continue;
         StoredRecord after = *before;
-        after.removedTime = before->lastAccess();
+        after.removedTime = std::max(std::min(before->lastAccess(), now), before->removedTime);
         after.openedAt = 0;
+        for (RecentAccess &access : after.accesses) {
+            if (access.time > after.removedTime)
+                access.time = -access.time;
+        }
         note(delta, before, std::move(after));
     }
     return delta;
 }
 
-RecentDelta markPresence(const RecentState &state, const QHash<QString, RecentFileInfo::Presence> &found)
+RecentDelta markPresence(const RecentState &state, const QHash<QString, RecentFileInfo::Presence> &found,
+    qint64 now, qint64 longGone)
 {
+    using Presence = RecentFileInfo::Presence;
     RecentDelta delta;
     for (auto it = found.cbegin(); it != found.cend(); ++it) {
-        if (const StoredRecord *before = find(state, it.key())) {
-            StoredRecord after = *before;
-            after.presence = it.value();
-            note(delta, before, std::move(after));
-        }
+        const StoredRecord *before = find(state, it.key());
+        if (!before)
+            continue;
+        StoredRecord after = *before;
+        after.presence = it.value();
+        if (after.presence == Presence::Present)
+            after.missingSince = 0;
+        else if (after.presence == Presence::Missing && after.missingSince == 0)
+            after.missingSince = now;
+        if (after.presence == Presence::Missing && after.missingSince < longGone && after.isBoxOnly())
+            after.openedAt = 0;
+        note(delta, before, std::move(after));
+    }
+    return delta;
+}
+
+RecentDelta limitBoxOnly(const RecentState &state, int most)
+{
+    QVector<const StoredRecord *> ours;
+    for (const StoredRecord &record : state) {
+        if (record.isBoxOnly())
+            ours.append(&record);
+    }
+    RecentDelta delta;
+    if (ours.size() <= most)
+        return delta;
+    std::nth_element(ours.begin(), ours.begin() + most, ours.end(),
+        [](const StoredRecord *a, const StoredRecord *b) { return a->openedAt > b->openedAt; });
+    for (const StoredRecord *before : ours.mid(most)) {
+        StoredRecord after = *before;
+        after.openedAt = 0;
+        note(delta, before, std::move(after));
     }
     return delta;
 }

@@ -12,10 +12,16 @@ RecentDelta mergeImport(const RecentState &state, int source, const QVector<Xbel
 /// The box opened the file at `time`, which becomes the record's newest access whatever other clocks said.
 RecentDelta markOpened(const RecentState &state, const QString &path, qint64 time);
 
-/// The accesses known so far are forgotten; what the lists say later than that brings the record back.
-RecentDelta markRemoved(const RecentState &state, const QStringList &paths);
+/// The accesses known so far are forgotten; what the lists say later than that brings the record back. Known
+/// times ahead of `now` are forgotten one by one, so that a use after `now` brings it back all the same.
+RecentDelta markRemoved(const RecentState &state, const QStringList &paths, qint64 now);
 
-RecentDelta markPresence(const RecentState &state, const QHash<QString, RecentFileInfo::Presence> &found);
+/// Records that only the box tells of go when their file has been missing since before `longGone`.
+RecentDelta markPresence(const RecentState &state, const QHash<QString, RecentFileInfo::Presence> &found,
+    qint64 now, qint64 longGone);
+
+/// Of the records that only the box tells of, the newest `most` stay.
+RecentDelta limitBoxOnly(const RecentState &state, int most);
 
 RecentDelta markMimeType(const RecentState &state, const QString &path, const QString &mimeType);
 

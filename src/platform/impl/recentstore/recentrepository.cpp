@@ -10,6 +10,10 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
 namespace zel::recent {
 namespace {
 
@@ -23,6 +27,26 @@ StoredRecord nothingOf(const StoredRecord &record)
     nothing.path = record.path;
     nothing.rowId = record.rowId;
     return nothing;
+}
+
+// Nobody else need know what was opened. The database's companions get its mode when they are made. Without
+// opening an existing one: closing it again would take away the locks that this process has on it.
+void makePrivate(const QString &file)
+{
+    const int made =
+        ::open(QFile::encodeName(file).constData(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
+    if (made >= 0)
+        ::close(made);
+    for (const char *suffix : {"", "-wal", "-shm"}) {
+        const QByteArray path = QFile::encodeName(file + QLatin1String(suffix));
+        struct stat status
+        {
+        };
+        const bool ours =
+            ::stat(path.constData(), &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
+        if (ours && (status.st_mode & 077) != 0)
+            ::chmod(path.constData(), 0600);
+    }
 }
 
 // Of a damaged database only what cannot be had again from the lists is worth carrying over.
@@ -62,6 +86,7 @@ RecordInfoList RecentRepository::open()
             loseDatabase();
         return visibleRecords(m_state);
     }
+    m_storedSources = m_sources;
     RecordInfoList shown = startWith(records);
     qCInfo(lcRecent) << "loaded" << shown.size() << "records in" << watch.elapsed() << "ms";
     return shown;
@@ -74,6 +99,7 @@ bool RecentRepository::openDatabase(bool again)
         setAside(QStringLiteral("not a file"));
         return openDatabase(true);
     }
+    makePrivate(m_file);
     SchemaState state = SchemaState::Failed;
     if (m_connection.open(m_file))
         state = prepareSchema(m_connection);
@@ -132,10 +158,11 @@ RecentDelta RecentRepository::store(const Operation &operation, Durability durab
     const std::optional<RecentState> before = takeInOthersChanges();
     SourceTable sources = m_sources;
     RecentDelta delta = operation(m_state, sources);
-    const bool idle = delta.storesNothing() && m_unwritten.isEmpty() && sources == m_sources;
+    const bool idle = delta.storesNothing() && m_unwritten.isEmpty() && sources == m_storedSources;
     RecentDelta rows = delta;
     if (idle || (write(rows, sources) && transaction.commit())) {
         m_unwritten.clear();
+        m_storedSources = sources;
         apply(m_state, rows);
     } else {
         keepUnwritten(delta);
@@ -156,6 +183,7 @@ std::optional<RecentState> RecentRepository::takeInOthersChanges()
     RecentState before = std::move(m_state);
     startWith(records);
     m_sources = sources;
+    m_storedSources = sources;
     for (StoredRecord &mine : m_unwritten) {
         mine = combined(m_state.value(mine.path), mine);
         m_state.insert(mine.path, mine);
@@ -173,7 +201,7 @@ bool RecentRepository::write(RecentDelta &delta, const SourceTable &sources)
         (record.isNeeded() ? delta.stored : delta.erased).append(record);
     m_database.erase(delta.erased);
     m_database.write(delta.stored);
-    if (sources != m_sources)
+    if (sources != m_storedSources)
         m_database.writeSources(sources);
     return m_connection.failure() == Failure::None;
 }
@@ -224,12 +252,14 @@ void RecentRepository::writeEverything()
         everything.stored.append(record);
     }
     m_unwritten.clear();
+    m_storedSources.clear();
     {
         sqlite::Transaction transaction(m_connection);
         m_database.write(everything.stored);
         m_database.writeSources(m_sources);
         if (transaction.commit()) {
             m_dataVersion = m_database.dataVersion();
+            m_storedSources = m_sources;
             apply(m_state, everything);
             return;
         }
@@ -265,10 +295,11 @@ void RecentRepository::loseDatabase()
     m_onProblem(QStringLiteral("recent files cannot be kept, ") + why);
 }
 
-void RecentRepository::writeUnwritten()
+RecentDelta RecentRepository::writeUnwritten()
 {
-    if (hasUnwritten())
-        change([](const RecentState &, SourceTable &) { return RecentDelta(); }, Durability::Full);
+    if (!hasUnwritten())
+        return {};
+    return change([](const RecentState &, SourceTable &) { return RecentDelta(); }, Durability::Full);
 }
 
 void RecentRepository::close()

@@ -33,12 +33,10 @@ public:
     /// What cannot be stored holds in memory and is tried again with the next change.
     RecentDelta change(const Operation &operation, Durability durability);
 
-    bool hasUnwritten() const
-    {
-        return !m_unwritten.isEmpty();
-    }                                                        ///< changes that the database did not take yet
+    /// There are changes that the database did not take yet.
+    bool hasUnwritten() const { return !m_unwritten.isEmpty() || m_sources != m_storedSources; }
     bool isBusy() const { return m_busy && hasUnwritten(); } ///< another process kept them from being written
-    void writeUnwritten();
+    RecentDelta writeUnwritten(); ///< returns what another process changed in what is shown
     void close();
 
 private:
@@ -60,7 +58,8 @@ private:
     RecentDatabase m_database{m_connection};
     RecentState m_state;
     SourceTable m_sources;
-    RecentState m_unwritten; ///< those that are not needed any more are to be erased
+    SourceTable m_storedSources; ///< as the database has them
+    RecentState m_unwritten;     ///< those that are not needed any more are to be erased
     qint64 m_dataVersion = 0;
     int m_repairs = 0;
     bool m_busy = false;

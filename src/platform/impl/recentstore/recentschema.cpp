@@ -29,6 +29,7 @@ CREATE TABLE access(
     time INTEGER NOT NULL,
     PRIMARY KEY(record_id, source_id)) WITHOUT ROWID;
 )sql",
+    "ALTER TABLE record ADD COLUMN missing_since INTEGER NOT NULL DEFAULT 0",
 };
 static_assert(std::size(Migrations) == SchemaVersion);
 

@@ -4,7 +4,7 @@
 
 namespace zel::recent {
 
-inline constexpr int SchemaVersion = 1; ///< kept in the database's user_version
+inline constexpr int SchemaVersion = 2; ///< kept in the database's user_version
 
 enum class SchemaState {
     Ready,

@@ -47,6 +47,11 @@ bool StoredRecord::isNeeded() const
     return openedAt > 0 || removedTime >= 0 || !accesses.isEmpty();
 }
 
+bool StoredRecord::isBoxOnly() const
+{
+    return openedAt > 0 && accesses.isEmpty();
+}
+
 const RecentAccess *StoredRecord::accessOf(int source) const
 {
     const auto found = std::find_if(
@@ -58,7 +63,8 @@ void StoredRecord::setAccess(int source, qint64 time)
 {
     for (RecentAccess &access : accesses) {
         if (access.source == source) {
-            access.time = time;
+            if (access.time != -time)
+                access.time = time;
             return;
         }
     }

@@ -27,9 +27,10 @@ struct XbelEntry
 {
     QString path;     ///< absolute and clean
     QString mimeType; ///< may be empty
-    qint64 time = 0;  ///< newest of added, modified, visited; ms since epoch; 0: the list tells none
+    qint64 time = 0;  ///< newest believable one of added, modified, visited; ms since epoch
     bool isPrivate = false;
-    QStringList applications; ///< that registered it
+    QStringList applications;   ///< that registered it
+    bool isTimeGuessed = false; ///< the list tells none; `time` is that of the list's file
     bool operator==(const XbelEntry &) const = default;
 };
 
@@ -39,7 +40,7 @@ inline constexpr int DesktopSource = 1; ///< every other source is the list of a
 struct RecentAccess
 {
     int source = DesktopSource;
-    qint64 time = 0;
+    qint64 time = 0; ///< negated: a time ahead of the clock that a removal has forgotten
     bool operator==(const RecentAccess &) const = default;
 };
 
@@ -52,6 +53,7 @@ struct StoredRecord
     qint64 openedAt = 0;     ///< last opened in the box; 0: never
     qint64 removedTime = -1; ///< accesses up to this time are forgotten; -1: never removed
     RecentFileInfo::Presence presence = RecentFileInfo::Presence::Unknown;
+    qint64 missingSince = 0;                   ///< when it was first found missing; 0: it is not
     QVarLengthArray<RecentAccess, 2> accesses; ///< one per source that lists the path
 
     bool operator==(const StoredRecord &) const = default;
@@ -60,8 +62,9 @@ struct StoredRecord
     int kind() const;          ///< of the newest access; Opened before Desktop before Sandbox when equal
     bool isVisible() const;    ///< there is an access newer than the removal
     bool isNeeded() const;     ///< false: nothing is lost when the record is dropped
+    bool isBoxOnly() const;    ///< nobody but the box tells of it
     const RecentAccess *accessOf(int source) const;
-    void setAccess(int source, qint64 time);
+    void setAccess(int source, qint64 time); ///< a forgotten time stays forgotten
     void dropAccess(int source);
     RecentFileInfo toInfo() const;
 };

@@ -15,6 +15,8 @@ namespace {
 constexpr int LargestDelta = 5000; // beyond it the whole list is handed over anew
 constexpr int RetryMs = 2000;
 constexpr qint64 RemovalLifetimeMs = 180LL * 24 * 3600 * 1000;
+constexpr qint64 MissingLifetimeMs = 180LL * 24 * 3600 * 1000;
+constexpr int MostBoxOnly = 10000;
 
 int sourceId(SourceTable &sources, const QString &name)
 {
@@ -37,6 +39,23 @@ RecentDelta mergeList(const RecentState &state, SourceTable &sources, const Xbel
     return mergeImport(state, id, import.entries, import.intact);
 }
 
+// Null: there is none.
+const char *problemText(XbelEditResult result)
+{
+    switch (result) {
+    case XbelEditResult::Damaged:
+        return "it is damaged";
+    case XbelEditResult::Unsupported:
+        return "it is not in UTF-8 or has entities of its own";
+    case XbelEditResult::Failed:
+        return "it cannot be read or written";
+    case XbelEditResult::Written:
+    case XbelEditResult::Unchanged:
+        break;
+    }
+    return nullptr;
+}
+
 } // namespace
 
 RecentWorker::RecentWorker(const RecentPlaces &places, WorkMode mode)
@@ -48,7 +67,7 @@ RecentWorker::RecentWorker(const RecentPlaces &places, WorkMode mode)
     m_retry.setSingleShot(true);
     m_retry.setInterval(RetryMs);
     connect(&m_retry, &QTimer::timeout, this, [this] {
-        m_repository.writeUnwritten();
+        publish(m_repository.writeUnwritten());
         if (m_repository.isBusy())
             m_retry.start();
     });
@@ -85,6 +104,8 @@ void RecentWorker::handOver()
     const qint64 oldest = QDateTime::currentMSecsSinceEpoch() - RemovalLifetimeMs;
     change([oldest](const RecentState &state, SourceTable &) { return forgetRemovals(state, oldest); },
         Durability::Relaxed);
+    change([](const RecentState &state, SourceTable &) { return limitBoxOnly(state, MostBoxOnly); },
+        Durability::Relaxed);
     lookFor(records);
 }
 
@@ -118,15 +139,15 @@ RecentDelta RecentWorker::change(const RecentRepository::Operation &operation, D
     RecentDelta delta = m_repository.change(operation, durability);
     if (m_repository.isBusy())
         m_retry.start();
-    if (!delta.showsNothing()) {
-        m_firstList.clear();
-        publish(delta);
-    }
+    publish(delta);
     return delta;
 }
 
 void RecentWorker::publish(const RecentDelta &delta)
 {
+    if (delta.showsNothing())
+        return;
+    m_firstList.clear();
     if (!m_handedOver)
         return;
     if (delta.shownCount() > LargestDelta)
@@ -156,14 +177,22 @@ void RecentWorker::noteOpened(const QString &path, qint64 time)
 void RecentWorker::removeRecords(const QStringList &ids)
 {
     open();
-    change(
-        [&](const RecentState &state, SourceTable &) { return markRemoved(state, ids); }, Durability::Full);
+    QStringList paths;
+    for (const QString &id : ids) {
+        if (id.startsWith(QLatin1Char('/')))
+            paths.append(id);
+    }
+    if (paths.isEmpty())
+        return;
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    change([&](const RecentState &state, SourceTable &) { return markRemoved(state, paths, now); },
+        Durability::Full);
     if (m_mode == WorkMode::ReadOnly)
         return;
     auto &visits = m_edit.visits;
-    const auto gone = [&](const XbelEdit::Visit &visit) { return ids.contains(visit.path); };
+    const auto gone = [&](const XbelEdit::Visit &visit) { return paths.contains(visit.path); };
     visits.erase(std::remove_if(visits.begin(), visits.end(), gone), visits.end());
-    m_edit.removals += ids;
+    m_edit.removals += paths;
     planDesktopList();
 }
 
@@ -182,21 +211,18 @@ void RecentWorker::writeDesktopList()
         return;
     findMimeTypes(edit.visits);
     const XbelEditResult result = editXbel(m_places.desktopList, edit);
-    const bool failed = result == XbelEditResult::Damaged || result == XbelEditResult::Failed;
-    if (failed && !m_editFailed)
-        qCWarning(lcRecent) << "the desktop's recently-used list was not written:"
-                            << (result == XbelEditResult::Damaged ? "it is damaged"
-                                                                  : "it cannot be read or written");
-    m_editFailed = failed;
+    const char *problem = problemText(result);
+    if (problem && !m_editFailed)
+        qCWarning(lcRecent) << "the desktop's recently-used list was not written:" << problem;
+    m_editFailed = problem;
 }
 
 void RecentWorker::findMimeTypes(QVector<XbelEdit::Visit> &visits)
 {
     const QMimeDatabase database;
-    // At the end no file is opened any more: a dead mount would hold up the whole box.
-    const auto mode = m_finishing ? QMimeDatabase::MatchExtension : QMimeDatabase::MatchDefault;
     for (XbelEdit::Visit &visit : visits) {
-        const QMimeType type = database.mimeTypeForFile(visit.path, mode);
+        // By the name alone: opening the file would hold up the whole store where a mount is dead.
+        const QMimeType type = database.mimeTypeForFile(visit.path, QMimeDatabase::MatchExtension);
         visit.mimeType = m_repository.state().value(visit.path).mimeType;
         if ((type.isDefault() && !visit.mimeType.isEmpty()) || type.name() == visit.mimeType)
             continue;
@@ -232,15 +258,16 @@ void RecentWorker::lookFor(const RecordInfoList &records)
 
 void RecentWorker::keepPresence(const PresenceResults &results)
 {
-    if (markPresence(m_repository.state(), results).storesNothing())
-        return;
-    change([&results](const RecentState &state, SourceTable &) { return markPresence(state, results); },
-        Durability::Relaxed);
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const auto mark = [&results, now](const RecentState &state) {
+        return markPresence(state, results, now, now - MissingLifetimeMs);
+    };
+    if (!mark(m_repository.state()).storesNothing())
+        change([&mark](const RecentState &state, SourceTable &) { return mark(state); }, Durability::Relaxed);
 }
 
 void RecentWorker::finish()
 {
-    m_finishing = true;
     if (m_importer)
         m_importer->stop();
     m_retry.stop();

@@ -51,7 +51,6 @@ private:
     XbelEdit m_edit; ///< for the desktop's list
     QTimer m_retry;  ///< runs only while the database is busy
     bool m_open = false;
-    bool m_finishing = false;
     bool m_editPlanned = false;
     bool m_editFailed = false; ///< said once
     bool m_handedOver = false; ///< news are told from then on

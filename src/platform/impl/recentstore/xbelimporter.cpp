@@ -9,6 +9,8 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace zel::recent {
 namespace {
 
@@ -126,8 +128,9 @@ bool XbelImporter::begin(const XbelSource &source)
         m_reading.reset();
         return false;
     }
-    const qint64 latest = QDateTime::currentMSecsSinceEpoch() + ClockTolerance;
-    m_reading->reader = std::make_unique<XbelReader>(m_reading->file, latest);
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const qint64 written = std::min(m_reading->stamp.mtimeNs / 1000000, now);
+    m_reading->reader = std::make_unique<XbelReader>(m_reading->file, now + ClockTolerance, written);
     return true;
 }
 

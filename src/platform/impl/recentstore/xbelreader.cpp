@@ -22,11 +22,12 @@ bool isFolder(const QString &mimeType)
 
 } // namespace
 
-XbelReader::XbelReader(QIODevice &device, qint64 latestTime, const XbelLimits &limits)
+XbelReader::XbelReader(QIODevice &device, qint64 latestTime, qint64 fallbackTime, const XbelLimits &limits)
     : m_device(device, limits.bytes, limits.tokenBytes),
       m_xml(&m_device),
       m_limits(limits),
-      m_latestTime(latestTime)
+      m_latestTime(latestTime),
+      m_fallbackTime(fallbackTime)
 {
     m_xml.setNamespaceProcessing(false);
 }
@@ -136,11 +137,26 @@ void XbelReader::startEntry()
     const QStringRef address = attributes.value(QLatin1String("href"));
     if (address.size() <= 3 * m_limits.pathBytes + 64) // every byte may be percent-encoded
         m_entry.path = localPathOf(address.toString());
+    readTime();
+}
+
+void XbelReader::readTime()
+{
+    const QXmlStreamAttributes attributes = m_xml.attributes();
+    qint64 tooLate = 0;
     for (const char *name : {"added", "modified", "visited"}) {
         const qint64 time = parseIsoTime(attributes.value(QLatin1String(name)));
         if (time <= m_latestTime)
             m_entry.time = std::max(m_entry.time, time);
+        else if (tooLate == 0 || time < tooLate)
+            tooLate = time;
     }
+    if (m_entry.time == 0)
+        m_entry.time = tooLate;
+    if (m_entry.time > 0)
+        return;
+    m_entry.time = m_fallbackTime;
+    m_entry.isTimeGuessed = true;
 }
 
 void XbelReader::finishEntry()

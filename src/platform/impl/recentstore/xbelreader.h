@@ -29,8 +29,9 @@ class XbelReader
 public:
     enum class State { Reading, Intact, Damaged };
 
-    /// Times later than `latestTime` (ms since epoch) are taken for a wrong clock and left out.
-    XbelReader(QIODevice &device, qint64 latestTime, const XbelLimits &limits = {});
+    /// Times later than `latestTime` (ms since epoch) are taken for a wrong clock: they count only when an
+    /// entry has no other, and then its earliest one. Entries without any get `fallbackTime`.
+    XbelReader(QIODevice &device, qint64 latestTime, qint64 fallbackTime = 0, const XbelLimits &limits = {});
 
     State read(int tokens); ///< reads on for at most so many tokens
     QVector<XbelEntry> takeEntries() { return std::move(m_entries); }
@@ -43,6 +44,7 @@ private:
     Node enter(QStringView name);
     Node enterMetadata(QStringView name);
     void startEntry();
+    void readTime();
     void finishEntry();
     QString shared(const QString &text);
     State fail(const QString &problem);
@@ -51,6 +53,7 @@ private:
     QXmlStreamReader m_xml;
     const XbelLimits m_limits;
     const qint64 m_latestTime;
+    const qint64 m_fallbackTime;
     State m_state = State::Reading;
     QString m_problem;
     QVector<Node> m_path;

@@ -1,37 +1,16 @@
 #pragma once
 
-#include "recenttypes.h"
+#include "xbeledit.h"
 
 #include <functional>
 
 namespace zel::recent {
 
-inline constexpr char ApplicationName[] = "ZEL Box"; ///< under which the box registers what it opens
-
-/// What the box tells the desktop's recently-used list.
-struct XbelEdit
-{
-    struct Visit
-    {
-        QString path;
-        QString mimeType;
-        qint64 time = 0; ///< ms since epoch
-    };
-    QVector<Visit> visits;
-    QStringList removals; ///< paths
-    bool isEmpty() const { return visits.isEmpty() && removals.isEmpty(); }
-};
-
-enum class XbelEditResult {
-    Written,
-    Unchanged, ///< nothing to do
-    Damaged,   ///< what stands there is not such a list and was left alone
-    Failed,    ///< cannot be read or written
-};
-
-/// Edits the list; all other bookmarks stay. The new file (mode 0600) takes the old one's place at once; when
-/// that was changed meanwhile by another program the edit is made anew on its version. A missing or empty
-/// list is made. `beforeReplace` is called each time right before the file is compared and replaced.
+/// Edits the list, see editXbelText(). The new file (mode 0600) is on disk before it takes the old one's
+/// place by renaming; when that was changed meanwhile by another program the edit is made anew on its
+/// version. A change between this comparison and the renaming would be lost: nothing stands between the two,
+/// but as other programs take no lock the window is not zero. A missing or empty list is made.
+/// `beforeReplace` is called each time right before the comparison.
 XbelEditResult editXbel(
     const QString &file, const XbelEdit &edit, const std::function<void()> &beforeReplace = {});
 

@@ -6,7 +6,7 @@
 #include "quvlite/kasynctask.h"
 #include "skinstate.h"
 
-#include <QWindow>
+#include <QOpenGLContext>
 #include <utility>
 
 namespace {
@@ -19,8 +19,9 @@ KCoreApplication *application()
 constexpr char GlVariable[] = "QT_XCB_GL_INTEGRATION";
 
 // Nothing here paints with OpenGL, but the X11 plugin loads a driver for it, which costs more time and memory
-// than the whole box. It reads the variable with its first native window; programs that the box starts must
-// not inherit it, and it has to go before there are threads that may read the environment.
+// than the whole box. It reads the variable when it is first asked what the driver can do, so it is asked at
+// once: programs that the box starts must not inherit the variable, and it has to go before there are threads
+// that may read it.
 class WithoutGl
 {
 public:
@@ -34,8 +35,7 @@ public:
     {
         if (!std::exchange(s_set, false))
             return;
-        if (QGuiApplication::platformName() == QLatin1String("xcb"))
-            QWindow().create();
+        QOpenGLContext::supportsThreadedOpenGL();
         qunsetenv(GlVariable);
     }
 
