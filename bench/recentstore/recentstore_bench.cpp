@@ -140,7 +140,9 @@ void changedEntryToNotice(benchmark::State &state)
         state.ResumeTiming();
         replaceFile(home.places.desktopList, data);
         const LoopGap loop;
-        require(store.changed.wait(60'000) && store.proxy.records().first().lastAccess == timeOf(minute));
+        // Other notices, of files looked at, may come before it.
+        while (store.proxy.records().first().lastAccess != timeOf(minute))
+            require(store.changed.wait(60'000));
         gap = std::max(gap, loop.ms());
     }
     state.counters["longest_gui_gap_ms"] = gap;
