@@ -1,0 +1,40 @@
+// In a process of its own, because the product is read once per process.
+
+#include "app/zelboxapplication.h"
+#include "app/zelboxcore.h"
+#include "base/settingskeys.h"
+#include "ksettings.h"
+#include "mainwindow/ui/zelboxmainwindow.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+class TestEnterprise : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void backgroundCommandLeavesTheWindow();
+};
+
+void TestEnterprise::backgroundCommandLeavesTheWindow()
+{
+    {
+        KSettings settings;
+        settings.beginGroup(zel::keys::Plugins);
+        settings.beginGroup(zel::keys::Zelbox);
+        settings.setValue(zel::keys::Enterprise, true);
+    }
+    int argc = 1;
+    char name[] = "zelbox";
+    char *argv[] = {name, nullptr};
+    ZelBoxApplicationIndependentProcesses application(argc, argv);
+    QVERIFY(application.start(QString()));
+    ZelBoxCore *core = ZelBoxCore::instance();
+    QSignalSpy closed(core->mainWindow(), &ZelBoxMainWindow::windowClose);
+    core->dispatch(QStringLiteral("/from=tray"), false);
+    QVERIFY(core->mainWindow()->isVisible());
+    QCOMPARE(closed.size(), 0);
+}
+
+QTEST_APPLESS_MAIN(TestEnterprise)
+#include "tst_enterprise.moc"
