@@ -14,6 +14,7 @@
 #include "mainwindow/ui/kcentralwidget.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QSignalSpy>
 #include <QTimer>
@@ -34,6 +35,14 @@ void countingHandler(QtMsgType, const QMessageLogContext &, const QString &)
 template <typename Step> void inTheLoop(QObject *context, Step step)
 {
     QMetaObject::invokeMethod(context, step, Qt::QueuedConnection);
+}
+
+void chooseLanguage(const QString &language)
+{
+    KSettings settings;
+    settings.beginGroup(zel::keys::Plugins);
+    settings.beginGroup(zel::keys::Zelbox);
+    settings.setValue(zel::keys::Language, language);
 }
 
 int enter(const wchar_t *commandLine)
@@ -199,6 +208,7 @@ void TestCore::guestOfAHost()
     char *argv[] = {name, nullptr};
     QApplication host(argc, argv);
     ZelBoxCore *core = ZelBoxCore::instance();
+    chooseLanguage(QStringLiteral("zh_CN"));
     QCOMPARE(execZelBox(QStringLiteral("/tab=2")), 0);
     QCOMPARE(execZelBox(QStringLiteral("/tab=5")), 0);
     QVERIFY(!core->mainWindow());
@@ -210,6 +220,10 @@ void TestCore::guestOfAHost()
     QTRY_VERIFY(!core->mainWindow());
     QCOMPARE(execZelBox(QStringLiteral("/show=main")), 0);
     QTRY_VERIFY(core->mainWindow() && core->mainWindow()->isVisible());
+    // Exit took the translations along; the next command speaks the user's language again.
+    auto *recent = core->mainWindow()->findChild<QAbstractButton *>(QStringLiteral("page_RecentFile"));
+    QCOMPARE(recent->text(), QStringLiteral("最近"));
+    chooseLanguage(QString());
     QTimer::singleShot(0, &host, &QApplication::quit);
     host.exec();
     QVERIFY(!core->mainWindow());

@@ -9,7 +9,8 @@
 namespace krt {
 
 /// Sets the identity of the process, opens its log file and installs the Qt message handler that writes to
-/// it. Call once, before the application object exists; a second call only changes the identity.
+/// it. Call once, before the application object exists; a second call only changes the identity. Without it
+/// the identity is the box's.
 ZELPLATFORM_EXPORT void init(const QString &organization, const QString &application, const QString &version,
     const QString &applicationName);
 
