@@ -3,7 +3,7 @@
 #include <QString>
 
 /// Where a start or command came from, when its command line says so.
-enum class StartOrigin { Unknown, Tray, DesktopShortcut };
+enum class StartOrigin { Tray, DesktopShortcut };
 
 /// What the dispatcher can ask of the core. GUI thread.
 class CommandTarget

@@ -105,7 +105,6 @@ private:
     ZelBoxTray *m_tray = nullptr;
     QString m_trayState;                  // told before there was a tray icon, too
     QVector<QPointer<QDialog>> m_dialogs; // open ones that no window owns
-    StartOrigin m_origin = StartOrigin::Unknown;
     bool m_translated = false;
     bool m_hiding = false; // the core itself is hiding the main window
 };

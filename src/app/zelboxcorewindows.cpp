@@ -11,6 +11,7 @@
 #include "app/ui/zelboxtray.h"
 #include "app/zelboxapplication.h"
 #include "app/zelboxipc.h"
+#include "base/logging.h"
 #include "base/settingskeys.h"
 #include "cloud/zelboxclientsvrproxy.h"
 #include "cloud/zelboxcloudsvr.h"
@@ -223,7 +224,7 @@ void ZelBoxCore::onStashProcessMemory()
 
 void ZelBoxCore::setStartOrigin(StartOrigin origin)
 {
-    m_origin = origin;
+    qCInfo(lcApp, "asked for by %s", origin == StartOrigin::Tray ? "the tray icon" : "a desktop shortcut");
 }
 
 void ZelBoxCore::setTrayState(const QString &state)
