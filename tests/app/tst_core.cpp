@@ -1,6 +1,5 @@
 // The two entries and the core, in one process that starts and ends several applications one after the other.
 
-#include "app/zelboxapplication.h"
 #include "app/zelboxcore.h"
 #include "app/zelboxentry.h"
 #include "base/settingskeys.h"
@@ -13,6 +12,7 @@
 #include "kxcefpluginstate.h"
 #include "mainwindow/ui/kcentralwidget.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
+#include "standalonebox.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -153,12 +153,9 @@ void TestCore::ordinaryRun()
 
 void TestCore::waitsForThreadTiming()
 {
-    int argc = 1;
-    char name[] = "zelbox";
-    char *argv[] = {name, nullptr};
-    ZelBoxApplicationIndependentProcesses application(argc, argv);
+    StandAloneBox box;
     KCoreApplication::getThreadTiming()->beginJob(QStringLiteral("warm-up"));
-    QVERIFY(application.start(QString()));
+    QVERIFY(box.application.start(QString()));
     ZelBoxCore *core = ZelBoxCore::instance();
     QVERIFY(!core->mainWindow());
     inTheLoop(this, [] { KCoreApplication::getThreadTiming()->endJob(QStringLiteral("warm-up")); });
@@ -172,11 +169,8 @@ void TestCore::waitsForThreadTiming()
 
 void TestCore::background()
 {
-    int argc = 1;
-    char name[] = "zelbox";
-    char *argv[] = {name, nullptr};
-    ZelBoxApplicationIndependentProcesses application(argc, argv);
-    QVERIFY(application.start(QString()));
+    StandAloneBox box;
+    QVERIFY(box.application.start(QString()));
     ZelBoxCore *core = ZelBoxCore::instance();
     QSignalSpy closed(core->mainWindow(), &ZelBoxMainWindow::windowClose);
     const auto storedWidth = [] {

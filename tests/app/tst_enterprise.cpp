@@ -1,10 +1,10 @@
 // In a process of its own, because the product is read once per process.
 
-#include "app/zelboxapplication.h"
 #include "app/zelboxcore.h"
 #include "base/settingskeys.h"
 #include "ksettings.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
+#include "standalonebox.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -24,11 +24,8 @@ void TestEnterprise::backgroundCommandLeavesTheWindow()
         settings.beginGroup(zel::keys::Zelbox);
         settings.setValue(zel::keys::Enterprise, true);
     }
-    int argc = 1;
-    char name[] = "zelbox";
-    char *argv[] = {name, nullptr};
-    ZelBoxApplicationIndependentProcesses application(argc, argv);
-    QVERIFY(application.start(QString()));
+    StandAloneBox box;
+    QVERIFY(box.application.start(QString()));
     ZelBoxCore *core = ZelBoxCore::instance();
     QSignalSpy closed(core->mainWindow(), &ZelBoxMainWindow::windowClose);
     core->dispatch(QStringLiteral("/from=tray"), false);
