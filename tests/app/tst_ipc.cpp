@@ -21,9 +21,11 @@ QByteArray utf16WithZero(const QString &text)
 // What another process sees of the lock: 0 free, 1 held by somebody else.
 int lockSeenFromOutside()
 {
+    // Before the fork: the child may not wait for a lock that another thread of ours holds.
+    const QByteArray path = zel::instanceLockPath().toLocal8Bit();
     const pid_t child = ::fork();
     if (child == 0) {
-        const int fd = ::open(zel::instanceLockPath().toLocal8Bit().constData(), O_RDWR);
+        const int fd = ::open(path.constData(), O_RDWR);
         struct flock lock = {};
         lock.l_type = F_WRLCK;
         lock.l_whence = SEEK_SET;

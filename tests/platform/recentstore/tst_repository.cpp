@@ -5,12 +5,14 @@
 #include "platform/impl/recentstore/recentrepository.h"
 #include "platform/impl/recentstore/recentschema.h"
 
+#include <QCoreApplication>
+#include <QProcess>
 #include <QTest>
 
+#include <array>
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/wait.h>
 #include <unistd.h>
 
 using namespace zel::recent;
@@ -18,14 +20,18 @@ using namespace zel::recent::test;
 
 namespace {
 
+constexpr char WriterOption[] = "--write-and-die";
+constexpr int WriterNotes = 40;
+
 struct Opened
 {
     QStringList problems;
     RecentRepository repository;
     RecordInfoList shown;
 
-    explicit Opened(const Home &home)
-        : repository(home.places.database, [this](const QString &text) { problems.append(text); }),
+    explicit Opened(const Home &home) : Opened(home.places.database) { }
+    explicit Opened(const QString &database)
+        : repository(database, [this](const QString &text) { problems.append(text); }),
           shown(repository.open())
     {
     }
@@ -360,25 +366,42 @@ private Q_SLOTS:
     void processesAtOnceKilled()
     {
         constexpr int Processes = 3;
-        constexpr int Notes = 40;
         Home home;
+        std::array<QProcess, Processes> writers;
         for (int p = 0; p < Processes; ++p) {
-            if (::fork() == 0) {
-                Opened store(home);
-                for (int n = 0; n < Notes; ++n)
-                    store.note(QStringLiteral("/p%1n%2").arg(p).arg(n), 1000 + n);
-                ::kill(::getpid(), SIGKILL);
-            }
+            writers[size_t(p)].setProcessChannelMode(QProcess::ForwardedChannels);
+            writers[size_t(p)].start(QCoreApplication::applicationFilePath(),
+                {QLatin1String(WriterOption), home.places.database, QString::number(p)});
         }
-        int killed = 0;
-        for (int status = 0; ::wait(&status) > 0;)
-            killed += WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL ? 1 : 0;
-        QCOMPARE(killed, Processes);
+        for (QProcess &writer : writers) {
+            QVERIFY(writer.waitForFinished());
+            QCOMPARE(writer.exitStatus(), QProcess::CrashExit);
+        }
         Opened store(home);
-        QCOMPARE(store.shown.size(), Processes * Notes);
+        QCOMPARE(store.shown.size(), Processes * WriterNotes);
         QVERIFY(keptAside(home).isEmpty());
     }
 };
 
-QTEST_GUILESS_MAIN(RepositoryTest)
+// One of the processes of processesAtOnceKilled(). A program of its own, because a fork of the test would
+// inherit the locks that the test's watchdog thread holds at that moment.
+static void writeAndDie(const QString &database, const QString &name)
+{
+    Opened store(database);
+    for (int n = 0; n < WriterNotes; ++n)
+        store.note(QStringLiteral("/p%1n%2").arg(name).arg(n), 1000 + n);
+    ::raise(SIGKILL);
+}
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    if (arguments.size() == 4 && arguments.at(1) == QLatin1String(WriterOption))
+        writeAndDie(arguments.at(2), arguments.at(3));
+    RepositoryTest test;
+    QTEST_SET_MAIN_SOURCE_PATH
+    return QTest::qExec(&test, argc, argv);
+}
+
 #include "tst_repository.moc"

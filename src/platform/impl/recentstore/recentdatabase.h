@@ -1,7 +1,7 @@
 #pragma once
 
+#include "base/sqlite/database.h"
 #include "recenttypes.h"
-#include "sqlite.h"
 
 namespace zel::recent {
 

@@ -51,7 +51,7 @@ SchemaState prepareSchema(sqlite::Database &database)
     const qint64 version = database.number("PRAGMA user_version");
     if (version > SchemaVersion)
         return SchemaState::Newer;
-    database.exec("PRAGMA journal_mode=WAL");
+    database.useWriteAheadLog();
     database.exec("PRAGMA synchronous=NORMAL");
     database.exec("PRAGMA journal_size_limit=4194304");
     if (version < SchemaVersion)

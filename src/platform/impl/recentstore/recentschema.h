@@ -1,6 +1,6 @@
 #pragma once
 
-#include "sqlite.h"
+#include "base/sqlite/database.h"
 
 namespace zel::recent {
 

@@ -1,4 +1,7 @@
-#include "sqlite.h"
+#include "base/sqlite/database.h"
+
+#include <QDeadlineTimer>
+#include <QThread>
 
 #include <sqlite3.h>
 
@@ -6,6 +9,7 @@ namespace zel::sqlite {
 namespace {
 
 constexpr int BusyTimeoutMs = 2000;
+constexpr int SwitchPauseMs = 2;
 
 Failure classify(int code)
 {
@@ -55,6 +59,18 @@ bool Database::exec(const char *sql)
 {
     if (m_failure == Failure::None)
         note(sqlite3_exec(m_handle, sql, nullptr, nullptr, nullptr));
+    return m_failure == Failure::None;
+}
+
+bool Database::useWriteAheadLog()
+{
+    // Two connections that switch at once could wait for each other, so SQLite tells one of them "busy" at
+    // once and leaves the waiting to us.
+    const QDeadlineTimer deadline(BusyTimeoutMs);
+    while (!exec("PRAGMA journal_mode=WAL") && m_failure == Failure::Busy && !deadline.hasExpired()) {
+        QThread::msleep(SwitchPauseMs);
+        clearFailure();
+    }
     return m_failure == Failure::None;
 }
 

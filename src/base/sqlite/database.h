@@ -29,6 +29,8 @@ public:
     bool isOpen() const { return m_handle; }
 
     bool exec(const char *sql);
+    /// Keeps the journal as a write-ahead log from now on. Waits for others like every statement.
+    bool useWriteAheadLog();
     qint64 number(const char *sql); ///< first column of the first row; -1 without a row
     qint64 lastRowId() const;
 
