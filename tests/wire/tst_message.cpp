@@ -200,6 +200,7 @@ void TestMessage::hostileRecords_data()
     QTest::newRow("map of more than there is") << bytesOf("0d001e 0b0b 00000003 0000") << Size;
     QTest::newRow("text of more than there is") << bytesOf("0b0001 7fffffff 61") << Size;
     QTest::newRow("negative text") << bytesOf("0b0001 ffffffff 61") << Size;
+    QTest::newRow("unknown type of value") << bytesOf("700001 00") << Short;
     QTest::newRow("cut number") << bytesOf("0a0004 000000") << Short;
     QTest::newRow("deep enough") << nestedRecords(int(DeepestNesting) - 2) << -1;
     QTest::newRow("too deep") << nestedRecords(int(DeepestNesting) + 1)

@@ -3,6 +3,7 @@
 #include <QDeadlineTimer>
 #include <QThread>
 
+#include <cerrno>
 #include <sqlite3.h>
 
 namespace zel::sqlite {
@@ -30,6 +31,15 @@ Failure classify(int code)
     default:
         return Failure::Unavailable;
     }
+}
+
+// A shared memory or journal file that cannot grow is told as an I/O error.
+bool isOutOfSpace(sqlite3 *handle, int code)
+{
+    const int kind = code & 0xff;
+    const int reason =
+        handle && (kind == SQLITE_IOERR || kind == SQLITE_CANTOPEN) ? sqlite3_system_errno(handle) : 0;
+    return kind == SQLITE_FULL || reason == ENOSPC || reason == EDQUOT;
 }
 
 } // namespace
@@ -85,6 +95,11 @@ qint64 Database::lastRowId() const
     return sqlite3_last_insert_rowid(m_handle);
 }
 
+qint64 Database::changedRows() const
+{
+    return m_handle ? sqlite3_changes64(m_handle) : 0;
+}
+
 void Database::clearFailure()
 {
     m_failure = Failure::None;
@@ -96,6 +111,7 @@ void Database::note(int code)
     if (m_failure != Failure::None || classify(code) == Failure::None)
         return;
     m_failure = classify(code);
+    m_ranOutOfSpace = isOutOfSpace(m_handle, code);
     const bool last = m_handle && sqlite3_extended_errcode(m_handle) == code;
     const char *text = last ? sqlite3_errmsg(m_handle) : sqlite3_errstr(code);
     m_failureText = QStringLiteral("SQLite %1: %2").arg(code).arg(QString::fromUtf8(text));
@@ -127,6 +143,14 @@ Statement &Statement::bind(int index, const QString &value)
     return *this;
 }
 
+Statement &Statement::bindBytes(int index, const QByteArray &value)
+{
+    if (m_handle)
+        m_database.note(
+            sqlite3_bind_blob(m_handle, index, value.constData(), value.size(), SQLITE_TRANSIENT));
+    return *this;
+}
+
 bool Statement::step()
 {
     if (!m_handle || m_database.failure() != Failure::None)
@@ -140,6 +164,11 @@ void Statement::run()
 {
     while (step()) { }
     sqlite3_reset(m_handle);
+}
+
+int Statement::columnCount() const
+{
+    return sqlite3_column_count(m_handle);
 }
 
 qint64 Statement::number(int column) const

@@ -33,9 +33,12 @@ public:
     bool useWriteAheadLog();
     qint64 number(const char *sql); ///< first column of the first row; -1 without a row
     qint64 lastRowId() const;
+    qint64 changedRows() const; ///< by the last insert, update or delete
 
     Failure failure() const { return m_failure; } ///< the first since it was last cleared
     QString failureText() const { return m_failureText; }
+    /// Whether the latest failure came of a full disk or quota; also after clearFailure().
+    bool ranOutOfSpace() const { return m_ranOutOfSpace; }
     void clearFailure();
     void note(int code); ///< keeps it as the failure, unless it is none or not the first
     sqlite3 *handle() const { return m_handle; }
@@ -44,6 +47,7 @@ private:
     sqlite3 *m_handle = nullptr;
     Failure m_failure = Failure::None;
     QString m_failureText;
+    bool m_ranOutOfSpace = false;
 };
 
 /// A prepared statement. After a failure, also one of the connection's before it, nothing happens and no row
@@ -58,9 +62,11 @@ public:
 
     Statement &bind(int index, qint64 value);
     Statement &bind(int index, const QString &value);
+    Statement &bindBytes(int index, const QByteArray &value);
     bool step(); ///< true: a row is there
     void run();  ///< to the end; ready to be bound and run again afterwards
 
+    int columnCount() const;
     qint64 number(int column) const;
     QByteArray bytes(int column) const; ///< valid until the next step
     QString text(int column) const { return QString::fromUtf8(bytes(column)); }

@@ -37,7 +37,10 @@ uint32_t BoundedReader::readMessageBegin(std::string &name, TMessageType &type, 
     const uint32_t head = be32toh(take<uint32_t>());
     if ((head & StrictMask) != StrictMark)
         throw TProtocolException(TProtocolException::BAD_VERSION, "not a strict binary message");
-    type = TMessageType(head & 0xff);
+    const uint32_t kind = head & 0xff;
+    if (kind < T_CALL || kind > T_ONEWAY)
+        throw TProtocolException(TProtocolException::INVALID_DATA, "unknown kind of message");
+    type = TMessageType(kind);
     m_largestText = LongestMethodName;
     readString(name);
     m_largestText = LargestText;
@@ -46,15 +49,15 @@ uint32_t BoundedReader::readMessageBegin(std::string &name, TMessageType &type, 
 
 uint32_t BoundedReader::readMapBegin(TType &key, TType &value, uint32_t &size)
 {
-    key = TType(take<uint8_t>());
-    value = TType(take<uint8_t>());
+    key = takeType();
+    value = takeType();
     size = takeCount(2, key == T_STRUCT || value == T_STRUCT);
     return 0;
 }
 
 uint32_t BoundedReader::readListBegin(TType &element, uint32_t &size)
 {
-    element = TType(take<uint8_t>());
+    element = takeType();
     size = takeCount(1, element == T_STRUCT);
     return 0;
 }
@@ -75,6 +78,11 @@ uint32_t BoundedReader::takeCount(size_t fewestBytes, bool ofRecords)
 void BoundedReader::failShort()
 {
     throw TProtocolException(TProtocolException::INVALID_DATA, "the message ends too early");
+}
+
+void BoundedReader::failType()
+{
+    throw TProtocolException(TProtocolException::INVALID_DATA, "unknown type of value");
 }
 
 void BoundedReader::failSize()

@@ -32,7 +32,7 @@ public:
     uint32_t readStructEnd() { return 0; }
     uint32_t readFieldBegin(std::string &, TType &type, int16_t &id)
     {
-        type = TType(take<uint8_t>());
+        type = takeType();
         id = type == apache::thrift::protocol::T_STOP ? 0 : int16_t(be16toh(take<uint16_t>()));
         return 0;
     }
@@ -100,9 +100,17 @@ private:
         m_at += sizeof(number);
         return number;
     }
+    TType takeType()
+    {
+        const uint8_t number = take<uint8_t>();
+        if (number > apache::thrift::protocol::T_UTF16) [[unlikely]]
+            failType(); // no value of the enumeration, so it may not even be held in one
+        return TType(number);
+    }
     uint32_t takeCount(size_t fewestBytes, bool ofRecords);
     [[noreturn]] static void failShort();
     [[noreturn]] static void failSize();
+    [[noreturn]] static void failType();
 
     const char *m_at;
     const char *m_end;

@@ -143,6 +143,7 @@ bool FrameChannel::handleFrames()
     const char *bytes = nullptr;
     size_t size = 0;
     while (m_socket && !m_paused && takeFrame(&bytes, &size)) {
+        goOnInsideHandler();
         m_onFrame(bytes, size);
         if (!self)
             return false;
@@ -157,6 +158,28 @@ bool FrameChannel::handleFrames()
     else if (m_frameTimeout.isActive())
         m_frameTimeout.stop();
     return true;
+}
+
+// An event loop inside the handler hears of no bytes that are here already.
+void FrameChannel::goOnInsideHandler()
+{
+    if (m_sendingTogether || m_goOnPosted || !holdsFrame())
+        return;
+    m_goOnPosted = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_goOnPosted = false;
+            if (m_socket && holdsFrame())
+                handleFrames();
+        },
+        Qt::QueuedConnection);
+}
+
+bool FrameChannel::holdsFrame() const
+{
+    const int held = m_inputEnd - m_inputStart;
+    return held >= LengthSize && uint32_t(held - LengthSize) >= lengthAt(m_input.constData() + m_inputStart);
 }
 
 // The frame counts as handled before it is, so that an event loop inside the handler goes on with the next.

@@ -52,6 +52,8 @@ private:
     Received receive();
     void makeRoom();
     bool handleFrames();
+    void goOnInsideHandler();
+    bool holdsFrame() const;
     bool takeFrame(const char **bytes, size_t *size);
     void flush();
     void dropOutput(size_t sent);
@@ -72,6 +74,7 @@ private:
     bool m_paused = false;
     bool m_sendingTogether = false;
     bool m_handling = false;
+    bool m_goOnPosted = false;
 };
 
 } // namespace zel::wire

@@ -18,6 +18,8 @@ using Writer = TBinaryProtocolT<TMemoryBuffer>;
 
 constexpr int16_t RequestField = 1;
 constexpr int16_t AnswerField = 0;
+constexpr int16_t RefusalTextField = 1; // as in TApplicationException
+constexpr int16_t RefusalNumberField = 2;
 constexpr uint32_t KeptBuffer = 1u << 20; // a larger one is given back after use
 
 // One for each thread, because making a buffer costs more than writing a small message.
@@ -147,31 +149,36 @@ bool MessageReader::readHead(MessageHead &head)
     return guarded([&] {
         TMessageType type = T_CALL;
         m_reader.readMessageBegin(head.method, type, head.sequence);
-        if (type < T_CALL || type > T_ONEWAY)
-            throw TProtocolException(TProtocolException::INVALID_DATA, "unknown kind of message");
         head.kind = MessageKind(type);
     });
 }
 
-template <class Take> bool MessageReader::readOnlyField(int16_t id, TType type, Take take)
+// Hands over the fields of a struct; what `take` does not want is skipped. Nothing may follow the struct.
+template <class Take> void MessageReader::readFields(Take take)
+{
+    std::string name;
+    TType type = T_STOP;
+    int16_t id = 0;
+    while (m_reader.readFieldBegin(name, type, id), type != T_STOP) {
+        if (!take(id, type))
+            m_reader.skip_virt(type);
+    }
+    if (m_reader.bytesLeft() > 0)
+        throw TProtocolException(TProtocolException::INVALID_DATA, "bytes after the message");
+}
+
+template <class Take> bool MessageReader::readOnlyField(int16_t wantedId, TType wantedType, Take take)
 {
     return guarded([&] {
         bool taken = false;
-        std::string name;
-        TType fieldType = T_STOP;
-        int16_t fieldId = 0;
-        while (m_reader.readFieldBegin(name, fieldType, fieldId), fieldType != T_STOP) {
-            const bool wanted = fieldId == id && fieldType == type && !taken;
-            if (wanted)
-                take();
-            else
-                m_reader.skip_virt(fieldType);
-            taken = taken || wanted;
-        }
+        readFields([&](int16_t id, TType type) {
+            if (id != wantedId || type != wantedType || taken)
+                return false;
+            take();
+            return taken = true;
+        });
         if (!taken)
             throw TProtocolException(TProtocolException::INVALID_DATA, "the message holds no record");
-        if (m_reader.bytesLeft() > 0)
-            throw TProtocolException(TProtocolException::INVALID_DATA, "bytes after the message");
     });
 }
 
@@ -201,13 +208,24 @@ bool MessageReader::readRequestList(QStringList &texts)
     });
 }
 
+// Not through the library's class, which keeps the number in an enumeration that may not hold it.
 bool MessageReader::readRefusal(Refusal &refusal, QString &text)
 {
     return guarded([&] {
-        TApplicationException exception;
-        exception.read(&m_reader);
-        refusal = Refusal(exception.getType());
-        text = QString::fromUtf8(exception.what());
+        readFields([&](int16_t id, TType type) {
+            if (id == RefusalTextField && type == T_STRING) {
+                std::string read;
+                m_reader.readString(read);
+                text = QString::fromStdString(read);
+            } else if (id == RefusalNumberField && type == T_I32) {
+                int32_t number = 0;
+                m_reader.readI32(number);
+                refusal = Refusal(number);
+            } else {
+                return false;
+            }
+            return true;
+        });
     });
 }
 

@@ -58,7 +58,9 @@ public:
 
 private:
     template <class Step> bool guarded(Step step);
-    template <class Take> bool readOnlyField(int16_t id, apache::thrift::protocol::TType type, Take take);
+    template <class Take> void readFields(Take take);
+    template <class Take>
+    bool readOnlyField(int16_t wantedId, apache::thrift::protocol::TType wantedType, Take take);
 
     BoundedReader m_reader;
     QString m_error;

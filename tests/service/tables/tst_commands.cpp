@@ -1,0 +1,158 @@
+#include "base/clock.h"
+#include "cloud/wire/rowcodec.h"
+#include "service/tables/commandprocessor.h"
+#include "tabledata.h"
+
+#include <QJsonDocument>
+#include <QTest>
+
+using namespace zel;
+using namespace zel::service;
+
+namespace {
+
+QString line(const char *name, const QString &statement, const QString &guid)
+{
+    return QStringLiteral("/%1=%2 /TaskGuid=%3")
+        .arg(QString::fromUtf8(name), QString::fromLatin1(statement.toUtf8().toBase64()), guid);
+}
+
+/// One push a line: "command to whom {values}".
+QString print(const QVector<Push> &pushes)
+{
+    QStringList lines;
+    for (const Push &push : pushes) {
+        const bool all = push.audience == Push::Audience::Everyone;
+        lines.append(push.command + (all ? QStringLiteral(" all ") : QStringLiteral(" asker "))
+            + QString::fromUtf8(QJsonDocument(push.values).toJson(QJsonDocument::Compact)));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+} // namespace
+
+class CommandsTest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void pushes_data();
+    void pushes();
+    void quoteInAPathLeavesTheRow();
+    void linkDocument();
+};
+
+void CommandsTest::pushes_data()
+{
+    QTest::addColumn<QString>("command");
+    QTest::addColumn<bool>("done");
+    QTest::addColumn<QString>("pushes");
+    const auto row = [](const char *name, const QString &command, bool done, const char *pushes) {
+        QTest::newRow(name) << command << done << QString::fromUtf8(pushes);
+    };
+    const QString list = QStringLiteral("select * from metadata_zelbox_fileradar Order by Time Desc");
+    row("radar list", line("GetRadarMsg", list, QStringLiteral("GetUnreadRadarMsg")), true,
+        "GetRadarMsg asker "
+        "{\"commandline\":\"2$$$$0$$$$C:\\\\\\\\b$$$$n$$$$30$$$$1####1$$$$0$$$$C:\\\\\\\\获$$$$n$$$$20"
+        "$$$$1####1$$$$0$$$$C:\\\\\\\\a$$$$n$$$$10$$$$1####4$$$$0$$$$it's$$$$n$$$$5$$$$1\","
+        "\"guid\":\"GetUnreadRadarMsg\",\"state\":\"success\"}");
+    row("clear a source",
+        line("GetRadarMsg", QStringLiteral("delete from metadata_zelbox_fileradar where ImType = 2"),
+            QStringLiteral("deleteRadarUnread")),
+        true,
+        "GetRadarMsg asker "
+        "{\"commandline\":\"success\",\"guid\":\"deleteRadarUnread\",\"state\":\"success\"}\n"
+        "RadarFileDelete all {\"commandline\":\"C:\\\\\\\\b\"}");
+    row("clear an empty source",
+        line("GetRadarMsg", QStringLiteral("delete from metadata_zelbox_fileradar where ImType = 3"),
+            QStringLiteral("g")),
+        true, "GetRadarMsg asker {\"commandline\":\"success\",\"guid\":\"g\",\"state\":\"success\"}");
+    const QString tab =
+        QStringLiteral("select count(distinct fileId) as 'count(*)' from metadata_zelbox_filemessage "
+                       "where recentRead = 0 and topic = 'zel.roaming' and fileId != ''");
+    row("named by the guid", line("GetStoredMsg", tab, QStringLiteral("GetRoamingTabUnread")), true,
+        "GetRoamingTabUnread asker "
+        "{\"commandline\":\"3\",\"guid\":\"GetRoamingTabUnread\",\"state\":\"success\"}");
+    const QString none = QStringLiteral(
+        "select * from metadata_zelbox_filemessage where fileId = '%1' and (topic = 'zel.file' or topic "
+        "= 'zel.link' or topic = 'zel.link.local') Order by time Desc limit 9");
+    row("no rows", line("GetStoredMsg", none.arg(QStringLiteral("none")), QStringLiteral("01AB-2$$$$none")),
+        true, "GetStoredMsg asker {\"commandline\":\"\",\"guid\":\"01AB-2$$$$none\",\"state\":\"success\"}");
+    row("quote in an id", line("GetStoredMsg", none.arg(QStringLiteral("it's")), QStringLiteral("g")), false,
+        "GetStoredMsg asker {\"commandline\":\"failed\",\"guid\":\"g\",\"state\":\"failed\"}");
+    row("mark",
+        line("GetStoredMsg",
+            QStringLiteral(
+                "Update metadata_zelbox_filemessage Set read = 1 Where fileId = 'f1' and time <= 50"),
+            QStringLiteral("SetRoamingMsgRead")),
+        true,
+        "SetRoamingMsgRead asker "
+        "{\"commandline\":\"success\",\"guid\":\"SetRoamingMsgRead\",\"state\":\"success\"}");
+    row("the other table", line("GetStoredMsg", list, QStringLiteral("NewMsgArrive")), false,
+        "GetStoredMsg asker {\"commandline\":\"failed\",\"guid\":\"NewMsgArrive\",\"state\":\"failed\"}");
+    row("close", QStringLiteral("/closeRadarSwitch /type=1"), true,
+        "QQRadarSettingChange all {\"setting\":\"false\"}");
+    row("open", QStringLiteral("/openRadarSwitch /type=4"), true,
+        "DesktopRadarSettingChange all {\"setting\":\"true\"}");
+    row("backup", QStringLiteral("/SwitchBackupStatus=1 /BackupType=3"), true,
+        "GetBackupResult all {\"BackupType\":\"3\",\"commandline\":\"success\",\"setting\":\"true\"}");
+    row("tray", QStringLiteral("/ClearAllTrayUnread=1 /MessageType=share"), true, "");
+}
+
+void CommandsTest::pushes()
+{
+    QFETCH(QString, command);
+    TableData data;
+    QVERIFY(data.fillMessages() && data.fillRadar());
+    SwitchTable switches(data.database);
+    CommandProcessor processor(data.radar, data.messages, switches);
+    const CommandOutcome outcome = processor.process(command);
+    QVERIFY(outcome.understood);
+    QTEST(outcome.done, "done");
+    QTEST(print(outcome.pushes), "pushes");
+    QCOMPARE(data.idsWhere("trayRead = 1"),
+        command.contains(QStringLiteral("Tray")) ? QStringLiteral("m1 m4 q1") : QStringLiteral("m4"));
+    QCOMPARE(switches.isOn(SwitchTable::Switch::Watch, 1), !command.contains(QStringLiteral("close")));
+    QCOMPARE(switches.isOn(SwitchTable::Switch::Backup, 3), command.contains(QStringLiteral("Backup")));
+}
+
+void CommandsTest::quoteInAPathLeavesTheRow()
+{
+    TableData data;
+    QVERIFY(data.fillRadar());
+    SwitchTable switches(data.database);
+    CommandProcessor processor(data.radar, data.messages, switches);
+    for (const char *path : {"it's", "x' or '1' = '1", "C:\\a' or FilePath = 'C:\\b"}) {
+        const QString sql = QStringLiteral("delete from metadata_zelbox_fileradar where FilePath = '%1'");
+        const auto outcome = processor.process(
+            line("GetRadarMsg", sql.arg(QString::fromUtf8(path)), QStringLiteral("deleteRadarUnread")));
+        QCOMPARE(print(outcome.pushes),
+            QStringLiteral(
+                "GetRadarMsg asker "
+                "{\"commandline\":\"failed\",\"guid\":\"deleteRadarUnread\",\"state\":\"failed\"}"));
+    }
+    QCOMPARE(data.radar.run(RadarList{}).rows.size(), 4);
+    QVERIFY(!processor.process(QStringLiteral("/GetRadarMsg=%% /TaskGuid=g")).understood);
+}
+
+void CommandsTest::linkDocument()
+{
+    TableData data;
+    SwitchTable switches(data.database);
+    CommandProcessor processor(data.radar, data.messages, switches);
+    setFixedNow(QDateTime::fromMSecsSinceEpoch(12345));
+    const QByteArray json =
+        R"({"fileId":"f9","fileName":"获.odt","linkId":"l","operatorId":"u9","title":"t'"})";
+    const auto outcome =
+        processor.process(QStringLiteral("/InsertLinkCreateDocMsg=") + QString::fromLatin1(json.toBase64()));
+    setFixedNow({});
+    QCOMPARE(print(outcome.pushes), QStringLiteral("NewMsgArrive all {}"));
+    const auto rows = data.messages.run(IdMessages{IdColumn::OperatorId, QStringLiteral("u9"), 9}).rows;
+    QCOMPARE(rows.size(), 1);
+    const Message message = MessageTable::fromRow(rows.first());
+    QCOMPARE(message.time, 12345);
+    QCOMPARE(message.fileName + message.linkId + message.title, QStringLiteral("获.odtlt'"));
+    QVERIFY(data.messages.unreadCounts() == UnreadCounts{});
+}
+
+QTEST_GUILESS_MAIN(CommandsTest)
+#include "tst_commands.moc"

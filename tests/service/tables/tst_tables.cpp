@@ -1,0 +1,303 @@
+#include "service/tables/statementparser.h"
+#include "service/tables/switchtable.h"
+#include "service/tables/tableguard.h"
+#include "tabledata.h"
+
+#include <QTest>
+
+using namespace zel;
+using namespace zel::service;
+
+Q_DECLARE_METATYPE(zel::service::MessageStatement)
+Q_DECLARE_METATYPE(zel::service::TableGuard::Access)
+
+namespace {
+
+/// Rows with their fields joined by ",", only the first `fields` of each.
+QString print(const QVector<QStringList> &rows, int fields)
+{
+    QStringList lines;
+    for (const QStringList &row : rows)
+        lines.append(row.mid(0, fields).join(QLatin1Char(',')));
+    return lines.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+class TablesTest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void schema();
+    void questions_data();
+    void questions();
+    void marks_data();
+    void marks();
+    void messages();
+    void radar();
+    void switches();
+    void guard_data();
+    void guard();
+    void failuresPass();
+};
+
+void TablesTest::schema()
+{
+    TableData data;
+    QVERIFY(data.state == TablesState::Ready);
+    QVERIFY(data.fillRadar());
+    QVERIFY(prepareTables(data.database) == TablesState::Ready);
+    QCOMPARE(data.radar.run(RadarList{}).rows.size(), 4);
+
+    QVERIFY(data.database.exec("UPDATE schema_version SET version = 99"));
+    QVERIFY(prepareTables(data.database) == TablesState::Newer);
+    QCOMPARE(data.database.number("SELECT version FROM schema_version"), 99);
+
+    // A table of somebody else in the way: nothing is half made.
+    QVERIFY(data.database.exec("DROP TABLE metadata_zelbox_filemessage; DELETE FROM schema_version"));
+    QVERIFY(prepareTables(data.database) == TablesState::Failed);
+    data.database.clearFailure();
+    QCOMPARE(data.database.number("SELECT count(*) FROM sqlite_master WHERE name LIKE '%filemessage'"), 0);
+}
+
+void TablesTest::questions_data()
+{
+    QTest::addColumn<MessageStatement>("statement");
+    QTest::addColumn<int>("fields");
+    QTest::addColumn<QString>("rows");
+    const auto row = [](const char *name, const MessageStatement &statement, int fields, const char *rows) {
+        QTest::newRow(name) << statement << fields << QString::fromUtf8(rows);
+    };
+    const auto File = IdColumn::FileId, Operator = IdColumn::OperatorId;
+    const auto id = [](const char *text) { return QString::fromUtf8(text); };
+    // The fields after the count are those of the newest message.
+    row("updates", RoamingList{RoamingKind::Update}, 6, "f1,2,70,f1,u2,70 f2,1,60,f2,u2,60");
+    row("creations", RoamingList{RoamingKind::Create}, 12,
+        "f3,1,80,f3,u2,80,0,0,0,zel.roaming,roaming_create,r4");
+    row("files", IdList{File}, 1, "f1 f2 it's");
+    row("operators", IdList{Operator}, 1, "u'1 u1 u2");
+    row("messages", IdMessages{File, id("f2"), 5}, 9,
+        "f2,u1,40,1,1,1,zel.file,share,m4 f2,u1,30,0,0,0,zel.link.local,open,m3");
+    row("newest message", IdMessages{Operator, id("u1"), 1}, 3, "f2,u1,40");
+    row("quote in a value of ours", IdMessages{Operator, id("u'1"), 1}, 1, "it's");
+    row("no messages", IdMessages{File, id("' or 1=1 --"), 5}, 1, "");
+    row("unread", IdUnread{File, File, {id("f1"), id("f2"), id("none"), id("f1"), id("it's")}}, 2,
+        "f1,2 f2,1 it's,1");
+    row("unread of operators", IdUnread{Operator, Operator, {id("u1")}}, 2, "u1,2");
+    row("unread of a file by operator", IdUnread{Operator, File, {id("f1")}}, 2, "u1,1 u2,1");
+    row("unread of an id with all signs", IdUnread{File, File, {id("\"]\\u0000 获,")}}, 2, "");
+    row("roaming tab without the empty id", RoamingTabUnread{}, 1, "3");
+}
+
+void TablesTest::questions()
+{
+    QFETCH(MessageStatement, statement);
+    QFETCH(int, fields);
+    TableData data;
+    QVERIFY(data.fillMessages());
+    const TableResult result = data.messages.run(statement);
+    QVERIFY(result.ok() && result.hasRows);
+    QTEST(print(result.rows, fields), "rows");
+    QCOMPARE(data.idsWhere("read = 1"), QStringLiteral("m4"));
+}
+
+void TablesTest::marks_data()
+{
+    QTest::addColumn<MessageStatement>("statement");
+    QTest::addColumn<QString>("read");
+    QTest::addColumn<QString>("trayRead");
+    const auto row = [](const char *name, const MessageStatement &statement, const char *read,
+                         const char *tray) {
+        QTest::newRow(name) << statement << QString::fromUtf8(read) << QString::fromUtf8(tray);
+    };
+    const auto id = [](const char *text) { return QString::fromUtf8(text); };
+    row("clear a file, not its roaming", ClearId{IdColumn::FileId, id("f1")}, "m1 m2 m4", "m1 m2 m4");
+    row("clear an operator", ClearId{IdColumn::OperatorId, id("u1")}, "m1 m3 m4", "m1 m3 m4");
+    row("later ones stay", MarkReadUpTo{id("f1"), 50, true}, "m1 m2 m4 r1", "m1 m2 m4 r1");
+    row("not in the tray", MarkReadUpTo{id("f1"), 49, false}, "m1 m2 m4", "m4");
+    row("unknown", ClearId{IdColumn::FileId, id("' or 1=1 --")}, "m4", "m4");
+}
+
+void TablesTest::marks()
+{
+    QFETCH(MessageStatement, statement);
+    QFETCH(QString, read);
+    TableData data;
+    QVERIFY(data.fillMessages());
+    const TableResult result = data.messages.run(statement);
+    QVERIFY(result.ok() && !result.hasRows);
+    QCOMPARE(int(result.changed), read.count(QLatin1Char(' ')));
+    QCOMPARE(data.idsWhere("read = 1"), read);
+    QTEST(data.idsWhere("trayRead = 1"), "trayRead");
+    QCOMPARE(data.idsWhere("recentRead = 1"), QStringLiteral("m4"));
+    QCOMPARE(int(data.messages.run(statement).changed), 0);
+}
+
+void TablesTest::messages()
+{
+    TableData data;
+    Message full = TableData::message("full", "获", "u", 1, "zel.file", "share");
+    full.trayRead = true;
+    int field = 0;
+    for (QString *text : {&full.title, &full.content, &full.operatorName, &full.fileName, &full.groupId,
+             &full.category, &full.linkId, &full.extra})
+        *text = QString::number(++field);
+    QVERIFY(data.messages.insert({full}).ok());
+    QCOMPARE(data.messages.find({full.messageId}).rows.size(), 1);
+    QVERIFY(MessageTable::fromRow(data.messages.find({full.messageId}).rows.first()) == full);
+
+    // Known ids stay as they are, an empty one is made up.
+    Message other = full;
+    other.title.clear();
+    Message nameless = TableData::message("", "f", "u", 2, "zel.file", "share");
+    QCOMPARE(int(data.messages.insert({other, nameless, nameless}).changed), 2);
+    QVERIFY(MessageTable::fromRow(data.messages.find({full.messageId}).rows.first()) == full);
+    QCOMPARE(int(data.database.number("SELECT min(length(messageId)) FROM metadata_zelbox_filemessage")), 4);
+    QCOMPARE(data.messages.list({full.category}).rows.size(), 1);
+
+    QVERIFY(data.database.exec("DELETE FROM metadata_zelbox_filemessage") && data.fillMessages());
+    QVERIFY(data.messages.unreadCounts() == (UnreadCounts{4, 9, 3}));
+    QCOMPARE(print(data.messages.list({{}, true, 1, 2}).rows, 1), QStringLiteral(" f3"));
+    QCOMPARE(data.messages.list({{}, false, -1, -1}).rows.size(), 0);
+    QCOMPARE(int(data.messages.clearTrayUnread(QStringLiteral("zel.roaming")).changed), 5);
+    QCOMPARE(int(data.messages.clearTrayUnread(QStringLiteral("share")).changed), 2);
+    QCOMPARE(int(data.messages.markRead({QStringLiteral("m1"), QStringLiteral("m4"), QStringLiteral("?")})
+                     .changed),
+        1);
+    QVERIFY(data.messages.unreadCounts() == (UnreadCounts{3, 2, 3}));
+    QCOMPARE(int(data.messages.remove({QStringLiteral("m1"), QStringLiteral("r1'")}).changed), 1);
+    QCOMPARE(data.messages.list({}).rows.size(), 9);
+}
+
+void TablesTest::radar()
+{
+    TableData data;
+    QVERIFY(data.fillRadar());
+    const auto paths = [&data] {
+        QStringList list;
+        for (const QStringList &row : data.radar.run(RadarList{}).rows)
+            list.append(RadarTable::fromRow(row).path);
+        return list.join(QLatin1Char(' '));
+    };
+    QCOMPARE(paths(), QStringLiteral("C:\\b C:\\获 C:\\a it's"));
+
+    const QVector<QStringList> rows = data.radar.run(RadarList{}).rows;
+    RadarFile same = RadarTable::fromRow(rows.at(0));
+    RadarFile newer = RadarTable::fromRow(rows.at(2));
+    QVERIFY(same == (RadarFile{2, 0, QStringLiteral("C:\\b"), QStringLiteral("n"), 30, RadarUnread}));
+    newer.time = 40;
+    const RadarChange change =
+        data.radar.store({same, newer, {3, 7, QStringLiteral("new"), QString(), 1, 0}});
+    QCOMPARE(change.added, QStringList(QStringLiteral("new")));
+    QCOMPARE(change.modified, QStringList(QStringLiteral("C:\\a")));
+    QCOMPARE(paths(), QStringLiteral("C:\\a C:\\b C:\\获 it's new"));
+
+    TableResult gone = data.radar.run(RadarClear{1});
+    QVERIFY(!gone.hasRows);
+    QCOMPARE(int(gone.changed), 2);
+    QCOMPARE(paths(), QStringLiteral("C:\\b it's new"));
+    QCOMPARE(int(data.radar.run(RadarForget{QStringLiteral("x' or '1'='1")}).changed), 0);
+    gone = data.radar.run(RadarForget{QStringLiteral("C:\\b")});
+    QCOMPARE(gone.rows, QVector<QStringList>{{QStringLiteral("C:\\b")}});
+    gone = data.radar.remove({QStringLiteral("it's"), QStringLiteral("?")});
+    QCOMPARE(gone.rows, QVector<QStringList>{{QStringLiteral("it's")}});
+    QCOMPARE(paths(), QStringLiteral("new"));
+}
+
+void TablesTest::switches()
+{
+    using Switch = SwitchTable::Switch;
+    TableData data;
+    SwitchTable table(data.database);
+    QVERIFY(table.isOn(Switch::Watch, 1) && !table.isOn(Switch::Backup, 1));
+    table.set(Switch::Backup, 1, true);
+    QVERIFY(table.isOn(Switch::Watch, 1) && table.isOn(Switch::Backup, 1) && !table.isOn(Switch::Backup, 2));
+    table.set(Switch::Watch, 1, false);
+    sqlite::Database again;
+    QVERIFY(again.open(data.file()));
+    SwitchTable later(again);
+    QVERIFY(!later.isOn(Switch::Watch, 1) && later.isOn(Switch::Backup, 1));
+}
+
+void TablesTest::guard_data()
+{
+    using Access = TableGuard::Access;
+    QTest::addColumn<Access>("access");
+    QTest::addColumn<QByteArray>("sql");
+    QTest::addColumn<bool>("allowed");
+    const auto row = [](Access access, const char *sql, bool allowed) {
+        QTest::addRow("%d %s", int(access), sql) << access << QByteArray(sql) << allowed;
+    };
+    const char *read = "SELECT count(*), max(time) FROM metadata_zelbox_filemessage";
+    const char *mark = "UPDATE metadata_zelbox_filemessage SET read = 1, trayRead = 1 WHERE fileId = 'f1'";
+    const char *wipe = "DELETE FROM metadata_zelbox_filemessage";
+    row(Access::Read, read, true);
+    row(Access::Read, mark, false);
+    row(Access::Read, wipe, false);
+    row(Access::MarkRead, mark, true);
+    row(Access::MarkRead, wipe, false);
+    row(Access::Delete, mark, false);
+    row(Access::Delete, wipe, true);
+    row(Access::Delete, "DELETE FROM metadata_zelbox_fileradar", false);
+    row(Access::Delete, "DROP TABLE metadata_zelbox_filemessage", false);
+    row(Access::MarkRead, "UPDATE metadata_zelbox_filemessage SET fileId = 'x'", false);
+    row(Access::MarkRead,
+        "UPDATE metadata_zelbox_filemessage SET read = (SELECT max(Time) FROM metadata_zelbox_fileradar)",
+        false);
+    row(Access::MarkRead, "INSERT INTO metadata_zelbox_filemessage (read) VALUES (1)", false);
+    row(Access::Read,
+        "SELECT * FROM metadata_zelbox_filemessage UNION SELECT 1,2,3,4,5,6,7,8,9,10,11,12,13,14,15,16,17",
+        true);
+    for (const char *sql : {"SELECT * FROM metadata_zelbox_fileradar", "SELECT * FROM sqlite_master",
+             "SELECT load_extension('x')", "SELECT randomblob(9) FROM metadata_zelbox_filemessage",
+             "ATTACH 'other.db' AS other", "PRAGMA user_version = 3", "BEGIN", "CREATE TEMP TABLE t (a)",
+             "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n) SELECT count(*) FROM n"})
+        row(Access::Read, sql, false);
+}
+
+void TablesTest::guard()
+{
+    QFETCH(TableGuard::Access, access);
+    QFETCH(QByteArray, sql);
+    QFETCH(bool, allowed);
+    TableData data;
+    QVERIFY(data.fillMessages() && data.fillRadar());
+    {
+        const TableGuard guard(data.database, "metadata_zelbox_filemessage", access);
+        sqlite::Statement(data.database, sql.constData()).run();
+    }
+    QVERIFY2((data.database.failure() == sqlite::Failure::None) == allowed,
+        qUtf8Printable(data.database.failureText()));
+    if (!allowed)
+        QVERIFY2(data.database.failureText().contains(QStringLiteral("prohibited"))
+                || data.database.failureText().contains(QStringLiteral("not authorized")),
+            qUtf8Printable(data.database.failureText()));
+    data.database.clearFailure();
+    QCOMPARE(int(data.database.number("SELECT count(*) FROM metadata_zelbox_fileradar")), 4);
+    QVERIFY(data.database.exec("BEGIN; COMMIT")); // the wall is gone
+}
+
+void TablesTest::failuresPass()
+{
+    TableData data;
+    QVERIFY(data.fillMessages() && data.fillRadar());
+    QVERIFY(data.database.exec("PRAGMA busy_timeout = 0"));
+    sqlite::Database writer;
+    QVERIFY(writer.open(data.file()));
+    {
+        sqlite::Transaction held(writer);
+        const TableResult result = data.messages.run(ClearId{IdColumn::FileId, QStringLiteral("f1")});
+        QVERIFY(result.failure == sqlite::Failure::Busy && result.changed == 0);
+        QVERIFY(data.radar.store({{1, 0, QStringLiteral("x"), {}, 0, 0}}).failure == sqlite::Failure::Busy);
+        QVERIFY(data.messages.insert({Message()}).failure == sqlite::Failure::Busy);
+    }
+    QCOMPARE(int(data.messages.run(ClearId{IdColumn::FileId, QStringLiteral("f1")}).changed), 2);
+    QCOMPARE(data.radar.run(RadarList{}).rows.size(), 4);
+
+    data.database.close();
+    QVERIFY(!data.radar.run(RadarList{}).ok());
+    QVERIFY(!data.messages.insert({Message()}).ok());
+}
+
+QTEST_GUILESS_MAIN(TablesTest)
+#include "tst_tables.moc"
