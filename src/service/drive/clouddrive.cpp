@@ -1,0 +1,48 @@
+#include "clouddrive.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace zel::service {
+namespace {
+
+DriveError fileError(const QFileDevice &file)
+{
+    DriveError error{DriveError::Kind::Io, QStringLiteral("local file: ") % file.errorString()};
+    if (file.error() == QFileDevice::ResourceError)
+        error.kind = DriveError::Kind::DiskFull;
+    else if (file.error() == QFileDevice::PermissionsError)
+        error.kind = DriveError::Kind::Denied;
+    return error;
+}
+
+} // namespace
+
+DriveResult<DriveItem> CloudDrive::writeFrom(const QString &parentId, const QString &name,
+    const QString &source, DriveWriteOptions options, const DriveProgress &progress)
+{
+    if (!QFileInfo(source).isFile())
+        return DriveError{DriveError::Kind::NotFound, QStringLiteral("no such local file")};
+    QFile file(source);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return fileError(file);
+    if (options.mtime < 0)
+        options.mtime = file.fileTime(QFileDevice::FileModificationTime).toMSecsSinceEpoch();
+    return write(parentId, name, file, options, progress);
+}
+
+DriveDone CloudDrive::readTo(const QString &id, const QString &target, const DriveProgress &progress)
+{
+    QSaveFile file(target);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
+        return fileError(file);
+    DriveDone done = read(id, file, progress);
+    if (!done)
+        return file.error() == QFileDevice::NoError ? std::move(done) : DriveDone(fileError(file));
+    if (!file.commit())
+        return fileError(file);
+    return DriveOk();
+}
+
+} // namespace zel::service

@@ -1,0 +1,315 @@
+#include "drivetrash.h"
+
+#include "base/logging.h"
+#include "drivejournal.h"
+#include "drivenames.h"
+
+#include <QDateTime>
+#include <QRandomGenerator>
+
+#include <algorithm>
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace zel::service {
+namespace {
+
+using Kind = DriveError::Kind;
+using State = DriveRecord::State;
+
+constexpr char TrashName[] = ".zel-trash";
+
+DriveError notInTrash()
+{
+    return {Kind::NotFound, QStringLiteral("not in the trash")};
+}
+
+bool makeFolder(int parent, const QString &name, mode_t mode)
+{
+    return ::mkdirat(parent, name.toUtf8().constData(), mode) == 0;
+}
+
+void removeEmpty(int parent, const QString &name)
+{
+    ::unlinkat(parent, name.toUtf8().constData(), AT_REMOVEDIR);
+}
+
+// What stands in one place of the trash, if it is just one thing.
+std::optional<disk::Entry> contentOf(int trash, const QString &place, const QByteArray &root)
+{
+    const disk::UniqueFd folder = disk::openFolder(trash, place);
+    int unreadable = 0;
+    const auto entries = disk::entriesOf(folder.get(), root, unreadable);
+    if (!folder || !entries || entries->size() != 1)
+        return {};
+    return entries->first();
+}
+
+} // namespace
+
+DriveResult<disk::UniqueFd> DriveTrash::open(bool make)
+{
+    auto root = m_tree.openRoot();
+    if (!root)
+        return root;
+    const QString name = QLatin1String(TrashName);
+    if (make && !makeFolder(root->get(), name, 0700) && errno != EEXIST)
+        return disk::lastError("trash");
+    disk::UniqueFd trash = disk::openFolder(root->get(), name);
+    if (!trash)
+        return disk::lastError("trash");
+    return trash;
+}
+
+DriveDone DriveTrash::recover()
+{
+    const auto root = m_tree.openRoot();
+    if (!root) // an absent drive, perhaps on a disk that comes back
+        return root.error().kind == Kind::NotFound ? DriveDone(DriveOk()) : root.error();
+    const auto trash = open(false);
+    if (!trash && trash.error().kind != Kind::NotFound)
+        return trash.error();
+    QSet<QString> known;
+    const QVector<Row> noted = rows(0);
+    for (const Row &row : noted) {
+        const disk::UniqueFd place = trash ? disk::openFolder(trash->get(), row.place) : disk::UniqueFd();
+        const bool there = place && disk::entryAt(place.get(), row.item.name, m_tree.realRoot());
+        known.insert(row.place);
+        const auto record = m_index.find(row.record);
+        if (there && record && record->state != State::Trashed)
+            m_index.setState(row.record, State::Trashed);
+        // Came back before its row was removed: found by its inode where it is now.
+        if (!there
+            && !forget(row, record && record->state == State::Trashed ? State::Missing : State::Present))
+            return m_index.error();
+        if (!there && trash)
+            removeEmpty(trash->get(), row.place);
+    }
+    int unreadable = 0;
+    const auto places = trash ? disk::entriesOf(trash->get(), m_tree.realRoot(), unreadable)
+                              : DriveResult<QVector<disk::Entry>>(QVector<disk::Entry>());
+    for (const disk::Entry &place : places ? *places : QVector<disk::Entry>()) {
+        const DriveDone adopted =
+            known.contains(place.name) ? DriveDone(DriveOk()) : adoptOrphan(trash->get(), place.name);
+        if (!adopted)
+            return adopted;
+    }
+    return DriveOk();
+}
+
+// Without its row, after the database was lost, the original place is not known: the root then.
+DriveDone DriveTrash::adoptOrphan(int trash, const QString &place)
+{
+    const auto entry = contentOf(trash, place, m_tree.realRoot());
+    if (!entry) {
+        removeEmpty(trash, place);
+        return DriveOk();
+    }
+    Row row;
+    row.parent = DriveIndex::RootId;
+    row.place = place;
+    row.item.name = entry->name;
+    row.item.isFolder = entry->isFolder;
+    row.item.size = entry->size;
+    row.item.deletedAt = QDateTime::currentMSecsSinceEpoch();
+    insert(row);
+    return m_index.failed() ? DriveDone(m_index.error()) : DriveOk();
+}
+
+qint64 DriveTrash::insert(const Row &row)
+{
+    sqlite::Statement(m_index.database(),
+        "INSERT INTO drive_trash(item, parent, folder, name, is_folder, size, deleted_at, place)"
+        " VALUES(?, ?, ?, ?, ?, ?, ?, ?)")
+        .bind(1, row.record)
+        .bind(2, row.parent)
+        .bind(3, row.item.folder)
+        .bind(4, row.item.name)
+        .bind(5, qint64(row.item.isFolder))
+        .bind(6, row.item.size)
+        .bind(7, row.item.deletedAt)
+        .bind(8, row.place)
+        .run();
+    return m_index.database().lastRowId();
+}
+
+QVector<DriveTrash::Row> DriveTrash::rows(qint64 id)
+{
+    sqlite::Statement query(m_index.database(),
+        "SELECT id, item, parent, folder, name, is_folder, size, deleted_at, place FROM drive_trash"
+        " WHERE ?1 = 0 OR id = ?1 ORDER BY id DESC");
+    query.bind(1, id);
+    QVector<Row> rows;
+    while (query.step()) {
+        Row row;
+        row.id = query.number(0);
+        row.record = query.number(1);
+        row.parent = query.number(2);
+        row.place = query.text(8);
+        row.item = {QString::number(row.id), driveIdText(row.record), query.text(4), query.text(3),
+            query.number(5) != 0, query.number(6), query.number(7)};
+        rows.append(row);
+    }
+    return rows;
+}
+
+DriveResult<DriveTrash::Row> DriveTrash::row(qint64 id)
+{
+    const QVector<Row> found = id > 0 ? rows(id) : QVector<Row>();
+    if (m_index.failed())
+        return m_index.error();
+    return found.isEmpty() ? DriveResult<Row>(notInTrash()) : found.first();
+}
+
+// Removes a row; `state` is what becomes of the record, Trashed: it goes as well.
+DriveDone DriveTrash::forget(const Row &row, State state)
+{
+    sqlite::Transaction transaction(m_index.database());
+    sqlite::Statement(m_index.database(), "DELETE FROM drive_trash WHERE id = ?").bind(1, row.id).run();
+    if (state == State::Missing)
+        m_index.setState(row.record, State::Missing);
+    else if (state == State::Trashed)
+        m_index.removeTree(row.record);
+    if (!transaction.commit())
+        return m_index.error();
+    return DriveOk();
+}
+
+DriveResult<DriveTrashItem> DriveTrash::put(const DriveTree::Spot &spot)
+{
+    QVector<DriveRecord> chain = m_index.chain(spot.record.id);
+    const auto trash = open(true);
+    if (!trash || chain.size() < 2)
+        return trash ? m_index.error() : trash.error();
+    chain.removeLast();
+    const disk::Entry &entry = spot.record.entry;
+    Row row;
+    row.record = spot.record.id;
+    row.parent = spot.record.parent;
+    row.place = QString::number(QRandomGenerator::system()->generate64(), 16);
+    row.item = {QString(), driveIdText(row.record), entry.name, DriveTree::pathOf(chain), entry.isFolder,
+        entry.size, QDateTime::currentMSecsSinceEpoch()};
+    if (!makeFolder(trash->get(), row.place, 0700))
+        return disk::lastError("trash");
+    const disk::UniqueFd place = disk::openFolder(trash->get(), row.place);
+    row.id = place ? insert(row) : 0;
+    const auto renamed = place && !m_index.failed()
+        ? disk::rename(
+            spot.parent.get(), entry.name, place.get(), entry.name, entry.isFolder, DriveConflict::Fail)
+        : DriveResult<QString>(place ? m_index.error() : disk::lastError("trash"));
+    if (!renamed) {
+        removeEmpty(trash->get(), row.place);
+        const DriveDone forgotten = forget(row, State::Present);
+        return forgotten ? renamed.error() : forgotten.error();
+    }
+    ::fsync(place.get());
+    ::fsync(trash->get());
+    ::fsync(spot.parent.get());
+    sqlite::Transaction transaction(m_index.database());
+    m_index.journalTree(DriveChange::Kind::Removed, row.record);
+    m_index.setState(row.record, State::Trashed);
+    if (!transaction.commit())
+        return m_index.error();
+    row.item.id = QString::number(row.id);
+    return row.item;
+}
+
+DriveResult<QVector<DriveTrashItem>> DriveTrash::list()
+{
+    const DriveDone recovered = recover();
+    if (!recovered)
+        return recovered.error();
+    QVector<DriveTrashItem> items;
+    const QVector<Row> all = rows(0);
+    for (const Row &row : all)
+        items.append(row.item);
+    if (m_index.failed())
+        return m_index.error();
+    return items;
+}
+
+DriveResult<qint64> DriveTrash::originalFolder(const Row &row)
+{
+    if (m_tree.openFolder(row.parent))
+        return row.parent;
+    qint64 id = DriveIndex::RootId;
+    const QStringList names = row.item.folder.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QString &name : names) {
+        const auto folder = m_tree.openFolder(id);
+        if (!folder)
+            return folder.error();
+        if (!makeFolder(folder->get(), name, 0777) && errno != EEXIST)
+            return disk::lastError("create folder");
+        const auto record = m_tree.childOf(id, folder->get(), name);
+        if (!record)
+            return record.error();
+        id = record->id;
+    }
+    return id;
+}
+
+DriveResult<DriveItem> DriveTrash::restore(qint64 id)
+{
+    const auto row = this->row(id);
+    const auto trash = row ? open(false) : DriveResult<disk::UniqueFd>(row.error());
+    if (!trash)
+        return trash.error();
+    const disk::UniqueFd place = disk::openFolder(trash->get(), row->place);
+    const auto entry = place ? disk::entryAt(place.get(), row->item.name, m_tree.realRoot()) : std::nullopt;
+    if (!entry)
+        return disk::lastError("trash");
+    const auto folderId = originalFolder(*row);
+    const auto folder =
+        folderId ? m_tree.openFolder(*folderId) : DriveResult<disk::UniqueFd>(folderId.error());
+    if (!folder)
+        return folder.error();
+    const auto name = disk::rename(
+        place.get(), entry->name, folder->get(), entry->name, entry->isFolder, DriveConflict::KeepBoth);
+    if (!name)
+        return name.error();
+    ::fsync(folder->get());
+    removeEmpty(trash->get(), row->place);
+    disk::Entry restored = *entry;
+    restored.name = *name;
+    return finishRestore(*row, *folderId, restored);
+}
+
+DriveResult<DriveItem> DriveTrash::finishRestore(const Row &row, qint64 folderId, const disk::Entry &entry)
+{
+    auto record = m_index.find(row.record);
+    {
+        sqlite::Transaction transaction(m_index.database());
+        sqlite::Statement(m_index.database(), "DELETE FROM drive_trash WHERE id = ?").bind(1, row.id).run();
+        if (const auto stale = m_index.child(folderId, entry.name))
+            m_index.setState(stale->id, State::Missing);
+        if (record) {
+            record->parent = folderId;
+            record->entry = entry;
+            record->state = State::Present;
+            m_index.update(*record);
+            m_index.journalTree(DriveChange::Kind::Created, record->id);
+        } else {
+            record = m_index.add(folderId, entry);
+        }
+        if (!transaction.commit())
+            return m_index.error();
+    }
+    return m_tree.item(record->id);
+}
+
+DriveDone DriveTrash::purge(qint64 id)
+{
+    const auto row = this->row(id);
+    if (!row)
+        return row.error();
+    const auto trash = open(false);
+    if (!trash && trash.error().kind != Kind::NotFound)
+        return trash.error();
+    if (trash && !disk::removeTree(trash->get(), row->place))
+        return disk::lastError("purge");
+    return forget(*row, State::Trashed);
+}
+
+} // namespace zel::service

@@ -1,0 +1,268 @@
+#include "localdrive.h"
+
+#include "drivejournal.h"
+#include "drivenames.h"
+#include "driveschema.h"
+#include "drivetransfer.h"
+
+#include <QFileInfo>
+
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+
+namespace zel::service {
+namespace {
+
+using Kind = DriveError::Kind;
+
+bool isAbsent(const DriveError &error)
+{
+    return error.kind == Kind::NotFound;
+}
+
+} // namespace
+
+LocalDrive::LocalDrive(const QString &root, sqlite::Database &database)
+    : m_index(database), m_tree(root, m_index), m_trash(m_tree, m_index)
+{
+}
+
+QString LocalDrive::rootId() const
+{
+    return driveIdText(DriveIndex::RootId);
+}
+
+qint64 LocalDrive::begin(const QString &id)
+{
+    m_index.database().clearFailure();
+    return driveIdNumber(id);
+}
+
+DriveDone LocalDrive::prepare()
+{
+    begin({});
+    if (!prepareDriveSchema(m_index.database())) {
+        return m_index.failed() ? m_index.error()
+                                : DriveError{Kind::Io, QStringLiteral("drive tables of a later version")};
+    }
+    const DriveDone removed = removeLeftovers();
+    return removed ? m_trash.recover() : removed;
+}
+
+DriveDone LocalDrive::removeLeftovers()
+{
+    struct Leftover
+    {
+        qint64 row = 0;
+        qint64 folder = 0;
+        QString name;
+    };
+    QVector<Leftover> leftovers;
+    {
+        sqlite::Statement rows(m_index.database(), "SELECT id, folder, name FROM drive_temp");
+        while (rows.step())
+            leftovers.append({rows.number(0), rows.number(1), rows.text(2)});
+    }
+    if (leftovers.isEmpty() || !m_tree.openRoot()) // an absent drive may come back with them
+        return m_index.failed() ? DriveDone(m_index.error()) : DriveOk();
+    for (const Leftover &leftover : qAsConst(leftovers)) {
+        const auto folder = m_tree.openFolder(leftover.folder);
+        const bool ours = isHiddenDriveName(leftover.name) && !leftover.name.contains(QLatin1Char('/'));
+        if (folder && ours && !disk::removeTree(folder->get(), leftover.name))
+            continue;
+        sqlite::Statement(m_index.database(), "DELETE FROM drive_temp WHERE id = ?")
+            .bind(1, leftover.row)
+            .run();
+    }
+    return m_index.failed() ? DriveDone(m_index.error()) : DriveOk();
+}
+
+DriveDone LocalDrive::refresh(const QStringList &folders)
+{
+    begin({});
+    return m_tree.refresh(folders);
+}
+
+DriveDone LocalDrive::rescan()
+{
+    begin({});
+    const DriveDone scanned = m_tree.scan();
+    // Nothing is taken for removed while the whole folder is away, as with a disk that is not there.
+    if (!scanned && !isAbsent(scanned.error()))
+        return scanned;
+    m_scanned = bool(scanned);
+    return DriveOk();
+}
+
+DriveDone LocalDrive::ensureScanned()
+{
+    return m_watched && m_scanned ? DriveDone(DriveOk()) : rescan();
+}
+
+DriveResult<QVector<DriveItem>> LocalDrive::list(const QString &folderId)
+{
+    const qint64 id = begin(folderId);
+    QVector<DriveItem> items;
+    const auto folder = m_tree.openFolder(id);
+    if (!folder) {
+        const bool empty = id == DriveIndex::RootId && isAbsent(folder.error());
+        return empty ? DriveResult<QVector<DriveItem>>(items) : folder.error();
+    }
+    const DriveDone synced = m_tree.sync(id, folder->get());
+    if (!synced)
+        return synced.error();
+    const QString path = DriveTree::pathOf(m_index.chain(id));
+    const QVector<DriveRecord> children = m_index.children(id);
+    items.reserve(children.size());
+    for (const DriveRecord &child : children)
+        items.append(m_tree.item(child, path));
+    if (m_index.failed())
+        return m_index.error();
+    return items;
+}
+
+DriveResult<DriveItem> LocalDrive::stat(const QString &id)
+{
+    auto steps = pathOf(id);
+    if (!steps)
+        return steps.error();
+    return steps->last();
+}
+
+DriveResult<QVector<DriveItem>> LocalDrive::pathOf(const QString &id)
+{
+    const qint64 number = begin(id);
+    const auto spot = m_tree.locate(number);
+    const bool absentRoot = !spot && number == DriveIndex::RootId && isAbsent(spot.error());
+    if (!spot && !absentRoot)
+        return spot.error();
+    QVector<DriveRecord> chain = m_index.chain(number);
+    if (chain.isEmpty())
+        return m_index.failed() ? m_index.error()
+                                : DriveError{Kind::NotFound, QStringLiteral("no such item")};
+    if (spot)
+        chain.last().entry = spot->record.entry;
+    QVector<DriveItem> items;
+    for (int i = 0; i < chain.size(); ++i)
+        items.append(m_tree.item(chain[i], DriveTree::pathOf(chain.mid(0, i))));
+    return items;
+}
+
+DriveResult<DriveItem> LocalDrive::resolve(const QString &path)
+{
+    qint64 id = begin(rootId());
+    const QStringList names = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
+    for (const QString &name : names) {
+        const auto folder = m_tree.openFolder(id);
+        const auto record =
+            folder ? m_tree.childOf(id, folder->get(), name) : DriveResult<DriveRecord>(folder.error());
+        if (!record)
+            return record.error();
+        id = record->id;
+    }
+    return names.isEmpty() ? stat(rootId()) : m_tree.item(id);
+}
+
+DriveResult<DriveTrashItem> LocalDrive::trash(const QString &id)
+{
+    const qint64 number = begin(id);
+    if (number == DriveIndex::RootId)
+        return DriveError{Kind::Denied, QStringLiteral("the root stays")};
+    const auto spot = m_tree.locate(number);
+    if (!spot)
+        return spot.error();
+    // So that everything below can be told of, and comes back with its ids.
+    if (spot->record.entry.isFolder) {
+        const DriveDone synced = m_tree.syncTree(number);
+        if (!synced && m_index.failed())
+            return synced.error();
+    }
+    return m_trash.put(*spot);
+}
+
+DriveResult<QVector<DriveTrashItem>> LocalDrive::listTrash()
+{
+    begin({});
+    return m_trash.list();
+}
+
+DriveResult<DriveItem> LocalDrive::restore(const QString &trashId)
+{
+    begin({});
+    return m_trash.restore(trashId.toLongLong());
+}
+
+DriveDone LocalDrive::purge(const QString &trashId)
+{
+    begin({});
+    return m_trash.purge(trashId.toLongLong());
+}
+
+DriveDone LocalDrive::emptyTrash()
+{
+    const auto items = listTrash();
+    if (!items)
+        return items.error();
+    for (const DriveTrashItem &item : *items) {
+        const DriveDone purged = purge(item.id);
+        if (!purged)
+            return purged;
+    }
+    return DriveOk();
+}
+
+DriveResult<DriveUsage> LocalDrive::usage()
+{
+    const DriveDone scanned = ensureScanned();
+    if (!scanned)
+        return scanned.error();
+    begin({});
+    DriveUsage usage{m_index.totalSize(), -1};
+    QString place = m_tree.item(DriveRecord{}, {}).localPath;
+    while (!QFileInfo::exists(place) && place.size() > 1)
+        place = QFileInfo(place).path();
+    struct statvfs status
+    {
+    };
+    if (::statvfs(place.toUtf8().constData(), &status) == 0)
+        usage.free = qint64(status.f_bavail) * qint64(status.f_frsize);
+    if (m_index.failed())
+        return m_index.error();
+    return usage;
+}
+
+DriveResult<DriveChanges> LocalDrive::changesSince(const QString &cursor)
+{
+    const DriveDone scanned = ensureScanned();
+    if (!scanned)
+        return scanned.error();
+    begin({});
+    DriveJournal journal(m_index.database());
+    journal.trim();
+    DriveChanges changes = journal.since(cursor);
+    if (m_index.failed())
+        return m_index.error();
+    return changes;
+}
+
+DriveResult<QVector<DriveItem>> LocalDrive::search(const QString &text, int limit)
+{
+    const DriveDone scanned = ensureScanned();
+    if (!scanned)
+        return scanned.error();
+    begin({});
+    QVector<DriveItem> found;
+    sqlite::Statement rows(m_index.database(),
+        "SELECT id FROM drive_item WHERE state = 0 AND instr(folded, ?) > 0 AND id > 1 ORDER BY mtime_ns "
+        "DESC");
+    rows.bind(1, text.toCaseFolded());
+    while (found.size() < limit && !text.isEmpty() && rows.step()) {
+        if (auto item = m_tree.item(rows.number(0))) // not in a folder that is away
+            found.append(std::move(*item));
+    }
+    if (m_index.failed())
+        return m_index.error();
+    return found;
+}
+
+} // namespace zel::service

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "service/drive/clouddrive.h"
+#include "service/drive/drivetrash.h"
+#include "service/drive/drivetree.h"
+
+namespace zel::service {
+
+class TempEntry;
+
+/// A drive that is a folder of this machine, in which other programs work too. An absent folder is an empty
+/// drive and is made by the first write. Ids follow items that others rename or move (see FolderSync).
+///
+/// What counts as an item: folders to disk::DeepestFolder levels, regular files, and links to files inside
+/// the drive, which are read through but never written through. Other links, devices, pipes and names that
+/// are no UTF-8 are left out. ".zel-" names are the drive's own.
+///
+/// All of it, the database's connection included, belongs to one thread.
+class LocalDrive final : public CloudDrive
+{
+public:
+    /// The database is open and stays so while the drive lives; it holds the tables of one drive. No
+    /// transaction may be open during a call.
+    LocalDrive(const QString &root, sqlite::Database &database);
+
+    /// Call first. Makes the tables and clears away what a killed process left behind.
+    DriveDone prepare();
+
+    /// Tells whether a DriveWatcher hands all changes of others to refresh() or rescan(). Without one,
+    /// changesSince(), search() and usage() read the whole tree each time.
+    void setWatched(bool watched) { m_watched = watched; }
+    DriveDone refresh(const QStringList &folders); ///< as DriveWatcher::changed() tells them
+    DriveDone rescan();
+
+    QString rootId() const override;
+    DriveResult<QVector<DriveItem>> list(const QString &folderId) override;
+    DriveResult<DriveItem> stat(const QString &id) override;
+    DriveResult<DriveItem> resolve(const QString &path) override;
+    DriveResult<QVector<DriveItem>> pathOf(const QString &id) override;
+    DriveResult<DriveItem> createFolder(const QString &parentId, const QString &name) override;
+    DriveResult<DriveItem> createFile(const QString &parentId, const QString &name) override;
+    DriveResult<DriveItem> write(const QString &parentId, const QString &name, QIODevice &source,
+        const DriveWriteOptions &options, const DriveProgress &progress) override;
+    DriveDone read(const QString &id, QIODevice &target, const DriveProgress &progress) override;
+    DriveResult<DriveItem> rename(const QString &id, const QString &name) override;
+    DriveResult<DriveItem> move(const QString &id, const QString &parentId, DriveConflict conflict) override;
+    DriveResult<DriveItem> copy(const QString &id, const QString &parentId, const QString &name,
+        DriveConflict conflict, const DriveProgress &progress) override;
+    DriveResult<DriveTrashItem> trash(const QString &id) override;
+    DriveResult<QVector<DriveTrashItem>> listTrash() override;
+    DriveResult<DriveItem> restore(const QString &trashId) override;
+    DriveDone purge(const QString &trashId) override;
+    DriveDone emptyTrash() override;
+    DriveResult<DriveUsage> usage() override;
+    DriveResult<DriveChanges> changesSince(const QString &cursor) override;
+    DriveResult<QVector<DriveItem>> search(const QString &text, int limit) override;
+
+private:
+    struct Folder
+    {
+        qint64 id = 0;
+        disk::UniqueFd fd;
+    };
+
+    qint64 begin(const QString &id);
+    DriveResult<Folder> folderToFill(const QString &id, const QString &newName);
+    DriveDone checkTarget(const Folder &folder, const QString &name, bool isFolder, DriveConflict conflict);
+    DriveResult<DriveItem> finish(
+        TempEntry &temp, const Folder &folder, const QString &name, bool isFolder, DriveConflict conflict);
+    DriveResult<DriveItem> adopt(const Folder &folder, const QString &name);
+    DriveResult<DriveItem> place(const DriveTree::Spot &spot, qint64 folderId, int folder,
+        const QString &name, DriveConflict conflict);
+    DriveDone copyContent(
+        const DriveTree::Spot &spot, const Folder &folder, TempEntry &temp, const DriveProgress &progress);
+    DriveDone ensureScanned();
+    DriveDone removeLeftovers();
+
+    DriveIndex m_index;
+    DriveTree m_tree;
+    DriveTrash m_trash;
+    bool m_watched = false;
+    bool m_scanned = false;
+};
+
+} // namespace zel::service

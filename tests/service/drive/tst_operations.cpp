@@ -1,0 +1,361 @@
+#include "drivefixture.h"
+
+#include <linux/capability.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+using namespace zel::service;
+
+namespace {
+
+// Root may do anything, whatever the permissions; without these capabilities they count.
+void setPrivileges(bool on)
+{
+    __user_cap_header_struct header = {_LINUX_CAPABILITY_VERSION_3, 0};
+    __user_cap_data_struct data[2] = {};
+    syscall(SYS_capget, &header, data);
+    data[0].effective = on ? data[0].permitted : 0;
+    syscall(SYS_capset, &header, data);
+}
+
+using Step = std::function<QString(DriveFixture &)>;
+
+// Each row acts on the tree "a.txt=A d/ d/a.txt=D e/".
+using F = DriveFixture;
+using C = DriveConflict;
+const char *const same = "a.txt=A d/ d/a.txt=D e/";
+const QString top = QStringLiteral("root");
+const QString a = QStringLiteral("a.txt");
+const QString d = QStringLiteral("d");
+
+void row(const char *name, const char *result, const char *tree, Step step)
+{
+    QTest::newRow(name) << std::move(step) << QString::fromUtf8(result) << QString::fromUtf8(tree);
+}
+
+void creatingRows()
+{
+    row("create folder", "ok", "a.txt=A d/ d/a.txt=D e/ n/",
+        [](F &f) { return outcome(f.drive().createFolder(top, QStringLiteral("n"))); });
+    row("create folder, taken", "exists", same, [](F &f) { return outcome(f.drive().createFolder(top, a)); });
+    row("create file", "ok", "a.txt=A d/ d/a.txt=D e/ e/n=", [](F &f) {
+        return outcome(f.drive().createFile(f.id("e"), QStringLiteral("n")));
+    });
+    row("create file, taken", "exists", same, [](F &f) { return outcome(f.drive().createFile(top, a)); });
+    row("create in a file", "notFound", same,
+        [](F &f) { return outcome(f.drive().createFile(f.id("a.txt"), a)); });
+    row("create nowhere", "notFound", same,
+        [](F &f) { return outcome(f.drive().createFile(QStringLiteral("77"), a)); });
+    row("create, id is no id", "notFound", same,
+        [](F &f) { return outcome(f.drive().createFile(QStringLiteral("../x"), a)); });
+    row("write, taken", "exists", same, [](F &f) { return outcome(f.write(top, a, "new")); });
+    row("write, replace", "ok", "a.txt=new d/ d/a.txt=D e/",
+        [](F &f) { return outcome(f.write(top, a, "new", C::Replace)); });
+    row("write, keep both", "ok", "a (2).txt=new a.txt=A d/ d/a.txt=D e/",
+        [](F &f) { return outcome(f.write(top, a, "new", C::KeepBoth)); });
+    row("write over a folder", "exists", same,
+        [](F &f) { return outcome(f.write(top, d, "new", C::Replace)); });
+}
+
+void movingRows()
+{
+    row("rename", "ok", "b=A d/ d/a.txt=D e/",
+        [](F &f) { return outcome(f.drive().rename(f.id("a.txt"), QStringLiteral("b"))); });
+    row("rename to itself", "ok", same, [](F &f) { return outcome(f.drive().rename(f.id("a.txt"), a)); });
+    row("rename, taken", "exists", same, [](F &f) { return outcome(f.drive().rename(f.id("a.txt"), d)); });
+    row("rename the root", "denied", same,
+        [](F &f) { return outcome(f.drive().rename(top, QStringLiteral("b"))); });
+    row("move", "ok", "d/ d/a.txt=D e/ e/a.txt=A",
+        [](F &f) { return outcome(f.drive().move(f.id("a.txt"), f.id("e"), C::Fail)); });
+    row("move, taken", "exists", same,
+        [](F &f) { return outcome(f.drive().move(f.id("a.txt"), f.id("d"), C::Fail)); });
+    row("move, replace", "ok", "d/ d/a.txt=A e/",
+        [](F &f) { return outcome(f.drive().move(f.id("a.txt"), f.id("d"), C::Replace)); });
+    row("move, keep both", "ok", "d/ d/a (2).txt=A d/a.txt=D e/",
+        [](F &f) { return outcome(f.drive().move(f.id("a.txt"), f.id("d"), C::KeepBoth)); });
+    row("move over a full folder", "notEmpty", "a.txt=A d/ d/a.txt=D e/ e/d/", [](F &f) {
+        f.make("e/d/");
+        return outcome(f.drive().move(f.id("e/d"), top, C::Replace));
+    });
+    row("move into itself", "denied", "a.txt=A d/ d/a.txt=D d/x/ e/", [](F &f) {
+        f.make("d/x/");
+        return outcome(f.drive().move(f.id("d"), f.id("d/x"), C::Fail));
+    });
+}
+
+void copyingRows()
+{
+    row("copy", "ok", "a.txt=A b=A d/ d/a.txt=D e/",
+        [](F &f) { return outcome(f.drive().copy(f.id("a.txt"), top, QStringLiteral("b"), C::Fail, {})); });
+    row("copy, taken", "exists", same,
+        [](F &f) { return outcome(f.drive().copy(f.id("a.txt"), f.id("d"), {}, C::Fail, {})); });
+    row("copy a folder", "ok", "a.txt=A d/ d/a.txt=D e/ e/d/ e/d/a.txt=D",
+        [](F &f) { return outcome(f.drive().copy(f.id("d"), f.id("e"), {}, C::Fail, {})); });
+    row("copy a folder into itself", "ok", "a.txt=A d/ d/a.txt=D d/d/ d/d/a.txt=D e/",
+        [](F &f) { return outcome(f.drive().copy(f.id("d"), f.id("d"), {}, C::Fail, {})); });
+    row("duplicate a folder", "ok", "a.txt=A d (2)/ d (2)/a.txt=D d/ d/a.txt=D e/",
+        [](F &f) { return outcome(f.drive().copy(f.id("d"), top, {}, C::KeepBoth, {})); });
+    row("copy over a full folder", "notEmpty", "a.txt=A d/ d/a.txt=D e/ e/d/", [](F &f) {
+        f.make("e/d/");
+        return outcome(f.drive().copy(f.id("e/d"), top, {}, C::Replace, {}));
+    });
+    row("read a folder", "notFound", same, [](F &f) {
+        QBuffer buffer;
+        return outcome(f.drive().read(f.id("d"), buffer, {}));
+    });
+    row("read what is gone", "notFound", "d/ d/a.txt=D e/", [](F &f) {
+        const QString id = f.id("a.txt");
+        QFile::remove(f.at("a.txt"));
+        QBuffer buffer;
+        return outcome(f.drive().read(id, buffer, {}));
+    });
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(Step)
+
+class TestOperations : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void absentFolderIsEmptyAndMadeByTheFirstWrite();
+    void changesTheTree_data();
+    void changesTheTree();
+    void linksLeadNowhere();
+    void leavesOutWhatIsNoItem();
+    void keepsTimeAndMode();
+    void cancelLeavesNothing();
+    void localFiles();
+    void deniedWithoutPermission();
+    void manyFiles();
+};
+
+void TestOperations::absentFolderIsEmptyAndMadeByTheFirstWrite()
+{
+    DriveFixture f;
+    const QString rootId = f.drive().rootId();
+    QCOMPARE(f.listed(rootId), QString());
+    QVERIFY(f.drive().stat(rootId)->isFolder);
+    QVERIFY(f.drive().usage()->free > 0);
+    QVERIFY(f.drive().changesSince({}));
+    QVERIFY2(!QFileInfo::exists(f.root()), "looking makes nothing");
+    const auto item = f.write(rootId, QStringLiteral("a.txt"), "hello");
+    QVERIFY(item);
+    QCOMPARE(item->localPath, f.at("a.txt"));
+    QCOMPARE(item->size, qint64(5));
+    QCOMPARE(item->parentId, rootId);
+    QVERIFY(qAbs(item->mtime - QDateTime::currentMSecsSinceEpoch()) < 60000);
+    QCOMPARE(f.tree(), QStringLiteral("a.txt=hello"));
+    QCOMPARE(f.drive().usage()->used, qint64(5));
+}
+
+void TestOperations::changesTheTree_data()
+{
+    QTest::addColumn<Step>("step");
+    QTest::addColumn<QString>("result");
+    QTest::addColumn<QString>("tree");
+    creatingRows();
+    movingRows();
+    copyingRows();
+}
+
+void TestOperations::changesTheTree()
+{
+    QFETCH(Step, step);
+    QFETCH(QString, result);
+    QFETCH(QString, tree);
+    DriveFixture f;
+    QVERIFY(f.make("a.txt", "A") && f.make("d/a.txt", "D") && f.make("e/"));
+    QCOMPARE(step(f), result);
+    QCOMPARE(f.tree(), tree);
+    // What the drive knows is what is there, and everything has an id of its own.
+    QSet<QString> ids;
+    int count = 0;
+    QDirIterator it(f.root(), QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
+    for (; it.hasNext(); ++count)
+        ids.insert(f.id(QDir(f.root()).relativeFilePath(it.next()).toUtf8().constData()));
+    QCOMPARE(ids.size(), count);
+    QVERIFY(!ids.contains(QString()));
+}
+
+void TestOperations::linksLeadNowhere()
+{
+    DriveFixture f;
+    QVERIFY(f.make("in.txt", "inside") && f.make("d/x", "X"));
+    QVERIFY(QDir().mkpath(f.outside(QStringLiteral("away"))));
+    QFile secret(f.outside(QStringLiteral("secret")));
+    QVERIFY(secret.open(QIODevice::WriteOnly) && secret.write("secret") == 6);
+    secret.close();
+    const auto link = [&](const QString &to, const char *at) { return QFile::link(to, f.at(at)); };
+    QVERIFY(link(secret.fileName(), "file") && link(f.outside(QStringLiteral("away")), "folder"));
+    QVERIFY(link(QStringLiteral("../secret"), "relative") && link(QStringLiteral("nothing"), "dangling"));
+    QVERIFY(link(QStringLiteral("d"), "loop") && link(f.at("in.txt"), "good")
+        && link(QStringLiteral("self"), "self"));
+    QCOMPARE(f.listed(f.drive().rootId()), QStringLiteral("d/ good in.txt"));
+    QCOMPARE(f.content(f.id("good")), QByteArray("inside"));
+
+    // Written is the name, not what the link leads to.
+    const QString rootId = f.drive().rootId();
+    QVERIFY(f.write(rootId, QStringLiteral("good"), "mine", DriveConflict::Replace));
+    QVERIFY(f.write(rootId, QStringLiteral("file"), "mine", DriveConflict::Replace));
+    QCOMPARE(f.content(f.id("in.txt")), QByteArray("inside"));
+    QVERIFY(secret.open(QIODevice::ReadOnly));
+    QCOMPARE(secret.readAll(), QByteArray("secret"));
+
+    // Nor does a folder that was taken out of the drive and is reached by a link now.
+    QVERIFY(f.make("out/sub/x"));
+    const QString sub = f.id("out/sub");
+    const QString taken = f.outside(QStringLiteral("taken"));
+    QVERIFY(QFile::rename(f.at("out"), taken) && link(taken, "out"));
+    QCOMPARE(outcome(f.write(sub, QStringLiteral("n"), "mine")), QStringLiteral("notFound"));
+    QVERIFY(!QFileInfo::exists(taken + QStringLiteral("/sub/n")));
+
+    // A folder that was exchanged for a link meanwhile takes nothing.
+    const QString d = f.id("d");
+    const QString x = f.id("d/x");
+    QVERIFY(QDir(f.at("d")).removeRecursively() && link(f.outside(QStringLiteral("away")), "d"));
+    QCOMPARE(outcome(f.write(d, QStringLiteral("n"), "mine")), QStringLiteral("notFound"));
+    QCOMPARE(outcome(f.drive().createFolder(d, QStringLiteral("n"))), QStringLiteral("notFound"));
+    QCOMPARE(outcome(f.drive().trash(x)), QStringLiteral("notFound"));
+    QVERIFY(QDir(f.outside(QStringLiteral("away"))).isEmpty());
+}
+
+void TestOperations::leavesOutWhatIsNoItem()
+{
+    DriveFixture f;
+    QVERIFY(f.make("a") && f.make(".zel-something") && f.make(".zel-folder/b"));
+    QCOMPARE(::mkfifo(f.at("pipe").toUtf8().constData(), 0600), 0);
+    const QByteArray bad = f.root().toUtf8() + "/bad\xff";
+    QCOMPARE(::mkdir(bad.constData(), 0700), 0);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("not UTF-8 are left out: 1")));
+    QCOMPARE(f.listed(f.drive().rootId()), QStringLiteral("a"));
+    QCOMPARE(f.listed(f.drive().rootId()), QStringLiteral("a")); // and says it once
+    QCOMPARE(::rmdir(bad.constData()), 0);                       // QTemporaryDir cannot
+    QCOMPARE(f.id("pipe") + f.id(".zel-something") + f.id("../drive.db") + f.id("a/x"), QString());
+}
+
+void TestOperations::keepsTimeAndMode()
+{
+    DriveFixture f;
+    QVERIFY(f.make("script", "old") && f.make("d/deep/", {}));
+    ::chmod(f.at("script").toUtf8().constData(), 0750);
+    ::chmod(f.at("d/deep").toUtf8().constData(), 0500);
+    QBuffer source;
+    source.setData("new");
+    source.open(QIODevice::ReadOnly);
+    constexpr qint64 Then = 1234567890123;
+    const QString rootId = f.drive().rootId();
+    const auto item =
+        f.drive().write(rootId, QStringLiteral("script"), source, {DriveConflict::Replace, Then}, {});
+    QCOMPARE(item->mtime, Then);
+    const auto copy = f.drive().copy(item->id, rootId, QStringLiteral("copy"), DriveConflict::Fail, {});
+    QCOMPARE(copy->mtime, Then);
+    QVERIFY(f.drive().copy(f.id("d"), rootId, QStringLiteral("e"), DriveConflict::Fail, {}));
+    const auto mode = [&](const char *name) {
+        struct stat status
+        {
+        };
+        return ::stat(f.at(name).toUtf8().constData(), &status) == 0 ? int(status.st_mode & 0777) : 0;
+    };
+    QCOMPARE(mode("script"), 0750);
+    QCOMPARE(mode("copy"), 0750);
+    QCOMPARE(mode("e/deep"), 0500);
+}
+
+void TestOperations::cancelLeavesNothing()
+{
+    DriveFixture f;
+    const QByteArray big(900 * 1024, 'x');
+    QVERIFY(f.make("d/1", big) && f.make("d/2", big) && f.make("d/sub/3", big) && f.make("e/"));
+    const QString before = f.tree();
+    const QString d = f.id("d");
+    QVector<QPair<qint64, qint64>> told;
+    const DriveProgress cancel = [&](qint64 done, qint64 total) {
+        told.append({done, total});
+        return done <= big.size();
+    };
+    const QString rootId = f.drive().rootId();
+    QCOMPARE(
+        outcome(f.drive().copy(d, f.id("e"), {}, DriveConflict::Fail, cancel)), QStringLiteral("cancelled"));
+    QCOMPARE(told.last().second, qint64(3 * big.size()));
+    QVERIFY2(told.last().first > big.size() && told.last().first < 3 * big.size(), "in the middle");
+    QBuffer source;
+    source.setData(big + big);
+    source.open(QIODevice::ReadOnly);
+    QCOMPARE(outcome(f.drive().write(rootId, QStringLiteral("n"), source, {}, cancel)),
+        QStringLiteral("cancelled"));
+    QCOMPARE(f.tree(), before);
+}
+
+void TestOperations::localFiles()
+{
+    DriveFixture f;
+    QFile file(f.outside(QStringLiteral("local")));
+    QVERIFY(file.open(QIODevice::WriteOnly) && file.write("local") == 5 && file.flush());
+    QVERIFY(file.setFileTime(QDateTime::fromMSecsSinceEpoch(1000000), QFileDevice::FileModificationTime));
+    file.close();
+    const auto item = f.drive().writeFrom(f.drive().rootId(), QStringLiteral("a"), file.fileName(), {}, {});
+    QVERIFY(item);
+    QCOMPARE(item->mtime, qint64(1000000));
+    const QString target = f.outside(QStringLiteral("back"));
+    QCOMPARE(outcome(f.drive().readTo(item->id, target, {})), QStringLiteral("ok"));
+    QCOMPARE(QFileInfo(target).size(), qint64(5));
+    const DriveProgress never = [](qint64, qint64) { return false; };
+    QVERIFY(f.make("b", "other"));
+    QCOMPARE(outcome(f.drive().readTo(f.id("b"), target, never)), QStringLiteral("cancelled"));
+    QFile back(target);
+    QVERIFY(back.open(QIODevice::ReadOnly));
+    QCOMPARE(back.readAll(), QByteArray("local"));
+    QCOMPARE(outcome(f.drive().writeFrom(
+                 f.drive().rootId(), QStringLiteral("c"), target + QLatin1Char('x'), {}, {})),
+        QStringLiteral("notFound"));
+}
+
+void TestOperations::deniedWithoutPermission()
+{
+    DriveFixture f;
+    QVERIFY(f.make("shut/a") && f.make("open/"));
+    const QString shut = f.id("shut");
+    const QString a = f.id("shut/a");
+    const QString open = f.id("open");
+    const auto rescued = qScopeGuard([] { setPrivileges(true); });
+    ::chmod(f.at("shut").toUtf8().constData(), 0500);
+    setPrivileges(false);
+    const QString denied = QStringLiteral("denied");
+    QCOMPARE(outcome(f.write(shut, QStringLiteral("n"), "x")), denied);
+    QCOMPARE(outcome(f.drive().createFolder(shut, QStringLiteral("n"))), denied);
+    QCOMPARE(outcome(f.drive().rename(a, QStringLiteral("b"))), denied);
+    QCOMPARE(outcome(f.drive().move(a, open, DriveConflict::Fail)), denied);
+    QCOMPARE(outcome(f.drive().trash(a)), denied);
+    QCOMPARE(f.where(a), QStringLiteral("shut/a"));
+    QCOMPARE(f.drive().listTrash()->size(), 0);
+    // A folder that cannot be read at present keeps its ids.
+    ::chmod(f.at("shut").toUtf8().constData(), 0);
+    QCOMPARE(outcome(f.drive().list(shut)), denied);
+    QVERIFY(f.drive().rescan());
+    setPrivileges(true);
+    QCOMPARE(f.where(a), QStringLiteral("shut/a"));
+}
+
+void TestOperations::manyFiles()
+{
+    DriveFixture f;
+    QVERIFY(f.make("d/"));
+    for (int i = 0; i < 10000; ++i)
+        QVERIFY(f.make(qPrintable(QStringLiteral("d/file %1.txt").arg(i)), {}));
+    const QString d = f.id("d");
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(f.drive().list(d)->size(), 10000);
+    const qint64 first = timer.restart();
+    QCOMPARE(f.drive().list(d)->size(), 10000);
+    qInfo("10,000 files: %lld ms at first, then %lld ms", first, timer.elapsed());
+    QCOMPARE(f.drive().search(QStringLiteral("FILE 99"), 50)->size(), 50);
+    QCOMPARE(
+        f.drive().search(QStringLiteral("FILE 999.TXT"), 50)->first().name, QStringLiteral("file 999.txt"));
+}
+
+QTEST_GUILESS_MAIN(TestOperations)
+#include "tst_operations.moc"

@@ -1,0 +1,222 @@
+#include "drivefixture.h"
+#include "service/drive/drivewatcher.h"
+
+#include <QSignalSpy>
+
+using namespace zel::service;
+
+namespace {
+
+using Happening = std::function<bool(DriveFixture &)>;
+
+/// Everything that a watcher told, until a marker of the test's own was told as well.
+class Told
+{
+public:
+    explicit Told(const QString &root, int mostWatches = DriveWatcher::MostWatches)
+        : watcher(root, mostWatches),
+          changed(&watcher, &DriveWatcher::changed),
+          rescan(&watcher, &DriveWatcher::rescanNeeded)
+    {
+    }
+    QString folders() const
+    {
+        QSet<QString> all;
+        for (const auto &arguments : changed) {
+            const QStringList folders = arguments.first().toStringList();
+            all.unite({folders.cbegin(), folders.cend()});
+        }
+        QStringList sorted = all.values();
+        sorted.sort();
+        return sorted.join(QLatin1Char(','));
+    }
+
+    DriveWatcher watcher;
+    QSignalSpy changed;
+    QSignalSpy rescan;
+};
+
+} // namespace
+
+Q_DECLARE_METATYPE(Happening)
+
+class TestWatcher : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void tells_data();
+    void tells();
+    void followsFolders();
+    void appearsLater();
+    void vanishesAndComesBack();
+    void limit();
+    void overflow();
+    void feedsTheDrive();
+    void ownTransfersAreQuiet();
+};
+
+void TestWatcher::tells_data()
+{
+    QTest::addColumn<Happening>("happening");
+    QTest::addColumn<QString>("folders");
+    const auto row = [](const char *name, const char *folders, Happening happening) {
+        QTest::newRow(name) << std::move(happening) << QString::fromLatin1(folders);
+    };
+    using F = DriveFixture;
+    row("new file", "", [](F &f) { return f.make("n"); });
+    row("file below", "d/e", [](F &f) { return f.make("d/e/n"); });
+    row("saved in place", "d", [](F &f) { return f.make("d/a", "longer"); });
+    row("removed", "d", [](F &f) { return QFile::remove(f.at("d/a")); });
+    row("moved", ",d", [](F &f) { return f.outsideMove("d/a", "a"); });
+    row("new folders", ",n,n/m,n/m/o", [](F &f) { return f.make("n/m/o/file"); });
+    row("folder moved with its content", ",d,x,x/e",
+        [](F &f) { return f.outsideMove("d", "x") && f.make("d/"); });
+    row("folder removed", "d,d/e", [](F &f) { return QDir(f.at("d/e")).removeRecursively(); });
+}
+
+void TestWatcher::tells()
+{
+    QFETCH(Happening, happening);
+    QFETCH(QString, folders);
+    DriveFixture f;
+    QVERIFY(f.make("d/a") && f.make("d/e/b"));
+    Told told(f.root());
+    QVERIFY(told.watcher.start());
+    QVERIFY(happening(f));
+    QTRY_VERIFY(!told.changed.isEmpty());
+    QCOMPARE(told.folders(), folders);
+    QVERIFY2(!told.changed.wait(2 * DriveWatcher::BatchMs), "one batch");
+    QCOMPARE(told.rescan.size(), 0);
+}
+
+void TestWatcher::followsFolders()
+{
+    DriveFixture f;
+    QVERIFY(f.make("d/e/b") && f.make("x/"));
+    Told told(f.root());
+    QVERIFY(told.watcher.start());
+    QCOMPARE(told.watcher.watchCount(), 4);
+    QVERIFY(f.outsideMove("d/e", "x/e") && f.outsideMove("x", "y") && f.make("d/new/deep/"));
+    QVERIFY(told.changed.wait());
+    QCOMPARE(told.watcher.watchCount(), 6);
+    told.changed.clear();
+    QVERIFY(f.make("y/e/n") && f.make("d/new/deep/n"));
+    QVERIFY(told.changed.wait());
+    QCOMPARE(told.folders(), QStringLiteral("d/new/deep,y/e"));
+    QVERIFY(QDir(f.at("y")).removeRecursively());
+    QVERIFY(told.changed.wait());
+    QCOMPARE(told.watcher.watchCount(), 4);
+}
+
+void TestWatcher::appearsLater()
+{
+    DriveFixture f;
+    const QString root = f.outside(QStringLiteral("far/away/drive"));
+    Told told(root);
+    QVERIFY(told.watcher.start());
+    QCOMPARE(told.watcher.watchCount(), 0);
+    QVERIFY(QDir().mkpath(f.outside(QStringLiteral("far"))));
+    QVERIFY2(!told.rescan.wait(2 * DriveWatcher::BatchMs), "not yet");
+    QVERIFY(QDir().mkpath(root));
+    QVERIFY(told.rescan.wait());
+    QFile file(root + QStringLiteral("/a"));
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QVERIFY(told.changed.wait());
+    QCOMPARE(told.watcher.watchCount(), 1);
+}
+
+void TestWatcher::vanishesAndComesBack()
+{
+    DriveFixture f;
+    QVERIFY(f.make("d/a"));
+    const QString away = f.outside(QStringLiteral("away"));
+    Told told(f.root());
+    QVERIFY(told.watcher.start());
+    for (int round = 0; round < 2; ++round) {
+        QVERIFY(QDir().rename(f.root(), away));
+        QVERIFY(told.rescan.wait());
+        QCOMPARE(told.watcher.watchCount(), 0);
+        QVERIFY(QDir().rename(away, f.root()));
+        QVERIFY(told.rescan.wait());
+        QCOMPARE(told.watcher.watchCount(), 2);
+    }
+    told.changed.clear();
+    QVERIFY(f.make("d/b"));
+    QVERIFY(told.changed.wait());
+    QCOMPARE(told.folders(), QStringLiteral("d"));
+}
+
+void TestWatcher::limit()
+{
+    DriveFixture f;
+    for (const char *folder : {"1/", "2/", "3/", "4/"})
+        QVERIFY(f.make(folder));
+    Told told(f.root(), 3);
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("only 3 are watched")));
+    QVERIFY(told.watcher.start());
+    QVERIFY(!told.watcher.isComplete());
+    QCOMPARE(told.watcher.watchCount(), 3);
+    QVERIFY(f.make("5/") && f.make("a"));
+    QVERIFY(told.changed.wait());
+    QCOMPARE(told.folders(), QString());
+}
+
+void TestWatcher::overflow()
+{
+    QFile setting(QStringLiteral("/proc/sys/fs/inotify/max_queued_events"));
+    QVERIFY(setting.open(QIODevice::ReadOnly));
+    const int most = setting.readAll().trimmed().toInt();
+    if (most > 100000)
+        QSKIP("the system's queue is too long to fill");
+    DriveFixture f;
+    QVERIFY(f.make("a") && f.make("late/"));
+    Told told(f.root());
+    QVERIFY(told.watcher.start());
+    for (int i = 0; i <= most / 2; ++i)
+        QVERIFY(f.outsideMove(i % 2 ? "b" : "a", i % 2 ? "a" : "b"));
+    QVERIFY(f.make("unseen/"));
+    QVERIFY(told.rescan.wait());
+    QVERIFY(f.make("unseen/n"));
+    QVERIFY(told.changed.wait());
+    QVERIFY(told.folders().contains(QStringLiteral("unseen")));
+}
+
+void TestWatcher::feedsTheDrive()
+{
+    DriveFixture f;
+    QVERIFY(f.make("d/a") && f.make("e/"));
+    const QString a = f.id("d/a");
+    const QString cursor = f.drive().changesSince({})->cursor;
+    f.drive().setWatched(true);
+    Told told(f.root());
+    QObject::connect(&told.watcher, &DriveWatcher::changed, &told.watcher,
+        [&](const QStringList &folders) { QVERIFY(f.drive().refresh(folders)); });
+    QVERIFY(told.watcher.start());
+    QVERIFY(f.outsideMove("d/a", "e/n") && f.make("new/file"));
+    QVERIFY(told.changed.wait());
+    const auto changes = f.drive().changesSince(cursor);
+    QCOMPARE(changes->changes.size(), 3);
+    QCOMPARE(f.where(a), QStringLiteral("e/n"));
+    // The drive's own work is told of too and changes nothing more.
+    QVERIFY(f.write(f.drive().rootId(), QStringLiteral("own"), "x"));
+    const QString after = f.drive().changesSince(cursor)->cursor;
+    QVERIFY(told.changed.wait());
+    QCOMPARE(f.drive().changesSince(cursor)->cursor, after);
+}
+
+void TestWatcher::ownTransfersAreQuiet()
+{
+    DriveFixture f;
+    QVERIFY(f.make("d/a"));
+    Told told(f.root());
+    QVERIFY(told.watcher.start());
+    const DriveProgress cancel = [](qint64, qint64) { return false; };
+    QCOMPARE(outcome(f.drive().copy(
+                 f.id("d"), f.drive().rootId(), QStringLiteral("n"), DriveConflict::Fail, cancel)),
+        QStringLiteral("cancelled"));
+    QVERIFY(!told.changed.wait(2 * DriveWatcher::BatchMs));
+    QCOMPARE(told.watcher.watchCount(), 2);
+}
+
+QTEST_GUILESS_MAIN(TestWatcher)
+#include "tst_watcher.moc"
