@@ -136,6 +136,7 @@ ZelBoxCloudSvr *ZelBoxCore::cloudService()
     // Unique, because the one handed in by the application comes through here as well.
     connect(this, &ZelBoxCore::firstMainWindowShown, m_cloudService, &ZelBoxCloudSvr::onFirstMainWindowShown,
         Qt::UniqueConnection);
+    m_cloudService->addClientProxy(m_clientProxy);
     return m_cloudService;
 }
 

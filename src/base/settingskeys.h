@@ -26,4 +26,9 @@ inline constexpr QLatin1String CloseAction = latin1("closeAction"); // "hide", "
 inline constexpr QLatin1String RecentRecordType = latin1("RecentRecordType");
 inline constexpr QLatin1String RecentFileLoadingOuttimeTime = latin1("recentFileLoadingOuttimeTime"); // ms
 
+// The cloud service's settings: a path that holds backup switches, and keys of the user's entry.
+inline constexpr QLatin1String CloudSettingsPath = latin1("HKEY_CURRENT_USER\\SOFTWARE\\Halvorn\\ZELCloud");
+inline constexpr QLatin1String UserType = latin1("usertype");
+inline constexpr QLatin1String MultiUserType = latin1("multi_usertype");
+
 } // namespace zel::keys

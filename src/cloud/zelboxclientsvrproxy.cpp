@@ -7,7 +7,7 @@ QString ZelBoxClientSvrProxy::windowIdentity()
 
 bool ZelBoxClientSvrProxy::activateWindow(const QString &identity)
 {
-    if (identity != windowIdentity())
+    if (!identity.isEmpty() && identity != windowIdentity())
         return false;
     Q_EMIT activateRequested();
     return true;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "kcloudsvrproxy.h"
+#include "kclientsvrproxy.h"
 
 /// Answers the cloud service's requests about the box's own windows. GUI thread.
 class ZelBoxClientSvrProxy : public KClientSvrProxy
@@ -11,7 +11,7 @@ public:
 
     static QString windowIdentity(); ///< "mainbox"
 
-    /// Asks for the main window when `identity` is ours; false for any other.
+    /// Asks for the main window when `identity` is ours or empty; false for any other.
     bool activateWindow(const QString &identity) override;
 
     bool isMainWindowOpen() const { return m_mainWindowOpen; }

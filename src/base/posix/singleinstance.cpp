@@ -25,6 +25,11 @@ SingleInstance::~SingleInstance()
 
 SingleInstance::Claim SingleInstance::claim(Deadline deadline)
 {
+    return claimWith({}, deadline);
+}
+
+SingleInstance::Claim SingleInstance::claimWith(UniqueFd listener, Deadline deadline)
+{
     const UniqueFd starts = holdStarts(deadline);
     if (!starts)
         return fail(m_startLockPath);
@@ -33,7 +38,9 @@ SingleInstance::Claim SingleInstance::claim(Deadline deadline)
         return fail(m_lockPath);
     if (!tryLock(lock.get()))
         return errno == EWOULDBLOCK ? Claim::Taken : fail(m_lockPath);
-    if (!listen())
+    m_socketIsOurs = !listener;
+    m_listener = std::move(listener);
+    if (m_socketIsOurs && !listen())
         return fail(m_socketPath);
     m_lock = std::move(lock);
     return Claim::Owner;
@@ -52,7 +59,8 @@ void SingleInstance::release()
     if (!m_lock)
         return;
     m_listener.reset();
-    ::unlink(m_socketPath.c_str());
+    if (m_socketIsOurs)
+        ::unlink(m_socketPath.c_str());
     m_lock.reset();
 }
 

@@ -30,6 +30,9 @@ public:
     SingleInstance &operator=(const SingleInstance &) = delete;
 
     Claim claim(Deadline deadline);
+    /// The same with a socket at socketPath() that somebody else, a service manager, listens on for us and
+    /// will go on to: it is not removed at the end.
+    Claim claimWith(UniqueFd listener, Deadline deadline);
     /// Keeps other starts waiting while the result lives; empty when that was not possible before the
     /// deadline.
     UniqueFd holdStarts(Deadline deadline);
@@ -51,6 +54,7 @@ private:
     std::string m_error;
     UniqueFd m_lock;
     UniqueFd m_listener;
+    bool m_socketIsOurs = true;
 };
 
 } // namespace zel::posix

@@ -53,11 +53,26 @@ void FrameChannel::send(const QByteArray &frame)
 {
     if (!m_socket || frame.isEmpty())
         return;
+    const bool held = m_sendingTogether && m_handling && m_waitingBytes < MostHeld;
+    if (m_output.empty() && !held && sendWhole(frame))
+        return;
     m_output.push_back(frame);
     m_waitingBytes += frame.size();
-    const bool held = m_sendingTogether && m_handling && m_waitingBytes < MostHeld;
     if (!held && !m_writable.isEnabled())
         flush();
+}
+
+// The usual case, which needs no queue. False when nothing was taken; flush() then finds out why.
+bool FrameChannel::sendWhole(const QByteArray &frame)
+{
+    const ssize_t sent =
+        ::send(m_socket.get(), frame.constData(), size_t(frame.size()), MSG_NOSIGNAL | MSG_DONTWAIT);
+    if (sent <= 0 || sent == frame.size())
+        return sent > 0;
+    m_output.push_back(frame.mid(int(sent)));
+    m_waitingBytes += frame.size() - sent;
+    m_writable.setEnabled(true);
+    return true;
 }
 
 void FrameChannel::setPaused(bool paused)

@@ -55,6 +55,7 @@ private:
     void goOnInsideHandler();
     bool holdsFrame() const;
     bool takeFrame(const char **bytes, size_t *size);
+    bool sendWhole(const QByteArray &frame);
     void flush();
     void dropOutput(size_t sent);
     void giveUpSending();

@@ -3,13 +3,12 @@
 #include "base/logging.h"
 #include "base/posix/runtimedir.h"
 #include "base/posix/unixsocket.h"
+#include "handshake.h"
 #include "retrydelay.h"
 
-#include <QSocketNotifier>
+#include <QPointer>
 #include <cerrno>
-#include <chrono>
 #include <cstring>
-#include <sys/socket.h>
 
 using namespace std::chrono_literals;
 
@@ -21,23 +20,30 @@ constexpr std::chrono::milliseconds steady = 30s;
 
 } // namespace
 
-CloudLink::CloudLink(QObject *parent) : QObject(parent)
+CloudLink::CloudLink(MessageHandler onMessage, QObject *parent)
+    : QObject(parent), m_onMessage(std::move(onMessage))
 {
     m_retry.setSingleShot(true);
+    m_handshakeTimeout.setSingleShot(true);
+    m_handshakeTimeout.setInterval(10s);
     connect(&m_retry, &QTimer::timeout, this, &CloudLink::connectOrLaunch);
+    connect(&m_handshakeTimeout, &QTimer::timeout, this,
+        [this] { drop(QStringLiteral("it did not answer the introduction in time")); });
     connect(&m_starter, &ServiceStarter::ready, this, &CloudLink::connectToReady);
-    connect(&m_starter, &ServiceStarter::failed, this, &CloudLink::pause);
+    connect(&m_starter, &ServiceStarter::failed, this, &CloudLink::failTry);
 }
 
 CloudLink::~CloudLink() = default;
 
-void CloudLink::start(const QString &program, const QStringList &arguments)
+void CloudLink::start(const QString &program, const QStringList &arguments, const QString &clientName)
 {
     m_program = program;
     m_arguments = arguments;
-    if (m_state == State::Connected || m_state == State::Starting)
+    m_clientName = clientName;
+    if (m_state == State::Connected || m_state == State::Starting || m_state == State::Introducing)
         return;
     m_failures = 0;
+    m_error.clear();
     m_retry.stop();
     connectOrLaunch();
 }
@@ -46,14 +52,14 @@ void CloudLink::connectOrLaunch()
 {
     const auto path = socketPath();
     if (!path)
-        return pause();
+        return failTry();
     posix::UniqueFd fd = posix::connectUnixNow(*path);
     if (fd)
         return adopt(std::move(fd));
     if (errno == ENOENT || errno == ECONNREFUSED)
         return launch();
     qCWarning(lcPlatform, "cannot connect to the cloud service: %s", std::strerror(errno));
-    pause();
+    failTry();
 }
 
 void CloudLink::connectToReady()
@@ -63,64 +69,107 @@ void CloudLink::connectToReady()
     if (fd)
         return adopt(std::move(fd));
     qCWarning(lcPlatform, "cannot connect to the started cloud service: %s", std::strerror(errno));
-    pause();
+    failTry();
 }
 
 void CloudLink::launch()
 {
     m_state = State::Starting;
     if (!m_starter.start(m_program, m_arguments))
-        pause();
+        failTry();
 }
 
 void CloudLink::adopt(posix::UniqueFd fd)
 {
     if (!posix::peerIsSameUser(fd.get())) {
         qCWarning(lcPlatform, "the cloud service's socket is served by another user");
-        return pause();
+        return failTry();
     }
-    m_fd = std::move(fd);
-    m_notifier = std::make_unique<QSocketNotifier>(m_fd.get(), QSocketNotifier::Read);
-    connect(m_notifier.get(), &QSocketNotifier::activated, this, &CloudLink::onReadable);
-    m_state = State::Connected;
-    m_connected.start();
-    m_announced = false;
-    // Later, also when the service was there already: callers connect to our signals after they have started
-    // us.
-    QMetaObject::invokeMethod(
-        this, [this, number = ++m_connection] { announce(number); }, Qt::QueuedConnection);
+    m_channel = std::make_unique<wire::FrameChannel>(
+        std::move(fd), [this](const char *bytes, size_t size) { onFrame(bytes, size); });
+    connect(m_channel.get(), &wire::FrameChannel::closed, this, [this](const QString &why) {
+        drop(why.isEmpty() ? QStringLiteral("it closed the connection") : why);
+    });
+    m_state = State::Introducing;
+    ++m_connection;
+    m_handshakeTimeout.start();
+    m_channel->send(handshakeFrame(m_clientName));
 }
 
-void CloudLink::announce(int connection)
+void CloudLink::send(const QByteArray &frame)
 {
-    if (m_state != State::Connected || connection != m_connection)
-        return;
-    m_announced = true;
+    if (m_state == State::Connected)
+        m_channel->send(frame);
+}
+
+void CloudLink::onFrame(const char *bytes, size_t size)
+{
+    wire::MessageReader reader(bytes, size);
+    wire::MessageHead head;
+    if (!reader.readHead(head))
+        reject(reader.error());
+    else if (m_state == State::Introducing)
+        onHandshake(head, reader);
+    else
+        m_onMessage(head, reader);
+}
+
+void CloudLink::onHandshake(const wire::MessageHead &head, wire::MessageReader &reader)
+{
+    QString why;
+    switch (readHandshake(head, reader, &why)) {
+    case Handshake::Damaged:
+        return reject(why);
+    case Handshake::Refused:
+        return onRefused(why);
+    case Handshake::Accepted:
+        break;
+    }
+    m_handshakeTimeout.stop();
+    m_state = State::Connected;
+    m_connected.start();
     qCInfo(lcPlatform, "connected to the cloud service");
     Q_EMIT up();
 }
 
-void CloudLink::onReadable()
+// Another try would end the same way: somebody has to replace one of the two programs first.
+void CloudLink::onRefused(const QString &why)
 {
-    char byte = 0;
-    const ssize_t got = ::recv(m_fd.get(), &byte, sizeof(byte), 0);
-    if (got < 0 && (errno == EAGAIN || errno == EINTR))
-        return;
-    drop(got > 0 ? "it sent something that we do not understand" : "it closed the connection");
+    qCWarning(lcPlatform, "%s", qUtf8Printable(why));
+    closeChannel();
+    m_state = State::Refused;
+    m_error = why;
+    const QPointer<CloudLink> self(this);
+    Q_EMIT unreachable();
+    if (self)
+        Q_EMIT refused(why);
 }
 
-void CloudLink::drop(const char *why)
+void CloudLink::reject(const QString &why)
 {
-    qCWarning(lcPlatform, "cloud service lost: %s", why);
-    m_notifier->setEnabled(false);
-    m_notifier.release()->deleteLater(); // this may be its own signal
-    m_fd.reset();
+    drop(QStringLiteral("it sent something that we do not understand: ") + why);
+}
+
+void CloudLink::drop(const QString &why)
+{
+    if (!m_channel)
+        return;
+    qCWarning(lcPlatform, "cloud service lost: %s", qUtf8Printable(why));
+    closeChannel();
+    if (m_state != State::Connected)
+        return failTry();
     if (m_connected.hasExpired(steady.count()))
         m_failures = 0;
-    const bool announced = m_announced;
     pause();
-    if (announced)
-        Q_EMIT lost();
+    Q_EMIT lost();
+}
+
+// It may be the one that is calling us.
+void CloudLink::closeChannel()
+{
+    m_handshakeTimeout.stop();
+    m_channel->close();
+    m_channel.release()->deleteLater();
 }
 
 // Counts a failure and waits before the next try, longer each time.
@@ -132,6 +181,12 @@ void CloudLink::pause()
         m_retry.start(*delay);
     else
         qCWarning(lcPlatform, "gives up on the cloud service after %d tries", m_failures);
+}
+
+void CloudLink::failTry()
+{
+    pause();
+    Q_EMIT unreachable();
 }
 
 std::optional<std::string> CloudLink::socketPath() const

@@ -1,0 +1,294 @@
+#include "cloud/cloudcredentials.h"
+#include "cloud/upgradequery.h"
+#include "cloud/wire/registry.h"
+#include "cloud/zelboxclientsvrproxy.h"
+#include "cloud/zelboxcloudsvr.h"
+#include "notify_types.h"
+#include "platform/cloudipc/linkfixture.h"
+#include "search_types.h"
+#include "transfer_types.h"
+
+#include <krt/krt.h>
+
+using namespace zel;
+using Fixture = LinkFixture<ZelBoxCloudSvr>;
+using LoginMap = std::map<std::string, std::string>;
+using Call = std::function<void(ZelBoxCloudSvr &)>;
+Q_DECLARE_METATYPE(LoginMap)
+Q_DECLARE_METATYPE(Call)
+
+QString krt::dirs::programs()
+{
+    return QStringLiteral("/nonexistent");
+}
+
+namespace {
+
+const LoginMap wholeLogin = {{"userId", "u1"}, {"loginStatus", "2"}, {"loginInfo", "u1|Ann|server|d|2"},
+    {"accessID", "id"}, {"secretKey", "key"}, {"cookie", "c=1"}};
+
+KRpcResponse responseOf(const LoginMap &login)
+{
+    QMap<QString, QString> map;
+    for (const auto &[key, value] : login)
+        map.insert(QString::fromStdString(key), QString::fromStdString(value));
+    return {0, map};
+}
+
+LoginMap changed(LoginMap login, const char *key, const char *value)
+{
+    login[key] = value;
+    return login;
+}
+
+} // namespace
+
+class TestFacade : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void startsAfterTheFirstWindow();
+    void wiresOnce();
+    void relaysEvents();
+    void credentials_data();
+    void credentials();
+    void loginStates();
+    void membership_data();
+    void membership();
+    void operations_data();
+    void operations();
+    void cancelsTasks();
+    void upgradeQueries();
+    void windowIdentity_data();
+    void windowIdentity();
+};
+
+void TestFacade::startsAfterTheFirstWindow()
+{
+    Fixture f;
+    QSignalSpy inited(f.proxy.get(), &KCloudSvrProxy::velaInited);
+    QElapsedTimer watch;
+    watch.start();
+    f.proxy->onFirstMainWindowShown();
+    QVERIFY(inited.wait(Fixture::Patience));
+    QVERIFY(watch.elapsed() >= 190); // Qt's coarse timers may be early by a twentieth
+    QVERIFY(f.proxy->isInited());
+    QCOMPARE(QByteArray::fromStdString(f.service->client.clientName), QByteArray("mainbox"));
+}
+
+void TestFacade::wiresOnce()
+{
+    Fixture f;
+    QSignalSpy list(f.proxy.get(), &ZelBoxCloudSvr::notifyRecentFileListChanged);
+    Q_EMIT f.proxy->velaEventObject()->signal_notifyRecentFileListChanged();
+    QCOMPARE(list.size(), 0);
+    QVERIFY(f.connectNow());
+    f.proxy->onVelaInited();
+    f.service->hangUp();
+    QSignalSpy inited(f.proxy.get(), &KCloudSvrProxy::velaInited);
+    QVERIFY(inited.wait(Fixture::Patience));
+    Q_EMIT f.proxy->velaEventObject()->signal_notifyRecentFileListChanged();
+    QCOMPARE(list.size(), 1);
+}
+
+void TestFacade::relaysEvents()
+{
+    Fixture f;
+    QSignalSpy connected(f.proxy.get(), &ZelBoxCloudSvr::socketConnected);
+    QVERIFY(f.connectNow());
+    QCOMPARE(connected.size(), 1);
+    ZelBoxCloudSvr *box = f.proxy.get();
+    QSignalSpy creation(box, &ZelBoxCloudSvr::notifyFileCreation);
+    QSignalSpy messages(box, &ZelBoxCloudSvr::notifyNewMsgListArrived);
+    QSignalSpy actions(box, &ZelBoxCloudSvr::notifyActionsMapForReadMessage);
+    QSignalSpy discussion(box, &ZelBoxCloudSvr::notifyShareDiscussion);
+    QSignalSpy thumbnail(box, &ZelBoxCloudSvr::notifyUserThumbnail);
+    QSignalSpy states(box, SIGNAL(notifyRecentFileStateChanged(const QVector<zel::vela::CloudItem> &)));
+    KVelaEventObject *events = box->velaEventObject();
+    Q_EMIT events->signal_notifyFileCreation({});
+    Q_EMIT events->signal_notifyNewMsgList({QStringLiteral("1")});
+    Q_EMIT events->signal_notifyActionsMapForReadMessage({});
+    Q_EMIT events->signal_notifyShareDiscussion({});
+    Q_EMIT events->signal_notifyUserThumbnail({});
+    Q_EMIT events->signal_notifyRecentFileStateChanged({});
+    for (const QSignalSpy *spy : {&creation, &messages, &actions, &discussion, &thumbnail, &states})
+        QCOMPARE(spy->size(), 1);
+    QCOMPARE(messages.first().first().toStringList(), QStringList{QStringLiteral("1")});
+
+    QSignalSpy disconnected(box, &ZelBoxCloudSvr::socketDisconnected);
+    QSignalSpy offline(box, &ZelBoxCloudSvr::velaOffline);
+    f.service->hangUp();
+    QVERIFY(disconnected.wait(Fixture::Patience));
+    QCOMPARE(offline.size(), 1);
+}
+
+void TestFacade::credentials_data()
+{
+    QTest::addColumn<LoginMap>("login");
+    QTest::addColumn<bool>("ok");
+    QTest::addColumn<bool>("taken");
+    const LoginMap other = changed(changed(wholeLogin, "accessID", "id2"), "cookie", "");
+    QTest::newRow("whole") << other << true << true;
+    QTest::newRow("five empty fields") << changed(other, "loginInfo", "||||") << true << true;
+    QTest::newRow("no answer") << other << false << false;
+    QTest::newRow("no loginInfo") << changed(other, "loginInfo", "") << true << false;
+    QTest::newRow("four fields") << changed(other, "loginInfo", "a|b|c|d") << true << false;
+    QTest::newRow("six fields") << changed(other, "loginInfo", "a|b|c|d|e|") << true << false;
+    QTest::newRow("no userId") << changed(other, "userId", "") << true << false;
+    QTest::newRow("nothing") << LoginMap() << true << false;
+}
+
+void TestFacade::credentials()
+{
+    QFETCH(LoginMap, login);
+    QFETCH(bool, ok);
+    QFETCH(bool, taken);
+    Fixture f;
+    f.service->login = wholeLogin;
+    QVERIFY(f.connectNow());
+    const CloudCredentials before{QStringLiteral("id"), QStringLiteral("key"), QStringLiteral("c=1")};
+    QTRY_VERIFY(f.proxy->credentials() == before); // asked for after the change of the login state
+    f.proxy->onUpdateLoginInfo(ok, QString(), responseOf(login));
+    const CloudCredentials other{QStringLiteral("id2"), QStringLiteral("key"), QString()};
+    QVERIFY(f.proxy->credentials() == (taken ? other : before));
+}
+
+void TestFacade::loginStates()
+{
+    Fixture f;
+    f.service->login = {{"loginStatus", "0"}};
+    QSignalSpy updated(f.proxy.get(), &ZelBoxCloudSvr::vipInfoUpdated);
+    QVERIFY(f.connectNow());
+    QCOMPARE(updated.size(), 1);                                               // nothing was known before
+    QTRY_COMPARE(f.service->methods.count(QStringLiteral("getLoginInfo")), 2); // the proxy's and the facade's
+    for (int i = 0; i < 3; ++i)
+        f.proxy->onLoginStatusChanged();
+    QCOMPARE(updated.size(), 1);
+    QTRY_COMPARE(f.service->methods.count(QStringLiteral("getLoginInfo")), 5);
+    f.service->login = wholeLogin;
+    vela::NotifyUserGenericInfoArg push;
+    push.infoKey = "loginStatus";
+    f.service->push("notifyUserGenericInfo", push);
+    f.service->push("notifyUserGenericInfo", push);
+    QVERIFY(updated.wait(Fixture::Patience));
+    QTRY_VERIFY(!f.proxy->credentials().accessID.isEmpty());
+    QCOMPARE(updated.size(), 2);
+}
+
+void TestFacade::membership_data()
+{
+    QTest::addColumn<QVariant>("info");
+    QTest::addColumn<bool>("told");
+    QTest::newRow("map") << QVariant(QVariantMap{{QStringLiteral("level"), 3}}) << true;
+    QTest::newRow("empty map") << QVariant(QVariantMap()) << true;
+    QTest::newRow("invalid") << QVariant() << false;
+    QTest::newRow("text") << QVariant(QStringLiteral("level=3")) << false;
+    QTest::newRow("list") << QVariant(QStringList{QStringLiteral("level")}) << false;
+}
+
+void TestFacade::membership()
+{
+    QFETCH(QVariant, info);
+    QFETCH(bool, told);
+    ZelBoxCloudSvr box;
+    QSignalSpy spy(&box, &ZelBoxCloudSvr::signal_vipInfoChanged);
+    box.onVipInfoChanged(info);
+    QCOMPARE(spy.size(), told ? 1 : 0);
+    if (told && !info.toMap().isEmpty())
+        QCOMPARE((spy.first().first().value<QMap<QString, QString>>().value(QStringLiteral("level"))),
+            QStringLiteral("3"));
+}
+
+void TestFacade::operations_data()
+{
+    QTest::addColumn<Call>("call");
+    const auto row = [](const char *method, auto operation) {
+        QTest::newRow(method) << Call(
+            [operation](ZelBoxCloudSvr &box) { (box.*operation)({}, nullptr, {}); });
+    };
+    using Svr = ZelBoxCloudSvr;
+    row("cloudDocSearch", &Svr::cloudDocSearch);
+    row("cloudDocContentSearch", &Svr::cloudDocContentSearch);
+    row("getContentSearchStatus", &Svr::getContentSearchStatus);
+    row("changeContentSearchStatus", &Svr::changeContentSearchStatus);
+    row("batchUploadFileListToAnyExistedPath", &Svr::batchUploadFileListToAnyExistedPath);
+    row("folderUpload", &Svr::folderUpload);
+    row("downloadFileFromCloud", &Svr::downloadFileFromCloud);
+    QTest::newRow("redirect") << Call([](Svr &box) { box.redirect(QStringLiteral("u1")); });
+    QTest::newRow("showUpgradeVip") << Call([](Svr &box) { box.showUpgradeVip(QStringLiteral("u1")); });
+}
+
+void TestFacade::operations()
+{
+    QFETCH(Call, call);
+    Fixture f;
+    bool readable = false;
+    f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &reader) {
+        const wire::MethodType *method = wire::findMethod(head.method);
+        QStringList texts;
+        readable = method && method->request
+            ? reader.readRequest(wire::AnyRecord(*method->request).base())
+            : reader.readRequestList(texts) && texts == QStringList{QStringLiteral("u1")};
+    };
+    QVERIFY(f.connectNow());
+    call(*f.proxy);
+    QTRY_COMPARE(
+        QString::fromStdString(f.service->lastCall.method), QString::fromLatin1(QTest::currentDataTag()));
+    QVERIFY(readable);
+}
+
+void TestFacade::cancelsTasks()
+{
+    Fixture f;
+    vela::VelaIpcArg came;
+    f.service->serve = [&](const FakeService::Head &, FakeService::Reader &reader) {
+        reader.readRequest(came);
+    };
+    QVERIFY(f.connectNow());
+    f.proxy->cancelTask({QStringLiteral("t1"), QStringLiteral("t2")}, nullptr, QString());
+    vela::VelaIpcArg expected;
+    expected.nameSpace = "KVelaIpcCallObj";
+    expected.method = "cancelTask";
+    expected.argMap = {{"taskIDs", "t1|t2"}};
+    QTRY_VERIFY(came == expected);
+    QCOMPARE(QByteArray::fromStdString(f.service->lastCall.method), QByteArray("velaIpcCall"));
+}
+
+void TestFacade::upgradeQueries()
+{
+    QCOMPARE(upgrade::query(QStringLiteral("zelbox_menu"), QStringLiteral("pay"), upgrade::Offer::Super),
+        QStringLiteral("&position=zelbox_menu&payconfig=pay&component=pc_svip"));
+    QCOMPARE(upgrade::query(QStringLiteral("a&b"), QStringLiteral("%1"), upgrade::Offer::Plume),
+        QStringLiteral("&position=a%26b&payconfig=%251&component=pc_plume"));
+}
+
+void TestFacade::windowIdentity_data()
+{
+    QTest::addColumn<QString>("window");
+    QTest::addColumn<bool>("ours");
+    QTest::newRow("ours") << "mainbox" << true;
+    QTest::newRow("any") << QString() << true;
+    QTest::newRow("another") << "minibox" << false;
+}
+
+void TestFacade::windowIdentity()
+{
+    QFETCH(QString, window);
+    QFETCH(bool, ours);
+    Fixture f;
+    ZelBoxClientSvrProxy windows;
+    f.proxy->addClientProxy(&windows);
+    QSignalSpy asked(&windows, &ZelBoxClientSvrProxy::activateRequested);
+    QVERIFY(f.connectNow());
+    vela::NotifyActionArg action;
+    action.action = "activateWindow";
+    action.targetWindow = window.toStdString();
+    f.service->push("notifyAction", action);
+    QSignalSpy list(f.proxy.get(), &ZelBoxCloudSvr::notifyRecentFileListChanged);
+    f.service->push("notifyRecentFileChange", vela::NotifyRecentFileChangeArg());
+    QVERIFY(list.wait(Fixture::Patience)); // pushes come in order
+    QCOMPARE(asked.size(), ours ? 1 : 0);
+}
+
+QTEST_GUILESS_MAIN(TestFacade)
+#include "tst_facade.moc"

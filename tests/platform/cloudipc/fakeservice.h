@@ -1,0 +1,143 @@
+#pragma once
+
+#include "base/posix/unixsocket.h"
+#include "cloud/wire/framechannel.h"
+#include "cloud/wire/limits.h"
+#include "cloud/wire/message.h"
+#include "cloud/wire/serviceerror.h"
+#include "common_types.h"
+
+#include <QDir>
+#include <QFile>
+#include <QObject>
+#include <QSocketNotifier>
+#include <QStringList>
+#include <functional>
+#include <memory>
+
+/// The service's end of the link inside a test: takes the box's connections and does what the test says.
+class FakeService final : public QObject
+{
+public:
+    using Head = zel::wire::MessageHead;
+    using Reader = zel::wire::MessageReader;
+    enum class Hello { Accept, OtherVersion, Full, Unknown, Garbage, Push, Silence };
+
+    /// Listens where a box with this private runtime folder looks.
+    explicit FakeService(const QString &runtimeFolder)
+        : m_listener(listenIn(runtimeFolder)), m_incoming(m_listener.get(), QSocketNotifier::Read)
+    {
+        connect(&m_incoming, &QSocketNotifier::activated, this, [this] { accept(); });
+    }
+
+    Hello hello = Hello::Accept;
+    std::map<std::string, std::string> login; ///< what getLoginInfo answers
+    /// Answers everything but getVersion and getLoginInfo; without it nothing is answered.
+    std::function<void(const Head &, Reader &)> serve;
+    std::function<void()> onLogin; ///< in place of the answer to getLoginInfo
+
+    int connections = 0;
+    zel::vela::GetVersionArg client; ///< as it introduced itself last
+    QStringList methods;             ///< of all requests, in order
+    Head lastCall;
+
+    void send(const QByteArray &bytes)
+    {
+        if (m_channel)
+            m_channel->send(bytes);
+    }
+    void reply(const Head &head, const apache::thrift::TBase &answer)
+    {
+        send(zel::wire::replyFrame(head.method, head.sequence, answer));
+    }
+    void push(const char *method, const apache::thrift::TBase &record)
+    {
+        send(zel::wire::pushFrame(method, record));
+    }
+    void replyLogin()
+    {
+        zel::vela::VelaIpcResult answer;
+        answer.resultMap = login;
+        reply(m_loginCall, answer);
+    }
+    void acceptNow()
+    {
+        hello = Hello::Accept;
+        zel::vela::GetVersionResult welcome;
+        welcome.protocolVersion = zel::wire::ProtocolVersion;
+        reply(m_helloCall, welcome);
+    }
+    void hangUp() { m_channel.reset(); }
+
+private:
+    static zel::posix::UniqueFd listenIn(const QString &runtimeFolder)
+    {
+        QDir(runtimeFolder).mkdir(QStringLiteral("zelbox"));
+        return zel::posix::listenUnix(QFile::encodeName(runtimeFolder).toStdString() + "/zelbox/cloud.sock");
+    }
+
+    void accept()
+    {
+        zel::posix::UniqueFd fd = zel::posix::acceptUnix(m_listener.get());
+        if (!fd)
+            return;
+        ++connections;
+        m_channel = std::make_unique<zel::wire::FrameChannel>(
+            std::move(fd), [this](const char *bytes, size_t size) { onFrame(bytes, size); });
+    }
+
+    void onFrame(const char *bytes, size_t size)
+    {
+        Head head;
+        Reader reader(bytes, size);
+        if (!reader.readHead(head))
+            qFatal("the box sent a damaged frame: %s", qUtf8Printable(reader.error()));
+        methods.append(QString::fromStdString(head.method));
+        if (head.method == "getVersion") {
+            m_helloCall = head;
+            reader.readRequest(client);
+            return answerHello();
+        }
+        if (head.method == "getLoginInfo") {
+            m_loginCall = head;
+            return onLogin ? onLogin() : replyLogin();
+        }
+        lastCall = head;
+        if (serve)
+            serve(head, reader);
+    }
+
+    void answerHello()
+    {
+        using namespace zel;
+        vela::GetVersionResult answer;
+        switch (hello) {
+        case Hello::Accept:
+            return acceptNow();
+        case Hello::OtherVersion:
+            answer.state = int32_t(wire::ServiceError::VersionMismatch);
+            answer.protocolVersion = 77;
+            return reply(m_helloCall, answer);
+        case Hello::Full:
+            answer.state = int32_t(wire::ServiceError::Denied);
+            answer.errorInfo =
+                wire::errorInfo(wire::ServiceError::Denied, QStringLiteral("too many clients"));
+            return reply(m_helloCall, answer);
+        case Hello::Unknown:
+            return send(wire::refusalFrame("getVersion", m_helloCall.sequence, wire::Refusal::UnknownMethod,
+                QStringLiteral("never heard of it")));
+        case Hello::Garbage:
+            return send(QByteArray("\0\0\0\7garbage", 11));
+        case Hello::Push:
+            return send(wire::pushFrame("notifyAction", answer));
+        case Hello::Silence:
+            return;
+        }
+    }
+
+    zel::posix::UniqueFd m_listener;
+    QSocketNotifier m_incoming;
+    std::unique_ptr<zel::wire::FrameChannel> m_channel;
+    Head m_helloCall;
+    Head m_loginCall;
+};

@@ -1,0 +1,290 @@
+#include "linkfixture.h"
+#include "listener.h"
+
+#include <QSet>
+#include <krt/krt.h>
+
+using namespace std::chrono_literals;
+using namespace zel;
+using Fixture = LinkFixture<KCloudSvrProxy>;
+using Act = void (*)(Fixture &);
+using Serve = void (*)(FakeService &, const FakeService::Head &);
+Q_DECLARE_METATYPE(Act)
+Q_DECLARE_METATYPE(Serve)
+
+// No program to start: a service that does not listen stays away.
+QString krt::dirs::programs()
+{
+    return QStringLiteral("/nonexistent");
+}
+
+namespace {
+
+vela::VelaIpcResult answerOf(int state)
+{
+    vela::VelaIpcResult answer;
+    answer.state = state;
+    return answer;
+}
+
+using Head = FakeService::Head;
+
+void answer(FakeService &service, const Head &head)
+{
+    service.reply(head, answerOf(0));
+}
+
+void answerWithError(FakeService &service, const Head &head)
+{
+    service.reply(head, answerOf(int(wire::ServiceError::NotServed)));
+}
+
+void answerTwice(FakeService &service, const Head &head)
+{
+    answer(service, head);
+    answer(service, head);
+}
+
+void refuse(FakeService &service, const Head &head)
+{
+    service.send(wire::refusalFrame(head.method, head.sequence, wire::Refusal::UnknownMethod, {}));
+}
+
+// An envelope's answer cut short, with the length of what is left.
+void answerDamaged(FakeService &service, const Head &head)
+{
+    QByteArray frame = wire::replyFrame(head.method, head.sequence, answerOf(0));
+    frame.chop(3);
+    frame[3] = char(frame.size() - 4);
+    service.send(frame);
+}
+
+void answerOther(FakeService &service, const Head &head)
+{
+    service.send(wire::replyFrame("copy", head.sequence, answerOf(0)));
+}
+
+void sendGarbage(FakeService &service, const Head &)
+{
+    service.send(QByteArray("\0\0\0\3abc", 7));
+}
+
+void sendHugeLength(FakeService &service, const Head &)
+{
+    service.send(QByteArray(8, char(0xff)));
+}
+
+void sendRequest(FakeService &service, const Head &head)
+{
+    service.send(wire::callFrame("getVersion", head.sequence, vela::GetVersionArg()));
+}
+
+void hangUp(FakeService &service, const Head &)
+{
+    QMetaObject::invokeMethod(
+        &service, [&service] { service.hangUp(); }, Qt::QueuedConnection);
+}
+
+void answerHalf(FakeService &service, const Head &head)
+{
+    service.send(wire::replyFrame(head.method, head.sequence, answerOf(0)).left(20));
+    hangUp(service, head);
+}
+
+void nothing(FakeService &, const Head &) { }
+
+Listener *listenerOf(Fixture &f)
+{
+    return f.proxy->findChild<Listener *>();
+}
+
+void answerLate(Fixture &f)
+{
+    QTRY_COMPARE(listenerOf(f)->endings.size(), 1);
+    answer(*f.service, f.service->lastCall);
+}
+
+void cancel(Fixture &f)
+{
+    QVERIFY(f.proxy->cancelCall(f.proxy->property("id").toString()));
+    QVERIFY(listenerOf(f)->endings.isEmpty());
+}
+
+void destroyReceiver(Fixture &f)
+{
+    delete listenerOf(f);
+}
+
+void destroyProxy(Fixture &f)
+{
+    listenerOf(f)->setParent(f.service.get());
+    f.proxy.reset();
+}
+
+} // namespace
+
+class TestCalls : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void everyRequestEndsOnce_data();
+    void everyRequestEndsOnce();
+    void waitsForTheFirstConnection_data();
+    void waitsForTheFirstConnection();
+    void manyInFlight_data();
+    void manyInFlight();
+};
+
+void TestCalls::everyRequestEndsOnce_data()
+{
+    QTest::addColumn<Serve>("serve");
+    QTest::addColumn<Act>("act");
+    QTest::addColumn<QString>("end"); // empty: none
+    QTest::addColumn<bool>("staysConnected");
+    const auto row = [](const char *name, Serve serve, const char *end, bool stays, Act act = nullptr) {
+        QTest::newRow(name) << serve << act << QString::fromLatin1(end) << stays;
+    };
+    row("answer", answer, "state 0", true);
+    row("service error", answerWithError, "state 1", true);
+    row("answered twice", answerTwice, "state 0", true);
+    row("refused", refuse, "failed", true);
+    row("answer that does not parse", answerDamaged, "failed", false);
+    row("answer to another method", answerOther, "failed", false);
+    row("frame that does not parse", sendGarbage, "failed", false);
+    row("frame of four gigabytes", sendHugeLength, "failed", false);
+    row("a request of the service", sendRequest, "failed", false);
+    row("connection lost", hangUp, "failed", false);
+    row("half an answer, then lost", answerHalf, "failed", false);
+    row("time-out, then the answer", nothing, "failed", true, answerLate);
+    row("cancelled, then the answer", answer, "failed", true, cancel);
+    row("receiver destroyed", answer, "", true, destroyReceiver);
+    row("proxy destroyed", answer, "", false, destroyProxy);
+}
+
+void TestCalls::everyRequestEndsOnce()
+{
+    QFETCH(Serve, serve);
+    QFETCH(Act, act);
+    QFETCH(QString, end);
+    QFETCH(bool, staysConnected);
+    Fixture f;
+    f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) { serve(*f.service, head); };
+    QVERIFY(f.connectNow());
+    QPointer<KCloudSvrProxy> proxy(f.proxy.get());
+    QSignalSpy lost(f.proxy->velaEventObject(), &KVelaEventObject::SocketDisConnected);
+    if (qstrncmp(QTest::currentDataTag(), "time-out", 8) == 0)
+        f.proxy->setCallTimeout(100ms);
+
+    QPointer<Listener> listener(new Listener);
+    listener->setParent(f.proxy.get());
+    const QString id = f.call(listener, "onResult");
+    QVERIFY(!id.isEmpty());
+    f.proxy->setProperty("id", id);
+    QVERIFY2(listener->endings.isEmpty(), "never inside the request");
+    if (act)
+        act(f);
+    QTRY_VERIFY(!listener || end.isEmpty() || !listener->endings.isEmpty());
+    QTest::qWait(30); // for whatever should not come
+    QCOMPARE(proxy && proxy->isConnected(), staysConnected);
+    if (!listener)
+        return;
+    QCOMPARE(listener->endings.size(), end.isEmpty() ? 0 : 1);
+    if (end.isEmpty())
+        return;
+    const auto &ending = listener->endings.first();
+    QCOMPARE(ending.id, id);
+    QCOMPARE(ending.ok ? QStringLiteral("state %1").arg(ending.state) : QStringLiteral("failed"), end);
+    QCOMPARE(lost.size(), staysConnected ? 0 : 1);
+    QVERIFY2(!f.proxy->cancelCall(id), "it has ended");
+    f.proxy.reset();
+}
+
+void TestCalls::waitsForTheFirstConnection_data()
+{
+    QTest::addColumn<bool>("start");
+    QTest::addColumn<Act>("outcome");
+    QTest::addColumn<bool>("ok");
+    const Act none = [](Fixture &) {};
+    QTest::newRow("never started") << false << none << false;
+    QTest::newRow("introduced") << true << Act([](Fixture &f) { f.service->acceptNow(); }) << true;
+    QTest::newRow("cancelled while waiting") << true << Act(cancel) << false;
+    QTest::newRow("closed instead") << true << Act([](Fixture &f) { f.service->hangUp(); }) << false;
+    QTest::newRow("given up, in a pause") << true << Act([](Fixture &f) {
+        f.service->hangUp();
+        QTRY_COMPARE(listenerOf(f)->endings.size(), 1);
+        listenerOf(f)->endings.clear();
+        f.call(listenerOf(f), "onResult");
+        QVERIFY(listenerOf(f)->endings.isEmpty());
+    }) << false;
+}
+
+void TestCalls::waitsForTheFirstConnection()
+{
+    QFETCH(bool, start);
+    QFETCH(Act, outcome);
+    QFETCH(bool, ok);
+    Fixture f;
+    f.service->hello = FakeService::Hello::Silence;
+    f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) {
+        answer(*f.service, head);
+    };
+    if (start)
+        f.proxy->startVelaProcess(QString());
+    auto *listener = new Listener;
+    listener->setParent(f.proxy.get());
+    f.proxy->setProperty("id", f.call(listener, "onResult"));
+    QVERIFY(listener->endings.isEmpty());
+    if (start) {
+        QTRY_COMPARE(f.service->methods.size(), 1);
+        QTest::qWait(30);
+        QVERIFY2(listener->endings.isEmpty(), "the outcome is not known yet");
+        QCOMPARE(
+            f.service->methods, QStringList{QStringLiteral("getVersion")}); // nothing else before its answer
+    }
+    outcome(f);
+    QTRY_COMPARE(listener->endings.size(), 1);
+    QCOMPARE(listener->endings.first().ok, ok);
+    QCOMPARE(f.service->methods.contains(QStringLiteral("velaIpcCall")), ok);
+}
+
+void TestCalls::manyInFlight_data()
+{
+    QTest::addColumn<bool>("answered");
+    QTest::newRow("answered backwards") << true;
+    QTest::newRow("lost") << false;
+}
+
+void TestCalls::manyInFlight()
+{
+    QFETCH(bool, answered);
+    constexpr int Count = 10000;
+    Fixture f;
+    QVector<FakeService::Head> calls;
+    f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) {
+        calls.append(head);
+        if (calls.size() < Count)
+            return;
+        std::reverse(calls.begin(), calls.end());
+        for (const auto &call : std::as_const(calls)) {
+            if (answered)
+                answer(*f.service, call);
+        }
+        if (!answered)
+            QMetaObject::invokeMethod(
+                f.service.get(), [&f] { f.service->hangUp(); }, Qt::QueuedConnection);
+    };
+    QVERIFY(f.connectNow());
+    Listener listener;
+    QSet<QString> ids;
+    for (int i = 0; i < Count; ++i)
+        ids.insert(f.call(&listener, "onResult"));
+    QCOMPARE(ids.size(), Count);
+    QTRY_COMPARE_WITH_TIMEOUT(listener.endings.size(), Count, Fixture::Patience);
+    for (const auto &ending : std::as_const(listener.endings)) {
+        QVERIFY(ids.remove(ending.id));
+        QCOMPARE(ending.ok, answered);
+    }
+}
+
+QTEST_GUILESS_MAIN(TestCalls)
+#include "tst_calls.moc"
