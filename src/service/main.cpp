@@ -2,7 +2,8 @@
 #include "base/posix/exitsignals.h"
 #include "base/posix/runtimedir.h"
 #include "base/posix/singleinstance.h"
-#include "service/cloudserver.h"
+#include "service/cloudservice.h"
+#include "service/server/socketactivation.h"
 #include "service/serviceoptions.h"
 
 #include <QCoreApplication>
@@ -12,6 +13,7 @@
 #include <unistd.h>
 
 using zel::posix::SingleInstance;
+using zel::service::CloudServer;
 
 namespace {
 
@@ -37,12 +39,14 @@ void reportReady(int fd)
 
 int serve(SingleInstance &instance, const ServiceOptions &options)
 {
-    CloudServer server(instance);
+    zel::service::CloudService service(instance);
+    service.start();
+    CloudServer &server = service.server();
     QObject::connect(&server, &CloudServer::finished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     QSocketNotifier exitSignal(zel::posix::catchExitSignals(), QSocketNotifier::Read);
-    QObject::connect(&exitSignal, &QSocketNotifier::activated, qApp, [&exitSignal] {
+    QObject::connect(&exitSignal, &QSocketNotifier::activated, qApp, [&exitSignal, &server] {
         exitSignal.setEnabled(false);
-        QCoreApplication::quit();
+        server.finish();
     });
     if (options.exitWithLastClient)
         server.finishWithoutClients(graceWithoutClients);
@@ -57,16 +61,21 @@ int serve(SingleInstance &instance, const ServiceOptions &options)
 
 int run(const ServiceOptions &options)
 {
+    zel::posix::UniqueFd listener = zel::service::takeActivationSocket();
+    const bool activated = bool(listener);
     if (options.readyFd >= 0 && ::fcntl(options.readyFd, F_SETFD, FD_CLOEXEC) != 0)
         return fail("the descriptor of --ready-fd is not open");
     const zel::posix::RuntimeDir folder = zel::posix::openRuntimeDir();
     if (folder.path.empty())
         return fail(folder.error);
     SingleInstance instance(folder.path, "cloud");
-    switch (instance.claim(zel::posix::deadlineIn(startTime))) {
+    switch (instance.claimWith(std::move(listener), zel::posix::deadlineIn(startTime))) {
     case SingleInstance::Claim::Owner:
         return serve(instance, options);
     case SingleInstance::Claim::Taken:
+        if (activated)
+            return fail("a service that was started otherwise runs already; the service manager's socket is "
+                        "not served");
         qCInfo(lcService, "a service runs already");
         reportReady(options.readyFd);
         return 0;

@@ -1,11 +1,15 @@
-#include "base/posix/unixsocket.h"
+#include "account_types.h"
+#include "message_types.h"
+#include "support/wireclient.h"
 
 #include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <csignal>
+#include <set>
 
+using namespace zel;
 using namespace zel::posix;
 using namespace std::chrono_literals;
 
@@ -18,6 +22,12 @@ QStringList words(const char *text)
     return QString::fromUtf8(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
 }
 
+// The event loop may have noticed the end already.
+bool hasEnded(QProcess &process)
+{
+    return process.state() == QProcess::NotRunning || process.waitForFinished(patience);
+}
+
 } // namespace
 
 class TestProcess : public QObject
@@ -28,18 +38,26 @@ private Q_SLOTS:
     void options_data();
     void options();
     void oneInstance();
+    void twoAtOnce();
     void endsOnSignal_data();
     void endsOnSignal();
     void leavesWithTheLastClient();
+    void leavesWhenTold();
+    void killLosesNothingAcknowledged();
+    void manyRequestsInFlight();
+    void activatedByItsSocket();
 
 private:
     using Process = std::unique_ptr<QProcess>;
     Process start(const char *arguments = "");
     Process startReady(const char *arguments = "");
+    bool waitForReady(QProcess &process);
     QString socketPath() const { return m_folder->filePath(QStringLiteral("zelbox/cloud.sock")); }
-    UniqueFd connectClient()
+    /// One that has passed the handshake; null when it could not.
+    std::unique_ptr<WireClient> client()
     {
-        return connectUnixUntil(QFile::encodeName(socketPath()).toStdString(), deadlineIn(5s));
+        auto made = std::make_unique<WireClient>(QFile::encodeName(socketPath()).toStdString());
+        return made->isOpen() && made->greet() ? std::move(made) : nullptr;
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;
@@ -49,6 +67,7 @@ void TestProcess::init()
 {
     m_folder = std::make_unique<QTemporaryDir>();
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder->path()));
+    qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder->filePath(QStringLiteral("data"))));
 }
 
 TestProcess::Process TestProcess::start(const char *arguments)
@@ -62,11 +81,16 @@ TestProcess::Process TestProcess::start(const char *arguments)
 TestProcess::Process TestProcess::startReady(const char *arguments)
 {
     Process process = start(arguments);
+    return waitForReady(*process) ? std::move(process) : nullptr;
+}
+
+bool TestProcess::waitForReady(QProcess &process)
+{
     QByteArray log;
-    process->setReadChannel(QProcess::StandardError);
-    while (!log.contains("ready") && process->waitForReadyRead(patience))
-        log += process->readAllStandardError();
-    return log.contains("ready") ? std::move(process) : nullptr;
+    process.setReadChannel(QProcess::StandardError);
+    while (!log.contains("ready") && process.waitForReadyRead(patience))
+        log += process.readAllStandardError();
+    return log.contains("ready");
 }
 
 void TestProcess::options_data()
@@ -88,7 +112,7 @@ void TestProcess::options()
     QFETCH(QByteArray, arguments);
     QFETCH(QString, output);
     const Process process = start(arguments.constData());
-    QVERIFY(process->waitForFinished(patience));
+    QVERIFY(hasEnded(*process));
     QTEST(process->exitCode(), "code");
     const QByteArray text = process->readAllStandardOutput() + process->readAllStandardError();
     const QRegularExpression expected(output, QRegularExpression::DotMatchesEverythingOption);
@@ -101,12 +125,31 @@ void TestProcess::oneInstance()
     const Process first = startReady();
     QVERIFY(first);
     const Process second = start();
-    QVERIFY(second->waitForFinished(patience));
+    QVERIFY(hasEnded(*second));
     QCOMPARE(second->exitCode(), 0);
     QVERIFY(second->readAllStandardError().contains("runs already"));
-    QVERIFY(connectClient());
+    QVERIFY(client());
     first->kill();
-    QVERIFY(first->waitForFinished(patience));
+    QVERIFY(hasEnded(*first));
+}
+
+void TestProcess::twoAtOnce()
+{
+    std::vector<Process> starts;
+    for (int i = 0; i < 4; ++i)
+        starts.push_back(start());
+    QTRY_VERIFY_WITH_TIMEOUT(client(), patience);
+    const auto running = [&starts] {
+        return std::count_if(starts.begin(), starts.end(),
+            [](const Process &process) { return process->state() != QProcess::NotRunning; });
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(running(), 1, patience);
+    QVERIFY(client());
+    for (const Process &process : starts) {
+        process->terminate();
+        QVERIFY(hasEnded(*process));
+        QCOMPARE(process->exitCode(), 0);
+    }
 }
 
 void TestProcess::endsOnSignal_data()
@@ -114,6 +157,7 @@ void TestProcess::endsOnSignal_data()
     QTest::addColumn<int>("number");
     QTest::newRow("SIGTERM") << SIGTERM;
     QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGHUP") << SIGHUP;
 }
 
 void TestProcess::endsOnSignal()
@@ -121,9 +165,11 @@ void TestProcess::endsOnSignal()
     QFETCH(int, number);
     const Process process = startReady();
     QVERIFY(process);
-    const UniqueFd client = connectClient();
+    const auto asking = client();
+    const UniqueFd silent = connectUnixUntil(QFile::encodeName(socketPath()).toStdString(), deadlineIn(5s));
+    QVERIFY(asking && silent);
     ::kill(pid_t(process->processId()), number);
-    QVERIFY(process->waitForFinished(patience));
+    QVERIFY(hasEnded(*process));
     QCOMPARE(process->exitStatus(), QProcess::NormalExit);
     QCOMPARE(process->exitCode(), 0);
     QVERIFY(!QFileInfo::exists(socketPath()));
@@ -133,13 +179,115 @@ void TestProcess::leavesWithTheLastClient()
 {
     const Process process = startReady("--exit-with-last-client");
     QVERIFY(process);
-    UniqueFd client = connectClient();
-    QVERIFY(client);
+    auto last = client();
+    QVERIFY(last);
     QVERIFY2(!process->waitForFinished(6000), "stays as long as somebody is connected");
-    client.reset();
-    QVERIFY(process->waitForFinished(patience));
+    last.reset();
+    QVERIFY(hasEnded(*process));
     QCOMPARE(process->exitCode(), 0);
     QVERIFY(!QFileInfo::exists(socketPath()));
+}
+
+void TestProcess::leavesWhenTold()
+{
+    const Process process = startReady();
+    QVERIFY(process);
+    const auto last = client();
+    vela::NotifyExitArg request;
+    request.stopService = true;
+    const auto answer = last->call<vela::NotifyExitResult>("notifyExit", request);
+    QVERIFY(answer && answer->serviceStops);
+    QVERIFY(hasEnded(*process));
+    QCOMPARE(process->exitCode(), 0);
+}
+
+void TestProcess::killLosesNothingAcknowledged()
+{
+    std::set<std::string> acknowledged;
+    for (int round = 0; round < 5; ++round) {
+        const Process process = startReady();
+        QVERIFY(process);
+        const auto writer = client();
+        std::vector<int32_t> requests;
+        for (int i = 0; i < 3000; ++i) {
+            vela::StoreZelBoxMessageArg request;
+            request.message.messageId = std::to_string(round * 10000 + i);
+            request.message.topic = "zel.file";
+            requests.push_back(writer->send("storeZelBoxMessage", request));
+        }
+        // In the middle of its work, a bit later each time.
+        QTRY_VERIFY_WITH_TIMEOUT(writer->answersWaiting() > size_t(20 + 70 * round), patience);
+        ::kill(pid_t(process->processId()), SIGKILL);
+        QVERIFY(hasEnded(*process));
+        QVERIFY(writer->waitForClosed());
+        QVERIFY2(writer->answersWaiting() < requests.size(), "killed before it was done");
+        for (const int32_t request : requests) {
+            const auto answer = writer->answerTo<vela::StoreZelBoxMessageResult>(request);
+            if (answer && answer->state == 0)
+                acknowledged.insert(answer->messageId);
+        }
+    }
+    const Process process = startReady();
+    QVERIFY(process);
+    const auto reader = client();
+    std::set<std::string> kept;
+    vela::GetMsgListArg request;
+    request.count = 1000;
+    for (request.offset = 0;; request.offset += request.count) {
+        const auto list = reader->call<vela::GetMsgListResult>("getMsgList", request);
+        QVERIFY(list && list->state == 0);
+        for (const vela::MessageItem &item : list->messages)
+            kept.insert(item.id);
+        if (list->messages.empty())
+            break;
+    }
+    QVERIFY(acknowledged.size() > 100);
+    QVERIFY(std::includes(kept.begin(), kept.end(), acknowledged.begin(), acknowledged.end()));
+    process->kill();
+    QVERIFY(hasEnded(*process));
+}
+
+void TestProcess::manyRequestsInFlight()
+{
+    const Process process = startReady();
+    QVERIFY(process);
+    const auto asking = client();
+    QVERIFY(asking);
+    const size_t count = 10000;
+    for (size_t i = 0; i < count; ++i)
+        asking->send("getUserGuideStatus", vela::GetUserGuideStatusArg());
+    QTRY_COMPARE_WITH_TIMEOUT(asking->answersWaiting(), count, patience);
+    process->terminate();
+    QVERIFY(hasEnded(*process));
+}
+
+// The socket belongs to the service manager: the service takes its connections and leaves it where it is.
+void TestProcess::activatedByItsSocket()
+{
+    QVERIFY(QDir().mkdir(m_folder->filePath(QStringLiteral("zelbox"))));
+    for (int round = 0; round < 2; ++round) {
+        Process process(new QProcess);
+        process->start(QFile::decodeName(qgetenv("ZEL_ACTIVATE")),
+            {socketPath(), QFile::decodeName(qgetenv("ZEL_CLOUD"))});
+        // Connects before the service runs, as the one does that it is started for.
+        UniqueFd early;
+        QTRY_VERIFY(early = connectUnixNow(QFile::encodeName(socketPath()).toStdString()));
+        QVERIFY(waitForReady(*process));
+        QVERIFY(client());
+        const Process second = start();
+        QVERIFY(hasEnded(*second));
+        QCOMPARE(second->exitCode(), 0);
+        QVERIFY2(client(), "the other start left the socket alone");
+        process->terminate();
+        QVERIFY(hasEnded(*process));
+        QCOMPARE(process->exitCode(), 0);
+        QVERIFY(QFileInfo::exists(socketPath()));
+    }
+    const Process byHand = startReady();
+    QVERIFY(byHand);
+    QVERIFY(client());
+    byHand->terminate();
+    QVERIFY(hasEnded(*byHand));
 }
 
 QTEST_GUILESS_MAIN(TestProcess)

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "cloud/wire/serviceerror.h"
+
+#include <QStringList>
+#include <functional>
+
+namespace zel::service {
+
+/// What the account's and the envelope's methods need of other areas, which put their functions here when
+/// they are made. An empty one means that nobody does it. Main thread.
+struct ServiceHooks
+{
+    /// Cancels transfers; "notFound" when none of them runs.
+    std::function<wire::ServiceError(const QStringList &taskIds)> cancelTasks;
+    std::function<QStringList()> waitingUploads; ///< task ids
+    std::function<int()> runningTasks;           ///< transfers that are not done
+    /// A client opened or changed this local file of the cloud.
+    std::function<wire::ServiceError(const QString &file)> reportCloudDoc;
+
+    /// Filled by the service itself.
+    std::function<int()> clientCount;  ///< clients that are connected
+    std::function<void()> stopService; ///< in order, once what is owed is answered
+};
+
+} // namespace zel::service

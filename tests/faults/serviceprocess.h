@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <csignal>
+
+/// The real service in a runtime folder and a data folder of its own; may be killed and started again on the
+/// same data.
+class ServiceProcess
+{
+public:
+    ServiceProcess()
+    {
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder.path()));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.filePath(QStringLiteral("data"))));
+        qputenv("HOME", QFile::encodeName(m_folder.path()));
+        QDir(m_folder.path()).mkdir(QStringLiteral("data"));
+    }
+    ~ServiceProcess() { kill(); }
+
+    /// True once clients can connect. `wrapper`: a command that runs the program named after it.
+    bool start(const QStringList &wrapper = {})
+    {
+        m_process = std::make_unique<QProcess>();
+        QStringList command = wrapper + QStringList{qEnvironmentVariable("ZEL_CLOUD")};
+        const QString program = command.takeFirst();
+        m_process->setReadChannel(QProcess::StandardError);
+        m_process->start(program, command);
+        m_log.clear();
+        while (!m_log.contains("ready") && m_process->waitForReadyRead(Patience))
+            m_log += m_process->readAllStandardError();
+        return m_log.contains("ready");
+    }
+    void kill()
+    {
+        if (!m_process)
+            return;
+        m_process->kill();
+        m_process->waitForFinished(Patience);
+        m_log += m_process->readAllStandardError();
+    }
+    bool isRunning() const { return m_process && m_process->state() == QProcess::Running; }
+    QByteArray log()
+    {
+        m_log += m_process->readAllStandardError();
+        return m_log;
+    }
+
+    std::string socketPath() const
+    {
+        return m_folder.filePath(QStringLiteral("zelbox/cloud.sock")).toStdString();
+    }
+    QString dataFolder() const { return m_folder.filePath(QStringLiteral("data/zelbox")); }
+
+private:
+    static constexpr int Patience = 30000;
+
+    QTemporaryDir m_folder;
+    std::unique_ptr<QProcess> m_process;
+    QByteArray m_log;
+};

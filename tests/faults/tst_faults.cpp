@@ -1,0 +1,335 @@
+#include "kcloudsvrproxy.h"
+#include "serviceprocess.h"
+#include "support/wireclient.h"
+
+#include "cloud/wire/serviceerror.h"
+#include "message_types.h"
+#include "notify_types.h"
+
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSet>
+#include <QSignalSpy>
+#include <krt/krt.h>
+#include <set>
+
+using namespace zel::vela;
+using zel::wire::ServiceError;
+
+// The proxies of this test find a service that runs already; it is never theirs to start.
+QString krt::dirs::programs()
+{
+    return QStringLiteral("/nowhere");
+}
+
+namespace {
+
+constexpr int Patience = 60000;
+
+StoreZelBoxMessageArg message(const std::string &id)
+{
+    StoreZelBoxMessageArg arg;
+    arg.category = "share";
+    arg.message.messageId = id;
+    arg.message.topic = "zel.file";
+    arg.message.fileId = "f1";
+    arg.message.time = 1700000000000;
+    arg.message.msgContent.content = std::string(2000, 'x');
+    return arg;
+}
+
+} // namespace
+
+/// Sends envelopes and counts how each of them ended.
+class Asker final : public QObject
+{
+    Q_OBJECT
+public:
+    explicit Asker(KCloudSvrProxy &proxy) : m_proxy(proxy) { }
+
+    void ask(int count)
+    {
+        for (int i = 0; i < count; ++i) {
+            VelaIpcArg arg;
+            arg.nameSpace = "KVelaIpcCallObj";
+            arg.method = "getCloudDiskEntryVisible";
+            m_asked.insert(m_proxy.asynCallEx(QStringLiteral("velaIpcCall"),
+                QArgument<VelaIpcArg>("VelaIpcArg", arg), this, QStringLiteral("onAnswer")));
+        }
+    }
+    int asked() const { return m_asked.size(); }
+    int answered() const { return m_answered; }
+    int ended() const { return m_ended.size(); }
+    int endedTwice() const { return m_endedTwice; }
+
+Q_SIGNALS:
+    void endedOne();
+
+public Q_SLOTS:
+    void onAnswer(bool ok, const QString &requestId, const zel::vela::VelaIpcResult &)
+    {
+        m_answered += ok ? 1 : 0;
+        m_endedTwice += m_ended.contains(requestId) || !m_asked.contains(requestId) ? 1 : 0;
+        m_ended.insert(requestId);
+        Q_EMIT endedOne();
+    }
+
+private:
+    KCloudSvrProxy &m_proxy;
+    QSet<QString> m_asked;
+    QSet<QString> m_ended;
+    int m_answered = 0;
+    int m_endedTwice = 0;
+};
+
+class TestFaults : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { m_service = std::make_unique<ServiceProcess>(); }
+    void cleanup() { m_service.reset(); }
+    void crashOnARequest_data();
+    void crashOnARequest();
+    void tenThousandInFlight();
+    void restartsUnderLoad();
+    void nothingAcknowledgedIsLost();
+    void hostileNeighbour_data();
+    void hostileNeighbour();
+    void fullDisk();
+    void damagedDatabase_data();
+    void damagedDatabase();
+
+private:
+    bool connectProxy(KCloudSvrProxy &proxy)
+    {
+        QSignalSpy inited(&proxy, &KCloudSvrProxy::velaInited);
+        proxy.startVelaProcess(QString());
+        return inited.wait(Patience);
+    }
+    std::set<std::string> storedIds();
+
+    std::unique_ptr<ServiceProcess> m_service;
+};
+
+std::set<std::string> TestFaults::storedIds()
+{
+    WireClient client(m_service->socketPath());
+    std::set<std::string> ids;
+    if (!client.greet())
+        return ids;
+    GetMsgListArg arg;
+    arg.count = 1000;
+    for (;;) {
+        const auto list = client.call<GetMsgListResult>("getMsgList", arg);
+        if (!list || list->messages.empty())
+            return ids;
+        for (const MessageItem &item : list->messages)
+            ids.insert(item.id);
+        arg.offset += int32_t(list->messages.size());
+    }
+}
+
+void TestFaults::crashOnARequest_data()
+{
+    QTest::addColumn<int>("nth");
+    for (int nth : {1, 2, 100, 499})
+        QTest::addRow("number %d", nth) << nth;
+}
+
+void TestFaults::crashOnARequest()
+{
+    QFETCH(int, nth);
+    QVERIFY(m_service->start());
+    KCloudSvrProxy proxy;
+    QVERIFY(connectProxy(proxy));
+    Asker asker(proxy);
+    connect(&asker, &Asker::endedOne, this, [&] {
+        if (asker.ended() == nth)
+            m_service->kill();
+    });
+    asker.ask(500);
+    QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), 500, Patience);
+    QVERIFY(asker.answered() >= nth);
+    QCOMPARE(asker.endedTwice(), 0);
+
+    QVERIFY(m_service->start());
+    QVERIFY(connectProxy(proxy));
+    asker.ask(1);
+    QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), 501, Patience);
+    QCOMPARE(asker.endedTwice(), 0);
+}
+
+void TestFaults::tenThousandInFlight()
+{
+    QVERIFY(m_service->start());
+    KCloudSvrProxy proxy;
+    QVERIFY(connectProxy(proxy));
+    Asker asker(proxy);
+    asker.ask(10000);
+    QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), 10000, Patience);
+    QCOMPARE(asker.answered(), 10000);
+    QCOMPARE(asker.endedTwice(), 0);
+}
+
+void TestFaults::restartsUnderLoad()
+{
+    QVERIFY(m_service->start());
+    KCloudSvrProxy proxy;
+    QVERIFY(connectProxy(proxy));
+    Asker asker(proxy);
+    connect(&asker, &Asker::endedOne, &asker, [&asker] { // keeps a hundred under way
+        if (asker.asked() < 20000)
+            asker.ask(1);
+    });
+    asker.ask(100);
+    for (int i = 0; i < 3; ++i) {
+        const int before = asker.answered();
+        QTRY_VERIFY_WITH_TIMEOUT(asker.answered() > before + 500 || asker.asked() >= 20000, Patience);
+        m_service->kill();
+        QVERIFY(m_service->start());
+        QTRY_VERIFY_WITH_TIMEOUT(proxy.isConnected(), Patience);
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), asker.asked(), Patience);
+    QCOMPARE(asker.endedTwice(), 0);
+}
+
+// Killed at any moment, the service still has every message whose storing it has confirmed.
+void TestFaults::nothingAcknowledgedIsLost()
+{
+    std::set<std::string> confirmed;
+    for (int round = 0; round < 5; ++round) {
+        QVERIFY(m_service->start());
+        WireClient client(m_service->socketPath());
+        QVERIFY(client.greet());
+        std::map<int32_t, std::string> sent;
+        for (int i = 0; i < 200; ++i) {
+            const std::string id = std::to_string(round) + "-" + std::to_string(i);
+            sent[client.send("storeZelBoxMessage", message(id))] = id;
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(client.answersWaiting() > size_t(round) * 40, Patience);
+        m_service->kill();
+        QVERIFY(client.waitForClosed());
+        for (const auto &[number, id] : sent) {
+            const auto answer = client.answerTo<StoreZelBoxMessageResult>(number);
+            if (answer && answer->state == 0)
+                confirmed.insert(id);
+        }
+    }
+    QVERIFY(confirmed.size() > 300);
+    QVERIFY(m_service->start());
+    const std::set<std::string> kept = storedIds();
+    for (const std::string &id : confirmed)
+        QVERIFY2(kept.contains(id), id.c_str());
+}
+
+void TestFaults::hostileNeighbour_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("isClosed");
+    VelaIpcArg arg;
+    const QByteArray frame = zel::wire::callFrame("velaIpcCall", 1, arg);
+    QTest::newRow("garbage instead of a frame") << QByteArray(5000, '\xee') << true;
+    QTest::newRow("garbage inside a frame")
+        << QByteArray(frame.left(40) + QByteArray(frame.size() - 40, '\xee')) << true;
+    QByteArray manyTexts = zel::wire::listCallFrame("getLoginInfo", 1, {});
+    manyTexts.replace(manyTexts.size() - 5, 4, QByteArray::fromHex("77359400"));
+    QTest::newRow("a list of two thousand million texts") << manyTexts << true;
+    QTest::newRow("half a frame, then silence") << frame.left(frame.size() / 2) << false;
+}
+
+void TestFaults::hostileNeighbour()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(bool, isClosed);
+    QVERIFY(m_service->start());
+    WireClient neighbour(m_service->socketPath());
+    WireClient client(m_service->socketPath());
+    QVERIFY(neighbour.greet() && client.greet());
+    neighbour.channel().send(bytes);
+    if (isClosed)
+        QVERIFY(neighbour.waitForClosed());
+    QVERIFY(client.call<VelaIpcResult>("getLoginInfo", QStringList()));
+    QCOMPARE(neighbour.isOpen(), !isClosed);
+    QVERIFY(m_service->isRunning());
+}
+
+// A file system of 400 kilobytes, in a namespace of its own so that no right is needed.
+void TestFaults::fullDisk()
+{
+    const QStringList small = {QStringLiteral("unshare"), QStringLiteral("--user"),
+        QStringLiteral("--map-root-user"), QStringLiteral("--mount"), QStringLiteral("sh"),
+        QStringLiteral("-c"),
+        QStringLiteral("mount -t tmpfs -o size=400k none \"$XDG_DATA_HOME\" || exit 77; exec \"$0\" \"$@\"")};
+    QProcess trial;
+    trial.start(small.constFirst(), small.mid(1) + QStringList{QStringLiteral("true")});
+    if (!trial.waitForFinished() || trial.exitCode() != 0)
+        QSKIP("no namespaces of its own for this user");
+
+    QVERIFY(m_service->start(small));
+    WireClient client(m_service->socketPath());
+    QVERIFY(client.greet());
+    std::set<std::string> confirmed;
+    std::optional<StoreZelBoxMessageResult> answer;
+    for (int i = 0; i < 1000; ++i) {
+        const std::string id = std::to_string(i);
+        answer = client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message(id));
+        QVERIFY(answer);
+        if (answer->state != 0)
+            break;
+        confirmed.insert(id);
+    }
+    QCOMPARE(answer->state, int32_t(ServiceError::DiskFull));
+    QVERIFY(confirmed.size() > 5);
+    const std::set<std::string> kept = storedIds();
+    for (const std::string &id : confirmed)
+        QVERIFY2(kept.contains(id), id.c_str());
+}
+
+void TestFaults::damagedDatabase_data()
+{
+    QTest::addColumn<QByteArray>("contents");
+    QTest::newRow("not a database") << QByteArray(20000, 'x');
+    QTest::newRow("a page overwritten") << QByteArray();
+    QTest::newRow("cut short") << QByteArray("SQLite format 3\0", 16);
+}
+
+void TestFaults::damagedDatabase()
+{
+    QFETCH(QByteArray, contents);
+    QVERIFY(m_service->start());
+    {
+        WireClient client(m_service->socketPath());
+        QVERIFY(client.greet());
+        for (int i = 0; i < 20; ++i)
+            QVERIFY(client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message(std::to_string(i))));
+    }
+    m_service->kill();
+    const QString path = m_service->dataFolder() + QStringLiteral("/cloud.db");
+    for (const char *companion : {"-wal", "-shm"})
+        QFile::remove(path + QLatin1String(companion));
+    QFile file(path);
+    QVERIFY(file.open(contents.isEmpty() ? QIODevice::ReadWrite : QIODevice::WriteOnly));
+    if (contents.isEmpty()) {
+        contents = QByteArray(3000, '\x55');
+        file.seek(100); // the first page's tree, behind the file's head
+    }
+    QCOMPARE(file.write(contents), qint64(contents.size()));
+    file.close();
+
+    QVERIFY(m_service->start());
+    WireClient client(m_service->socketPath());
+    QVERIFY(client.greet());
+    const auto told = client.waitForPush<NotifyUserGenericInfoArg>("notifyUserGenericInfo");
+    QVERIFY(told);
+    QCOMPARE(QByteArray::fromStdString(told->infoKey), QByteArray("databaseDamaged"));
+    const auto stored = client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message("new"));
+    QVERIFY(stored && stored->state == 0);
+    QCOMPARE(storedIds(), std::set<std::string>{"new"});
+    const QStringList kept =
+        QDir(m_service->dataFolder()).entryList({QStringLiteral("cloud.db.damaged-*")}, QDir::Files);
+    QVERIFY2(
+        !kept.filter(QRegularExpression(QStringLiteral("\\d$"))).isEmpty(), "the damaged file is kept aside");
+}
+
+QTEST_GUILESS_MAIN(TestFaults)
+#include "tst_faults.moc"

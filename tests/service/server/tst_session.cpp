@@ -1,0 +1,289 @@
+#include "cloud/wire/registry.h"
+#include "service/server/sessionfixture.h"
+
+#include <QtTest>
+#include <sys/socket.h>
+
+using namespace std::chrono_literals;
+using namespace zel;
+using namespace zel::service;
+
+namespace {
+
+QByteArray greeting(int version)
+{
+    vela::GetVersionArg who;
+    who.protocolVersion = version;
+    return wire::callFrame("getVersion", 1, who);
+}
+
+QByteArray sized(quint32 length, const QByteArray &body)
+{
+    QByteArray frame(4, '\0');
+    qToBigEndian(length, frame.data());
+    return frame + body;
+}
+
+// A request whose list claims two thousand million entries.
+QByteArray hugeList()
+{
+    QByteArray frame = wire::listCallFrame("getUserId", 7, {});
+    const QByteArray none("\x0b\0\0\0\0", 5);
+    return frame.replace(none, QByteArray("\x0b\x7f\xff\xff\xff", 5));
+}
+
+} // namespace
+
+class TestSession : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void handshake_data();
+    void handshake();
+    void mustGreetInTime();
+    void brokenClient_data();
+    void brokenClient();
+    void halfAFrame();
+    void unknownMethod();
+    void damagedRequest();
+    void answerAfterTheClientHasGone();
+    void droppedAnswerIsAnError();
+    void stopsReadingWhileMuchWaits();
+    void dropsAClientThatStopsReading();
+    void dropsAClientThatLetsPushesPileUp();
+    void stopsReadingWhileMuchIsOwed();
+
+private:
+    std::unique_ptr<SessionFixture> m_fixture;
+};
+
+void TestSession::init()
+{
+    m_fixture = std::make_unique<SessionFixture>();
+}
+
+void TestSession::handshake_data()
+{
+    QTest::addColumn<QByteArray>("first");
+    QTest::addColumn<QString>("answer"); // a text in it; empty: none, the connection just ends
+    QTest::newRow("older version") << greeting(0) << "version 0 of the link, this service version 1";
+    QTest::newRow("newer version") << greeting(2) << "version 2 of the link, this service version 1";
+    QTest::newRow("another method") << wire::callFrame("getUsers", 1, vela::GetUsersArg())
+                                    << "must be getVersion";
+    QTest::newRow("unknown method") << wire::callFrame("nonsense", 1, vela::GetUsersArg())
+                                    << "must be getVersion";
+    QTest::newRow("no record") << sized(23, QByteArray("\x80\1\0\1\0\0\0\x0agetVersion\0\0\0\1\0", 23))
+                               << "must be getVersion";
+    QTest::newRow("push") << wire::pushFrame("notifyAction", vela::NotifyActionArg()) << "";
+    QTest::newRow("reply") << wire::replyFrame("getVersion", 1, vela::GetVersionResult()) << "";
+}
+
+void TestSession::handshake()
+{
+    QFETCH(QByteArray, first);
+    QFETCH(QString, answer);
+    int welcomed = 0;
+    connect(m_fixture->server.get(), &CloudServer::welcomed, this, [&welcomed] { ++welcomed; });
+    const auto good = m_fixture->welcomeClient();
+    WireClient bad(m_fixture->path());
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("client 2")));
+    bad.channel().send(first);
+    QVERIFY(bad.waitForClosed());
+    if (!answer.isEmpty()) {
+        const auto bytes = bad.waitForAnswer(1);
+        QVERIFY(bytes);
+        QVERIFY2(bytes->contains(answer.toUtf8()), bytes->constData());
+    }
+    QCOMPARE(bad.answersWaiting(), size_t(0));
+    QCOMPARE(welcomed, 1);
+    QVERIFY(good->call<vela::GetMsgListResult>("getMsgList", vela::GetMsgListArg()));
+}
+
+void TestSession::mustGreetInTime()
+{
+    SessionLimits limits;
+    limits.handshakeTime = 50ms;
+    m_fixture->makeServer(limits);
+    const auto good = m_fixture->welcomeClient();
+    const WireClient silent(m_fixture->path());
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("did not say who it is")));
+    QVERIFY(silent.waitForClosed());
+    QVERIFY(good->isOpen());
+}
+
+void TestSession::brokenClient_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("text") << QByteArray("GET / HTTP/1.1\r\nHost: localhost\r\n\r\n");
+    QTest::newRow("zeros") << QByteArray(100, '\0');
+    QTest::newRow("frame above the limit") << sized(wire::LargestFrame + 1, "x");
+    QTest::newRow("not a message") << sized(20, QByteArray(20, '\x80'));
+    QTest::newRow("old binary form") << sized(17, QByteArray("\0\0\0\x04ping\1\0\0\0\1\0\0\0\0", 17));
+    QTest::newRow("method name above the limit")
+        << wire::callFrame(std::string(300, 'm'), 1, vela::GetMsgListArg());
+    QTest::newRow("list above the limit") << hugeList();
+    QTest::newRow("push") << wire::pushFrame("notifyAction", vela::NotifyActionArg());
+    QTest::newRow("reply") << wire::replyFrame("getMsgList", 1, vela::GetMsgListResult());
+}
+
+void TestSession::brokenClient()
+{
+    QFETCH(QByteArray, bytes);
+    const auto good = m_fixture->welcomeClient();
+    const auto bad = m_fixture->welcomeClient();
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("client 2: .*connection closed")));
+    bad->channel().send(bytes);
+    QVERIFY(bad->waitForClosed());
+    QCOMPARE(m_fixture->server->clientCount(), 1);
+    QVERIFY(good->call<vela::GetMsgListResult>("getMsgList", vela::GetMsgListArg()));
+}
+
+void TestSession::halfAFrame()
+{
+    SessionLimits limits;
+    limits.frameTime = 50ms;
+    m_fixture->makeServer(limits);
+    const auto slow = m_fixture->welcomeClient();
+    const QByteArray frame = wire::callFrame("getMsgList", 5, vela::GetMsgListArg());
+    slow->channel().send(frame.left(frame.size() / 2));
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("half a frame")));
+    QVERIFY(slow->waitForClosed());
+}
+
+void TestSession::unknownMethod()
+{
+    const auto client = m_fixture->welcomeClient();
+    QVERIFY(!client->call<vela::GetMsgListResult>("noSuchMethod", vela::GetMsgListArg()));
+    QCOMPARE(client->error(), QStringLiteral("There is no such method."));
+    QVERIFY(client->call<vela::GetMsgListResult>("getMsgList", vela::GetMsgListArg()));
+}
+
+// A request that lacks a field that it must have is answered, so that the asker does not wait for its
+// time-out.
+void TestSession::damagedRequest()
+{
+    const auto client = m_fixture->welcomeClient();
+    QByteArray frame = wire::callFrame("getMsgList", 40, vela::GetMsgListArg());
+    frame.chop(3);
+    qToBigEndian(quint32(frame.size() - 4), frame.data());
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("ends too early")));
+    client->channel().send(frame);
+    const auto answer = client->answerTo<vela::GetMsgListResult>(40);
+    QVERIFY(answer);
+    QCOMPARE(answer->errorInfo.errResult, std::string("invalidArgument"));
+    QVERIFY(client->waitForClosed());
+    QCOMPARE(m_fixture->handled, 0);
+}
+
+void TestSession::answerAfterTheClientHasGone()
+{
+    auto gone = m_fixture->welcomeClient();
+    const auto stays = m_fixture->welcomeClient();
+    gone->channel().send(wire::listCallFrame("getUserId", 2, {}));
+    QTRY_COMPARE(m_fixture->held.size(), size_t(1));
+    gone.reset();
+    QTRY_COMPARE(m_fixture->server->clientCount(), 1);
+    m_fixture->held.front().send({});
+    QVERIFY(stays->call<vela::GetMsgListResult>("getMsgList", vela::GetMsgListArg()));
+}
+
+void TestSession::droppedAnswerIsAnError()
+{
+    const auto client = m_fixture->welcomeClient();
+    client->channel().send(wire::listCallFrame("getUserId", 70, {}));
+    QTRY_COMPARE(m_fixture->held.size(), size_t(1));
+    m_fixture->held.clear();
+    const auto answer = client->answerTo<vela::GetUserIdResult>(70);
+    QVERIFY(answer);
+    QCOMPARE(answer->errorInfo.errResult, std::string("internal"));
+}
+
+void TestSession::stopsReadingWhileMuchWaits()
+{
+    SessionLimits limits;
+    limits.pauseBytes = 1 << 20;
+    m_fixture->makeServer(limits);
+    m_fixture->answerSize = 100000;
+    const auto client = m_fixture->welcomeClient();
+    const auto other = m_fixture->welcomeClient();
+    client->channel().setPaused(true);
+    const int requests = 100; // 10 MB of answers
+    int32_t last = 0;
+    for (int i = 0; i < requests; ++i)
+        last = client->send("getMsgList", vela::GetMsgListArg());
+    QTRY_VERIFY(m_fixture->handled > 5);
+    QVERIFY(other->call<vela::GetMsgListResult>("getMsgList", vela::GetMsgListArg()));
+    QVERIFY2(m_fixture->handled < 30, "about a megabyte of answers waits, and what the socket holds");
+    client->channel().setPaused(false);
+    QVERIFY(client->waitForAnswer(last));
+    QCOMPARE(m_fixture->handled, requests + 1);
+    QCOMPARE(client->answersWaiting(), size_t(requests - 1));
+}
+
+void TestSession::dropsAClientThatStopsReading()
+{
+    SessionLimits limits;
+    limits.pauseBytes = 1 << 20;
+    limits.stallTime = 100ms;
+    m_fixture->makeServer(limits);
+    m_fixture->answerSize = 4 << 20;
+    const auto reads = m_fixture->welcomeClient();
+    const auto sleeps = m_fixture->welcomeClient();
+    sleeps->channel().setPaused(true);
+    QTest::ignoreMessage(
+        QtWarningMsg, QRegularExpression(QStringLiteral("client 2: it has stopped reading")));
+    sleeps->send("getMsgList", vela::GetMsgListArg());
+    QTRY_COMPARE(m_fixture->server->clientCount(), 1);
+    QVERIFY(reads->call<vela::GetMsgListResult>("getMsgList", vela::GetMsgListArg()));
+    QTest::qWait(250); // two rounds: one that took everything is not watched any more
+    QVERIFY(reads->isOpen());
+}
+
+void TestSession::dropsAClientThatLetsPushesPileUp()
+{
+    SessionLimits limits;
+    limits.pauseBytes = 1 << 20;
+    limits.mostBytes = 2 << 20;
+    m_fixture->makeServer(limits);
+    const auto reads = m_fixture->welcomeClient();
+    const auto sleeps = m_fixture->welcomeClient();
+    sleeps->channel().setPaused(true);
+    vela::NotifyActionArg action;
+    action.params["filler"] = std::string(300000, 'x');
+    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("client 2: it does not read")));
+    for (int i = 0; i < 20; ++i) {
+        m_fixture->server->push("notifyAction", action);
+        QVERIFY(reads->waitForPush<vela::NotifyActionArg>("notifyAction"));
+    }
+    QCOMPARE(m_fixture->server->clientCount(), 1);
+}
+
+void TestSession::stopsReadingWhileMuchIsOwed()
+{
+    SessionLimits limits;
+    limits.mostOwed = 10;
+    m_fixture->makeServer(limits);
+    const auto client = m_fixture->welcomeClient();
+    const auto other = m_fixture->welcomeClient();
+    for (int i = 0; i < 25; ++i)
+        client->channel().send(wire::listCallFrame("getUserId", 100 + i, {}));
+    QTRY_COMPARE(m_fixture->held.size(), size_t(10));
+    QVERIFY(other->call<vela::GetMsgListResult>("getMsgList", vela::GetMsgListArg()));
+    QCOMPARE(m_fixture->held.size(), size_t(10));
+    for (int i = 0; i < 5; ++i)
+        m_fixture->held[size_t(i)].send({});
+    m_fixture->held.erase(m_fixture->held.begin(), m_fixture->held.begin() + 5);
+    QTRY_COMPARE(m_fixture->held.size(), size_t(10));
+    while (!m_fixture->held.empty()) {
+        std::vector<SessionFixture::Held> held = std::move(m_fixture->held);
+        m_fixture->held.clear();
+        for (SessionFixture::Held &answer : held)
+            answer.send({});
+        QTest::qWait(1);
+    }
+    QTRY_COMPARE(client->answersWaiting(), size_t(25));
+}
+
+QTEST_GUILESS_MAIN(TestSession)
+#include "tst_session.moc"

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "service/cloudservice.h"
+#include "support/wireclient.h"
+
+#include <QTemporaryDir>
+
+/// The whole service in the test's own thread, with a database of its own.
+class ServiceFixture
+{
+public:
+    ServiceFixture() { restart(); }
+
+    /// As if the process had ended and been started again; `meanwhile` may change the closed database.
+    void restart(const std::function<void(const QString &file)> &meanwhile = {})
+    {
+        using namespace std::chrono_literals;
+        m_service.reset();
+        m_instance.reset();
+        if (meanwhile)
+            meanwhile(databaseFile());
+        m_instance = std::make_unique<zel::posix::SingleInstance>(m_folder.path().toStdString(), "cloud");
+        if (m_instance->claim(zel::posix::deadlineIn(5s)) != zel::posix::SingleInstance::Claim::Owner)
+            qFatal("the service cannot be started");
+        m_service = std::make_unique<zel::service::CloudService>(*m_instance, databaseFile());
+        m_service->start();
+    }
+    /// A client that has passed the handshake.
+    std::unique_ptr<WireClient> client()
+    {
+        auto made = std::make_unique<WireClient>(m_instance->socketPath());
+        if (!made->greet())
+            qFatal("the service does not welcome its client");
+        return made;
+    }
+    zel::service::CloudService &service() { return *m_service; }
+    QString databaseFile() const { return m_folder.filePath(QStringLiteral("cloud.db")); }
+    QString folder() const { return m_folder.path(); }
+
+private:
+    QTemporaryDir m_folder;
+    std::unique_ptr<zel::posix::SingleInstance> m_instance;
+    std::unique_ptr<zel::service::CloudService> m_service;
+};

@@ -1,0 +1,272 @@
+#include "service/store/clouddatabase.h"
+#include "service/store/servicetables.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+#include <sys/stat.h>
+
+using namespace zel;
+using namespace zel::service;
+using wire::ServiceError;
+
+namespace {
+
+constexpr char user[] = "local-1000";
+
+QByteArray contents(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+int modeOf(const QString &path)
+{
+    struct stat info = {};
+    return ::stat(QFile::encodeName(path).constData(), &info) == 0 ? int(info.st_mode & 0777) : -1;
+}
+
+} // namespace
+
+class TestDatabase : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void keepsWhatWasWritten();
+    void privateFiles();
+    void settings();
+    void unusableFile_data();
+    void unusableFile();
+    void damageWhileItRuns();
+    void fullDisk();
+    void triesAgain();
+    void migrates();
+
+private:
+    struct Store
+    {
+        explicit Store(const QString &file) : database(file), tables(database) { }
+        CloudDatabase database;
+        ServiceTables tables;
+    };
+    void write(const QByteArray &bytes) const;
+    void fill() const; // with enough rows that a page in the middle belongs to them
+    QStringList keptAside() const
+    {
+        return QDir(m_folder->path()).entryList({QStringLiteral("cloud.db.damaged*")}, QDir::AllEntries);
+    }
+
+    std::unique_ptr<QTemporaryDir> m_folder;
+    QString m_file;
+};
+
+void TestDatabase::init()
+{
+    m_folder = std::make_unique<QTemporaryDir>();
+    m_file = m_folder->filePath(QStringLiteral("cloud.db"));
+}
+
+void TestDatabase::write(const QByteArray &bytes) const
+{
+    QFile file(m_file);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(bytes), bytes.size());
+}
+
+void TestDatabase::fill() const
+{
+    Store store(m_file);
+    QMap<QString, QString> values;
+    for (int i = 0; i < 2000; ++i)
+        values.insert(QString::number(i), QString(50, QLatin1Char('v')));
+    QCOMPARE(store.tables.write(QLatin1String(user), values), ServiceError::None);
+}
+
+void TestDatabase::keepsWhatWasWritten()
+{
+    QString device;
+    {
+        Store store(m_file);
+        QCOMPARE(store.tables.deviceId(device), ServiceError::None);
+        QCOMPARE(device.size(), 36);
+        QCOMPARE(store.tables.write(QLatin1String(user), {{QStringLiteral("key"), QStringLiteral("value")}}),
+            ServiceError::None);
+    }
+    Store store(m_file);
+    QString again;
+    QString value;
+    QCOMPARE(store.tables.deviceId(again), ServiceError::None);
+    QCOMPARE(again, device);
+    QCOMPARE(store.tables.read(QLatin1String(user), QStringLiteral("key"), value), ServiceError::None);
+    QCOMPARE(value, QStringLiteral("value"));
+    QVERIFY(keptAside().isEmpty());
+}
+
+void TestDatabase::privateFiles()
+{
+    write({});
+    QVERIFY(QFile::setPermissions(
+        m_file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
+    Store store(m_file);
+    QString device;
+    QCOMPARE(store.tables.deviceId(device), ServiceError::None);
+    QCOMPARE(modeOf(m_file), 0600);
+    QCOMPARE(modeOf(m_file + QLatin1String("-wal")), 0600);
+    QCOMPARE(store.database.connection().number("PRAGMA synchronous"), qint64(2)); // FULL
+}
+
+void TestDatabase::settings()
+{
+    Store store(m_file);
+    const QString me = QLatin1String(user);
+    QCOMPARE(store.tables.write(me,
+                 {{QStringLiteral("guide/a"), QStringLiteral("1")},
+                     {QStringLiteral("guide/%"), QStringLiteral("2")},
+                     {QStringLiteral("guidf"), QStringLiteral("3")}}),
+        ServiceError::None);
+    QCOMPARE(store.tables.write(me, {{QStringLiteral("guide/a"), QStringLiteral("4")}}), ServiceError::None);
+    QCOMPARE(store.tables.write(QStringLiteral("other"), {{QStringLiteral("guide/b"), QStringLiteral("5")}}),
+        ServiceError::None);
+    QMap<QString, QString> values;
+    QCOMPARE(store.tables.readAll(me, QStringLiteral("guide/"), values), ServiceError::None);
+    QCOMPARE(values,
+        (QMap<QString, QString>{
+            {QStringLiteral("%"), QStringLiteral("2")}, {QStringLiteral("a"), QStringLiteral("4")}}));
+    QString value = QStringLiteral("default");
+    QCOMPARE(store.tables.read(me, QStringLiteral("never"), value), ServiceError::None);
+    QCOMPARE(value, QStringLiteral("default"));
+}
+
+void TestDatabase::unusableFile_data()
+{
+    QTest::addColumn<QString>("damage");
+    QTest::newRow("another format") << "text";
+    QTest::newRow("zeroed header") << "header";
+    QTest::newRow("a page in the middle overwritten") << "page";
+    QTest::newRow("cut in half") << "cut";
+    QTest::newRow("tables of others in it") << "foreign";
+    QTest::newRow("made by a later version") << "newer";
+    QTest::newRow("a folder") << "folder";
+}
+
+void TestDatabase::unusableFile()
+{
+    QFETCH(QString, damage);
+    fill();
+    QByteArray bytes = contents(m_file);
+    QVERIFY(bytes.size() > 40000);
+    if (damage == QLatin1String("text"))
+        bytes = QByteArray("These are notes.\n").repeated(1000);
+    else if (damage == QLatin1String("header"))
+        bytes.replace(0, 100, QByteArray(100, '\0'));
+    else if (damage == QLatin1String("page"))
+        bytes.replace(20000, 4096, QByteArray(4096, '\x5a'));
+    else if (damage == QLatin1String("cut"))
+        bytes.truncate(bytes.size() / 2);
+    if (damage == QLatin1String("foreign") || damage == QLatin1String("newer")) {
+        sqlite::Database other;
+        QVERIFY(other.open(m_file));
+        QVERIFY(damage == QLatin1String("newer")
+                ? other.exec("UPDATE schema_version SET version = 99")
+                : other.exec("DROP TABLE schema_version; ALTER TABLE device RENAME TO other"));
+        other.close();
+        bytes = contents(m_file);
+    } else if (damage == QLatin1String("folder")) {
+        QVERIFY(QFile::remove(m_file) && QDir().mkdir(m_file));
+    } else {
+        write(bytes);
+    }
+
+    Store store(m_file);
+    QSignalSpy replaced(&store.database, &CloudDatabase::replaced);
+    QString device;
+    QCOMPARE(store.tables.deviceId(device), ServiceError::None);
+    QCOMPARE(device.size(), 36);
+    QCOMPARE(replaced.count(), 1);
+    QCOMPARE(keptAside(), QStringList{QFileInfo(store.database.keptAside()).fileName()});
+    if (damage != QLatin1String("folder"))
+        QVERIFY2(contents(store.database.keptAside()) == bytes, "what was there is kept as it was");
+    QCOMPARE(Store(m_file).database.ready(), ServiceError::None);
+    QCOMPARE(keptAside().size(), 1);
+}
+
+void TestDatabase::damageWhileItRuns()
+{
+    fill();
+    Store store(m_file);
+    QSignalSpy replaced(&store.database, &CloudDatabase::replaced);
+    QCOMPARE(store.database.ready(), ServiceError::None);
+    QByteArray bytes = contents(m_file);
+    write(bytes.replace(4096, bytes.size() - 4096, QByteArray(bytes.size() - 4096, '\x5a')));
+    store.database.connection().exec("PRAGMA shrink_memory"); // forgets the pages that it has read
+    QMap<QString, QString> values;
+    QCOMPARE(store.tables.readAll(QLatin1String(user), {}, values), ServiceError::Corrupt);
+    QCOMPARE(store.tables.readAll(QLatin1String(user), {}, values), ServiceError::None);
+    QCOMPARE(replaced.count(), 1);
+    QVERIFY(values.isEmpty());
+}
+
+void TestDatabase::fullDisk()
+{
+    Store store(m_file);
+    QSignalSpy replaced(&store.database, &CloudDatabase::replaced);
+    const QString me = QLatin1String(user);
+    QCOMPARE(
+        store.tables.write(me, {{QStringLiteral("before"), QStringLiteral("kept")}}), ServiceError::None);
+    sqlite::Database &connection = store.database.connection();
+    const qint64 pages = connection.number("PRAGMA page_count");
+    QVERIFY(connection.exec(qPrintable(QStringLiteral("PRAGMA max_page_count=%1").arg(pages))));
+    const QString much(100000, QLatin1Char('x'));
+    QCOMPARE(store.tables.write(
+                 me, {{QStringLiteral("a"), QStringLiteral("small")}, {QStringLiteral("much"), much}}),
+        ServiceError::DiskFull);
+    QString value;
+    QCOMPARE(store.tables.read(me, QStringLiteral("a"), value), ServiceError::None);
+    QVERIFY2(value.isEmpty(), "all or none");
+    QCOMPARE(store.tables.read(me, QStringLiteral("before"), value), ServiceError::None);
+    QCOMPARE(value, QStringLiteral("kept"));
+    QVERIFY(connection.exec("PRAGMA max_page_count=100000"));
+    QCOMPARE(store.tables.write(me, {{QStringLiteral("much"), much}}), ServiceError::None);
+    QCOMPARE(replaced.count(), 0);
+}
+
+void TestDatabase::triesAgain()
+{
+    const QString folder = m_folder->filePath(QStringLiteral("data"));
+    QFile obstacle(folder);
+    QVERIFY(obstacle.open(QIODevice::WriteOnly));
+    Store store(folder + QLatin1String("/cloud.db"));
+    QSignalSpy opened(&store.database, &CloudDatabase::opened);
+    QString device;
+    QCOMPARE(store.tables.deviceId(device), ServiceError::InputOutput);
+    QCOMPARE(store.tables.deviceId(device), ServiceError::InputOutput);
+    QVERIFY(obstacle.remove());
+    QCOMPARE(store.tables.deviceId(device), ServiceError::None);
+    QCOMPARE(opened.count(), 1);
+    QCOMPARE(modeOf(folder), 0700);
+}
+
+void TestDatabase::migrates()
+{
+    constexpr const char *texts[] = {"CREATE TABLE t (a TEXT); INSERT INTO t VALUES ('old')",
+        "ALTER TABLE t ADD COLUMN b TEXT; UPDATE t SET b = a || '+'", "not a statement"};
+    const std::span<const char *const> all(texts);
+    const QString area = QStringLiteral("area");
+    sqlite::Database database;
+    QVERIFY(database.open(m_file));
+    QCOMPARE(prepareSchema(database, area, all.first(1)), SchemaState::Ready);
+    QCOMPARE(prepareSchema(database, QStringLiteral("another"), {}), SchemaState::Ready);
+    QCOMPARE(prepareSchema(database, area, all.first(2)), SchemaState::Ready);
+    QCOMPARE(prepareSchema(database, area, all.first(2)), SchemaState::Ready);
+    QCOMPARE(database.number("SELECT count(*) FROM t WHERE b = 'old+'"), qint64(1));
+    QCOMPARE(prepareSchema(database, area, all.first(1)), SchemaState::Newer);
+    QCOMPARE(prepareSchema(database, area, all), SchemaState::Failed);
+    database.clearFailure();
+    QCOMPARE(database.number("SELECT version FROM schema_version WHERE area = 'area'"), qint64(2));
+}
+
+QTEST_GUILESS_MAIN(TestDatabase)
+#include "tst_database.moc"

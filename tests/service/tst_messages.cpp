@@ -1,0 +1,387 @@
+#include "message_types.h"
+#include "notify_types.h"
+#include "service/servicefixture.h"
+
+#include <QtTest>
+
+using namespace zel;
+
+namespace {
+
+using Ids = std::vector<std::string>;
+
+vela::NewMessageItem message(
+    const char *id, const char *topic, qint64 time, const char *file, const char *person)
+{
+    vela::NewMessageItem item;
+    item.messageId = id;
+    item.category = "document";
+    item.topic = topic;
+    item.type = "shared";
+    item.time = time;
+    item.fileId = file;
+    item.operatorId = person;
+    return item;
+}
+
+vela::NewMessageItem fullMessage()
+{
+    vela::NewMessageItem item = message("full", "zel.link", 1700000000123, "file", "person");
+    item.fileName = "Notes $$$$ #### 'x'.odt";
+    item.filePath = "/home/user/Notes.odt";
+    item.groupId = "group";
+    item.groupName = "Group";
+    item.parentId = "parent";
+    item.companyId = "company";
+    item.linkSid = "link";
+    item.operatorName = "Jürgen 山田";
+    item.operatorAvatar = "https://example.org/p.png";
+    item.deviceId = "device";
+    item.deviceName = "desk";
+    item.fileVersion = 9007199254740993;
+    item.waitForUpdate = true;
+    item.msgContent.title = "title";
+    item.msgContent.content = "line\nline";
+    item.msgContent.summary = "summary";
+    item.msgContent.url = "https://example.org/";
+    item.msgContent.iconUrl = "icon";
+    item.msgContent.ext = R"({"a": [1]})";
+    item.msgContent.buttons.resize(2);
+    item.msgContent.buttons[0].text = "Open";
+    item.msgContent.buttons[0].action = "openFile";
+    item.msgContent.buttons[0].target = "file";
+    item.msgContent.buttons[0].primary = true;
+    item.extraParam = {{"", "empty key"}, {"key", ""}};
+    return item;
+}
+
+template <class Items> Ids idsOf(const Items &items)
+{
+    Ids ids;
+    for (const auto &item : items) {
+        if constexpr (requires { item.messageId; })
+            ids.push_back(item.messageId);
+        else
+            ids.push_back(item.id);
+    }
+    return ids;
+}
+
+QString commandLine(const char *command, const char *statement, const char *guid)
+{
+    return QStringLiteral("/%1=%2 /TaskGuid=%3")
+        .arg(QLatin1String(command), QString::fromLatin1(QByteArray(statement).toBase64()),
+            QLatin1String(guid));
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(std::vector<std::string>)
+Q_DECLARE_METATYPE(zel::vela::GetMsgListArg)
+
+class TestMessages : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void storedMessageComesBackWhole();
+    void tellsOfANewMessage_data();
+    void tellsOfANewMessage();
+    void knownMessage();
+    void lists_data();
+    void lists();
+    void unreadInParts();
+    void unreadCounts();
+    void marksRead();
+    void deletes();
+    void waitsForUpdate();
+    void commandLines();
+    void greetsWithTheTables();
+
+private:
+    vela::StoreZelBoxMessageResult store(const vela::NewMessageItem &item, bool replace = false);
+    void fill();
+    /// The next command pushed to `client`: name and JSON.
+    std::pair<std::string, std::string> command(WireClient &client);
+
+    std::unique_ptr<ServiceFixture> m_fixture;
+    std::unique_ptr<WireClient> m_client;
+};
+
+void TestMessages::init()
+{
+    m_client.reset();
+    m_fixture = std::make_unique<ServiceFixture>();
+    m_client = m_fixture->client();
+    QCOMPARE(command(*m_client).first, std::string("MessageDbLoadFinish"));
+}
+
+vela::StoreZelBoxMessageResult TestMessages::store(const vela::NewMessageItem &item, bool replace)
+{
+    vela::StoreZelBoxMessageArg request;
+    request.message = item;
+    request.replaceExisting = replace;
+    return m_client->call<vela::StoreZelBoxMessageResult>("storeZelBoxMessage", request)
+        .value_or(vela::StoreZelBoxMessageResult());
+}
+
+void TestMessages::fill()
+{
+    store(message("1", "zel.file", 10, "A", "ann"));
+    store(message("2", "zel.link", 20, "A", "bob"));
+    store(message("3", "zel.roaming", 30, "B", "ann"));
+    vela::NewMessageItem read = message("4", "zel.file", 40, "C", "bob");
+    read.bRead = true;
+    store(read);
+    vela::NewMessageItem team = message("5", "zel.file", 50, "", "ann");
+    team.category = "team";
+    store(team);
+}
+
+std::pair<std::string, std::string> TestMessages::command(WireClient &client)
+{
+    const auto push = client.waitForPush<vela::NotifyActionsMapArg>("notifyActionsMap");
+    return push && push->actionsMap.size() == 1 ? *push->actionsMap.begin()
+                                                : std::pair<const std::string, std::string>();
+}
+
+void TestMessages::storedMessageComesBackWhole()
+{
+    const vela::NewMessageItem item = fullMessage();
+    QCOMPARE(store(item).state, 0);
+    m_fixture->restart();
+    m_client = m_fixture->client();
+    const auto list = m_client->call<vela::GetUnreadNewMsgListResult>(
+        "getUnreadNewMsgList", vela::GetUnreadNewMsgListArg());
+    QCOMPARE(list->messages.size(), size_t(1));
+    QVERIFY(list->messages[0] == item);
+}
+
+void TestMessages::tellsOfANewMessage_data()
+{
+    QTest::addColumn<QByteArray>("topic");
+    QTest::addColumn<QByteArray>("command");
+    QTest::newRow("document") << QByteArray("zel.file") << QByteArray("NewMsgArrive");
+    QTest::newRow("roaming") << QByteArray("zel.roaming") << QByteArray("NewRoamingMsgArrive");
+}
+
+void TestMessages::tellsOfANewMessage()
+{
+    QFETCH(QByteArray, topic);
+    QFETCH(QByteArray, command);
+    const auto other = m_fixture->client();
+    QCOMPARE(this->command(*other).first, std::string("MessageDbLoadFinish"));
+    const auto stored = store(message("", topic.constData(), 0, "A", "ann"));
+    QCOMPARE(stored.messageId.size(), size_t(36));
+    QVERIFY(stored.time > 1600000000000);
+    QCOMPARE(stored.unreadCount, 1);
+    QCOMPARE(this->command(*other).first, command.toStdString());
+    const auto list = other->waitForPush<vela::NotifyMsgListArg>("notifyMsgList");
+    QCOMPARE(list->newMsgList, Ids{stored.messageId});
+    QCOMPARE(list->messages.at(0).id, stored.messageId);
+    QCOMPARE(list->unreadCount, 1);
+}
+
+void TestMessages::knownMessage()
+{
+    vela::NewMessageItem item = fullMessage();
+    store(item);
+    item.msgContent.title = "changed";
+    QCOMPARE(store(item).errorInfo.errResult, std::string("exists"));
+    const auto replaced = store(item, true);
+    QVERIFY(replaced.replaced);
+    QCOMPARE(replaced.unreadCount, 1);
+    const auto list = m_client->call<vela::GetMsgListResult>("getMsgList", vela::GetMsgListArg());
+    QCOMPARE(list->total, 1);
+    QCOMPARE(list->messages.at(0).msgContent.title, std::string("changed"));
+}
+
+void TestMessages::lists_data()
+{
+    QTest::addColumn<vela::GetMsgListArg>("request");
+    QTest::addColumn<Ids>("ids");
+    QTest::addColumn<int>("total");
+    QTest::addColumn<int>("unread");
+    const auto row = [](const char *name, auto change, const Ids &ids, int total, int unread) {
+        vela::GetMsgListArg request;
+        change(request);
+        QTest::newRow(name) << request << ids << total << unread;
+    };
+    row(
+        "all", [](auto &) {}, {"5", "4", "3", "2", "1"}, 5, 4);
+    row(
+        "category", [](auto &r) { r.category = "team"; }, {"5"}, 1, 1);
+    row(
+        "topics",
+        [](auto &r) {
+            r.topics = {"zel.link", "zel.roaming"};
+        },
+        {"3", "2"}, 2, 2);
+    row(
+        "types", [](auto &r) { r.types = {"other"}; }, {}, 0, 0);
+    row(
+        "document", [](auto &r) { r.fileId = "A"; }, {"2", "1"}, 2, 2);
+    row(
+        "person", [](auto &r) { r.operatorId = "bob"; }, {"4", "2"}, 2, 1);
+    row(
+        "unread", [](auto &r) { r.unreadOnly = true; }, {"5", "3", "2", "1"}, 4, 4);
+    row(
+        "times", [](auto &r) { r.sinceTime = 20, r.untilTime = 40; }, {"4", "3", "2"}, 3, 2);
+    row(
+        "part", [](auto &r) { r.offset = 1, r.count = 2; }, {"4", "3"}, 5, 4);
+    row(
+        "beyond", [](auto &r) { r.offset = 9; }, {}, 5, 4);
+    row(
+        "quotes", [](auto &r) { r.fileId = "A' OR '1'='1"; }, {}, 0, 0);
+}
+
+void TestMessages::lists()
+{
+    fill();
+    QFETCH(vela::GetMsgListArg, request);
+    const auto list = m_client->call<vela::GetMsgListResult>("getMsgList", request);
+    QTEST(idsOf(list->messages), "ids");
+    QTEST(int(list->total), "total");
+    QTEST(int(list->unreadCount), "unread");
+}
+
+void TestMessages::unreadInParts()
+{
+    fill();
+    store(message("6", "zel.file", 50, "A", "ann")); // the same time as another one
+    vela::GetUnreadNewMsgListArg request;
+    request.count = 2;
+    Ids all;
+    for (int part = 0; part < 10; ++part) {
+        const auto list = m_client->call<vela::GetUnreadNewMsgListResult>("getUnreadNewMsgList", request);
+        QCOMPARE(list->unreadCount, 5);
+        for (const std::string &id : idsOf(list->messages))
+            all.push_back(id);
+        if (!list->hasMore)
+            break;
+        QCOMPARE(list->messages.size(), size_t(2));
+        request.cursor = list->nextCursor;
+    }
+    QCOMPARE(all, (Ids{"5", "6", "3", "2", "1"}));
+    request = {};
+    request.latestPerFile = true;
+    const auto latest = m_client->call<vela::GetUnreadNewMsgListResult>("getUnreadNewMsgList", request);
+    QCOMPARE(idsOf(latest->messages), (Ids{"5", "6", "3"}));
+    vela::GetUnreadMsgListArg unread;
+    unread.offset = 3;
+    const auto rest = m_client->call<vela::GetUnreadMsgListResult>("getUnreadMsgList", unread);
+    QCOMPARE(idsOf(rest->messages), (Ids{"2", "1"}));
+    QCOMPARE(rest->total, 5);
+}
+
+void TestMessages::unreadCounts()
+{
+    fill();
+    vela::GetUnreadMsgCountArg request;
+    request.groupBy = 1;
+    request.ids = {"A", "C", "unknown"};
+    const auto byFile = m_client->call<vela::GetUnreadMsgCountResult>("getUnreadMsgCount", request);
+    QCOMPARE(idsOf(byFile->unreadInfos), request.ids);
+    QCOMPARE(byFile->unreadInfos[0].unreadCount, 2);
+    QCOMPARE(byFile->unreadInfos[0].latestMessageId, std::string("2"));
+    QCOMPARE(byFile->unreadInfos[1].unreadCount, 0);
+    QCOMPARE(byFile->unreadCount, 2);
+    request = {};
+    request.place = 1; // what was read in the pages is unread in the tray
+    QCOMPARE(m_client->call<vela::GetUnreadMsgCountResult>("getUnreadMsgCount", request)->unreadCount, 5);
+    request.groupBy = 3;
+    QCOMPARE(m_client->call<vela::GetUnreadMsgCountResult>("getUnreadMsgCount", request)->errorInfo.errResult,
+        std::string("invalidArgument"));
+}
+
+void TestMessages::marksRead()
+{
+    fill();
+    vela::MarkMsgReadArg request;
+    request.messageIds = {"1", "4", "unknown"};
+    QCOMPARE(m_client->call<vela::MarkMsgReadResult>("markMsgRead", request)->errorInfo.errResult,
+        std::string("invalidArgument"));
+    request.inPages = true;
+    const auto marked = m_client->call<vela::MarkMsgReadResult>("markMsgRead", request);
+    QCOMPARE(idsOf(marked->items), Ids{"1"});
+    QVERIFY(marked->items[0].bRead && !marked->items[0].trayRead);
+    QCOMPARE(marked->failedItems.size(), size_t(1));
+    QCOMPARE(marked->unreadCount, 3);
+    const auto told = m_client->waitForPush<vela::NotifyMsgStatusChangedArg>("notifyMsgStatusChanged");
+    QVERIFY(told->items == marked->items);
+    request = {};
+    request.fileId = "A";
+    request.untilTime = 15;
+    request.inTray = true;
+    QCOMPARE(idsOf(m_client->call<vela::MarkMsgReadResult>("markMsgRead", request)->items), Ids{"1"});
+}
+
+void TestMessages::deletes()
+{
+    fill();
+    QCOMPARE(m_client->call<vela::DeleteMsgResult>("deleteMsg", vela::DeleteMsgArg())->errorInfo.errResult,
+        std::string("invalidArgument"));
+    vela::DeleteMsgArg request;
+    request.fileId = "A";
+    const auto deleted = m_client->call<vela::DeleteMsgResult>("deleteMsg", request);
+    QCOMPARE(deleted->messageIds.size(), size_t(2));
+    QCOMPARE(deleted->unreadCount, 2);
+    const auto told = m_client->waitForPush<vela::NotifyMsgStatusChangedArg>("notifyMsgStatusChanged");
+    QCOMPARE(told->items.size(), size_t(2));
+    QVERIFY(told->items[0].deleted);
+    request = {};
+    request.messageIds = {"1"};
+    QCOMPARE(m_client->call<vela::DeleteMsgResult>("deleteMsg", request)->failedItems.size(), size_t(1));
+}
+
+void TestMessages::waitsForUpdate()
+{
+    vela::NewMessageItem item = fullMessage();
+    store(item);
+    vela::VelaIpcArg request;
+    request.nameSpace = "KVelaIpcCallObj";
+    request.method = "setMsgWaitForUpdate";
+    for (const bool waits : {false, true}) {
+        request.argMap = {{"msgId", "full"}, {"waitForUpdate", waits ? "true" : "false"}};
+        QCOMPARE(m_client->call<vela::VelaIpcResult>("velaIpcCall", request)->state, 0);
+        const auto list = m_client->call<vela::GetUnreadNewMsgListResult>(
+            "getUnreadNewMsgList", vela::GetUnreadNewMsgListArg());
+        item.waitForUpdate = waits;
+        QVERIFY(list->messages.at(0) == item);
+    }
+}
+
+void TestMessages::commandLines()
+{
+    const auto other = m_fixture->client();
+    QCOMPARE(command(*other).first, std::string("MessageDbLoadFinish"));
+    const auto run = [this](const QString &line) {
+        vela::ZelBoxAsynCommandLineArg request;
+        request.commandline = line.toStdString();
+        return m_client->call<vela::ZelBoxAsynCommandLineResult>("zelBoxAsynCommandLine", request)->state;
+    };
+    QCOMPARE(run(QStringLiteral("/noSuchCommand=1")), int(wire::ServiceError::InvalidArgument));
+    QCOMPARE(run(commandLine("GetRadarMsg", "select * from metadata_zelbox_fileradar Order by Time Desc",
+                 "GetUnreadRadarMsg")),
+        0);
+    const auto rows = command(*m_client);
+    QCOMPARE(rows.first, std::string("GetRadarMsg"));
+    QVERIFY2(rows.second.find(R"("guid":"GetUnreadRadarMsg")") != std::string::npos, rows.second.c_str());
+    QCOMPARE(run(commandLine("GetRadarMsg", "delete from metadata_zelbox_filemessage", "x")), 0);
+    QVERIFY(command(*m_client).second.find("failed") != std::string::npos);
+    QCOMPARE(run(QStringLiteral("/closeRadarSwitch /type=1")), 0);
+    // Replies reached their asker only, so this is the first that the other one hears.
+    const auto switched = command(*other);
+    QCOMPARE(switched.first, std::string("QQRadarSettingChange"));
+    QCOMPARE(switched.second, std::string(R"({"setting":"false"})"));
+}
+
+void TestMessages::greetsWithTheTables()
+{
+    const auto late = m_fixture->client();
+    QCOMPARE(command(*late).first, std::string("MessageDbLoadFinish"));
+    QVERIFY(!m_client->waitForPush<vela::NotifyActionsMapArg>("notifyActionsMap", 50));
+}
+
+QTEST_GUILESS_MAIN(TestMessages)
+#include "tst_messages.moc"
