@@ -3,16 +3,19 @@
 #include "base/posix/runtimedir.h"
 #include "base/posix/singleinstance.h"
 #include "service/cloudservice.h"
+#include "service/methods/clouddocuments.h"
 #include "service/server/socketactivation.h"
 #include "service/serviceoptions.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <csignal>
 #include <cstdio>
 #include <fcntl.h>
 #include <unistd.h>
 
 using zel::posix::SingleInstance;
+using zel::service::CloudDocuments;
 using zel::service::CloudServer;
 
 namespace {
@@ -37,11 +40,22 @@ void reportReady(int fd)
     ::close(fd);
 }
 
+QString driveFolder(const ServiceOptions &options)
+{
+    return options.drive.isEmpty() ? CloudDocuments::defaultDrive() : QDir(options.drive).absolutePath();
+}
+
 int serve(SingleInstance &instance, const ServiceOptions &options)
 {
     zel::service::CloudService service(instance);
-    service.start();
     CloudServer &server = service.server();
+    CloudDocuments documents({driveFolder(options), CloudDocuments::defaultDriveDatabase()},
+        service.database(), service.methods(), server, service.hooks(), &service.subscriptions(),
+        [&service] { return service.identity(); });
+    service.start();
+    // Reading the drive's folders can wait until somebody wants to know.
+    QObject::connect(
+        &server, &CloudServer::welcomed, qApp, [&documents] { documents.start(); }, Qt::QueuedConnection);
     QObject::connect(&server, &CloudServer::finished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     QSocketNotifier exitSignal(zel::posix::catchExitSignals(), QSocketNotifier::Read);
     QObject::connect(&exitSignal, &QSocketNotifier::activated, qApp, [&exitSignal, &server] {

@@ -24,7 +24,11 @@ ServiceOptions ServiceOptions::parse(const QStringList &arguments)
     const QCommandLineOption ready(QStringLiteral("ready-fd"),
         QStringLiteral("Writes one byte to this open descriptor once clients can connect."),
         QStringLiteral("number"));
-    parser.addOptions({leave, ready});
+    const QCommandLineOption drive(QStringLiteral("drive"),
+        QStringLiteral(
+            "Keeps the cloud documents in this folder (\"ZEL Cloud\" in the home folder by default)."),
+        QStringLiteral("folder"));
+    parser.addOptions({leave, ready, drive});
 
     ServiceOptions options;
     const bool understood = parser.parse(arguments) && parser.positionalArguments().isEmpty();
@@ -32,6 +36,7 @@ ServiceOptions ServiceOptions::parse(const QStringList &arguments)
     if (parser.isSet(ready))
         options.readyFd = parser.value(ready).toInt(&isNumber);
     options.exitWithLastClient = parser.isSet(leave);
+    options.drive = parser.value(drive);
     if (!understood || !isNumber || (parser.isSet(ready) && !isPassedFd(options.readyFd))) {
         options.mode = Mode::Invalid;
         options.text = parser.errorText().isEmpty() ? QStringLiteral("Wrong arguments.") : parser.errorText();

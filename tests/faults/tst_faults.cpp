@@ -253,13 +253,13 @@ void TestFaults::hostileNeighbour()
     QVERIFY(m_service->isRunning());
 }
 
-// A file system of 400 kilobytes, in a namespace of its own so that no right is needed.
+// A file system of one megabyte, in a namespace of its own so that no right is needed.
 void TestFaults::fullDisk()
 {
     const QStringList small = {QStringLiteral("unshare"), QStringLiteral("--user"),
         QStringLiteral("--map-root-user"), QStringLiteral("--mount"), QStringLiteral("sh"),
         QStringLiteral("-c"),
-        QStringLiteral("mount -t tmpfs -o size=400k none \"$XDG_DATA_HOME\" || exit 77; exec \"$0\" \"$@\"")};
+        QStringLiteral("mount -t tmpfs -o size=1m none \"$XDG_DATA_HOME\" || exit 77; exec \"$0\" \"$@\"")};
     QProcess trial;
     trial.start(small.constFirst(), small.mid(1) + QStringList{QStringLiteral("true")});
     if (!trial.waitForFinished() || trial.exitCode() != 0)

@@ -1,0 +1,93 @@
+#include "service/methods/clouddocuments.h"
+
+#include "base/paths.h"
+#include "service/transfer/localdrivesource.h"
+
+#include <QDir>
+
+namespace zel::service {
+
+QString CloudDocuments::defaultDrive()
+{
+    return QDir::home().filePath(QStringLiteral("ZEL Cloud"));
+}
+
+QString CloudDocuments::defaultDriveDatabase()
+{
+    return paths::dataDir() + QStringLiteral("/drive.db");
+}
+
+CloudDocuments::CloudDocuments(const Places &places, CloudDatabase &database, MethodTable &methods,
+    Pushes &pushes, ServiceHooks &hooks, const TransferSubscriptions *subscriptions, IdentitySource identity)
+    : m_places(places),
+      m_roaming(database),
+      m_transfers(database),
+      m_drives(localDrives(places.drive, places.driveDatabase)),
+      m_quick(m_drives),
+      m_bulk(m_drives),
+      m_runner(m_transfers, m_drives),
+      m_events(m_quick, pushes, identity),
+      m_context{m_quick, m_bulk, m_events, pushes, identity,
+          [this](vela::CloudItem &item) { m_runner.addTransferState(item); }},
+      m_roamingMethods(m_roaming, m_quick, pushes, identity),
+      m_transferMethods(m_context, m_transfers, m_runner, subscriptions)
+{
+    m_roamingMethods.serve(methods);
+    m_transferMethods.serve(methods);
+    addDriveQueries(methods, m_context);
+    addDriveSearch(methods, m_context);
+    addThumbnails(methods, m_context);
+    addDriveEdits(methods, m_context);
+    addDriveBatches(methods, m_context);
+    addRecycleMethods(methods, m_context);
+    fillHooks(hooks);
+    connectParts(database);
+}
+
+CloudDocuments::~CloudDocuments()
+{
+    // Before anything that their jobs speak of goes.
+    m_runner.stop();
+    m_bulk.stop();
+    m_quick.stop();
+}
+
+void CloudDocuments::fillHooks(ServiceHooks &hooks)
+{
+    hooks.cancelTasks = [this](const QStringList &ids) { return m_transferMethods.cancelTasks(ids); };
+    hooks.waitingUploads = [this] { return m_transferMethods.waitingUploads(); };
+    hooks.runningTasks = [this] { return m_transferMethods.runningTasks(); };
+    hooks.reportCloudDoc = [this](const QString &file) {
+        const bool isInDrive =
+            QDir::cleanPath(file).startsWith(QDir::cleanPath(m_places.drive) + QLatin1Char('/'));
+        if (isInDrive)
+            m_events.check();
+        return isInDrive ? wire::ServiceError::None : wire::ServiceError::NotFound;
+    };
+}
+
+void CloudDocuments::connectParts(CloudDatabase &database)
+{
+    QObject::connect(&m_events, &DriveEvents::filesGone, &m_roamingMethods,
+        [this](const QStringList &ids) { m_roamingMethods.markFiles(ids, true); });
+    QObject::connect(&m_events, &DriveEvents::filesCame, &m_roamingMethods,
+        [this](const QStringList &ids) { m_roamingMethods.markFiles(ids, false); });
+    QObject::connect(&m_roamingMethods, &RoamingMethods::filesRemoved, &m_events, &DriveEvents::check);
+    QObject::connect(
+        &database, &CloudDatabase::replaced, &m_roamingMethods, [this] { m_roamingMethods.tellReload(); });
+    // Emitted in the middle of a use, which must not be nested.
+    const auto goOn = [this] {
+        if (m_started)
+            m_runner.start();
+    };
+    QObject::connect(&database, &CloudDatabase::opened, &m_runner, goOn, Qt::QueuedConnection);
+}
+
+void CloudDocuments::start()
+{
+    m_started = true;
+    m_events.start(m_places.drive);
+    m_runner.start();
+}
+
+} // namespace zel::service

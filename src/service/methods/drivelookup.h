@@ -1,0 +1,32 @@
+#pragma once
+
+#include "service/drive/clouddrive.h"
+#include "service/methods/records.h"
+#include "service/transfer/transfertask.h"
+
+#include <optional>
+
+/// What several methods look up in a drive. The drive's thread.
+namespace zel::service {
+
+/// The folder that a request names; without an id the root.
+DriveResult<QString> folderId(CloudDrive &drive, const std::string &groupId, const std::string &parentId);
+/// The item that a request names; without an id its folder, or the root.
+DriveResult<QString> itemId(CloudDrive &drive, const vela::CloudItemId &item);
+
+/// Path from the drive's root of a file of this machine; nothing when it lies elsewhere.
+std::optional<QString> pathInDrive(CloudDrive &drive, const QString &localPath);
+std::optional<DriveTrashItem> inTrash(CloudDrive &drive, const QString &itemId);
+std::optional<DriveItem> childNamed(CloudDrive &drive, const QString &folder, const QString &name);
+
+/// The policy that requests give as a number; an unknown one refuses.
+ConflictPolicy policyOf(int number);
+inline DriveConflict conflictOf(int policy)
+{
+    return driveConflict(policyOf(policy));
+}
+/// What stands in the way of `name` in a folder, and a name that is free there.
+vela::ConflictItem conflictWith(CloudDrive &drive, const DriveItem &item, const QString &folder,
+    const QString &name, const Identity &identity);
+
+} // namespace zel::service

@@ -1,0 +1,248 @@
+#include "recycle_types.h"
+#include "service/methods/drivecontext.h"
+#include "service/methods/driveevents.h"
+#include "service/methods/drivelookup.h"
+#include "service/methods/driveplace.h"
+#include "service/methods/recyclepushes.h"
+
+#include <algorithm>
+
+namespace zel::service {
+namespace {
+
+using namespace vela;
+using Kind = DriveError::Kind;
+
+constexpr int DefaultCount = 1000;
+
+bool comesBefore(const DriveTrashItem &left, const DriveTrashItem &right, const std::string &orderBy)
+{
+    if (orderBy == "name" || orderBy == "size" || orderBy == "type") {
+        DriveItem a;
+        DriveItem b;
+        a.name = left.name;
+        b.name = right.name;
+        a.size = left.size;
+        b.size = right.size;
+        return comesBefore(a, b, orderBy);
+    }
+    return std::make_pair(left.deletedAt, left.id) < std::make_pair(right.deletedAt, right.id);
+}
+
+void sortTrash(QVector<DriveTrashItem> &items, const std::string &orderBy, bool descending)
+{
+    std::sort(items.begin(), items.end(), [&](const DriveTrashItem &left, const DriveTrashItem &right) {
+        return descending ? comesBefore(right, left, orderBy) : comesBefore(left, right, orderBy);
+    });
+}
+
+template <class Result>
+void addPage(
+    const QVector<DriveTrashItem> &items, int offset, int count, const Identity &identity, Result &result)
+{
+    const int from = std::clamp(offset, 0, items.size());
+    const int size = std::min(count > 0 ? count : DefaultCount, items.size() - from);
+    for (int i = from; i < from + size; ++i)
+        result.items.push_back(recycleItem(items.at(i), identity));
+    result.total = items.size();
+    result.hasMore = from + size < items.size();
+}
+
+DriveResult<GetRecycleBinListResult> list(const DriveJob &job, const GetRecycleBinListArg &request)
+{
+    const auto space = folderId(job.drive, request.groupId, {});
+    auto items = space ? job.drive.listTrash() : DriveResult<QVector<DriveTrashItem>>(space.error());
+    if (!items)
+        return items.error();
+    sortTrash(*items, request.orderBy, request.descending);
+    GetRecycleBinListResult result;
+    for (const DriveTrashItem &item : *items)
+        result.totalSize += item.size;
+    addPage(*items, request.offset, request.count, job.identity, result);
+    return result;
+}
+
+bool passes(const DriveTrashItem &item, const GetRecycleBinListV5Arg &request)
+{
+    const bool ofType = request.types.empty()
+        || std::find(request.types.begin(), request.types.end(), item.isFolder ? "folder" : "file")
+            != request.types.end();
+    return ofType && item.deletedAt > request.deletedAfter
+        && item.name.contains(text(request.keyword), Qt::CaseInsensitive);
+}
+
+// The cursor is the place of the last item that was given, so that a page follows it also when others went.
+DriveResult<GetRecycleBinListV5Result> listV5(const DriveJob &job, const GetRecycleBinListV5Arg &request)
+{
+    GetRecycleBinListV5Result result;
+    const bool ownAsked =
+        request.groupIds.empty() || std::any_of(request.groupIds.begin(), request.groupIds.end(), isOwnGroup);
+    for (const std::string &group : request.groupIds)
+        if (!isOwnGroup(group))
+            result.failedItems[group] =
+                wire::errorInfo(wire::ServiceError::NotFound, QStringLiteral("There is no such space."));
+    auto items =
+        ownAsked ? job.drive.listTrash() : DriveResult<QVector<DriveTrashItem>>(QVector<DriveTrashItem>());
+    if (!items)
+        return items.error();
+    items->erase(std::remove_if(items->begin(), items->end(),
+                     [&request](const DriveTrashItem &item) { return !passes(item, request); }),
+        items->end());
+    sortTrash(*items, request.orderBy, request.descending);
+    const int from = text(request.cursor).section(QLatin1Char(':'), 0, 0).toInt();
+    const QString last = text(request.cursor).section(QLatin1Char(':'), 1);
+    const auto at = std::find_if(
+        items->begin(), items->end(), [&last](const DriveTrashItem &item) { return item.id == last; });
+    const int offset = at == items->end() ? from : int(at - items->begin()) + 1;
+    addPage(*items, offset, request.count, job.identity, result);
+    if (result.hasMore) {
+        const int next = offset + int(result.items.size());
+        result.nextCursor = std::to_string(next) + ':' + result.items.back().recycleId;
+    }
+    return result;
+}
+
+template <class Result>
+void recoverOne(const DriveJob &job, const std::string &id, const DrivePlace *target, Result &result)
+{
+    auto item = job.drive.restore(text(id));
+    if (item && target) {
+        // Somewhere else than where it was: from its place there, and back into the trash when it cannot go.
+        const DriveItem restored = *item;
+        item = moveItem(job.drive, restored.id, *target);
+        if (!item)
+            (void)job.drive.trash(restored.id);
+        if (!item && item.error().kind == Kind::Exists) {
+            result.conflicts.push_back(
+                conflictWith(job.drive, restored, target->folder, restored.name, job.identity));
+            result.conflicts.back().item.id = id;
+            return;
+        }
+    }
+    if (!item) {
+        result.failedItems[id] = errorInfo(item.error());
+        return;
+    }
+    result.items.push_back(cloudItem(*item, job.identity));
+    result.recoveredIds.push_back(id);
+}
+
+DriveResult<RecoverRecyclesResult> recover(const DriveJob &job, const RecoverRecyclesArg &request)
+{
+    RecoverRecyclesResult result;
+    for (const std::string &id : request.recycleIds)
+        recoverOne(job, id, nullptr, result);
+    return result;
+}
+
+DriveResult<BatchRecoverRecycleFilesResult> batchRecover(
+    const DriveJob &job, const BatchRecoverRecycleFilesArg &request)
+{
+    const auto folder = folderId(job.drive, request.targetGroupId, request.targetParentId);
+    if (!folder)
+        return folder.error();
+    const bool elsewhere = !request.targetGroupId.empty() || !request.targetParentId.empty();
+    const DrivePlace place{*folder, {}, conflictOf(request.conflictPolicy)};
+    BatchRecoverRecycleFilesResult result;
+    for (const std::string &id : request.recycleIds)
+        recoverOne(job, id, elsewhere ? &place : nullptr, result);
+    return result;
+}
+
+template <class Result>
+DriveResult<Result> destroy(const DriveJob &job, const std::function<bool(const DriveTrashItem &)> &wanted,
+    const std::function<void(Result &, const DriveTrashItem &)> &gone)
+{
+    const auto items = job.drive.listTrash();
+    if (!items)
+        return items.error();
+    Result result;
+    for (const DriveTrashItem &item : *items) {
+        if (!wanted(item))
+            continue;
+        if (!job.progress(0, -1))
+            return DriveError{Kind::Cancelled, QStringLiteral("The service ends.")};
+        const auto purged = job.drive.purge(item.id);
+        if (!purged) {
+            result.failedItems[item.id.toStdString()] = errorInfo(purged.error());
+            continue;
+        }
+        result.freedSize += item.size;
+        gone(result, item);
+    }
+    return result;
+}
+
+DriveResult<BatchDestroyRecycleFilesResult> batchDestroy(
+    const DriveJob &job, const BatchDestroyRecycleFilesArg &request)
+{
+    const QStringList ids = texts(request.recycleIds);
+    auto result = destroy<BatchDestroyRecycleFilesResult>(
+        job, [&ids](const DriveTrashItem &item) { return ids.contains(item.id); },
+        [](BatchDestroyRecycleFilesResult &done, const DriveTrashItem &item) {
+            done.destroyedIds.push_back(item.id.toStdString());
+        });
+    if (!result)
+        return result;
+    const std::vector<std::string> &done = result->destroyedIds;
+    for (const std::string &id : request.recycleIds)
+        if (std::find(done.begin(), done.end(), id) == done.end() && !result->failedItems.count(id))
+            result->failedItems[id] =
+                wire::errorInfo(wire::ServiceError::NotFound, QStringLiteral("It is not in the bin."));
+    return result;
+}
+
+DriveResult<ClearRecycleBinResult> clear(const DriveJob &job, const ClearRecycleBinArg &request)
+{
+    const auto space = folderId(job.drive, request.groupId, {});
+    if (!space)
+        return space.error();
+    return destroy<ClearRecycleBinResult>(
+        job, [](const DriveTrashItem &) { return true; },
+        [](ClearRecycleBinResult &result, const DriveTrashItem &) { ++result.clearedCount; });
+}
+
+DriveResult<ClearRecycleBinV5Result> clearV5(const DriveJob &job, const ClearRecycleBinV5Arg &request)
+{
+    const bool own =
+        request.groupIds.empty() || std::any_of(request.groupIds.begin(), request.groupIds.end(), isOwnGroup);
+    const bool byUser = request.deleterId.empty() || text(request.deleterId) == job.identity.userId;
+    const auto wanted = [&](const DriveTrashItem &item) {
+        return own && byUser && (request.deletedBefore <= 0 || item.deletedAt < request.deletedBefore);
+    };
+    return destroy<ClearRecycleBinV5Result>(
+        job, wanted, [](ClearRecycleBinV5Result &result, const DriveTrashItem &) { ++result.clearedCount; });
+}
+
+} // namespace
+
+void addRecycleMethods(MethodTable &methods, const DriveContext &context)
+{
+    const auto recovered = [&context](const auto &, const auto &result) {
+        tellGone(context, RecycleAction::Recovered, texts(result.recoveredIds));
+        context.events.check();
+    };
+    const auto emptied = [&context](const auto &, const auto &result) {
+        if (result.clearedCount > 0)
+            tellGone(context, RecycleAction::Emptied, {});
+    };
+    serveOn<GetRecycleBinListArg, GetRecycleBinListResult>(
+        context.quick, context, methods, "getRecycleBinList", list);
+    serveOn<GetRecycleBinListV5Arg, GetRecycleBinListV5Result>(
+        context.quick, context, methods, "getRecycleBinListV5", listV5);
+    serveOn<RecoverRecyclesArg, RecoverRecyclesResult>(
+        context.quick, context, methods, "recoverRecycles", recover, recovered);
+    serveOn<BatchRecoverRecycleFilesArg, BatchRecoverRecycleFilesResult>(
+        context.quick, context, methods, "batchRecoverRecycleFiles", batchRecover, recovered);
+    serveOn<BatchDestroyRecycleFilesArg, BatchDestroyRecycleFilesResult>(context.bulk, context, methods,
+        "batchDestroyRecycleFiles", batchDestroy,
+        [&context](const auto &, const BatchDestroyRecycleFilesResult &result) {
+            tellGone(context, RecycleAction::Destroyed, texts(result.destroyedIds));
+        });
+    serveOn<ClearRecycleBinArg, ClearRecycleBinResult>(
+        context.bulk, context, methods, "clearRecycleBin", clear, emptied);
+    serveOn<ClearRecycleBinV5Arg, ClearRecycleBinV5Result>(
+        context.bulk, context, methods, "clearRecycleBinV5", clearV5, emptied);
+}
+
+} // namespace zel::service

@@ -1,0 +1,158 @@
+#include "service/methods/transferplans.h"
+
+#include "service/drive/clouddrive.h"
+#include "service/drive/drivenames.h"
+#include "service/methods/drivelookup.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QSet>
+
+namespace zel::service {
+namespace {
+
+using wire::ServiceError;
+
+vela::ServerErrorInfo invalid(const char *reason)
+{
+    return wire::errorInfo(ServiceError::InvalidArgument, QLatin1String(reason));
+}
+
+void planUpload(const QFileInfo &file, const UploadWish &wish, const QSet<QString> &taken, TransferPlan &plan)
+{
+    if (!QDir::isAbsolutePath(file.filePath()))
+        plan.error = invalid("A local path has to be absolute.");
+    else if (!file.isFile() && (wish.filesOnly || !file.isDir()))
+        plan.error = wire::errorInfo(ServiceError::NotFound, QStringLiteral("There is no such local file."));
+    else if (!isValidDriveName(plan.task.name))
+        plan.error = invalid("The drive cannot hold such a name.");
+    else if (plan.task.policy == ConflictPolicy::Refuse && taken.contains(plan.task.name))
+        plan.error = wire::errorInfo(ServiceError::Exists, QStringLiteral("The name is taken."));
+}
+
+void planTarget(const DownloadWish &wish, const vela::DownloadCloudFileInfo &file, const QString &name,
+    TransferPlan &plan)
+{
+    const QString path = text(file.targetPath);
+    const bool isFolder = path.isEmpty() || path.endsWith(QLatin1Char('/')) || QFileInfo(path).isDir();
+    plan.task.folder = QDir::cleanPath(path.isEmpty() ? wish.targetDir
+            : isFolder                                ? path
+                                                      : QFileInfo(path).path());
+    plan.task.name = isFolder ? name : QFileInfo(path).fileName();
+    if (!wish.newName.isEmpty())
+        plan.task.name = wish.newName;
+    const QString target = plan.task.folder + QLatin1Char('/') + plan.task.name;
+    plan.task.info.localPath = target.toStdString();
+    if (!QDir::isAbsolutePath(plan.task.folder))
+        plan.error = invalid("A local path has to be absolute.");
+    else if (!isValidDriveName(plan.task.name))
+        plan.error = invalid("A file cannot have such a name.");
+    else if (plan.task.policy == ConflictPolicy::Refuse && QFileInfo::exists(target))
+        plan.error = wire::errorInfo(ServiceError::Exists, QStringLiteral("The name is taken."));
+    if (plan.error && plan.error->errResult == wire::errorName(ServiceError::Exists)) {
+        plan.conflict.emplace();
+        plan.conflict->item = plan.task.info.item;
+        plan.conflict->name = plan.task.name.toStdString();
+        plan.conflict->existing.name = plan.conflict->name;
+        plan.conflict->existing.cache = plan.task.info.localPath;
+    }
+}
+
+void planDownload(const DownloadWish &wish, const vela::DownloadCloudFileInfo &file, const DriveItem &item,
+    const Identity &identity, TransferPlan &plan)
+{
+    plan.item = cloudItem(item, identity);
+    vela::TransferOpertionInfo &info = plan.task.info;
+    info.item = cloudItemId(item);
+    info.name = plan.item.name;
+    info.isFolder = item.isFolder;
+    info.size = item.size;
+    info.fileCount = item.isFolder ? 0 : 1;
+    if (file.cloudVersion != 0 && file.cloudVersion != plan.item.cloudVersion)
+        plan.error =
+            wire::errorInfo(ServiceError::NotFound, QStringLiteral("That version is no longer kept."));
+    else if (wish.foldersOnly && !item.isFolder)
+        plan.error = invalid("It is not a folder.");
+    else if (!file.targetPath.empty() || !wish.targetDir.isEmpty())
+        planTarget(wish, file, item.name, plan);
+    else if (item.localPath.isEmpty())
+        plan.error = invalid("A local folder is needed.");
+    else
+        plan.isHere = true;
+    if (plan.isHere)
+        info.localPath = item.localPath.toStdString();
+}
+
+TransferPlan newPlan(TransferType type, int policy, const std::string &batchId)
+{
+    TransferPlan plan;
+    plan.task.info.transferType = int32_t(type);
+    plan.task.info.transferState = int32_t(TransferState::Waiting);
+    plan.task.info.batchId = batchId;
+    plan.task.info.remainingTime = -1;
+    plan.task.policy = policyOf(policy);
+    return plan;
+}
+
+} // namespace
+
+DriveResult<TransferPlans> planUploads(CloudDrive &drive, const UploadWish &wish, const Identity &identity)
+{
+    const auto folder = folderId(drive, wish.groupId, wish.parentId);
+    const auto children = folder ? drive.list(*folder) : DriveResult<QVector<DriveItem>>(folder.error());
+    if (!children)
+        return children.error();
+    QSet<QString> taken;
+    for (const DriveItem &child : *children)
+        taken.insert(child.name);
+    TransferPlans plans;
+    for (const QString &path : wish.paths) {
+        TransferPlan plan = newPlan(TransferType::Upload, wish.policy, wish.batchId);
+        plan.key = path.toStdString();
+        const QFileInfo file(QDir::cleanPath(path));
+        plan.task.folder = *folder;
+        plan.task.name = wish.newName.isEmpty() ? file.fileName() : wish.newName;
+        plan.task.includeHidden = wish.includeHidden;
+        plan.task.excludedSuffixes = wish.excludedSuffixes;
+        vela::TransferOpertionInfo &info = plan.task.info;
+        info.name = plan.task.name.toStdString();
+        info.localPath = file.filePath().toStdString();
+        info.isFolder = file.isDir();
+        info.size = file.isFile() ? file.size() : 0;
+        info.fileCount = file.isFile() ? 1 : 0;
+        info.priority = wish.priority;
+        info.item.groupId = OwnGroup;
+        info.item.parentId = folder->toStdString();
+        planUpload(file, wish, taken, plan);
+        if (plan.error && plan.error->errResult == wire::errorName(ServiceError::Exists)) {
+            DriveItem wanted;
+            wanted.isFolder = file.isDir();
+            plan.conflict = conflictWith(drive, wanted, *folder, plan.task.name, identity);
+        } else if (plan.task.policy == ConflictPolicy::Refuse) {
+            taken.insert(plan.task.name); // also by the tasks before it
+        }
+        plans.push_back(std::move(plan));
+    }
+    return plans;
+}
+
+DriveResult<TransferPlans> planDownloads(
+    CloudDrive &drive, const DownloadWish &wish, const Identity &identity)
+{
+    TransferPlans plans;
+    for (const vela::DownloadCloudFileInfo &file : wish.files) {
+        TransferPlan plan = newPlan(TransferType::Download, wish.policy, wish.batchId);
+        plan.key = file.item.id;
+        plan.task.info.priority = file.priority;
+        const auto id = itemId(drive, file.item);
+        const auto item = id ? drive.stat(*id) : DriveResult<DriveItem>(id.error());
+        if (item)
+            planDownload(wish, file, *item, identity, plan);
+        else
+            plan.error = errorInfo(item.error());
+        plans.push_back(std::move(plan));
+    }
+    return plans;
+}
+
+} // namespace zel::service

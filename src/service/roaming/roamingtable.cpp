@@ -1,0 +1,331 @@
+#include "service/roaming/roamingtable.h"
+
+#include "base/clock.h"
+#include "service/roaming/recordbytes.h"
+#include "service/tables/tableresult.h"
+
+#include <QHash>
+#include <limits>
+
+namespace zel::service {
+namespace {
+
+using sqlite::Statement;
+using sqlite::Transaction;
+
+constexpr const char *Migrations[] = {R"(
+CREATE TABLE roaming_record (
+    user TEXT NOT NULL, id TEXT NOT NULL, device TEXT NOT NULL, path TEXT NOT NULL,
+    file TEXT NOT NULL, folded TEXT NOT NULL, suffix TEXT NOT NULL, app TEXT NOT NULL,
+    used INTEGER NOT NULL, changed INTEGER NOT NULL, deleted INTEGER NOT NULL, unread INTEGER NOT NULL,
+    record BLOB NOT NULL, PRIMARY KEY (user, id));
+CREATE INDEX roaming_used ON roaming_record (user, used DESC, id, deleted, changed, device, app, suffix, folded);
+CREATE INDEX roaming_unread ON roaming_record (user, deleted) WHERE unread != 0;
+CREATE INDEX roaming_path ON roaming_record (user, device, path);
+CREATE INDEX roaming_file ON roaming_record (user, file);
+CREATE TABLE roaming_list (user TEXT NOT NULL PRIMARY KEY, version INTEGER NOT NULL, fetched INTEGER NOT NULL);
+)"};
+
+qint64 nowMs()
+{
+    return zel::now().toMSecsSinceEpoch();
+}
+
+QString text(const std::string &value)
+{
+    return QString::fromStdString(value);
+}
+
+RoamingItems readAll(Statement &statement)
+{
+    RoamingItems items;
+    while (statement.step()) {
+        vela::RecentFileItem item;
+        if (readRecord(statement.bytes(0), item))
+            items.push_back(std::move(item));
+    }
+    return items;
+}
+
+QStringList readIds(Statement &statement)
+{
+    QStringList ids;
+    while (statement.step())
+        ids.append(statement.text(0));
+    return ids;
+}
+
+// Conditions of a page; the parameters are those of bindQuery().
+constexpr char Matching[] =
+    " FROM roaming_record WHERE user = ?1 AND (?2 = '' OR instr(folded, ?2) > 0)"
+    " AND (?3 = '[]' OR suffix IN (SELECT value FROM json_each(?3))) AND (?4 = '' OR device = ?4)"
+    " AND (?5 = '' OR device != ?5) AND (?6 = '' OR app = ?6) AND changed > ?7 AND (?8 OR NOT deleted)";
+
+Statement &bindQuery(Statement &statement, const QString &user, const RoamingQuery &query)
+{
+    statement.bind(1, user).bind(2, query.keyword.toCaseFolded()).bind(3, asJson(query.suffixes));
+    statement.bind(4, query.deviceId).bind(5, query.otherThanDevice).bind(6, query.appType);
+    // Without a lower bound all pass, also records of before 1970.
+    const qint64 after = query.changedAfter > 0 ? query.changedAfter : std::numeric_limits<qint64>::min();
+    return statement.bind(7, after).bind(8, qint64(query.includeDeleted));
+}
+
+} // namespace
+
+RoamingTable::RoamingTable(CloudDatabase &store, int limit)
+    : m_store(store), m_database(store.connection()), m_limit(limit)
+{
+    m_store.addOwner([](sqlite::Database &database) {
+        return prepareSchema(database, QStringLiteral("roaming"), Migrations);
+    });
+}
+
+RoamingChange RoamingTable::transact(const std::function<void(RoamingChange &)> &work)
+{
+    RoamingChange change;
+    const wire::ServiceError error = m_store.use([&](sqlite::Database &database) {
+        Transaction transaction(database);
+        work(change);
+        transaction.commit();
+    });
+    if (error != wire::ServiceError::None)
+        change = {};
+    change.error = error;
+    return change;
+}
+
+RoamingChange RoamingTable::add(const QString &user, RoamingItems items, const QString &thisDevice)
+{
+    return transact([&](RoamingChange &change) {
+        const std::string version = std::to_string(raiseVersion(user));
+        for (vela::RecentFileItem &item : items) {
+            item.opv = version;
+            addOne(user, item, thisDevice, change);
+        }
+        change.removed += trim(user);
+    });
+}
+
+void RoamingTable::addOne(
+    const QString &user, vela::RecentFileItem &item, const QString &thisDevice, RoamingChange &change)
+{
+    complete(item, nowMs());
+    const auto before = known(user, item);
+    if (before && before->fileTime > item.fileTime) {
+        change.items.push_back(*before);
+        return;
+    }
+    const bool elsewhere = text(item.curDeviceId) != thisDevice;
+    if (before) {
+        item = merged(*before, item);
+    } else {
+        made(item, nowMs());
+        change.newIds.append(text(item.roamingId));
+    }
+    item.userId = user.toStdString();
+    item.mtime = nowMs();
+    const RoamingMark mark = before ? markOf(*before) : RoamingMark::None;
+    setMark(item, markAfter(mark, !before, elsewhere, item.operation));
+    change.removed += removeTwins(user, item);
+    write(user, item);
+    change.items.push_back(item);
+}
+
+RoamingChange RoamingTable::remove(const QString &user, const RoamingSelection &selection)
+{
+    return transact([&](RoamingChange &change) {
+        change.items = select(user, selection);
+        for (const vela::RecentFileItem &item : change.items)
+            change.removed.append(text(item.roamingId));
+        if (!change.removed.isEmpty())
+            raiseVersion(user);
+        Statement statement(m_database,
+            "DELETE FROM roaming_record WHERE user = ? AND id IN (SELECT value FROM json_each(?))");
+        statement.bind(1, user).bind(2, asJson(change.removed)).run();
+    });
+}
+
+RoamingChange RoamingTable::setMarks(const QString &user, const RoamingSelection &selection, bool unread)
+{
+    return rewrite(user, selection, [unread](vela::RecentFileItem &item) {
+        if (unread == (markOf(item) != RoamingMark::None))
+            return false;
+        setMark(item, unread ? RoamingMark::Modified : RoamingMark::None);
+        return true;
+    });
+}
+
+RoamingChange RoamingTable::setDeleted(const QString &user, const QStringList &fileIds, bool deleted)
+{
+    RoamingSelection selection;
+    selection.fileIds = fileIds;
+    return rewrite(user, selection, [deleted](vela::RecentFileItem &item) {
+        if (item.deleted == deleted)
+            return false;
+        item.deleted = deleted;
+        item.status = deleted ? "deleted" : "normal";
+        return true;
+    });
+}
+
+RoamingChange RoamingTable::rewrite(const QString &user, const RoamingSelection &selection, const Edit &edit)
+{
+    return transact([&](RoamingChange &change) {
+        for (vela::RecentFileItem &item : select(user, selection))
+            if (edit(item))
+                change.items.push_back(std::move(item));
+        if (change.items.empty())
+            return;
+        const std::string version = std::to_string(raiseVersion(user));
+        for (vela::RecentFileItem &item : change.items) {
+            item.mtime = nowMs();
+            item.opv = version;
+            write(user, item);
+        }
+    });
+}
+
+wire::ServiceError RoamingTable::noteFetch(const QString &user, qint64 time)
+{
+    return m_store.use([&](sqlite::Database &database) {
+        Statement(database,
+            "INSERT INTO roaming_list VALUES (?, 1, ?)"
+            " ON CONFLICT (user) DO UPDATE SET fetched = excluded.fetched")
+            .bind(1, user)
+            .bind(2, time)
+            .run();
+    });
+}
+
+wire::ServiceError RoamingTable::page(const QString &user, const RoamingQuery &query, RoamingPage &page)
+{
+    return m_store.use([&](sqlite::Database &database) {
+        const QByteArray counting = QByteArray("SELECT count(*)") + Matching;
+        Statement count(database, counting.constData());
+        if (bindQuery(count, user, query).step())
+            page.total = count.number(0);
+        const QByteArray sql =
+            QByteArray("SELECT record") + Matching + " ORDER BY used DESC, id LIMIT ?9 OFFSET ?10";
+        Statement rows(database, sql.constData());
+        bindQuery(rows, user, query).bind(9, qint64(query.count)).bind(10, qint64(query.offset));
+        page.items = readAll(rows);
+    });
+}
+
+wire::ServiceError RoamingTable::find(const QString &user, const QStringList &ids, RoamingItems &items)
+{
+    RoamingSelection selection;
+    selection.ids = ids;
+    QHash<QString, vela::RecentFileItem> found;
+    const wire::ServiceError error = m_store.use([&](sqlite::Database &) {
+        for (vela::RecentFileItem &item : select(user, selection))
+            found.insert(text(item.roamingId), item);
+    });
+    for (const QString &id : ids)
+        if (found.contains(id))
+            items.push_back(found.value(id));
+    return error;
+}
+
+int RoamingTable::unreadCount(const QString &user)
+{
+    return int(numberFor(
+        "SELECT count(*) FROM roaming_record WHERE user = ? AND unread != 0 AND NOT deleted", user));
+}
+
+qint64 RoamingTable::total(const QString &user)
+{
+    return numberFor("SELECT count(*) FROM roaming_record WHERE user = ?", user);
+}
+
+QString RoamingTable::version(const QString &user)
+{
+    return QString::number(numberFor("SELECT version FROM roaming_list WHERE user = ?", user));
+}
+
+qint64 RoamingTable::fetchTime(const QString &user)
+{
+    return numberFor("SELECT fetched FROM roaming_list WHERE user = ?", user);
+}
+
+qint64 RoamingTable::numberFor(const char *sql, const QString &user)
+{
+    qint64 number = 0;
+    m_store.use([&](sqlite::Database &database) {
+        Statement statement(database, sql);
+        if (statement.bind(1, user).step())
+            number = statement.number(0);
+    });
+    return number;
+}
+
+qint64 RoamingTable::raiseVersion(const QString &user)
+{
+    Statement statement(m_database,
+        "INSERT INTO roaming_list VALUES (?, 1, 0) ON CONFLICT (user) DO UPDATE SET version = version + 1"
+        " RETURNING version");
+    return statement.bind(1, user).step() ? statement.number(0) : 0;
+}
+
+std::optional<vela::RecentFileItem> RoamingTable::known(const QString &user, const vela::RecentFileItem &item)
+{
+    // One question each, as together they would read the whole list.
+    Statement byId(m_database, "SELECT record FROM roaming_record WHERE user = ? AND id = ?");
+    RoamingItems items = readAll(byId.bind(1, user).bind(2, text(item.roamingId)));
+    if (items.empty() && !item.fileId.empty()) {
+        Statement byFile(m_database, "SELECT record FROM roaming_record WHERE user = ? AND file = ?");
+        items = readAll(byFile.bind(1, user).bind(2, text(item.fileId)));
+    }
+    if (items.empty() && !item.path.empty()) {
+        Statement byPath(
+            m_database, "SELECT record FROM roaming_record WHERE user = ? AND device = ? AND path = ?");
+        items = readAll(byPath.bind(1, user).bind(2, text(item.curDeviceId)).bind(3, text(item.path)));
+    }
+    if (items.empty())
+        return {};
+    return std::move(items.front());
+}
+
+QStringList RoamingTable::removeTwins(const QString &user, const vela::RecentFileItem &item)
+{
+    Statement statement(m_database,
+        "DELETE FROM roaming_record WHERE user = ?1 AND id != ?2 AND device = ?3 AND path = ?4 AND ?4 != ''"
+        " RETURNING id");
+    statement.bind(1, user).bind(2, text(item.roamingId)).bind(3, text(item.curDeviceId));
+    return readIds(statement.bind(4, text(item.path)));
+}
+
+void RoamingTable::write(const QString &user, const vela::RecentFileItem &item)
+{
+    Statement statement(
+        m_database, "INSERT OR REPLACE INTO roaming_record VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    statement.bind(1, user).bind(2, text(item.roamingId)).bind(3, text(item.curDeviceId));
+    statement.bind(4, text(item.path)).bind(5, text(item.fileId)).bind(6, text(item.name).toCaseFolded());
+    statement.bind(7, suffixOf(text(item.name))).bind(8, text(item.appType)).bind(9, qint64(item.fileTime));
+    statement.bind(10, qint64(item.mtime)).bind(11, qint64(item.deleted)).bind(12, qint64(markOf(item)));
+    statement.bindBytes(13, recordBytes(item)).run();
+}
+
+QStringList RoamingTable::trim(const QString &user)
+{
+    Statement statement(m_database,
+        "DELETE FROM roaming_record WHERE user = ?1 AND id IN (SELECT id FROM roaming_record WHERE user = ?1"
+        " ORDER BY used DESC, id LIMIT -1 OFFSET ?2) RETURNING id");
+    return readIds(statement.bind(1, user).bind(2, qint64(m_limit)));
+}
+
+RoamingItems RoamingTable::select(const QString &user, const RoamingSelection &selection)
+{
+    using Scope = RoamingSelection::Scope;
+    Statement statement(m_database,
+        "SELECT record FROM roaming_record WHERE user = ?1 AND (?2 OR (?3 AND device = ?6)"
+        " OR id IN (SELECT value FROM json_each(?4)) OR (file != '' AND file IN (SELECT value FROM "
+        "json_each(?5)))"
+        " OR (device = ?6 AND path != '' AND path IN (SELECT value FROM json_each(?7))))");
+    statement.bind(1, user).bind(2, qint64(selection.scope == Scope::All));
+    statement.bind(3, qint64(selection.scope == Scope::Device)).bind(4, asJson(selection.ids));
+    statement.bind(5, asJson(selection.fileIds)).bind(6, selection.deviceId).bind(7, asJson(selection.paths));
+    return readAll(statement);
+}
+
+} // namespace zel::service

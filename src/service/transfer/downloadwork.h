@@ -1,0 +1,37 @@
+#pragma once
+
+#include "base/posix/uniquefd.h"
+#include "service/transfer/transferwork.h"
+#include "service/transfer/treefailure.h"
+
+namespace zel::service {
+
+/// Brings one file or folder of a drive to this machine. One object a run, on the drive's thread.
+class DownloadWork
+{
+public:
+    DownloadWork(CloudDrive &drive, const TransferTask &task, TransferMonitor &monitor)
+        : m_drive(drive), m_task(task), m_monitor(monitor)
+    {
+    }
+
+    DriveResult<TransferOutcome> run();
+
+private:
+    DriveDone measure(const QString &folder, int depth);
+    DriveResult<QString> topFolder(); ///< its path
+    /// False: the whole transfer ends.
+    bool fill(const DriveItem &source, const QString &target, int depth);
+    bool put(const DriveItem &item, const QString &target, int depth);
+    DriveResult<QString> putFile(const DriveItem &item, const QString &folder, const QString &name);
+    DriveDone fetch(const DriveItem &item, const QString &path);
+    DriveResult<QString> place(const QString &folder, const QString &partial, const QString &name);
+
+    CloudDrive &m_drive;
+    const TransferTask &m_task;
+    TransferMonitor &m_monitor;
+    qint64 m_done = 0; ///< bytes of files that are complete
+    TreeFailure m_failure;
+};
+
+} // namespace zel::service

@@ -1,0 +1,82 @@
+#include "service/transfer/localdrivesource.h"
+
+#include "base/logging.h"
+#include "base/paths.h"
+#include "base/sqlite/database.h"
+#include "service/drive/localdrive.h"
+
+#include <QFile>
+#include <mutex>
+
+namespace zel::service {
+namespace {
+
+struct OpenDrive
+{
+    explicit OpenDrive(const QString &root) : drive(root, database) { }
+
+    sqlite::Database database;
+    LocalDrive drive;
+};
+
+bool open(sqlite::Database &database, const QString &file)
+{
+    database.open(file);
+    database.useWriteAheadLog();
+    return database.exec("PRAGMA synchronous=FULL");
+}
+
+bool keepAside(sqlite::Database &database, const QString &file)
+{
+    database.close();
+    const QString kept = paths::keepAside(file);
+    if (kept.isEmpty())
+        return false;
+    for (const QString &suffix : {QStringLiteral("-wal"), QStringLiteral("-shm")})
+        QFile::rename(file + suffix, kept + suffix);
+    qCWarning(lcService, "the drive's database was damaged and kept aside; a new one is made");
+    return true;
+}
+
+class LocalDrives
+{
+public:
+    LocalDrives(const QString &root, const QString &file) : m_root(root), m_file(file) { }
+
+    DriveResult<std::shared_ptr<CloudDrive>> make()
+    {
+        const std::lock_guard lock(m_mutex);
+        const auto made = std::make_shared<OpenDrive>(m_root);
+        DriveDone ready = prepare(*made);
+        if (!ready && !m_prepared && made->database.failure() == sqlite::Failure::Damaged
+            && keepAside(made->database, m_file))
+            ready = prepare(*made);
+        if (!ready)
+            return ready.error();
+        m_prepared = true;
+        return std::shared_ptr<CloudDrive>(made, &made->drive);
+    }
+
+private:
+    DriveDone prepare(OpenDrive &made)
+    {
+        if (!open(made.database, m_file))
+            return DriveError{DriveError::Kind::Io, made.database.failureText()};
+        return m_prepared ? DriveDone(DriveOk()) : made.drive.prepare();
+    }
+
+    const QString m_root;
+    const QString m_file;
+    std::mutex m_mutex;
+    bool m_prepared = false;
+};
+
+} // namespace
+
+DriveThread::Factory localDrives(const QString &root, const QString &databaseFile)
+{
+    const auto drives = std::make_shared<LocalDrives>(root, databaseFile);
+    return [drives] { return drives->make(); };
+}
+
+} // namespace zel::service

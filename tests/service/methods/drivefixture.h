@@ -1,0 +1,94 @@
+#pragma once
+
+#include "methodclient.h"
+#include "service/methods/drivecontext.h"
+#include "service/methods/driveevents.h"
+#include "service/methods/roamingmethods.h"
+#include "service/transfer/localdrivesource.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+/// A service's lower half on temporary folders: the database, a local drive, and a client.
+class DriveFixture
+{
+public:
+    QTemporaryDir place;
+    MethodClient client;
+    const zel::service::Identity me{
+        QStringLiteral("u1"), QStringLiteral("User"), QStringLiteral("this"), QStringLiteral("This machine")};
+    const zel::service::IdentitySource identity = [this] { return me; };
+
+    QString root() const { return place.filePath(QStringLiteral("Drive")); }
+    QString local(const char *name) const { return place.filePath(QLatin1String(name)); }
+    QString inDrive(const char *path) const { return root() + QLatin1Char('/') + QLatin1String(path); }
+
+    zel::service::CloudDatabase database{place.filePath(QStringLiteral("cloud.db"))};
+    zel::service::RoamingTable roaming{database, 5};
+    const zel::service::DriveThread::Factory drives =
+        zel::service::localDrives(root(), place.filePath(QStringLiteral("drive.db")));
+    zel::service::DriveThread quick{drives};
+    zel::service::DriveThread bulk{drives};
+    zel::service::DriveEvents events{quick, client, identity};
+    zel::service::RoamingMethods roamingMethods{roaming, quick, client, identity};
+    const zel::service::DriveContext context{
+        quick, bulk, events, client, identity, [](zel::vela::CloudItem &) {}};
+
+    DriveFixture()
+    {
+        roamingMethods.serve(client.methods);
+        addDriveQueries(client.methods, context);
+        addDriveSearch(client.methods, context);
+        addThumbnails(client.methods, context);
+        addDriveEdits(client.methods, context);
+        addDriveBatches(client.methods, context);
+        addRecycleMethods(client.methods, context);
+    }
+
+    /// Files in the drive by "path" or "path=content", folders by "path/".
+    void fill(const QStringList &entries)
+    {
+        QDir().mkpath(root());
+        for (const QString &entry : entries)
+            write(root() + QLatin1Char('/') + entry.section(QLatin1Char('='), 0, 0),
+                entry.section(QLatin1Char('='), 1).toUtf8());
+    }
+    static void write(const QString &path, const QByteArray &content)
+    {
+        QDir().mkpath(QFileInfo(path).path());
+        QFile file(path);
+        if (!path.endsWith(QLatin1Char('/')) && (!file.open(QIODevice::WriteOnly) || file.write(content) < 0))
+            qFatal("the fixture cannot write");
+    }
+    static QByteArray read(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray("(none)");
+    }
+    /// All that is in a folder, hidden names too: "a.txt b/ b/c.txt".
+    static QString tree(const QString &folder) { return names(QDir(folder)).join(QLatin1Char(' ')); }
+    static QStringList names(const QDir &folder)
+    {
+        QStringList found;
+        const auto entries =
+            folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
+        for (const QFileInfo &entry : entries) {
+            if (entry.fileName() == QLatin1String(".zel-trash"))
+                continue;
+            found.append(entry.isDir() ? entry.fileName() + QLatin1Char('/') : entry.fileName());
+            const QStringList below = entry.isDir() ? names(QDir(entry.filePath())) : QStringList();
+            for (const QString &name : below)
+                found.append(entry.fileName() + QLatin1Char('/') + name);
+        }
+        return found;
+    }
+
+    zel::vela::CloudItemId idOf(const char *path)
+    {
+        zel::vela::GetFileIdByFilePathArg request;
+        request.filePath = path;
+        request.pathType = 1;
+        return client.call<zel::vela::GetFileIdByFilePathResult>("getFileIdByFilePath", request).item;
+    }
+};

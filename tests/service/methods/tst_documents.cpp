@@ -1,0 +1,96 @@
+#include "methodclient.h"
+#include "notify_types.h"
+#include "service/methods/clouddocuments.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+
+using namespace zel;
+using namespace zel::vela;
+
+/// The parts put together as the service has them.
+class TestDocuments final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void recordFollowsItsFile();
+    void hooks();
+};
+
+namespace {
+
+struct Service
+{
+    QTemporaryDir place;
+    MethodClient client;
+    service::ServiceHooks hooks;
+    service::CloudDatabase database{place.filePath(QStringLiteral("cloud.db"))};
+    service::CloudDocuments documents{
+        {place.filePath(QStringLiteral("Drive")), place.filePath(QStringLiteral("drive.db"))}, database,
+        client.methods, client, hooks, nullptr, [] {
+            return service::Identity{QStringLiteral("u1"), {}, QStringLiteral("this"), {}};
+        }};
+
+    QString write(const char *path)
+    {
+        QFile file(place.filePath(QLatin1String(path)));
+        QDir().mkpath(QFileInfo(file).path());
+        if (!file.open(QIODevice::WriteOnly))
+            qFatal("cannot write");
+        return file.fileName();
+    }
+};
+
+} // namespace
+
+// The file goes to the recycle bin and comes back; the recent list says so each time.
+void TestDocuments::recordFollowsItsFile()
+{
+    Service service;
+    const QString file = service.write("Drive/a.odt");
+    GetFileIdByFilePathArg path;
+    path.filePath = file.toStdString();
+    const auto item = service.client.call<GetFileIdByFilePathResult>("getFileIdByFilePath", path);
+    AddRoamingRecordArg add;
+    add.records.resize(1);
+    add.records[0].fileId = item.fileId;
+    service.client.call<AddRoamingRecordResult>("addRoamingRecord", add);
+    service.documents.start();
+    // Its answer comes after the first look at the drive.
+    service.client.call<GetInfoResult>("getInfo", GetInfoArg());
+    service.client.arrived.clear();
+
+    const auto pushes = [&] {
+        return service.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
+    };
+    RemoveArg remove;
+    remove.item = item.item;
+    RecoverRecyclesArg recover;
+    recover.recycleIds = {service.client.call<RemoveResult>("remove", remove).recycleId};
+    QTRY_COMPARE(pushes().size(), size_t(1));
+    QVERIFY(pushes()[0].changedItems.at(0).deleted);
+    service.client.call<RecoverRecyclesResult>("recoverRecycles", recover);
+    QTRY_COMPARE(pushes().size(), size_t(2));
+    QVERIFY(!pushes()[1].changedItems.at(0).deleted);
+}
+
+void TestDocuments::hooks()
+{
+    Service service;
+    service.documents.start();
+    QCOMPARE(service.hooks.runningTasks(), 0);
+    QCOMPARE(service.hooks.cancelTasks({QStringLiteral("nobody's")}), wire::ServiceError::NotFound);
+    QCOMPARE(service.hooks.reportCloudDoc(service.write("Drive/a.odt")), wire::ServiceError::None);
+    QCOMPARE(service.hooks.reportCloudDoc(service.write("a.odt")), wire::ServiceError::NotFound);
+    UploadFileArg upload;
+    upload.filePath = service.write("b.odt").toStdString();
+    upload.waitUntilDone = true;
+    const auto done = service.client.call<UploadFileResult>("uploadFile", upload);
+    QCOMPARE(done.item.name, std::string("b.odt"));
+    QVERIFY(service.hooks.waitingUploads().isEmpty());
+}
+
+QTEST_GUILESS_MAIN(TestDocuments)
+#include "tst_documents.moc"

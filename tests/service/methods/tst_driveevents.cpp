@@ -1,0 +1,249 @@
+#include "drivefixture.h"
+#include "notify_types.h"
+
+#include <QSignalSpy>
+#include <QThread>
+
+using namespace zel;
+using namespace zel::vela;
+
+class TestDriveEvents final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void tellsWhatOthersDo_data();
+    void tellsWhatOthersDo();
+    void tellsOwnChangesAfterTheAnswer();
+    void manyChangesAreToldByFolder();
+    void newsOfManySteps_data();
+    void newsOfManySteps();
+    void driveThatCannotBeOpened();
+    void endsWithJobsWaiting();
+    void damagedDatabaseIsKeptAside();
+};
+
+namespace {
+
+const QStringList Files{QStringLiteral("a.txt=one"), QStringLiteral("b.txt=three"),
+    QStringLiteral("d/a.txt=old"), QStringLiteral("d/e/f.txt")};
+
+QString names(const std::vector<CloudItem> &items)
+{
+    QStringList texts;
+    for (const CloudItem &item : items)
+        texts.append(QString::fromStdString(item.name));
+    return texts.join(QLatin1Char(' '));
+}
+
+GetInfoListResult list(DriveFixture &fixture, const GetInfoListArg &request = {})
+{
+    return fixture.client.call<GetInfoListResult>("getInfoList", request);
+}
+
+} // namespace
+
+void TestDriveEvents::tellsWhatOthersDo_data()
+{
+    QTest::addColumn<QString>("from");
+    QTest::addColumn<QString>("to");
+    QTest::addColumn<QString>("push");
+    QTest::newRow("new file") << ""
+                              << "d/n.txt"
+                              << "notifyFileCreation";
+    QTest::newRow("saved") << ""
+                           << "a.txt"
+                           << "notifyFileProperty";
+    QTest::newRow("moved") << "a.txt"
+                           << "d/m.txt"
+                           << "notifyFileProperty";
+    QTest::newRow("removed") << "a.txt"
+                             << ""
+                             << "notifyFileAction";
+}
+
+void TestDriveEvents::tellsWhatOthersDo()
+{
+    QFETCH(QString, from);
+    QFETCH(QString, to);
+    QFETCH(QString, push);
+    DriveFixture fixture;
+    fixture.fill(Files);
+    const std::string id = fixture.idOf("a.txt").id;
+    QSignalSpy told(&fixture.events, &service::DriveEvents::told);
+    fixture.events.start(fixture.root());
+    QVERIFY(told.wait());
+    QVERIFY(fixture.client.pushed<NotifyFileCreationArg>("notifyFileCreation").empty());
+    if (from.isEmpty())
+        DriveFixture::write(fixture.inDrive(qPrintable(to)), "changed by others");
+    else if (to.isEmpty())
+        QVERIFY(QFile::remove(fixture.inDrive(qPrintable(from))));
+    else
+        QVERIFY(QFile::rename(fixture.inDrive(qPrintable(from)), fixture.inDrive(qPrintable(to))));
+    QTRY_VERIFY(std::any_of(fixture.client.arrived.begin(), fixture.client.arrived.end(),
+        [&](const auto &one) { return one.isPush && one.method == push.toStdString(); }));
+    if (push == QLatin1String("notifyFileProperty")) {
+        const auto item = fixture.client.pushed<NotifyFilePropertyArg>(push.toStdString()).at(0).items.at(0);
+        QCOMPARE(item.id, id);
+        QCOMPARE(item.name, QFileInfo(to).fileName().toStdString());
+    }
+    if (push == QLatin1String("notifyFileAction"))
+        QVERIFY(fixture.client.pushed<NotifyFileActionArg>(push.toStdString()).at(0).item.deleted);
+}
+
+void TestDriveEvents::tellsOwnChangesAfterTheAnswer()
+{
+    DriveFixture fixture;
+    fixture.fill(Files);
+    QSignalSpy told(&fixture.events, &service::DriveEvents::told);
+    fixture.events.start({}); // not watched
+    QVERIFY(told.wait());
+    CreateFolderArg create;
+    create.name = "new";
+    const auto created = fixture.client.call<CreateFolderResult>("createFolder", create);
+    QTRY_COMPARE(fixture.client.arrived.back().method, std::string("notifyFileCreation"));
+    QCOMPARE(
+        fixture.client.pushed<NotifyFileCreationArg>("notifyFileCreation").at(0).item.id, created.item.id);
+
+    RenameArg rename;
+    rename.item.id = created.item.id;
+    rename.newName = "newer";
+    fixture.client.call<RenameResult>("rename", rename);
+    QTRY_COMPARE(fixture.client.arrived.back().method, std::string("notifyFileProperty"));
+    QCOMPARE(
+        fixture.client.pushed<NotifyFileActionArg>("notifyFileAction").at(0).oldName, std::string("new"));
+
+    QSignalSpy gone(&fixture.events, &service::DriveEvents::filesGone);
+    RemoveArg remove;
+    remove.item.id = created.item.id;
+    fixture.client.call<RemoveResult>("remove", remove);
+    QVERIFY(gone.count() > 0 || gone.wait());
+    QCOMPARE(gone[0][0].toStringList(), QStringList{QString::fromStdString(created.item.id)});
+}
+
+void TestDriveEvents::manyChangesAreToldByFolder()
+{
+    DriveFixture fixture;
+    fixture.fill(Files);
+    QSignalSpy told(&fixture.events, &service::DriveEvents::told);
+    fixture.events.start({});
+    QVERIFY(told.wait());
+    for (int i = 0; i <= service::DriveEvents::MostItems; ++i)
+        DriveFixture::write(fixture.inDrive(qPrintable(QStringLiteral("d/%1").arg(i))), {});
+    fixture.events.check();
+    QVERIFY(told.wait());
+    QCOMPARE(fixture.client.arrived.back().method, std::string("notifyFileProperty"));
+    const auto push = fixture.client.pushed<NotifyFilePropertyArg>("notifyFileProperty").at(0);
+    QCOMPARE(push.changedFields, std::vector<std::string>{"children"});
+    QCOMPARE(names(push.items), QStringLiteral("d"));
+    QVERIFY(fixture.client.pushed<NotifyFileCreationArg>("notifyFileCreation").empty());
+}
+
+void TestDriveEvents::newsOfManySteps_data()
+{
+    QTest::addColumn<QString>("steps"); // of one item: created, modified, moved, removed
+    QTest::addColumn<QString>("news");
+    QTest::newRow("came and went") << "CMR"
+                                   << "";
+    QTest::newRow("new and written") << "CMV"
+                                     << "created";
+    QTest::newRow("moved and written") << "VM"
+                                       << "modified moved";
+    QTest::newRow("written and gone") << "MR"
+                                      << "gone";
+    QTest::newRow("replaced") << "RC"
+                              << "modified";
+    QTest::newRow("gone, back, gone") << "RCR"
+                                      << "gone";
+}
+
+void TestDriveEvents::newsOfManySteps()
+{
+    QFETCH(QString, steps);
+    QVector<service::DriveChange> changes;
+    for (const QChar step : qAsConst(steps)) {
+        using Kind = service::DriveChange::Kind;
+        const int kind = QStringLiteral("CMVR").indexOf(step);
+        changes.append({Kind(kind), QStringLiteral("7"), QStringLiteral("1"), QStringLiteral("n"), false});
+    }
+    const service::DriveNews news = service::summarize(changes);
+    QStringList found;
+    if (!news.created.isEmpty())
+        found.append(QStringLiteral("created"));
+    if (!news.modified.isEmpty())
+        found.append(QStringLiteral("modified"));
+    if (!news.moved.isEmpty())
+        found.append(QStringLiteral("moved"));
+    if (!news.gone.isEmpty())
+        found.append(QStringLiteral("gone"));
+    QTEST(found.join(QLatin1Char(' ')), "news");
+}
+
+void TestDriveEvents::driveThatCannotBeOpened()
+{
+    MethodClient client;
+    bool offline = true;
+    QTemporaryDir place;
+    const auto drives = service::localDrives(place.path(), place.filePath(QStringLiteral("drive.db")));
+    service::DriveThread thread([&]() -> service::DriveResult<std::shared_ptr<service::CloudDrive>> {
+        if (offline)
+            return service::DriveError{service::DriveError::Kind::Offline, QStringLiteral("away")};
+        return drives();
+    });
+    const service::IdentitySource identity = [] { return service::Identity(); };
+    service::DriveEvents events(thread, client, identity);
+    const service::DriveContext context{thread, thread, events, client, identity, {}};
+    addDriveQueries(client.methods, context);
+    const auto refused = client.call<GetInfoListResult>("getInfoList", GetInfoListArg());
+    QCOMPARE(refused.state, int(wire::ServiceError::Offline));
+    QCOMPARE(refused.errorInfo.errResult, std::string("offline"));
+    offline = false;
+    QCOMPARE(client.call<GetInfoListResult>("getInfoList", GetInfoListArg()).state, 0);
+}
+
+// What waits is dropped, on the thread that the answers belong to; what runs is asked to end.
+void TestDriveEvents::endsWithJobsWaiting()
+{
+    DriveFixture fixture;
+    fixture.fill(Files);
+    struct Probe
+    {
+        QThread **where;
+        explicit Probe(QThread **place) : where(place) { }
+        Probe(Probe &&other) noexcept : where(std::exchange(other.where, nullptr)) { }
+        ~Probe()
+        {
+            if (where)
+                *where = QThread::currentThread();
+        }
+    };
+    QThread *droppedOn = nullptr;
+    QThread *doneOn = nullptr;
+    std::atomic<bool> running = false;
+    const auto wait = [&](service::CloudDrive &) -> service::DriveDone {
+        running = true;
+        while (fixture.bulk.goingOn())
+            QThread::yieldCurrentThread();
+        return service::DriveOk();
+    };
+    fixture.bulk.run(
+        wait, [probe = Probe(&doneOn)](const service::DriveDone &) { QFAIL("told after the end"); });
+    fixture.bulk.run([](service::CloudDrive &) -> service::DriveDone { return service::DriveOk(); },
+        [probe = Probe(&droppedOn)](const service::DriveDone &) { QFAIL("told after the end"); });
+    QTRY_VERIFY(running);
+    fixture.bulk.stop();
+    QCOMPARE(doneOn, QThread::currentThread());
+    QCOMPARE(droppedOn, QThread::currentThread());
+}
+
+void TestDriveEvents::damagedDatabaseIsKeptAside()
+{
+    DriveFixture fixture;
+    fixture.fill(Files);
+    DriveFixture::write(fixture.local("drive.db"), QByteArray(8192, 'x'));
+    QCOMPARE(list(fixture).state, 0);
+    QCOMPARE(QDir(fixture.place.path()).entryList({QStringLiteral("drive.db.damaged-*")}).size(), 1);
+}
+
+QTEST_GUILESS_MAIN(TestDriveEvents)
+#include "tst_driveevents.moc"

@@ -1,0 +1,368 @@
+#include "base/clock.h"
+#include "drivefixture.h"
+#include "notify_types.h"
+
+#include <QSignalSpy>
+
+using namespace zel;
+using namespace zel::vela;
+using service::RoamingMark;
+
+class TestRoaming final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void identity_data();
+    void identity();
+    void marks_data();
+    void marks();
+    void keptOverRestart();
+    void answeredBeforeTold();
+    void limit();
+    void removal_data();
+    void removal();
+    void pagesAndFilters();
+    void badRecords();
+    void removesFiles();
+    void followsTheDrive();
+    void otherUsersAreApart();
+    void fullDisk();
+};
+
+namespace {
+
+FileRecordItem use(const char *path, const char *device, const char *operation = "open", qint64 time = 1000)
+{
+    FileRecordItem event;
+    event.path = path;
+    event.deviceId = device;
+    event.operation = operation;
+    event.actionTime = time;
+    return event;
+}
+
+AddRoamingRecordResult add(MethodClient &client, std::vector<FileRecordItem> events)
+{
+    AddRoamingRecordArg request;
+    request.records = std::move(events);
+    return client.call<AddRoamingRecordResult>("addRoamingRecord", request);
+}
+
+GetRecentFilesResult list(MethodClient &client, GetRecentFilesArg request = {})
+{
+    return client.call<GetRecentFilesResult>("getRecentFiles", request);
+}
+
+QString names(const GetRecentFilesResult &result)
+{
+    QStringList texts;
+    for (const RecentFileItem &item : result.items)
+        texts.append(QString::fromStdString(item.name));
+    return texts.join(QLatin1Char(' '));
+}
+
+} // namespace
+
+void TestRoaming::identity_data()
+{
+    QTest::addColumn<QStringList>("first"); // device, path, cloud file, time
+    QTest::addColumn<QStringList>("second");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<qint64>("time"); // of the latest
+    const auto row = [](const char *device, const char *path, const char *file, const char *time) {
+        return QStringList{
+            QLatin1String(device), QLatin1String(path), QLatin1String(file), QLatin1String(time)};
+    };
+    QTest::newRow("same path") << row("this", "/a/x.odt", "", "10") << row("this", "/a/x.odt", "", "20") << 1
+                               << qint64(20);
+    QTest::newRow("path written otherwise")
+        << row("this", "/a/x.odt", "", "10") << row("this", "/a/../a//x.odt", "", "20") << 1 << qint64(20);
+    QTest::newRow("late news") << row("this", "/a/x.odt", "", "20") << row("this", "/a/x.odt", "", "10") << 1
+                               << qint64(20);
+    QTest::newRow("other device, same path")
+        << row("this", "/a/x.odt", "", "10") << row("that", "/a/x.odt", "", "20") << 2 << qint64(20);
+    QTest::newRow("other device, same cloud file")
+        << row("this", "/a/x.odt", "7", "10") << row("that", "/b/x.odt", "7", "20") << 1 << qint64(20);
+    QTest::newRow("path becomes a cloud file")
+        << row("this", "/a/x.odt", "", "10") << row("this", "/a/x.odt", "7", "20") << 1 << qint64(20);
+    QTest::newRow("quote in the path")
+        << row("this", "/a/' OR 1=1 --", "", "10") << row("this", "/a/y", "", "20") << 2 << qint64(20);
+}
+
+void TestRoaming::identity()
+{
+    QFETCH(QStringList, first);
+    QFETCH(QStringList, second);
+    QFETCH(int, count);
+    QFETCH(qint64, time);
+    DriveFixture fixture;
+    for (const QStringList &given : {first, second}) {
+        FileRecordItem event = use(qPrintable(given[1]), qPrintable(given[0]), "open", given[3].toLongLong());
+        event.fileId = given[2].toStdString();
+        QCOMPARE(add(fixture.client, {event}).state, 0);
+    }
+    const auto result = list(fixture.client);
+    QCOMPARE(int(result.total), count);
+    QCOMPARE(qint64(result.items.at(0).fileTime), time);
+    QVERIFY(!result.items.at(0).roamingId.empty());
+}
+
+void TestRoaming::marks_data()
+{
+    QTest::addColumn<QStringList>("uses"); // device:operation
+    QTest::addColumn<int>("mark");
+    QTest::addColumn<int>("news"); // told to whoever sends messages about it
+    const auto row = [](const char *uses) { return QString::fromLatin1(uses).split(QLatin1Char(' ')); };
+    QTest::newRow("own") << row("this:open") << int(RoamingMark::None) << 0;
+    QTest::newRow("new on another device") << row("that:open") << int(RoamingMark::New) << 1;
+    QTest::newRow("changed there") << row("this:open that:save") << int(RoamingMark::Modified) << 1;
+    QTest::newRow("only opened there") << row("this:open that:open") << int(RoamingMark::None) << 0;
+    QTest::newRow("new stays new") << row("that:open that:save") << int(RoamingMark::New) << 2;
+    QTest::newRow("opening it here is reading it")
+        << row("that:open this:open") << int(RoamingMark::None) << 1;
+}
+
+void TestRoaming::marks()
+{
+    QFETCH(QStringList, uses);
+    DriveFixture fixture;
+    QSignalSpy news(&fixture.roamingMethods, &service::RoamingMethods::arrivedFromElsewhere);
+    qint64 time = 1000;
+    for (const QString &one : uses) {
+        FileRecordItem event = use("/x.odt", qPrintable(one.section(QLatin1Char(':'), 0, 0)),
+            qPrintable(one.section(QLatin1Char(':'), 1)), ++time);
+        event.fileId = "7";
+        add(fixture.client, {event});
+    }
+    const auto result = list(fixture.client);
+    QTEST(int(service::markOf(result.items.at(0))), "mark");
+    QTEST(news.count(), "news");
+    QCOMPARE(result.unreadCount, service::markOf(result.items.at(0)) == RoamingMark::None ? 0 : 1);
+
+    SetCloudItemReadArg read;
+    read.items.resize(1);
+    read.items[0].id = "7";
+    const auto marked = fixture.client.call<SetCloudItemReadResult>("setCloudItemRead", read);
+    QCOMPARE(marked.changedCount, result.unreadCount);
+    QCOMPARE(marked.unreadCount, 0);
+    QCOMPARE(list(fixture.client).unreadCount, 0);
+}
+
+// What was acknowledged is read back by another connection, without the first being closed.
+void TestRoaming::keptOverRestart()
+{
+    DriveFixture fixture;
+    const auto added =
+        add(fixture.client, {use("/a.odt", "that", "save", 5), use("/b.odt", "this", "open", 9)});
+    service::CloudDatabase again(fixture.local("cloud.db"));
+    service::RoamingTable table(again);
+    service::RoamingPage page;
+    QCOMPARE(table.page(fixture.me.userId, {}, page), wire::ServiceError::None);
+    QCOMPARE(page.total, qint64(2));
+    QCOMPARE(page.items.at(1), added.items.at(0));
+    QCOMPARE(table.unreadCount(fixture.me.userId), 1);
+    QCOMPARE(table.version(fixture.me.userId).toStdString(), added.opv);
+}
+
+void TestRoaming::answeredBeforeTold()
+{
+    DriveFixture fixture;
+    const auto added = add(fixture.client, {use("/a.odt", "that")});
+    QCOMPARE(fixture.client.arrived.size(), size_t(2));
+    QVERIFY(!fixture.client.arrived.at(0).isPush);
+    const auto pushes = fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
+    QCOMPARE(pushes.size(), size_t(1));
+    QCOMPARE(pushes[0].changedItems, added.items);
+    QCOMPARE(pushes[0].opv, added.opv);
+    QVERIFY(!pushes[0].reload);
+}
+
+void TestRoaming::limit()
+{
+    DriveFixture fixture; // keeps five
+    std::vector<FileRecordItem> events;
+    for (int i = 0; i < 7; ++i)
+        events.push_back(use(qPrintable(QStringLiteral("/%1").arg(i)), "this", "open", 100 + i));
+    const auto added = add(fixture.client, events);
+    QCOMPARE(names(list(fixture.client)), QStringLiteral("6 5 4 3 2"));
+    const auto push = fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange").at(0);
+    const std::set<std::string> gone(push.removedIds.begin(), push.removedIds.end());
+    QCOMPARE(gone, (std::set<std::string>{added.items[0].roamingId, added.items[1].roamingId}));
+}
+
+void TestRoaming::removal_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<QString>("left");
+    QTest::newRow("by path, of this machine only") << "path"
+                                                   << "cloud /a-there";
+    QTest::newRow("by cloud file") << "file"
+                                   << "/a-there /a";
+    QTest::newRow("by id") << "id"
+                           << "cloud /a";
+    QTest::newRow("all") << "all"
+                         << "";
+    QTest::newRow("nothing named") << "none"
+                                   << "cloud /a-there /a";
+    QTest::newRow("this machine's list was emptied") << "emptied"
+                                                     << "cloud /a-there";
+}
+
+void TestRoaming::removal()
+{
+    QFETCH(QString, kind);
+    DriveFixture fixture;
+    std::vector<FileRecordItem> events{
+        use("/a", "this", "open", 1), use("/a", "that", "open", 2), use("/c", "that", "open", 3)};
+    events[0].name = "/a";
+    events[1].name = "/a-there";
+    events[2].fileId = "7";
+    events[2].name = "cloud";
+    const auto added = add(fixture.client, events);
+    fixture.client.arrived.clear();
+    DelRoamingRecordArg request;
+    if (kind == QLatin1String("path"))
+        request.paths = {"/a"};
+    else if (kind == QLatin1String("file"))
+        request.fileIds = {"7"};
+    else if (kind == QLatin1String("id"))
+        request.roamingIds = {added.items[1].roamingId, "nobody's"};
+    request.allRecords = kind == QLatin1String("all");
+    size_t removed = 0;
+    if (kind == QLatin1String("emptied")) {
+        NotifyRecentFilesArg notice;
+        notice.action = 4;
+        removed = 3 - size_t(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).total);
+    } else {
+        removed =
+            size_t(fixture.client.call<DelRoamingRecordResult>("delRoamingRecord", request).removedCount);
+    }
+    QTEST(names(list(fixture.client)), "left");
+    const auto pushes = fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
+    QCOMPARE(pushes.size(), size_t(removed > 0 ? 1 : 0));
+    if (removed > 0)
+        QCOMPARE(pushes[0].removedIds.size(), removed);
+}
+
+void TestRoaming::pagesAndFilters()
+{
+    DriveFixture fixture;
+    add(fixture.client,
+        {use("/Äpfel.ODT", "this", "open", 1), use("/b.pdf", "that", "open", 2),
+            use("/c.odt", "that", "open", 3)});
+    GetRecentFilesArg page;
+    page.count = 2;
+    QCOMPARE(names(list(fixture.client, page)), QStringLiteral("c.odt b.pdf"));
+    QVERIFY(list(fixture.client, page).hasMore);
+    page.offset = 2;
+    QCOMPARE(names(list(fixture.client, page)), QString::fromUtf8("Äpfel.ODT"));
+    QVERIFY(!list(fixture.client, page).hasMore);
+    GetRecentFilesArg keyword;
+    keyword.keyword = "äPF";
+    QCOMPARE(names(list(fixture.client, keyword)), QString::fromUtf8("Äpfel.ODT"));
+    GetRecentFilesArg suffix;
+    suffix.suffixes = {"odt"};
+    QCOMPARE(names(list(fixture.client, suffix)), QString::fromUtf8("c.odt Äpfel.ODT"));
+    GetRecentFilesArg others;
+    others.otherDevicesOnly = true;
+    QCOMPARE(names(list(fixture.client, others)), QStringLiteral("c.odt b.pdf"));
+    GetRecentFilesArg odd;
+    odd.offset = -5;
+    odd.count = -1;
+    QCOMPARE(int(list(fixture.client, odd).items.size()), 3);
+}
+
+void TestRoaming::badRecords()
+{
+    DriveFixture fixture;
+    const std::string endless(5000, 'x');
+    const auto result =
+        add(fixture.client, {use("", "this"), use(("/" + endless).c_str(), "this"), use("/good", "this")});
+    QCOMPARE(result.state, 0);
+    QCOMPARE(result.failedItems.size(), size_t(2));
+    QCOMPARE(result.items.size(), size_t(1));
+    NotifyRecentFilesArg notice;
+    notice.action = 9;
+    QCOMPARE(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).state,
+        int(wire::ServiceError::InvalidArgument));
+    QCOMPARE(int(list(fixture.client).total), 1);
+}
+
+void TestRoaming::removesFiles()
+{
+    DriveFixture fixture;
+    fixture.fill({QStringLiteral("a.odt"), QStringLiteral("b.odt")});
+    FileRecordItem event = use("", "this");
+    event.fileId = fixture.idOf("a.odt").id;
+    event.name = "a.odt";
+    add(fixture.client, {event});
+    GetRecentFileInfoListArg infos;
+    infos.withParents = true;
+    const auto known = fixture.client.call<GetRecentFileInfoListResult>("getRecentFileInfoList", infos);
+    QCOMPARE(known.items.at(0).cloudItem.name, std::string("a.odt"));
+    QCOMPARE(known.items.at(0).mapParentItem.size(), size_t(1));
+
+    DelRoamingRecordArg request;
+    request.fileIds = {event.fileId};
+    request.removeFiles = true;
+    const auto result = fixture.client.call<DelRoamingRecordResult>("delRoamingRecord", request);
+    QCOMPARE(int(result.removedCount), 1);
+    QVERIFY(result.failedItems.empty());
+    QCOMPARE(DriveFixture::tree(fixture.root()), QStringLiteral("b.odt"));
+}
+
+// A record whose file goes stays, marked; the mark goes when the file is back.
+void TestRoaming::followsTheDrive()
+{
+    DriveFixture fixture;
+    FileRecordItem event = use("", "this");
+    event.fileId = "7";
+    add(fixture.client, {event});
+    fixture.roamingMethods.markFiles({QStringLiteral("7"), QStringLiteral("8")}, true);
+    QCOMPARE(int(list(fixture.client).total), 0);
+    GetRecentFilesArg all;
+    all.includeDeleted = true;
+    QVERIFY(list(fixture.client, all).items.at(0).deleted);
+    fixture.roamingMethods.markFiles({QStringLiteral("7")}, false);
+    QCOMPARE(int(list(fixture.client).total), 1);
+    QCOMPARE(fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange").size(), size_t(3));
+}
+
+void TestRoaming::otherUsersAreApart()
+{
+    DriveFixture fixture;
+    RecentFileItem item;
+    item.roamingId = "r1";
+    item.path = "/a";
+    const QString other = QStringLiteral("u2");
+    QCOMPARE(fixture.roaming.add(other, {item}, {}).error, wire::ServiceError::None);
+    item.path = "/b";
+    QCOMPARE(fixture.roaming.add(fixture.me.userId, {item}, {}).error, wire::ServiceError::None);
+    fixture.roaming.remove(fixture.me.userId, {{}, {}, {}, {}, service::RoamingSelection::Scope::All});
+    service::RoamingItems left;
+    fixture.roaming.find(other, {QStringLiteral("r1")}, left);
+    QCOMPARE(left.size(), size_t(1));
+    QCOMPARE(left[0].path, std::string("/a"));
+}
+
+// A change that cannot be kept is refused, and nobody is told of it; later ones work again.
+void TestRoaming::fullDisk()
+{
+    DriveFixture fixture;
+    QCOMPARE(add(fixture.client, {use("/a", "this")}).state, 0);
+    fixture.client.arrived.clear();
+    const qint64 pages = fixture.database.connection().number("PRAGMA page_count");
+    fixture.database.connection().exec(qPrintable(QStringLiteral("PRAGMA max_page_count=%1").arg(pages)));
+    FileRecordItem large = use("/b", "this");
+    large.extraParam["note"] = std::string(30000, 'x');
+    const auto refused = add(fixture.client, {large});
+    QCOMPARE(refused.state, int(wire::ServiceError::DiskFull));
+    QVERIFY(fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange").empty());
+    fixture.database.connection().exec("PRAGMA max_page_count=100000");
+    QCOMPARE(add(fixture.client, {large}).state, 0);
+    QCOMPARE(int(list(fixture.client).total), 2);
+}
+
+QTEST_GUILESS_MAIN(TestRoaming)
+#include "tst_roaming.moc"

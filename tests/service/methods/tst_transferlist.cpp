@@ -1,0 +1,214 @@
+#include "transferfixture.h"
+
+#include <QElapsedTimer>
+#include <QSignalSpy>
+
+using namespace zel;
+using namespace zel::vela;
+using service::TransferState;
+
+class TestTransferList final : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void refusedAtOnce_data();
+    void refusedAtOnce();
+    void twoAtOnceUrgentFirst();
+    void progressIsNotAFlood();
+    void waitsUntilDone_data();
+    void waitsUntilDone();
+    void transferList();
+    void olderTasksAreForgotten();
+    void originIsTold();
+};
+
+void TestTransferList::refusedAtOnce_data()
+{
+    QTest::addColumn<QString>("path");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("error");
+    QTest::newRow("taken") << "a.txt"
+                           << "" << int(wire::ServiceError::Exists);
+    QTest::newRow("not there") << "none.txt"
+                               << "" << int(wire::ServiceError::NotFound);
+    QTest::newRow("a folder as a file") << "."
+                                        << "n" << int(wire::ServiceError::NotFound);
+    QTest::newRow("out of the folder") << "a.txt"
+                                       << "../a.txt" << int(wire::ServiceError::InvalidArgument);
+    QTest::newRow("the drive's own name") << "a.txt"
+                                          << ".zel-trash" << int(wire::ServiceError::InvalidArgument);
+}
+
+void TestTransferList::refusedAtOnce()
+{
+    QFETCH(QString, path);
+    QFETCH(QString, name);
+    TransferFixture fixture;
+    fixture.fill({QStringLiteral("a.txt=drive")});
+    DriveFixture::write(fixture.local("l/a.txt"), "local");
+    UploadFileArg request;
+    request.filePath = QString(fixture.local("l/") + path).toStdString();
+    request.newName = name.toStdString();
+    const auto result = fixture.client.call<UploadFileResult>("uploadFile", request);
+    QTEST(result.state, "error");
+    QVERIFY(result.taskId.empty());
+    if (result.state == int(wire::ServiceError::Exists))
+        QCOMPARE(result.conflict.suggestedName, std::string("a (2).txt"));
+    QCOMPARE(fixture.client.call<TransferInfoListResult>("transferInfoList", TransferInfoListArg()).total,
+        int64_t(0));
+}
+
+void TestTransferList::twoAtOnceUrgentFirst()
+{
+    TransferFixture fixture;
+    const QString large = fixture.makeLarge(fixture.local("large"));
+    const std::string first = fixture.upload(large, 1);
+    const std::string second = fixture.upload(large, 1);
+    DriveFixture::write(fixture.local("a"), "a");
+    DriveFixture::write(fixture.local("b"), "b");
+    const std::string usual = fixture.upload(fixture.local("a"));
+    const std::string urgent = fixture.upload(fixture.local("b"), 0, 5);
+    QVERIFY(fixture.waitForProgress(first));
+    QVERIFY(fixture.waitForProgress(second));
+    QCOMPARE(fixture.runner->running().size(), 2);
+    QCOMPARE(fixture.stateOf(usual), TransferState::Waiting);
+    QCOMPARE(fixture.transfers->runningTasks(), 4);
+    fixture.runner->cancel(QString::fromStdString(first));
+    QVERIFY(fixture.waitFor(usual, TransferState::Done));
+    QVERIFY(fixture.waitFor(urgent, TransferState::Done));
+    std::vector<std::string> done;
+    for (const auto &push : fixture.client.pushed<NotifyFileTransferArg>("notifyFileTransfer"))
+        if (push.transferState == 4)
+            done.push_back(push.taskId);
+    QCOMPARE(done, (std::vector<std::string>{urgent, usual}));
+    fixture.runner->cancel(QString::fromStdString(second));
+    QVERIFY(fixture.waitFor(second, TransferState::Cancelled));
+}
+
+void TestTransferList::progressIsNotAFlood()
+{
+    TransferFixture fixture;
+    QElapsedTimer watch;
+    watch.start();
+    const std::string id = fixture.upload(fixture.makeLarge(fixture.local("large")));
+    QVERIFY(fixture.waitForProgress(id, 3));
+    const qint64 elapsed = watch.elapsed();
+    size_t told = 0;
+    qint64 last = -1;
+    for (const auto &push : fixture.client.pushed<NotifyFileTransferArg>("notifyFileTransfer")) {
+        told += push.doneSize > 0;
+        QVERIFY(push.doneSize >= last);
+        last = push.doneSize;
+    }
+    QVERIFY2(told <= size_t(elapsed / service::TransferMonitor::IntervalMs) + 1,
+        qPrintable(QString::number(told)));
+    const auto info = fixture.client.call<TransferInfoListResult>("transferInfoList", TransferInfoListArg());
+    QVERIFY(info.tasks.at(0).doneSize >= last);
+    QVERIFY(info.uploadSpeed > 0);
+    fixture.runner->cancel(QString::fromStdString(id));
+    QVERIFY(fixture.waitFor(id, TransferState::Cancelled));
+}
+
+void TestTransferList::waitsUntilDone_data()
+{
+    QTest::addColumn<bool>("cancelled");
+    QTest::newRow("done") << false;
+    QTest::newRow("cancelled") << true;
+}
+
+void TestTransferList::waitsUntilDone()
+{
+    QFETCH(bool, cancelled);
+    TransferFixture fixture;
+    const QString path = fixture.local("a.txt");
+    DriveFixture::write(path, "content");
+    if (cancelled)
+        fixture.makeLarge(path);
+    UploadFileArg request;
+    request.filePath = path.toStdString();
+    request.waitUntilDone = true;
+    const int32_t call = fixture.client.send("uploadFile", request);
+    if (cancelled) {
+        QTRY_COMPARE(fixture.runner->running().size(), 1);
+        const QString id = fixture.runner->running().at(0);
+        QVERIFY(fixture.waitForProgress(id.toStdString()));
+        fixture.runner->cancel(id);
+    }
+    const auto result = fixture.client.answer<UploadFileResult>(call);
+    QCOMPARE(result.state, cancelled ? int(wire::ServiceError::Cancelled) : 0);
+    QCOMPARE(result.item.name, std::string(cancelled ? "" : "a.txt"));
+}
+
+void TestTransferList::transferList()
+{
+    TransferFixture fixture;
+    DriveFixture::write(fixture.local("a.txt"), "a");
+    const std::string up = fixture.upload(fixture.local("a.txt"));
+    QVERIFY(fixture.waitFor(up, TransferState::Done));
+    const std::string down = fixture.download(fixture.idOf("a.txt"), fixture.local("l/b.txt"));
+    QVERIFY(fixture.waitFor(down, TransferState::Done));
+    TransferInfoListArg request;
+    auto list = fixture.client.call<TransferInfoListResult>("transferInfoList", request);
+    QCOMPARE(list.total, int64_t(2));
+    QCOMPARE(list.doneCount, 2);
+    QCOMPARE(list.tasks.at(0).taskId, down);
+    request.transferType = 1;
+    request.count = 1;
+    list = fixture.client.call<TransferInfoListResult>("transferInfoList", request);
+    QCOMPARE(list.tasks.at(0).taskId, up);
+    QVERIFY(!list.hasMore);
+    const auto unread = [&] {
+        return fixture.client
+            .call<GetTransferUnreadCountResult>("getTransferUnreadCount", GetTransferUnreadCountArg())
+            .unreadCount;
+    };
+    QCOMPARE(unread(), 2);
+    UpdateTransferInfoArg update;
+    update.allTasks = true;
+    update.operation = 6;
+    QCOMPARE(
+        fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", update).tasks.size(), size_t(2));
+    QCOMPARE(unread(), 0);
+    update.operation = 5;
+    update.transferType = 2;
+    QCOMPARE(fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", update).removedTaskIds,
+        std::vector<std::string>{down});
+    update.operation = 9;
+    QCOMPARE(fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", update).state,
+        int(wire::ServiceError::InvalidArgument));
+}
+
+void TestTransferList::olderTasksAreForgotten()
+{
+    TransferFixture fixture; // keeps three that have ended
+    service::TransferTasks tasks(6);
+    for (size_t i = 0; i < tasks.size(); ++i) {
+        tasks[i].info.name = std::to_string(i);
+        tasks[i].info.transferState = int(i == 0 ? TransferState::Paused : TransferState::Done);
+    }
+    QCOMPARE(fixture.table.add(fixture.me.userId, tasks), wire::ServiceError::None);
+    service::TransferTasks left;
+    QCOMPARE(fixture.table.all(fixture.me.userId, left), wire::ServiceError::None);
+    QString names;
+    for (const auto &task : left)
+        names += QString::fromStdString(task.info.name);
+    QCOMPARE(names, QStringLiteral("5430"));
+}
+
+void TestTransferList::originIsTold()
+{
+    TransferFixture fixture;
+    QSignalSpy told(&fixture.events, &service::DriveEvents::told);
+    fixture.events.start({});
+    QVERIFY(told.wait());
+    DriveFixture::write(fixture.local("a.txt"), "a");
+    const std::string id = fixture.upload(fixture.local("a.txt"));
+    const auto pushes = [&] { return fixture.client.pushed<NotifyFileCreationArg>("notifyFileCreation"); };
+    QTRY_COMPARE(pushes().size(), size_t(1));
+    QCOMPARE(pushes()[0].source, std::string("upload"));
+    QCOMPARE(pushes()[0].taskId, id);
+}
+
+QTEST_GUILESS_MAIN(TestTransferList)
+#include "tst_transferlist.moc"
