@@ -54,8 +54,10 @@ int serve(SingleInstance &instance, const ServiceOptions &options)
         [&service] { return service.identity(); });
     service.start();
     // Reading the drive's folders can wait until somebody wants to know.
-    QObject::connect(
-        &server, &CloudServer::welcomed, qApp, [&documents] { documents.start(); }, Qt::QueuedConnection);
+    QObject::connect(&server, &CloudServer::welcomed, qApp, [&documents] {
+        QMetaObject::invokeMethod(
+            qApp, [&documents] { documents.start(); }, Qt::QueuedConnection);
+    });
     QObject::connect(&server, &CloudServer::finished, qApp, &QCoreApplication::quit, Qt::QueuedConnection);
     QSocketNotifier exitSignal(zel::posix::catchExitSignals(), QSocketNotifier::Read);
     QObject::connect(&exitSignal, &QSocketNotifier::activated, qApp, [&exitSignal, &server] {

@@ -13,7 +13,8 @@
 using namespace zel;
 using Fixture = LinkFixture<ZelBoxCloudSvr>;
 using LoginMap = std::map<std::string, std::string>;
-using Call = std::function<void(ZelBoxCloudSvr &)>;
+using Check = std::function<bool(FakeService::Reader &)>; // whether the request came as it was made
+using Call = std::function<Check(ZelBoxCloudSvr &)>;
 Q_DECLARE_METATYPE(LoginMap)
 Q_DECLARE_METATYPE(Call)
 
@@ -104,14 +105,17 @@ void TestFacade::relaysEvents()
     QSignalSpy discussion(box, &ZelBoxCloudSvr::notifyShareDiscussion);
     QSignalSpy thumbnail(box, &ZelBoxCloudSvr::notifyUserThumbnail);
     QSignalSpy states(box, SIGNAL(notifyRecentFileStateChanged(const QVector<zel::vela::CloudItem> &)));
+    QSignalSpy membership(box, &ZelBoxCloudSvr::signal_vipInfoChanged);
     KVelaEventObject *events = box->velaEventObject();
+    Q_EMIT events->signal_vipInfoChanged(QVariantMap{{QStringLiteral("kind"), QStringLiteral("super")}});
     Q_EMIT events->signal_notifyFileCreation({});
     Q_EMIT events->signal_notifyNewMsgList({QStringLiteral("1")});
     Q_EMIT events->signal_notifyActionsMapForReadMessage({});
     Q_EMIT events->signal_notifyShareDiscussion({});
     Q_EMIT events->signal_notifyUserThumbnail({});
     Q_EMIT events->signal_notifyRecentFileStateChanged({});
-    for (const QSignalSpy *spy : {&creation, &messages, &actions, &discussion, &thumbnail, &states})
+    for (const QSignalSpy *spy :
+        {&creation, &messages, &actions, &discussion, &thumbnail, &states, &membership})
         QCOMPARE(spy->size(), 1);
     QCOMPARE(messages.first().first().toStringList(), QStringList{QStringLiteral("1")});
 
@@ -202,39 +206,52 @@ void TestFacade::membership()
 void TestFacade::operations_data()
 {
     QTest::addColumn<Call>("call");
-    const auto row = [](const char *method, auto operation) {
-        QTest::newRow(method) << Call(
-            [operation](ZelBoxCloudSvr &box) { (box.*operation)({}, nullptr, {}); });
+    const auto row = [](const char *method, auto operation, auto record) {
+        record.extraParam["mark"] = method;
+        QTest::newRow(method) << Call([operation, record](ZelBoxCloudSvr &box) -> Check {
+            (box.*operation)(record, nullptr, {});
+            return [record](FakeService::Reader &reader) {
+                std::decay_t<decltype(record)> came;
+                return reader.readRequest(came) && came == record;
+            };
+        });
+    };
+    const Check isU1 = [](FakeService::Reader &reader) {
+        QStringList texts;
+        return reader.readRequestList(texts) && texts == QStringList{QStringLiteral("u1")};
     };
     using Svr = ZelBoxCloudSvr;
-    row("cloudDocSearch", &Svr::cloudDocSearch);
-    row("cloudDocContentSearch", &Svr::cloudDocContentSearch);
-    row("getContentSearchStatus", &Svr::getContentSearchStatus);
-    row("changeContentSearchStatus", &Svr::changeContentSearchStatus);
-    row("batchUploadFileListToAnyExistedPath", &Svr::batchUploadFileListToAnyExistedPath);
-    row("folderUpload", &Svr::folderUpload);
-    row("downloadFileFromCloud", &Svr::downloadFileFromCloud);
-    QTest::newRow("redirect") << Call([](Svr &box) { box.redirect(QStringLiteral("u1")); });
-    QTest::newRow("showUpgradeVip") << Call([](Svr &box) { box.showUpgradeVip(QStringLiteral("u1")); });
+    row("cloudDocSearch", &Svr::cloudDocSearch, vela::CloudDocSearchArg());
+    row("cloudDocContentSearch", &Svr::cloudDocContentSearch, vela::CloudDocContentSearchArg());
+    row("getContentSearchStatus", &Svr::getContentSearchStatus, vela::GetContentSearchStatusArg());
+    row("changeContentSearchStatus", &Svr::changeContentSearchStatus, vela::ChangeContentSearchStatusArg());
+    row("batchUploadFileListToAnyExistedPath", &Svr::batchUploadFileListToAnyExistedPath,
+        vela::BatchUploadFilesToCloudArg());
+    row("folderUpload", &Svr::folderUpload, vela::UploadFolderToCloudArg());
+    row("downloadFileFromCloud", &Svr::downloadFileFromCloud, vela::DownloadCloudFileArg());
+    QTest::newRow("redirect") << Call([isU1](Svr &box) {
+        box.redirect(QStringLiteral("u1"));
+        return isU1;
+    });
+    QTest::newRow("showUpgradeVip") << Call([isU1](Svr &box) {
+        box.showUpgradeVip(QStringLiteral("u1"));
+        return isU1;
+    });
 }
 
 void TestFacade::operations()
 {
     QFETCH(Call, call);
     Fixture f;
-    bool readable = false;
-    f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &reader) {
-        const wire::MethodType *method = wire::findMethod(head.method);
-        QStringList texts;
-        readable = method && method->request
-            ? reader.readRequest(wire::AnyRecord(*method->request).base())
-            : reader.readRequestList(texts) && texts == QStringList{QStringLiteral("u1")};
-    };
     QVERIFY(f.connectNow());
-    call(*f.proxy);
+    const Check check = call(*f.proxy);
+    bool isTheSame = false;
+    f.service->serve = [&](const FakeService::Head &, FakeService::Reader &reader) {
+        isTheSame = check(reader);
+    };
     QTRY_COMPARE(
         QString::fromStdString(f.service->lastCall.method), QString::fromLatin1(QTest::currentDataTag()));
-    QVERIFY(readable);
+    QVERIFY(isTheSame);
 }
 
 void TestFacade::cancelsTasks()

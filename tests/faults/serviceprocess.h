@@ -52,6 +52,7 @@ public:
     {
         return m_folder.filePath(QStringLiteral("zelbox/cloud.sock")).toStdString();
     }
+    QString home() const { return m_folder.path(); }
     QString dataFolder() const { return m_folder.filePath(QStringLiteral("data/zelbox")); }
 
 private:

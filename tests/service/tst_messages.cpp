@@ -191,6 +191,8 @@ void TestMessages::knownMessage()
     const auto replaced = store(item, true);
     QVERIFY(replaced.replaced);
     QCOMPARE(replaced.unreadCount, 1);
+    item.msgContent.content.assign(100000, 'x'); // would leave no room for others in a list
+    QCOMPARE(store(item, true).errorInfo.errResult, std::string("tooLarge"));
     const auto list = m_client->call<vela::GetMsgListResult>("getMsgList", vela::GetMsgListArg());
     QCOMPARE(list->total, 1);
     QCOMPARE(list->messages.at(0).msgContent.title, std::string("changed"));

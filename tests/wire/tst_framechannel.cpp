@@ -41,6 +41,8 @@ private Q_SLOTS:
     void endings_data();
     void endings();
     void silenceInsideAFrame();
+    void drippingFrame();
+    void readerThatSleeps();
     void pauseHoldsFramesBack();
     void slowReaderGetsEverything();
     void otherEndGoesWhileSending();
@@ -146,6 +148,30 @@ void TestFrameChannel::silenceInsideAFrame()
     write(frameOf("half").left(6));
     QVERIFY(closed.wait());
     QCOMPARE(closed.constFirst().constFirst().toString(), QStringLiteral("half a frame, then silence"));
+}
+
+void TestFrameChannel::drippingFrame()
+{
+    QSignalSpy closed(m_channel.get(), &FrameChannel::closed);
+    m_channel->setFrameTimeout(200ms);
+    const QByteArray frame = frameOf(QByteArray(1000, 'x'));
+    for (int at = 0; at < frame.size() && closed.isEmpty(); ++at) {
+        write(frame.mid(at, 1));
+        closed.wait(20);
+    }
+    QCOMPARE(closed.size(), 1);
+    QCOMPARE(m_frames.size(), 0);
+}
+
+void TestFrameChannel::readerThatSleeps()
+{
+    QSignalSpy closed(m_channel.get(), &FrameChannel::closed);
+    m_channel->setSendTimeout(100ms);
+    m_channel->send(frameOf("small"));
+    QVERIFY2(!closed.wait(300), "nothing waits");
+    m_channel->send(frameOf(QByteArray(1000000, 'x')));
+    QVERIFY(closed.wait());
+    QCOMPARE(closed.constFirst().constFirst().toString(), QStringLiteral("the other end does not read"));
 }
 
 void TestFrameChannel::pauseHoldsFramesBack()

@@ -207,7 +207,9 @@ void TestMessage::hostileRecords_data()
                               << int(TProtocolException::DEPTH_LIMIT);
     // Small in the frame, large in memory: a record takes one byte here and hundreds there.
     QTest::newRow("many empty records")
-        << QByteArray(bytesOf("0f0063 0c 00080000") + QByteArray(0x80000 + 1, '\0')) << Size;
+        << QByteArray(bytesOf("0f0063 0c 00000100") + QByteArray(0x100 + 1, '\0')) << Size;
+    QTest::newRow("many records in all")
+        << QByteArray(bytesOf("0f0063 0c 00020000") + QByteArray(0x20000 * 9, '\0')) << Size;
     // Lists in lists, each of them within its own limit.
     QTest::newRow("many entries in all") << QByteArray(bytesOf("0f0063 0f 00000006")
         + QByteArray(bytesOf("03 000f0000") + QByteArray(0xf0000, 'x')).repeated(6) + '\0')
@@ -225,10 +227,16 @@ void TestMessage::hostileRecords()
 void TestMessage::tooLargeToSend()
 {
     VelaIpcResult answer;
-    answer.resultString.assign(LargestFrame, 'x');
+    answer.resultString.assign(LargestText + 1, 'x');
     QVERIFY(replyFrame("velaIpcCall", 1, answer).isEmpty());
-    answer.resultString.resize(LargestFrame - 100);
+    answer.resultString.resize(LargestText);
     QVERIFY(!replyFrame("velaIpcCall", 1, answer).isEmpty());
+    answer.resultList = {answer.resultString, "and a little more than a frame"};
+    QVERIFY(replyFrame("velaIpcCall", 1, answer).isEmpty());
+    answer = {};
+    answer.resultList.resize(LargestContainer + 1);
+    QVERIFY(replyFrame("velaIpcCall", 1, answer).isEmpty());
+    QVERIFY(callFrame(std::string(LongestMethodName + 1, 'x'), 1, envelope()).isEmpty());
     QVERIFY(!callFrame("velaIpcCall", 1, envelope()).isEmpty()); // the writer is none the worse for it
 }
 

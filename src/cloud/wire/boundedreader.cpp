@@ -51,14 +51,15 @@ uint32_t BoundedReader::readMapBegin(TType &key, TType &value, uint32_t &size)
 {
     key = takeType();
     value = takeType();
-    size = takeCount(2, key == T_STRUCT || value == T_STRUCT);
+    const bool ofRecords = key == T_STRUCT || value == T_STRUCT;
+    size = takeCount(ofRecords ? SmallestRecord : 2, ofRecords);
     return 0;
 }
 
 uint32_t BoundedReader::readListBegin(TType &element, uint32_t &size)
 {
     element = takeType();
-    size = takeCount(1, element == T_STRUCT);
+    size = takeCount(element == T_STRUCT ? SmallestRecord : 1, element == T_STRUCT);
     return 0;
 }
 

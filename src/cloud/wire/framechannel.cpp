@@ -41,6 +41,9 @@ FrameChannel::FrameChannel(posix::UniqueFd socket, FrameHandler onFrame, QObject
     m_writable.setEnabled(false);
     m_frameTimeout.setSingleShot(true);
     m_frameTimeout.setInterval(30s);
+    m_sendTimeout.setSingleShot(true);
+    connect(&m_sendTimeout, &QTimer::timeout, this,
+        [this] { fail(QStringLiteral("the other end does not read")); });
     connect(&m_readable, &QSocketNotifier::activated, this, &FrameChannel::onReadable);
     connect(&m_writable, &QSocketNotifier::activated, this, &FrameChannel::onWritable);
     connect(&m_frameTimeout, &QTimer::timeout, this,
@@ -71,8 +74,15 @@ bool FrameChannel::sendWhole(const QByteArray &frame)
         return sent > 0;
     m_output.push_back(frame.mid(int(sent)));
     m_waitingBytes += frame.size() - sent;
-    m_writable.setEnabled(true);
+    waitForRoom();
     return true;
+}
+
+void FrameChannel::waitForRoom()
+{
+    m_writable.setEnabled(true);
+    if (m_sendTimeout.interval() > 0)
+        m_sendTimeout.start();
 }
 
 void FrameChannel::setPaused(bool paused)
@@ -91,6 +101,7 @@ void FrameChannel::close()
     m_readable.setEnabled(false);
     m_writable.setEnabled(false);
     m_frameTimeout.stop();
+    m_sendTimeout.stop();
     m_socket.reset();
     m_output.clear();
     m_waitingBytes = 0;
@@ -157,7 +168,9 @@ bool FrameChannel::handleFrames()
     m_handling = true;
     const char *bytes = nullptr;
     size_t size = 0;
+    bool handled = false;
     while (m_socket && !m_paused && takeFrame(&bytes, &size)) {
+        handled = true;
         goOnInsideHandler();
         m_onFrame(bytes, size);
         if (!self)
@@ -168,11 +181,18 @@ bool FrameChannel::handleFrames()
         return false;
     if (m_waitingBytes > 0 && !m_writable.isEnabled())
         flush();
-    if (m_inputEnd > m_inputStart && !m_paused)
-        m_frameTimeout.start();
-    else if (m_frameTimeout.isActive())
-        m_frameTimeout.stop();
+    watchFrame(handled);
     return true;
+}
+
+// The time of a frame begins with its first byte, however slowly the others drip in.
+void FrameChannel::watchFrame(bool isAnother)
+{
+    const bool incomplete = m_inputEnd > m_inputStart && !m_paused;
+    if (incomplete && (isAnother || !m_frameTimeout.isActive()))
+        m_frameTimeout.start();
+    else if (!incomplete && m_frameTimeout.isActive())
+        m_frameTimeout.stop();
 }
 
 // An event loop inside the handler hears of no bytes that are here already.
@@ -219,6 +239,7 @@ bool FrameChannel::takeFrame(const char **bytes, size_t *size)
 void FrameChannel::onWritable()
 {
     m_writable.setEnabled(false);
+    m_sendTimeout.stop();
     flush();
     if (m_socket && m_waitingBytes == 0)
         Q_EMIT drained();
@@ -241,10 +262,8 @@ void FrameChannel::flush()
             continue;
         if (sent < 0 && (errno == EPIPE || errno == ECONNRESET))
             return giveUpSending();
-        if (sent <= 0) {
-            m_writable.setEnabled(true);
-            return;
-        }
+        if (sent <= 0)
+            return waitForRoom();
         dropOutput(size_t(sent));
     }
 }

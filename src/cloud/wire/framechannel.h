@@ -36,6 +36,8 @@ public:
     void setPaused(bool paused);
     /// How long a frame that has begun may take to arrive whole before the connection is ended; 30 s.
     void setFrameTimeout(std::chrono::milliseconds timeout) { m_frameTimeout.setInterval(timeout); }
+    /// How long the other end may take nothing of what waits for it; without limit unless this is called.
+    void setSendTimeout(std::chrono::milliseconds timeout) { m_sendTimeout.setInterval(timeout); }
     /// Ends the connection without a word; closed() does not follow.
     void close();
     bool isOpen() const { return bool(m_socket); }
@@ -55,6 +57,8 @@ private:
     void goOnInsideHandler();
     bool holdsFrame() const;
     bool takeFrame(const char **bytes, size_t *size);
+    void watchFrame(bool isAnother);
+    void waitForRoom();
     bool sendWhole(const QByteArray &frame);
     void flush();
     void dropOutput(size_t sent);
@@ -66,6 +70,7 @@ private:
     QSocketNotifier m_readable;
     QSocketNotifier m_writable;
     QTimer m_frameTimeout;
+    QTimer m_sendTimeout;
     QByteArray m_input;
     int m_inputStart = 0; ///< of the first byte that is not handled yet
     int m_inputEnd = 0;

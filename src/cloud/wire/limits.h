@@ -11,8 +11,10 @@ inline constexpr uint32_t LargestContainer = 1000000; ///< entries of one list o
 /// Entries of all containers of a message together; without it lists of lists could ask for any amount of
 /// memory.
 inline constexpr uint32_t MostEntries = 4000000;
-/// Of these, records: up to a kilobyte each, however few bytes they take in the frame.
-inline constexpr uint32_t MostRecords = 400000;
+/// Of these, records: up to two kilobytes each in memory.
+inline constexpr uint32_t MostRecords = 100000;
+/// A record that was written whole takes at least so many bytes; one made to take fewer only asks for memory.
+inline constexpr uint32_t SmallestRecord = 8;
 inline constexpr uint32_t DeepestNesting = 32; ///< records within records
 inline constexpr uint32_t LongestMethodName = 200;
 

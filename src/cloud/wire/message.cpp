@@ -22,6 +22,21 @@ constexpr int16_t RefusalTextField = 1; // as in TApplicationException
 constexpr int16_t RefusalNumberField = 2;
 constexpr uint32_t KeptBuffer = 1u << 20; // a larger one is given back after use
 
+// What breaks a limit would cost the other end the whole connection, so it is not sent. A small message
+// cannot.
+bool keepsLimits(const uint8_t *message, uint32_t size)
+{
+    if (size <= KeptBuffer)
+        return true;
+    BoundedReader reader(message, size);
+    std::string method;
+    TMessageType type = T_CALL;
+    int32_t sequence = 0;
+    reader.readMessageBegin(method, type, sequence);
+    reader.skip_virt(T_STRUCT); // throws
+    return true;
+}
+
 // One for each thread, because making a buffer costs more than writing a small message.
 class FrameWriter
 {
@@ -31,6 +46,8 @@ public:
     template <class WriteBody>
     QByteArray frame(std::string_view method, TMessageType type, int32_t sequence, WriteBody writeBody)
     {
+        if (method.size() > LongestMethodName)
+            return {};
         try {
             m_buffer->resetBuffer();
             m_protocol->writeI32(0); // the length, known at the end
@@ -60,7 +77,7 @@ private:
         m_buffer->getBuffer(&bytes, &size);
         QByteArray frame;
         const uint32_t length = size - sizeof(uint32_t);
-        if (length <= LargestFrame) {
+        if (length <= LargestFrame && keepsLimits(bytes + sizeof(uint32_t), length)) {
             const uint32_t written = htobe32(length);
             std::memcpy(bytes, &written, sizeof(written));
             frame = QByteArray(reinterpret_cast<const char *>(bytes), int(size));

@@ -34,7 +34,8 @@ enum class Refusal : int32_t {
     ProtocolError = 7,
 };
 
-/// Each gives a whole frame, length first; empty when the record is larger than a frame may be.
+/// Each gives a whole frame, length first; empty when the record breaks a limit of
+/// limits.h.
 QByteArray callFrame(std::string_view method, int32_t sequence, const apache::thrift::TBase &request);
 QByteArray listCallFrame(std::string_view method, int32_t sequence, const QStringList &request);
 QByteArray replyFrame(std::string_view method, int32_t sequence, const apache::thrift::TBase &answer);

@@ -4,6 +4,8 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <sys/stat.h>
+
 namespace zel::service {
 namespace {
 
@@ -29,6 +31,11 @@ DriveResult<DriveItem> CloudDrive::writeFrom(const QString &parentId, const QStr
         return fileError(file);
     if (options.mtime < 0)
         options.mtime = file.fileTime(QFileDevice::FileModificationTime).toMSecsSinceEpoch();
+    struct stat status
+    {
+    };
+    if (options.mode < 0 && ::fstat(file.handle(), &status) == 0)
+        options.mode = int(status.st_mode & 0777);
     return write(parentId, name, file, options, progress);
 }
 

@@ -37,7 +37,8 @@ public:
     /// Into `target`, open for writing; what it holds after a failure is unfinished.
     virtual DriveDone read(const QString &id, QIODevice &target, const DriveProgress &progress) = 0;
 
-    /// Copies the file `source` of this machine into the drive; it keeps its time unless options name one.
+    /// Copies the file `source` of this machine into the drive; it keeps its time and permissions unless
+    /// options name others.
     DriveResult<DriveItem> writeFrom(const QString &parentId, const QString &name, const QString &source,
         DriveWriteOptions options, const DriveProgress &progress);
     /// Into the file `target` of this machine, which is replaced when all is there and untouched otherwise.

@@ -2,6 +2,8 @@
 
 #include "drivenames.h"
 
+#include <QFile>
+
 #include <cerrno>
 #include <cstring>
 #include <dirent.h>
@@ -312,6 +314,31 @@ DriveResult<QString> rename(
         name = numberedDriveName(newName, number, isFolder);
     }
     return name;
+}
+
+int modeAt(int folder, const QString &name)
+{
+    struct stat status
+    {
+    };
+    const bool found = ::fstatat(folder, name.toUtf8().constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+    return found && S_ISREG(status.st_mode) ? int(status.st_mode & 0777) : -1;
+}
+
+int usualMode()
+{
+    // The mask can otherwise be read only by changing it, which another thread would notice.
+    constexpr char Label[] = "Umask:";
+    QFile status(QStringLiteral("/proc/self/status"));
+    QByteArray line;
+    if (status.open(QIODevice::ReadOnly)) {
+        do
+            line = status.readLine();
+        while (!line.isEmpty() && !line.startsWith(Label));
+    }
+    bool known = false;
+    const int mask = line.mid(int(std::strlen(Label))).trimmed().toInt(&known, 8);
+    return known ? 0666 & ~mask : 0600;
 }
 
 bool removeTree(int folder, const QString &name)

@@ -57,6 +57,10 @@ UniqueFd openFile(int folder, const QString &name, const QByteArray &root);
 DriveResult<QString> rename(
     int from, const QString &oldName, int to, const QString &newName, bool isFolder, DriveConflict conflict);
 
+/// Permissions of the regular file that has this name, links not followed; -1 when there is none.
+int modeAt(int folder, const QString &name);
+int usualMode(); ///< of a new file: what the process's mask leaves
+
 bool removeTree(int folder, const QString &name); ///< true also when there was nothing
 
 } // namespace zel::service::disk

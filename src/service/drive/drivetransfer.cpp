@@ -160,7 +160,7 @@ TempEntry::~TempEntry()
 DriveResult<disk::UniqueFd> TempEntry::makeFile()
 {
     constexpr int Flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    disk::UniqueFd fd(::openat(m_folder, m_name.toUtf8().constData(), Flags, 0666));
+    disk::UniqueFd fd(::openat(m_folder, m_name.toUtf8().constData(), Flags, 0600));
     if (!fd)
         return disk::lastError("create");
     return fd;

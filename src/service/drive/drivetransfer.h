@@ -38,7 +38,7 @@ public:
     TempEntry &operator=(const TempEntry &) = delete;
 
     const QString &name() const { return m_name; }
-    DriveResult<disk::UniqueFd> makeFile(); ///< open for writing
+    DriveResult<disk::UniqueFd> makeFile(); ///< open for writing; only the user may read it so far
     void keep() { m_kept = true; }          ///< it has its real name now
 
 private:

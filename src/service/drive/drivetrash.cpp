@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <mutex>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,6 +21,14 @@ using Kind = DriveError::Kind;
 using State = DriveRecord::State;
 
 constexpr char TrashName[] = ".zel-trash";
+constexpr QLatin1String DoomedPrefix("purged-"); // places are numbers
+
+// Rows and places change in several steps, which the drives on other threads must not mix with theirs.
+std::mutex &places()
+{
+    static std::mutex mutex;
+    return mutex;
+}
 
 DriveError notInTrash()
 {
@@ -34,6 +43,21 @@ bool makeFolder(int parent, const QString &name, mode_t mode)
 void removeEmpty(int parent, const QString &name)
 {
     ::unlinkat(parent, name.toUtf8().constData(), AT_REMOVEDIR);
+}
+
+// Whatever it is: a relative link leads elsewhere from here than from where it was.
+bool isThere(int place, const QString &name)
+{
+    struct stat status
+    {
+    };
+    return ::fstatat(place, name.toUtf8().constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
+}
+
+bool holds(int trash, const QString &place, const QString &name)
+{
+    const disk::UniqueFd folder = disk::openFolder(trash, place);
+    return folder && isThere(folder.get(), name);
 }
 
 // What stands in one place of the trash, if it is just one thing.
@@ -65,6 +89,7 @@ DriveResult<disk::UniqueFd> DriveTrash::open(bool make)
 
 DriveDone DriveTrash::recover()
 {
+    const std::lock_guard lock(places());
     const auto root = m_tree.openRoot();
     if (!root) // an absent drive, perhaps on a disk that comes back
         return root.error().kind == Kind::NotFound ? DriveDone(DriveOk()) : root.error();
@@ -74,8 +99,7 @@ DriveDone DriveTrash::recover()
     QSet<QString> known;
     const QVector<Row> noted = rows(0);
     for (const Row &row : noted) {
-        const disk::UniqueFd place = trash ? disk::openFolder(trash->get(), row.place) : disk::UniqueFd();
-        const bool there = place && disk::entryAt(place.get(), row.item.name, m_tree.realRoot());
+        const bool there = trash && holds(trash->get(), row.place, row.item.name);
         known.insert(row.place);
         const auto record = m_index.find(row.record);
         if (there && record && record->state != State::Trashed)
@@ -88,9 +112,13 @@ DriveDone DriveTrash::recover()
             removeEmpty(trash->get(), row.place);
     }
     int unreadable = 0;
-    const auto places = trash ? disk::entriesOf(trash->get(), m_tree.realRoot(), unreadable)
-                              : DriveResult<QVector<disk::Entry>>(QVector<disk::Entry>());
-    for (const disk::Entry &place : places ? *places : QVector<disk::Entry>()) {
+    const auto found = trash ? disk::entriesOf(trash->get(), m_tree.realRoot(), unreadable)
+                             : DriveResult<QVector<disk::Entry>>(QVector<disk::Entry>());
+    for (const disk::Entry &place : found ? *found : QVector<disk::Entry>()) {
+        if (place.name.startsWith(DoomedPrefix)) {
+            disk::removeTree(trash->get(), place.name); // tried again the next time
+            continue;
+        }
         const DriveDone adopted =
             known.contains(place.name) ? DriveDone(DriveOk()) : adoptOrphan(trash->get(), place.name);
         if (!adopted)
@@ -179,6 +207,7 @@ DriveDone DriveTrash::forget(const Row &row, State state)
 
 DriveResult<DriveTrashItem> DriveTrash::put(const DriveTree::Spot &spot)
 {
+    const std::lock_guard lock(places());
     QVector<DriveRecord> chain = m_index.chain(spot.record.id);
     const auto trash = open(true);
     if (!trash || chain.size() < 2)
@@ -218,13 +247,15 @@ DriveResult<DriveTrashItem> DriveTrash::put(const DriveTree::Spot &spot)
 
 DriveResult<QVector<DriveTrashItem>> DriveTrash::list()
 {
-    const DriveDone recovered = recover();
-    if (!recovered)
-        return recovered.error();
+    const auto trash = open(false);
+    if (!trash && trash.error().kind != Kind::NotFound)
+        return trash.error();
     QVector<DriveTrashItem> items;
     const QVector<Row> all = rows(0);
-    for (const Row &row : all)
-        items.append(row.item);
+    for (const Row &row : all) {
+        if (trash && holds(trash->get(), row.place, row.item.name))
+            items.append(row.item);
+    }
     if (m_index.failed())
         return m_index.error();
     return items;
@@ -252,13 +283,14 @@ DriveResult<qint64> DriveTrash::originalFolder(const Row &row)
 
 DriveResult<DriveItem> DriveTrash::restore(qint64 id)
 {
+    const std::lock_guard lock(places());
     const auto row = this->row(id);
     const auto trash = row ? open(false) : DriveResult<disk::UniqueFd>(row.error());
     if (!trash)
         return trash.error();
     const disk::UniqueFd place = disk::openFolder(trash->get(), row->place);
-    const auto entry = place ? disk::entryAt(place.get(), row->item.name, m_tree.realRoot()) : std::nullopt;
-    if (!entry)
+    const DriveTrashItem &item = row->item;
+    if (!place || !isThere(place.get(), item.name))
         return disk::lastError("trash");
     const auto folderId = originalFolder(*row);
     const auto folder =
@@ -266,14 +298,19 @@ DriveResult<DriveItem> DriveTrash::restore(qint64 id)
     if (!folder)
         return folder.error();
     const auto name = disk::rename(
-        place.get(), entry->name, folder->get(), entry->name, entry->isFolder, DriveConflict::KeepBoth);
+        place.get(), item.name, folder->get(), item.name, item.isFolder, DriveConflict::KeepBoth);
     if (!name)
         return name.error();
+    const auto entry = disk::entryAt(folder->get(), *name, m_tree.realRoot());
+    if (!entry) { // a link whose file is gone: no item as long as that is so
+        const DriveError lost = disk::lastError("restore");
+        const auto back =
+            disk::rename(folder->get(), *name, place.get(), item.name, item.isFolder, DriveConflict::Fail);
+        return back ? lost : back.error();
+    }
     ::fsync(folder->get());
     removeEmpty(trash->get(), row->place);
-    disk::Entry restored = *entry;
-    restored.name = *name;
-    return finishRestore(*row, *folderId, restored);
+    return finishRestore(*row, *folderId, *entry);
 }
 
 DriveResult<DriveItem> DriveTrash::finishRestore(const Row &row, qint64 folderId, const disk::Entry &entry)
@@ -307,9 +344,25 @@ DriveDone DriveTrash::purge(qint64 id)
     const auto trash = open(false);
     if (!trash && trash.error().kind != Kind::NotFound)
         return trash.error();
-    if (trash && !disk::removeTree(trash->get(), row->place))
+    return trash ? destroy(trash->get(), *row) : forget(*row, State::Trashed);
+}
+
+// Under another name first, so that nobody restores what is going, nor waits until a large folder is gone.
+DriveDone DriveTrash::destroy(int trash, const Row &row)
+{
+    const auto renamePlace = [trash](const QString &from, const QString &to) {
+        const std::lock_guard lock(places());
+        return ::renameat(trash, from.toUtf8().constData(), trash, to.toUtf8().constData()) == 0;
+    };
+    const QString doomed = DoomedPrefix % row.place;
+    if (!renamePlace(row.place, doomed) && errno != ENOENT)
         return disk::lastError("purge");
-    return forget(*row, State::Trashed);
+    if (!disk::removeTree(trash, doomed)) {
+        const DriveError error = disk::lastError("purge");
+        renamePlace(doomed, row.place);
+        return error;
+    }
+    return forget(row, State::Trashed);
 }
 
 } // namespace zel::service

@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <climits>
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace zel::service {
@@ -48,8 +49,8 @@ DriveTree::DriveTree(const QString &root, DriveIndex &index) : m_root(QDir::clea
 
 DriveResult<disk::UniqueFd> DriveTree::openRoot(bool make)
 {
-    if (make)
-        QDir().mkpath(m_root);
+    if (make && QDir().mkpath(QFileInfo(m_root).path()))
+        ::mkdir(m_root.toUtf8().constData(), 0700); // documents are nobody else's business
     // The path itself is the user's choice and may lead over links.
     disk::UniqueFd fd(::open(m_root.toUtf8().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!fd)

@@ -70,6 +70,11 @@ struct DriveWriteOptions
 {
     DriveConflict conflict = DriveConflict::Fail;
     qint64 mtime = -1; ///< ms since epoch, UTC, that the file gets; -1: now
+    /// Permissions (0777) that a new file gets, -1: those usual here. One that is replaced keeps its own.
+    int mode = -1;
+    /// Under Replace: the file that is replaced goes to the trash, with its id; the new one has an id of its
+    /// own.
+    bool trashReplaced = false;
 };
 
 /// Told now and then of a running transfer on the drive's thread: bytes done, bytes in all (-1: not known).

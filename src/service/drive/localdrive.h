@@ -67,6 +67,7 @@ private:
     DriveDone checkTarget(const Folder &folder, const QString &name, bool isFolder, DriveConflict conflict);
     DriveResult<DriveItem> finish(
         TempEntry &temp, const Folder &folder, const QString &name, bool isFolder, DriveConflict conflict);
+    DriveResult<DriveItem> finishTrashing(TempEntry &temp, const Folder &folder, const QString &name);
     DriveResult<DriveItem> adopt(const Folder &folder, const QString &name);
     DriveResult<DriveItem> place(const DriveTree::Spot &spot, qint64 folderId, int folder,
         const QString &name, DriveConflict conflict);

@@ -31,14 +31,11 @@ void setTime(int file, qint64 ms)
 }
 
 // A file that is written anew stays as readable, or executable, as it was.
-void keepMode(int folder, const QString &name, int file)
+void keepMode(int folder, const QString &name, const TempEntry &temp)
 {
-    struct stat status
-    {
-    };
-    if (::fstatat(folder, name.toUtf8().constData(), &status, AT_SYMLINK_NOFOLLOW) == 0
-        && S_ISREG(status.st_mode))
-        ::fchmod(file, status.st_mode & 0777);
+    const int mode = disk::modeAt(folder, name);
+    if (mode >= 0)
+        ::fchmodat(folder, temp.name().toUtf8().constData(), mode_t(mode), 0);
 }
 
 } // namespace
@@ -107,6 +104,23 @@ DriveResult<DriveItem> LocalDrive::finish(
     return adopt(folder, *taken);
 }
 
+// Only now, when all of the new content is there, does the old one go.
+DriveResult<DriveItem> LocalDrive::finishTrashing(TempEntry &temp, const Folder &folder, const QString &name)
+{
+    const auto old = m_tree.childOf(folder.id, folder.fd.get(), name);
+    if (!old || old->entry.isFolder)
+        return finish(temp, folder, name, false, DriveConflict::Replace);
+    const auto spot = m_tree.locate(old->id);
+    const auto away = spot ? m_trash.put(*spot) : DriveResult<DriveTrashItem>(spot.error());
+    if (!away)
+        return away.error();
+    auto item = finish(temp, folder, name, false, DriveConflict::Fail);
+    if (!item && !m_trash.restore(away->id.toLongLong()))
+        return DriveError{
+            item.error().kind, item.error().text % QStringLiteral("; what was replaced is in the trash")};
+    return item;
+}
+
 DriveResult<DriveItem> LocalDrive::createFolder(const QString &parentId, const QString &name)
 {
     const auto folder = folderToFill(parentId, name);
@@ -152,12 +166,15 @@ DriveResult<DriveItem> LocalDrive::write(const QString &parentId, const QString 
     const DriveDone copied = copyBytes(source, file->get(), meter);
     if (!copied)
         return copied.error();
+    ::fchmod(file->get(), mode_t(options.mode >= 0 ? options.mode & 0777 : disk::usualMode()));
     if (options.conflict == DriveConflict::Replace)
-        keepMode(folder->fd.get(), name, file->get());
+        keepMode(folder->fd.get(), name, temp);
     if (options.mtime >= 0)
         setTime(file->get(), options.mtime);
     if (::fsync(file->get()) != 0)
         return disk::lastError("sync");
+    if (options.conflict == DriveConflict::Replace && options.trashReplaced)
+        return finishTrashing(temp, *folder, name);
     return finish(temp, *folder, name, false, options.conflict);
 }
 
@@ -256,6 +273,8 @@ DriveResult<DriveItem> LocalDrive::copy(const QString &id, const QString &parent
     const DriveDone copied = m_index.failed() ? m_index.error() : copyContent(*spot, *folder, temp, progress);
     if (!copied)
         return copied.error();
+    if (conflict == DriveConflict::Replace && !isFolder)
+        keepMode(folder->fd.get(), newName, temp);
     auto item = finish(temp, *folder, newName, isFolder, conflict);
     if (item && isFolder) {
         const DriveDone synced = m_tree.syncTree(driveIdNumber(item->id));

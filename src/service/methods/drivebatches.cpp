@@ -34,12 +34,10 @@ template <class Result>
 void runOne(
     const DriveJob &job, const Batch &batch, const CloudItemId &wanted, const Step &step, Result &result)
 {
-    const auto id = itemId(job.drive, wanted);
+    const auto id = namedItemId(job.drive, wanted);
     const auto before = id ? job.drive.stat(*id) : DriveResult<DriveItem>(id.error());
-    if (!before || wanted.id.empty()) {
-        result.failedItems[wanted.id] = before
-            ? wire::errorInfo(wire::ServiceError::InvalidArgument, QStringLiteral("An item's id is needed."))
-            : errorInfo(before.error());
+    if (!before) {
+        result.failedItems[wanted.id] = errorInfo(before.error());
         return;
     }
     const int policy = choiceFor(batch, wanted.id);
@@ -119,7 +117,7 @@ DriveResult<CloudItemsDuplicateResult> duplicate(const DriveJob &job, const Clou
 {
     CloudItemsDuplicateResult result;
     for (const CloudItemId &wanted : request.items) {
-        const auto id = itemId(job.drive, wanted);
+        const auto id = namedItemId(job.drive, wanted);
         const auto before = id ? job.drive.stat(*id) : DriveResult<DriveItem>(id.error());
         if (!before) {
             result.failedItems[wanted.id] = errorInfo(before.error());
@@ -142,11 +140,10 @@ DriveResult<BatchRemoveResult> removeAll(const DriveJob &job, const BatchRemoveA
 {
     BatchRemoveResult result;
     for (const CloudItemId &wanted : request.items) {
-        const auto id = itemId(job.drive, wanted);
-        const auto away = id && !wanted.id.empty()
-            ? job.drive.trash(*id)
-            : DriveResult<DriveTrashItem>(
-                id ? DriveError{Kind::InvalidName, QStringLiteral("An item's id is needed.")} : id.error());
+        if (!job.progress(0, -1))
+            return DriveError{Kind::Cancelled, QStringLiteral("The service ends.")};
+        const auto id = namedItemId(job.drive, wanted);
+        const auto away = id ? job.drive.trash(*id) : DriveResult<DriveTrashItem>(id.error());
         const auto purged = away && request.permanent ? job.drive.purge(away->id) : DriveDone(DriveOk());
         if (!away || !purged) {
             result.failedItems[wanted.id] = errorInfo(away ? purged.error() : away.error());

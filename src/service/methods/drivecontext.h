@@ -5,6 +5,8 @@
 #include "service/methods/records.h"
 #include "service/transfer/drivethread.h"
 
+#include <QDateTime>
+
 namespace zel::service {
 
 class DriveEvents;
@@ -27,6 +29,7 @@ struct DriveJob
     CloudDrive &drive;
     Identity identity;
     DriveProgress progress; ///< false once the service ends
+    qint64 asked = 0;       ///< ms since epoch, UTC: when the request came
 };
 
 /// Serves `method` with `work`, a function (const DriveJob &, const Request &) -> DriveResult<Result> that
@@ -39,10 +42,11 @@ void serveOn(
 {
     methods.serve<Request, Result>(
         method, [&thread, &context, work, after, complete](const Request &request, Answer<Result> answer) {
-            const auto job = [&thread, work, request, identity = context.identity()](
+            const auto job = [&thread, work, request, identity = context.identity(),
+                                 asked = QDateTime::currentMSecsSinceEpoch()](
                                  CloudDrive &drive) -> DriveResult<Result> {
                 const auto goOn = [&thread](qint64, qint64) { return thread.goingOn(); };
-                return work(DriveJob{drive, identity, goOn}, request);
+                return work(DriveJob{drive, identity, goOn, asked}, request);
             };
             thread.run(job,
                 [after, complete, request, answer = std::move(answer)](DriveResult<Result> result) mutable {

@@ -85,15 +85,17 @@ DriveResult<DriveItem> makeFile(const DriveJob &job, const CreateFileArg &reques
 {
     if (!request.templateId.empty())
         return copyItem(job.drive, text(request.templateId), place, job.progress);
+    DriveWriteOptions options;
+    options.conflict = place.conflict;
+    options.trashReplaced = true; // a document of its own, not a new state of the one that has the name
     if (!request.localPath.empty())
-        return job.drive.writeFrom(
-            place.folder, place.name, text(request.localPath), {place.conflict}, job.progress);
+        return job.drive.writeFrom(place.folder, place.name, text(request.localPath), options, job.progress);
     if (place.conflict == DriveConflict::Fail)
         return job.drive.createFile(place.folder, place.name);
     QFile nothing(QStringLiteral("/dev/null"));
     if (!nothing.open(QIODevice::ReadOnly))
         return DriveError{Kind::Io, nothing.errorString()};
-    return job.drive.write(place.folder, place.name, nothing, {place.conflict}, job.progress);
+    return job.drive.write(place.folder, place.name, nothing, options, job.progress);
 }
 
 DriveResult<CreateFileResult> createFile(const DriveJob &job, const CreateFileArg &request)
@@ -108,7 +110,7 @@ DriveResult<CreateFileResult> createFile(const DriveJob &job, const CreateFileAr
 
 DriveResult<RenameResult> renameOne(const DriveJob &job, const RenameArg &request)
 {
-    const auto id = itemId(job.drive, request.item);
+    const auto id = namedItemId(job.drive, request.item);
     const auto before = id ? job.drive.stat(*id) : DriveResult<DriveItem>(id.error());
     if (!before)
         return before.error();
@@ -122,7 +124,7 @@ DriveResult<RenameResult> renameOne(const DriveJob &job, const RenameArg &reques
 
 DriveResult<MoveResult> moveOne(const DriveJob &job, const MoveArg &request)
 {
-    const auto id = itemId(job.drive, request.item);
+    const auto id = namedItemId(job.drive, request.item);
     const auto before = id ? job.drive.stat(*id) : DriveResult<DriveItem>(id.error());
     const auto folder = folderId(job.drive, request.targetGroupId, request.targetParentId);
     if (!before)
@@ -141,7 +143,7 @@ DriveResult<MoveResult> moveOne(const DriveJob &job, const MoveArg &request)
 
 DriveResult<CopyResult> copyOne(const DriveJob &job, const CopyArg &request)
 {
-    const auto id = itemId(job.drive, request.item);
+    const auto id = namedItemId(job.drive, request.item);
     const auto original = id ? job.drive.stat(*id) : DriveResult<DriveItem>(id.error());
     const auto folder = folderId(job.drive, request.targetGroupId, request.targetParentId);
     if (!original)
@@ -157,9 +159,7 @@ DriveResult<CopyResult> copyOne(const DriveJob &job, const CopyArg &request)
 
 DriveResult<RemoveResult> removeOne(const DriveJob &job, const RemoveArg &request)
 {
-    if (request.item.id.empty()) // never the folder in its stead
-        return DriveError{Kind::InvalidName, QStringLiteral("An item's id is needed.")};
-    const auto id = itemId(job.drive, request.item);
+    const auto id = namedItemId(job.drive, request.item);
     const auto away = id ? job.drive.trash(*id) : DriveResult<DriveTrashItem>(id.error());
     if (!away)
         return away.error();
@@ -176,7 +176,7 @@ DriveResult<RemoveResult> removeOne(const DriveJob &job, const RemoveArg &reques
 
 DriveResult<UpdateResult> updateOne(const DriveJob &job, const UpdateArg &request)
 {
-    const auto id = itemId(job.drive, request.item);
+    const auto id = namedItemId(job.drive, request.item);
     const auto before = id ? job.drive.stat(*id) : DriveResult<DriveItem>(id.error());
     if (!before)
         return before.error();

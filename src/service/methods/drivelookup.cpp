@@ -30,6 +30,13 @@ DriveResult<QString> itemId(CloudDrive &drive, const vela::CloudItemId &item)
     return folderId(drive, item.groupId, item.id.empty() ? item.parentId : item.id);
 }
 
+DriveResult<QString> namedItemId(CloudDrive &drive, const vela::CloudItemId &item)
+{
+    if (item.id.empty())
+        return DriveError{DriveError::Kind::InvalidName, QStringLiteral("An item's id is needed.")};
+    return itemId(drive, item);
+}
+
 std::optional<QString> pathInDrive(CloudDrive &drive, const QString &localPath)
 {
     const auto root = drive.stat(drive.rootId());

@@ -13,6 +13,8 @@ namespace zel::service {
 DriveResult<QString> folderId(CloudDrive &drive, const std::string &groupId, const std::string &parentId);
 /// The item that a request names; without an id its folder, or the root.
 DriveResult<QString> itemId(CloudDrive &drive, const vela::CloudItemId &item);
+/// The same for what changes an item: without an id InvalidName, never the folder in its stead.
+DriveResult<QString> namedItemId(CloudDrive &drive, const vela::CloudItemId &item);
 
 /// Path from the drive's root of a file of this machine; nothing when it lies elsewhere.
 std::optional<QString> pathInDrive(CloudDrive &drive, const QString &localPath);

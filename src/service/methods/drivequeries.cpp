@@ -201,12 +201,22 @@ DriveResult<GetFileIdByFilePathResult> idByPath(const DriveJob &job, const GetFi
     return result;
 }
 
-bool hasContent(const DriveItem &item, const std::string &sha1)
+DriveResult<bool> hasContent(const DriveJob &job, const DriveItem &item, const std::string &sha1)
 {
+    constexpr qint64 ChunkBytes = 1024 * 1024;
     QFile file(item.localPath);
+    if (item.localPath.isEmpty() || !file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+        return false;
     QCryptographicHash hash(QCryptographicHash::Sha1);
-    return !item.localPath.isEmpty() && file.open(QIODevice::ReadOnly) && hash.addData(&file)
-        && text(sha1).compare(QLatin1String(hash.result().toHex()), Qt::CaseInsensitive) == 0;
+    QByteArray chunk(int(ChunkBytes), Qt::Uninitialized);
+    while (const qint64 count = file.read(chunk.data(), ChunkBytes)) {
+        if (count < 0)
+            return false;
+        if (!job.progress(file.pos(), item.size))
+            return DriveError{DriveError::Kind::Cancelled, QStringLiteral("The service ends.")};
+        hash.addData(chunk.constData(), int(count));
+    }
+    return text(sha1).compare(QLatin1String(hash.result().toHex()), Qt::CaseInsensitive) == 0;
 }
 
 DriveResult<VerifyItemResult> verifyItem(const DriveJob &job, const VerifyItemArg &request)
@@ -228,8 +238,13 @@ DriveResult<VerifyItemResult> verifyItem(const DriveJob &job, const VerifyItemAr
     result.existing = true;
     result.item = cloudItem(*item, job.identity);
     result.moved = !wanted.parentId.empty() && wanted.parentId != result.item.parentId;
-    result.changed = (request.cloudVersion != 0 && request.cloudVersion != result.item.cloudVersion)
-        || (!request.sha1.empty() && !hasContent(*item, request.sha1));
+    result.changed = request.cloudVersion != 0 && request.cloudVersion != result.item.cloudVersion;
+    if (result.changed || request.sha1.empty())
+        return result;
+    const auto same = hasContent(job, *item, request.sha1);
+    if (!same)
+        return same.error();
+    result.changed = !*same;
     return result;
 }
 

@@ -1,6 +1,7 @@
 #include "service/methods/messagemethods.h"
 
 #include "base/clock.h"
+#include "cloud/wire/message.h"
 #include "service/methods/failuretexts.h"
 #include "service/methods/messagerecords.h"
 #include "service/tables/tableschema.h"
@@ -13,6 +14,8 @@ namespace zel::service {
 using wire::ServiceError;
 
 namespace {
+
+constexpr int LargestMessage = 64 << 10; // bytes of the request
 
 QString text(const std::string &utf8)
 {
@@ -149,6 +152,8 @@ void MessageMethods::storeZelBoxMessage(
 {
     if (!m_access.isUsable({}, answer))
         return;
+    if (wire::callFrame("storeZelBoxMessage", 0, request).size() > LargestMessage)
+        return answer.fail(ServiceError::TooLarge, QStringLiteral("A message is small."));
     Message message = toMessage(request.message, request.category);
     if (message.messageId.isEmpty())
         message.messageId = QUuid::createUuid().toString(QUuid::WithoutBraces);

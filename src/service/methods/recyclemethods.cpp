@@ -5,6 +5,7 @@
 #include "service/methods/driveplace.h"
 #include "service/methods/recyclepushes.h"
 
+#include <QHash>
 #include <algorithm>
 
 namespace zel::service {
@@ -102,23 +103,9 @@ DriveResult<GetRecycleBinListV5Result> listV5(const DriveJob &job, const GetRecy
     return result;
 }
 
-template <class Result>
-void recoverOne(const DriveJob &job, const std::string &id, const DrivePlace *target, Result &result)
+template <class Result> void recoverOne(const DriveJob &job, const std::string &id, Result &result)
 {
-    auto item = job.drive.restore(text(id));
-    if (item && target) {
-        // Somewhere else than where it was: from its place there, and back into the trash when it cannot go.
-        const DriveItem restored = *item;
-        item = moveItem(job.drive, restored.id, *target);
-        if (!item)
-            (void)job.drive.trash(restored.id);
-        if (!item && item.error().kind == Kind::Exists) {
-            result.conflicts.push_back(
-                conflictWith(job.drive, restored, target->folder, restored.name, job.identity));
-            result.conflicts.back().item.id = id;
-            return;
-        }
-    }
+    const auto item = job.drive.restore(text(id));
     if (!item) {
         result.failedItems[id] = errorInfo(item.error());
         return;
@@ -131,21 +118,78 @@ DriveResult<RecoverRecyclesResult> recover(const DriveJob &job, const RecoverRec
 {
     RecoverRecyclesResult result;
     for (const std::string &id : request.recycleIds)
-        recoverOne(job, id, nullptr, result);
+        recoverOne(job, id, result);
     return result;
+}
+
+ConflictItem recoverConflict(
+    const DriveJob &job, const DriveTrashItem &item, const DrivePlace &place, const QString &recycleId)
+{
+    DriveItem wanted;
+    wanted.id = item.itemId;
+    wanted.isFolder = item.isFolder;
+    ConflictItem conflict = conflictWith(job.drive, wanted, place.folder, place.name, job.identity);
+    conflict.item.id = recycleId.toStdString();
+    return conflict;
+}
+
+// To somewhere else than where it was: by way of its place there. A taken name is looked for before that, as
+// what comes back into the bin has a new id there.
+void recoverTo(const DriveJob &job, const DriveTrashItem &item, const DrivePlace &place,
+    BatchRecoverRecycleFilesResult &result)
+{
+    const std::string id = item.id.toStdString();
+    if (place.conflict == DriveConflict::Fail && childNamed(job.drive, place.folder, place.name)) {
+        result.conflicts.push_back(recoverConflict(job, item, place, item.id));
+        return;
+    }
+    const auto restored = job.drive.restore(item.id);
+    const auto moved = restored ? moveItem(job.drive, restored->id, place) : restored;
+    if (moved) {
+        result.items.push_back(cloudItem(*moved, job.identity));
+        result.recoveredIds.push_back(id);
+        return;
+    }
+    const auto away = restored ? job.drive.trash(restored->id) : DriveResult<DriveTrashItem>(item);
+    if (away && away->id != item.id)
+        result.extraParam[id] = away->id.toStdString(); // where it lies now
+    if (away && moved.error().kind == Kind::Exists)
+        result.conflicts.push_back(recoverConflict(job, item, place, away->id));
+    else
+        result.failedItems[id] = errorInfo(moved.error());
+}
+
+DriveResult<QHash<QString, DriveTrashItem>> trashById(CloudDrive &drive)
+{
+    const auto items = drive.listTrash();
+    if (!items)
+        return items.error();
+    QHash<QString, DriveTrashItem> found;
+    for (const DriveTrashItem &item : *items)
+        found.insert(item.id, item);
+    return found;
 }
 
 DriveResult<BatchRecoverRecycleFilesResult> batchRecover(
     const DriveJob &job, const BatchRecoverRecycleFilesArg &request)
 {
     const auto folder = folderId(job.drive, request.targetGroupId, request.targetParentId);
-    if (!folder)
-        return folder.error();
+    const auto target = folder ? job.drive.stat(*folder) : DriveResult<DriveItem>(folder.error());
+    const auto bin =
+        target ? trashById(job.drive) : DriveResult<QHash<QString, DriveTrashItem>>(target.error());
+    if (!bin)
+        return bin.error();
+    if (!target->isFolder)
+        return DriveError{Kind::NotFound, QStringLiteral("There is no such folder.")};
     const bool elsewhere = !request.targetGroupId.empty() || !request.targetParentId.empty();
-    const DrivePlace place{*folder, {}, conflictOf(request.conflictPolicy)};
     BatchRecoverRecycleFilesResult result;
-    for (const std::string &id : request.recycleIds)
-        recoverOne(job, id, elsewhere ? &place : nullptr, result);
+    for (const std::string &id : request.recycleIds) {
+        const auto item = bin->constFind(text(id));
+        if (elsewhere && item != bin->constEnd())
+            recoverTo(job, *item, {*folder, item->name, conflictOf(request.conflictPolicy)}, result);
+        else
+            recoverOne(job, id, result);
+    }
     return result;
 }
 
@@ -192,23 +236,27 @@ DriveResult<BatchDestroyRecycleFilesResult> batchDestroy(
     return result;
 }
 
+// What was removed after the request was made stays: whoever asked has not seen it in the bin.
 DriveResult<ClearRecycleBinResult> clear(const DriveJob &job, const ClearRecycleBinArg &request)
 {
     const auto space = folderId(job.drive, request.groupId, {});
     if (!space)
         return space.error();
     return destroy<ClearRecycleBinResult>(
-        job, [](const DriveTrashItem &) { return true; },
+        job, [&job](const DriveTrashItem &item) { return item.deletedAt <= job.asked; },
         [](ClearRecycleBinResult &result, const DriveTrashItem &) { ++result.clearedCount; });
 }
 
 DriveResult<ClearRecycleBinV5Result> clearV5(const DriveJob &job, const ClearRecycleBinV5Arg &request)
 {
+    if (request.deletedBefore < 0)
+        return DriveError{Kind::InvalidName, QStringLiteral("A time before 1970 makes no sense.")};
     const bool own =
         request.groupIds.empty() || std::any_of(request.groupIds.begin(), request.groupIds.end(), isOwnGroup);
     const bool byUser = request.deleterId.empty() || text(request.deleterId) == job.identity.userId;
     const auto wanted = [&](const DriveTrashItem &item) {
-        return own && byUser && (request.deletedBefore <= 0 || item.deletedAt < request.deletedBefore);
+        const bool early = request.deletedBefore == 0 || item.deletedAt < request.deletedBefore;
+        return own && byUser && early && item.deletedAt <= job.asked;
     };
     return destroy<ClearRecycleBinV5Result>(
         job, wanted, [](ClearRecycleBinV5Result &result, const DriveTrashItem &) { ++result.clearedCount; });

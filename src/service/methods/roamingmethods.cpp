@@ -102,12 +102,12 @@ void RoamingMethods::add(const AddRoamingRecordArg &request, Answer<AddRoamingRe
     for (const FileRecordItem &event : request.records) {
         RecentFileItem item = fromEvent(event);
         fillDevice(item, who);
-        const QString problem = problemOf(item);
-        if (problem.isEmpty())
+        const RecordProblem problem = problemOf(item);
+        if (!problem)
             items.push_back(std::move(item));
         else
             result.failedItems[event.path.empty() ? event.fileId : event.path] =
-                wire::errorInfo(ServiceError::InvalidArgument, problem);
+                wire::errorInfo(problem.error, problem.text);
     }
     const RoamingChange change = m_table.add(who.userId, std::move(items), who.deviceId);
     if (change.error != ServiceError::None) {
@@ -221,9 +221,9 @@ void RoamingMethods::noteList(const NotifyRecentFilesArg &request, Answer<Notify
     for (RecentFileItem item : request.items) {
         fillDevice(item, who);
         setMark(item, RoamingMark::None);
-        const QString problem = problemOf(item);
-        if (request.action < 3 && !problem.isEmpty()) {
-            answer.fail(ServiceError::InvalidArgument, problem);
+        const RecordProblem problem = problemOf(item);
+        if (request.action < 3 && problem) {
+            answer.fail(problem.error, problem.text);
             return;
         }
         if (!item.roamingId.empty())

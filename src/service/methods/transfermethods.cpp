@@ -152,20 +152,20 @@ template <class Result> void TransferMethods::accept(Plans plans, Answer<Result>
 {
     const Identity who = m_context.identity();
     m_context.quick.run([plans, who](CloudDrive &drive) { return plans(drive, who); },
-        [this, fill, answer = std::move(answer)](DriveResult<TransferPlans> planned) mutable {
+        [this, fill, answer = std::move(answer)](PlannedTransfers planned) mutable {
             if (!planned) {
-                answer.fail(serviceError(planned.error().kind), planned.error().text);
+                answer.fail(planned.error, planned.text);
                 return;
             }
-            const ServiceError error = addTasks(*planned);
+            const ServiceError error = addTasks(planned.plans);
             if (error != ServiceError::None) {
                 answer.fail(error, QStringLiteral("The transfer list cannot be written."));
                 return;
             }
             Result result;
-            fill(result, *planned);
+            fill(result, planned.plans);
             answer.send(result);
-            for (const TransferPlan &plan : *planned)
+            for (const TransferPlan &plan : planned.plans)
                 if (plan.needsTask())
                     tellState(plan.task);
             m_runner.schedule();
@@ -181,13 +181,13 @@ template <class Result> void TransferMethods::acceptOne(Plans plans, bool wait, 
     }
     const Identity who = m_context.identity();
     m_context.quick.run([plans, who](CloudDrive &drive) { return plans(drive, who); },
-        [this, answer = std::move(answer)](DriveResult<TransferPlans> planned) mutable {
-            const ServiceError error = planned ? addTasks(*planned) : serviceError(planned.error().kind);
+        [this, answer = std::move(answer)](PlannedTransfers planned) mutable {
+            const ServiceError error = planned ? addTasks(planned.plans) : planned.error;
             if (error != ServiceError::None) {
                 answer.fail(error, QStringLiteral("The transfer cannot be begun."));
                 return;
             }
-            const TransferPlan plan = planned->at(0);
+            const TransferPlan plan = planned.plans.at(0);
             Result result;
             fillOne(result, plan);
             if (!plan.needsTask()) {
@@ -350,7 +350,7 @@ void TransferMethods::downloadChildren(
     const DownloadChildrenArg &request, Answer<DownloadChildrenResult> answer)
 {
     const auto plans = [request, batch = newBatch({})](
-                           CloudDrive &drive, const Identity &who) -> DriveResult<TransferPlans> {
+                           CloudDrive &drive, const Identity &who) -> PlannedTransfers {
         const auto folder = folderId(drive, request.groupId, request.parentId);
         const auto items = folder ? drive.list(*folder) : DriveResult<QVector<DriveItem>>(folder.error());
         if (!items)

@@ -5,6 +5,7 @@
 #include "service/transfer/transferrunner.h"
 
 #include <QObject>
+#include <QSet>
 #include <map>
 
 namespace zel::service {
@@ -30,7 +31,7 @@ public:
     int runningTasks(); ///< and waiting ones
 
 private:
-    using Plans = std::function<DriveResult<TransferPlans>(CloudDrive &, const Identity &)>;
+    using Plans = std::function<PlannedTransfers(CloudDrive &, const Identity &)>;
     template <class Result> using Fill = std::function<void(Result &, const TransferPlans &)>;
     using Ended = std::function<void(const TransferTask &, const TransferOutcome &)>;
 
@@ -53,7 +54,13 @@ private:
     void update(const vela::UpdateTransferInfoArg &request, Answer<vela::UpdateTransferInfoResult> answer);
     void unreadCount(
         const vela::GetTransferUnreadCountArg &request, Answer<vela::GetTransferUnreadCountResult> answer);
-    wire::ServiceError change(TransferTask &task, int operation, int priority);
+    TransferTasks meant(
+        const vela::UpdateTransferInfoArg &request, QSet<QString> &missing, wire::ServiceError &error);
+    wire::ServiceError change(
+        const TransferTasks &tasks, const vela::UpdateTransferInfoArg &request, TransferRefusals &refused);
+    wire::ServiceError takeOff(const TransferTasks &tasks, TransferRefusals &refused);
+    wire::ServiceError note(
+        const TransferTasks &tasks, const vela::UpdateTransferInfoArg &request, TransferRefusals &refused);
     TransferTasks tasks(wire::ServiceError &error);
 
     void tellState(const TransferTask &task);

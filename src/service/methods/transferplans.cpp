@@ -18,27 +18,97 @@ vela::ServerErrorInfo invalid(const char *reason)
     return wire::errorInfo(ServiceError::InvalidArgument, QLatin1String(reason));
 }
 
-void planUpload(const QFileInfo &file, const UploadWish &wish, const QSet<QString> &taken, TransferPlan &plan)
+vela::ServerErrorInfo nullInPath()
 {
-    if (!QDir::isAbsolutePath(file.filePath()))
-        plan.error = invalid("A local path has to be absolute.");
-    else if (!file.isFile() && (wish.filesOnly || !file.isDir()))
-        plan.error = wire::errorInfo(ServiceError::NotFound, QStringLiteral("There is no such local file."));
-    else if (!isValidDriveName(plan.task.name))
-        plan.error = invalid("The drive cannot hold such a name.");
-    else if (plan.task.policy == ConflictPolicy::Refuse && taken.contains(plan.task.name))
-        plan.error = wire::errorInfo(ServiceError::Exists, QStringLiteral("The name is taken."));
+    return invalid("A local path cannot hold a null character.");
 }
 
-void planTarget(const DownloadWish &wish, const vela::DownloadCloudFileInfo &file, const QString &name,
+PlannedTransfers tooMany()
+{
+    return {ServiceError::TooLarge, QStringLiteral("These are too many paths for one request.")};
+}
+
+// Where a path leads, also when its last steps are not there yet.
+QString canonicalPath(const QString &path)
+{
+    QString there = QDir::cleanPath(path);
+    QString missing;
+    while (!QFileInfo::exists(there) && there.contains(QLatin1Char('/'))) {
+        const int slash = there.lastIndexOf(QLatin1Char('/'));
+        missing.prepend(there.mid(slash));
+        there.truncate(slash);
+    }
+    return (there.isEmpty() ? QString() : QFileInfo(there).canonicalFilePath()) + missing;
+}
+
+// Such a transfer would find what it has just written, over and over.
+bool leadsInto(const QString &source, const QString &folder, const TransferTask &task)
+{
+    const QString from = QFileInfo(source).canonicalFilePath();
+    const auto isInside = [&from](const QString &path) {
+        return path == from || path.startsWith(from + QLatin1Char('/'));
+    };
+    if (from.isEmpty() || folder.isEmpty() || !QFileInfo(source).isDir())
+        return false;
+    const bool merges = task.policy == ConflictPolicy::Replace || task.policy == ConflictPolicy::Skip;
+    const QString target = canonicalPath(folder);
+    return isInside(target) || (merges && isInside(canonicalPath(target + QLatin1Char('/') + task.name)));
+}
+
+vela::ServerErrorInfo intoItself()
+{
+    return wire::errorInfo(ServiceError::Denied, QStringLiteral("A folder cannot go into itself."));
+}
+
+std::optional<vela::ServerErrorInfo> uploadProblem(const QFileInfo &file, const UploadWish &wish,
+    const DriveItem &target, const QSet<QString> &taken, const TransferTask &task)
+{
+    if (!QDir::isAbsolutePath(file.filePath()))
+        return invalid("A local path has to be absolute.");
+    if (!file.isFile() && (wish.filesOnly || !file.isDir()))
+        return wire::errorInfo(ServiceError::NotFound, QStringLiteral("There is no such local file."));
+    if (!isValidDriveName(task.name))
+        return invalid("The drive cannot hold such a name.");
+    if (leadsInto(file.filePath(), target.localPath, task))
+        return intoItself();
+    if (task.policy == ConflictPolicy::Refuse && taken.contains(task.name))
+        return wire::errorInfo(ServiceError::Exists, QStringLiteral("The name is taken."));
+    return {};
+}
+
+void planUpload(const QString &path, const UploadWish &wish, const DriveItem &target,
+    const QSet<QString> &taken, TransferPlan &plan)
+{
+    const QFileInfo file(QDir::cleanPath(path));
+    plan.task.folder = target.id;
+    plan.task.name = wish.newName.isEmpty() ? file.fileName() : wish.newName;
+    plan.task.includeHidden = wish.includeHidden;
+    plan.task.excludedSuffixes = wish.excludedSuffixes;
+    vela::TransferOpertionInfo &info = plan.task.info;
+    info.name = plan.task.name.toStdString();
+    info.localPath = file.filePath().toStdString();
+    info.isFolder = file.isDir();
+    info.size = file.isFile() ? file.size() : 0;
+    info.fileCount = file.isFile() ? 1 : 0;
+    info.priority = wish.priority;
+    info.item.groupId = OwnGroup;
+    info.item.parentId = target.id.toStdString();
+    plan.error = uploadProblem(file, wish, target, taken, plan.task);
+}
+
+void planTarget(const DownloadWish &wish, const vela::DownloadCloudFileInfo &file, const DriveItem &item,
     TransferPlan &plan)
 {
     const QString path = text(file.targetPath);
+    if (path.contains(QChar::Null) || wish.targetDir.contains(QChar::Null)) {
+        plan.error = nullInPath();
+        return;
+    }
     const bool isFolder = path.isEmpty() || path.endsWith(QLatin1Char('/')) || QFileInfo(path).isDir();
     plan.task.folder = QDir::cleanPath(path.isEmpty() ? wish.targetDir
             : isFolder                                ? path
                                                       : QFileInfo(path).path());
-    plan.task.name = isFolder ? name : QFileInfo(path).fileName();
+    plan.task.name = isFolder ? item.name : QFileInfo(path).fileName();
     if (!wish.newName.isEmpty())
         plan.task.name = wish.newName;
     const QString target = plan.task.folder + QLatin1Char('/') + plan.task.name;
@@ -47,6 +117,8 @@ void planTarget(const DownloadWish &wish, const vela::DownloadCloudFileInfo &fil
         plan.error = invalid("A local path has to be absolute.");
     else if (!isValidDriveName(plan.task.name))
         plan.error = invalid("A file cannot have such a name.");
+    else if (!item.localPath.isEmpty() && leadsInto(item.localPath, plan.task.folder, plan.task))
+        plan.error = intoItself();
     else if (plan.task.policy == ConflictPolicy::Refuse && QFileInfo::exists(target))
         plan.error = wire::errorInfo(ServiceError::Exists, QStringLiteral("The name is taken."));
     if (plan.error && plan.error->errResult == wire::errorName(ServiceError::Exists)) {
@@ -74,7 +146,7 @@ void planDownload(const DownloadWish &wish, const vela::DownloadCloudFileInfo &f
     else if (wish.foldersOnly && !item.isFolder)
         plan.error = invalid("It is not a folder.");
     else if (!file.targetPath.empty() || !wish.targetDir.isEmpty())
-        planTarget(wish, file, item.name, plan);
+        planTarget(wish, file, item, plan);
     else if (item.localPath.isEmpty())
         plan.error = invalid("A local folder is needed.");
     else
@@ -96,10 +168,13 @@ TransferPlan newPlan(TransferType type, int policy, const std::string &batchId)
 
 } // namespace
 
-DriveResult<TransferPlans> planUploads(CloudDrive &drive, const UploadWish &wish, const Identity &identity)
+PlannedTransfers planUploads(CloudDrive &drive, const UploadWish &wish, const Identity &identity)
 {
+    if (wish.paths.size() > MostPaths)
+        return tooMany();
     const auto folder = folderId(drive, wish.groupId, wish.parentId);
-    const auto children = folder ? drive.list(*folder) : DriveResult<QVector<DriveItem>>(folder.error());
+    const auto target = folder ? drive.stat(*folder) : DriveResult<DriveItem>(folder.error());
+    const auto children = target ? drive.list(*folder) : DriveResult<QVector<DriveItem>>(target.error());
     if (!children)
         return children.error();
     QSet<QString> taken;
@@ -109,24 +184,13 @@ DriveResult<TransferPlans> planUploads(CloudDrive &drive, const UploadWish &wish
     for (const QString &path : wish.paths) {
         TransferPlan plan = newPlan(TransferType::Upload, wish.policy, wish.batchId);
         plan.key = path.toStdString();
-        const QFileInfo file(QDir::cleanPath(path));
-        plan.task.folder = *folder;
-        plan.task.name = wish.newName.isEmpty() ? file.fileName() : wish.newName;
-        plan.task.includeHidden = wish.includeHidden;
-        plan.task.excludedSuffixes = wish.excludedSuffixes;
-        vela::TransferOpertionInfo &info = plan.task.info;
-        info.name = plan.task.name.toStdString();
-        info.localPath = file.filePath().toStdString();
-        info.isFolder = file.isDir();
-        info.size = file.isFile() ? file.size() : 0;
-        info.fileCount = file.isFile() ? 1 : 0;
-        info.priority = wish.priority;
-        info.item.groupId = OwnGroup;
-        info.item.parentId = folder->toStdString();
-        planUpload(file, wish, taken, plan);
+        if (path.contains(QChar::Null))
+            plan.error = nullInPath();
+        else
+            planUpload(path, wish, *target, taken, plan);
         if (plan.error && plan.error->errResult == wire::errorName(ServiceError::Exists)) {
             DriveItem wanted;
-            wanted.isFolder = file.isDir();
+            wanted.isFolder = plan.task.info.isFolder;
             plan.conflict = conflictWith(drive, wanted, *folder, plan.task.name, identity);
         } else if (plan.task.policy == ConflictPolicy::Refuse) {
             taken.insert(plan.task.name); // also by the tasks before it
@@ -136,9 +200,10 @@ DriveResult<TransferPlans> planUploads(CloudDrive &drive, const UploadWish &wish
     return plans;
 }
 
-DriveResult<TransferPlans> planDownloads(
-    CloudDrive &drive, const DownloadWish &wish, const Identity &identity)
+PlannedTransfers planDownloads(CloudDrive &drive, const DownloadWish &wish, const Identity &identity)
 {
+    if (wish.files.size() > size_t(MostPaths))
+        return tooMany();
     TransferPlans plans;
     for (const vela::DownloadCloudFileInfo &file : wish.files) {
         TransferPlan plan = newPlan(TransferType::Download, wish.policy, wish.batchId);

@@ -24,6 +24,22 @@ struct TransferPlan
 };
 using TransferPlans = std::vector<TransferPlan>;
 
+constexpr int MostPaths = 10000; ///< of one request
+
+/// The plans of a request, or why all of it is refused.
+struct PlannedTransfers
+{
+    PlannedTransfers(TransferPlans made) : plans(std::move(made)) { }
+    PlannedTransfers(const DriveError &why) : error(serviceError(why.kind)), text(why.text) { }
+    PlannedTransfers(wire::ServiceError why, const QString &reason) : error(why), text(reason) { }
+
+    explicit operator bool() const { return error == wire::ServiceError::None; }
+
+    TransferPlans plans;
+    wire::ServiceError error = wire::ServiceError::None;
+    QString text;
+};
+
 struct UploadWish
 {
     QStringList paths;
@@ -37,7 +53,7 @@ struct UploadWish
     bool includeHidden = false;
     QStringList excludedSuffixes;
 };
-DriveResult<TransferPlans> planUploads(CloudDrive &drive, const UploadWish &wish, const Identity &identity);
+PlannedTransfers planUploads(CloudDrive &drive, const UploadWish &wish, const Identity &identity);
 
 struct DownloadWish
 {
@@ -48,7 +64,6 @@ struct DownloadWish
     std::string batchId;
     bool foldersOnly = false;
 };
-DriveResult<TransferPlans> planDownloads(
-    CloudDrive &drive, const DownloadWish &wish, const Identity &identity);
+PlannedTransfers planDownloads(CloudDrive &drive, const DownloadWish &wish, const Identity &identity);
 
 } // namespace zel::service

@@ -1,5 +1,7 @@
 #include "service/roaming/roamingrecord.h"
 
+#include "service/roaming/recordbytes.h"
+
 #include <QByteArray>
 #include <QFileInfo>
 #include <QUuid>
@@ -9,7 +11,7 @@ namespace {
 
 constexpr char UnreadKey[] = "unread";
 constexpr size_t LongestPath = 4096;
-constexpr size_t LongestRecord = 32 * 1024;
+constexpr int LongestRecord = 32 * 1024; // bytes as they are kept
 
 // Texts that a use may leave empty because it does not know them.
 constexpr std::string vela::RecentFileItem::*KeptTexts[] = {&vela::RecentFileItem::appType,
@@ -42,16 +44,16 @@ RoamingMark markOf(const vela::RecentFileItem &item)
     return mark->second == "new" ? RoamingMark::New : RoamingMark::Modified;
 }
 
-QString problemOf(const vela::RecentFileItem &item)
+RecordProblem problemOf(const vela::RecentFileItem &item)
 {
+    using wire::ServiceError;
     if (item.path.empty() && item.fileId.empty())
-        return QStringLiteral("A record needs a path or a cloud file.");
+        return {ServiceError::InvalidArgument, QStringLiteral("A record needs a path or a cloud file.")};
     if (item.path.size() > LongestPath || item.name.size() > LongestPath)
-        return QStringLiteral("The path or name is too long.");
-    size_t size = item.external.size() + item.summary.size();
-    for (const auto &[key, value] : item.extraParam)
-        size += key.size() + value.size();
-    return size > LongestRecord ? QStringLiteral("The record is too large.") : QString();
+        return {ServiceError::InvalidArgument, QStringLiteral("The path or name is too long.")};
+    if (recordBytes(item).size() > LongestRecord)
+        return {ServiceError::TooLarge, QStringLiteral("The record is too large.")};
+    return {};
 }
 
 void complete(vela::RecentFileItem &item, qint64 now)
@@ -110,9 +112,13 @@ void made(vela::RecentFileItem &item, qint64 now)
 vela::RecentFileItem merged(const vela::RecentFileItem &known, const vela::RecentFileItem &use)
 {
     vela::RecentFileItem result = use;
-    for (const auto text : KeptTexts)
-        if ((result.*text).empty())
-            result.*text = known.*text;
+    size_t size = size_t(recordBytes(use).size());
+    for (const auto text : KeptTexts) {
+        if (!(result.*text).empty() || size + (known.*text).size() > size_t(LongestRecord))
+            continue;
+        result.*text = known.*text;
+        size += (known.*text).size();
+    }
     result.roamingId = known.roamingId;
     result.ctime = known.ctime;
     result.oriDevId = known.oriDevId;

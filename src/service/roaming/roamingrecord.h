@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cloud/wire/serviceerror.h"
 #include "recent_types.h"
 
 #include <QString>
@@ -16,8 +17,15 @@ enum class RoamingMark { None = 0, New = 1, Modified = 2 }; ///< kept in databas
 void setMark(vela::RecentFileItem &item, RoamingMark mark);
 RoamingMark markOf(const vela::RecentFileItem &item);
 
-/// Why a record cannot be kept; empty when it can.
-QString problemOf(const vela::RecentFileItem &item);
+struct RecordProblem
+{
+    wire::ServiceError error = wire::ServiceError::None;
+    QString text;
+
+    explicit operator bool() const { return error != wire::ServiceError::None; }
+};
+/// Why a record cannot be kept; none when it can.
+RecordProblem problemOf(const vela::RecentFileItem &item);
 
 /// Fills what follows from other fields: the name from the path and back into Base64, missing times with
 /// `now`.
@@ -30,7 +38,7 @@ vela::RecentFileItem fromEvent(const vela::FileRecordItem &event);
 void made(vela::RecentFileItem &item, qint64 now);
 
 /// `known` after the newer `use` of the same file, which leaves who made the record and when, and what it
-/// says nothing about, as they were.
+/// says nothing about, as they were; long texts only as far as the record stays within its limit.
 vela::RecentFileItem merged(const vela::RecentFileItem &known, const vela::RecentFileItem &use);
 
 /// The mark after a use on another device (or on this one, which takes it away).

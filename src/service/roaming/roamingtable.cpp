@@ -36,12 +36,14 @@ QString text(const std::string &value)
     return QString::fromStdString(value);
 }
 
-RoamingItems readAll(Statement &statement)
+RoamingItems readAll(Statement &statement, qint64 most = std::numeric_limits<qint64>::max())
 {
     RoamingItems items;
-    while (statement.step()) {
+    for (qint64 size = 0; size < most && statement.step();) {
         vela::RecentFileItem item;
-        if (readRecord(statement.bytes(0), item))
+        const QByteArray bytes = statement.bytes(0);
+        size += bytes.size();
+        if (readRecord(bytes, item))
             items.push_back(std::move(item));
     }
     return items;
@@ -208,7 +210,7 @@ wire::ServiceError RoamingTable::page(const QString &user, const RoamingQuery &q
             QByteArray("SELECT record") + Matching + " ORDER BY used DESC, id LIMIT ?9 OFFSET ?10";
         Statement rows(database, sql.constData());
         bindQuery(rows, user, query).bind(9, qint64(query.count)).bind(10, qint64(query.offset));
-        page.items = readAll(rows);
+        page.items = readAll(rows, query.bytes);
     });
 }
 

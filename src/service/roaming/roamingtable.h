@@ -23,6 +23,7 @@ struct RoamingQuery
     bool includeDeleted = false;
     int offset = 0;
     int count = 100;
+    qint64 bytes = 16 << 20; ///< a page ends once its records take so many
 };
 
 struct RoamingPage

@@ -82,7 +82,7 @@ void ClientSession::onFrame(const char *bytes, size_t size)
         return drop(QStringLiteral("it sent what only a service sends"));
     if (m_state == State::Greeting && !isGreeting(head, bytes, size))
         return;
-    serve(head, message);
+    serve(head, message, size);
     if (m_state == State::Greeting) {
         m_state = State::Open; // now, so that nothing is pushed before the greeting is answered
         Q_EMIT welcomed();
@@ -124,14 +124,14 @@ void ClientSession::refuse(const MessageHead &head, const QString &why)
         send(wire::replyFrame(head.method, head.sequence, answer));
     } else if (method) {
         ++m_owed;
-        makeReply(*method, head.sequence).fail(ServiceError::VersionMismatch, why);
+        makeReply(*method, head.sequence, 0).fail(ServiceError::VersionMismatch, why);
     } else {
         send(wire::refusalFrame(head.method, head.sequence, wire::Refusal::InvalidMessage, why));
     }
     finish();
 }
 
-void ClientSession::serve(const MessageHead &head, wire::MessageReader &message)
+void ClientSession::serve(const MessageHead &head, wire::MessageReader &message, size_t size)
 {
     const wire::MethodType *method = wire::findMethod(head.method);
     if (!method) {
@@ -139,7 +139,8 @@ void ClientSession::serve(const MessageHead &head, wire::MessageReader &message)
             QStringLiteral("There is no such method.")));
     }
     ++m_owed;
-    if (!m_methods.call(*method, message, makeReply(*method, head.sequence))) {
+    m_owedBytes += qint64(size);
+    if (!m_methods.call(*method, message, makeReply(*method, head.sequence, size))) {
         qCWarning(
             lcService, "client %llu: %s; connection closed", quint64(m_id), qUtf8Printable(message.error()));
         finish();
@@ -147,17 +148,18 @@ void ClientSession::serve(const MessageHead &head, wire::MessageReader &message)
     updateReading();
 }
 
-Reply ClientSession::makeReply(const wire::MethodType &method, int32_t sequence)
+Reply ClientSession::makeReply(const wire::MethodType &method, int32_t sequence, size_t size)
 {
-    return Reply(method, sequence, m_id, [self = QPointer(this)](const QByteArray &frame) {
+    return Reply(method, sequence, m_id, [self = QPointer(this), size](const QByteArray &frame) {
         if (self)
-            self->deliver(frame);
+            self->deliver(frame, size);
     });
 }
 
-void ClientSession::deliver(const QByteArray &frame)
+void ClientSession::deliver(const QByteArray &frame, size_t size)
 {
     --m_owed;
+    m_owedBytes -= qint64(size);
     send(frame);
     updateReading();
     if (m_state == State::Ending)
@@ -188,7 +190,9 @@ void ClientSession::updateReading()
         return;
     const qint64 waiting = m_channel.bytesWaiting();
     m_backedUp = waiting > m_limits.pauseBytes || (m_backedUp && waiting > 0);
-    m_owesMuch = m_owed >= m_limits.mostOwed || (m_owesMuch && m_owed > m_limits.mostOwed / 2);
+    const bool owesTooMuch = m_owed >= m_limits.mostOwed || m_owedBytes >= m_limits.mostOwedBytes;
+    const bool owesLittle = m_owed <= m_limits.mostOwed / 2 && m_owedBytes <= m_limits.mostOwedBytes / 2;
+    m_owesMuch = owesTooMuch || (m_owesMuch && !owesLittle);
     m_channel.setPaused(m_backedUp || m_owesMuch || m_state == State::Ending);
     watchStall();
 }

@@ -34,9 +34,9 @@ private:
     void onFrame(const char *bytes, size_t size);
     bool isGreeting(const wire::MessageHead &head, const char *bytes, size_t size);
     void refuse(const wire::MessageHead &head, const QString &why);
-    void serve(const wire::MessageHead &head, wire::MessageReader &message);
-    Reply makeReply(const wire::MethodType &method, int32_t sequence);
-    void deliver(const QByteArray &frame);
+    void serve(const wire::MessageHead &head, wire::MessageReader &message, size_t size);
+    Reply makeReply(const wire::MethodType &method, int32_t sequence, size_t size);
+    void deliver(const QByteArray &frame, size_t size);
     void send(const QByteArray &frame);
     void onDrained();
     void onStalled();
@@ -53,6 +53,7 @@ private:
     QTimer m_stall;
     State m_state = State::Greeting;
     int m_owed = 0;           ///< requests without an answer
+    qint64 m_owedBytes = 0;   ///< of these
     bool m_owesMuch = false;  ///< reading waits for answers
     bool m_backedUp = false;  ///< reading waits for the client to read
     qint64 m_queued = 0;      ///< bytes handed to the channel so far

@@ -14,7 +14,8 @@ struct SessionLimits
     qint64 pauseBytes = 8 << 20; ///< waiting to be sent; beyond, no request is read until all is sent
     qint64 mostBytes = 72 << 20; ///< waiting; whoever lets more pile up is dropped: an answer of the largest
                                  ///< size may come on top of pauseBytes
-    int mostOwed = 100000;       ///< requests without an answer; beyond, none is read until half are answered
+    qint64 mostOwedBytes = 64 << 20; ///< of the requests without an answer; beyond, none is read
+    int mostOwed = 100000; ///< requests without an answer; beyond, none is read until half are answered
 };
 
 } // namespace zel::service

@@ -8,7 +8,8 @@
 namespace zel::service {
 namespace {
 
-constexpr int MarkLength = 4; ///< between two fields
+constexpr int MarkLength = 4;         ///< between two fields
+constexpr int LongestRow = 256 << 10; ///< one that is longer would hide all the others
 
 QStringList readRow(const sqlite::Statement &statement, int columns)
 {
@@ -41,7 +42,12 @@ TableResult readRows(sqlite::Database &database, sqlite::Statement &statement)
     int left = MaxReplyLength;
     while (statement.step()) {
         QStringList row = readRow(statement, statement.columnCount());
-        left -= lengthOf(row);
+        const int length = lengthOf(row);
+        if (length > LongestRow) {
+            qCWarning(lcService, "a row of %d characters was left out", length);
+            continue;
+        }
+        left -= length;
         if (left < 0) {
             qCWarning(lcService, "a reply was cut after %d rows", int(result.rows.size()));
             break;

@@ -30,6 +30,19 @@ bool exists(const QString &path)
     return info.exists() || info.isSymLink();
 }
 
+// A folder itself: what a link leads to is not part of the target.
+bool isFolder(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.isDir() && !info.isSymLink();
+}
+
+// Permissions of a file here; -1 when there is none.
+int modeOf(const QString &path)
+{
+    return path.isEmpty() ? -1 : disk::modeAt(AT_FDCWD, path);
+}
+
 DriveError cancelled()
 {
     return {Kind::Cancelled, QStringLiteral("stopped")};
@@ -104,7 +117,7 @@ DriveDone DownloadWork::measure(const QString &folder, int depth)
 
 DriveResult<QString> DownloadWork::topFolder()
 {
-    if (!m_task.made.isEmpty() && QFileInfo(m_task.made).isDir())
+    if (!m_task.made.isEmpty() && isFolder(m_task.made))
         return m_task.made;
     QString path = m_task.folder + QLatin1Char('/') + m_task.name;
     auto made = makeFolder(path);
@@ -115,7 +128,7 @@ DriveResult<QString> DownloadWork::topFolder()
         made = makeFolder(path);
     }
     const bool fills = m_task.policy == ConflictPolicy::Replace || m_task.policy == ConflictPolicy::Skip;
-    if (!made && !(fills && made.error().kind == Kind::Exists && QFileInfo(path).isDir()))
+    if (!made && !(fills && made.error().kind == Kind::Exists && isFolder(path)))
         return made.error();
     m_monitor.tellMade(path);
     return path;
@@ -141,7 +154,7 @@ bool DownloadWork::put(const DriveItem &item, const QString &target, int depth)
     const QString path = target + QLatin1Char('/') + item.name;
     if (item.isFolder) {
         const auto made = makeFolder(path);
-        const bool isThere = !made && made.error().kind == Kind::Exists && QFileInfo(path).isDir();
+        const bool isThere = !made && made.error().kind == Kind::Exists && isFolder(path);
         return made || isThere ? fill(item, path, depth + 1) : m_failure.take(made.error());
     }
     const auto done = putFile(item, target, item.name);
@@ -162,7 +175,8 @@ DriveResult<QString> DownloadWork::putFile(const DriveItem &item, const QString 
     if (taken && m_task.policy == ConflictPolicy::Refuse)
         return DriveError{Kind::Exists, QStringLiteral("The name is taken.")};
     const QString partial = folder + QLatin1Char('/') + partialName(m_task);
-    const auto fetched = fetch(item, partial);
+    const int replaced = m_task.policy == ConflictPolicy::Replace ? modeOf(path) : -1;
+    const auto fetched = fetch(item, partial, replaced);
     auto placed = fetched ? place(folder, partialName(m_task), name) : DriveResult<QString>(fetched.error());
     if (!placed)
         QFile::remove(partial);
@@ -170,18 +184,23 @@ DriveResult<QString> DownloadWork::putFile(const DriveItem &item, const QString 
     return placed;
 }
 
-DriveDone DownloadWork::fetch(const DriveItem &item, const QString &path)
+DriveDone DownloadWork::fetch(const DriveItem &item, const QString &path, int mode)
 {
+    constexpr int Flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     QFile::remove(path);
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
+    const posix::UniqueFd fd(::open(QFile::encodeName(path).constData(), Flags, 0600));
+    QFile file;
+    if (!fd || !file.open(fd.get(), QIODevice::WriteOnly | QIODevice::Unbuffered))
         return disk::error("a local file cannot be made", errno);
     const qint64 before = m_done;
     auto done = m_drive.read(
         item.id, file, [this, before](qint64 bytes, qint64) { return m_monitor.advance(before + bytes); });
     if (!done)
         return done;
-    if (::fsync(file.handle()) != 0)
+    if (mode < 0)
+        mode = modeOf(item.localPath);
+    ::fchmod(fd.get(), mode_t(mode < 0 ? disk::usualMode() : mode));
+    if (::fsync(fd.get()) != 0)
         return disk::lastError("sync");
     file.setFileTime(QDateTime::fromMSecsSinceEpoch(item.mtime), QFileDevice::FileModificationTime);
     return DriveOk();

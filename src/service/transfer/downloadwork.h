@@ -24,7 +24,8 @@ private:
     bool fill(const DriveItem &source, const QString &target, int depth);
     bool put(const DriveItem &item, const QString &target, int depth);
     DriveResult<QString> putFile(const DriveItem &item, const QString &folder, const QString &name);
-    DriveDone fetch(const DriveItem &item, const QString &path);
+    /// `mode`: of the file that will be replaced, -1: of the source.
+    DriveDone fetch(const DriveItem &item, const QString &path, int mode);
     DriveResult<QString> place(const QString &folder, const QString &partial, const QString &name);
 
     CloudDrive &m_drive;

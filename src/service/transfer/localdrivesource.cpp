@@ -2,11 +2,16 @@
 
 #include "base/logging.h"
 #include "base/paths.h"
+#include "base/posix/uniquefd.h"
 #include "base/sqlite/database.h"
 #include "service/drive/localdrive.h"
 
 #include <QFile>
+#include <cerrno>
+#include <cstring>
+#include <fcntl.h>
 #include <mutex>
+#include <sys/stat.h>
 
 namespace zel::service {
 namespace {
@@ -19,8 +24,17 @@ struct OpenDrive
     LocalDrive drive;
 };
 
+// SQLite would make it readable for others; the files beside it get the mode of this one.
+bool makeFile(const QString &file)
+{
+    const posix::UniqueFd fd(::open(QFile::encodeName(file).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
+    return fd && ::fchmod(fd.get(), 0600) == 0;
+}
+
 bool open(sqlite::Database &database, const QString &file)
 {
+    if (!makeFile(file))
+        qCWarning(lcService, "the drive's database cannot be made: %s", std::strerror(errno));
     database.open(file);
     database.useWriteAheadLog();
     return database.exec("PRAGMA synchronous=FULL");

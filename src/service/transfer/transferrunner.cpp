@@ -29,6 +29,44 @@ int fileState(const TransferTask &task)
     return task.state() == TransferState::Failed ? 4 : 1;
 }
 
+// To one that runs.
+ServiceError order(TransferMonitor &monitor, TransferRunner::Step step)
+{
+    if (step == TransferRunner::Step::Again)
+        return ServiceError::Conflict;
+    monitor.order(step == TransferRunner::Step::Pause ? Order::Pause : Order::Cancel);
+    return ServiceError::None;
+}
+
+// To one that does not run: makes it what it is afterwards.
+ServiceError apply(TransferRunner::Step step, TransferTask &task)
+{
+    using Step = TransferRunner::Step;
+    const TransferState before = task.state();
+    TransferState after = TransferState::Waiting;
+    switch (step) {
+    case Step::Pause:
+        if (before != TransferState::Waiting)
+            return ServiceError::Conflict;
+        after = TransferState::Paused;
+        break;
+    case Step::Cancel:
+        if (task.hasEnded())
+            return ServiceError::NotFound;
+        after = TransferState::Cancelled;
+        break;
+    case Step::Again:
+        if (before == TransferState::Waiting || before == TransferState::Done)
+            return ServiceError::Conflict;
+        task.info.errorInfo = {};
+        task.info.unread = false;
+        break;
+    }
+    task.info.transferState = int32_t(after);
+    task.info.mtime = nowMs();
+    return ServiceError::None;
+}
+
 } // namespace
 
 TransferRunner::TransferRunner(TransferTable &table, const DriveThread::Factory &drives) : m_table(table)
@@ -188,52 +226,63 @@ ServiceError TransferRunner::setState(TransferTask task, TransferState state)
 {
     task.info.transferState = int32_t(state);
     task.info.mtime = nowMs();
-    const ServiceError error = m_table.update(task);
-    if (error == ServiceError::None)
+    return keep({task});
+}
+
+// On disk, then told.
+ServiceError TransferRunner::keep(const TransferTasks &tasks)
+{
+    const ServiceError error = tasks.empty() ? ServiceError::None : m_table.update(tasks);
+    if (error != ServiceError::None)
+        return error;
+    for (const TransferTask &task : tasks) {
         Q_EMIT changed(task);
-    if (error == ServiceError::None && state == TransferState::Cancelled)
-        Q_EMIT ended(task, {});
+        if (task.state() == TransferState::Cancelled)
+            Q_EMIT ended(task, {});
+    }
     return error;
+}
+
+ServiceError TransferRunner::change(const TransferTasks &tasks, Step step, TransferRefusals &refused)
+{
+    TransferTasks changing;
+    for (TransferTask task : tasks) {
+        const Lane *lane = laneOf(task.id());
+        const ServiceError error = lane ? order(*lane->monitor, step) : apply(step, task);
+        if (error != ServiceError::None)
+            refused.insert(task.id(), error);
+        else if (!lane)
+            changing.push_back(std::move(task));
+    }
+    const ServiceError error = keep(changing);
+    if (step == Step::Again)
+        schedule();
+    return error;
+}
+
+ServiceError TransferRunner::changeOne(const QString &id, Step step)
+{
+    const auto task = m_table.find(id);
+    if (!task)
+        return ServiceError::NotFound;
+    TransferRefusals refused;
+    const ServiceError error = change({*task}, step, refused);
+    return refused.value(id, error);
 }
 
 ServiceError TransferRunner::pause(const QString &id)
 {
-    if (Lane *lane = laneOf(id)) {
-        lane->monitor->order(Order::Pause);
-        return ServiceError::None;
-    }
-    const auto task = m_table.find(id);
-    if (!task)
-        return ServiceError::NotFound;
-    return task->state() == TransferState::Waiting ? setState(*task, TransferState::Paused)
-                                                   : ServiceError::Conflict;
+    return changeOne(id, Step::Pause);
 }
 
 ServiceError TransferRunner::cancel(const QString &id)
 {
-    if (Lane *lane = laneOf(id)) {
-        lane->monitor->order(Order::Cancel);
-        return ServiceError::None;
-    }
-    const auto task = m_table.find(id);
-    if (!task || task->hasEnded())
-        return ServiceError::NotFound;
-    return setState(*task, TransferState::Cancelled);
+    return changeOne(id, Step::Cancel);
 }
 
 ServiceError TransferRunner::again(const QString &id)
 {
-    const auto task = laneOf(id) ? std::nullopt : m_table.find(id);
-    if (!task)
-        return laneOf(id) ? ServiceError::Conflict : ServiceError::NotFound;
-    if (task->state() == TransferState::Waiting || task->state() == TransferState::Done)
-        return ServiceError::Conflict;
-    TransferTask next = *task;
-    next.info.errorInfo = {};
-    next.info.unread = false;
-    const ServiceError error = setState(next, TransferState::Waiting);
-    schedule();
-    return error;
+    return changeOne(id, Step::Again);
 }
 
 void TransferRunner::addProgress(vela::TransferOpertionInfo &info) const

@@ -5,10 +5,13 @@
 #include "service/transfer/transfertable.h"
 #include "service/transfer/transferwork.h"
 
+#include <QHash>
 #include <QObject>
 #include <array>
 
 namespace zel::service {
+
+using TransferRefusals = QHash<QString, wire::ServiceError>; ///< by the tasks' ids
 
 /// Does the tasks of the transfer list, the most urgent first and at most two at once, each on a thread and a
 /// drive of its own. Main thread. Nothing wakes it while no task runs.
@@ -42,6 +45,11 @@ public:
     wire::ServiceError cancel(const QString &id);
     wire::ServiceError again(const QString &id); ///< a paused, failed or cancelled one
 
+    enum class Step { Pause, Cancel, Again };
+    /// The same with many tasks as they are now, in one go. Those that it makes no sense for are `refused`; a
+    /// failure is that of the database, and nothing has changed then but what runs.
+    wire::ServiceError change(const TransferTasks &tasks, Step step, TransferRefusals &refused);
+
 Q_SIGNALS:
     void changed(const TransferTask &task); ///< its state
     void progressed(const vela::TransferOpertionInfo &info);
@@ -64,6 +72,8 @@ private:
     void finish(
         TransferTask &task, const DriveResult<TransferOutcome> &outcome, TransferMonitor::Order order);
     wire::ServiceError setState(TransferTask task, TransferState state);
+    wire::ServiceError keep(const TransferTasks &tasks);
+    wire::ServiceError changeOne(const QString &id, Step step);
     Lane *laneOf(const QString &id);
     const Lane *laneOf(const QString &id) const { return const_cast<TransferRunner *>(this)->laneOf(id); }
 

@@ -81,11 +81,19 @@ wire::ServiceError TransferTable::add(const QString &user, TransferTasks &tasks)
 
 wire::ServiceError TransferTable::update(const TransferTask &task)
 {
+    return update(TransferTasks{task});
+}
+
+wire::ServiceError TransferTable::update(const TransferTasks &tasks)
+{
     return m_store.use([&](sqlite::Database &database) {
+        sqlite::Transaction transaction(database);
         Statement statement(database,
             "UPDATE transfer_task SET state = ?, priority = ?, changed = ?, folder = ?, name = ?, policy = ?,"
             " hidden = ?, excluded = ?, made = ?, resumed = ?, info = ? WHERE id = ?");
-        write(task, statement);
+        for (const TransferTask &task : tasks)
+            write(task, statement);
+        transaction.commit();
     });
 }
 
@@ -130,6 +138,16 @@ wire::ServiceError TransferTable::all(const QString &user, TransferTasks &tasks)
     return m_store.use([&](sqlite::Database &database) {
         Statement rows(database, select("WHERE user = ? ORDER BY number DESC").constData());
         tasks = readAll(rows.bind(1, user));
+    });
+}
+
+wire::ServiceError TransferTable::named(const QString &user, const QStringList &ids, TransferTasks &tasks)
+{
+    return m_store.use([&](sqlite::Database &database) {
+        Statement rows(database,
+            select("WHERE user = ? AND id IN (SELECT value FROM json_each(?)) ORDER BY number DESC")
+                .constData());
+        tasks = readAll(rows.bind(1, user).bind(2, asJson(ids)));
     });
 }
 

@@ -22,12 +22,15 @@ public:
 
     /// All or none. Tasks get an id and the time.
     wire::ServiceError add(const QString &user, TransferTasks &tasks);
-    wire::ServiceError update(const TransferTask &task); ///< nothing happens to one that is not there
+    wire::ServiceError update(const TransferTask &task);   ///< nothing happens to one that is not there
+    wire::ServiceError update(const TransferTasks &tasks); ///< all or none
     wire::ServiceError remove(const QStringList &ids);
     /// What a killed process was doing waits again.
     wire::ServiceError takeUpAgain();
 
     wire::ServiceError all(const QString &user, TransferTasks &tasks); ///< the latest first
+    /// Those of `ids` that there are, the latest first.
+    wire::ServiceError named(const QString &user, const QStringList &ids, TransferTasks &tasks);
     /// Those that wait, the one to begin with first; of all users.
     wire::ServiceError waiting(int most, TransferTasks &tasks);
     std::optional<TransferTask> find(const QString &id);

@@ -159,7 +159,10 @@ DriveResult<DriveItem> UploadWork::putFile(
         return *there;
     }
     const qint64 before = m_done;
-    auto item = m_drive.writeFrom(folder, name, file.filePath(), {driveConflict(m_task.policy)},
+    DriveWriteOptions options;
+    options.conflict = driveConflict(m_task.policy);
+    options.trashReplaced = true;
+    auto item = m_drive.writeFrom(folder, name, file.filePath(), options,
         [this, before](qint64 done, qint64) { return m_monitor.advance(before + done); });
     m_done = before + file.size();
     return item;

@@ -262,6 +262,14 @@ void TestOperations::keepsTimeAndMode()
     QCOMPARE(mode("script"), 0750);
     QCOMPARE(mode("copy"), 0750);
     QCOMPARE(mode("e/deep"), 0500);
+    ::chmod(f.at("copy").toUtf8().constData(), 0604);
+    QVERIFY(f.drive().copy(item->id, rootId, QStringLiteral("copy"), DriveConflict::Replace, {}));
+    QCOMPARE(mode("copy"), 0604);
+    QVERIFY(f.write(rootId, QStringLiteral("plain"), "new"));
+    QVERIFY(f.make("other"));
+    QCOMPARE(mode("plain"), mode("other"));
+    QVERIFY(QDir(f.root()).removeRecursively() && f.write(rootId, QStringLiteral("first"), "new"));
+    QCOMPARE(mode(""), 0700);
 }
 
 void TestOperations::cancelLeavesNothing()

@@ -1,5 +1,9 @@
 #include "drivefixture.h"
 
+#include <QThread>
+
+#include <atomic>
+
 using namespace zel::service;
 
 using Happening = std::function<bool(DriveFixture &)>;
@@ -13,6 +17,8 @@ private Q_SLOTS:
     void restoresWhere_data();
     void restoresWhere();
     void keepsEarlierOnes();
+    void links();
+    void listedWhileOthersTrash();
     void purges();
     void errors();
     void afterCrash_data();
@@ -102,6 +108,66 @@ void TestTrash::keepsEarlierOnes()
     QCOMPARE(f.tree(), QStringLiteral("a (2)=2 a (3)=1 a=3"));
 }
 
+// A relative link leads nowhere from inside the trash.
+void TestTrash::links()
+{
+    DriveFixture f;
+    QVERIFY(f.make("d/file", "content") && QFile::link(QStringLiteral("file"), f.at("d/link")));
+    const QString link = f.id("d/link");
+    const auto trashed = f.drive().trash(link);
+    QVERIFY(trashed && f.reopen());
+    QCOMPARE(f.drive().listTrash()->size(), 1);
+    QVERIFY(f.outsideMove("d/file", "d/away"));
+    QCOMPARE(outcome(f.drive().restore(trashed->id)), QStringLiteral("notFound"));
+    QCOMPARE(f.drive().listTrash()->size(), 1);
+    QVERIFY(f.outsideMove("d/away", "d/file"));
+    QCOMPARE(f.drive().restore(trashed->id)->id, link);
+    QCOMPARE(f.content(link), QByteArray("content"));
+    QVERIFY(QFileInfo(f.at("d/link")).isSymLink());
+}
+
+void TestTrash::listedWhileOthersTrash()
+{
+    constexpr int Count = 100;
+    DriveFixture f;
+    QStringList ids;
+    for (int i = 0; i < Count; ++i) {
+        const QByteArray name = QByteArray::number(i);
+        QVERIFY(f.make(name.constData()));
+        ids.append(f.id(name.constData()));
+    }
+    std::atomic<bool> done = false;
+    std::atomic<int> lists = 0;
+    QStringList failures;
+    const std::unique_ptr<QThread> thread(QThread::create([&] {
+        zel::sqlite::Database database;
+        database.open(f.database());
+        LocalDrive other(f.root(), database);
+        while (!done) {
+            const auto listed = other.listTrash();
+            if (!listed)
+                failures.append(listed.error().text);
+            ++lists;
+        }
+    }));
+    thread->start();
+    QTRY_VERIFY(lists > 0);
+    QStringList outcomes;
+    for (const QString &id : qAsConst(ids))
+        outcomes.append(outcome(f.drive().trash(id)));
+    done = true;
+    thread->wait();
+    outcomes.removeDuplicates();
+    QCOMPARE(outcomes, QStringList(QStringLiteral("ok")));
+    QCOMPARE(failures, QStringList());
+    QStringList listed;
+    const auto items = f.drive().listTrash();
+    for (const DriveTrashItem &item : *items)
+        listed.prepend(item.itemId); // the latest comes first
+    QCOMPARE(listed, ids);
+    QCOMPARE(f.drive().restore(items->first().id)->id, ids.last());
+}
+
 void TestTrash::purges()
 {
     DriveFixture f;
@@ -164,6 +230,8 @@ void TestTrash::afterCrash_data()
     });
     row("restoring, moved", true, "a=x", 0,
         [](DriveFixture &f) { return QFile::rename(placeOf(f) + QStringLiteral("/a"), f.at("a")); });
+    row("purging, begun", true, "", 0,
+        [](DriveFixture &f) { return QFile::rename(placeOf(f), f.at(".zel-trash/purged-7")); });
     row("purging, files gone", true, "", 0,
         [](DriveFixture &f) { return QDir(placeOf(f)).removeRecursively(); });
 }

@@ -1,6 +1,9 @@
 #include "drivefixture.h"
 #include "notify_types.h"
 
+#include <QDateTime>
+#include <QSemaphore>
+
 using namespace zel;
 using namespace zel::vela;
 
@@ -13,9 +16,15 @@ private Q_SLOTS:
     void edits();
     void conflictNamesWhatIsThere();
     void batchGoesOnAfterFailures();
+    void replacedItemsAreInTheBin_data();
     void replacedItemsAreInTheBin();
     void recycleBin();
     void updateRefusesOldBase();
+    void noIdIsRefused_data();
+    void noIdIsRefused();
+    void clearingLeavesWhatCameLater_data();
+    void clearingLeavesWhatCameLater();
+    void recoverToTakenName();
 };
 
 namespace {
@@ -236,16 +245,40 @@ void TestDriveEdits::batchGoesOnAfterFailures()
     QCOMPARE(DriveFixture::tree(fixture.root()), QStringLiteral("b.txt"));
 }
 
+void TestDriveEdits::replacedItemsAreInTheBin_data()
+{
+    QTest::addColumn<QString>("source"); // of createFile; "copy": another method
+    QTest::addColumn<QByteArray>("content");
+    QTest::newRow("copy") << "copy" << QByteArray("one");
+    QTest::newRow("new from a local file") << "new" << QByteArray("local");
+    QTest::newRow("new and empty") << "" << QByteArray();
+}
+
 void TestDriveEdits::replacedItemsAreInTheBin()
 {
+    QFETCH(QString, source);
     DriveFixture fixture;
     fixture.fill(Files);
-    CopyArg copy;
-    copy.item = fixture.idOf("a.txt");
-    copy.targetParentId = fixture.idOf("d").id;
-    copy.conflictPolicy = 2;
-    QCOMPARE(fixture.client.call<CopyResult>("copy", copy).state, 0);
-    QCOMPARE(DriveFixture::read(fixture.inDrive("d/a.txt")), QByteArray("one"));
+    DriveFixture::write(fixture.local("new"), "local");
+    const std::string before = fixture.idOf("d/a.txt").id;
+    if (source == QLatin1String("copy")) {
+        CopyArg copy;
+        copy.item = fixture.idOf("a.txt");
+        copy.targetParentId = fixture.idOf("d").id;
+        copy.conflictPolicy = 2;
+        QCOMPARE(fixture.client.call<CopyResult>("copy", copy).state, 0);
+    } else {
+        CreateFileArg create;
+        create.parentId = fixture.idOf("d").id;
+        create.name = "a.txt";
+        create.conflictPolicy = 2;
+        if (!source.isEmpty())
+            create.localPath = fixture.local("new").toStdString();
+        const auto made = fixture.client.call<CreateFileResult>("createFile", create);
+        QCOMPARE(made.state, 0);
+        QVERIFY(made.item.id != before);
+    }
+    QTEST(DriveFixture::read(fixture.inDrive("d/a.txt")), "content");
     const auto bin =
         fixture.client.call<GetRecycleBinListResult>("getRecycleBinList", GetRecycleBinListArg());
     QCOMPARE(bin.items.size(), size_t(1));
@@ -314,6 +347,125 @@ void TestDriveEdits::updateRefusesOldBase()
     const auto refused = fixture.client.call<UpdateResult>("update", update);
     QVERIFY(refused.versionConflict);
     QCOMPARE(refused.state, int(wire::ServiceError::Conflict));
+}
+
+void TestDriveEdits::noIdIsRefused_data()
+{
+    QTest::addColumn<QString>("method");
+    for (const char *method : {"rename", "move", "copy", "update", "remove", "cloudItemsCopyTo",
+             "cloudItemsMoveTo", "cloudItemsDuplicate", "batchRemove"})
+        QTest::newRow(method) << method;
+}
+
+void TestDriveEdits::noIdIsRefused()
+{
+    QFETCH(QString, method);
+    DriveFixture fixture;
+    fixture.fill(Files);
+    DriveFixture::write(fixture.local("new"), "new");
+    const QString before = DriveFixture::tree(fixture.root());
+    const auto run = [&](auto request, auto result) {
+        CloudItemId item; // names d/e by its place only
+        item.parentId = fixture.idOf("d/e").id;
+        if constexpr (requires { request.item; })
+            request.item = item;
+        else
+            request.items = {item};
+        if constexpr (requires { request.newName; })
+            request.newName = "n";
+        if constexpr (requires { request.localPath; })
+            request.localPath = fixture.local("new").toStdString();
+        result = fixture.client.call<decltype(result)>(method.toStdString(), request);
+        if constexpr (requires { result.failedItems; })
+            return QString::fromStdString(result.failedItems[""].errResult);
+        else
+            return QString::fromStdString(result.errorInfo.errResult);
+    };
+    QString error;
+    if (method == QLatin1String("rename"))
+        error = run(RenameArg(), RenameResult());
+    else if (method == QLatin1String("move"))
+        error = run(MoveArg(), MoveResult());
+    else if (method == QLatin1String("copy"))
+        error = run(CopyArg(), CopyResult());
+    else if (method == QLatin1String("update"))
+        error = run(UpdateArg(), UpdateResult());
+    else if (method == QLatin1String("remove"))
+        error = run(RemoveArg(), RemoveResult());
+    else if (method == QLatin1String("cloudItemsCopyTo"))
+        error = run(CloudItemsCopyToArg(), CloudItemsCopyToResult());
+    else if (method == QLatin1String("cloudItemsMoveTo"))
+        error = run(CloudItemsMoveToArg(), CloudItemsMoveToResult());
+    else if (method == QLatin1String("cloudItemsDuplicate"))
+        error = run(CloudItemsDuplicateArg(), CloudItemsDuplicateResult());
+    else
+        error = run(BatchRemoveArg(), BatchRemoveResult());
+    QCOMPARE(error, QStringLiteral("invalidArgument"));
+    QCOMPARE(DriveFixture::tree(fixture.root()), before);
+}
+
+void TestDriveEdits::clearingLeavesWhatCameLater_data()
+{
+    QTest::addColumn<bool>("v5");
+    QTest::newRow("one space") << false;
+    QTest::newRow("several") << true;
+}
+
+void TestDriveEdits::clearingLeavesWhatCameLater()
+{
+    QFETCH(bool, v5);
+    DriveFixture fixture;
+    fixture.fill(Files);
+    RemoveArg remove;
+    remove.item = fixture.idOf("a.txt");
+    fixture.client.call<RemoveResult>("remove", remove);
+    QSemaphore mayGoOn;
+    fixture.bulk.run(
+        [&mayGoOn](service::CloudDrive &) -> service::DriveDone {
+            mayGoOn.acquire();
+            return service::DriveOk();
+        },
+        [](const service::DriveDone &) {});
+    const int32_t call = v5 ? fixture.client.send("clearRecycleBinV5", ClearRecycleBinV5Arg())
+                            : fixture.client.send("clearRecycleBin", ClearRecycleBinArg());
+    const qint64 sent = QDateTime::currentMSecsSinceEpoch();
+    const bool later = QTest::qWaitFor([sent] { return QDateTime::currentMSecsSinceEpoch() > sent; });
+    remove.item = fixture.idOf("b.txt");
+    fixture.client.call<RemoveResult>("remove", remove);
+    mayGoOn.release();
+    QVERIFY(later);
+    QCOMPARE(v5 ? fixture.client.answer<ClearRecycleBinV5Result>(call).clearedCount
+                : fixture.client.answer<ClearRecycleBinResult>(call).clearedCount,
+        int64_t(1));
+    const auto bin =
+        fixture.client.call<GetRecycleBinListResult>("getRecycleBinList", GetRecycleBinListArg());
+    QCOMPARE(bin.items.size(), size_t(1));
+    QCOMPARE(bin.items[0].name, std::string("b.txt"));
+    ClearRecycleBinV5Arg odd;
+    odd.deletedBefore = -1;
+    QCOMPARE(fixture.client.call<ClearRecycleBinV5Result>("clearRecycleBinV5", odd).state,
+        int(wire::ServiceError::InvalidArgument));
+}
+
+void TestDriveEdits::recoverToTakenName()
+{
+    DriveFixture fixture;
+    fixture.fill(Files);
+    RemoveArg remove;
+    remove.item = fixture.idOf("a.txt");
+    BatchRecoverRecycleFilesArg request;
+    request.recycleIds = {fixture.client.call<RemoveResult>("remove", remove).recycleId};
+    request.targetParentId = fixture.idOf("d").id;
+    const auto refused =
+        fixture.client.call<BatchRecoverRecycleFilesResult>("batchRecoverRecycleFiles", request);
+    QCOMPARE(refused.conflicts.size(), size_t(1));
+    // The id that the answer names is good for the next try.
+    request.recycleIds = {refused.conflicts[0].item.id};
+    request.conflictPolicy = 1;
+    const auto done =
+        fixture.client.call<BatchRecoverRecycleFilesResult>("batchRecoverRecycleFiles", request);
+    QCOMPARE(names(done.items), QStringLiteral("a (2).txt"));
+    QCOMPARE(DriveFixture::read(fixture.inDrive("d/a (2).txt")), QByteArray("one"));
 }
 
 QTEST_GUILESS_MAIN(TestDriveEdits)

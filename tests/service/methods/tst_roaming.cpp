@@ -24,6 +24,9 @@ private Q_SLOTS:
     void removal();
     void pagesAndFilters();
     void badRecords();
+    void largeRecords_data();
+    void largeRecords();
+    void pageEndsBySize();
     void removesFiles();
     void followsTheDrive();
     void otherUsersAreApart();
@@ -287,6 +290,57 @@ void TestRoaming::badRecords()
     QCOMPARE(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).state,
         int(wire::ServiceError::InvalidArgument));
     QCOMPARE(int(list(fixture.client).total), 1);
+}
+
+void TestRoaming::largeRecords_data()
+{
+    QTest::addColumn<QString>("field");
+    for (const char *field : {"external", "thumbnail", "sha1", "curDeviceName"})
+        QTest::newRow(field) << field;
+}
+
+void TestRoaming::largeRecords()
+{
+    QFETCH(QString, field);
+    DriveFixture fixture;
+    NotifyRecentFilesArg notice;
+    notice.action = 1;
+    notice.items.resize(1);
+    RecentFileItem &item = notice.items[0];
+    item.path = "/a";
+    std::string &text = field == QLatin1String("external") ? item.external
+        : field == QLatin1String("thumbnail")              ? item.thumbnail
+        : field == QLatin1String("sha1")                   ? item.sha1
+                                                           : item.curDeviceName;
+    text.assign(40 * 1024, 'x');
+    QCOMPARE(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).state,
+        int(wire::ServiceError::TooLarge));
+    QCOMPARE(int(list(fixture.client).total), 0);
+}
+
+void TestRoaming::pageEndsBySize()
+{
+    DriveFixture fixture;
+    service::CloudDatabase database(fixture.local("large.db"));
+    service::RoamingTable table(database);
+    MethodClient client;
+    service::RoamingMethods methods(table, fixture.quick, client, fixture.identity);
+    methods.serve(client.methods);
+    service::RoamingItems items(700);
+    for (size_t i = 0; i < items.size(); ++i) {
+        items[i].path = "/" + std::to_string(i);
+        items[i].external.assign(30000, 'x');
+    }
+    QCOMPARE(table.add(fixture.me.userId, items, fixture.me.deviceId).error, wire::ServiceError::None);
+    GetRecentFilesArg page;
+    const auto first = list(client, page);
+    QVERIFY2(first.items.size() > 500 && first.items.size() < 600,
+        qPrintable(QString::number(first.items.size())));
+    QVERIFY(first.hasMore);
+    page.offset = int(first.items.size());
+    const auto second = list(client, page);
+    QCOMPARE(first.items.size() + second.items.size(), items.size());
+    QVERIFY(!second.hasMore);
 }
 
 void TestRoaming::removesFiles()

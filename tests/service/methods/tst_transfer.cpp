@@ -1,7 +1,11 @@
 #include "transferfixture.h"
 
+#include "service/drive/drivedisk.h"
+
 #include <csignal>
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 
 using namespace zel;
 using namespace zel::vela;
@@ -16,6 +20,9 @@ private Q_SLOTS:
     void uploads();
     void downloads_data();
     void downloads();
+    void permissions_data();
+    void permissions();
+    void linkedFoldersAreNotFilled();
     void stoppedInTheMiddle_data();
     void stoppedInTheMiddle();
     void pausedAndContinued();
@@ -142,6 +149,63 @@ void TestTransfer::downloads()
     if (item == QLatin1String("b.txt"))
         QCOMPARE(QFileInfo(fixture.local("l/b.txt")).lastModified(),
             QFileInfo(fixture.inDrive("b.txt")).lastModified());
+}
+
+void TestTransfer::permissions_data()
+{
+    QTest::addColumn<bool>("up");
+    QTest::addColumn<int>("source");
+    QTest::addColumn<int>("replaced"); // 0: nothing is there
+    QTest::addColumn<int>("mode");
+    QTest::newRow("upload") << true << 0600 << 0 << 0600;
+    QTest::newRow("upload, for all") << true << 0644 << 0 << 0644;
+    QTest::newRow("upload replaces") << true << 0644 << 0640 << 0640;
+    QTest::newRow("download") << false << 0600 << 0 << 0600;
+    QTest::newRow("download, program") << false << 0755 << 0 << 0755;
+    QTest::newRow("download replaces") << false << 0644 << 0600 << 0600;
+}
+
+void TestTransfer::permissions()
+{
+    QFETCH(bool, up);
+    QFETCH(int, source);
+    QFETCH(int, replaced);
+    TransferFixture fixture;
+    const QString here = fixture.local("l/a.txt");
+    const QString there = fixture.inDrive("a.txt");
+    const auto make = [](const QString &path, int mode) {
+        DriveFixture::write(path, path.toUtf8());
+        return ::chmod(QFile::encodeName(path).constData(), mode_t(mode)) == 0;
+    };
+    const auto modeOf = [](const QString &path) { return service::disk::modeAt(AT_FDCWD, path); };
+    QVERIFY(QDir().mkpath(fixture.local("l")) && make(up ? here : there, source));
+    QVERIFY(replaced == 0 || make(up ? there : here, replaced));
+    const auto id = up ? fixture.upload(here, 2) : fixture.download(fixture.idOf("a.txt"), here, 2);
+    QVERIFY(fixture.waitFor(id, TransferState::Done));
+    QCOMPARE(DriveFixture::read(up ? there : here), (up ? here : there).toUtf8());
+    QTEST(modeOf(up ? there : here), "mode");
+    const auto bin =
+        fixture.client.call<GetRecycleBinListResult>("getRecycleBinList", GetRecycleBinListArg());
+    QCOMPARE(bin.items.size(), size_t(up && replaced ? 1 : 0)); // a person's document
+    for (const char *file : {"drive.db", "drive.db-wal", "drive.db-shm"})
+        QCOMPARE(modeOf(fixture.local(file)), 0600);
+}
+
+void TestTransfer::linkedFoldersAreNotFilled()
+{
+    TransferFixture fixture;
+    fixture.fill({QStringLiteral("f/s/a.txt=drive"), QStringLiteral("f/t.txt=drive")});
+    DriveFixture::write(fixture.local("far/a.txt"), "mine");
+    QVERIFY(QDir().mkpath(fixture.local("l/f")) && QDir().mkpath(fixture.local("m")));
+    for (const char *link : {"l/f/s", "m/f"})
+        QVERIFY(QFile::link(fixture.local("far"), fixture.local(link)));
+    for (const char *target : {"l/", "m/"}) {
+        const auto id = fixture.download(fixture.idOf("f"), fixture.local(target), 2);
+        QVERIFY(fixture.waitFor(id, TransferState::Failed));
+    }
+    QCOMPARE(DriveFixture::read(fixture.local("l/f/t.txt")), QByteArray("drive"));
+    QCOMPARE(DriveFixture::tree(fixture.local("far")), QStringLiteral("a.txt"));
+    QCOMPARE(DriveFixture::read(fixture.local("far/a.txt")), QByteArray("mine"));
 }
 
 void TestTransfer::stoppedInTheMiddle_data()

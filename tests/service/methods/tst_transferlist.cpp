@@ -21,6 +21,11 @@ private Q_SLOTS:
     void transferList();
     void olderTasksAreForgotten();
     void originIsTold();
+    void takenOffWhilePaused();
+    void manyAtOnce();
+    void refusedPaths_data();
+    void refusedPaths();
+    void tooManyPaths();
 };
 
 void TestTransferList::refusedAtOnce_data()
@@ -208,6 +213,107 @@ void TestTransferList::originIsTold()
     QTRY_COMPARE(pushes().size(), size_t(1));
     QCOMPARE(pushes()[0].source, std::string("upload"));
     QCOMPARE(pushes()[0].taskId, id);
+}
+
+void TestTransferList::takenOffWhilePaused()
+{
+    TransferFixture fixture;
+    UploadFileArg upload;
+    upload.filePath = fixture.makeLarge(fixture.local("large")).toStdString();
+    upload.waitUntilDone = true;
+    const int32_t call = fixture.client.send("uploadFile", upload);
+    QTRY_COMPARE(fixture.runner->running().size(), 1);
+    const QString id = fixture.runner->running().at(0);
+    fixture.runner->pause(id);
+    QVERIFY(fixture.waitFor(id.toStdString(), TransferState::Paused));
+    UpdateTransferInfoArg update;
+    update.taskIds = {id.toStdString()};
+    update.operation = 5;
+    const auto result = fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", update);
+    QCOMPARE(result.removedTaskIds, update.taskIds);
+    QCOMPARE(fixture.client.answer<UploadFileResult>(call).state, int(wire::ServiceError::Cancelled));
+    QVERIFY(!fixture.table.find(id));
+}
+
+void TestTransferList::manyAtOnce()
+{
+    TransferFixture fixture;
+    service::TransferTasks tasks(5000);
+    for (auto &task : tasks)
+        task.info.transferState = int(TransferState::Paused);
+    QCOMPARE(fixture.table.add(fixture.me.userId, tasks), wire::ServiceError::None);
+    UpdateTransferInfoArg update;
+    for (const auto &task : tasks)
+        update.taskIds.push_back(task.info.taskId);
+    update.taskIds.push_back("nobody's");
+    for (const int operation : {7, 3, 5}) { // priority, cancel, take off
+        update.operation = operation;
+        const auto result = fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", update);
+        QCOMPARE(result.tasks.size() + result.removedTaskIds.size(), tasks.size());
+        QCOMPARE(result.failedItems.size(), size_t(1));
+    }
+    service::TransferTasks left;
+    QCOMPARE(fixture.table.all(fixture.me.userId, left), wire::ServiceError::None);
+    QVERIFY(left.empty());
+}
+
+void TestTransferList::refusedPaths_data()
+{
+    QTest::addColumn<bool>("up");
+    QTest::addColumn<QString>("path"); // of an upload the source, of a download the target
+    QTest::addColumn<QString>("error");
+    QTest::newRow("up into itself") << true << "Drive/d"
+                                    << "denied";
+    QTest::newRow("up into a folder below, by a link") << true << "link"
+                                                       << "denied";
+    QTest::newRow("up, null") << true << QStringLiteral("a.txt") + QChar(QChar::Null) << "invalidArgument";
+    QTest::newRow("up beside") << true << "other"
+                               << "";
+    QTest::newRow("down into itself") << false << "Drive/d"
+                                      << "denied";
+    QTest::newRow("down into a new folder below") << false << "link/d/new/one"
+                                                  << "denied";
+    QTest::newRow("down, null") << false << QStringLiteral("l") + QChar(QChar::Null) << "invalidArgument";
+    QTest::newRow("down beside") << false << "Drive/dd"
+                                 << "";
+}
+
+void TestTransferList::refusedPaths()
+{
+    QFETCH(bool, up);
+    QFETCH(QString, path);
+    QFETCH(QString, error);
+    TransferFixture fixture;
+    fixture.fill({QStringLiteral("d/e/f.txt")});
+    QVERIFY(QDir().mkpath(fixture.local("other")));
+    QVERIFY(QFile::link(fixture.root(), fixture.local("link")));
+    const std::string local = fixture.place.filePath(path).toStdString();
+    std::string found;
+    if (up) {
+        UploadItemsArg request;
+        request.localPaths = {local};
+        request.parentId = fixture.idOf("d/e").id;
+        const auto result = fixture.client.call<UploadItemsResult>("uploadItems", request);
+        found = result.tasks.empty() ? result.failedItems.at(local).errResult : std::string();
+    } else {
+        DownloadItemsArg request;
+        request.items = {fixture.idOf("d")};
+        request.targetDir = local;
+        const auto result = fixture.client.call<DownloadItemsResult>("downloadItems", request);
+        found = result.failedItems.empty() ? std::string() : result.failedItems.begin()->second.errResult;
+    }
+    QCOMPARE(QString::fromStdString(found), error);
+}
+
+void TestTransferList::tooManyPaths()
+{
+    TransferFixture fixture;
+    UploadItemsArg request;
+    request.localPaths.assign(size_t(service::MostPaths) + 1, "/nowhere");
+    QCOMPARE(fixture.client.call<UploadItemsResult>("uploadItems", request).state,
+        int(wire::ServiceError::TooLarge));
+    request.localPaths.pop_back();
+    QCOMPARE(fixture.client.call<UploadItemsResult>("uploadItems", request).state, 0);
 }
 
 QTEST_GUILESS_MAIN(TestTransferList)

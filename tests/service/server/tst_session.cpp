@@ -121,7 +121,7 @@ void TestSession::brokenClient_data()
     QTest::newRow("not a message") << sized(20, QByteArray(20, '\x80'));
     QTest::newRow("old binary form") << sized(17, QByteArray("\0\0\0\x04ping\1\0\0\0\1\0\0\0\0", 17));
     QTest::newRow("method name above the limit")
-        << wire::callFrame(std::string(300, 'm'), 1, vela::GetMsgListArg());
+        << sized(4 + 4 + 300, QByteArray("\x80\x01\0\x01\0\0\x01\x2c", 8) + QByteArray(300, 'm'));
     QTest::newRow("list above the limit") << hugeList();
     QTest::newRow("push") << wire::pushFrame("notifyAction", vela::NotifyActionArg());
     QTest::newRow("reply") << wire::replyFrame("getMsgList", 1, vela::GetMsgListResult());

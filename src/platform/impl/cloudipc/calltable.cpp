@@ -177,11 +177,17 @@ void CallTable::arm()
 void CallTable::onTimeout()
 {
     const auto now = std::chrono::steady_clock::now();
+    std::string first;
+    int count = 0;
     while (!m_deadlines.empty() && m_deadlines.begin()->first <= now) {
         const auto it = m_pending.find(m_deadlines.begin()->second);
-        qCWarning(lcPlatform, "the cloud service did not answer %s in time", it->second.method.c_str());
+        if (++count == 1)
+            first = it->second.method;
         fail(take(it));
     }
+    if (count > 0)
+        qCWarning(lcPlatform, "the cloud service did not answer %d requests in time, the first %s", count,
+            first.c_str());
     if (!m_deadlines.empty())
         arm();
 }

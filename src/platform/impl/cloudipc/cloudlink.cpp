@@ -17,6 +17,8 @@ namespace {
 
 // A connection that held this long ends a row of failures; one that breaks at once belongs to the row.
 constexpr std::chrono::milliseconds steady = 30s;
+// A service that takes no byte for so long hangs; what waits for it must not grow for ever.
+constexpr std::chrono::milliseconds stalled = 60s;
 
 } // namespace
 
@@ -90,6 +92,7 @@ void CloudLink::adopt(posix::UniqueFd fd)
     connect(m_channel.get(), &wire::FrameChannel::closed, this, [this](const QString &why) {
         drop(why.isEmpty() ? QStringLiteral("it closed the connection") : why);
     });
+    m_channel->setSendTimeout(stalled);
     m_state = State::Introducing;
     ++m_connection;
     m_handshakeTimeout.start();
@@ -175,12 +178,8 @@ void CloudLink::closeChannel()
 // Counts a failure and waits before the next try, longer each time.
 void CloudLink::pause()
 {
-    const auto delay = retryDelay(++m_failures);
-    m_state = delay ? State::Pausing : State::Stopped;
-    if (delay)
-        m_retry.start(*delay);
-    else
-        qCWarning(lcPlatform, "gives up on the cloud service after %d tries", m_failures);
+    m_state = State::Pausing;
+    m_retry.start(retryDelay(++m_failures));
 }
 
 void CloudLink::failTry()

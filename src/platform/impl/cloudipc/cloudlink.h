@@ -17,8 +17,8 @@
 namespace zel::cloudipc {
 
 /// One connection to the cloud service, kept up once started: starts the service when nobody listens,
-/// introduces the client, comes back after a loss, gives up after some failures in a row or when it is
-/// refused. GUI thread; never blocks; has no timer running while connected.
+/// introduces the client, comes back after a loss, and gives up only when it is refused. GUI thread; never
+/// blocks; has no timer running while connected.
 class CloudLink final : public QObject
 {
     Q_OBJECT

@@ -1,16 +1,17 @@
 #include "retrydelay.h"
 
+#include <algorithm>
+
+using namespace std::chrono_literals;
+
 namespace zel::cloudipc {
 
-std::optional<std::chrono::milliseconds> retryDelay(int failures)
+std::chrono::milliseconds retryDelay(int failures)
 {
-    constexpr int tries = 6;
-    if (failures >= tries)
-        return std::nullopt;
-    std::chrono::milliseconds delay(100);
-    for (int i = 1; i < failures; ++i)
+    std::chrono::milliseconds delay = 100ms;
+    for (int i = 1; i < failures && delay < 1min; ++i)
         delay *= 4;
-    return delay;
+    return std::min<std::chrono::milliseconds>(delay, 1min);
 }
 
 } // namespace zel::cloudipc
