@@ -5,8 +5,15 @@
 #include "common_types.h"
 
 #include <QPointer>
+#include <algorithm>
+#include <malloc.h>
 
 namespace zel::service {
+namespace {
+
+constexpr qint64 KeptBytes = 1 << 20; // of memory that waiting answers took
+
+} // namespace
 
 using wire::MessageHead;
 using wire::MessageKind;
@@ -179,6 +186,9 @@ void ClientSession::send(const QByteArray &frame)
 
 void ClientSession::onDrained()
 {
+    if (m_mostWaiting > KeptBytes)
+        ::malloc_trim(0); // it waited in small pieces, which the C library would keep
+    m_mostWaiting = 0;
     updateReading();
     closeWhenDone();
 }
@@ -189,6 +199,7 @@ void ClientSession::updateReading()
     if (m_state == State::Closed)
         return;
     const qint64 waiting = m_channel.bytesWaiting();
+    m_mostWaiting = std::max(m_mostWaiting, waiting);
     m_backedUp = waiting > m_limits.pauseBytes || (m_backedUp && waiting > 0);
     const bool owesTooMuch = m_owed >= m_limits.mostOwed || m_owedBytes >= m_limits.mostOwedBytes;
     const bool owesLittle = m_owed <= m_limits.mostOwed / 2 && m_owedBytes <= m_limits.mostOwedBytes / 2;

@@ -53,6 +53,7 @@ private:
     QTimer m_stall;
     State m_state = State::Greeting;
     int m_owed = 0;           ///< requests without an answer
+    qint64 m_mostWaiting = 0; ///< bytes, since the last time that all was sent
     qint64 m_owedBytes = 0;   ///< of these
     bool m_owesMuch = false;  ///< reading waits for answers
     bool m_backedUp = false;  ///< reading waits for the client to read
