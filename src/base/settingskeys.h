@@ -25,6 +25,10 @@ inline constexpr QLatin1String CloseAction = latin1("closeAction"); // "hide", "
 // Top-level group "zelbox".
 inline constexpr QLatin1String RecentRecordType = latin1("RecentRecordType");
 inline constexpr QLatin1String RecentFileLoadingOuttimeTime = latin1("recentFileLoadingOuttimeTime"); // ms
+inline constexpr QLatin1String RemindMsg = latin1("zelbox_remind_msg"); // show what is unread
+inline constexpr QLatin1String IgnoreMsg = latin1("zelbox_ignore_msg"); // the opposite, for other readers
+inline constexpr QLatin1String RecentSortKey = latin1("recentSortKey"); // "time", "name", "size", "type"
+inline constexpr QLatin1String RecentSortDescending = latin1("recentSortDescending");
 
 // The cloud service's settings: a path that holds backup switches, and keys of the user's entry.
 inline constexpr QLatin1String CloudSettingsPath = latin1("HKEY_CURRENT_USER\\SOFTWARE\\Halvorn\\ZELCloud");

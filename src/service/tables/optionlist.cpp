@@ -1,46 +1,23 @@
 #include "service/tables/optionlist.h"
 
+#include "base/optiontext.h"
+
 #include <QByteArray>
-#include <QStringList>
 
 namespace zel::service {
-namespace {
-
-std::optional<QStringList> splitPieces(QStringView line)
-{
-    QStringList pieces;
-    QString piece;
-    bool quoted = false;
-    for (const QChar c : line) {
-        if (c == QLatin1Char('"')) {
-            quoted = !quoted;
-        } else if (c == QLatin1Char(' ') && !quoted) {
-            pieces.append(piece);
-            piece.clear();
-        } else {
-            piece.append(c);
-        }
-    }
-    pieces.append(piece);
-    pieces.removeAll(QString());
-    return quoted ? std::nullopt : std::optional(pieces);
-}
-
-} // namespace
 
 std::optional<OptionList> parseOptions(QStringView line)
 {
-    const auto pieces = splitPieces(line);
-    if (!pieces)
+    OptionPieces split = splitOptionText(line);
+    split.pieces.removeAll(QString());
+    if (split.quoteOpen)
         return {};
     OptionList options;
-    for (const QString &piece : *pieces) {
-        const int equals = piece.indexOf(QLatin1Char('='));
-        const int separator = equals >= 0 ? equals : piece.indexOf(QLatin1Char(':'));
-        const QString name = piece.mid(1, separator < 0 ? -1 : separator - 1).toLower();
-        if (!piece.startsWith(QLatin1Char('/')) || name.isEmpty() || options.contains(name))
+    for (const QString &piece : qAsConst(split.pieces)) {
+        const auto option = parseOption(piece);
+        if (!option || option->name.isEmpty() || options.contains(option->name))
             return {};
-        options.insert(name, separator < 0 ? QString() : piece.mid(separator + 1));
+        options.insert(option->name, option->value);
     }
     return options;
 }
