@@ -1,5 +1,7 @@
 #include "service/cloudservice.h"
 
+#include "service/methods/messagenews.h"
+
 #include <QSysInfo>
 
 namespace zel::service {
@@ -17,6 +19,7 @@ CloudService::CloudService(posix::SingleInstance &instance, const QString &datab
       m_envelopeMethods({m_account, m_tables, m_server, m_hooks, m_subscriptions,
           [this](const QString &id, bool waits) { return m_messageMethods.setMessageWaits(id, waits); }})
 {
+    m_hooks.tellMessages = [this](const MessageNews &news) { m_messageMethods.tell(news); };
     m_hooks.clientCount = [this] { return m_server.welcomeCount(); };
     m_hooks.stopService = [this] { m_server.finish(); };
     m_accountMethods.serve(m_methods);

@@ -27,7 +27,6 @@ private Q_SLOTS:
     void guides();
     void exitNotice_data();
     void exitNotice();
-    void tellsOfADamagedDatabase();
     void worksWithoutADatabase();
 
 private:
@@ -237,24 +236,6 @@ void TestAccount::exitNotice()
     QCOMPARE(answer->clientCount, others);
     QCOMPARE(answer->serviceStops, stops);
     QCOMPARE(client->waitForClosed(stops ? WireClient::Patience : 50), stops);
-}
-
-void TestAccount::tellsOfADamagedDatabase()
-{
-    QVERIFY(!m_fixture->client()->waitForPush<vela::NotifyUserGenericInfoArg>("notifyUserGenericInfo", 50));
-    m_fixture->restart([](const QString &path) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(QByteArray(5000, 'x'));
-    });
-    for (int i = 0; i < 2; ++i) {
-        const auto client = m_fixture->client();
-        auto told = client->waitForPush<vela::NotifyUserGenericInfoArg>("notifyUserGenericInfo");
-        QVERIFY(told);
-        QCOMPARE(told->infoKey, std::string("databaseDamaged"));
-        QVERIFY(QFile::exists(QString::fromStdString(told->info["keptAs"])));
-        QVERIFY(client->waitForPush<vela::NotifyActionsMapArg>("notifyActionsMap"));
-    }
 }
 
 void TestAccount::worksWithoutADatabase()

@@ -37,7 +37,6 @@ private Q_SLOTS:
     void init();
     void calls_data();
     void calls();
-    void otherObject();
     void settingsOutliveTheProcess();
     void cacheSize();
     void autoRun_data();
@@ -123,6 +122,8 @@ void TestEnvelope::calls_data()
               "reportCloudDoc  invalidArgument "
               "cancelTask taskIDs=1|2 notServed "
               "cancelTask taskIDs=| invalidArgument "
+              "delRoamingFileRecord fileIds=1 notServed "
+              "delRoamingFileRecord roamingIds=| invalidArgument "
               "noSuchMethod  notServed"));
 }
 
@@ -130,13 +131,9 @@ void TestEnvelope::calls()
 {
     QFETCH(QStringList, steps);
     QCOMPARE(steps.size() % 3, 0);
+    QCOMPARE(call("getCloudDiskEntryVisible", {}, "KOther"), QStringLiteral("invalidArgument"));
     for (int i = 0; i < steps.size(); i += 3)
         QCOMPARE(call(qPrintable(steps[i]), steps[i + 1]), steps[i + 2]);
-}
-
-void TestEnvelope::otherObject()
-{
-    QCOMPARE(call("getCloudDiskEntryVisible", {}, "KOther"), QStringLiteral("invalidArgument"));
 }
 
 void TestEnvelope::settingsOutliveTheProcess()

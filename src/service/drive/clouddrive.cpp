@@ -1,7 +1,9 @@
 #include "clouddrive.h"
 
+#include "localsource.h"
+
 #include <QDateTime>
-#include <QFileInfo>
+#include <QFile>
 #include <QSaveFile>
 
 #include <sys/stat.h>
@@ -24,10 +26,11 @@ DriveError fileError(const QFileDevice &file)
 DriveResult<DriveItem> CloudDrive::writeFrom(const QString &parentId, const QString &name,
     const QString &source, DriveWriteOptions options, const DriveProgress &progress)
 {
-    if (!QFileInfo(source).isFile())
-        return DriveError{DriveError::Kind::NotFound, QStringLiteral("no such local file")};
-    QFile file(source);
-    if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered))
+    const auto descriptor = openLocalFile(source);
+    if (!descriptor)
+        return descriptor.error();
+    QFile file;
+    if (!file.open(descriptor->get(), QIODevice::ReadOnly | QIODevice::Unbuffered))
         return fileError(file);
     if (options.mtime < 0)
         options.mtime = file.fileTime(QFileDevice::FileModificationTime).toMSecsSinceEpoch();

@@ -63,15 +63,28 @@ DriveWatcher::~DriveWatcher() = default;
 
 bool DriveWatcher::start()
 {
+    const bool opened = open();
+    listen();
+    return opened;
+}
+
+bool DriveWatcher::open()
+{
     m_descriptor.reset(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
     if (!m_descriptor) {
         qCWarning(lcService, "drive: cannot watch for changes: %s", std::strerror(errno));
         return false;
     }
-    m_notifier = std::make_unique<QSocketNotifier>(m_descriptor.get(), QSocketNotifier::Read);
-    connect(m_notifier.get(), &QSocketNotifier::activated, this, &DriveWatcher::readEvents);
     rearm();
     return m_above >= 0 || !m_watches.isEmpty();
+}
+
+void DriveWatcher::listen()
+{
+    if (!m_descriptor)
+        return;
+    m_notifier = std::make_unique<QSocketNotifier>(m_descriptor.get(), QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &DriveWatcher::readEvents);
 }
 
 void DriveWatcher::rearm()

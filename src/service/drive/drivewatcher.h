@@ -31,9 +31,12 @@ public:
     explicit DriveWatcher(const QString &root, int mostWatches = MostWatches, QObject *parent = nullptr);
     ~DriveWatcher() override;
 
-    /// Reads the tree of folders. Everything that happens from then on is told. false: nothing can be
-    /// watched.
-    bool start();
+    /// Reads the tree of folders; false: nothing can be watched. On any thread, as long as no other one uses
+    /// this meanwhile.
+    bool open();
+    /// Begins to tell, everything since open(), on the thread of this object.
+    void listen();
+    bool start(); ///< both
     /// Whether every folder is watched; otherwise the drive has to be read anew when its state matters.
     bool isComplete() const { return m_descriptor && !m_limited; }
     int watchCount() const { return m_watches.size(); }

@@ -21,13 +21,15 @@ CloudDocuments::CloudDocuments(const Places &places, CloudDatabase &database, Me
     Pushes &pushes, ServiceHooks &hooks, const TransferSubscriptions *subscriptions, IdentitySource identity)
     : m_places(places),
       m_roaming(database),
+      m_messages(database.connection()),
       m_transfers(database),
       m_drives(localDrives(places.drive, places.driveDatabase)),
       m_quick(m_drives),
       m_bulk(m_drives),
       m_runner(m_transfers, m_drives),
       m_events(m_quick, pushes, identity),
-      m_context{m_quick, m_bulk, m_events, pushes, identity,
+      m_localTrash(places.drive),
+      m_context{m_quick, m_bulk, m_events, m_localTrash, pushes, identity,
           [this](vela::CloudItem &item) { m_runner.addTransferState(item); }},
       m_roamingMethods(m_roaming, m_quick, pushes, identity),
       m_transferMethods(m_context, m_transfers, m_runner, subscriptions)
@@ -39,9 +41,12 @@ CloudDocuments::CloudDocuments(const Places &places, CloudDatabase &database, Me
     addThumbnails(methods, m_context);
     addDriveEdits(methods, m_context);
     addDriveBatches(methods, m_context);
+    addRemoval(methods, m_context);
     addRecycleMethods(methods, m_context);
     fillHooks(hooks);
     connectParts(database);
+    if (hooks.tellMessages)
+        keepMessages(hooks);
 }
 
 CloudDocuments::~CloudDocuments()
@@ -57,6 +62,10 @@ void CloudDocuments::fillHooks(ServiceHooks &hooks)
     hooks.cancelTasks = [this](const QStringList &ids) { return m_transferMethods.cancelTasks(ids); };
     hooks.waitingUploads = [this] { return m_transferMethods.waitingUploads(); };
     hooks.runningTasks = [this] { return m_transferMethods.runningTasks(); };
+    hooks.removeRecords = [this](const QStringList &ids, const QStringList &fileIds,
+                              const std::function<void(const QStringList &)> &answer) {
+        return m_roamingMethods.removeRecords({ids, fileIds, {}, {}}, answer);
+    };
     hooks.reportCloudDoc = [this](const QString &file) {
         const bool isInDrive =
             QDir::cleanPath(file).startsWith(QDir::cleanPath(m_places.drive) + QLatin1Char('/'));
@@ -81,6 +90,17 @@ void CloudDocuments::connectParts(CloudDatabase &database)
             m_runner.start();
     };
     QObject::connect(&database, &CloudDatabase::opened, &m_runner, goOn, Qt::QueuedConnection);
+}
+
+void CloudDocuments::keepMessages(const ServiceHooks &hooks)
+{
+    m_roaming.setCompanion([this](const RoamingChange &change) { m_messages.follow(change); });
+    QObject::connect(
+        &m_roamingMethods, &RoamingMethods::told, &m_roamingMethods, [this, tell = hooks.tellMessages] {
+            const MessageNews news = m_messages.take();
+            if (!news.isEmpty())
+                tell(news);
+        });
 }
 
 void CloudDocuments::start()

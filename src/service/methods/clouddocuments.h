@@ -2,6 +2,8 @@
 
 #include "service/methods/drivecontext.h"
 #include "service/methods/driveevents.h"
+#include "service/methods/localtrash.h"
+#include "service/methods/roamingmessages.h"
 #include "service/methods/roamingmethods.h"
 #include "service/methods/servicehooks.h"
 #include "service/methods/transfermethods.h"
@@ -21,7 +23,8 @@ public:
     static QString defaultDrive();         ///< "ZEL Cloud" in the user's home
     static QString defaultDriveDatabase(); ///< beside the service's database
 
-    /// `database` is not opened yet. Fills the hooks that are about transfers. `subscriptions` may be null.
+    /// `database` is not opened yet. Fills the hooks that are about transfers and the recent list; where
+    /// somebody tells messages, uses on other devices become messages. `subscriptions` may be null.
     CloudDocuments(const Places &places, CloudDatabase &database, MethodTable &methods, Pushes &pushes,
         ServiceHooks &hooks, const TransferSubscriptions *subscriptions, IdentitySource identity);
     ~CloudDocuments();
@@ -36,16 +39,19 @@ public:
 private:
     void fillHooks(ServiceHooks &hooks);
     void connectParts(CloudDatabase &database);
+    void keepMessages(const ServiceHooks &hooks);
 
     const Places m_places;
     bool m_started = false;
     RoamingTable m_roaming;
+    RoamingMessages m_messages;
     TransferTable m_transfers;
     const DriveThread::Factory m_drives;
     DriveThread m_quick;
     DriveThread m_bulk;
     TransferRunner m_runner;
     DriveEvents m_events;
+    LocalTrash m_localTrash;
     const DriveContext m_context;
     RoamingMethods m_roamingMethods;
     TransferMethods m_transferMethods;

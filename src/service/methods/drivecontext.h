@@ -10,6 +10,7 @@
 namespace zel::service {
 
 class DriveEvents;
+class LocalTrash;
 class Pushes;
 
 /// What the methods on the drive work with; all of it outlives them. Main thread.
@@ -18,6 +19,7 @@ struct DriveContext
     DriveThread &quick; ///< for what takes moments
     DriveThread &bulk;  ///< the same drive, for what may take minutes
     DriveEvents &events;
+    LocalTrash &localTrash;
     Pushes &pushes;
     IdentitySource identity;
     std::function<void(vela::CloudItem &)> addTransferState; ///< fills in the transfer that runs
@@ -32,9 +34,33 @@ struct DriveJob
     qint64 asked = 0;       ///< ms since epoch, UTC: when the request came
 };
 
-/// Serves `method` with `work`, a function (const DriveJob &, const Request &) -> DriveResult<Result> that
+/// Answers a request with `work`, a function (const DriveJob &, const Request &) -> DriveResult<Result> that
 /// runs on the drive's thread. `complete` may add to the answer here. After it was sent `after` gets the
 /// request and the answer here; neither is called when there was an error.
+template <class Request, class Result, class Work, class After>
+void runOn(
+    DriveThread &thread, const DriveContext &context, const Request &request, Answer<Result> answer,
+    Work work, After after, std::function<void(Result &)> complete = [](Result &) {})
+{
+    const auto job = [&thread, work, request, identity = context.identity(),
+                         asked = QDateTime::currentMSecsSinceEpoch()](
+                         CloudDrive &drive) -> DriveResult<Result> {
+        const auto goOn = [&thread](qint64, qint64) { return thread.goingOn(); };
+        return work(DriveJob{drive, identity, goOn, asked}, request);
+    };
+    thread.run(
+        job, [after, complete, request, answer = std::move(answer)](DriveResult<Result> result) mutable {
+            if (!result) {
+                answer.fail(serviceError(result.error().kind), result.error().text);
+                return;
+            }
+            complete(*result);
+            answer.send(*result);
+            after(request, *result);
+        });
+}
+
+/// Serves `method` so.
 template <class Request, class Result, class Work, class After>
 void serveOn(
     DriveThread &thread, const DriveContext &context, MethodTable &methods, std::string_view method,
@@ -42,22 +68,7 @@ void serveOn(
 {
     methods.serve<Request, Result>(
         method, [&thread, &context, work, after, complete](const Request &request, Answer<Result> answer) {
-            const auto job = [&thread, work, request, identity = context.identity(),
-                                 asked = QDateTime::currentMSecsSinceEpoch()](
-                                 CloudDrive &drive) -> DriveResult<Result> {
-                const auto goOn = [&thread](qint64, qint64) { return thread.goingOn(); };
-                return work(DriveJob{drive, identity, goOn, asked}, request);
-            };
-            thread.run(job,
-                [after, complete, request, answer = std::move(answer)](DriveResult<Result> result) mutable {
-                    if (!result) {
-                        answer.fail(serviceError(result.error().kind), result.error().text);
-                        return;
-                    }
-                    complete(*result);
-                    answer.send(*result);
-                    after(request, *result);
-                });
+            runOn<Request, Result>(thread, context, request, std::move(answer), work, after, complete);
         });
 }
 
@@ -74,10 +85,12 @@ void addDriveQueries(MethodTable &methods, const DriveContext &context);
 void addDriveSearch(MethodTable &methods, const DriveContext &context);
 /// Pictures that the desktop has made already.
 void addThumbnails(MethodTable &methods, const DriveContext &context);
-/// Making, renaming, moving, copying and removing items.
+/// Making, renaming, moving and copying items.
 void addDriveEdits(MethodTable &methods, const DriveContext &context);
 /// The same for many items at once.
 void addDriveBatches(MethodTable &methods, const DriveContext &context);
+/// Removing single items, of the drive and of this machine.
+void addRemoval(MethodTable &methods, const DriveContext &context);
 void addRecycleMethods(MethodTable &methods, const DriveContext &context);
 
 } // namespace zel::service

@@ -4,7 +4,6 @@
 #include "service/methods/driveevents.h"
 #include "service/methods/drivelookup.h"
 #include "service/methods/driveplace.h"
-#include "service/methods/recyclepushes.h"
 
 #include <QDateTime>
 #include <QFile>
@@ -157,23 +156,6 @@ DriveResult<CopyResult> copyOne(const DriveJob &job, const CopyArg &request)
         job, copyItem(job.drive, *id, place, job.progress), *original, place, request.conflictPolicy);
 }
 
-DriveResult<RemoveResult> removeOne(const DriveJob &job, const RemoveArg &request)
-{
-    const auto id = namedItemId(job.drive, request.item);
-    const auto away = id ? job.drive.trash(*id) : DriveResult<DriveTrashItem>(id.error());
-    if (!away)
-        return away.error();
-    RemoveResult result;
-    result.recycleId = away->id.toStdString();
-    if (!request.permanent)
-        return result;
-    const auto purged = job.drive.purge(away->id);
-    if (!purged)
-        return purged.error();
-    result.recycleId.clear();
-    return result;
-}
-
 DriveResult<UpdateResult> updateOne(const DriveJob &job, const UpdateArg &request)
 {
     const auto id = namedItemId(job.drive, request.item);
@@ -234,12 +216,6 @@ void addDriveEdits(MethodTable &methods, const DriveContext &context)
             action.oldParentId = result.extraParam.at("oldParentId");
             if (result.state == 0 && action.oldParentId != result.item.parentId)
                 tellAction(context, action);
-            context.events.check();
-        });
-    serveOn<RemoveArg, RemoveResult>(context.quick, context, methods, "remove", removeOne,
-        [&context](const RemoveArg &, const RemoveResult &result) {
-            if (!result.recycleId.empty())
-                tellRecycled(context, {text(result.recycleId)});
             context.events.check();
         });
 }

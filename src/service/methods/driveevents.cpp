@@ -66,21 +66,41 @@ void DriveEvents::start(const QString &root)
     if (m_started)
         return;
     m_started = true;
-    if (!root.isEmpty()) {
-        m_watcher = std::make_unique<DriveWatcher>(root);
-        connect(m_watcher.get(), &DriveWatcher::changed, this, [this](const QStringList &folders) {
-            for (const QString &folder : folders)
-                m_touched.insert(folder);
-            check();
-        });
-        connect(m_watcher.get(), &DriveWatcher::rescanNeeded, this, [this] {
-            m_rescan = true;
-            check();
-        });
-        m_watcher->start();
-    }
     m_rescan = true;
-    check();
+    if (root.isEmpty()) {
+        check();
+        return;
+    }
+    // Reading the folders may take long, so it is the drive's thread that does it, before the first look.
+    m_looking = true;
+    const auto watcher = std::make_shared<DriveWatcher>(root);
+    m_drive.run(
+        [watcher](CloudDrive &) -> DriveDone {
+            watcher->open();
+            return DriveOk();
+        },
+        [this, watcher](const DriveDone &opened) {
+            if (!opened)
+                watcher->open();
+            m_looking = false;
+            watch(watcher);
+            check();
+        });
+}
+
+void DriveEvents::watch(const std::shared_ptr<DriveWatcher> &watcher)
+{
+    m_watcher = watcher;
+    connect(m_watcher.get(), &DriveWatcher::changed, this, [this](const QStringList &folders) {
+        for (const QString &folder : folders)
+            m_touched.insert(folder);
+        check();
+    });
+    connect(m_watcher.get(), &DriveWatcher::rescanNeeded, this, [this] {
+        m_rescan = true;
+        check();
+    });
+    m_watcher->listen();
 }
 
 DriveEvents::Look DriveEvents::look()

@@ -45,6 +45,7 @@ Q_SIGNALS:
 private:
     struct Look;
 
+    void watch(const std::shared_ptr<DriveWatcher> &watcher);
     Look look();
     void tell(const Look &found);
     void tellCreated(const Look &found);
@@ -55,7 +56,7 @@ private:
     DriveThread &m_drive;
     Pushes &m_pushes;
     const IdentitySource m_identity;
-    std::unique_ptr<DriveWatcher> m_watcher;
+    std::shared_ptr<DriveWatcher> m_watcher;
     QString m_cursor;
     QSet<QString> m_touched; ///< folders that the watcher told of
     bool m_rescan = false;

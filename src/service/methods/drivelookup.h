@@ -21,6 +21,19 @@ std::optional<QString> pathInDrive(CloudDrive &drive, const QString &localPath);
 std::optional<DriveTrashItem> inTrash(CloudDrive &drive, const QString &itemId);
 std::optional<DriveItem> childNamed(CloudDrive &drive, const QString &folder, const QString &name);
 
+/// Brings an item back from the drive's trash to where it was, and says so in an answer.
+template <class Result>
+void recoverOne(CloudDrive &drive, const Identity &identity, const std::string &id, Result &result)
+{
+    const auto item = drive.restore(text(id));
+    if (!item) {
+        result.failedItems[id] = errorInfo(item.error());
+        return;
+    }
+    result.items.push_back(cloudItem(*item, identity));
+    result.recoveredIds.push_back(id);
+}
+
 /// The policy that requests give as a number; an unknown one refuses.
 ConflictPolicy policyOf(int number);
 inline DriveConflict conflictOf(int policy)

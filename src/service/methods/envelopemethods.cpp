@@ -111,6 +111,7 @@ EnvelopeMethods::Handler EnvelopeMethods::handlerOf(const QString &method)
         {QStringLiteral("getZelBoxAutoRunStatus"), &EnvelopeMethods::getZelBoxAutoRunStatus},
         {QStringLiteral("subscribeTransNotify"), &EnvelopeMethods::subscribeTransNotify},
         {QStringLiteral("cancelTask"), &EnvelopeMethods::cancelTask},
+        {QStringLiteral("delRoamingFileRecord"), &EnvelopeMethods::delRoamingFileRecord},
     };
     return handlers.value(method, nullptr);
 }
@@ -273,6 +274,24 @@ void EnvelopeMethods::subscribeTransNotify(const Values &values, Reply reply)
     else
         return refuse(reply, "\"subscribe\" is \"true\" or \"false\".");
     reply.send({});
+}
+
+void EnvelopeMethods::delRoamingFileRecord(const Values &values, Reply reply)
+{
+    const QStringList ids = split(values.value(QStringLiteral("roamingIds")));
+    const QStringList fileIds = split(values.value(QStringLiteral("fileIds")));
+    if (ids.isEmpty() && fileIds.isEmpty())
+        return refuse(reply, "Records are needed.");
+    if (!m_parts.hooks.removeRecords)
+        return reply.fail(ServiceError::NotServed, QStringLiteral("There is no recent list."));
+    const ServiceError error =
+        m_parts.hooks.removeRecords(ids, fileIds, [&reply](const QStringList &removed) {
+            VelaIpcResult result = resultWith(latin1("removedCount"), QString::number(removed.size()));
+            result.resultList = utf8(removed);
+            reply.send(result);
+        });
+    if (error != ServiceError::None)
+        finish(reply, error);
 }
 
 void EnvelopeMethods::cancelTask(const Values &values, Reply reply)

@@ -49,6 +49,7 @@ struct EnvelopeParts
 ///   getZelBoxAutoRunStatus       -                      autoRun: flag, whether the desktop starts the box
 ///   subscribeTransNotify         taskIDs, subscribe     -; no ids: all; holds for the connection
 ///   cancelTask                   taskIDs                -
+///   delRoamingFileRecord         roamingIds, fileIds    removedCount; resultList: roaming ids that are off
 ///
 /// Folders and switches are kept here; what acts on them asks for them.
 class EnvelopeMethods final
@@ -76,6 +77,7 @@ private:
     void addSyncFolder(const Values &values, Reply reply);
     void getZelBoxAutoRunStatus(const Values &values, Reply reply);
     void subscribeTransNotify(const Values &values, Reply reply);
+    void delRoamingFileRecord(const Values &values, Reply reply);
     void cancelTask(const Values &values, Reply reply);
 
     EnvelopeParts m_parts;

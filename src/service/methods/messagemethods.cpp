@@ -3,11 +3,13 @@
 #include "base/clock.h"
 #include "cloud/wire/message.h"
 #include "service/methods/failuretexts.h"
+#include "service/methods/messagenews.h"
 #include "service/methods/messagerecords.h"
 #include "service/tables/tableschema.h"
 
 #include <QJsonDocument>
 #include <QUuid>
+#include <algorithm>
 
 namespace zel::service {
 
@@ -16,6 +18,7 @@ using wire::ServiceError;
 namespace {
 
 constexpr int LargestMessage = 64 << 10; // bytes of the request
+constexpr int MostContents = 100;        // in one push; of further messages it tells the ids
 
 QString text(const std::string &utf8)
 {
@@ -63,19 +66,6 @@ vela::MsgStatusChangedItem changedItem(const QStringList &row)
     return item;
 }
 
-SchemaState prepare(sqlite::Database &database)
-{
-    switch (prepareTables(database)) {
-    case TablesState::Ready:
-        return SchemaState::Ready;
-    case TablesState::Newer:
-        return SchemaState::Newer;
-    case TablesState::Failed:
-        break;
-    }
-    return SchemaState::Failed;
-}
-
 } // namespace
 
 MessageMethods::MessageMethods(CloudDatabase &database, AccountState &account, Pushes &pushes)
@@ -89,7 +79,7 @@ MessageMethods::MessageMethods(CloudDatabase &database, AccountState &account, P
       m_queries(database.connection()),
       m_commands(m_radar, m_messages, m_switches)
 {
-    m_database.addOwner(prepare);
+    m_database.addOwner(prepareTables);
 }
 
 void MessageMethods::serve(MethodTable &methods)
@@ -173,7 +163,7 @@ void MessageMethods::storeZelBoxMessage(
     result.replaced = known;
     result.unreadCount = unreadCount();
     answer.send(result);
-    tellStored(message);
+    tellStored({message});
 }
 
 void MessageMethods::markMsgRead(const vela::MarkMsgReadArg &request, Answer<vela::MarkMsgReadResult> answer)
@@ -237,15 +227,31 @@ qint64 MessageMethods::unreadCount()
     return counts.ok() && !counts.rows.isEmpty() ? counts.rows.first().value(1).toLongLong() : 0;
 }
 
-void MessageMethods::tellStored(const Message &message)
+void MessageMethods::tell(const MessageNews &news)
 {
-    const bool roaming = message.topic == QLatin1String("zel.roaming");
-    m_pushes.push("notifyActionsMap",
-        actions(roaming ? QStringLiteral("NewRoamingMsgArrive") : QStringLiteral("NewMsgArrive"), {}));
+    if (!news.stored.isEmpty())
+        tellStored(news.stored);
+    std::vector<vela::MsgStatusChangedItem> changed;
+    for (const QStringList &row : news.changed)
+        changed.push_back(changedItem(row));
+    tellChanged(changed, unreadCount());
+}
+
+void MessageMethods::tellStored(const QVector<Message> &messages)
+{
+    const auto isRoaming = [](const Message &one) { return one.topic == QLatin1String("zel.roaming"); };
+    if (std::any_of(messages.begin(), messages.end(), isRoaming))
+        m_pushes.push("notifyActionsMap", actions(QStringLiteral("NewRoamingMsgArrive"), {}));
+    if (!std::all_of(messages.begin(), messages.end(), isRoaming))
+        m_pushes.push("notifyActionsMap", actions(QStringLiteral("NewMsgArrive"), {}));
     vela::NotifyMsgListArg list;
-    list.newMsgList.push_back(message.messageId.toStdString());
-    list.messages.push_back(toMessageItem(message));
-    list.newMessages.push_back(toNewMessageItem(message));
+    for (auto message = messages.rbegin(); message != messages.rend(); ++message) {
+        list.newMsgList.push_back(message->messageId.toStdString());
+        if (list.newMsgList.size() > MostContents)
+            continue;
+        list.messages.push_back(toMessageItem(*message));
+        list.newMessages.push_back(toNewMessageItem(*message));
+    }
     list.userId = m_account.userId().toStdString();
     list.unreadCount = int32_t(unreadCount());
     m_pushes.push("notifyMsgList", list);

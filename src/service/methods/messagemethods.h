@@ -12,6 +12,8 @@
 
 namespace zel::service {
 
+struct MessageNews;
+
 /// The methods that change the message and radar tables, and the pushes that tell of their changes. Main
 /// thread.
 ///
@@ -29,8 +31,9 @@ public:
     MessageMethods(CloudDatabase &database, AccountState &account, Pushes &pushes);
     void serve(MethodTable &methods); ///< outlives the table's use
 
-    void greet(ClientId client); ///< one that has just connected
-    void tellReloaded();         ///< the tables can be read, perhaps with other contents than before
+    void greet(ClientId client);        ///< one that has just connected
+    void tellReloaded();                ///< the tables can be read, perhaps with other contents than before
+    void tell(const MessageNews &news); ///< of messages that others put into the table
     wire::ServiceError setMessageWaits(const QString &messageId, bool waits);
 
 private:
@@ -42,7 +45,7 @@ private:
     void deleteMsg(const vela::DeleteMsgArg &request, Answer<vela::DeleteMsgResult> answer);
 
     qint64 unreadCount();
-    void tellStored(const Message &message);
+    void tellStored(const QVector<Message> &messages); ///< newest last
     void tellChanged(const std::vector<vela::MsgStatusChangedItem> &items, qint64 unread);
     vela::NotifyActionsMapArg actions(const QString &command, const QJsonObject &values) const;
 

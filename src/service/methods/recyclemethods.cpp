@@ -103,25 +103,6 @@ DriveResult<GetRecycleBinListV5Result> listV5(const DriveJob &job, const GetRecy
     return result;
 }
 
-template <class Result> void recoverOne(const DriveJob &job, const std::string &id, Result &result)
-{
-    const auto item = job.drive.restore(text(id));
-    if (!item) {
-        result.failedItems[id] = errorInfo(item.error());
-        return;
-    }
-    result.items.push_back(cloudItem(*item, job.identity));
-    result.recoveredIds.push_back(id);
-}
-
-DriveResult<RecoverRecyclesResult> recover(const DriveJob &job, const RecoverRecyclesArg &request)
-{
-    RecoverRecyclesResult result;
-    for (const std::string &id : request.recycleIds)
-        recoverOne(job, id, result);
-    return result;
-}
-
 ConflictItem recoverConflict(
     const DriveJob &job, const DriveTrashItem &item, const DrivePlace &place, const QString &recycleId)
 {
@@ -188,7 +169,7 @@ DriveResult<BatchRecoverRecycleFilesResult> batchRecover(
         if (elsewhere && item != bin->constEnd())
             recoverTo(job, *item, {*folder, item->name, conflictOf(request.conflictPolicy)}, result);
         else
-            recoverOne(job, id, result);
+            recoverOne(job.drive, job.identity, id, result);
     }
     return result;
 }
@@ -278,8 +259,6 @@ void addRecycleMethods(MethodTable &methods, const DriveContext &context)
         context.quick, context, methods, "getRecycleBinList", list);
     serveOn<GetRecycleBinListV5Arg, GetRecycleBinListV5Result>(
         context.quick, context, methods, "getRecycleBinListV5", listV5);
-    serveOn<RecoverRecyclesArg, RecoverRecyclesResult>(
-        context.quick, context, methods, "recoverRecycles", recover, recovered);
     serveOn<BatchRecoverRecycleFilesArg, BatchRecoverRecycleFilesResult>(
         context.quick, context, methods, "batchRecoverRecycleFiles", batchRecover, recovered);
     serveOn<BatchDestroyRecycleFilesArg, BatchDestroyRecycleFilesResult>(context.bulk, context, methods,

@@ -1,8 +1,9 @@
 #include "service/methods/records.h"
 #include "service/methods/roamingmethods.h"
+#include "service/roaming/recordbytes.h"
 #include "service/transfer/drivethread.h"
 
-#include <algorithm>
+#include <set>
 
 /// The recent list with what the drive knows of its files.
 namespace zel::service {
@@ -26,6 +27,32 @@ void addCloudItem(CloudDrive &drive, bool withParents, const Identity &who, Rece
         info.mapParentItem[steps->at(i).id.toStdString()] = cloudItem(steps->at(i), who);
 }
 
+// Of the first `named` ids those that no record has.
+void noteMissing(const std::vector<std::string> &ids, size_t named, GetRecentFileInfoListResult &result)
+{
+    std::set<std::string> found;
+    for (const RecentFileItemInfo &info : result.items)
+        found.insert(info.fileInfo.roamingId);
+    for (size_t i = 0; i < named; ++i)
+        if (!found.count(ids[i]))
+            result.failedItems[ids[i]] =
+                wire::errorInfo(wire::ServiceError::NotFound, QStringLiteral("There is no such record."));
+}
+
+// What is known of the files takes room too: the page ends where its limit is reached.
+void addCloudItems(
+    CloudDrive &drive, bool withParents, const Identity &who, GetRecentFileInfoListResult &result)
+{
+    qint64 left = PageBytes;
+    size_t kept = 0;
+    for (; kept < result.items.size() && left > 0; ++kept) {
+        addCloudItem(drive, withParents, who, result.items[kept]);
+        left -= recordBytes(result.items[kept]).size();
+    }
+    result.hasMore = result.hasMore || kept < result.items.size();
+    result.items.resize(kept);
+}
+
 } // namespace
 
 void RoamingMethods::fileInfos(
@@ -35,6 +62,7 @@ void RoamingMethods::fileInfos(
     GetRecentFileInfoListResult result;
     RoamingPage page;
     wire::ServiceError error = wire::ServiceError::None;
+    size_t named = 0; // ids that were looked for
     if (request.roamingIds.empty()) {
         RoamingQuery query;
         query.suffixes = texts(request.suffixes);
@@ -45,7 +73,9 @@ void RoamingMethods::fileInfos(
         error = m_table.page(who.userId, query, page);
         result.hasMore = query.offset + qint64(page.items.size()) < page.total;
     } else {
-        error = m_table.find(who.userId, texts(request.roamingIds), page.items);
+        error = m_table.find(who.userId, texts(request.roamingIds), page);
+        result.hasMore = page.total < qint64(request.roamingIds.size());
+        named = size_t(page.total);
         page.total = qint64(page.items.size());
     }
     if (error != wire::ServiceError::None) {
@@ -59,16 +89,11 @@ void RoamingMethods::fileInfos(
         info.fileInfo = std::move(item);
         result.items.push_back(std::move(info));
     }
-    for (const std::string &id : request.roamingIds)
-        if (std::none_of(result.items.begin(), result.items.end(),
-                [&id](const RecentFileItemInfo &info) { return info.fileInfo.roamingId == id; }))
-            result.failedItems[id] =
-                wire::errorInfo(wire::ServiceError::NotFound, QStringLiteral("There is no such record."));
+    noteMissing(request.roamingIds, named, result);
     m_drive.run(
         [result = std::move(result), withParents = request.withParents, who](
             CloudDrive &drive) mutable -> DriveResult<GetRecentFileInfoListResult> {
-            for (RecentFileItemInfo &info : result.items)
-                addCloudItem(drive, withParents, who, info);
+            addCloudItems(drive, withParents, who, result);
             return std::move(result);
         },
         [answer = std::move(answer)](const DriveResult<GetRecentFileInfoListResult> &done) mutable {

@@ -39,13 +39,6 @@ bool hasMore(int offset, size_t given, qint64 total)
     return qMax(offset, 0) + qint64(given) < total;
 }
 
-RoamingSelection cleanPaths(RoamingSelection selection)
-{
-    for (QString &path : selection.paths)
-        path = QDir::cleanPath(path);
-    return selection;
-}
-
 } // namespace
 
 RoamingMethods::RoamingMethods(
@@ -69,8 +62,16 @@ void RoamingMethods::serve(MethodTable &methods)
 
 void RoamingMethods::tell(const Identity &who, const RoamingChange &change, const std::string &clientName)
 {
-    if (change.items.empty() && change.removed.isEmpty())
+    if (change.error != ServiceError::None)
         return;
+    if (!change.items.empty() || !change.removed.isEmpty())
+        pushChange(who, change, clientName);
+    Q_EMIT told();
+}
+
+void RoamingMethods::pushChange(
+    const Identity &who, const RoamingChange &change, const std::string &clientName)
+{
     NotifyRecentFileChangeArg push;
     push.reload = change.items.size() + size_t(change.removed.size()) > MostTold;
     if (!push.reload) {
@@ -82,16 +83,6 @@ void RoamingMethods::tell(const Identity &who, const RoamingChange &change, cons
     if (!clientName.empty())
         push.extraParam["clientName"] = clientName;
     m_pushes.push("notifyRecentFileChange", push);
-}
-
-void RoamingMethods::announce(const Identity &who, const RoamingChange &change)
-{
-    const std::string version = m_table.version(who.userId).toStdString();
-    for (const RecentFileItem &item : change.items) {
-        const bool changedNow = item.opv == version;
-        if (changedNow && markOf(item) != RoamingMark::None && text(item.curDeviceId) != who.deviceId)
-            Q_EMIT arrivedFromElsewhere(item);
-    }
 }
 
 void RoamingMethods::add(const AddRoamingRecordArg &request, Answer<AddRoamingRecordResult> answer)
@@ -120,64 +111,6 @@ void RoamingMethods::add(const AddRoamingRecordArg &request, Answer<AddRoamingRe
         result.extraParam["uploadContent"] = wire::errorName(ServiceError::NotServed);
     answer.send(result);
     tell(who, change);
-    announce(who, change);
-}
-
-void RoamingMethods::remove(const DelRoamingRecordArg &request, Answer<DelRoamingRecordResult> answer)
-{
-    const Identity who = m_identity();
-    RoamingSelection selection;
-    if (request.allRecords) {
-        selection.scope = RoamingSelection::Scope::All;
-    } else {
-        selection.ids = texts(request.roamingIds);
-        selection.fileIds = texts(request.fileIds);
-        selection.deviceId = who.deviceId;
-        selection.paths = texts(request.paths);
-    }
-    const RoamingChange change = m_table.remove(who.userId, cleanPaths(selection));
-    if (change.error != ServiceError::None) {
-        answer.fail(change.error, NotKept);
-        return;
-    }
-    DelRoamingRecordResult result;
-    result.removedCount = change.removed.size();
-    result.opv = m_table.version(who.userId).toStdString();
-    if (!request.allRecords)
-        result.removedIds = strings(change.removed);
-    QStringList fileIds;
-    for (const RecentFileItem &item : change.items)
-        if (!item.fileId.empty() && !item.deleted)
-            fileIds.append(text(item.fileId));
-    RoamingChange told;
-    told.removed = change.removed;
-    if (!request.removeFiles || fileIds.isEmpty())
-        answer.send(result);
-    else
-        removeFiles(fileIds, std::move(result), std::move(answer));
-    tell(who, told);
-}
-
-void RoamingMethods::removeFiles(
-    const QStringList &fileIds, DelRoamingRecordResult result, Answer<DelRoamingRecordResult> answer)
-{
-    m_drive.run(
-        [fileIds, result](CloudDrive &drive) mutable -> DriveResult<DelRoamingRecordResult> {
-            for (const QString &id : fileIds) {
-                const auto trashed = drive.trash(id);
-                if (!trashed && trashed.error().kind != DriveError::Kind::NotFound)
-                    result.failedItems[id.toStdString()] = errorInfo(trashed.error());
-            }
-            return result;
-        },
-        [this, answer = std::move(answer)](const DriveResult<DelRoamingRecordResult> &done) mutable {
-            if (!done) {
-                answer.fail(serviceError(done.error().kind), done.error().text);
-                return;
-            }
-            answer.send(*done);
-            Q_EMIT filesRemoved();
-        });
 }
 
 void RoamingMethods::recentFiles(const GetRecentFilesArg &request, Answer<GetRecentFilesResult> answer)
@@ -208,6 +141,7 @@ void RoamingMethods::recentFiles(const GetRecentFilesArg &request, Answer<GetRec
     result.unreadCount = m_table.unreadCount(who.userId);
     result.opv = m_table.version(who.userId).toStdString();
     result.syncTime = m_table.fetchTime(who.userId);
+    result.extraParam["deviceId"] = who.deviceId.toStdString();
     answer.send(result);
 }
 
@@ -261,7 +195,6 @@ void RoamingMethods::noteList(const NotifyRecentFilesArg &request, Answer<Notify
     result.opv = m_table.version(who.userId).toStdString();
     answer.send(result);
     tell(who, change, request.clientName);
-    announce(who, change);
 }
 
 void RoamingMethods::setRead(const SetCloudItemReadArg &request, Answer<SetCloudItemReadResult> answer)
@@ -299,35 +232,6 @@ void RoamingMethods::tellReload()
     push.reload = true;
     push.userId = m_identity().userId.toStdString();
     m_pushes.push("notifyRecentFileChange", push);
-}
-
-RoamingGroupItem RoamingMethods::ownBox()
-{
-    RoamingGroupItem box;
-    box.groupId = OwnGroup;
-    box.type = "special";
-    box.isDefault = true;
-    box.fileCount = m_table.total(m_identity().userId);
-    box.sizeLimit = -1;
-    return box;
-}
-
-void RoamingMethods::defaultBox(
-    const GetCurrentDefaultRoamingBoxArg &, Answer<GetCurrentDefaultRoamingBoxResult> answer)
-{
-    GetCurrentDefaultRoamingBoxResult result;
-    result.group = ownBox();
-    result.roamingOn = true;
-    answer.send(result);
-}
-
-void RoamingMethods::groups(const GetRoamingGroupArg &request, Answer<GetRoamingGroupResult> answer)
-{
-    GetRoamingGroupResult result;
-    result.total = request.companyId.empty() ? 1 : 0;
-    if (result.total > 0 && request.offset <= 0)
-        result.groups.push_back(ownBox());
-    answer.send(result);
 }
 
 void RoamingMethods::sync(const QStringList &, Answer<RequestSyncRecentResult> answer)

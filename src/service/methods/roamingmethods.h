@@ -25,17 +25,21 @@ public:
     /// Records of cloud files that went away or came back are marked so.
     void markFiles(const QStringList &fileIds, bool deleted);
     void tellReload(); ///< the list is another one than before
+    /// Takes records off the list. `answer` gets the ids of those that were there, before clients are told of
+    /// it; it is not called after an error.
+    wire::ServiceError removeRecords(
+        const RoamingSelection &selection, const std::function<void(const QStringList &)> &answer);
 
 Q_SIGNALS:
-    /// Another device brought `item` to the list or changed it, and the user has not seen that.
-    void arrivedFromElsewhere(const vela::RecentFileItem &item);
+    /// A change is on disk, answered and told to the clients.
+    void told();
     /// Records were removed with the wish that their cloud files go to the recycle bin, and they did.
     void filesRemoved();
 
 private:
     void add(const vela::AddRoamingRecordArg &request, Answer<vela::AddRoamingRecordResult> answer);
     void remove(const vela::DelRoamingRecordArg &request, Answer<vela::DelRoamingRecordResult> answer);
-    void removeFiles(const QStringList &fileIds, vela::DelRoamingRecordResult result,
+    void putIntoBin(const QStringList &fileIds, vela::DelRoamingRecordResult result,
         Answer<vela::DelRoamingRecordResult> answer);
     void recentFiles(const vela::GetRecentFilesArg &request, Answer<vela::GetRecentFilesResult> answer);
     void fileInfos(
@@ -48,8 +52,7 @@ private:
     void sync(const QStringList &, Answer<vela::RequestSyncRecentResult> answer);
     vela::RoamingGroupItem ownBox();
     void tell(const Identity &who, const RoamingChange &change, const std::string &clientName = {});
-
-    void announce(const Identity &who, const RoamingChange &change);
+    void pushChange(const Identity &who, const RoamingChange &change, const std::string &clientName);
 
     RoamingTable &m_table;
     DriveThread &m_drive;

@@ -7,6 +7,8 @@
 
 namespace zel::service {
 
+struct MessageNews;
+
 /// What the account's and the envelope's methods need of other areas, which put their functions here when
 /// they are made. An empty one means that nobody does it. Main thread.
 struct ServiceHooks
@@ -17,8 +19,15 @@ struct ServiceHooks
     std::function<int()> runningTasks;           ///< transfers that are not done
     /// A client opened or changed this local file of the cloud.
     std::function<wire::ServiceError(const QString &file)> reportCloudDoc;
+    /// Takes records off the recent list; `answer` gets the ids of those that were there, before clients are
+    /// told of it.
+    std::function<wire::ServiceError(const QStringList &roamingIds, const QStringList &fileIds,
+        const std::function<void(const QStringList &removed)> &answer)>
+        removeRecords;
 
     /// Filled by the service itself.
+    /// Tells clients of messages that another area changed. Without it there are none.
+    std::function<void(const MessageNews &news)> tellMessages;
     std::function<int()> clientCount;  ///< clients that are connected
     std::function<void()> stopService; ///< in order, once what is owed is answered
 };

@@ -2,6 +2,7 @@
 
 #include "service/drive/clouddrive.h"
 #include "service/drive/drivenames.h"
+#include "service/drive/localsource.h"
 #include "service/methods/drivelookup.h"
 
 #include <QDir>
@@ -67,6 +68,9 @@ std::optional<vela::ServerErrorInfo> uploadProblem(const QFileInfo &file, const 
         return invalid("A local path has to be absolute.");
     if (!file.isFile() && (wish.filesOnly || !file.isDir()))
         return wire::errorInfo(ServiceError::NotFound, QStringLiteral("There is no such local file."));
+    if (isMadeUp(file.filePath()))
+        return wire::errorInfo(
+            ServiceError::Denied, QStringLiteral("The system makes up what lies there as it is read."));
     if (!isValidDriveName(task.name))
         return invalid("The drive cannot hold such a name.");
     if (leadsInto(file.filePath(), target.localPath, task))

@@ -5,6 +5,7 @@
 #include "service/tables/tableresult.h"
 
 #include <QHash>
+#include <algorithm>
 #include <limits>
 
 namespace zel::service {
@@ -34,6 +35,24 @@ qint64 nowMs()
 QString text(const std::string &value)
 {
     return QString::fromStdString(value);
+}
+
+RoamingKey keyOf(const vela::RecentFileItem &item)
+{
+    return {text(item.roamingId), text(item.fileId)};
+}
+
+// A use elsewhere is no news when the same request says that the document was used here since, or went.
+void dropSeen(RoamingChange &change)
+{
+    QHash<QString, bool> marked; // after the last use of each
+    for (const vela::RecentFileItem &item : change.items)
+        marked[text(item.roamingId)] = markOf(item) != RoamingMark::None;
+    for (const QString &id : qAsConst(change.removed))
+        marked[id] = false;
+    const auto isSeen = [&marked](const auto &item) { return !marked.value(text(item.roamingId)); };
+    change.arrived.erase(
+        std::remove_if(change.arrived.begin(), change.arrived.end(), isSeen), change.arrived.end());
 }
 
 RoamingItems readAll(Statement &statement, qint64 most = std::numeric_limits<qint64>::max())
@@ -88,6 +107,8 @@ RoamingChange RoamingTable::transact(const std::function<void(RoamingChange &)> 
     const wire::ServiceError error = m_store.use([&](sqlite::Database &database) {
         Transaction transaction(database);
         work(change);
+        if (m_companion && database.failure() == sqlite::Failure::None)
+            m_companion(change);
         transaction.commit();
     });
     if (error != wire::ServiceError::None)
@@ -105,6 +126,9 @@ RoamingChange RoamingTable::add(const QString &user, RoamingItems items, const Q
             addOne(user, item, thisDevice, change);
         }
         change.removed += trim(user);
+        for (const QString &id : qAsConst(change.removed))
+            change.seen.append({id, {}});
+        dropSeen(change);
     });
 }
 
@@ -128,6 +152,10 @@ void RoamingTable::addOne(
     item.mtime = nowMs();
     const RoamingMark mark = before ? markOf(*before) : RoamingMark::None;
     setMark(item, markAfter(mark, !before, elsewhere, item.operation));
+    if (elsewhere && markOf(item) != RoamingMark::None)
+        change.arrived.push_back(item);
+    else if (mark != RoamingMark::None && markOf(item) == RoamingMark::None)
+        change.seen.append(keyOf(item));
     change.removed += removeTwins(user, item);
     write(user, item);
     change.items.push_back(item);
@@ -137,8 +165,12 @@ RoamingChange RoamingTable::remove(const QString &user, const RoamingSelection &
 {
     return transact([&](RoamingChange &change) {
         change.items = select(user, selection);
-        for (const vela::RecentFileItem &item : change.items)
+        change.allSeen = selection.scope == RoamingSelection::Scope::All;
+        for (const vela::RecentFileItem &item : change.items) {
             change.removed.append(text(item.roamingId));
+            if (!change.allSeen)
+                change.seen.append(keyOf(item));
+        }
         if (!change.removed.isEmpty())
             raiseVersion(user);
         Statement statement(m_database,
@@ -149,11 +181,23 @@ RoamingChange RoamingTable::remove(const QString &user, const RoamingSelection &
 
 RoamingChange RoamingTable::setMarks(const QString &user, const RoamingSelection &selection, bool unread)
 {
-    return rewrite(user, selection, [unread](vela::RecentFileItem &item) {
-        if (unread == (markOf(item) != RoamingMark::None))
-            return false;
-        setMark(item, unread ? RoamingMark::Modified : RoamingMark::None);
-        return true;
+    return transact([&](RoamingChange &change) {
+        RoamingItems selected = select(user, selection);
+        change.allSeen = !unread && selection.scope == RoamingSelection::Scope::All;
+        // Also of those without a mark: what is told of them elsewhere may be unread all the same.
+        for (const vela::RecentFileItem &item : selected)
+            if (!unread && !change.allSeen)
+                change.seen.append(keyOf(item));
+        const auto edit = [unread](vela::RecentFileItem &item) {
+            if (unread == (markOf(item) != RoamingMark::None))
+                return false;
+            setMark(item, unread ? RoamingMark::Modified : RoamingMark::None);
+            return true;
+        };
+        rewrite(user, std::move(selected), edit, change);
+        for (const vela::RecentFileItem &item : change.items)
+            if (unread)
+                change.unseen.append(keyOf(item));
     });
 }
 
@@ -161,30 +205,35 @@ RoamingChange RoamingTable::setDeleted(const QString &user, const QStringList &f
 {
     RoamingSelection selection;
     selection.fileIds = fileIds;
-    return rewrite(user, selection, [deleted](vela::RecentFileItem &item) {
-        if (item.deleted == deleted)
-            return false;
-        item.deleted = deleted;
-        item.status = deleted ? "deleted" : "normal";
-        return true;
+    return transact([&](RoamingChange &change) {
+        const auto edit = [deleted](vela::RecentFileItem &item) {
+            if (item.deleted == deleted)
+                return false;
+            item.deleted = deleted;
+            item.status = deleted ? "deleted" : "normal";
+            return true;
+        };
+        rewrite(user, select(user, selection), edit, change);
+        for (const vela::RecentFileItem &item : change.items)
+            if (markOf(item) != RoamingMark::None)
+                (deleted ? change.seen : change.unseen).append(keyOf(item));
     });
 }
 
-RoamingChange RoamingTable::rewrite(const QString &user, const RoamingSelection &selection, const Edit &edit)
+void RoamingTable::rewrite(
+    const QString &user, RoamingItems selected, const Edit &edit, RoamingChange &change)
 {
-    return transact([&](RoamingChange &change) {
-        for (vela::RecentFileItem &item : select(user, selection))
-            if (edit(item))
-                change.items.push_back(std::move(item));
-        if (change.items.empty())
-            return;
-        const std::string version = std::to_string(raiseVersion(user));
-        for (vela::RecentFileItem &item : change.items) {
-            item.mtime = nowMs();
-            item.opv = version;
-            write(user, item);
-        }
-    });
+    for (vela::RecentFileItem &item : selected)
+        if (edit(item))
+            change.items.push_back(std::move(item));
+    if (change.items.empty())
+        return;
+    const std::string version = std::to_string(raiseVersion(user));
+    for (vela::RecentFileItem &item : change.items) {
+        item.mtime = nowMs();
+        item.opv = version;
+        write(user, item);
+    }
 }
 
 wire::ServiceError RoamingTable::noteFetch(const QString &user, qint64 time)
@@ -214,19 +263,24 @@ wire::ServiceError RoamingTable::page(const QString &user, const RoamingQuery &q
     });
 }
 
-wire::ServiceError RoamingTable::find(const QString &user, const QStringList &ids, RoamingItems &items)
+wire::ServiceError RoamingTable::find(
+    const QString &user, const QStringList &ids, RoamingPage &page, qint64 bytes)
 {
-    RoamingSelection selection;
-    selection.ids = ids;
-    QHash<QString, vela::RecentFileItem> found;
-    const wire::ServiceError error = m_store.use([&](sqlite::Database &) {
-        for (vela::RecentFileItem &item : select(user, selection))
-            found.insert(text(item.roamingId), item);
+    return m_store.use([&](sqlite::Database &database) {
+        for (const QString &id : ids) {
+            if (bytes <= 0)
+                return;
+            Statement statement(database, "SELECT record FROM roaming_record WHERE user = ? AND id = ?");
+            statement.bind(1, user).bind(2, id);
+            vela::RecentFileItem item;
+            ++page.total;
+            if (!statement.step())
+                continue;
+            bytes -= statement.bytes(0).size();
+            if (readRecord(statement.bytes(0), item))
+                page.items.push_back(std::move(item));
+        }
     });
-    for (const QString &id : ids)
-        if (found.contains(id))
-            items.push_back(found.value(id));
-    return error;
 }
 
 int RoamingTable::unreadCount(const QString &user)

@@ -11,6 +11,8 @@ namespace zel::service {
 
 using RoamingItems = std::vector<vela::RecentFileItem>;
 
+inline constexpr qint64 PageBytes = 16 << 20; ///< a page ends once its records take so many
+
 /// Which records a page wants, the file used last first. Empty fields do not narrow.
 struct RoamingQuery
 {
@@ -23,7 +25,7 @@ struct RoamingQuery
     bool includeDeleted = false;
     int offset = 0;
     int count = 100;
-    qint64 bytes = 16 << 20; ///< a page ends once its records take so many
+    qint64 bytes = PageBytes;
 };
 
 struct RoamingPage
@@ -42,14 +44,25 @@ struct RoamingSelection
     enum class Scope { Named, Device, All } scope = Scope::Named; ///< Device: all that deviceId used last
 };
 
+/// What a record is known by; the cloud file may be empty.
+struct RoamingKey
+{
+    QString roamingId;
+    QString fileId;
+};
+
 /// What an operation changed; none of it when it failed.
 struct RoamingChange
 {
     wire::ServiceError error = wire::ServiceError::None; ///< none: it is on disk
     RoamingItems
         items; ///< as they are now; of add() one for each that was given, in order; of remove() as they were
-    QStringList newIds;  ///< of those of `items` that were not on the list before
-    QStringList removed; ///< ids
+    QStringList newIds;       ///< of those of `items` that were not on the list before
+    QStringList removed;      ///< ids
+    RoamingItems arrived;     ///< uses on other devices that left a mark, in order
+    QVector<RoamingKey> seen; ///< records without anything left to tell the user: seen, gone, or without file
+    QVector<RoamingKey> unseen; ///< records that have something to tell again
+    bool allSeen = false;       ///< all records of the user are; `seen` is empty then
 };
 
 /// The roaming records of the users of this machine, at most `limit` for each; those that were not used for
@@ -62,6 +75,13 @@ public:
     /// Adds itself to the owners of `store`, which outlives it.
     explicit RoamingTable(CloudDatabase &store, int limit = Limit);
 
+    /// `companion` writes, in the transaction of each change, what has to go with it; what it may not do is
+    /// use the store. Its failure is the change's.
+    void setCompanion(std::function<void(const RoamingChange &)> companion)
+    {
+        m_companion = std::move(companion);
+    }
+
     /// A record of the same roaming id, cloud file, or device and path is renewed; a use that is older than
     /// what is known changes nothing. `thisDevice`: uses on others leave marks.
     RoamingChange add(const QString &user, RoamingItems items, const QString &thisDevice);
@@ -73,7 +93,9 @@ public:
 
     wire::ServiceError page(const QString &user, const RoamingQuery &query, RoamingPage &page);
     /// In the order asked, without those that are not there.
-    wire::ServiceError find(const QString &user, const QStringList &ids, RoamingItems &items);
+    /// `page.total` is how many of the ids, from the first on, were looked for: the others did not fit.
+    wire::ServiceError find(
+        const QString &user, const QStringList &ids, RoamingPage &page, qint64 bytes = PageBytes);
     /// The numbers are 0 after a failure.
     int unreadCount(const QString &user);
     qint64 total(const QString &user);
@@ -91,7 +113,7 @@ private:
     void addOne(
         const QString &user, vela::RecentFileItem &item, const QString &thisDevice, RoamingChange &change);
     using Edit = std::function<bool(vela::RecentFileItem &)>; ///< whether it changed the record
-    RoamingChange rewrite(const QString &user, const RoamingSelection &selection, const Edit &edit);
+    void rewrite(const QString &user, RoamingItems selected, const Edit &edit, RoamingChange &change);
     /// Runs `work` in a transaction; nothing of it stays after a failure.
     RoamingChange transact(const std::function<void(RoamingChange &)> &work);
     qint64 numberFor(const char *sql, const QString &user);
@@ -99,6 +121,7 @@ private:
     CloudDatabase &m_store;
     sqlite::Database &m_database; ///< of the store
     const int m_limit;
+    std::function<void(const RoamingChange &)> m_companion;
 };
 
 } // namespace zel::service

@@ -1,21 +1,14 @@
 #pragma once
 
-#include "base/sqlite/database.h"
-
-#include <span>
+#include "base/sqlite/migrations.h"
 
 namespace zel::service {
 
-enum class SchemaState {
-    Ready,
-    Newer,  ///< made by a later version of the service; nothing was changed
-    Failed, ///< the database's failure tells why
-};
+using sqlite::SchemaState;
 
 /// Brings the tables of one owner to their present version, in one transaction; needs no open one. The file
 /// holds tables of several owners, so each version is a row of schema_version(area, version), not the file's
-/// user_version. Text n of `migrations` leads from version n to n + 1; one that was released is never edited.
-SchemaState prepareSchema(
-    sqlite::Database &database, const QString &area, std::span<const char *const> migrations);
+/// user_version.
+SchemaState prepareSchema(sqlite::Database &database, const QString &area, sqlite::Migrations migrations);
 
 } // namespace zel::service

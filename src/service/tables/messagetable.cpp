@@ -9,6 +9,9 @@
 namespace zel::service {
 namespace {
 
+constexpr char Replacing[] = "INSERT OR REPLACE INTO metadata_zelbox_filemessage (" ZEL_MESSAGE_COLUMNS
+                             ") VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?) RETURNING 1";
+
 void bind(sqlite::Statement &insert, const Message &message)
 {
     const QString id =
@@ -35,9 +38,14 @@ TableResult MessageTable::insert(const QVector<Message> &messages)
 
 TableResult MessageTable::replace(const QVector<Message> &messages)
 {
-    return write(messages,
-        "INSERT OR REPLACE INTO metadata_zelbox_filemessage (" ZEL_MESSAGE_COLUMNS
-        ") VALUES (?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?,?) RETURNING 1");
+    return write(messages, Replacing);
+}
+
+void MessageTable::insertWithin(const Message &message)
+{
+    sqlite::Statement insert(m_database, Replacing);
+    bind(insert, message);
+    insert.run();
 }
 
 TableResult MessageTable::write(const QVector<Message> &messages, const char *sql)

@@ -65,6 +65,8 @@ public:
     TableResult insert(const QVector<Message> &messages);
     /// All or none; those whose id is there already are overwritten. `changed` counts all.
     TableResult replace(const QVector<Message> &messages);
+    /// One message more, in the caller's transaction; a failure stays with the connection.
+    void insertWithin(const Message &message);
     TableResult list(const MessageQuery &query);     ///< rows with all fields
     TableResult find(const QStringList &messageIds); ///< rows with all fields; unknown ids have none
     TableResult remove(const QStringList &messageIds);

@@ -1,7 +1,5 @@
 #include "service/tables/tableschema.h"
 
-#include <iterator>
-
 namespace zel::service {
 namespace {
 
@@ -26,27 +24,16 @@ CREATE TABLE metadata_zelbox_fileradar (
 CREATE INDEX radar_time ON metadata_zelbox_fileradar (Time);
 CREATE INDEX radar_source ON metadata_zelbox_fileradar (ImType);
 CREATE TABLE radar_switch (type INTEGER NOT NULL PRIMARY KEY, watch INTEGER, backup INTEGER);
+)",
+    R"(
+CREATE INDEX message_roaming ON metadata_zelbox_filemessage (time) WHERE topic = 'zel.roaming';
 )"};
-static_assert(std::size(Migrations) == TablesVersion);
 
 } // namespace
 
-TablesState prepareTables(sqlite::Database &database)
+sqlite::SchemaState prepareTables(sqlite::Database &database)
 {
-    database.exec("CREATE TABLE IF NOT EXISTS schema_version (area TEXT NOT NULL PRIMARY KEY, version "
-                  "INTEGER NOT NULL)");
-    // Read under the write lock, so that two processes that start at once do not both bring it up.
-    sqlite::Transaction transaction(database);
-    const qint64 found = database.number("SELECT max(version) FROM schema_version WHERE area = 'tables'");
-    if (found > TablesVersion)
-        return TablesState::Newer;
-    for (qint64 version = qMax(found, qint64(0)); version < TablesVersion; ++version)
-        database.exec(Migrations[version]);
-    if (found < TablesVersion)
-        sqlite::Statement(database, "INSERT OR REPLACE INTO schema_version VALUES ('tables', ?)")
-            .bind(1, qint64(TablesVersion))
-            .run();
-    return transaction.commit() ? TablesState::Ready : TablesState::Failed;
+    return sqlite::migrateArea(database, QStringLiteral("tables"), Migrations);
 }
 
 } // namespace zel::service

@@ -1,6 +1,7 @@
 #include "service/transfer/uploadwork.h"
 
 #include "service/drive/drivenames.h"
+#include "service/drive/localsource.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -48,6 +49,8 @@ DriveResult<TransferOutcome> UploadWork::run()
             return item.error();
         return TransferOutcome{*item, {}, 1, source.size()};
     }
+    if (isMadeUp(source.filePath()))
+        return DriveError{Kind::Denied, QStringLiteral("The local folder is made up by the system.")};
     measure(source.filePath(), 0);
     const auto folder = topFolder();
     if (!folder)
@@ -67,7 +70,7 @@ QFileInfoList UploadWork::entriesOf(const QString &folder) const
     QFileInfoList wanted;
     const QFileInfoList found = QDir(folder).entryInfoList(filters, QDir::Name);
     for (const QFileInfo &entry : found) {
-        const bool isFolder = entry.isDir() && !entry.isSymLink();
+        const bool isFolder = entry.isDir() && !entry.isSymLink() && !isMadeUp(entry.filePath());
         const bool isFile = entry.isFile() && !m_task.excludedSuffixes.contains(entry.suffix().toLower());
         if (isFolder || isFile)
             wanted.append(entry);

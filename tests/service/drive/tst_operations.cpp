@@ -316,9 +316,14 @@ void TestOperations::localFiles()
     QFile back(target);
     QVERIFY(back.open(QIODevice::ReadOnly));
     QCOMPARE(back.readAll(), QByteArray("local"));
-    QCOMPARE(outcome(f.drive().writeFrom(
-                 f.drive().rootId(), QStringLiteral("c"), target + QLatin1Char('x'), {}, {})),
-        QStringLiteral("notFound"));
+    const QString pipe = f.outside(QStringLiteral("pipe")); // nobody writes to it, so nobody may wait for it
+    QCOMPARE(::mkfifo(pipe.toUtf8().constData(), 0600), 0);
+    const auto refused = [&f](const QString &source) {
+        return outcome(f.drive().writeFrom(f.drive().rootId(), QStringLiteral("c"), source, {}, {}));
+    };
+    for (const QString &source : {pipe, f.outside(QStringLiteral("none")), f.root()})
+        QCOMPARE(refused(source), QStringLiteral("notFound"));
+    QCOMPARE(refused(QStringLiteral("/proc/self/status")), QStringLiteral("denied"));
 }
 
 void TestOperations::deniedWithoutPermission()

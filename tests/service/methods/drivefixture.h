@@ -3,6 +3,7 @@
 #include "methodclient.h"
 #include "service/methods/drivecontext.h"
 #include "service/methods/driveevents.h"
+#include "service/methods/localtrash.h"
 #include "service/methods/roamingmethods.h"
 #include "service/transfer/localdrivesource.h"
 
@@ -32,8 +33,9 @@ public:
     zel::service::DriveThread bulk{drives};
     zel::service::DriveEvents events{quick, client, identity};
     zel::service::RoamingMethods roamingMethods{roaming, quick, client, identity};
+    zel::service::LocalTrash localTrash{root()};
     const zel::service::DriveContext context{
-        quick, bulk, events, client, identity, [](zel::vela::CloudItem &) {}};
+        quick, bulk, events, localTrash, client, identity, [](zel::vela::CloudItem &) {}};
 
     DriveFixture()
     {
@@ -43,9 +45,16 @@ public:
         addThumbnails(client.methods, context);
         addDriveEdits(client.methods, context);
         addDriveBatches(client.methods, context);
+        addRemoval(client.methods, context);
         addRecycleMethods(client.methods, context);
     }
 
+    /// Two files, and two more in folders.
+    void fill()
+    {
+        fill({QStringLiteral("a.txt=one"), QStringLiteral("b.txt=three"), QStringLiteral("d/a.txt=old"),
+            QStringLiteral("d/e/f.txt")});
+    }
     /// Files in the drive by "path" or "path=content", folders by "path/".
     void fill(const QStringList &entries)
     {
@@ -68,6 +77,14 @@ public:
     }
     /// All that is in a folder, hidden names too: "a.txt b/ b/c.txt".
     static QString tree(const QString &folder) { return names(QDir(folder)).join(QLatin1Char(' ')); }
+    /// Such a text in a fixed order; "$" stands for a blank in a name.
+    static QStringList sorted(QString tree)
+    {
+        tree.replace(QLatin1String(" ("), QLatin1String("$("));
+        QStringList names = tree.split(QLatin1Char(' '));
+        names.sort();
+        return names;
+    }
     static QStringList names(const QDir &folder)
     {
         QStringList found;
@@ -84,6 +101,17 @@ public:
         return found;
     }
 
+    static QString names(const std::vector<zel::vela::CloudItem> &items)
+    {
+        QStringList texts;
+        for (const zel::vela::CloudItem &item : items)
+            texts.append(QString::fromStdString(item.name));
+        return texts.join(QLatin1Char(' '));
+    }
+    zel::vela::GetInfoListResult list(const zel::vela::GetInfoListArg &request = {})
+    {
+        return client.call<zel::vela::GetInfoListResult>("getInfoList", request);
+    }
     zel::vela::CloudItemId idOf(const char *path)
     {
         zel::vela::GetFileIdByFilePathArg request;

@@ -71,6 +71,10 @@ void TestDocuments::recordFollowsItsFile()
     recover.recycleIds = {service.client.call<RemoveResult>("remove", remove).recycleId};
     QTRY_COMPARE(pushes().size(), size_t(1));
     QVERIFY(pushes()[0].changedItems.at(0).deleted);
+    GetRecentFilesArg list;
+    QCOMPARE(service.client.call<GetRecentFilesResult>("getRecentFiles", list).items.size(), size_t(0));
+    list.includeDeleted = true;
+    QCOMPARE(service.client.call<GetRecentFilesResult>("getRecentFiles", list).items.size(), size_t(1));
     service.client.call<RecoverRecyclesResult>("recoverRecycles", recover);
     QTRY_COMPARE(pushes().size(), size_t(2));
     QVERIFY(!pushes()[1].changedItems.at(0).deleted);

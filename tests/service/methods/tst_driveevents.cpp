@@ -23,43 +23,19 @@ private Q_SLOTS:
     void damagedDatabaseIsKeptAside();
 };
 
-namespace {
-
-const QStringList Files{QStringLiteral("a.txt=one"), QStringLiteral("b.txt=three"),
-    QStringLiteral("d/a.txt=old"), QStringLiteral("d/e/f.txt")};
-
-QString names(const std::vector<CloudItem> &items)
-{
-    QStringList texts;
-    for (const CloudItem &item : items)
-        texts.append(QString::fromStdString(item.name));
-    return texts.join(QLatin1Char(' '));
-}
-
-GetInfoListResult list(DriveFixture &fixture, const GetInfoListArg &request = {})
-{
-    return fixture.client.call<GetInfoListResult>("getInfoList", request);
-}
-
-} // namespace
-
 void TestDriveEvents::tellsWhatOthersDo_data()
 {
     QTest::addColumn<QString>("from");
     QTest::addColumn<QString>("to");
     QTest::addColumn<QString>("push");
-    QTest::newRow("new file") << ""
-                              << "d/n.txt"
-                              << "notifyFileCreation";
-    QTest::newRow("saved") << ""
-                           << "a.txt"
-                           << "notifyFileProperty";
-    QTest::newRow("moved") << "a.txt"
-                           << "d/m.txt"
-                           << "notifyFileProperty";
-    QTest::newRow("removed") << "a.txt"
-                             << ""
-                             << "notifyFileAction";
+    const auto row = [](const char *name, const char *from, const char *to, const char *push) {
+        QTest::newRow(name) << QString::fromLatin1(from) << QString::fromLatin1(to)
+                            << QString::fromLatin1(push);
+    };
+    row("new file", "", "d/n.txt", "notifyFileCreation");
+    row("saved", "", "a.txt", "notifyFileProperty");
+    row("moved", "a.txt", "d/m.txt", "notifyFileProperty");
+    row("removed", "a.txt", "", "notifyFileAction");
 }
 
 void TestDriveEvents::tellsWhatOthersDo()
@@ -68,7 +44,7 @@ void TestDriveEvents::tellsWhatOthersDo()
     QFETCH(QString, to);
     QFETCH(QString, push);
     DriveFixture fixture;
-    fixture.fill(Files);
+    fixture.fill();
     const std::string id = fixture.idOf("a.txt").id;
     QSignalSpy told(&fixture.events, &service::DriveEvents::told);
     fixture.events.start(fixture.root());
@@ -94,7 +70,7 @@ void TestDriveEvents::tellsWhatOthersDo()
 void TestDriveEvents::tellsOwnChangesAfterTheAnswer()
 {
     DriveFixture fixture;
-    fixture.fill(Files);
+    fixture.fill();
     QSignalSpy told(&fixture.events, &service::DriveEvents::told);
     fixture.events.start({}); // not watched
     QVERIFY(told.wait());
@@ -124,7 +100,7 @@ void TestDriveEvents::tellsOwnChangesAfterTheAnswer()
 void TestDriveEvents::manyChangesAreToldByFolder()
 {
     DriveFixture fixture;
-    fixture.fill(Files);
+    fixture.fill();
     QSignalSpy told(&fixture.events, &service::DriveEvents::told);
     fixture.events.start({});
     QVERIFY(told.wait());
@@ -135,7 +111,7 @@ void TestDriveEvents::manyChangesAreToldByFolder()
     QCOMPARE(fixture.client.arrived.back().method, std::string("notifyFileProperty"));
     const auto push = fixture.client.pushed<NotifyFilePropertyArg>("notifyFileProperty").at(0);
     QCOMPARE(push.changedFields, std::vector<std::string>{"children"});
-    QCOMPARE(names(push.items), QStringLiteral("d"));
+    QCOMPARE(DriveFixture::names(push.items), QStringLiteral("d"));
     QVERIFY(fixture.client.pushed<NotifyFileCreationArg>("notifyFileCreation").empty());
 }
 
@@ -143,18 +119,15 @@ void TestDriveEvents::newsOfManySteps_data()
 {
     QTest::addColumn<QString>("steps"); // of one item: created, modified, moved, removed
     QTest::addColumn<QString>("news");
-    QTest::newRow("came and went") << "CMR"
-                                   << "";
-    QTest::newRow("new and written") << "CMV"
-                                     << "created";
-    QTest::newRow("moved and written") << "VM"
-                                       << "modified moved";
-    QTest::newRow("written and gone") << "MR"
-                                      << "gone";
-    QTest::newRow("replaced") << "RC"
-                              << "modified";
-    QTest::newRow("gone, back, gone") << "RCR"
-                                      << "gone";
+    const auto row = [](const char *name, const char *steps, const char *news) {
+        QTest::newRow(name) << QString::fromLatin1(steps) << QString::fromLatin1(news);
+    };
+    row("came and went", "CMR", "");
+    row("new and written", "CMV", "created");
+    row("moved and written", "VM", "modified moved");
+    row("written and gone", "MR", "gone");
+    row("replaced", "RC", "modified");
+    row("gone, back, gone", "RCR", "gone");
 }
 
 void TestDriveEvents::newsOfManySteps()
@@ -192,7 +165,8 @@ void TestDriveEvents::driveThatCannotBeOpened()
     });
     const service::IdentitySource identity = [] { return service::Identity(); };
     service::DriveEvents events(thread, client, identity);
-    const service::DriveContext context{thread, thread, events, client, identity, {}};
+    service::LocalTrash localTrash(place.path());
+    const service::DriveContext context{thread, thread, events, localTrash, client, identity, {}};
     addDriveQueries(client.methods, context);
     const auto refused = client.call<GetInfoListResult>("getInfoList", GetInfoListArg());
     QCOMPARE(refused.state, int(wire::ServiceError::Offline));
@@ -205,7 +179,7 @@ void TestDriveEvents::driveThatCannotBeOpened()
 void TestDriveEvents::endsWithJobsWaiting()
 {
     DriveFixture fixture;
-    fixture.fill(Files);
+    fixture.fill();
     struct Probe
     {
         QThread **where;
@@ -239,9 +213,9 @@ void TestDriveEvents::endsWithJobsWaiting()
 void TestDriveEvents::damagedDatabaseIsKeptAside()
 {
     DriveFixture fixture;
-    fixture.fill(Files);
+    fixture.fill();
     DriveFixture::write(fixture.local("drive.db"), QByteArray(8192, 'x'));
-    QCOMPARE(list(fixture).state, 0);
+    QCOMPARE(fixture.list().state, 0);
     QCOMPARE(QDir(fixture.place.path()).entryList({QStringLiteral("drive.db.damaged-*")}).size(), 1);
 }
 

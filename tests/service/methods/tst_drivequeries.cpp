@@ -27,26 +27,6 @@ private Q_SLOTS:
     void thumbnails();
 };
 
-namespace {
-
-const QStringList Files{QStringLiteral("a.txt=one"), QStringLiteral("b.txt=three"),
-    QStringLiteral("d/a.txt=old"), QStringLiteral("d/e/f.txt")};
-
-QString names(const std::vector<CloudItem> &items)
-{
-    QStringList texts;
-    for (const CloudItem &item : items)
-        texts.append(QString::fromStdString(item.name));
-    return texts.join(QLatin1Char(' '));
-}
-
-GetInfoListResult list(DriveFixture &fixture, const GetInfoListArg &request = {})
-{
-    return fixture.client.call<GetInfoListResult>("getInfoList", request);
-}
-
-} // namespace
-
 void TestDriveQueries::lists_data()
 {
     QTest::addColumn<Ask>("ask");
@@ -79,22 +59,22 @@ void TestDriveQueries::lists()
         QStringLiteral(".h"), QStringLiteral("d/")});
     GetInfoListArg request;
     ask(request);
-    const auto result = list(fixture, request);
+    const auto result = fixture.list(request);
     QCOMPARE(result.state, 0);
-    QTEST(names(result.items), "expected");
+    QTEST(DriveFixture::names(result.items), "expected");
     QCOMPARE(
         result.hasMore, request.offset + qint64(result.items.size()) < result.total && !result.items.empty());
     QCOMPARE(result.folder.type, std::string("folder"));
     const int64_t before = result.listVersion;
-    QCOMPARE(list(fixture, request).listVersion, before);
+    QCOMPARE(fixture.list(request).listVersion, before);
     DriveFixture::write(fixture.inDrive("c.odt"), "9999");
-    QVERIFY(list(fixture, request).listVersion != before);
+    QVERIFY(fixture.list(request).listVersion != before);
 }
 
 void TestDriveQueries::lookups()
 {
     DriveFixture fixture;
-    fixture.fill(Files);
+    fixture.fill();
     const CloudItemId file = fixture.idOf("d/e/f.txt");
     GetFileIdByFilePathArg byPath;
     byPath.filePath = fixture.inDrive("d/e/../e/f.txt").toStdString();
@@ -109,7 +89,7 @@ void TestDriveQueries::lookups()
     items.withPath = items.withParents = true;
     const auto infos = fixture.client.call<GetItemInfoListV5Result>("getItemInfoListV5", items);
     QCOMPARE(infos.paths.at(0).path, std::string("d/e/f.txt"));
-    QCOMPARE(names(infos.parents.at(0).parents), QStringLiteral(" d e"));
+    QCOMPARE(DriveFixture::names(infos.parents.at(0).parents), QStringLiteral(" d e"));
     QVERIFY(infos.failedItems.count("999"));
 
     GetCloudNodeFileCountArg count;
@@ -182,7 +162,7 @@ void TestDriveQueries::search()
     std::vector<CloudItem> items;
     for (const auto &file : result.files)
         items.push_back(file.item);
-    QTEST(names(items), "found");
+    QTEST(DriveFixture::names(items), "found");
     for (const auto &file : result.files)
         if (file.item.name == "my plan.odt") {
             QCOMPARE(file.path, std::string("plan/my plan.odt"));

@@ -2,11 +2,8 @@
 #include "drivefixture.h"
 #include "notify_types.h"
 
-#include <QSignalSpy>
-
 using namespace zel;
 using namespace zel::vela;
-using service::RoamingMark;
 
 class TestRoaming final : public QObject
 {
@@ -15,20 +12,14 @@ class TestRoaming final : public QObject
 private Q_SLOTS:
     void identity_data();
     void identity();
-    void marks_data();
-    void marks();
-    void keptOverRestart();
     void answeredBeforeTold();
     void limit();
     void removal_data();
     void removal();
     void pagesAndFilters();
     void badRecords();
-    void largeRecords_data();
-    void largeRecords();
     void pageEndsBySize();
     void removesFiles();
-    void followsTheDrive();
     void otherUsersAreApart();
     void fullDisk();
 };
@@ -111,63 +102,6 @@ void TestRoaming::identity()
     QVERIFY(!result.items.at(0).roamingId.empty());
 }
 
-void TestRoaming::marks_data()
-{
-    QTest::addColumn<QStringList>("uses"); // device:operation
-    QTest::addColumn<int>("mark");
-    QTest::addColumn<int>("news"); // told to whoever sends messages about it
-    const auto row = [](const char *uses) { return QString::fromLatin1(uses).split(QLatin1Char(' ')); };
-    QTest::newRow("own") << row("this:open") << int(RoamingMark::None) << 0;
-    QTest::newRow("new on another device") << row("that:open") << int(RoamingMark::New) << 1;
-    QTest::newRow("changed there") << row("this:open that:save") << int(RoamingMark::Modified) << 1;
-    QTest::newRow("only opened there") << row("this:open that:open") << int(RoamingMark::None) << 0;
-    QTest::newRow("new stays new") << row("that:open that:save") << int(RoamingMark::New) << 2;
-    QTest::newRow("opening it here is reading it")
-        << row("that:open this:open") << int(RoamingMark::None) << 1;
-}
-
-void TestRoaming::marks()
-{
-    QFETCH(QStringList, uses);
-    DriveFixture fixture;
-    QSignalSpy news(&fixture.roamingMethods, &service::RoamingMethods::arrivedFromElsewhere);
-    qint64 time = 1000;
-    for (const QString &one : uses) {
-        FileRecordItem event = use("/x.odt", qPrintable(one.section(QLatin1Char(':'), 0, 0)),
-            qPrintable(one.section(QLatin1Char(':'), 1)), ++time);
-        event.fileId = "7";
-        add(fixture.client, {event});
-    }
-    const auto result = list(fixture.client);
-    QTEST(int(service::markOf(result.items.at(0))), "mark");
-    QTEST(news.count(), "news");
-    QCOMPARE(result.unreadCount, service::markOf(result.items.at(0)) == RoamingMark::None ? 0 : 1);
-
-    SetCloudItemReadArg read;
-    read.items.resize(1);
-    read.items[0].id = "7";
-    const auto marked = fixture.client.call<SetCloudItemReadResult>("setCloudItemRead", read);
-    QCOMPARE(marked.changedCount, result.unreadCount);
-    QCOMPARE(marked.unreadCount, 0);
-    QCOMPARE(list(fixture.client).unreadCount, 0);
-}
-
-// What was acknowledged is read back by another connection, without the first being closed.
-void TestRoaming::keptOverRestart()
-{
-    DriveFixture fixture;
-    const auto added =
-        add(fixture.client, {use("/a.odt", "that", "save", 5), use("/b.odt", "this", "open", 9)});
-    service::CloudDatabase again(fixture.local("cloud.db"));
-    service::RoamingTable table(again);
-    service::RoamingPage page;
-    QCOMPARE(table.page(fixture.me.userId, {}, page), wire::ServiceError::None);
-    QCOMPARE(page.total, qint64(2));
-    QCOMPARE(page.items.at(1), added.items.at(0));
-    QCOMPARE(table.unreadCount(fixture.me.userId), 1);
-    QCOMPARE(table.version(fixture.me.userId).toStdString(), added.opv);
-}
-
 void TestRoaming::answeredBeforeTold()
 {
     DriveFixture fixture;
@@ -198,18 +132,15 @@ void TestRoaming::removal_data()
 {
     QTest::addColumn<QString>("kind");
     QTest::addColumn<QString>("left");
-    QTest::newRow("by path, of this machine only") << "path"
-                                                   << "cloud /a-there";
-    QTest::newRow("by cloud file") << "file"
-                                   << "/a-there /a";
-    QTest::newRow("by id") << "id"
-                           << "cloud /a";
-    QTest::newRow("all") << "all"
-                         << "";
-    QTest::newRow("nothing named") << "none"
-                                   << "cloud /a-there /a";
-    QTest::newRow("this machine's list was emptied") << "emptied"
-                                                     << "cloud /a-there";
+    const auto row = [](const char *name, const char *kind, const char *left) {
+        QTest::newRow(name) << QString::fromLatin1(kind) << QString::fromLatin1(left);
+    };
+    row("by path, of this machine only", "path", "cloud /a-there");
+    row("by cloud file", "file", "/a-there /a");
+    row("by id", "id", "cloud /a");
+    row("all", "all", "");
+    row("nothing named", "none", "cloud /a-there /a");
+    row("this machine's list was emptied", "emptied", "cloud /a-there");
 }
 
 void TestRoaming::removal()
@@ -289,33 +220,16 @@ void TestRoaming::badRecords()
     notice.action = 9;
     QCOMPARE(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).state,
         int(wire::ServiceError::InvalidArgument));
-    QCOMPARE(int(list(fixture.client).total), 1);
-}
-
-void TestRoaming::largeRecords_data()
-{
-    QTest::addColumn<QString>("field");
-    for (const char *field : {"external", "thumbnail", "sha1", "curDeviceName"})
-        QTest::newRow(field) << field;
-}
-
-void TestRoaming::largeRecords()
-{
-    QFETCH(QString, field);
-    DriveFixture fixture;
-    NotifyRecentFilesArg notice;
     notice.action = 1;
-    notice.items.resize(1);
-    RecentFileItem &item = notice.items[0];
-    item.path = "/a";
-    std::string &text = field == QLatin1String("external") ? item.external
-        : field == QLatin1String("thumbnail")              ? item.thumbnail
-        : field == QLatin1String("sha1")                   ? item.sha1
-                                                           : item.curDeviceName;
-    text.assign(40 * 1024, 'x');
-    QCOMPARE(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).state,
-        int(wire::ServiceError::TooLarge));
-    QCOMPARE(int(list(fixture.client).total), 0);
+    for (std::string RecentFileItem::*text :
+        {&RecentFileItem::external, &RecentFileItem::thumbnail, &RecentFileItem::curDeviceName}) {
+        notice.items.assign(1, RecentFileItem());
+        notice.items[0].path = "/large";
+        (notice.items[0].*text).assign(40 * 1024, 'x');
+        QCOMPARE(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).state,
+            int(wire::ServiceError::TooLarge));
+    }
+    QCOMPARE(int(list(fixture.client).total), 1);
 }
 
 void TestRoaming::pageEndsBySize()
@@ -341,6 +255,18 @@ void TestRoaming::pageEndsBySize()
     const auto second = list(client, page);
     QCOMPARE(first.items.size() + second.items.size(), items.size());
     QVERIFY(!second.hasMore);
+
+    GetRecentFileInfoListArg infos;
+    infos.count = 1000;
+    const auto all = client.call<GetRecentFileInfoListResult>("getRecentFileInfoList", infos);
+    QVERIFY(all.hasMore && all.items.size() > 500 && all.items.size() <= first.items.size());
+    infos.roamingIds = {"nobody's"};
+    for (const auto *listed : {&first, &second})
+        for (const RecentFileItem &item : listed->items)
+            infos.roamingIds.push_back(item.roamingId);
+    const auto named = client.call<GetRecentFileInfoListResult>("getRecentFileInfoList", infos);
+    QVERIFY(named.hasMore && named.items.size() > 500 && named.items.size() <= first.items.size());
+    QCOMPARE(named.failedItems.size(), size_t(1));
 }
 
 void TestRoaming::removesFiles()
@@ -366,23 +292,6 @@ void TestRoaming::removesFiles()
     QCOMPARE(DriveFixture::tree(fixture.root()), QStringLiteral("b.odt"));
 }
 
-// A record whose file goes stays, marked; the mark goes when the file is back.
-void TestRoaming::followsTheDrive()
-{
-    DriveFixture fixture;
-    FileRecordItem event = use("", "this");
-    event.fileId = "7";
-    add(fixture.client, {event});
-    fixture.roamingMethods.markFiles({QStringLiteral("7"), QStringLiteral("8")}, true);
-    QCOMPARE(int(list(fixture.client).total), 0);
-    GetRecentFilesArg all;
-    all.includeDeleted = true;
-    QVERIFY(list(fixture.client, all).items.at(0).deleted);
-    fixture.roamingMethods.markFiles({QStringLiteral("7")}, false);
-    QCOMPARE(int(list(fixture.client).total), 1);
-    QCOMPARE(fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange").size(), size_t(3));
-}
-
 void TestRoaming::otherUsersAreApart()
 {
     DriveFixture fixture;
@@ -394,10 +303,10 @@ void TestRoaming::otherUsersAreApart()
     item.path = "/b";
     QCOMPARE(fixture.roaming.add(fixture.me.userId, {item}, {}).error, wire::ServiceError::None);
     fixture.roaming.remove(fixture.me.userId, {{}, {}, {}, {}, service::RoamingSelection::Scope::All});
-    service::RoamingItems left;
+    service::RoamingPage left;
     fixture.roaming.find(other, {QStringLiteral("r1")}, left);
-    QCOMPARE(left.size(), size_t(1));
-    QCOMPARE(left[0].path, std::string("/a"));
+    QCOMPARE(left.items.size(), size_t(1));
+    QCOMPARE(left.items[0].path, std::string("/a"));
 }
 
 // A change that cannot be kept is refused, and nobody is told of it; later ones work again.

@@ -40,20 +40,16 @@ void TestTransfer::uploads_data()
     QTest::addColumn<int>("policy");
     QTest::addColumn<QString>("tree");
     QTest::addColumn<QString>("content"); // of f/a.txt or a.txt
-    QTest::newRow("file") << false << 1 << "a (2).txt a.txt f/ f/a.txt f/old.txt"
-                          << "drive";
-    QTest::newRow("file replaces") << false << 2 << "a.txt f/ f/a.txt f/old.txt"
-                                   << "local";
-    QTest::newRow("file is skipped") << false << 3 << "a.txt f/ f/a.txt f/old.txt"
-                                     << "drive";
-    QTest::newRow("folder beside")
-        << true << 1 << "a.txt f/ f/a.txt f/old.txt f (2)/ f (2)/a.txt f (2)/sub/ f (2)/sub/b.txt"
-        << "drive";
-    QTest::newRow("folder merges") << true << 2 << "a.txt f/ f/a.txt f/old.txt f/sub/ f/sub/b.txt"
-                                   << "local";
-    QTest::newRow("folder merges what is missing")
-        << true << 3 << "a.txt f/ f/a.txt f/old.txt f/sub/ f/sub/b.txt"
-        << "drive";
+    const auto row = [](const char *name, bool folder, int policy, const char *tree, const char *content) {
+        QTest::newRow(name) << folder << policy << QString::fromLatin1(tree) << QString::fromLatin1(content);
+    };
+    row("file", false, 1, "a (2).txt a.txt f/ f/a.txt f/old.txt", "drive");
+    row("file replaces", false, 2, "a.txt f/ f/a.txt f/old.txt", "local");
+    row("file is skipped", false, 3, "a.txt f/ f/a.txt f/old.txt", "drive");
+    row("folder beside", true, 1, "a.txt f/ f/a.txt f/old.txt f (2)/ f (2)/a.txt f (2)/sub/ f (2)/sub/b.txt",
+        "drive");
+    row("folder merges", true, 2, "a.txt f/ f/a.txt f/old.txt f/sub/ f/sub/b.txt", "local");
+    row("folder merges what is missing", true, 3, "a.txt f/ f/a.txt f/old.txt f/sub/ f/sub/b.txt", "drive");
 }
 
 void TestTransfer::uploads()
@@ -76,20 +72,17 @@ void TestTransfer::uploads()
         result = fixture.client.call<VelaIpcResult>("folderUpload", request);
     } else {
         BatchUploadFilesToCloudArg request;
-        request.filePaths = {fixture.local("l/a.txt").toStdString(), "/nowhere"};
+        request.filePaths = {fixture.local("l/a.txt").toStdString(), "/nowhere", "/proc/self/status"};
         request.conflictPolicy = policy;
         result = fixture.client.call<VelaIpcResult>("batchUploadFileListToAnyExistedPath", request);
         QCOMPARE(result.resultMap.at("/nowhere"), std::string("notFound"));
+        QCOMPARE(result.resultMap.at("/proc/self/status"), std::string("denied"));
     }
     QCOMPARE(result.state, 0);
     QCOMPARE(result.resultList.size(), size_t(1));
     QVERIFY(fixture.waitFor(result.resultList[0], TransferState::Done));
     QFETCH(QString, tree);
-    QStringList expected = tree.split(QLatin1Char(' '));
-    QStringList found = DriveFixture::tree(fixture.root()).split(QLatin1Char(' '));
-    expected.sort();
-    found.sort();
-    QCOMPARE(found, expected);
+    QCOMPARE(DriveFixture::sorted(DriveFixture::tree(fixture.root())), DriveFixture::sorted(tree));
     QTEST(QString::fromUtf8(DriveFixture::read(fixture.inDrive(folder ? "f/a.txt" : "a.txt"))), "content");
 }
 
@@ -101,22 +94,19 @@ void TestTransfer::downloads_data()
     QTest::addColumn<QString>("tree");
     QTest::addColumn<QString>("content"); // of what was there
     const int exists = int(wire::ServiceError::Exists);
-    QTest::newRow("file, refused") << "a.txt" << 0 << exists << "a.txt f/ f/a.txt"
-                                   << "mine";
-    QTest::newRow("file beside") << "a.txt" << 1 << 0 << "a (2).txt a.txt f/ f/a.txt"
-                                 << "mine";
-    QTest::newRow("file replaces") << "a.txt" << 2 << 0 << "a.txt f/ f/a.txt"
-                                   << "drive";
-    QTest::newRow("file is skipped") << "a.txt" << 3 << 0 << "a.txt f/ f/a.txt"
-                                     << "mine";
-    QTest::newRow("new file") << "b.txt" << 0 << 0 << "a.txt b.txt f/ f/a.txt"
-                              << "mine";
-    QTest::newRow("folder, refused") << "f" << 0 << exists << "a.txt f/ f/a.txt"
-                                     << "mine";
-    QTest::newRow("folder beside") << "f" << 1 << 0 << "a.txt f/ f/a.txt f (2)/ f (2)/a.txt f (2)/e/"
-                                   << "mine";
-    QTest::newRow("folder merges") << "f" << 2 << 0 << "a.txt f/ f/a.txt f/e/"
-                                   << "drive";
+    const auto row = [](const char *name, const char *item, int policy, int state, const char *tree,
+                         const char *content) {
+        QTest::newRow(name) << QString::fromLatin1(item) << policy << state << QString::fromLatin1(tree)
+                            << QString::fromLatin1(content);
+    };
+    row("file, refused", "a.txt", 0, exists, "a.txt f/ f/a.txt", "mine");
+    row("file beside", "a.txt", 1, 0, "a (2).txt a.txt f/ f/a.txt", "mine");
+    row("file replaces", "a.txt", 2, 0, "a.txt f/ f/a.txt", "drive");
+    row("file is skipped", "a.txt", 3, 0, "a.txt f/ f/a.txt", "mine");
+    row("new file", "b.txt", 0, 0, "a.txt b.txt f/ f/a.txt", "mine");
+    row("folder, refused", "f", 0, exists, "a.txt f/ f/a.txt", "mine");
+    row("folder beside", "f", 1, 0, "a.txt f/ f/a.txt f (2)/ f (2)/a.txt f (2)/e/", "mine");
+    row("folder merges", "f", 2, 0, "a.txt f/ f/a.txt f/e/", "drive");
 }
 
 void TestTransfer::downloads()
@@ -138,11 +128,7 @@ void TestTransfer::downloads()
     if (result.state == 0)
         QVERIFY(fixture.waitFor(result.taskId, TransferState::Done));
     QFETCH(QString, tree);
-    QStringList expected = tree.split(QLatin1Char(' '));
-    QStringList found = DriveFixture::tree(fixture.local("l")).split(QLatin1Char(' '));
-    expected.sort();
-    found.sort();
-    QCOMPARE(found, expected);
+    QCOMPARE(DriveFixture::sorted(DriveFixture::tree(fixture.local("l"))), DriveFixture::sorted(tree));
     QTEST(QString::fromUtf8(
               DriveFixture::read(fixture.local(item == QLatin1String("f") ? "l/f/a.txt" : "l/a.txt"))),
         "content");

@@ -16,8 +16,6 @@ private Q_SLOTS:
     void refusedAtOnce();
     void twoAtOnceUrgentFirst();
     void progressIsNotAFlood();
-    void waitsUntilDone_data();
-    void waitsUntilDone();
     void transferList();
     void olderTasksAreForgotten();
     void originIsTold();
@@ -25,7 +23,6 @@ private Q_SLOTS:
     void manyAtOnce();
     void refusedPaths_data();
     void refusedPaths();
-    void tooManyPaths();
 };
 
 void TestTransferList::refusedAtOnce_data()
@@ -33,16 +30,15 @@ void TestTransferList::refusedAtOnce_data()
     QTest::addColumn<QString>("path");
     QTest::addColumn<QString>("name");
     QTest::addColumn<int>("error");
-    QTest::newRow("taken") << "a.txt"
-                           << "" << int(wire::ServiceError::Exists);
-    QTest::newRow("not there") << "none.txt"
-                               << "" << int(wire::ServiceError::NotFound);
-    QTest::newRow("a folder as a file") << "."
-                                        << "n" << int(wire::ServiceError::NotFound);
-    QTest::newRow("out of the folder") << "a.txt"
-                                       << "../a.txt" << int(wire::ServiceError::InvalidArgument);
-    QTest::newRow("the drive's own name") << "a.txt"
-                                          << ".zel-trash" << int(wire::ServiceError::InvalidArgument);
+    using Error = wire::ServiceError;
+    const auto row = [](const char *label, const char *path, const char *name, Error error) {
+        QTest::newRow(label) << QString::fromLatin1(path) << QString::fromLatin1(name) << int(error);
+    };
+    row("taken", "a.txt", "", Error::Exists);
+    row("not there", "none.txt", "", Error::NotFound);
+    row("a folder as a file", ".", "n", Error::NotFound);
+    row("out of the folder", "a.txt", "../a.txt", Error::InvalidArgument);
+    row("the drive's own name", "a.txt", ".zel-trash", Error::InvalidArgument);
 }
 
 void TestTransferList::refusedAtOnce()
@@ -113,36 +109,6 @@ void TestTransferList::progressIsNotAFlood()
     QVERIFY(info.uploadSpeed > 0);
     fixture.runner->cancel(QString::fromStdString(id));
     QVERIFY(fixture.waitFor(id, TransferState::Cancelled));
-}
-
-void TestTransferList::waitsUntilDone_data()
-{
-    QTest::addColumn<bool>("cancelled");
-    QTest::newRow("done") << false;
-    QTest::newRow("cancelled") << true;
-}
-
-void TestTransferList::waitsUntilDone()
-{
-    QFETCH(bool, cancelled);
-    TransferFixture fixture;
-    const QString path = fixture.local("a.txt");
-    DriveFixture::write(path, "content");
-    if (cancelled)
-        fixture.makeLarge(path);
-    UploadFileArg request;
-    request.filePath = path.toStdString();
-    request.waitUntilDone = true;
-    const int32_t call = fixture.client.send("uploadFile", request);
-    if (cancelled) {
-        QTRY_COMPARE(fixture.runner->running().size(), 1);
-        const QString id = fixture.runner->running().at(0);
-        QVERIFY(fixture.waitForProgress(id.toStdString()));
-        fixture.runner->cancel(id);
-    }
-    const auto result = fixture.client.answer<UploadFileResult>(call);
-    QCOMPARE(result.state, cancelled ? int(wire::ServiceError::Cancelled) : 0);
-    QCOMPARE(result.item.name, std::string(cancelled ? "" : "a.txt"));
 }
 
 void TestTransferList::transferList()
@@ -246,6 +212,10 @@ void TestTransferList::manyAtOnce()
     for (const auto &task : tasks)
         update.taskIds.push_back(task.info.taskId);
     update.taskIds.push_back("nobody's");
+    UploadItemsArg tooMany;
+    tooMany.localPaths.assign(size_t(service::MostPaths) + 1, "/nowhere");
+    QCOMPARE(fixture.client.call<UploadItemsResult>("uploadItems", tooMany).state,
+        int(wire::ServiceError::TooLarge));
     for (const int operation : {7, 3, 5}) { // priority, cancel, take off
         update.operation = operation;
         const auto result = fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", update);
@@ -262,20 +232,17 @@ void TestTransferList::refusedPaths_data()
     QTest::addColumn<bool>("up");
     QTest::addColumn<QString>("path"); // of an upload the source, of a download the target
     QTest::addColumn<QString>("error");
-    QTest::newRow("up into itself") << true << "Drive/d"
-                                    << "denied";
-    QTest::newRow("up into a folder below, by a link") << true << "link"
-                                                       << "denied";
-    QTest::newRow("up, null") << true << QStringLiteral("a.txt") + QChar(QChar::Null) << "invalidArgument";
-    QTest::newRow("up beside") << true << "other"
-                               << "";
-    QTest::newRow("down into itself") << false << "Drive/d"
-                                      << "denied";
-    QTest::newRow("down into a new folder below") << false << "link/d/new/one"
-                                                  << "denied";
-    QTest::newRow("down, null") << false << QStringLiteral("l") + QChar(QChar::Null) << "invalidArgument";
-    QTest::newRow("down beside") << false << "Drive/dd"
-                                 << "";
+    const auto row = [](const char *name, bool up, const QString &path, const char *error) {
+        QTest::newRow(name) << up << path << QString::fromLatin1(error);
+    };
+    row("up into itself", true, QStringLiteral("Drive/d"), "denied");
+    row("up into a folder below, by a link", true, QStringLiteral("link"), "denied");
+    row("up, null", true, QStringLiteral("a.txt") + QChar(QChar::Null), "invalidArgument");
+    row("up beside", true, QStringLiteral("other"), "");
+    row("down into itself", false, QStringLiteral("Drive/d"), "denied");
+    row("down into a new folder below", false, QStringLiteral("link/d/new/one"), "denied");
+    row("down, null", false, QStringLiteral("l") + QChar(QChar::Null), "invalidArgument");
+    row("down beside", false, QStringLiteral("Drive/dd"), "");
 }
 
 void TestTransferList::refusedPaths()
@@ -303,17 +270,6 @@ void TestTransferList::refusedPaths()
         found = result.failedItems.empty() ? std::string() : result.failedItems.begin()->second.errResult;
     }
     QCOMPARE(QString::fromStdString(found), error);
-}
-
-void TestTransferList::tooManyPaths()
-{
-    TransferFixture fixture;
-    UploadItemsArg request;
-    request.localPaths.assign(size_t(service::MostPaths) + 1, "/nowhere");
-    QCOMPARE(fixture.client.call<UploadItemsResult>("uploadItems", request).state,
-        int(wire::ServiceError::TooLarge));
-    request.localPaths.pop_back();
-    QCOMPARE(fixture.client.call<UploadItemsResult>("uploadItems", request).state, 0);
 }
 
 QTEST_GUILESS_MAIN(TestTransferList)

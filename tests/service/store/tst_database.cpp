@@ -35,7 +35,6 @@ class TestDatabase : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void init();
-    void keepsWhatWasWritten();
     void privateFiles();
     void settings();
     void unusableFile_data();
@@ -85,26 +84,6 @@ void TestDatabase::fill() const
     QCOMPARE(store.tables.write(QLatin1String(user), values), ServiceError::None);
 }
 
-void TestDatabase::keepsWhatWasWritten()
-{
-    QString device;
-    {
-        Store store(m_file);
-        QCOMPARE(store.tables.deviceId(device), ServiceError::None);
-        QCOMPARE(device.size(), 36);
-        QCOMPARE(store.tables.write(QLatin1String(user), {{QStringLiteral("key"), QStringLiteral("value")}}),
-            ServiceError::None);
-    }
-    Store store(m_file);
-    QString again;
-    QString value;
-    QCOMPARE(store.tables.deviceId(again), ServiceError::None);
-    QCOMPARE(again, device);
-    QCOMPARE(store.tables.read(QLatin1String(user), QStringLiteral("key"), value), ServiceError::None);
-    QCOMPARE(value, QStringLiteral("value"));
-    QVERIFY(keptAside().isEmpty());
-}
-
 void TestDatabase::privateFiles()
 {
     write({});
@@ -120,16 +99,21 @@ void TestDatabase::privateFiles()
 
 void TestDatabase::settings()
 {
-    Store store(m_file);
     const QString me = QLatin1String(user);
-    QCOMPARE(store.tables.write(me,
-                 {{QStringLiteral("guide/a"), QStringLiteral("1")},
-                     {QStringLiteral("guide/%"), QStringLiteral("2")},
-                     {QStringLiteral("guidf"), QStringLiteral("3")}}),
-        ServiceError::None);
-    QCOMPARE(store.tables.write(me, {{QStringLiteral("guide/a"), QStringLiteral("4")}}), ServiceError::None);
-    QCOMPARE(store.tables.write(QStringLiteral("other"), {{QStringLiteral("guide/b"), QStringLiteral("5")}}),
-        ServiceError::None);
+    {
+        Store store(m_file);
+        QCOMPARE(store.tables.write(me,
+                     {{QStringLiteral("guide/a"), QStringLiteral("1")},
+                         {QStringLiteral("guide/%"), QStringLiteral("2")},
+                         {QStringLiteral("guidf"), QStringLiteral("3")}}),
+            ServiceError::None);
+        QCOMPARE(
+            store.tables.write(me, {{QStringLiteral("guide/a"), QStringLiteral("4")}}), ServiceError::None);
+        const QString other = QStringLiteral("other");
+        QCOMPARE(store.tables.write(other, {{QStringLiteral("guide/b"), QStringLiteral("5")}}),
+            ServiceError::None);
+    }
+    Store store(m_file);
     QMap<QString, QString> values;
     QCOMPARE(store.tables.readAll(me, QStringLiteral("guide/"), values), ServiceError::None);
     QCOMPARE(values,

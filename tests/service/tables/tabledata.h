@@ -13,7 +13,7 @@ struct TableData
     zel::sqlite::Database database;
     zel::service::MessageTable messages{database};
     zel::service::RadarTable radar{database};
-    zel::service::TablesState state;
+    zel::sqlite::SchemaState state;
 
     TableData()
     {

@@ -1,0 +1,186 @@
+#include "service/methods/drivecontext.h"
+#include "service/methods/driveevents.h"
+#include "service/methods/drivelookup.h"
+#include "service/methods/localtrash.h"
+#include "service/methods/recyclepushes.h"
+
+#include <memory>
+
+namespace zel::service {
+namespace {
+
+using namespace vela;
+using wire::ServiceError;
+
+// A file of this machine that is no cloud item is named by its path alone.
+std::string localPathOf(const RemoveArg &request)
+{
+    const auto path = request.extraParam.find("path");
+    return request.item.id.empty() && path != request.extraParam.end() ? path->second : std::string();
+}
+
+DriveResult<RemoveResult> removeOne(const DriveJob &job, const RemoveArg &request)
+{
+    const auto id = namedItemId(job.drive, request.item);
+    const auto away = id ? job.drive.trash(*id) : DriveResult<DriveTrashItem>(id.error());
+    if (!away)
+        return away.error();
+    RemoveResult result;
+    result.recycleId = away->id.toStdString();
+    if (!request.permanent)
+        return result;
+    const auto purged = job.drive.purge(away->id);
+    if (!purged)
+        return purged.error();
+    result.recycleId.clear();
+    return result;
+}
+
+template <class Work>
+void removeFromDrive(
+    const DriveContext &context, const RemoveArg &request, Answer<RemoveResult> answer, Work work)
+{
+    runOn<RemoveArg, RemoveResult>(context.quick, context, request, std::move(answer), work,
+        [&context](const RemoveArg &, const RemoveResult &result) {
+            if (!result.recycleId.empty())
+                tellRecycled(context, {text(result.recycleId)});
+            context.events.check();
+        });
+}
+
+void answerLocal(const trash::Result &removed, Answer<RemoveResult> &answer)
+{
+    if (removed.outcome != trash::Outcome::Done) {
+        answer.fail(serviceError(removed.outcome), removed.logText);
+        return;
+    }
+    RemoveResult result;
+    result.recycleId = removed.trashId.toStdString();
+    answer.send(result);
+}
+
+void removeLocal(const DriveContext &context, const RemoveArg &request, Answer<RemoveResult> answer)
+{
+    const auto shared = std::make_shared<Answer<RemoveResult>>(std::move(answer));
+    context.localTrash.put(text(localPathOf(request)),
+        [&context, request, shared](const LocalPlace &place, const trash::Result &removed) {
+            if (place.error != ServiceError::None)
+                return shared->fail(place.error, place.reason);
+            if (place.inDrive.isEmpty())
+                return answerLocal(removed, *shared);
+            const auto byPath = [path = place.inDrive](const DriveJob &job, RemoveArg found) {
+                const auto item = job.drive.resolve(path);
+                if (!item)
+                    return DriveResult<RemoveResult>(item.error());
+                found.item = cloudItemId(*item);
+                return removeOne(job, found);
+            };
+            removeFromDrive(context, request, std::move(*shared), byPath);
+        });
+}
+
+void remove(const DriveContext &context, const RemoveArg &request, Answer<RemoveResult> answer)
+{
+    if (localPathOf(request).empty())
+        removeFromDrive(context, request, std::move(answer), removeOne);
+    else if (request.permanent)
+        answer.fail(ServiceError::Denied, QStringLiteral("A file of this machine goes into the trash only."));
+    else
+        removeLocal(context, request, std::move(answer));
+}
+
+CloudItem localItem(const QString &path)
+{
+    CloudItem item;
+    item.name = path.section(QLatin1Char('/'), -1).toStdString();
+    item.extraParam["path"] = path.toStdString();
+    return item;
+}
+
+// What the desktop's trash gave back, for the answer to a request that may name items of the drive as well.
+RecoverRecyclesResult localPart(const QStringList &ids, const QVector<trash::Result> &restored)
+{
+    RecoverRecyclesResult result;
+    for (int i = 0; i < ids.size(); ++i) {
+        const trash::Result &one = restored.at(i);
+        const std::string id = ids.at(i).toStdString();
+        if (one.outcome == trash::Outcome::Done) {
+            result.items.push_back(localItem(one.path));
+            result.recoveredIds.push_back(id);
+        } else {
+            result.failedItems[id] = wire::errorInfo(serviceError(one.outcome), one.logText);
+        }
+    }
+    return result;
+}
+
+RecoverRecyclesResult recoverFromDrive(const DriveJob &job, const RecoverRecyclesArg &request)
+{
+    RecoverRecyclesResult result;
+    for (const std::string &id : request.recycleIds)
+        recoverOne(job.drive, job.identity, id, result);
+    return result;
+}
+
+// The drive's part first; `local` is added to the answer when it is complete.
+void recoverWith(const DriveContext &context, const RecoverRecyclesArg &request,
+    const RecoverRecyclesResult &local, Answer<RecoverRecyclesResult> answer)
+{
+    if (request.recycleIds.empty()) {
+        answer.send(local);
+        return;
+    }
+    runOn<RecoverRecyclesArg, RecoverRecyclesResult>(
+        context.quick, context, request, std::move(answer),
+        [](const DriveJob &job, const RecoverRecyclesArg &asked) -> DriveResult<RecoverRecyclesResult> {
+            return recoverFromDrive(job, asked);
+        },
+        [&context](const RecoverRecyclesArg &, const RecoverRecyclesResult &result) {
+            QStringList ofDrive;
+            for (const std::string &id : result.recoveredIds)
+                if (!LocalTrash::isTrashId(id))
+                    ofDrive.append(text(id));
+            tellGone(context, RecycleAction::Recovered, ofDrive);
+            context.events.check();
+        },
+        [local](RecoverRecyclesResult &result) {
+            result.items.insert(result.items.end(), local.items.begin(), local.items.end());
+            result.recoveredIds.insert(
+                result.recoveredIds.end(), local.recoveredIds.begin(), local.recoveredIds.end());
+            result.failedItems.insert(local.failedItems.begin(), local.failedItems.end());
+        });
+}
+
+void recover(const DriveContext &context, RecoverRecyclesArg request, Answer<RecoverRecyclesResult> answer)
+{
+    QStringList local;
+    for (const std::string &id : request.recycleIds)
+        if (LocalTrash::isTrashId(id))
+            local.append(text(id));
+    std::erase_if(request.recycleIds, LocalTrash::isTrashId);
+    if (local.isEmpty()) {
+        recoverWith(context, request, {}, std::move(answer));
+        return;
+    }
+    const auto shared = std::make_shared<Answer<RecoverRecyclesResult>>(std::move(answer));
+    context.localTrash.restore(
+        local, [&context, request, local, shared](const QVector<trash::Result> &restored) {
+            recoverWith(context, request, localPart(local, restored), std::move(*shared));
+        });
+}
+
+} // namespace
+
+void addRemoval(MethodTable &methods, const DriveContext &context)
+{
+    methods.serve<RemoveArg, RemoveResult>(
+        "remove", [&context](const RemoveArg &request, Answer<RemoveResult> answer) {
+            remove(context, request, std::move(answer));
+        });
+    methods.serve<RecoverRecyclesArg, RecoverRecyclesResult>("recoverRecycles",
+        [&context](const RecoverRecyclesArg &request, Answer<RecoverRecyclesResult> answer) {
+            recover(context, request, std::move(answer));
+        });
+}
+
+} // namespace zel::service
