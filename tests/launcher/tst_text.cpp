@@ -58,184 +58,156 @@ class TestText : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void conversion_data();
-    void conversion();
-    void loneSurrogates();
-    void commandLine_data();
-    void commandLine();
-    void options_data();
-    void options();
-    void frameInPieces();
-    void brokenFrames_data();
-    void brokenFrames();
-    void frameLimit();
-};
-
-void TestText::conversion_data()
-{
-    QTest::addColumn<std::string>("bytes");
-    QTest::addColumn<std::u32string>("text");
-    const auto row = [](const char *name, std::string bytes, std::u32string text) {
-        QTest::newRow(name) << bytes << text;
-    };
-    row("empty", "", U"");
-    row("every length", "a\xC3\xA9\xE6\x96\x87\xF0\x9F\x93\x84", U"a\u00E9\u6587\U0001F4C4");
-    row("ends of the ranges",
-        "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80"
-        "\xF4\x8F\xBF\xBF",
-        U"\u007F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF");
-    row("lone continuation", "a\x80z", U"a\uFFFDz");
-    row("overlong slash", "\xC0\xAF", U"\uFFFD\uFFFD");
-    row("overlong three bytes", "\xE0\x80\xAF", U"\uFFFD\uFFFD\uFFFD");
-    row("surrogate", "\xED\xA0\x80", U"\uFFFD\uFFFD\uFFFD");
-    row("past the last plane", "\xF4\x90\x80\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD");
-    row("cut off", "\xF0\x9F\x93", U"\uFFFD");
-    row("cut off before a letter", "\xE6\x96z", U"\uFFFDz");
-    row("cut off before a lead", "\xE6\x96\xC3\xA9", U"\uFFFD\u00E9");
-    row("Latin-1 name", "caf\xE9", U"caf\uFFFD");
-}
-
-void TestText::conversion()
-{
-    QFETCH(std::string, bytes);
-    QFETCH(std::u32string, text);
-    QVERIFY(decodeUtf8(bytes) == text);
-    QCOMPARE(decodeUtf8(encodeUtf8(text)), text);
-    const std::u16string units = toUtf16(text);
-    QVERIFY(fromUtf16(units) == text);
-    // Qt's own converters as the second opinion.
-    QVERIFY(QString::fromUcs4(text.data(), int(text.size())) == QString::fromStdU16String(units));
-    QVERIFY(QString::fromStdWString(toWide(text)) == QString::fromStdU16String(units));
-    QCOMPARE(encodeUtf8(text), QString::fromStdU16String(units).toUtf8().toStdString());
-}
-
-void TestText::loneSurrogates()
-{
-    const std::u16string units = {u'a', 0xD83D, u'b', 0xDCC4, 0xDCC4, 0xD83D};
-    QVERIFY(fromUtf16(units) == U"a\uFFFDb\uFFFD\uFFFD\uFFFD");
-    QVERIFY(toUtf16(std::u32string{0xD800, 0x110000}) == u"\uFFFD\uFFFD");
-}
-
-void TestText::commandLine_data()
-{
-    QTest::addColumn<Words>("arguments");
-    QTest::addColumn<std::string>("text");
-    QTest::addColumn<Words>("read");
-    const auto row = [](const char *name, const Words &arguments, const char *text) {
-        QTest::newRow(name) << arguments << std::string(text) << arguments;
-    };
-    row("one", {"/from=tray"}, "/from=tray");
-    row("several", {"/radarid=3", "/action=notifybackup", "rest"}, "/radarid=3 /action=notifybackup rest");
-    row("blank in a value", {"/param=/home/me/my file"}, "\"/param=/home/me/my file\"");
-    row("blanks at the ends", {" a", "b ", " "}, "\" a\" \"b \" \" \"");
-    row("empty argument", {"", "x", ""}, "\"\" x \"\"");
-    row("tab and line break stay", {"a\tb", "c\nd"}, "a\tb c\nd");
-    row("separator of messages", {"/id=a?=b"}, "/id=a?=b");
-    QTest::newRow("none") << Words() << std::string() << Words{""};
-    QTest::newRow("quotes are lost") << Words{"say \"hi\" now", "\"a\"", "\""}
-                                     << std::string("\"say hi now\" a \"\"") << Words{"say hi now", "a", ""};
-}
-
-void TestText::commandLine()
-{
-    QFETCH(Words, arguments);
-    QFETCH(std::string, text);
-    QFETCH(Words, read);
-    const CommandLine line = joinArguments({arguments.begin(), arguments.end()});
-    QCOMPARE(line.text, text);
-    QVERIFY(readAsBox(line.text) == read);
-    QCOMPARE(line.quotesDropped, !arguments.empty() && arguments != read);
-}
-
-void TestText::options_data()
-{
-    QTest::addColumn<QStringList>("given");
-    QTest::addColumn<Options::Mode>("mode");
-    QTest::addColumn<QStringList>("left");
-    using Mode = Options::Mode;
-    QTest::newRow("none") << words({"/tab=1", "x"}) << Mode::Run << words({"/tab=1", "x"});
-    QTest::newRow("help") << words({"--help"}) << Mode::Help << QStringList();
-    QTest::newRow("version behind an argument") << words({"x", "--version"}) << Mode::Version << words({"x"});
-    QTest::newRow("self-test with Qt's options") << words({"--self-test", "-platform", "offscreen"})
-                                                 << Mode::SelfTest << words({"-platform", "offscreen"});
-    QTest::newRow("unknown") << words({"--xyz", "--help"}) << Mode::Unknown << QStringList();
-    QTest::newRow("end of options") << words({"a", "--", "--help", "--"}) << Mode::Run
-                                    << words({"a", "--help", "--"});
-    QTest::newRow("one dash") << words({"-", "-h"}) << Mode::Run << words({"-", "-h"});
-}
-
-void TestText::options()
-{
-    QFETCH(QStringList, given);
-    QFETCH(QStringList, left);
-    std::vector<QByteArray> bytes = {"zelbox"};
-    for (const QString &argument : given)
-        bytes.push_back(argument.toLocal8Bit());
-    std::vector<char *> argv;
-    for (QByteArray &argument : bytes)
-        argv.push_back(argument.data());
-    const Options options = parseOptions(int(argv.size()), argv.data());
-    QTEST(options.mode, "mode");
-    QStringList arguments;
-    for (const char *argument : options.arguments)
-        arguments << QString::fromLocal8Bit(argument);
-    QCOMPARE(arguments.takeFirst(), QStringLiteral("zelbox"));
-    QCOMPARE(arguments, left);
-    if (options.mode == Options::Mode::Unknown)
-        QCOMPARE(options.unknown, std::string("--xyz"));
-}
-
-void TestText::frameInPieces()
-{
-    const Message message{u"_TRANSMISSION_", u"zelbox_active_window?=/id=\u6587\xD83D\xDCC4"};
-    const std::string frame = encodeFrame(message).value();
-    for (std::size_t piece = 1; piece <= frame.size(); ++piece) {
-        FrameReader reader;
-        auto state = FrameReader::State::Incomplete;
-        for (std::size_t at = 0; at < frame.size(); at += piece) {
-            QCOMPARE(state, FrameReader::State::Incomplete);
-            state = reader.feed(std::string_view(frame).substr(at, piece));
-        }
-        QCOMPARE(state, FrameReader::State::Complete);
-        QVERIFY(reader.message() == message);
+    void conversion_data()
+    {
+        QTest::addColumn<std::string>("bytes");
+        QTest::addColumn<std::u32string>("text");
+        const auto row = [](const char *name, std::string bytes, std::u32string text) {
+            QTest::newRow(name) << bytes << text;
+        };
+        row("every length", "a\xC3\xA9\xE6\x96\x87\xF0\x9F\x93\x84", U"a\u00E9\u6587\U0001F4C4");
+        row("ends of the ranges",
+            "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80"
+            "\xF4\x8F\xBF\xBF",
+            U"\u007F\u0080\u07FF\u0800\uD7FF\uE000\uFFFF\U00010000\U0010FFFF");
+        row("overlong slash", "\xC0\xAF", U"\uFFFD\uFFFD");
+        row("overlong three bytes", "\xE0\x80\xAF", U"\uFFFD\uFFFD\uFFFD");
+        row("surrogate", "\xED\xA0\x80", U"\uFFFD\uFFFD\uFFFD");
+        row("past the last plane", "\xF4\x90\x80\x80", U"\uFFFD\uFFFD\uFFFD\uFFFD");
+        row("cut off before a letter", "\xE6\x96z", U"\uFFFDz");
+        row("cut off before a lead", "\xE6\x96\xC3\xA9", U"\uFFFD\u00E9");
     }
-    FrameReader empty;
-    QCOMPARE(empty.feed(encodeFrame({}).value()), FrameReader::State::Complete);
-    QVERIFY(empty.message() == Message());
-}
 
-void TestText::brokenFrames_data()
-{
-    QTest::addColumn<std::string>("bytes");
-    QTest::addColumn<FrameReader::State>("state");
-    using State = FrameReader::State;
-    const std::uint32_t most = (maxFrameBytes - sizeof(FrameHeader)) / sizeof(char16_t);
-    QTest::newRow("other language") << std::string("GET / HTTP/1.1\r\n") << State::Broken;
-    QTest::newRow("wrong first byte") << std::string("z") << State::Broken;
-    QTest::newRow("wrong mark") << frameWith("ZELX", 1, 0, 0) << State::Broken;
-    QTest::newRow("later version") << frameWith("ZELM", 2, 0, 0) << State::Broken;
-    QTest::newRow("largest") << frameWith("ZELM", 1, 0, most) << State::Incomplete;
-    QTest::newRow("too large by one") << frameWith("ZELM", 1, 1, most) << State::Broken;
-    QTest::newRow("huge claim") << frameWith("ZELM", 1, 65535, 0xFFFFFFFF) << State::Broken;
-    QTest::newRow("bytes behind the frame") << frameWith("ZELM", 1, 0, 1) + "abc" << State::Broken;
-}
+    void conversion()
+    {
+        QFETCH(std::string, bytes);
+        QFETCH(std::u32string, text);
+        QVERIFY(decodeUtf8(bytes) == text);
+        QCOMPARE(decodeUtf8(encodeUtf8(text)), text);
+        const std::u16string units = toUtf16(text);
+        QVERIFY(fromUtf16(units) == text);
+        // Qt's own converters as the second opinion.
+        QVERIFY(QString::fromUcs4(text.data(), int(text.size())) == QString::fromStdU16String(units));
+        QVERIFY(QString::fromStdWString(toWide(text)) == QString::fromStdU16String(units));
+        QCOMPARE(encodeUtf8(text), QString::fromStdU16String(units).toUtf8().toStdString());
+    }
 
-void TestText::brokenFrames()
-{
-    QFETCH(std::string, bytes);
-    FrameReader reader;
-    QTEST(reader.feed(bytes), "state");
-    if (reader.feed("") == FrameReader::State::Broken)
-        QCOMPARE(reader.feed(encodeFrame({}).value()), FrameReader::State::Broken);
-}
+    void loneSurrogates()
+    {
+        const std::u16string units = {u'a', 0xD83D, u'b', 0xDCC4, 0xDCC4, 0xD83D};
+        QVERIFY(fromUtf16(units) == U"a\uFFFDb\uFFFD\uFFFD\uFFFD");
+        QVERIFY(toUtf16(std::u32string{0xD800, 0x110000}) == u"\uFFFD\uFFFD");
+    }
 
-void TestText::frameLimit()
-{
-    const std::size_t most = (maxFrameBytes - sizeof(FrameHeader)) / sizeof(char16_t);
-    QVERIFY(encodeFrame({u"", std::u16string(most, u'x')}));
-    QVERIFY(!encodeFrame({u"", std::u16string(most + 1, u'x')}));
-    QVERIFY(!encodeFrame({std::u16string(65536, u'x'), u""}));
-}
+    void commandLine_data()
+    {
+        QTest::addColumn<Words>("arguments");
+        QTest::addColumn<std::string>("text");
+        QTest::addColumn<Words>("read");
+        const auto row = [](const char *name, const Words &arguments, const char *text) {
+            QTest::newRow(name) << arguments << std::string(text) << arguments;
+        };
+        row("several", {"/radarid=3", "/action=notifybackup", "rest"},
+            "/radarid=3 /action=notifybackup rest");
+        row("blank in a value", {"/param=/home/me/my file"}, "\"/param=/home/me/my file\"");
+        row("blanks at the ends", {" a", "b ", " "}, "\" a\" \"b \" \" \"");
+        row("empty argument", {"", "x", ""}, "\"\" x \"\"");
+        row("tab and line break stay", {"a\tb", "c\nd"}, "a\tb c\nd");
+        QTest::newRow("none") << Words() << std::string() << Words{""};
+        QTest::newRow("quotes are lost")
+            << Words{"say \"hi\" now", "\"a\"", "\""} << std::string("\"say hi now\" a \"\"")
+            << Words{"say hi now", "a", ""};
+    }
+
+    void commandLine()
+    {
+        QFETCH(Words, arguments);
+        QFETCH(std::string, text);
+        QFETCH(Words, read);
+        const CommandLine line = joinArguments({arguments.begin(), arguments.end()});
+        QCOMPARE(line.text, text);
+        QVERIFY(readAsBox(line.text) == read);
+        QCOMPARE(line.quotesDropped, !arguments.empty() && arguments != read);
+    }
+
+    void options_data()
+    {
+        QTest::addColumn<QStringList>("given");
+        QTest::addColumn<Options::Mode>("mode");
+        QTest::addColumn<QStringList>("left");
+        using Mode = Options::Mode;
+        QTest::newRow("none") << words({"/tab=1", "x"}) << Mode::Run << words({"/tab=1", "x"});
+        QTest::newRow("version behind an argument")
+            << words({"x", "--version"}) << Mode::Version << words({"x"});
+        QTest::newRow("self-test with Qt's options") << words({"--self-test", "-platform", "offscreen"})
+                                                     << Mode::SelfTest << words({"-platform", "offscreen"});
+        QTest::newRow("unknown") << words({"--xyz", "--help"}) << Mode::Unknown << QStringList();
+        QTest::newRow("end of options")
+            << words({"a", "--", "--help", "--"}) << Mode::Run << words({"a", "--help", "--"});
+    }
+
+    void options()
+    {
+        QFETCH(QStringList, given);
+        QFETCH(QStringList, left);
+        std::vector<QByteArray> bytes = {"zelbox"};
+        for (const QString &argument : given)
+            bytes.push_back(argument.toLocal8Bit());
+        std::vector<char *> argv;
+        for (QByteArray &argument : bytes)
+            argv.push_back(argument.data());
+        const Options options = parseOptions(int(argv.size()), argv.data());
+        QTEST(options.mode, "mode");
+        QStringList arguments;
+        for (const char *argument : options.arguments)
+            arguments << QString::fromLocal8Bit(argument);
+        QCOMPARE(arguments.takeFirst(), QStringLiteral("zelbox"));
+        QCOMPARE(arguments, left);
+        if (options.mode == Options::Mode::Unknown)
+            QCOMPARE(options.unknown, std::string("--xyz"));
+    }
+
+    void frameInPieces()
+    {
+        const Message message{u"_TRANSMISSION_", u"zelbox_active_window?=/id=\u6587\xD83D\xDCC4"};
+        const std::string frame = encodeFrame(message).value();
+        for (std::size_t piece = 1; piece <= frame.size(); ++piece) {
+            FrameReader reader;
+            auto state = FrameReader::State::Incomplete;
+            for (std::size_t at = 0; at < frame.size(); at += piece) {
+                QCOMPARE(state, FrameReader::State::Incomplete);
+                state = reader.feed(std::string_view(frame).substr(at, piece));
+            }
+            QCOMPARE(state, FrameReader::State::Complete);
+            QVERIFY(reader.message() == message);
+        }
+        const std::size_t most = (maxFrameBytes - sizeof(FrameHeader)) / sizeof(char16_t);
+        QVERIFY(encodeFrame({u"", std::u16string(most, u'x')}));
+        QVERIFY(!encodeFrame({u"", std::u16string(most + 1, u'x')}));
+    }
+
+    void brokenFrames_data()
+    {
+        QTest::addColumn<std::string>("bytes");
+        QTest::addColumn<FrameReader::State>("state");
+        using State = FrameReader::State;
+        const std::uint32_t most = (maxFrameBytes - sizeof(FrameHeader)) / sizeof(char16_t);
+        QTest::newRow("wrong first byte") << std::string("z") << State::Broken;
+        QTest::newRow("later version") << frameWith("ZELM", 2, 0, 0) << State::Broken;
+        QTest::newRow("largest") << frameWith("ZELM", 1, 0, most) << State::Incomplete;
+        QTest::newRow("too large by one") << frameWith("ZELM", 1, 1, most) << State::Broken;
+        QTest::newRow("bytes behind the frame") << frameWith("ZELM", 1, 0, 1) + "abc" << State::Broken;
+    }
+
+    void brokenFrames()
+    {
+        QFETCH(std::string, bytes);
+        FrameReader reader;
+        QTEST(reader.feed(bytes), "state");
+        if (reader.feed("") == FrameReader::State::Broken)
+            QCOMPARE(reader.feed(encodeFrame({}).value()), FrameReader::State::Broken);
+    }
+};
 
 QTEST_APPLESS_MAIN(TestText)
 #include "tst_text.moc"

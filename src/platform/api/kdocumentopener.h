@@ -3,6 +3,20 @@
 #include "zelplatform_export.h"
 
 #include <QObject>
+#include <QVector>
+
+/// A program that can open a document.
+struct KProgram
+{
+    QString id; ///< of its desktop entry, "org.example.Editor.desktop"
+    QString name;
+    QString iconName; ///< in the icon theme, or the path of a picture; may be empty
+    bool isDefault = false;
+
+    bool operator==(const KProgram &) const = default;
+};
+using KProgramList = QVector<KProgram>;
+Q_DECLARE_METATYPE(KProgramList)
 
 /// Opens local documents with the desktop's default program. GUI thread; nothing here blocks.
 /// Tests put a fake in its place with setInstance().
@@ -21,8 +35,15 @@ public:
     /// Checks the file on a worker thread, then asks the desktop to open it. `opened` follows exactly once.
     virtual void open(const QString &path);
     /// Shows the file selected in the file manager (org.freedesktop.FileManager1), else opens its folder.
+    /// Only when not even that is possible `opened` follows, with the reason.
     virtual void reveal(const QString &path);
+    /// Looks on a worker thread which programs the desktop recommends for the file, the default one first.
+    /// `programsFound` follows exactly once, empty when there are none.
+    virtual void findPrograms(const QString &path);
+    /// As open(), with the program of this id; NoProgram when it is not there or does not start.
+    virtual void openWith(const QString &path, const QString &programId);
 
 Q_SIGNALS:
+    void programsFound(const QString &path, const KProgramList &programs);
     void opened(const QString &path, KDocumentOpener::Outcome outcome);
 };

@@ -18,6 +18,8 @@ enum : int {
 };
 }
 
+class KCloudSvrProxy;
+
 /// One recent document. Plain value; copies share their texts.
 struct RecentFileInfo
 {
@@ -30,10 +32,14 @@ struct RecentFileInfo
     QString cloudName;     ///< name in the cloud; empty for local records
     QString mimeType;      ///< as the source says; may be empty
     qint64 lastAccess = 0; ///< ms since epoch, UTC
+    qint64 size = -1;      ///< bytes, as last seen; -1: not known
     qint64 cloudFileId = 0;
-    bool cloudBacked = false;
-    bool roaming = false;
-    int unread = -1; ///< -1: not unread
+    QString roamingId;        ///< of the cloud service's record; empty for a file that only this device knows
+    QString deviceName;       ///< where it was used last when that was not here; else empty
+    bool cloudBacked = false; ///< its content is in the cloud
+    bool roaming = false;     ///< told by the cloud service, and no file of this device is known for it
+    bool pinned = false;      ///< kept at the top of the list by the user
+    int unread = -1; ///< what another device did and the user has not seen: 0 new, 1 modified; -1: nothing
     Presence presence = Presence::Unknown;
 
     bool operator==(const RecentFileInfo &) const = default;
@@ -78,13 +84,29 @@ public:
     virtual bool isKindReady(int kind) const = 0;
     virtual void initKind(int kind) = 0;        ///< KRecentFileEvents::initFinished() follows once
     virtual RecordInfoList records() const = 0; ///< newest first; a copy
+    /// Reads the roaming records (`requestKind` 1; others are ignored) whose name contains `filter`, from the
+    /// cloud service. `sync`: which fetches them from the server first. Changes come as the other notices.
     virtual void requestRoaming(int requestKind, const QString &filter, bool sync) = 0;
     virtual void removeRecords(const QStringList &ids) = 0; ///< forgets them; files stay
+    /// Takes the last removal of these records back: they stand where they stood. Ids that were not removed
+    /// are ignored.
+    virtual void undoRemoval(const QStringList &ids) = 0;
     /// Notes that the box opened a file: the record moves to now, and the desktop's recently-used list is
     /// told.
     virtual void noteOpened(const QString &path) = 0;
-    /// Looks on the store's thread whether these records' files exist; changes come as recordsChanged().
+    /// Looks on the store's thread whether these records' files exist and how large they are; changes come as
+    /// recordsChanged().
     virtual void checkPresence(const QStringList &ids) = 0;
+    /// Looks for the sizes that are not known yet, of all records; they come in batches as recordsChanged()
+    /// or recordsArrived().
+    virtual void lookUpSizes() = 0;
+    /// Pins survive a restart, and a pinned record is not dropped for its age.
+    virtual void setPinned(const QStringList &ids, bool pinned) = 0;
+    /// The user has seen what other devices did: their marks go here and at the cloud service.
+    virtual void markRead(const QStringList &ids) = 0;
+    /// Where roaming records come from and uses of files here are told; null for nowhere. Not owned, may be
+    /// destroyed first. Without a login there is nothing to fetch and nothing is told.
+    virtual void setCloudService(KCloudSvrProxy *cloud) = 0;
 
     /// The process's store; null before InitRecentFile() and after UninitRecentFile().
     static KRecentFileProxy *instance();

@@ -2,8 +2,6 @@
 #include "kliteskin.h"
 #include "klitestyle.h"
 #include "krt/krt.h"
-#include "kthreadtiming.h"
-#include "quvlite/kasynctask.h"
 
 #include <QFile>
 #include <QIcon>
@@ -19,23 +17,10 @@ private Q_SLOTS:
     void identity()
     {
         QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("zelbox"));
-        QCOMPARE(QCoreApplication::applicationVersion(), QStringLiteral("6.0"));
-        QCOMPARE(QCoreApplication::organizationName(), krt::organization());
-        QCOMPARE(QGuiApplication::applicationDisplayName(), QStringLiteral("ZEL Box"));
         QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("zelbox"));
         QVERIFY(!QApplication::quitOnLastWindowClosed());
         QVERIFY(QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling));
         QVERIFY(qobject_cast<KLiteStyle *>(QApplication::style()));
-    }
-
-    void servicesAreMadeOnFirstUse()
-    {
-        QVERIFY(!qApp->findChild<quvlite::KAsyncScheduler *>());
-        QVERIFY(!qApp->findChild<KThreadTiming *>());
-        auto *scheduler = KCoreApplication::asyncScheduler();
-        QVERIFY(scheduler);
-        QCOMPARE(KCoreApplication::asyncScheduler(), scheduler);
-        QVERIFY(KCoreApplication::getThreadTiming()->isThreadTimingFinished());
     }
 
     void foldersOfTheBuildTree()
@@ -57,7 +42,6 @@ private Q_SLOTS:
         KLiteSkin::setOfficeInfo(info);
         KLiteSkin::setDefaultBaseSkinInfo({QString(), QString(), QString()}); // the description completes it
         QCOMPARE(KLiteSkin::defaultBaseSkinInfo().skinName, KLiteSkinInfo().skinName);
-        QCOMPARE(KLiteSkin::defaultBaseSkinInfo().resourceBundle, KLiteSkinInfo().resourceBundle);
         QVERIFY(QFile::exists(QStringLiteral(":/icons_svg/16x16/zelbox_share.svg")));
         QVERIFY(!QIcon(QStringLiteral(":/icons_svg/nav_recent.svg")).pixmap(24).isNull());
 
@@ -73,13 +57,6 @@ private Q_SLOTS:
         KLiteSkin::setDefaultBaseSkinInfo({}); // again: replaces
         krt::clear();
         QVERIFY(!QFile::exists(QStringLiteral(":/icons/zelbox.ico")));
-    }
-
-    void missingBundleIsSaid()
-    {
-        KLiteSkin::setOfficeInfo({});
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("no usable resource bundle")));
-        KLiteSkin::setDefaultBaseSkinInfo({});
     }
 };
 

@@ -2,9 +2,9 @@
 #include "privatebus.h"
 
 #include <QDBusConnection>
+#include <QDBusMessage>
 #include <QDir>
 #include <QFile>
-#include <QFileSystemWatcher>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QUrl>
@@ -21,9 +21,14 @@ class FakeFileManager : public QObject
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.FileManager1")
 public:
     QStringList shown;
+    bool silent = false;
 
 public Q_SLOTS:
-    void ShowItems(const QStringList &items, const QString &) { shown += items; }
+    void ShowItems(const QStringList &items, const QString &, const QDBusMessage &message)
+    {
+        message.setDelayedReply(silent); // which then never comes
+        shown += items;
+    }
 };
 
 class OpenerTest : public QObject
@@ -71,19 +76,9 @@ private Q_SLOTS:
         QCOMPARE(opened.constFirst().at(0).toString(), path);
         QCOMPARE(opened.constFirst().at(1).value<Outcome>(), outcome);
         if (outcome == Outcome::Opened)
-            QTRY_COMPARE(notes(), QStringList{QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())});
+            QTRY_COMPARE(notes(), QStringList{uriOf(path)});
         else
             QCOMPARE(notes(), QStringList());
-    }
-
-    void everyOpenIsAnswered()
-    {
-        makeFiles();
-        KDocumentOpener opener;
-        QSignalSpy opened(&opener, &KDocumentOpener::opened);
-        for (int n = 0; n < 20; ++n)
-            opener.open(m_files.filePath(QStringLiteral("none%1").arg(n)));
-        QTRY_COMPARE(opened.count(), 20);
     }
 
     void openerMayDieMeanwhile()
@@ -99,36 +94,65 @@ private Q_SLOTS:
         QCOMPARE(opened.count(), 0);
     }
 
+    void reveal_data()
+    {
+        QTest::addColumn<QString>("name");
+        QTest::addColumn<QString>("manager");
+        QTest::addColumn<QString>("folder"); // that is opened instead, below the test's
+        QTest::newRow("no file manager") << "a b#c.txt"
+                                         << "none"
+                                         << ".";
+        QTest::newRow("selects") << "a b#c.txt"
+                                 << "answers"
+                                 << "";
+        QTest::newRow("selects a dangling link") << "loop"
+                                                 << "answers"
+                                                 << "";
+        QTest::newRow("never answers") << "a b#c.txt"
+                                       << "silent"
+                                       << ".";
+        QTest::newRow("file is gone") << "sub/none.txt"
+                                      << "answers"
+                                      << "sub";
+        QTest::newRow("folder is gone") << "none/none.txt"
+                                        << "answers"
+                                        << "";
+    }
     void reveal()
     {
-        PrivateBus bus;
+        QFETCH(QString, name);
+        QFETCH(QString, manager);
+        QFETCH(QString, folder);
+        static PrivateBus bus;
         if (!bus.isRunning())
             QSKIP("no dbus-daemon on this machine");
-        KDocumentOpener opener;
-        const QString path = m_files.filePath(QStringLiteral("a b#c.txt"));
-        opener.reveal(path); // nobody shows items on this bus
-        QTRY_COMPARE(
-            notes(), QStringList{QString::fromLatin1(QUrl::fromLocalFile(m_files.path()).toEncoded())});
-
-        FakeFileManager manager;
+        makeFiles();
         QDBusConnection desktop = PrivateBus::desktop();
-        QVERIFY(desktop.registerObject(
-            QStringLiteral("/org/freedesktop/FileManager1"), &manager, QDBusConnection::ExportAllSlots));
-        QVERIFY(desktop.registerService(QStringLiteral("org.freedesktop.FileManager1")));
-        opener.reveal(path);
-        QTRY_COMPARE(manager.shown, QStringList{QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())});
-        QCOMPARE(notes().size(), 1);
-    }
-
-    void replacement()
-    {
-        KDocumentOpener *real = KDocumentOpener::instance();
-        {
-            KDocumentOpener fake;
-            KDocumentOpener::setInstance(&fake);
-            QCOMPARE(KDocumentOpener::instance(), &fake);
-        }
-        QCOMPARE(KDocumentOpener::instance(), real); // a fake that died is forgotten
+        const QString service = QStringLiteral("org.freedesktop.FileManager1");
+        FakeFileManager fake;
+        fake.silent = manager == QLatin1String("silent");
+        desktop.registerObject(
+            QStringLiteral("/org/freedesktop/FileManager1"), &fake, QDBusConnection::ExportAllSlots);
+        if (manager != QLatin1String("none"))
+            QVERIFY(desktop.registerService(service));
+        KDocumentOpener opener;
+        QSignalSpy opened(&opener, &KDocumentOpener::opened);
+        opener.reveal(m_files.filePath(name));
+        const QStringList uri{uriOf(m_files.filePath(name))};
+        const bool isSelected = !name.contains(QLatin1String("none")) && manager != QLatin1String("none");
+        const bool isNowhere = !isSelected && folder.isEmpty();
+        if (!folder.isEmpty())
+            QTRY_COMPARE(notes(), QStringList{uriOf(QDir::cleanPath(m_files.filePath(folder)))});
+        else if (isNowhere)
+            QTRY_COMPARE(opened.count(), 1);
+        else
+            QTRY_COMPARE(fake.shown, uri);
+        desktop.unregisterService(service);
+        QCOMPARE(fake.shown, isSelected ? uri : QStringList());
+        QCOMPARE(opened.count(), isNowhere ? 1 : 0);
+        if (isNowhere)
+            QCOMPARE(opened.constFirst().at(1).value<Outcome>(), Outcome::Missing);
+        QCOMPARE(notes().size(), folder.isEmpty() ? 0 : 1);
     }
 
 private:
@@ -140,9 +164,15 @@ private:
             return {};
         return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
+    static QString uriOf(const QString &path)
+    {
+        return QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded());
+    }
     void makeFiles() const
     {
-        for (const QString &name : {QStringLiteral("Größe & mehr 100%.txt"), QStringLiteral("secret.txt")}) {
+        QDir(m_files.path()).mkdir(QStringLiteral("sub"));
+        for (const QString &name : {QStringLiteral("Größe & mehr 100%.txt"), QStringLiteral("secret.txt"),
+                 QStringLiteral("a b#c.txt")}) {
             QFile file(m_files.filePath(name));
             if (!file.exists())
                 QVERIFY(file.open(QIODevice::WriteOnly) && file.write("x") == 1);

@@ -6,7 +6,6 @@
 #include <QAbstractEventDispatcher>
 #include <QHBoxLayout>
 #include <QLineEdit>
-#include <QMenu>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
@@ -61,9 +60,7 @@ private Q_SLOTS:
         QTest::addColumn<int>("value");
         const int huge = std::numeric_limits<int>::max();
         QTest::newRow("top") << Qt::Vertical << Qt::LeftToRight << 1000 << 100 << 0;
-        QTest::newRow("middle") << Qt::Vertical << Qt::LeftToRight << 1000 << 100 << 500;
         QTest::newRow("bottom") << Qt::Vertical << Qt::LeftToRight << 1000 << 100 << 1000;
-        QTest::newRow("across") << Qt::Horizontal << Qt::LeftToRight << 1000 << 100 << 250;
         QTest::newRow("across, right to left") << Qt::Horizontal << Qt::RightToLeft << 1000 << 100 << 250;
         QTest::newRow("nothing to scroll") << Qt::Vertical << Qt::LeftToRight << 0 << 100 << 0;
         QTest::newRow("huge range") << Qt::Vertical << Qt::LeftToRight << huge << 1 << huge;
@@ -104,22 +101,6 @@ private Q_SLOTS:
             QCOMPARE(length(after), 0);
     }
 
-    void scrollBarHandleIsDragged()
-    {
-        OpenScrollBar bar(Qt::Vertical);
-        bar.setRange(0, 1000);
-        bar.setPageStep(100);
-        bar.resize(8, 300);
-        bar.show();
-        const QPoint grip = bar.part(QStyle::SC_ScrollBarSlider).center();
-        const QPoint below = grip + QPoint(0, 400);
-        QTest::mousePress(&bar, Qt::LeftButton, {}, grip);
-        QMouseEvent move(QEvent::MouseMove, below, Qt::NoButton, Qt::LeftButton, {});
-        QApplication::sendEvent(&bar, &move);
-        QTest::mouseRelease(&bar, Qt::LeftButton, {}, below);
-        QCOMPARE(bar.value(), 1000);
-    }
-
     // The ring shows where the keyboard is, and does not trouble those who use the mouse.
     void focusRing()
     {
@@ -156,22 +137,6 @@ private Q_SLOTS:
         KSkin::setTheme(KSkin::Theme::Light);
         primary.setEnabled(false);
         QVERIFY(!shows(primary, KSkin::color(Color::Accent)));
-    }
-
-    void menuIsWideEnoughForItsTexts()
-    {
-        QMenu menu;
-        menu.addAction(QStringLiteral("Open with a rather long name"))
-            ->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+O")));
-        menu.addAction(QStringLiteral("Check"))->setCheckable(true);
-        menu.addMenu(QStringLiteral("More of a long entry that opens something"));
-        const QFontMetrics metrics(menu.font());
-        const int text = metrics.horizontalAdvance(QStringLiteral("Open with a rather long name"));
-        const int shortcut = metrics.horizontalAdvance(QStringLiteral("Ctrl+Shift+O"));
-        QVERIFY(menu.sizeHint().width() > text + shortcut + KLiteStyle::dpiScaled(12 + 26 + 12 + 12));
-        const int entry =
-            metrics.horizontalAdvance(QStringLiteral("More of a long entry that opens something"));
-        QVERIFY(menu.sizeHint().width() > entry + KLiteStyle::dpiScaled(12 + 26 + 24));
     }
 
     // An endless bar moves while it can be seen, and wakes nobody once it is hidden.

@@ -53,16 +53,12 @@ private Q_SLOTS:
             QTest::addRow("%s in %s", language, folder)
                 << QString::fromLatin1(language) << QString::fromLatin1(folder) << found;
         };
-        row("de", "de", true);
-        row("de-AT", "de", true);
         row("de_AT.UTF-8", "de", true);
         row("zh-Hans-CN", "zh_CN", true);
         row("zh-Hans-CN", "zh_Hans", true);
         row("pt_BR", "pt_PT", false);
-        row("fr", "de", false);
         row("en_GB", "en", true);
         row("", "en", true); // the desktop of the tests speaks C
-        row("C", "de", false);
         row("../../etc", "de", false);
     }
     void languageFinds()
@@ -75,19 +71,6 @@ private Q_SLOTS:
         QCOMPARE(KAppTranslators::installTranslation(Name), found);
         QCOMPARE(text(), found ? QStringLiteral("Guten Tag") : QStringLiteral("Hello"));
         KAppTranslators::uninstallTranslation(Name);
-        QCOMPARE(text(), QStringLiteral("Hello"));
-    }
-
-    void secondInstallReplacesTheFirst()
-    {
-        chooseLanguage(QStringLiteral("de"));
-        putCatalogue(QStringLiteral("de"));
-        QVERIFY(KAppTranslators::installTranslation(Name));
-        const int installed = QCoreApplication::instance()->children().size();
-        QVERIFY(KAppTranslators::installTranslation(Name));
-        QCOMPARE(QCoreApplication::instance()->children().size(), installed);
-        chooseLanguage(QStringLiteral("fr"));
-        QVERIFY(!KAppTranslators::installTranslation(Name));
         QCOMPARE(text(), QStringLiteral("Hello"));
     }
 

@@ -1,13 +1,10 @@
 #include "filecheck.h"
 
-#include "base/logging.h"
+#include "detachedjob.h"
 
 #include <QFile>
-#include <QThread>
 
-#include <atomic>
 #include <cerrno>
-#include <chrono>
 #include <memory>
 #include <unistd.h>
 
@@ -25,33 +22,17 @@ FileCheck::Result look(const QByteArray &path)
 
 } // namespace
 
-FileCheck::FileCheck(const QString &path, QObject *parent) : QObject(parent), m_path(path)
-{
-    m_deadline.setSingleShot(true);
-    connect(&m_deadline, &QTimer::timeout, this, [this] {
-        qCWarning(lcPlatform, "a file system did not answer in time");
-        settle(Result::NotReadable);
-    });
-}
+FileCheck::FileCheck(const QString &path, QObject *parent) : QObject(parent), m_path(path) { }
 
 void FileCheck::start()
 {
-    const auto result = std::make_shared<std::atomic<Result>>(Result::NotReadable);
-    auto *thread = QThread::create([result, path = QFile::encodeName(m_path)] { *result = look(path); });
-    connect(thread, &QThread::finished, this, [this, result] { settle(*result); });
-    connect(thread, &QThread::finished, thread, &QObject::deleteLater);
-    m_deadline.start(Deadline);
-    thread->start();
-}
-
-void FileCheck::settle(Result result)
-{
-    if (m_settled)
-        return;
-    m_settled = true;
-    m_deadline.stop();
-    Q_EMIT done(result);
-    deleteLater();
+    const auto result = std::make_shared<Result>(Result::NotReadable);
+    auto *job = new DetachedJob([result, path = QFile::encodeName(m_path)] { *result = look(path); }, this);
+    connect(job, &DetachedJob::done, this, [this, result](bool inTime) {
+        Q_EMIT done(inTime ? *result : Result::NotReadable);
+        deleteLater();
+    });
+    job->start(Deadline);
 }
 
 } // namespace zel::platform

@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QString>
-#include <QTimer>
 
 namespace zel::platform {
 
@@ -15,7 +14,7 @@ class FileCheck : public QObject
 public:
     enum class Result { Readable, Missing, NotReadable /* or no answer in time */ };
 
-    explicit FileCheck(const QString &path, QObject *parent);
+    FileCheck(const QString &path, QObject *parent);
 
     void start();
 
@@ -23,11 +22,7 @@ Q_SIGNALS:
     void done(zel::platform::FileCheck::Result result);
 
 private:
-    void settle(Result result);
-
     const QString m_path;
-    QTimer m_deadline;
-    bool m_settled = false;
 };
 
 } // namespace zel::platform

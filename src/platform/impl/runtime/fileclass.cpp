@@ -1,5 +1,7 @@
 #include "fileclass.h"
 
+#include "kfileclass.h"
+
 #include <QHash>
 
 namespace zel::platform {
@@ -107,3 +109,8 @@ QString iconFileOfClass(QLatin1String fileClass)
 }
 
 } // namespace zel::platform
+
+QLatin1String FileClassOf(const QString &fileName)
+{
+    return zel::platform::classOfSuffix(zel::platform::suffixOf(fileName));
+}

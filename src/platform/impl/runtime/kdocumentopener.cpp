@@ -1,18 +1,31 @@
 #include "kdocumentopener.h"
 
 #include "base/logging.h"
+#include "detachedjob.h"
 #include "filecheck.h"
+#include "programs/programsmodule.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QDesktopServices>
+#include <QFile>
 #include <QFileInfo>
+#include <QMimeDatabase>
 #include <QPointer>
 #include <QUrl>
 
+#include <functional>
+#include <memory>
+#include <sys/stat.h>
+
 namespace {
+
+using zel::platform::DetachedJob;
+using Outcome = KDocumentOpener::Outcome;
+
+constexpr std::chrono::seconds Patience(15); // an automounter may need some
 
 QPointer<KDocumentOpener> &replacement()
 {
@@ -20,16 +33,21 @@ QPointer<KDocumentOpener> &replacement()
     return opener;
 }
 
-KDocumentOpener::Outcome openWithDesktop(const QString &path)
+Outcome openWithDesktop(const QString &path)
 {
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(path)) ? KDocumentOpener::Outcome::Opened
-                                                                : KDocumentOpener::Outcome::NoProgram;
+    return QDesktopServices::openUrl(QUrl::fromLocalFile(path)) ? Outcome::Opened : Outcome::NoProgram;
 }
 
-void openFolderOf(const QString &path)
+QString folderOf(const QString &path)
 {
-    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath())))
-        qCWarning(lcPlatform, "no program to show a folder");
+    return QFileInfo(path).path();
+}
+
+// Links count themselves: a dangling one can be shown all the same.
+bool isThere(const QString &path)
+{
+    struct stat status = {};
+    return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
 }
 
 QDBusMessage showItemsCall(const QString &path)
@@ -40,6 +58,87 @@ QDBusMessage showItemsCall(const QString &path)
     const QStringList items{QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded())};
     call << items << QString(); // no start-up notification id
     return call;
+}
+
+Outcome launch(const QString &programId, const QString &path)
+{
+    const zel::platform::ProgramsModule *module = zel::platform::programsModule();
+    const QString problem = module ? module->launch(programId, path) : QStringLiteral("no module for it");
+    if (problem.isEmpty())
+        return Outcome::Opened;
+    qCWarning(lcPlatform) << programId << "did not start:" << problem;
+    return Outcome::NoProgram;
+}
+
+// The type as the desktop sees it: by the name, and where that does not tell by the content.
+KProgramList programsFor(const QString &path)
+{
+    const zel::platform::ProgramsModule *module = zel::platform::programsModule();
+    return module ? module->programsFor(QMimeDatabase().mimeTypeForFile(path).name()) : KProgramList();
+}
+
+// Then `then(opener's thread, result)`; with `late` when the work did not end before the deadline.
+template <typename Result>
+void runApart(
+    KDocumentOpener *opener, std::function<Result()> work, Result late, std::function<void(Result)> then)
+{
+    const auto result = std::make_shared<Result>(late);
+    auto *job = new DetachedJob([work = std::move(work), result] { *result = work(); }, opener);
+    QObject::connect(job, &DetachedJob::done, opener, [=](bool inTime) { then(inTime ? *result : late); });
+    job->start(Patience);
+}
+
+void whenReadable(KDocumentOpener *opener, const QString &path, const std::function<void()> &then)
+{
+    using zel::platform::FileCheck;
+    auto *check = new FileCheck(path, opener);
+    QObject::connect(check, &FileCheck::done, opener, [=](FileCheck::Result result) {
+        switch (result) {
+        case FileCheck::Result::Readable:
+            then();
+            return;
+        case FileCheck::Result::Missing:
+            Q_EMIT opener->opened(path, Outcome::Missing);
+            return;
+        case FileCheck::Result::NotReadable:
+            Q_EMIT opener->opened(path, Outcome::NotReadable);
+            return;
+        }
+    });
+    check->start();
+}
+
+// Quiet when that works: the folder is what the user asked for.
+void openFolderOf(KDocumentOpener *opener, const QString &path)
+{
+    if (openWithDesktop(folderOf(path)) != Outcome::Opened)
+        Q_EMIT opener->opened(path, Outcome::NoProgram);
+}
+
+void select(KDocumentOpener *opener, const QString &path)
+{
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    if (!bus.isConnected()) {
+        openFolderOf(opener, path);
+        return;
+    }
+    constexpr std::chrono::milliseconds FileManagerPatience = std::chrono::seconds(3);
+    auto *watcher = new QDBusPendingCallWatcher(
+        bus.asyncCall(showItemsCall(path), int(FileManagerPatience.count())), opener);
+    QObject::connect(watcher, &QDBusPendingCallWatcher::finished, opener, [=] {
+        watcher->deleteLater();
+        if (watcher->isError())
+            openFolderOf(opener, path);
+    });
+}
+
+enum class Place { There, FolderOnly, Nowhere, NoAnswer };
+
+Place placeOf(const QString &path)
+{
+    if (isThere(path))
+        return Place::There;
+    return isThere(folderOf(path)) ? Place::FolderOnly : Place::Nowhere;
 }
 
 } // namespace
@@ -59,35 +158,43 @@ void KDocumentOpener::setInstance(KDocumentOpener *opener)
 
 void KDocumentOpener::open(const QString &path)
 {
-    using zel::platform::FileCheck;
-    auto *check = new FileCheck(path, this);
-    connect(check, &FileCheck::done, this, [this, path](FileCheck::Result result) {
-        switch (result) {
-        case FileCheck::Result::Readable:
-            Q_EMIT opened(path, openWithDesktop(path));
-            return;
-        case FileCheck::Result::Missing:
-            Q_EMIT opened(path, Outcome::Missing);
-            return;
-        case FileCheck::Result::NotReadable:
-            Q_EMIT opened(path, Outcome::NotReadable);
-            return;
-        }
+    whenReadable(this, path, [this, path] { Q_EMIT opened(path, openWithDesktop(path)); });
+}
+
+void KDocumentOpener::openWith(const QString &path, const QString &programId)
+{
+    whenReadable(this, path, [this, path, programId] {
+        runApart<Outcome>(
+            this, [=] { return launch(programId, path); }, Outcome::NoProgram,
+            [this, path](Outcome outcome) { Q_EMIT opened(path, outcome); });
     });
-    check->start();
+}
+
+void KDocumentOpener::findPrograms(const QString &path)
+{
+    runApart<KProgramList>(
+        this, [path] { return programsFor(path); }, {},
+        [this, path](const KProgramList &programs) { Q_EMIT programsFound(path, programs); });
 }
 
 void KDocumentOpener::reveal(const QString &path)
 {
-    const QDBusConnection bus = QDBusConnection::sessionBus();
-    if (!bus.isConnected()) {
-        openFolderOf(path);
-        return;
-    }
-    auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(showItemsCall(path)), this);
-    connect(watcher, &QDBusPendingCallWatcher::finished, this, [watcher, path] {
-        watcher->deleteLater();
-        if (watcher->isError())
-            openFolderOf(path);
-    });
+    runApart<Place>(
+        this, [path] { return placeOf(path); }, Place::NoAnswer,
+        [this, path](Place place) {
+            switch (place) {
+            case Place::There:
+                select(this, path);
+                return;
+            case Place::FolderOnly:
+                openFolderOf(this, path);
+                return;
+            case Place::Nowhere:
+                Q_EMIT opened(path, Outcome::Missing);
+                return;
+            case Place::NoAnswer:
+                Q_EMIT opened(path, Outcome::NotReadable);
+                return;
+            }
+        });
 }

@@ -1,0 +1,141 @@
+#include "kfiletrash.h"
+#include "trashqueue.h"
+
+#include <QElapsedTimer>
+#include <QFile>
+#include <QSemaphore>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using Outcome = KFileTrash::Outcome;
+using zel::platform::TrashQueue;
+using zel::trash::Result;
+
+namespace {
+
+Result ended(zel::trash::Outcome outcome)
+{
+    Result result;
+    result.outcome = outcome;
+    return result;
+}
+
+} // namespace
+
+class FileTrashTest : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase() { qRegisterMetaType<Outcome>(); }
+
+    void requestsInTheirOrder()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("letter.txt"));
+        write(path);
+        KFileTrash *trash = KFileTrash::instance();
+        QSignalSpy trashed(trash, &KFileTrash::trashed);
+        QSignalSpy restored(trash, &KFileTrash::restored);
+        trash->trash(path);
+        trash->trash(path); // by then it is gone
+        trash->trash(QStringLiteral("/"));
+        QCOMPARE(trashed.count(), 0); // never from inside the call
+        QTRY_COMPARE(trashed.count(), 3);
+        const auto outcome = [](const QList<QVariant> &arguments) {
+            return arguments.at(2).value<Outcome>();
+        };
+        QCOMPARE(outcome(trashed.at(0)), Outcome::Done);
+        QCOMPARE(outcome(trashed.at(1)), Outcome::Missing);
+        QCOMPARE(outcome(trashed.at(2)), Outcome::Denied);
+        QCOMPARE(trashed.at(1).at(1).toString(), QString());
+        const QString id = trashed.at(0).at(1).toString();
+
+        trash->restore(id);
+        trash->restore(QStringLiteral("/etc/passwd"));
+        QTRY_COMPARE(restored.count(), 2);
+        QCOMPARE(restored.at(0).at(1).toString(), path);
+        QCOMPARE(outcome(restored.at(0)), Outcome::Done);
+        QCOMPARE(outcome(restored.at(1)), Outcome::Denied);
+        QVERIFY(QFile::exists(path));
+    }
+
+    void whatWaitsIsDoneAtTheEnd()
+    {
+        const QTemporaryDir folder;
+        QStringList paths;
+        auto trash = std::make_unique<KFileTrash>();
+        for (int n = 0; n < 20; ++n) {
+            paths.append(folder.filePath(QString::number(n)));
+            write(paths.constLast());
+            trash->trash(paths.constLast());
+        }
+        trash.reset();
+        for (const QString &path : std::as_const(paths))
+            QVERIFY(!QFile::exists(path));
+    }
+
+    // Each dead one is answered, and does not hold up the ones behind it for ever.
+    void deadFileSystem()
+    {
+        const auto gate = std::make_shared<QSemaphore>();
+        const auto back = std::make_shared<QSemaphore>();
+        TrashQueue queue(nullptr, std::chrono::milliseconds(50));
+        QString answers;
+        const auto note = [&](const Result &result) {
+            answers += QLatin1Char(result.outcome == zel::trash::Outcome::Done ? 'd' : 'f');
+        };
+        const auto hangs = [gate, back] {
+            gate->acquire();
+            back->release();
+            return ended(zel::trash::Outcome::Done);
+        };
+        const auto works = [] { return ended(zel::trash::Outcome::Done); };
+        queue.add(hangs, note);
+        queue.add(works, note);
+        QTRY_COMPARE(answers, QStringLiteral("fd"));
+        for (int n = 0; n < 3; ++n)
+            queue.add(hangs, note);
+        queue.add(works, note); // with so many that hang, nothing is begun
+        QTRY_COMPARE(answers, QStringLiteral("fdffff"));
+        gate->release(4);
+        QVERIFY(back->tryAcquire(4, 5000));
+        // They have come back, so it goes on; what they say now is not told.
+        while (!answers.endsWith(QLatin1Char('d'))) {
+            queue.add(works, note);
+            const int before = answers.size();
+            QTRY_VERIFY(answers.size() > before);
+        }
+        QCOMPARE(answers.count(QLatin1Char('d')), 2);
+    }
+
+    void endDoesNotHang()
+    {
+        const auto gate = std::make_shared<QSemaphore>();
+        const auto back = std::make_shared<QSemaphore>();
+        auto queue = std::make_unique<TrashQueue>(nullptr);
+        queue->add(
+            [gate, back] {
+                gate->acquire();
+                back->release();
+                return ended(zel::trash::Outcome::Done);
+            },
+            [](const Result &) { QFAIL("it was gone by then"); });
+        QElapsedTimer time;
+        time.start();
+        queue.reset();
+        QVERIFY(time.elapsed() < 5000);
+        gate->release();
+        QVERIFY(back->tryAcquire(1, 5000));
+    }
+
+private:
+    static void write(const QString &path)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("x") == 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(FileTrashTest)
+#include "tst_filetrash.moc"
