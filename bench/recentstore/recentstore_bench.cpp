@@ -166,7 +166,7 @@ void updateShownList(benchmark::State &state)
     RecordInfoList list;
     for (int i = 0; i < Count; ++i) {
         StoredRecord record;
-        record.path = QStringLiteral("/nowhere/some folder/document %1.odt").arg(i);
+        record.id = QStringLiteral("/nowhere/some folder/document %1.odt").arg(i);
         record.openedAt = timeOf(Count - i);
         list.append(record.toInfo());
     }

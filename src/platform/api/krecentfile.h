@@ -88,9 +88,9 @@ public:
     /// cloud service. `sync`: which fetches them from the server first. Changes come as the other notices.
     virtual void requestRoaming(int requestKind, const QString &filter, bool sync) = 0;
     virtual void removeRecords(const QStringList &ids) = 0; ///< forgets them; files stay
-    /// Takes the last removal of these records back: they stand where they stood. Ids that were not removed
-    /// are ignored.
-    virtual void undoRemoval(const QStringList &ids) = 0;
+    /// Puts removed records of local files back where they stood, as used in the box at their time, and
+    /// pinned as they were. Those without a path are left out.
+    virtual void undoRemoval(const RecordInfoList &records) = 0;
     /// Notes that the box opened a file: the record moves to now, and the desktop's recently-used list is
     /// told.
     virtual void noteOpened(const QString &path) = 0;

@@ -79,7 +79,8 @@ struct Home
 {
     QTemporaryDir folder;
     RecentPlaces places{path(QStringLiteral("data/zelbox/recent.db")),
-        path(QStringLiteral("data/recently-used.xbel")), path(QStringLiteral("var/app"))};
+        path(QStringLiteral("data/recently-used.xbel")), path(QStringLiteral("var/app")),
+        {path(QStringLiteral("tmp"))}};
 
     QString path(const QString &relative) const { return folder.path() + QLatin1Char('/') + relative; }
     QString sandboxList(const QString &application) const

@@ -1,5 +1,6 @@
 // The pure part of the store: old state and news give a delta; a delta keeps the shown list up to date.
 #include "recentfixture.h"
+#include "recordtext.h"
 
 #include "platform/impl/recentstore/mounts.h"
 #include "platform/impl/recentstore/recentlist.h"
@@ -9,99 +10,13 @@
 #include <QTest>
 
 using namespace zel::recent;
+using namespace zel::recent::test;
 
 namespace {
 
-constexpr int SandboxSource = 2;
-
-// "a d1 s2 o3 r1": file /a, used at 1 by the desktop, at 2 by a sandboxed application, opened at 3, removed
-// at 1.
-StoredRecord toRecord(const QString &text)
-{
-    const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    StoredRecord record;
-    record.path = QLatin1Char('/') + words.value(0);
-    for (const QString &word : words.mid(1)) {
-        const qint64 time = word.mid(1).toLongLong();
-        switch (word.at(0).toLatin1()) {
-        case 'd':
-            record.setAccess(DesktopSource, time);
-            break;
-        case 's':
-            record.setAccess(SandboxSource, time);
-            break;
-        case 'o':
-            record.openedAt = time;
-            break;
-        case 'm':
-            record.missingSince = time;
-            break;
-        default:
-            record.removedTime = time;
-        }
-    }
-    return record;
-}
-
-RecentState toState(const QString &text)
-{
-    RecentState state;
-    for (const QString &part : text.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
-        const StoredRecord record = toRecord(part);
-        state.insert(record.path, record);
-    }
-    return state;
-}
-
-QString toText(const StoredRecord &record)
-{
-    QString text = record.path.mid(1);
-    const auto add = [&text](char kind, qint64 time) {
-        text += QLatin1Char(' ') + QLatin1Char(kind) + QString::number(time);
-    };
-    for (const auto &[source, kind] : {std::pair(DesktopSource, 'd'), std::pair(SandboxSource, 's')}) {
-        if (const RecentAccess *access = record.accessOf(source))
-            add(kind, access->time);
-    }
-    if (record.openedAt > 0)
-        add('o', record.openedAt);
-    if (record.removedTime >= 0)
-        add('r', record.removedTime);
-    if (record.missingSince > 0)
-        add('m', record.missingSince);
-    return text;
-}
-
-QString toText(const RecentState &state)
-{
-    QStringList texts;
-    for (const StoredRecord &record : state)
-        texts.append(toText(record));
-    texts.sort();
-    return texts.join(QLatin1Char(';'));
-}
-
-// "+a32@1" added with kind and time, "-a" removed, "~a8@3" changed.
-QString shownText(const RecentDelta &delta)
-{
-    QStringList texts;
-    const auto add = [&texts](QLatin1Char sign, const RecordInfoList &records) {
-        for (const RecentFileInfo &r : records)
-            texts.append(sign + r.displayText
-                + (sign == QLatin1Char('-')
-                        ? QString()
-                        : QString::number(r.kind) + QLatin1Char('@') + QString::number(r.lastAccess)));
-    };
-    add(QLatin1Char('+'), delta.added);
-    add(QLatin1Char('-'), delta.removed);
-    add(QLatin1Char('~'), delta.changed);
-    texts.sort();
-    return texts.join(QLatin1Char(' '));
-}
-
 // News as "list a1 b2", "part a1" (a damaged list), "undated a1" (time guessed), "sandbox a1", "open a 5",
-// "remove a b", "removeat 5 a" (by a clock at 5), "forget 7", "missing a 9 5" (found at 9, long gone before
-// 5), "limit 2".
+// "remove a b", "removeat 5 a" (by a clock at 5), "pin a", "unpin a", "forget 7", "missing a 9 5" (found at
+// 9, long gone before 5), "limit 2".
 RecentDelta perform(const RecentState &state, const QString &news)
 {
     const QStringList words = news.split(QLatin1Char(' '));
@@ -112,8 +27,10 @@ RecentDelta perform(const RecentState &state, const QString &news)
         return forgetRemovals(state, words.at(1).toLongLong());
     if (verb == QLatin1String("limit"))
         return limitBoxOnly(state, words.at(1).toInt());
+    if (verb.endsWith(QLatin1String("pin")))
+        return markPinned(state, {idOf(words.at(1))}, verb == QLatin1String("pin"));
     if (verb == QLatin1String("missing"))
-        return markPresence(state, {{QLatin1Char('/') + words.at(1), RecentFileInfo::Presence::Missing}},
+        return markLooks(state, {{QLatin1Char('/') + words.at(1), {RecentFileInfo::Presence::Missing}}},
             words.at(2).toLongLong(), words.at(3).toLongLong());
     if (verb.startsWith(QLatin1String("remove"))) {
         const bool timed = verb == QLatin1String("removeat");
@@ -146,17 +63,15 @@ RecentState randomState(QRandomGenerator &random)
             if (random.bounded(3) == 0)
                 text += QLatin1String(kind) + time();
         }
+        if (random.bounded(4) == 0)
+            text += QLatin1String(" c:") + letter + time();
+        if (random.bounded(4) == 0)
+            text += QLatin1String(" p8");
         const StoredRecord record = toRecord(text);
         if (record.isNeeded())
-            state.insert(record.path, record);
+            state.insert(record.id, record);
     }
     return state;
-}
-
-RecordInfoList byId(RecordInfoList list)
-{
-    std::sort(list.begin(), list.end(), [](const auto &a, const auto &b) { return a.id < b.id; });
-    return list;
 }
 
 } // namespace
@@ -215,6 +130,14 @@ private Q_SLOTS:
         row("missing for long, a list names it", "a d1 o3 m4", "missing a 9 5", "~a8@3", "a d1 o3 m4");
         row("too many of the box's alone", "a o1;b o2;c o3;d d1 o1;e d1", "limit 2", "-a",
             "b o2;c o3;d d1 o1;e d1");
+        row("pinned", "a d5;b r3", "pin a", "~a32@5", "a d5 p5;b r3");
+        row("pinned, no list has it any more", "a d5 p5", "list", "~a8@5", "a p5");
+        row("pinned, used again", "a d5 p5", "list a7", "~a32@7", "a d7 p7");
+        row("unpinned, nobody else tells of it", "a p5", "unpin a", "~a8@5", "a o5");
+        row("removed though pinned", "a d5 p5", "remove a", "-a", "a d5 r5");
+        row("pinned ones are beyond the limit", "a o1 p1;b o2;c o3;d o4", "limit 2", "-b",
+            "a o1 p1;c o3;d o4");
+        row("pinned and missing for long", "a o3 p3 m4", "missing a 9 5", "~a8@3", "a o3 p3 m4");
         row("removing twice", "a d5 r5", "remove a", "", "a d5 r5");
         row("old removals are forgotten, unless contradicted", "a r5;b r5 d5;c r9;d o1", "forget 7", "",
             "b d5 r5;c r9;d o1");
@@ -279,6 +202,41 @@ private Q_SLOTS:
                 list.cbegin(), list.cend(), [](const RecentFileInfo &a, const RecentFileInfo &b) {
                     return a.lastAccess > b.lastAccess;
                 }));
+        }
+    }
+
+    // Records that stay where they are are changed there, also among others of the same time; unknown ones
+    // and those that move do not spoil it.
+    void changesInALongList()
+    {
+        RecordInfoList list;
+        for (int i = 0; i < 1000; ++i) {
+            RecentFileInfo info;
+            info.id = QString::number(i);
+            info.lastAccess = i < 500 ? 5000 - i / 4 : 1000; // fours, and many of one time
+            list.append(info);
+        }
+        for (const QVector<int> &changed : {QVector<int>{0, 7, 499}, {3, 999}, {2, 5000}, {500, 4, 10}}) {
+            for (const bool moves : {false, true}) {
+                RecentDelta delta;
+                RecordInfoList expected = list;
+                for (const int i : changed) {
+                    RecentFileInfo info = list.value(i);
+                    info.id = QString::number(i);
+                    info.size = i;
+                    if (i < list.size())
+                        expected[i] = info;
+                    delta.changed.append(info);
+                }
+                if (moves) {
+                    delta.changed.append(expected.takeLast());
+                    delta.changed.last().lastAccess = 9000;
+                    expected.prepend(delta.changed.last());
+                }
+                RecordInfoList updated = list;
+                update(updated, delta);
+                QCOMPARE(updated, expected);
+            }
         }
     }
 

@@ -32,15 +32,15 @@ PresenceChecker::Probe probeOf(const std::shared_ptr<Mount> &mount)
             mount->letGo.acquire();
             mount->returned.release();
         }
-        return Presence::Present;
+        return FileLook{Presence::Present};
     };
 }
 
-PresenceResults collected(const QSignalSpy &spy)
+FileLooks collected(const QSignalSpy &spy)
 {
-    PresenceResults all;
+    FileLooks all;
     for (const QList<QVariant> &call : spy)
-        all.insert(call.at(0).value<PresenceResults>());
+        all.insert(call.at(0).value<FileLooks>());
     return all;
 }
 
@@ -54,9 +54,13 @@ private Q_SLOTS:
     void paths_data()
     {
         QTest::addColumn<int>("presence");
-        const auto row = [](const char *name, Presence presence) { QTest::newRow(name) << int(presence); };
-        row("file", Presence::Present);
-        row("link", Presence::Present);
+        QTest::addColumn<qint64>("size");
+        const auto row = [](const char *name, Presence presence, qint64 size = -1) {
+            QTest::newRow(name) << int(presence) << size;
+        };
+        row("file", Presence::Present, 3);
+        row("link", Presence::Present, 3);
+        row("locked", Presence::Present);
         row("none", Presence::Missing);
         row("dangling", Presence::Missing);
         row("loop", Presence::Missing);
@@ -71,15 +75,16 @@ private Q_SLOTS:
         const auto name = [&](const char *relative) {
             return QFile::encodeName(home.path(QLatin1String(relative)));
         };
-        QVERIFY(test::replaceFile(home.path(QStringLiteral("file")), "x"));
+        QVERIFY(test::replaceFile(home.path(QStringLiteral("file")), "xyz"));
         QVERIFY(test::replaceFile(home.path(QStringLiteral("locked/file")), "x"));
         QCOMPARE(::symlink(name("file").constData(), name("link").constData()), 0);
         QCOMPARE(::symlink(name("nowhere").constData(), name("dangling").constData()), 0);
         QCOMPARE(::symlink(name("loop").constData(), name("loop").constData()), 0);
         QCOMPARE(::chmod(name("locked").constData(), 0), 0);
-        const Presence found = presenceOf(home.path(QString::fromLatin1(QTest::currentDataTag())));
+        const FileLook found = lookAt(home.path(QString::fromLatin1(QTest::currentDataTag())));
         ::chmod(name("locked").constData(), 0700);
-        QCOMPARE(int(found), presence);
+        QCOMPARE(int(found.presence), presence);
+        QTEST(found.size, "size");
     }
 
     void everythingIsToldOnceUrgentFirst()
@@ -92,7 +97,7 @@ private Q_SLOTS:
                 mount->letGo.acquire();
             const QMutexLocker lock(&mutex);
             order.append(path);
-            return Presence::Present;
+            return FileLook{Presence::Present};
         });
         QSignalSpy found(&checker, &PresenceChecker::found);
         QStringList many{QStringLiteral("/first")};

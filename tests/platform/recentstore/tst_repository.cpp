@@ -1,102 +1,19 @@
-// The store's database: what survives a restart, damage, a full disk, and a second process.
-#include "recentfixture.h"
+// The store's database: what survives a restart, an older version, damage, and a full disk.
+#include "recordtext.h"
+#include "repositoryfixture.h"
 
-#include "platform/impl/recentstore/recentmerge.h"
-#include "platform/impl/recentstore/recentrepository.h"
-#include "platform/impl/recentstore/recentschema.h"
+#include "platform/impl/recentstore/roamingmerge.h"
 
-#include <QCoreApplication>
-#include <QProcess>
 #include <QTest>
 
-#include <array>
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 using namespace zel::recent;
 using namespace zel::recent::test;
 
 namespace {
-
-constexpr char WriterOption[] = "--write-and-die";
-constexpr int WriterNotes = 40;
-
-struct Opened
-{
-    QStringList problems;
-    RecentRepository repository;
-    RecordInfoList shown;
-
-    explicit Opened(const Home &home) : Opened(home.places.database) { }
-    explicit Opened(const QString &database)
-        : repository(database, [this](const QString &text) { problems.append(text); }),
-          shown(repository.open())
-    {
-    }
-    RecentDelta note(const QString &path, qint64 time)
-    {
-        return repository.change(
-            [&](const RecentState &state, SourceTable &) { return markOpened(state, path, time); },
-            Durability::Full);
-    }
-    RecentDelta remove(const QString &path)
-    {
-        return repository.change(
-            [&](const RecentState &state, SourceTable &) { return markRemoved(state, {path}, 1000000); },
-            Durability::Full);
-    }
-    RecentDelta import(const QVector<XbelEntry> &entries, const FileStamp &stamp = {1, 2, 3})
-    {
-        return repository.change(
-            [&](const RecentState &state, SourceTable &sources) {
-                sources[DesktopSourceName] = {DesktopSource, stamp};
-                return mergeImport(state, DesktopSource, entries, true);
-            },
-            Durability::Relaxed);
-    }
-    QString texts() const
-    {
-        QStringList list;
-        for (const RecentFileInfo &record : visibleRecords(repository.state()))
-            list.append(record.displayText + QLatin1Char(':') + QString::number(record.kind));
-        return list.join(QLatin1Char(' '));
-    }
-};
-
-XbelEntry entry(const QString &path, qint64 time)
-{
-    XbelEntry made;
-    made.path = path;
-    made.time = time;
-    made.mimeType = QStringLiteral("text/plain");
-    return made;
-}
-
-const QString A = QStringLiteral("/a");
-const QString B = QStringLiteral("/b");
-const QString C = QStringLiteral("/c");
-
-QStringList keptAside(const Home &home)
-{
-    return QDir(QFileInfo(home.places.database).path())
-        .entryList({QStringLiteral("recent.db.damaged-*")}, QDir::AllEntries);
-}
-
-void fillDatabase(const Home &home)
-{
-    Opened store(home);
-    store.import({entry(A, 10), entry(B, 20)});
-    store.note(A, 30);
-}
-
-void execute(const Home &home, const char *sql)
-{
-    zel::sqlite::Database database;
-    database.open(home.places.database);
-    database.exec(sql);
-}
 
 void overwrite(const Home &home, const QByteArray &data)
 {
@@ -122,40 +39,58 @@ private Q_SLOTS:
             store.import({entry(A, 10), entry(B, 20), entry(C, 5)});
             store.note(A, 30);
             store.remove(C);
-            store.repository.change(
-                [](const RecentState &state, SourceTable &) {
-                    return markPresence(state, {{B, RecentFileInfo::Presence::Missing}}, 70, 0);
-                },
-                Durability::Relaxed);
+            store.change([](const RecentState &state) {
+                return markLooks(state, {{B, {RecentFileInfo::Presence::Missing, 7}}}, 70, 0);
+            });
+            store.change([](const RecentState &state) { return markPinned(state, {A}, true); });
+            RoamingList list{QStringLiteral("me"),
+                {toPart(QStringLiteral("x25*")).item, toPart(QStringLiteral("y8%q+")).item}, true};
+            list.items[0].usedPath = B;
+            store.change([&](const RecentState &state) { return mergeRoaming(state, list); });
+            store.change([](const RecentState &state) { return markRead(state, {B}); });
+            store.remove(QStringLiteral("roaming:y"));
             before = store.repository.state();
         }
         Opened again(home);
         QCOMPARE(again.repository.state(), before);
         QCOMPARE(again.repository.sources().value(DesktopSourceName).stamp, (FileStamp{1, 2, 3}));
+        QCOMPARE(toText(before),
+            QStringLiteral("=y r8 c:y8%q+-8;nowhere/a d10 o30 p30;"
+                           "nowhere/b d20 m70 c:x25@nowhere/b!;nowhere/c d5 r5"));
         QCOMPARE(again.texts(), QStringLiteral("a:8 b:32"));
         QCOMPARE(again.shown, visibleRecords(before));
         QVERIFY(again.import({entry(A, 10), entry(B, 20), entry(C, 5)}).showsNothing());
         QCOMPARE(again.import({entry(C, 6)}).added.size(), 1); // used again since it was removed
-        QCOMPARE(again.texts(), QStringLiteral("a:8 c:32"));
         QVERIFY(again.problems.isEmpty());
     }
 
-    void aDatabaseOfTheFirstVersion()
+    void olderVersions_data()
     {
+        QTest::addColumn<QString>("back");
+        const QString toTwo =
+            QStringLiteral("ALTER TABLE record DROP COLUMN size; ALTER TABLE record DROP COLUMN pin_time;"
+                           "DROP TABLE roaming; PRAGMA user_version=2;");
+        QTest::newRow("2") << toTwo;
+        QTest::newRow("1") << toTwo
+                + QStringLiteral("ALTER TABLE record DROP COLUMN missing_since; PRAGMA user_version=1");
+    }
+    void olderVersions()
+    {
+        QFETCH(QString, back);
         Home home;
         fillDatabase(home);
-        execute(home, "ALTER TABLE record DROP COLUMN missing_since; PRAGMA user_version=1");
+        execute(home, qPrintable(back));
         {
             Opened store(home);
             QCOMPARE(store.texts(), QStringLiteral("a:8 b:32"));
-            store.repository.change(
-                [](const RecentState &state, SourceTable &) {
-                    return markPresence(state, {{B, RecentFileInfo::Presence::Missing}}, 70, 0);
-                },
-                Durability::Relaxed);
+            store.change([](const RecentState &state) {
+                return markLooks(state, {{B, {RecentFileInfo::Presence::Missing, 7}}}, 70, 0);
+            });
             QVERIFY(store.problems.isEmpty());
         }
-        QCOMPARE(Opened(home).repository.state().value(B).missingSince, 70);
+        const StoredRecord record = Opened(home).repository.state().value(B);
+        QCOMPARE(record.missingSince, 70);
+        QCOMPARE(record.size, 7);
     }
 
     void damage_data()
@@ -166,7 +101,8 @@ private Q_SLOTS:
         QTest::newRow("newer version") << "";
         QTest::newRow("tables of another program") << "";
         QTest::newRow("folder in its place") << "";
-        QTest::newRow("broken accesses") << "a:8"; // what the box opened is carried over
+        QTest::newRow("without access") << "a:8"; // what the box opened is carried over
+        QTest::newRow("without roaming") << "a:8";
     }
     void damage()
     {
@@ -187,7 +123,7 @@ private Q_SLOTS:
             QFile::remove(file);
             QVERIFY(QDir().mkpath(file + QStringLiteral("/inside")));
         } else {
-            execute(home, "DROP TABLE access");
+            execute(home, what == "without access" ? "DROP TABLE access" : "DROP TABLE roaming");
         }
         {
             Opened store(home);
@@ -301,107 +237,7 @@ private Q_SLOTS:
             QCOMPARE(int(status.st_mode & 0777), 0600);
         }
     }
-
-    // A list's stamp that was not stored is stored later, or the list would count as read for ever.
-    void sourcesThatCouldNotBeStored()
-    {
-        Home home;
-        fillDatabase(home);
-        {
-            Opened store(home);
-            {
-                zel::sqlite::Database other;
-                QVERIFY(other.open(home.places.database));
-                zel::sqlite::Transaction lock(other);
-                store.import({entry(A, 10), entry(B, 20)}, {7, 8, 9});
-            }
-            QVERIFY(store.repository.hasUnwritten());
-            store.note(C, 70);
-            QVERIFY(!store.repository.hasUnwritten());
-        }
-        QCOMPARE(Opened(home).repository.sources().value(DesktopSourceName).stamp, (FileStamp{7, 8, 9}));
-    }
-
-    void twoStoresOnOneDatabase()
-    {
-        Home home;
-        Opened one(home);
-        Opened two(home);
-        one.import({entry(A, 10), entry(B, 20)});
-        one.note(C, 30);
-        const RecentDelta delta = two.note(A, 40); // learns of what the other one did
-        QCOMPARE(delta.added.size(), 3);
-        QCOMPARE(two.texts(), QStringLiteral("a:8 c:8 b:32"));
-        one.remove(C);
-        QCOMPARE(one.texts(), QStringLiteral("a:8 b:32"));
-        QVERIFY(two.import({}).removed.size() == 2); // c by the other one, b vanished from the list
-        QCOMPARE(Opened(home).texts(), QStringLiteral("a:8"));
-    }
-
-    void aBusyDatabaseLosesNothing()
-    {
-        Home home;
-        fillDatabase(home);
-        Opened store(home);
-        {
-            zel::sqlite::Database other;
-            QVERIFY(other.open(home.places.database));
-            zel::sqlite::Transaction lock(other);
-            store.note(B, 50);
-            QVERIFY(store.repository.isBusy());
-            QCOMPARE(store.texts(), QStringLiteral("b:8 a:8"));
-            other.exec("UPDATE record SET opened_at=60,time=60 WHERE path='/a'");
-            QVERIFY(lock.commit());
-        }
-        const RecentDelta others = store.repository.writeUnwritten();
-        QCOMPARE(others.changed.size(), 1); // told like any other news
-        QVERIFY(!store.repository.hasUnwritten());
-        QCOMPARE(store.texts(), QStringLiteral("a:8 b:8"));
-        QCOMPARE(Opened(home).texts(), QStringLiteral("a:8 b:8"));
-        QVERIFY(store.problems.isEmpty());
-    }
-
-    // Several processes note at once, and are killed without any farewell; what note() returned from is
-    // there.
-    void processesAtOnceKilled()
-    {
-        constexpr int Processes = 3;
-        Home home;
-        std::array<QProcess, Processes> writers;
-        for (int p = 0; p < Processes; ++p) {
-            writers[size_t(p)].setProcessChannelMode(QProcess::ForwardedChannels);
-            writers[size_t(p)].start(QCoreApplication::applicationFilePath(),
-                {QLatin1String(WriterOption), home.places.database, QString::number(p)});
-        }
-        for (QProcess &writer : writers) {
-            QVERIFY(writer.waitForFinished());
-            QCOMPARE(writer.exitStatus(), QProcess::CrashExit);
-        }
-        Opened store(home);
-        QCOMPARE(store.shown.size(), Processes * WriterNotes);
-        QVERIFY(keptAside(home).isEmpty());
-    }
 };
 
-// One of the processes of processesAtOnceKilled(). A program of its own, because a fork of the test would
-// inherit the locks that the test's watchdog thread holds at that moment.
-static void writeAndDie(const QString &database, const QString &name)
-{
-    Opened store(database);
-    for (int n = 0; n < WriterNotes; ++n)
-        store.note(QStringLiteral("/p%1n%2").arg(name).arg(n), 1000 + n);
-    ::raise(SIGKILL);
-}
-
-int main(int argc, char **argv)
-{
-    QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() == 4 && arguments.at(1) == QLatin1String(WriterOption))
-        writeAndDie(arguments.at(2), arguments.at(3));
-    RepositoryTest test;
-    QTEST_SET_MAIN_SOURCE_PATH
-    return QTest::qExec(&test, argc, argv);
-}
-
+QTEST_GUILESS_MAIN(RepositoryTest)
 #include "tst_repository.moc"

@@ -1,8 +1,6 @@
 // The whole store with its thread, real files and real notices.
-#include "recentfixture.h"
+#include "repositoryfixture.h"
 
-#include "platform/impl/recentstore/recentmerge.h"
-#include "platform/impl/recentstore/recentrepository.h"
 #include "platform/impl/recentstore/xbelwatcher.h"
 #include "platform/impl/recentstore/xbelwriter.h"
 
@@ -15,10 +13,6 @@ using namespace zel::recent::test;
 using Presence = RecentFileInfo::Presence;
 
 namespace {
-
-const QString A = QStringLiteral("/nowhere/a");
-const QString B = QStringLiteral("/nowhere/b");
-const QString C = QStringLiteral("/nowhere/c");
 
 int calls(const Store &store)
 {
@@ -68,6 +62,24 @@ private Q_SLOTS:
         QCOMPARE(store.initFinished.size(), 1);
         QVERIFY(store.load()); // once more: ready at once
         QCOMPARE(store.added.size(), 0);
+    }
+
+    void removalIsTakenBack()
+    {
+        Home home;
+        QVERIFY(home.setDesktop({{A, 1, {}}, {B, 2, {}}}));
+        {
+            Store store(home);
+            QVERIFY(store.load());
+            const RecentFileInfo older = store.record(A);
+            store.proxy.removeRecords({A});
+            QTRY_COMPARE(store.shown(), QStringLiteral("b:32"));
+            store.proxy.undoRemoval({older});
+            QTRY_COMPARE(store.shown(), QStringLiteral("b:32 a:8")); // where it stood
+        }
+        Store store(home);
+        QVERIFY(store.load());
+        QCOMPARE(store.shown(), QStringLiteral("b:32 a:8"));
     }
 
     void listsAreFollowed()
@@ -195,12 +207,20 @@ private Q_SLOTS:
             QVERIFY(store.load());
             QTRY_COMPARE(int(store.record(file).presence), int(Presence::Present));
             QTRY_COMPARE(int(store.record(A).presence), int(Presence::Missing));
+            QCOMPARE(store.record(file).size, 1);
+            QCOMPARE(store.record(A).size, -1);
             QVERIFY(QFile::remove(file));
             store.proxy.checkPresence({file});
             QTRY_COMPARE(int(store.record(file).presence), int(Presence::Missing));
-            QVERIFY(replaceFile(file, "x"));
+            QVERIFY(replaceFile(file, "xyz"));
             store.proxy.checkPresence({file, QStringLiteral("unknown")});
             QTRY_COMPARE(int(store.record(file).presence), int(Presence::Present));
+            QCOMPARE(store.record(file).size, 3);
+            execute(home, "UPDATE record SET size=-1");
+            store.proxy.noteOpened(B); // sees what another process did
+            QTRY_COMPARE(store.record(file).size, -1);
+            store.proxy.lookUpSizes();
+            QTRY_COMPARE(store.record(file).size, 3);
         }
         QVERIFY(QFile::remove(file)); // while nobody looks
         Store store(home);
@@ -208,6 +228,29 @@ private Q_SLOTS:
         QTRY_COMPARE(int(store.record(file).presence), int(Presence::Missing));
         const auto told = store.changed.first().first().value<RecordInfoList>();
         QCOMPARE(told.size(), 1); // what is as it was is not told of
+    }
+
+    void pinnedRecordsStay()
+    {
+        Home home;
+        QVERIFY(home.setDesktop({{A, 1, {}}, {B, 2, {}}}));
+        {
+            Store store(home);
+            QVERIFY(store.load());
+            store.proxy.setPinned({A, B}, true);
+            QTRY_VERIFY(store.record(A).pinned && store.record(B).pinned);
+            QVERIFY(home.setDesktop({{C, 3, {}}}));
+            QTRY_COMPARE(store.shown(), QStringLiteral("c:32 b:8 a:8"));
+            store.proxy.removeRecords({B});
+            QTRY_COMPARE(store.shown(), QStringLiteral("c:32 a:8"));
+        }
+        Store store(home);
+        QVERIFY(store.load());
+        QCOMPARE(store.shown(), QStringLiteral("c:32 a:8"));
+        QVERIFY(store.record(A).pinned && !store.record(C).pinned);
+        store.proxy.setPinned({A}, false);
+        QTRY_VERIFY(!store.record(A).pinned);
+        QCOMPARE(store.shown(), QStringLiteral("c:32 a:8")); // does not vanish at once
     }
 
     void largeChangesAreToldOnce()
@@ -220,23 +263,6 @@ private Q_SLOTS:
         QTRY_COMPARE(store.proxy.records().size(), 6000);
         QCOMPARE(store.arrived.size(), 1);
         QCOMPARE(store.added.size() + store.removed.size(), 0);
-    }
-
-    void fiftyThousandRecords()
-    {
-        Home home;
-        QVERIFY(home.setDesktop(numbered(50000)));
-        {
-            Store store(home);
-            QVERIFY(store.load(60000));
-            QCOMPARE(store.proxy.records().size(), 50000);
-        }
-        Store store(home);
-        QVERIFY(store.load(60000));
-        const RecordInfoList records = store.proxy.records();
-        QCOMPARE(records.size(), 50000);
-        QCOMPARE(records.first().lastAccess, timeOf(49999));
-        QCOMPARE(records.last().lastAccess, timeOf(0));
     }
 
     void aListRewrittenAllTheTime()

@@ -21,9 +21,10 @@ namespace {
 
 using Presence = RecentFileInfo::Presence;
 
-constexpr int FirstBatch = 64; // what is on screen
-constexpr int LargestBatch = 2048;
-constexpr int BatchMs = 250;
+constexpr int FirstBatch = 64;      // what is on screen
+constexpr int LargestBatch = 32768; // each costs everybody who is told a look at the whole list
+constexpr int FirstBatchMs = 250;
+constexpr int LongestBatchMs = 2000;
 constexpr int MostGivenUp = 4;
 constexpr std::chrono::seconds EndPatience{1};
 
@@ -43,34 +44,37 @@ QByteArray mountTable()
 
 } // namespace
 
-Presence presenceOf(const QString &path)
+FileLook lookAt(const QString &path)
 {
     struct stat status
     {
     };
-    if (::stat(QFile::encodeName(path).constData(), &status) == 0)
-        return Presence::Present;
+    if (::stat(QFile::encodeName(path).constData(), &status) == 0) {
+        const qint64 mtime = qint64(status.st_mtim.tv_sec) * 1000 + status.st_mtim.tv_nsec / 1000000;
+        return {Presence::Present, S_ISREG(status.st_mode) ? qint64(status.st_size) : -1, mtime};
+    }
     switch (errno) {
     case ENOENT:
     case ENOTDIR:
     case ELOOP:
     case ENAMETOOLONG:
-        return Presence::Missing;
+        return {Presence::Missing};
     default: // no permission, no answer from the server: nothing is known
-        return Presence::Unknown;
+        return {};
     }
 }
 
 struct PresenceChecker::Shared
 {
     Probe probe;
-    std::function<void(const PresenceResults &)> deliver;
+    std::function<void(const FileLooks &)> deliver;
     std::mutex mutex;
     std::condition_variable ended;
     std::deque<QString> queue;
     QHash<QString, bool> waiting; ///< what of the queue still counts; true: urgent
-    PresenceResults results;
+    FileLooks results;
     QString current;
+    bool isUrgent = false; ///< the current one
     qint64 progress = 0;
     bool running = false;
     bool stopped = false; ///< nothing of the checker may be touched any more
@@ -78,6 +82,7 @@ struct PresenceChecker::Shared
     static void run(const std::shared_ptr<Shared> &shared);
     void add(const QStringList &paths, bool urgent);
     bool takeNext();
+    bool hasUrgent() const { return !queue.empty() && waiting.value(queue.front()); }
     void deliverResults();
 };
 
@@ -108,7 +113,7 @@ bool PresenceChecker::Shared::takeNext()
     }
     current = queue.front();
     queue.pop_front();
-    waiting.remove(current);
+    isUrgent = waiting.take(current);
     ++progress;
     return true;
 }
@@ -123,15 +128,18 @@ void PresenceChecker::Shared::deliverResults()
 void PresenceChecker::Shared::run(const std::shared_ptr<Shared> &shared)
 {
     int batch = FirstBatch;
+    int batchMs = FirstBatchMs;
     QElapsedTimer sinceBatch;
     sinceBatch.start();
     while (shared->takeNext()) {
-        const Presence presence = shared->probe(shared->current);
+        const FileLook look = shared->probe(shared->current);
         const std::lock_guard lock(shared->mutex);
-        shared->results.insert(shared->current, presence);
-        if (shared->results.size() >= batch || sinceBatch.elapsed() >= BatchMs) {
+        shared->results.insert(shared->current, look);
+        const bool wantedNow = shared->isUrgent && !shared->hasUrgent();
+        if (wantedNow || shared->results.size() >= batch || sinceBatch.elapsed() >= batchMs) {
             shared->deliverResults();
             batch = std::min(2 * batch, LargestBatch);
+            batchMs = std::min(batchMs + FirstBatchMs, LongestBatchMs);
             sinceBatch.restart();
         }
     }
@@ -166,9 +174,9 @@ void PresenceChecker::check(const QStringList &paths, bool urgent)
         m_shared = std::make_shared<Shared>();
         m_shared->probe = m_probe;
         m_shared->add(wanted, urgent);
-        m_shared->deliver = [this](const PresenceResults &results) {
+        m_shared->deliver = [this](const FileLooks &looks) {
             QMetaObject::invokeMethod(
-                this, [this, results] { Q_EMIT found(results); }, Qt::QueuedConnection);
+                this, [this, looks] { Q_EMIT found(looks); }, Qt::QueuedConnection);
         };
     }
     start();

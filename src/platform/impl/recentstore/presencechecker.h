@@ -1,8 +1,7 @@
 #pragma once
 
-#include "krecentfile.h"
+#include "recenttypes.h"
 
-#include <QHash>
 #include <QObject>
 #include <QSet>
 #include <QStringList>
@@ -14,11 +13,9 @@
 
 namespace zel::recent {
 
-using PresenceResults = QHash<QString, RecentFileInfo::Presence>; ///< by path
-
-/// Looks whether a file exists, following links: a dangling one is missing; one that may not be looked at is
-/// unknown. May block for as long as the file system does.
-RecentFileInfo::Presence presenceOf(const QString &path);
+/// Looks whether a file exists and how large it is, following links: a dangling one is missing; one that may
+/// not be looked at is unknown. May block for as long as the file system does.
+FileLook lookAt(const QString &path);
 
 /// Looks whether files exist, on a thread of its own that lives only while there is something to look at.
 ///
@@ -32,9 +29,9 @@ class PresenceChecker final : public QObject
 {
     Q_OBJECT
 public:
-    using Probe = std::function<RecentFileInfo::Presence(const QString &)>;
+    using Probe = std::function<FileLook(const QString &)>;
 
-    explicit PresenceChecker(QObject *parent = nullptr, Probe probe = presenceOf, int patienceMs = 5000);
+    explicit PresenceChecker(QObject *parent = nullptr, Probe probe = lookAt, int patienceMs = 5000);
     ~PresenceChecker() override;
 
     void end(); ///< looks no more; nothing is told from then on
@@ -42,7 +39,8 @@ public:
     void check(const QStringList &paths, bool urgent);
 
 Q_SIGNALS:
-    void found(const zel::recent::PresenceResults &results); ///< in batches, on this object's thread
+    /// In batches, the first ones small, on this object's thread.
+    void found(const zel::recent::FileLooks &looks);
 
 private:
     struct Shared;
@@ -63,5 +61,3 @@ private:
 };
 
 } // namespace zel::recent
-
-Q_DECLARE_METATYPE(zel::recent::PresenceResults)

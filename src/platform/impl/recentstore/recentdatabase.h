@@ -22,7 +22,8 @@ public:
 
 private:
     QVector<StoredRecord> loadRecords();
-    void loadAccesses(QVector<StoredRecord> &records);
+    void loadAccesses(QVector<StoredRecord> &records, const QHash<qint64, int> &places);
+    void loadRoaming(QVector<StoredRecord> &records, const QHash<qint64, int> &places);
 
     sqlite::Database &m_database;
 };

@@ -57,13 +57,36 @@ RecordInfoList takeMoving(RecordInfoList &list, QHash<QString, News> news)
     return moving;
 }
 
+bool newerFirst(const RecentFileInfo &a, const RecentFileInfo &b)
+{
+    return a.lastAccess > b.lastAccess;
+}
+
+// A few changes that move nothing need no pass over the list. False: that is not the case, or not easily told
+// among many of the same time; what was changed until then is right all the same.
+bool updateInPlace(RecordInfoList &list, const RecentDelta &delta)
+{
+    constexpr int MostOfOneTime = 16;
+    if (!delta.added.isEmpty() || !delta.removed.isEmpty() || delta.changed.size() > list.size() / 16)
+        return false;
+    for (const RecentFileInfo &record : delta.changed) {
+        const auto first = std::lower_bound(list.cbegin(), list.cend(), record, newerFirst);
+        const auto last = first + std::min<int>(MostOfOneTime, int(list.cend() - first));
+        const auto same = [&](const RecentFileInfo &r) { return r.id == record.id; };
+        const auto found = std::find_if(first, last, same);
+        if (found == last || found->lastAccess != record.lastAccess)
+            return false;
+        list[int(found - list.cbegin())] = record;
+    }
+    return true;
+}
+
 } // namespace
 
 void update(RecordInfoList &list, const RecentDelta &delta)
 {
-    const auto newerFirst = [](const RecentFileInfo &a, const RecentFileInfo &b) {
-        return a.lastAccess > b.lastAccess;
-    };
+    if (updateInPlace(list, delta))
+        return;
     RecordInfoList moving = takeMoving(list, newsById(delta));
     std::sort(moving.begin(), moving.end(), newerFirst);
     const int middle = list.size();

@@ -1,52 +1,13 @@
 #include "recentmerge.h"
 
+#include "recentdraft.h"
+
 #include <QSet>
 
 #include <algorithm>
 
 namespace zel::recent {
 namespace {
-
-void noteShown(RecentDelta &delta, const StoredRecord *before, const StoredRecord &after)
-{
-    const bool was = before && before->isVisible();
-    const bool is = after.isVisible();
-    if (is && !was) {
-        delta.added.append(after.toInfo());
-    } else if (was && !is) {
-        delta.removed.append(before->toInfo());
-    } else if (was && is) {
-        RecentFileInfo info = after.toInfo();
-        if (info != before->toInfo())
-            delta.changed.append(std::move(info));
-    }
-}
-
-void note(RecentDelta &delta, const StoredRecord *before, StoredRecord after)
-{
-    if (before && *before == after)
-        return;
-    noteShown(delta, before, after);
-    if (after.isNeeded())
-        delta.stored.append(std::move(after));
-    else if (before)
-        delta.erased.append(*before);
-}
-
-const StoredRecord *find(const RecentState &state, const QString &path)
-{
-    const auto found = state.constFind(path);
-    return found == state.constEnd() ? nullptr : &*found;
-}
-
-StoredRecord copyOrNew(const StoredRecord *record, const QString &path)
-{
-    if (record)
-        return *record;
-    StoredRecord made;
-    made.path = path;
-    return made;
-}
 
 // A list may name a file twice, by differently encoded addresses.
 QHash<QString, const XbelEntry *> newestByPath(const QVector<XbelEntry> &entries)
@@ -92,7 +53,7 @@ RecentDelta mergeImport(const RecentState &state, int source, const QVector<Xbel
     if (!intact)
         return delta;
     for (const StoredRecord &record : state) {
-        if (!record.accessOf(source) || listed.contains(record.path))
+        if (!record.accessOf(source) || listed.contains(record.id))
             continue;
         StoredRecord after = record;
         after.dropAccess(source);
@@ -111,42 +72,66 @@ RecentDelta markOpened(const RecentState &state, const QString &path, qint64 tim
     return delta;
 }
 
-RecentDelta markRemoved(const RecentState &state, const QStringList &paths, qint64 now)
+RecentDelta markRemoved(const RecentState &state, const QStringList &ids, qint64 now)
 {
     RecentDelta delta;
-    for (const QString &path : QSet<QString>(paths.cbegin(), paths.cend())) {
-        const StoredRecord *before = find(state, path);
+    for (const QString &id : QSet<QString>(ids.cbegin(), ids.cend())) {
+        const StoredRecord *before = find(state, id);
         if (!before || !before->isVisible())
             continue;
         StoredRecord after = *before;
         after.removedTime = std::max(std::min(before->lastAccess(), now), before->removedTime);
         after.openedAt = 0;
+        after.pinTime = 0;
         for (RecentAccess &access : after.accesses) {
             if (access.time > after.removedTime)
                 access.time = -access.time;
+        }
+        if (after.roaming && after.roaming->time() >= 0) {
+            RoamingPart part = *after.roaming;
+            part.forgottenTime = part.item.time;
+            after.roaming = std::move(part);
         }
         note(delta, before, std::move(after));
     }
     return delta;
 }
 
-RecentDelta markPresence(const RecentState &state, const QHash<QString, RecentFileInfo::Presence> &found,
-    qint64 now, qint64 longGone)
+RecentDelta markLooks(const RecentState &state, const FileLooks &looks, qint64 now, qint64 longGone)
 {
     using Presence = RecentFileInfo::Presence;
     RecentDelta delta;
-    for (auto it = found.cbegin(); it != found.cend(); ++it) {
+    for (auto it = looks.cbegin(); it != looks.cend(); ++it) {
         const StoredRecord *before = find(state, it.key());
-        if (!before)
+        if (!before || before->isRoamingOnly())
             continue;
         StoredRecord after = *before;
-        after.presence = it.value();
+        after.presence = it->presence;
+        if (it->size >= 0)
+            after.size = it->size;
         if (after.presence == Presence::Present)
             after.missingSince = 0;
         else if (after.presence == Presence::Missing && after.missingSince == 0)
             after.missingSince = now;
         if (after.presence == Presence::Missing && after.missingSince < longGone && after.isBoxOnly())
             after.openedAt = 0;
+        note(delta, before, std::move(after));
+    }
+    return delta;
+}
+
+RecentDelta markPinned(const RecentState &state, const QStringList &ids, bool pinned)
+{
+    RecentDelta delta;
+    for (const QString &id : QSet<QString>(ids.cbegin(), ids.cend())) {
+        const StoredRecord *before = find(state, id);
+        if (!before || !before->isVisible() || pinned == (before->pinTime > 0))
+            continue;
+        StoredRecord after = *before;
+        after.pinTime = pinned ? std::max(before->lastAccess(), qint64(1)) : 0;
+        // A record that only the pin kept does not vanish under the user's hand.
+        if (!after.isVisible())
+            after.openedAt = before->pinTime;
         note(delta, before, std::move(after));
     }
     return delta;
@@ -187,7 +172,8 @@ RecentDelta forgetRemovals(const RecentState &state, qint64 before)
 {
     RecentDelta delta;
     for (const StoredRecord &record : state) {
-        if (record.openedAt == 0 && record.accesses.isEmpty() && record.removedTime < before)
+        const bool mayReturn = record.isRoamingOnly() ? record.pinTime >= before : record.hasLocalUse();
+        if (!mayReturn && !record.roaming && record.removedTime < before)
             delta.erased.append(record);
     }
     return delta;
@@ -197,9 +183,9 @@ RecentDelta difference(const RecentState &before, const RecentState &after)
 {
     RecentDelta delta;
     for (const StoredRecord &record : after)
-        note(delta, find(before, record.path), record);
+        note(delta, find(before, record.id), record);
     for (const StoredRecord &record : before) {
-        if (after.contains(record.path))
+        if (after.contains(record.id))
             continue;
         delta.erased.append(record);
         if (record.isVisible())
@@ -216,6 +202,8 @@ StoredRecord combined(const StoredRecord &database, const StoredRecord &mine)
     result.removedTime = std::max(database.removedTime, mine.removedTime);
     if (result.openedAt <= result.removedTime)
         result.openedAt = 0;
+    if (result.pinTime <= result.removedTime)
+        result.pinTime = 0;
     return result;
 }
 
@@ -224,9 +212,9 @@ void apply(RecentState &state, const RecentDelta &delta)
     if (state.isEmpty())
         state.reserve(delta.stored.size());
     for (const StoredRecord &record : delta.stored)
-        state.insert(record.path, record);
+        state.insert(record.id, record);
     for (const StoredRecord &record : delta.erased)
-        state.remove(record.path);
+        state.remove(record.id);
 }
 
 RecordInfoList visibleRecords(const RecentState &state)

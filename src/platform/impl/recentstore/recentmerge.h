@@ -12,20 +12,25 @@ RecentDelta mergeImport(const RecentState &state, int source, const QVector<Xbel
 /// The box opened the file at `time`, which becomes the record's newest access whatever other clocks said.
 RecentDelta markOpened(const RecentState &state, const QString &path, qint64 time);
 
-/// The accesses known so far are forgotten; what the lists say later than that brings the record back. Known
-/// times ahead of `now` are forgotten one by one, so that a use after `now` brings it back all the same.
-RecentDelta markRemoved(const RecentState &state, const QStringList &paths, qint64 now);
+/// The uses known so far are forgotten, and the pin is taken away; what the lists say later than that brings
+/// the record back. Known times ahead of `now` are forgotten one by one, so that a use after `now` brings it
+/// back all the same.
+RecentDelta markRemoved(const RecentState &state, const QStringList &ids, qint64 now);
 
-/// Records that only the box tells of go when their file has been missing since before `longGone`.
-RecentDelta markPresence(const RecentState &state, const QHash<QString, RecentFileInfo::Presence> &found,
-    qint64 now, qint64 longGone);
+/// Local files were looked at, by path. Records that only the box tells of go when their file has been
+/// missing since before `longGone`.
+RecentDelta markLooks(const RecentState &state, const FileLooks &looks, qint64 now, qint64 longGone);
+
+/// A pin holds a record that nobody tells of any more; without it such a record counts as opened in the box.
+RecentDelta markPinned(const RecentState &state, const QStringList &ids, bool pinned);
 
 /// Of the records that only the box tells of, the newest `most` stay.
 RecentDelta limitBoxOnly(const RecentState &state, int most);
 
 RecentDelta markMimeType(const RecentState &state, const QString &path, const QString &mimeType);
 
-/// Drops removals that no list contradicts and that are older than `before`.
+/// Drops removals that no list contradicts, and pins of records that the cloud service stopped to tell of,
+/// which are older than `before`.
 RecentDelta forgetRemovals(const RecentState &state, qint64 before);
 
 /// What turns one state into another, as another process may have changed the database.

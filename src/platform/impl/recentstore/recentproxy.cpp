@@ -2,6 +2,7 @@
 
 #include "recentlist.h"
 #include "recentthread.h"
+#include "roamingsource.h"
 
 #include "base/clock.h"
 #include "base/logging.h"
@@ -9,6 +10,11 @@
 #include <QDir>
 
 namespace zel::recent {
+namespace {
+
+constexpr int RoamingRequest = 1;
+
+} // namespace
 
 RecentProxy::RecentProxy(const RecentPlaces &places, WorkMode mode, KRecentFileEvents &events)
     : m_events(events), m_thread(std::make_unique<RecentThread>(places, mode, *this))
@@ -30,15 +36,54 @@ void RecentProxy::initKind(int)
     m_thread->post([](RecentWorker &worker) { worker.load(); });
 }
 
-void RecentProxy::requestRoaming(int requestKind, const QString &, bool)
+void RecentProxy::setCloudService(KCloudSvrProxy *cloud)
 {
-    qCDebug(lcRecent) << "no source of roaming records, request kind" << requestKind;
+    if (!m_source && cloud)
+        makeSource();
+    if (m_source)
+        m_source->setCloud(cloud);
+}
+
+void RecentProxy::makeSource()
+{
+    m_source = std::make_unique<RoamingSource>();
+    connect(m_source.get(), &RoamingSource::userChanged, this, [this](const QString &user) {
+        m_thread->post([user](RecentWorker &worker) { worker.keepRoamingOf(user); });
+    });
+    connect(m_source.get(), &RoamingSource::arrived, this, [this](const RoamingList &list) {
+        m_thread->post([list](RecentWorker &worker) { worker.takeRoaming(list); });
+    });
+    connect(m_source.get(), &RoamingSource::ready, this,
+        [this] { m_thread->post([](RecentWorker &worker) { worker.tellMarks(); }); });
+    connect(m_source.get(), &RoamingSource::told, this, [this](const QVector<ReadMark> &marks) {
+        m_thread->post([marks](RecentWorker &worker) { worker.marksTold(marks); });
+    });
+}
+
+void RecentProxy::requestRoaming(int requestKind, const QString &filter, bool sync)
+{
+    if (requestKind == RoamingRequest && m_source)
+        m_source->request(filter, sync);
 }
 
 void RecentProxy::removeRecords(const QStringList &ids)
 {
     if (!ids.isEmpty())
         m_thread->post([ids](RecentWorker &worker) { worker.removeRecords(ids); });
+}
+
+void RecentProxy::undoRemoval(const RecordInfoList &records)
+{
+    QStringList pinned;
+    for (const RecentFileInfo &record : records) {
+        if (!QDir::isAbsolutePath(record.path))
+            continue;
+        if (record.pinned)
+            pinned.append(record.path);
+        m_thread->post([path = record.path, time = record.lastAccess](
+                           RecentWorker &worker) { worker.noteOpened(path, time); });
+    }
+    setPinned(pinned, true);
 }
 
 void RecentProxy::noteOpened(const QString &path)
@@ -56,6 +101,23 @@ void RecentProxy::checkPresence(const QStringList &ids)
 {
     if (!ids.isEmpty())
         m_thread->post([ids](RecentWorker &worker) { worker.checkPresence(ids); });
+}
+
+void RecentProxy::lookUpSizes()
+{
+    m_thread->post([](RecentWorker &worker) { worker.lookUpSizes(); });
+}
+
+void RecentProxy::setPinned(const QStringList &ids, bool pinned)
+{
+    if (!ids.isEmpty())
+        m_thread->post([ids, pinned](RecentWorker &worker) { worker.setPinned(ids, pinned); });
+}
+
+void RecentProxy::markRead(const QStringList &ids)
+{
+    if (!ids.isEmpty())
+        m_thread->post([ids](RecentWorker &worker) { worker.markRead(ids); });
 }
 
 void RecentProxy::onLoaded(const RecordInfoList &records)
@@ -86,6 +148,18 @@ void RecentProxy::onUpdated(const RecentDelta &delta)
 void RecentProxy::onProblem(const QString &logText)
 {
     Q_EMIT m_events.storeProblem(logText);
+}
+
+void RecentProxy::onReadUntold(const QVector<ReadMark> &marks)
+{
+    if (m_source)
+        m_source->tellRead(marks);
+}
+
+void RecentProxy::onUsed(const QVector<FileUse> &uses)
+{
+    if (m_source)
+        m_source->tellUses(uses);
 }
 
 } // namespace zel::recent

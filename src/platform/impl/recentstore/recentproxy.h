@@ -8,6 +8,7 @@
 namespace zel::recent {
 
 class RecentThread;
+class RoamingSource;
 
 /// The store as the GUI thread sees it: hands wishes to the store's thread, keeps the list that came back,
 /// and emits the notices. Its destruction waits until everything told to it is on disk.
@@ -22,23 +23,32 @@ public:
     bool isKindReady(int kind) const override; ///< all kinds come together
     void initKind(int kind) override;
     RecordInfoList records() const override { return m_records; }
-    /// Does nothing: records of other devices come from the cloud service, which tells the store of none yet.
     void requestRoaming(int requestKind, const QString &filter, bool sync) override;
     void removeRecords(const QStringList &ids) override;
+    void undoRemoval(const RecordInfoList &records) override;
     void noteOpened(const QString &path) override;
     void checkPresence(const QStringList &ids) override;
+    void lookUpSizes() override;
+    void setPinned(const QStringList &ids, bool pinned) override;
+    void markRead(const QStringList &ids) override;
+    void setCloudService(KCloudSvrProxy *cloud) override;
 
     void onLoaded(const RecordInfoList &records);
     void onReplaced(const RecordInfoList &records);
     void onUpdated(const zel::recent::RecentDelta &delta);
     void onProblem(const QString &logText);
+    void onReadUntold(const QVector<zel::recent::ReadMark> &marks);
+    void onUsed(const QVector<zel::recent::FileUse> &uses);
 
 private:
+    void makeSource();
+
     KRecentFileEvents &m_events;
     RecordInfoList m_records;
     bool m_ready = false;
     bool m_loading = false;
     std::unique_ptr<RecentThread> m_thread;
+    std::unique_ptr<RoamingSource> m_source; ///< once there is a cloud service
 };
 
 } // namespace zel::recent

@@ -24,7 +24,7 @@ constexpr int MostRepairs = 3; // in one session; a medium that damages every fi
 StoredRecord nothingOf(const StoredRecord &record)
 {
     StoredRecord nothing;
-    nothing.path = record.path;
+    nothing.id = record.id;
     nothing.rowId = record.rowId;
     return nothing;
 }
@@ -56,7 +56,8 @@ QVector<StoredRecord> salvaged(const QVector<StoredRecord> &records)
     for (StoredRecord record : records) {
         record.rowId = 0;
         record.accesses.clear();
-        if (record.path.startsWith(QLatin1Char('/')) && record.isNeeded())
+        record.roaming = {};
+        if (!record.isRoamingOnly() && record.isNeeded())
             kept.append(record);
     }
     return kept;
@@ -100,18 +101,18 @@ bool RecentRepository::openDatabase(bool again)
         return openDatabase(true);
     }
     makePrivate(m_file);
-    SchemaState state = SchemaState::Failed;
+    sqlite::SchemaState state = sqlite::SchemaState::Failed;
     if (m_connection.open(m_file))
         state = prepareSchema(m_connection);
-    if (state == SchemaState::Ready)
+    if (state == sqlite::SchemaState::Ready)
         return true;
-    const bool unusable = state == SchemaState::Newer || m_connection.failure() == Failure::Damaged;
+    const bool unusable = state == sqlite::SchemaState::Newer || m_connection.failure() == Failure::Damaged;
     if (!unusable || again) {
         loseDatabase();
         return false;
     }
-    setAside(
-        state == SchemaState::Newer ? QStringLiteral("made by a newer version") : m_connection.failureText());
+    setAside(state == sqlite::SchemaState::Newer ? QStringLiteral("made by a newer version")
+                                                 : m_connection.failureText());
     return openDatabase(true);
 }
 
@@ -132,7 +133,7 @@ RecordInfoList RecentRepository::startWith(const QVector<StoredRecord> &records)
     for (const StoredRecord &record : records) {
         if (record.isVisible())
             shown.append(record.toInfo());
-        m_state.insert(record.path, record);
+        m_state.insert(record.id, record);
     }
     return shown;
 }
@@ -185,8 +186,8 @@ std::optional<RecentState> RecentRepository::takeInOthersChanges()
     m_sources = sources;
     m_storedSources = sources;
     for (StoredRecord &mine : m_unwritten) {
-        mine = combined(m_state.value(mine.path), mine);
-        m_state.insert(mine.path, mine);
+        mine = combined(m_state.value(mine.id), mine);
+        m_state.insert(mine.id, mine);
     }
     return before;
 }
@@ -194,9 +195,9 @@ std::optional<RecentState> RecentRepository::takeInOthersChanges()
 bool RecentRepository::write(RecentDelta &delta, const SourceTable &sources)
 {
     for (const StoredRecord &erased : std::as_const(delta.erased))
-        m_unwritten.remove(erased.path);
+        m_unwritten.remove(erased.id);
     for (const StoredRecord &stored : std::as_const(delta.stored))
-        m_unwritten.remove(stored.path);
+        m_unwritten.remove(stored.id);
     for (const StoredRecord &record : std::as_const(m_unwritten))
         (record.isNeeded() ? delta.stored : delta.erased).append(record);
     m_database.erase(delta.erased);
@@ -209,9 +210,9 @@ bool RecentRepository::write(RecentDelta &delta, const SourceTable &sources)
 void RecentRepository::keepUnwritten(const RecentDelta &delta)
 {
     for (const StoredRecord &record : delta.stored)
-        m_unwritten.insert(record.path, record);
+        m_unwritten.insert(record.id, record);
     for (const StoredRecord &record : delta.erased)
-        m_unwritten.insert(record.path, nothingOf(record));
+        m_unwritten.insert(record.id, nothingOf(record));
 }
 
 void RecentRepository::handleFailure()
@@ -266,7 +267,7 @@ void RecentRepository::writeEverything()
     }
     m_connection.clearFailure();
     for (const StoredRecord &record : std::as_const(m_state))
-        m_unwritten.insert(record.path, record);
+        m_unwritten.insert(record.id, record);
 }
 
 void RecentRepository::setAside(const QString &why)

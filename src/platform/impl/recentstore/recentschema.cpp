@@ -30,33 +30,38 @@ CREATE TABLE access(
     PRIMARY KEY(record_id, source_id)) WITHOUT ROWID;
 )sql",
     "ALTER TABLE record ADD COLUMN missing_since INTEGER NOT NULL DEFAULT 0",
+    R"sql(
+ALTER TABLE record ADD COLUMN size INTEGER NOT NULL DEFAULT -1;
+ALTER TABLE record ADD COLUMN pin_time INTEGER NOT NULL DEFAULT 0;
+CREATE TABLE roaming(
+    record_id INTEGER PRIMARY KEY,
+    user TEXT NOT NULL,
+    roaming_id TEXT NOT NULL,
+    file_id TEXT NOT NULL,
+    name TEXT NOT NULL,
+    device_name TEXT NOT NULL,
+    used_path TEXT NOT NULL,
+    cache_path TEXT NOT NULL,
+    found_path TEXT NOT NULL,
+    time INTEGER NOT NULL,
+    size INTEGER NOT NULL,
+    unread INTEGER NOT NULL,
+    forgotten_time INTEGER NOT NULL,
+    read_untold INTEGER NOT NULL);
+)sql",
 };
 static_assert(std::size(Migrations) == SchemaVersion);
 
-bool migrate(sqlite::Database &database)
-{
-    sqlite::Transaction transaction(database);
-    // Read again under the lock: another process may have been quicker.
-    for (qint64 version = database.number("PRAGMA user_version"); version >= 0 && version < SchemaVersion;
-         ++version)
-        database.exec(Migrations[version]);
-    database.exec(qPrintable(QStringLiteral("PRAGMA user_version=%1").arg(SchemaVersion)));
-    return transaction.commit();
-}
-
 } // namespace
 
-SchemaState prepareSchema(sqlite::Database &database)
+sqlite::SchemaState prepareSchema(sqlite::Database &database)
 {
-    const qint64 version = database.number("PRAGMA user_version");
-    if (version > SchemaVersion)
-        return SchemaState::Newer;
+    if (database.number("PRAGMA user_version") > SchemaVersion)
+        return sqlite::SchemaState::Newer;
     database.useWriteAheadLog();
     database.exec("PRAGMA synchronous=NORMAL");
     database.exec("PRAGMA journal_size_limit=4194304");
-    if (version < SchemaVersion)
-        migrate(database);
-    return database.failure() == sqlite::Failure::None ? SchemaState::Ready : SchemaState::Failed;
+    return sqlite::migrateFile(database, Migrations);
 }
 
 } // namespace zel::recent

@@ -1,18 +1,12 @@
 #pragma once
 
-#include "base/sqlite/database.h"
+#include "base/sqlite/migrations.h"
 
 namespace zel::recent {
 
-inline constexpr int SchemaVersion = 2; ///< kept in the database's user_version
-
-enum class SchemaState {
-    Ready,
-    Newer,  ///< made by a later version of the box
-    Failed, ///< the database's failure tells why
-};
+inline constexpr int SchemaVersion = 3; ///< kept in the database's user_version
 
 /// Sets the connection up and brings the tables to the present version.
-SchemaState prepareSchema(sqlite::Database &database);
+sqlite::SchemaState prepareSchema(sqlite::Database &database);
 
 } // namespace zel::recent

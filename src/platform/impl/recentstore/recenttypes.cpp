@@ -10,14 +10,51 @@ int kindOf(int source)
     return source == DesktopSource ? RecentRecordKind::Desktop : RecentRecordKind::Sandbox;
 }
 
+void addRoaming(RecentFileInfo &info, const RoamingPart &part, qint64 lastUseHere)
+{
+    using Presence = RecentFileInfo::Presence;
+    const RoamingItem &item = part.item;
+    info.roamingId = item.roamingId;
+    info.cloudName = item.name;
+    info.cloudFileId = item.fileId.toLongLong();
+    info.cloudBacked = !item.fileId.isEmpty();
+    info.unread = item.unread;
+    if (item.time > lastUseHere)
+        info.deviceName = item.deviceName;
+    if (info.size < 0)
+        info.size = item.size;
+    if (!info.path.isEmpty())
+        return;
+    info.roaming = true;
+    info.displayText = item.name;
+    info.path = part.foundPath;
+    info.presence = part.foundPath.isEmpty() ? Presence::Unknown : Presence::Present;
+}
+
 } // namespace
 
-qint64 StoredRecord::lastAccess() const
+bool StoredRecord::isRoamingOnly() const
+{
+    return !id.startsWith(QLatin1Char('/'));
+}
+
+bool StoredRecord::hasLocalUse() const
+{
+    return openedAt > 0 || pinTime > 0 || !accesses.isEmpty();
+}
+
+qint64 StoredRecord::lastLocalUse() const
 {
     qint64 newest = openedAt;
     for (const RecentAccess &access : accesses)
         newest = std::max(newest, access.time);
     return newest;
+}
+
+qint64 StoredRecord::lastAccess() const
+{
+    const qint64 newest = std::max(lastLocalUse(), pinTime);
+    return roaming ? std::max(newest, roaming->time()) : newest;
 }
 
 int StoredRecord::kind() const
@@ -30,26 +67,29 @@ int StoredRecord::kind() const
             best = kind;
         }
     };
-    if (openedAt > 0)
+    if (openedAt > 0 || pinTime > 0)
         offer(RecentRecordKind::Opened, openedAt);
     for (const RecentAccess &access : accesses)
         offer(kindOf(access.source), access.time);
-    return best;
+    const bool roamed = roaming && roaming->time() > removedTime;
+    return roamed && (isRoamingOnly() || newest <= removedTime) ? int(RecentRecordKind::Roaming) : best;
 }
 
 bool StoredRecord::isVisible() const
 {
-    return (openedAt > 0 || !accesses.isEmpty()) && lastAccess() > removedTime;
+    if (hasLocalUse() && !isRoamingOnly() && std::max(lastLocalUse(), pinTime) > removedTime)
+        return true;
+    return roaming && roaming->time() > removedTime;
 }
 
 bool StoredRecord::isNeeded() const
 {
-    return openedAt > 0 || removedTime >= 0 || !accesses.isEmpty();
+    return hasLocalUse() || removedTime >= 0 || roaming;
 }
 
 bool StoredRecord::isBoxOnly() const
 {
-    return openedAt > 0 && accesses.isEmpty();
+    return openedAt > 0 && accesses.isEmpty() && pinTime == 0;
 }
 
 const RecentAccess *StoredRecord::accessOf(int source) const
@@ -81,14 +121,35 @@ void StoredRecord::dropAccess(int source)
 RecentFileInfo StoredRecord::toInfo() const
 {
     RecentFileInfo info;
-    info.id = path;
+    info.id = id;
     info.kind = kind();
-    info.path = path;
-    info.displayText = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
     info.mimeType = mimeType;
     info.lastAccess = lastAccess();
+    info.size = size;
+    info.pinned = pinTime > 0;
     info.presence = presence;
+    if (!isRoamingOnly()) {
+        info.path = id;
+        info.displayText = id.mid(id.lastIndexOf(QLatin1Char('/')) + 1);
+    }
+    if (roaming)
+        addRoaming(info, *roaming, lastLocalUse());
     return info;
+}
+
+QString roamingRecordId(const QString &roamingId)
+{
+    return QLatin1String("roaming:") + roamingId;
+}
+
+RecentDelta &RecentDelta::operator+=(const RecentDelta &other)
+{
+    stored += other.stored;
+    erased += other.erased;
+    added += other.added;
+    removed += other.removed;
+    changed += other.changed;
+    return *this;
 }
 
 } // namespace zel::recent

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "krecentfile.h"
+#include "roamingtypes.h"
 
 #include <QHash>
 #include <QStringList>
@@ -44,32 +45,41 @@ struct RecentAccess
     bool operator==(const RecentAccess &) const = default;
 };
 
-/// Everything the store knows of one path. The record that is shown derives from it.
+/// Everything the store knows of one document. The record that is shown derives from it.
 struct StoredRecord
 {
-    QString path;
+    QString id; ///< absolute path; of a document that only the cloud service tells of roamingRecordId()
     QString mimeType;
     qint64 rowId = 0;        ///< 0: not in the database yet
     qint64 openedAt = 0;     ///< last opened in the box; 0: never
-    qint64 removedTime = -1; ///< accesses up to this time are forgotten; -1: never removed
-    RecentFileInfo::Presence presence = RecentFileInfo::Presence::Unknown;
+    qint64 removedTime = -1; ///< uses up to this time are forgotten; -1: never removed
+    qint64 pinTime = 0;      ///< newest use known while it was pinned; 0: it is not pinned
+    qint64 size = -1;        ///< of the local file, as last seen; -1: not known
+    RecentFileInfo::Presence presence = RecentFileInfo::Presence::Unknown; ///< of the local file
     qint64 missingSince = 0;                   ///< when it was first found missing; 0: it is not
     QVarLengthArray<RecentAccess, 2> accesses; ///< one per source that lists the path
+    RoamingRef roaming;
 
     bool operator==(const StoredRecord &) const = default;
 
-    qint64 lastAccess() const; ///< newest of openedAt and all accesses
-    int kind() const;          ///< of the newest access; Opened before Desktop before Sandbox when equal
-    bool isVisible() const;    ///< there is an access newer than the removal
-    bool isNeeded() const;     ///< false: nothing is lost when the record is dropped
-    bool isBoxOnly() const;    ///< nobody but the box tells of it
+    bool isRoamingOnly() const; ///< by its id
+    bool hasLocalUse() const;   ///< opened here, listed or pinned
+    qint64 lastLocalUse() const;
+    qint64 lastAccess() const; ///< newest of all uses, also those that other devices and the pin know
+    int
+    kind() const; ///< of the newest local use, Opened before Desktop before Sandbox when equal; else Roaming
+    bool isVisible() const; ///< there is a use newer than the removal
+    bool isNeeded() const;  ///< false: nothing is lost when the record is dropped
+    bool isBoxOnly() const; ///< no list tells of it, and it is not pinned
     const RecentAccess *accessOf(int source) const;
     void setAccess(int source, qint64 time); ///< a forgotten time stays forgotten
     void dropAccess(int source);
     RecentFileInfo toInfo() const;
 };
 
-using RecentState = QHash<QString, StoredRecord>; ///< by path
+QString roamingRecordId(const QString &roamingId);
+
+using RecentState = QHash<QString, StoredRecord>; ///< by id
 
 /// A source as the database remembers it.
 struct SourceInfo
@@ -79,6 +89,16 @@ struct SourceInfo
     bool operator==(const SourceInfo &) const = default;
 };
 using SourceTable = QHash<QString, SourceInfo>; ///< by name: "desktop", "sandbox:<application>"
+
+/// What a look at a file found.
+struct FileLook
+{
+    RecentFileInfo::Presence presence = RecentFileInfo::Presence::Unknown;
+    qint64 size = -1; ///< of a regular file; else -1
+    qint64 mtime = 0; ///< ms since epoch, UTC
+    bool operator==(const FileLook &) const = default;
+};
+using FileLooks = QHash<QString, FileLook>; ///< by path
 
 /// What one operation changes: in the store, and in the list that is shown.
 struct RecentDelta
@@ -92,6 +112,7 @@ struct RecentDelta
     bool storesNothing() const { return stored.isEmpty() && erased.isEmpty(); }
     bool showsNothing() const { return added.isEmpty() && removed.isEmpty() && changed.isEmpty(); }
     int shownCount() const { return added.size() + removed.size() + changed.size(); }
+    RecentDelta &operator+=(const RecentDelta &other); ///< which is about other records
 };
 
 /// What a list said when it was read.
@@ -106,5 +127,6 @@ struct XbelImport
 
 } // namespace zel::recent
 
+Q_DECLARE_METATYPE(zel::recent::FileLooks)
 Q_DECLARE_METATYPE(zel::recent::RecentDelta)
 Q_DECLARE_METATYPE(zel::recent::XbelImport)

@@ -1,6 +1,7 @@
 #include "recentworker.h"
 
 #include "recentmerge.h"
+#include "roamingmerge.h"
 
 #include "base/logging.h"
 
@@ -15,7 +16,6 @@ namespace {
 constexpr int LargestDelta = 5000; // beyond it the whole list is handed over anew
 constexpr int RetryMs = 2000;
 constexpr qint64 RemovalLifetimeMs = 180LL * 24 * 3600 * 1000;
-constexpr qint64 MissingLifetimeMs = 180LL * 24 * 3600 * 1000;
 constexpr int MostBoxOnly = 10000;
 
 int sourceId(SourceTable &sources, const QString &name)
@@ -63,7 +63,7 @@ RecentWorker::RecentWorker(const RecentPlaces &places, WorkMode mode)
       m_mode(mode),
       m_repository(places.database, [this](const QString &text) { Q_EMIT problem(text); })
 {
-    connect(&m_checker, &PresenceChecker::found, this, &RecentWorker::keepPresence);
+    connect(&m_checker, &PresenceChecker::found, this, &RecentWorker::keepLooks);
     m_retry.setSingleShot(true);
     m_retry.setInterval(RetryMs);
     connect(&m_retry, &QTimer::timeout, this, [this] {
@@ -136,7 +136,10 @@ void RecentWorker::take(const XbelImport &import)
 
 RecentDelta RecentWorker::change(const RecentRepository::Operation &operation, Durability durability)
 {
-    RecentDelta delta = m_repository.change(operation, durability);
+    const auto settled = [&operation](const RecentState &state, SourceTable &sources) {
+        return settleRoaming(state, operation(state, sources));
+    };
+    RecentDelta delta = m_repository.change(settled, durability);
     if (m_repository.isBusy())
         m_retry.start();
     publish(delta);
@@ -159,11 +162,12 @@ void RecentWorker::publish(const RecentDelta &delta)
 void RecentWorker::noteOpened(const QString &path, qint64 time)
 {
     open();
-    const RecentDelta delta =
-        change([&](const RecentState &state, SourceTable &) { return markOpened(state, path, time); },
-            Durability::Full);
-    lookFor(delta.added);
-    lookFor(delta.changed);
+    change([&](const RecentState &state, SourceTable &) { return markOpened(state, path, time); },
+        Durability::Full);
+    if (m_mode == WorkMode::Full)
+        m_usesToTell.insert(path, time);
+    m_checker.check({path}, true);
+    markRead({path}); // seen by opening it
     if (m_mode == WorkMode::ReadOnly)
         return;
     auto &visits = m_edit.visits;
@@ -177,17 +181,15 @@ void RecentWorker::noteOpened(const QString &path, qint64 time)
 void RecentWorker::removeRecords(const QStringList &ids)
 {
     open();
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    change([&](const RecentState &state, SourceTable &) { return markRemoved(state, ids, now); },
+        Durability::Full);
     QStringList paths;
     for (const QString &id : ids) {
         if (id.startsWith(QLatin1Char('/')))
             paths.append(id);
     }
-    if (paths.isEmpty())
-        return;
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    change([&](const RecentState &state, SourceTable &) { return markRemoved(state, paths, now); },
-        Durability::Full);
-    if (m_mode == WorkMode::ReadOnly)
+    if (m_mode == WorkMode::ReadOnly || paths.isEmpty())
         return;
     auto &visits = m_edit.visits;
     const auto gone = [&](const XbelEdit::Visit &visit) { return paths.contains(visit.path); };
@@ -235,35 +237,6 @@ void RecentWorker::findMimeTypes(QVector<XbelEdit::Visit> &visits)
         return v.mimeType == QLatin1String("inode/directory");
     };
     visits.erase(std::remove_if(visits.begin(), visits.end(), isFolder), visits.end());
-}
-
-void RecentWorker::checkPresence(const QStringList &ids)
-{
-    open();
-    QStringList known;
-    for (const QString &id : ids) {
-        if (m_repository.state().contains(id))
-            known.append(id);
-    }
-    m_checker.check(known, true);
-}
-
-void RecentWorker::lookFor(const RecordInfoList &records)
-{
-    QStringList paths;
-    for (const RecentFileInfo &record : records)
-        paths.append(record.path);
-    m_checker.check(paths, false);
-}
-
-void RecentWorker::keepPresence(const PresenceResults &results)
-{
-    const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    const auto mark = [&results, now](const RecentState &state) {
-        return markPresence(state, results, now, now - MissingLifetimeMs);
-    };
-    if (!mark(m_repository.state()).storesNothing())
-        change([&mark](const RecentState &state, SourceTable &) { return mark(state); }, Durability::Relaxed);
 }
 
 void RecentWorker::finish()

@@ -20,6 +20,15 @@ public:
     void noteOpened(const QString &path, qint64 time);
     void removeRecords(const QStringList &ids);
     void checkPresence(const QStringList &ids);
+    void lookUpSizes();
+    void setPinned(const QStringList &ids, bool pinned);
+
+    void takeRoaming(const RoamingList &list);
+    void keepRoamingOf(const QString &user); ///< empty: of nobody
+    void markRead(const QStringList &ids);   ///< readUntold() follows for those that were unread
+    void tellMarks();                        ///< readUntold() with all that the service does not know yet
+    void marksTold(const QVector<ReadMark> &marks);
+
     void writeDesktopList(); ///< what was noted since the last time; also happens by itself
     void finish();           ///< everything is on disk afterwards
 
@@ -27,6 +36,8 @@ Q_SIGNALS:
     void loaded(const RecordInfoList &records);   ///< newest first
     void replaced(const RecordInfoList &records); ///< in place of a delta that is too large
     void updated(const zel::recent::RecentDelta &delta);
+    void readUntold(const QVector<zel::recent::ReadMark> &marks);
+    void used(const QVector<zel::recent::FileUse> &uses); ///< files that are there and worth telling of
     void problem(const QString &logText);
 
 private:
@@ -38,7 +49,9 @@ private:
     RecentDelta change(const RecentRepository::Operation &operation, Durability durability);
     void publish(const RecentDelta &delta);
     void lookFor(const RecordInfoList &records);
-    void keepPresence(const PresenceResults &results);
+    QStringList placesOf(const QStringList &ids);
+    void keepLooks(const FileLooks &looks);
+    void tellUses(const FileLooks &looks);
     void planDesktopList();
     void findMimeTypes(QVector<XbelEdit::Visit> &visits);
 
@@ -47,6 +60,8 @@ private:
     RecentRepository m_repository;
     std::unique_ptr<XbelImporter> m_importer;
     PresenceChecker m_checker;
+    QHash<QString, QString> m_idByPlace; ///< of records without a local one that are looked for
+    QHash<QString, qint64> m_usesToTell; ///< times by path, until the file was looked at
     RecordInfoList m_firstList;
     XbelEdit m_edit; ///< for the desktop's list
     QTimer m_retry;  ///< runs only while the database is busy

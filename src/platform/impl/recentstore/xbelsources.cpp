@@ -3,6 +3,7 @@
 #include "base/paths.h"
 
 #include <QDir>
+#include <QStandardPaths>
 
 namespace zel::recent {
 namespace {
@@ -17,7 +18,10 @@ RecentPlaces RecentPlaces::fromEnvironment()
 {
     const QString data = paths::dataHome();
     return {data + QStringLiteral("/zelbox/recent.db"), data + ListName,
-        QDir::homePath() + QStringLiteral("/.var/app")};
+        QDir::homePath() + QStringLiteral("/.var/app"),
+        {QStringLiteral("/tmp"), QStringLiteral("/var/tmp"), QStringLiteral("/dev/shm"),
+            QStringLiteral("/run/user"), QDir::tempPath(),
+            QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation)}};
 }
 
 QVector<XbelSource> xbelSources(const RecentPlaces &places)

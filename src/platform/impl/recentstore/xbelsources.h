@@ -9,9 +9,10 @@ namespace zel::recent {
 /// Where the store finds and keeps what.
 struct RecentPlaces
 {
-    QString database;    ///< recent.db
-    QString desktopList; ///< the desktop's recently-used.xbel
-    QString sandboxRoot; ///< folder with one folder per sandboxed application
+    QString database;               ///< recent.db
+    QString desktopList;            ///< the desktop's recently-used.xbel
+    QString sandboxRoot;            ///< folder with one folder per sandboxed application
+    QStringList temporaryFolders{}; ///< no other device is told what is opened in them
 
     static RecentPlaces fromEnvironment();
 };

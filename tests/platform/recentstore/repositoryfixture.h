@@ -1,0 +1,87 @@
+#pragma once
+
+#include "recentfixture.h"
+
+#include "platform/impl/recentstore/recentmerge.h"
+#include "platform/impl/recentstore/recentrepository.h"
+
+namespace zel::recent::test {
+
+/// An open database and what is done to it.
+struct Opened
+{
+    QStringList problems;
+    RecentRepository repository;
+    RecordInfoList shown;
+
+    explicit Opened(const Home &home) : Opened(home.places.database) { }
+    explicit Opened(const QString &database)
+        : repository(database, [this](const QString &text) { problems.append(text); }),
+          shown(repository.open())
+    {
+    }
+    template <class Work> RecentDelta change(const Work &work)
+    {
+        return repository.change(
+            [&](const RecentState &state, SourceTable &) { return work(state); }, Durability::Full);
+    }
+    RecentDelta note(const QString &path, qint64 time)
+    {
+        return change([&](const RecentState &state) { return markOpened(state, path, time); });
+    }
+    RecentDelta remove(const QString &id)
+    {
+        return change([&](const RecentState &state) { return markRemoved(state, {id}, 1000000); });
+    }
+    RecentDelta import(const QVector<XbelEntry> &entries, const FileStamp &stamp = {1, 2, 3})
+    {
+        return repository.change(
+            [&](const RecentState &state, SourceTable &sources) {
+                sources[DesktopSourceName] = {DesktopSource, stamp};
+                return mergeImport(state, DesktopSource, entries, true);
+            },
+            Durability::Relaxed);
+    }
+    QString texts() const
+    {
+        QStringList list;
+        for (const RecentFileInfo &record : visibleRecords(repository.state()))
+            list.append(record.displayText + QLatin1Char(':') + QString::number(record.kind));
+        return list.join(QLatin1Char(' '));
+    }
+};
+
+inline XbelEntry entry(const QString &path, qint64 time)
+{
+    XbelEntry made;
+    made.path = path;
+    made.time = time;
+    made.mimeType = QStringLiteral("text/plain");
+    return made;
+}
+
+inline const QString A = QStringLiteral("/nowhere/a");
+inline const QString B = QStringLiteral("/nowhere/b");
+inline const QString C = QStringLiteral("/nowhere/c");
+
+inline QStringList keptAside(const Home &home)
+{
+    return QDir(QFileInfo(home.places.database).path())
+        .entryList({QStringLiteral("recent.db.damaged-*")}, QDir::AllEntries);
+}
+
+inline void fillDatabase(const Home &home)
+{
+    Opened store(home);
+    store.import({entry(A, 10), entry(B, 20)});
+    store.note(A, 30);
+}
+
+inline void execute(const Home &home, const char *sql)
+{
+    zel::sqlite::Database database;
+    database.open(home.places.database);
+    database.exec(sql);
+}
+
+} // namespace zel::recent::test
