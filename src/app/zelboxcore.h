@@ -85,6 +85,7 @@ private:
     bool openFirstWindow();
     bool waitForWebEngine();
     ZelBoxMainWindow *ensureMainWindow();
+    void startRecentStore();
     void goToBackground();
     void present(QDialog *dialog);
     template <typename Dialog> Dialog *openDialog() const; ///< null when none of this kind is open

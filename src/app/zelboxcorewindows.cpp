@@ -38,10 +38,17 @@ ZelBoxMainWindow *ZelBoxCore::mainWindow() const
     return m_mainWindow;
 }
 
+// Roaming records come through the one cloud service that the box has.
+void ZelBoxCore::startRecentStore()
+{
+    InitRecentFile(WorkMode::Full);
+    KRecentFileProxy::instance()->setCloudService(cloudService());
+}
+
 ZelBoxMainWindow *ZelBoxCore::ensureMainWindow()
 {
     if (!m_mainWindow) {
-        InitRecentFile(WorkMode::Full);
+        startRecentStore();
         m_mainWindow = new ZelBoxMainWindow(this);
         m_mainWindow->restoreWindowState();
         connect(m_mainWindow, &ZelBoxMainWindow::windowClose, this, &ZelBoxCore::onMainWindowClose);
@@ -85,7 +92,7 @@ void ZelBoxCore::showMiniWindow(const QString &startFrom)
 {
     m_startFrom = startFrom;
     if (!m_miniWindow) {
-        InitRecentFile(WorkMode::Full);
+        startRecentStore();
         m_miniWindow = new ZelBoxMiniWindow;
         connect(
             m_miniWindow, &ZelBoxMiniWindow::sigMiniWindowFirstShow, this, &ZelBoxCore::firstMiniWindowShown);
@@ -104,7 +111,7 @@ void ZelBoxCore::onSendMiniWindowShowEvent()
 void ZelBoxCore::showMiniWidget(bool asMainBox)
 {
     if (!m_miniWidget) {
-        InitRecentFile(WorkMode::Full);
+        startRecentStore();
         m_miniWidget = new ZelBoxMiniWidget;
         connect(m_miniWidget, &ZelBoxMiniWidget::sigMiniWindowAboutToHide, this,
             &ZelBoxCore::sigMiniWindowAboutToHide);

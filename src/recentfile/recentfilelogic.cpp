@@ -1,6 +1,7 @@
 #include "recentfile/recentfilelogic.h"
 
 #include "base/logging.h"
+#include "recentfile/recentcloud.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
 
@@ -45,6 +46,7 @@ KRecentFileLogic::KRecentFileLogic(const Services &services, QObject *parent)
     m_roamingTimer.setTimerType(Qt::CoarseTimer); // VeryCoarse would make 0 of less than half a second
     connect(&m_roamingTimer, &QTimer::timeout, this, &KRecentFileLogic::onTimingUpdateRoamingFiles);
     connectStore();
+    connectCloud();
 }
 
 KRecentFileLogic::~KRecentFileLogic()
@@ -63,6 +65,22 @@ void KRecentFileLogic::connectStore()
     connect(events, &Events::recordsChanged, this, &KRecentFileLogic::onRecentRecordInfoChanged);
 }
 
+void KRecentFileLogic::connectCloud()
+{
+    if (!m_services.cloud)
+        return;
+    connect(m_services.cloud, &RecentCloud::shareEnded, this,
+        [this](const RecentFileInfo &record, RecentCloud::Ended ended) {
+            if (ended != RecentCloud::Ended::Done)
+                Q_EMIT shareNotServed(record);
+        });
+}
+
+bool KRecentFileLogic::isCloudReached() const
+{
+    return m_services.cloud && m_services.cloud->isReached();
+}
+
 void KRecentFileLogic::setModel(ZelBoxRecentFileModel *model)
 {
     m_model = model;
@@ -75,7 +93,7 @@ ZelBoxRecentFileModel *KRecentFileLogic::model() const
 
 bool KRecentFileLogic::isLoggedIn() const
 {
-    return m_services.isLoggedIn && m_services.isLoggedIn();
+    return m_services.cloud && m_services.cloud->isLoggedIn();
 }
 
 // Looked up at each use: the process's store comes and goes with InitRecentFile() and UninitRecentFile().
@@ -173,23 +191,36 @@ void KRecentFileLogic::onRecentRecordRemoved(const RecordInfoList &records)
     if (!m_model || m_model->rowCount() == 0 || records.isEmpty())
         return;
     for (const RecentFileInfo &record : records) {
-        if (isShown(record) && m_model->removeRecord(record.id))
-            Q_EMIT itemRemoved(record);
+        if (!isShown(record))
+            continue;
+        const RecentFileInfo answered = askedAbout(record);
+        if (m_model->removeRecord(record.id))
+            Q_EMIT itemRemoved(answered);
     }
     onUpdateRecentTabUnreadPoint();
+}
+
+// Whoever hears of a removed roaming record wants to know whether its file is still there.
+RecentFileInfo KRecentFileLogic::askedAbout(const RecentFileInfo &record) const
+{
+    RecentFileInfo answered = record;
+    if (record.kind == RecentRecordKind::Roaming)
+        answered.cloudBacked = m_services.cloud && m_services.cloud->isInCloud(record);
+    return answered;
 }
 
 void KRecentFileLogic::onRecentRecordInfoChanged(const RecordInfoList &records)
 {
     if (!m_model)
         return;
+    const int unreadBefore = m_model->unreadCount();
     bool rowsCameOrWent = false;
     for (const RecentFileInfo &record : records)
         rowsCameOrWent |= takeChange(record);
-    if (!rowsCameOrWent)
-        return;
-    markPending();
-    onUpdateRecentTabUnreadPoint();
+    if (rowsCameOrWent)
+        markPending();
+    if (rowsCameOrWent || m_model->unreadCount() != unreadBefore)
+        onUpdateRecentTabUnreadPoint();
 }
 
 // A change can also be one of kind, into what is shown or out of it. True when a row came or went.
@@ -313,64 +344,24 @@ void KRecentFileLogic::onUpdateRecentTabUnreadPoint()
 void KRecentFileLogic::clearUnread()
 {
     m_pendingRoamingIds.clear();
-    if (m_model && m_model->clearUnread())
-        onUpdateRecentTabUnreadPoint();
+    if (!m_model)
+        return;
+    const QStringList ids = m_model->unreadMarks().keys();
+    if (!m_model->clearUnread())
+        return;
+    if (store())
+        store()->markRead(ids);
+    onUpdateRecentTabUnreadPoint();
 }
 
-// Also where the answer is known: files go and come back. The store tells only of what has changed.
-void KRecentFileLogic::checkPresence(int firstRow, int lastRow)
+void KRecentFileLogic::clearUnread(const QModelIndex &index)
 {
-    if (!m_model || !store())
+    const auto none = ZelBoxRecentFileModel::NotUnread;
+    if (!m_model || index.model() != m_model || index.data(ZelBoxRecentFileModel::UnreadRole).toInt() == none)
         return;
-    QStringList ids;
-    for (int row = qMax(0, firstRow); row <= qMin(lastRow, m_model->rowCount() - 1); ++row) {
-        const RecentFileInfo &record = m_model->record(row);
-        if (!record.path.isEmpty())
-            ids << record.id;
-    }
-    if (!ids.isEmpty())
-        store()->checkPresence(ids);
-}
-
-void KRecentFileLogic::open(const QModelIndex &index)
-{
-    if (!m_model || index.model() != m_model || !index.isValid())
-        return;
-    const RecentFileInfo record = m_model->record(index.row());
-    if (record.path.isEmpty()) {
-        Q_EMIT openFailed(record.path, OpenProblem::NotOnThisDevice);
-        return;
-    }
-    if (m_opening.contains(record.path)) // an impatient second request
-        return;
-    m_opening.insert(record.path, record.id);
-    KDocumentOpener *const opener = m_services.opener ? m_services.opener : KDocumentOpener::instance();
-    connect(opener, &KDocumentOpener::opened, this, &KRecentFileLogic::onOpened, Qt::UniqueConnection);
-    opener->open(record.path);
-}
-
-// The opener serves every page; only what was asked for here counts here.
-void KRecentFileLogic::onOpened(const QString &path, KDocumentOpener::Outcome outcome)
-{
-    if (!m_opening.contains(path))
-        return;
-    const QString id = m_opening.take(path);
-    qCInfo(lcRecent) << "open:" << outcome;
-    switch (outcome) {
-    case KDocumentOpener::Outcome::Opened:
-        if (store())
-            store()->noteOpened(path);
-        return;
-    case KDocumentOpener::Outcome::Missing:
-        if (store())
-            store()->checkPresence({id}); // the answer greys the row out
-        Q_EMIT openFailed(path, OpenProblem::Missing);
-        return;
-    case KDocumentOpener::Outcome::NotReadable:
-        Q_EMIT openFailed(path, OpenProblem::NotReadable);
-        return;
-    case KDocumentOpener::Outcome::NoProgram:
-        Q_EMIT openFailed(path, OpenProblem::NoProgram);
-        return;
-    }
+    const QString id = m_model->record(index.row()).id;
+    m_model->setData(index, none, ZelBoxRecentFileModel::UnreadRole);
+    if (store())
+        store()->markRead({id});
+    onUpdateRecentTabUnreadPoint();
 }

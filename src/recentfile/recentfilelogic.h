@@ -4,12 +4,13 @@
 #include "krecentfile.h"
 
 #include <QHash>
+#include <QModelIndex>
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
 #include <functional>
 
-class QModelIndex;
+class RecentCloud;
 class ZelBoxRecentFileModel;
 
 /// Controller of the Recent page without widgets: turns the store's notices into rows of the model, keeps the
@@ -24,8 +25,8 @@ public:
         KRecentFileProxy *store = nullptr;
         KRecentFileEvents *events = nullptr;
         KDocumentOpener *opener = nullptr;
-        std::function<bool()> isLoggedIn; ///< empty: nobody is
-        int unreadSyncDelay = 4000;       ///< ms from a notice of unread items to the update it leads to
+        RecentCloud *cloud = nullptr; ///< null: nobody is logged in
+        int unreadSyncDelay = 4000;   ///< ms from a notice of unread items to the update it leads to
     };
     enum class OpenProblem { Missing, NotReadable, NoProgram, NotOnThisDevice };
     Q_ENUM(OpenProblem)
@@ -37,15 +38,24 @@ public:
     void setModel(ZelBoxRecentFileModel *model); ///< not owned
     ZelBoxRecentFileModel *model() const;
     bool isLoggedIn() const;
+    bool isCloudReached() const; ///< the service is there, so that isLoggedIn() means something
     bool isWaitingForFirstLoad() const { return m_waitingForFirstLoad; }
     /// True while all rows are being replaced: the counts told meanwhile are not the last ones,
     /// itemsBatchArrived() follows.
     bool isReloading() const { return m_reloading; }
 
-    void loadAll();                      ///< full load; asks the store to get ready first when it is not
+    void loadAll(); ///< full load; asks the store to get ready first when it is not
+    // These take indexes of the model.
     void open(const QModelIndex &index); ///< openFailed() follows when it does not work out
-    void checkPresence(int firstRow, int lastRow); ///< of the files that these rows are for
-    void clearUnread(); ///< tells recentFileUnreadMsgCount() when something was unread
+    void openPath(const QString &path);  ///< the same, for a file that need not be on the list
+    void openWith(const QModelIndex &index, const QString &programId); ///< the same, with this program
+    /// Asks the cloud service to show its dialog. Dropped silently when nobody is logged in.
+    void share(const QModelIndex &index);
+    void checkPresence(const QModelIndexList &rows); ///< of the files that these rows are for
+    /// The user has seen what other devices did, here and there. Tells recentFileUnreadMsgCount() when
+    /// something was unread.
+    void clearUnread();
+    void clearUnread(const QModelIndex &index); ///< of one row
 
 Q_SIGNALS:
     void itemAdded(RecentFileInfo info);
@@ -55,6 +65,8 @@ Q_SIGNALS:
     void recentFileUnreadMsgCount(quint64 count);
     void needToWaitFirstLoading(); ///< show the loading state until firstLoadingFinish()
     void firstLoadingFinish();
+    /// The service did not show its dialog for sharing.
+    void shareNotServed(const RecentFileInfo &record);
     void openFailed(const QString &path, KRecentFileLogic::OpenProblem problem);
 
 public Q_SLOTS:
@@ -74,6 +86,7 @@ public Q_SLOTS:
 private:
     KRecentFileProxy *store() const;
     void connectStore();
+    void connectCloud();
     bool canLoad() const;
     void finishWaiting();
     void rebuildRows();
@@ -82,7 +95,10 @@ private:
     void rememberPending(const QStringList &ids);
     bool takeChange(const RecentFileInfo &record);
     void logOut();
+    bool beginOpening(const RecentFileInfo &record);
+    KDocumentOpener *opener();
     void onOpened(const QString &path, KDocumentOpener::Outcome outcome);
+    RecentFileInfo askedAbout(const RecentFileInfo &record) const;
     RecordInfoList shownRecords() const;
 
     QTimer m_roamingTimer{this};

@@ -1,60 +1,16 @@
 #include "recentfile/recentfilemodel.h"
 
 #include "base/clock.h"
+#include "recentfile/documentkind.h"
+#include "recentfile/recordtexts.h"
 #include "recentfile/timetext.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QSet>
 
 using namespace zel::recent;
 
 namespace {
-
-QDateTime accessTime(const RecentFileInfo &record)
-{
-    return QDateTime::fromMSecsSinceEpoch(record.lastAccess);
-}
-
-QString localName(const RecentFileInfo &record)
-{
-    const QString name = record.path.mid(record.path.lastIndexOf(QLatin1Char('/')) + 1);
-    return name.isEmpty() ? record.displayText : name;
-}
-
-QString shownName(const RecentFileInfo &record)
-{
-    return record.roaming && !record.cloudName.isEmpty() ? record.cloudName : localName(record);
-}
-
-QVector<int> changedRoles(const RecentFileInfo &before, const RecentFileInfo &after)
-{
-    using Model = ZelBoxRecentFileModel;
-    QVector<int> roles;
-    if (before.lastAccess != after.lastAccess)
-        roles << Model::LastAccessRole << Model::TimeTextRole << Model::GroupKindRole;
-    if (before.path != after.path)
-        roles << Model::PathRole << Model::SuffixRole << Model::BaseNameRole << Qt::ToolTipRole;
-    if (before.displayText != after.displayText)
-        roles << Model::DisplayTextRole;
-    if (before.cloudName != after.cloudName)
-        roles << Model::CloudNameRole;
-    if (shownName(before) != shownName(after))
-        roles << Model::NameRole << Qt::DisplayRole;
-    if (before.cloudBacked != after.cloudBacked)
-        roles << Model::CloudBackedRole;
-    if (before.roaming != after.roaming)
-        roles << Model::RoamingRole;
-    if (before.unread != after.unread)
-        roles << Model::UnreadRole;
-    if (before.cloudFileId != after.cloudFileId)
-        roles << Model::CloudFileIdRole;
-    if (before.presence != after.presence)
-        roles << Model::PresenceRole;
-    if (!roles.isEmpty())
-        roles << Qt::AccessibleTextRole;
-    return roles;
-}
 
 int unreadIn(const RecentFileInfo &record)
 {
@@ -80,12 +36,16 @@ QVariant ZelBoxRecentFileModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid | CheckIndexOption::ParentIsInvalid))
         return {};
-    const RecentFileInfo &record = m_rows.at(index.row());
+    return recordData(m_rows.at(index.row()), role);
+}
+
+QVariant ZelBoxRecentFileModel::recordData(const RecentFileInfo &record, int role) const
+{
     switch (role) {
     case Qt::DisplayRole:
         return shownName(record);
     case Qt::ToolTipRole:
-        return QDir::toNativeSeparators(record.path);
+        return toolTip(record);
     case Qt::AccessibleTextRole:
         return accessibleText(record);
     }
@@ -110,9 +70,9 @@ QVariant ZelBoxRecentFileModel::roleData(const RecentFileInfo &record, Role role
     case NameRole:
         return shownName(record);
     case LastAccessRole:
-        return accessTime(record);
+        return QDateTime::fromMSecsSinceEpoch(record.lastAccess);
     case TimeTextRole:
-        return timeText(accessTime(record), zel::now());
+        return timeText(QDateTime::fromMSecsSinceEpoch(record.lastAccess), zel::now());
     case CloudBackedRole:
         return record.cloudBacked;
     case RoamingRole:
@@ -125,20 +85,18 @@ QVariant ZelBoxRecentFileModel::roleData(const RecentFileInfo &record, Role role
         return int(record.presence);
     case GroupKindRole:
         return timeGroupKind(m_edges, record.lastAccess);
+    case SizeRole:
+        return record.size;
+    case PinnedRole:
+        return record.pinned;
+    case DeviceNameRole:
+        return record.deviceName;
+    case RoamingIdRole:
+        return record.roamingId;
+    case DocumentKindRole:
+        return int(documentKind(shownName(record)));
     }
     return {};
-}
-
-QString ZelBoxRecentFileModel::accessibleText(const RecentFileInfo &record) const
-{
-    QStringList parts{shownName(record), timeText(accessTime(record), zel::now())};
-    if (record.presence == RecentFileInfo::Presence::Missing)
-        parts << tr("Missing");
-    if (record.unread == New)
-        parts << tr("New");
-    else if (record.unread != NotUnread)
-        parts << tr("Modify");
-    return parts.join(QStringLiteral(", "));
 }
 
 bool ZelBoxRecentFileModel::setData(const QModelIndex &index, const QVariant &value, int role)
@@ -209,7 +167,7 @@ bool ZelBoxRecentFileModel::updateRecord(const RecentFileInfo &record)
     if (row < 0)
         return false;
     RecentFileInfo next = record;
-    if (next.unread == NotUnread)
+    if (next.unread == NotUnread && next.roamingId.isEmpty())
         next.unread = m_rows.at(row).unread;
     const QVector<int> roles = changedRoles(m_rows.at(row), next);
     m_unread += unreadIn(next) - unreadIn(m_rows.at(row));

@@ -31,6 +31,11 @@ public:
         CloudFileIdRole = Qt::UserRole + 16,
         PresenceRole = Qt::UserRole + 20,  ///< RecentFileInfo::Presence as int
         GroupKindRole = Qt::UserRole + 21, ///< 1 to 7
+        SizeRole = Qt::UserRole + 22,      ///< qint64, bytes; -1: not known
+        PinnedRole = Qt::UserRole + 23,
+        DeviceNameRole = Qt::UserRole + 24, ///< where it was used last when that was not here
+        RoamingIdRole = Qt::UserRole + 25,
+        DocumentKindRole = Qt::UserRole + 26, ///< zel::recent::DocumentKind as int
     };
     Q_ENUM(Role)
     enum UnreadMark { NotUnread = -1, New = 0, Modified = 1 };
@@ -57,13 +62,22 @@ public:
     /// Puts the record where its time belongs; one whose id is there already is updated instead. Returns its
     /// row, -1 for a record without id.
     int addRecord(const RecentFileInfo &record);
-    /// Takes over a changed record, moving its row when its time says so; keeps an unread mark that the
-    /// record does not carry. False when there is no such row.
+    /// Takes over a changed record, moving its row when its time says so. False when there is no such row.
+    /// Unread marks of records with a roaming id are kept by the store, so theirs is taken over; any other
+    /// keeps the mark that markUnread() set.
     bool updateRecord(const RecentFileInfo &record);
     bool removeRecord(const QString &id);
 
     int rowOf(const QString &id) const { return m_rows.rowOf(id); } ///< -1 when there is none
     const RecentFileInfo &record(int row) const { return m_rows.at(row); }
+    QVariant recordData(const RecentFileInfo &record, int role) const; ///< data() of the record's row
+
+    /// Slots are for who keeps rows in an order of its own: a record's slot is the same number while it has a
+    /// row, wherever that moves.
+    quint32 slotAt(int row) const { return m_rows.slotAt(row); }
+    int slotCount() const { return m_rows.slotCount(); } ///< above every slot in use
+    const RecentFileInfo &recordIn(quint32 slot) const { return m_rows.inSlot(slot); }
+    int rowOfSlot(quint32 slot) const { return m_rows.rowOfSlot(slot); } ///< O(log n); only of one in use
 
     /// Marks the rows whose record id, or else cloud file id, is in `messages`; unread ones keep their mark.
     MarkResult markUnread(const ZELBOX_ROAMING_MSGLIST &messages, UnreadMark mark);
@@ -72,6 +86,7 @@ public:
     QHash<QString, int> unreadMarks() const; ///< id -> mark of the unread rows
 
     const zel::recent::TimeGroups &groups() const { return m_groups; }
+    const zel::recent::TimeGroupEdges &groupEdges() const { return m_edges; }
     /// Regroups and lets every row tell its time anew when the day or the time zone is another one by now.
     void refreshDay();
     void retranslate(); ///< the same for another language
@@ -82,7 +97,6 @@ Q_SIGNALS:
 
 private:
     QVariant roleData(const RecentFileInfo &record, Role role) const;
-    QString accessibleText(const RecentFileInfo &record) const;
     void setUnread(int row, UnreadMark mark);
     void markCloudFiles(const ZELBOX_ROAMING_MSGLIST &messages, UnreadMark mark, MarkResult &result);
     void regroup();

@@ -5,7 +5,7 @@
 
 namespace zel::recent {
 
-static bool comesBefore(const RecentFileInfo &a, const RecentFileInfo &b)
+bool comesBefore(const RecentFileInfo &a, const RecentFileInfo &b)
 {
     return a.lastAccess != b.lastAccess ? a.lastAccess > b.lastAccess : a.id < b.id;
 }

@@ -7,6 +7,9 @@
 
 namespace zel::recent {
 
+/// The order of the rows: newest first, equal times by id. Never true both ways.
+bool comesBefore(const RecentFileInfo &a, const RecentFileInfo &b);
+
 /// The records of the list, newest first (equal times by id), found by row and by id. Plain container, one
 /// thread. Records never move in memory: a row is a number into them, so adding to or removing from the
 /// middle of 100,000 rows shifts numbers only.
@@ -19,7 +22,13 @@ public:
     void clear();
 
     int size() const { return int(m_order.size()); }
-    const RecentFileInfo &at(int row) const { return m_slots[int(m_order[size_t(row)])]; }
+    const RecentFileInfo &at(int row) const { return m_slots.at(int(m_order[size_t(row)])); }
+    /// The number of a row's record: stays the same while the record is here, wherever its row moves.
+    quint32 slotAt(int row) const { return m_order[size_t(row)]; }
+    int slotCount() const { return m_slots.size(); } ///< above every slot in use
+    const RecentFileInfo &inSlot(quint32 slot) const { return m_slots.at(int(slot)); }
+    int rowOfSlot(quint32 slot) const { return placeFor(inSlot(slot)); } ///< of a slot in use; O(log n)
+
     int rowOf(const QString &id) const;               ///< -1 when there is none; O(log n)
     int placeFor(const RecentFileInfo &record) const; ///< row before which the order puts it; O(log n)
 

@@ -37,6 +37,12 @@ QString readInterval()
     return settings.value(keys::UpdateRoamingFilesInterval, QStringLiteral("1800000")).toString();
 }
 
+// In the order of RecentSort::Key.
+QStringList sortKeyNames()
+{
+    return {QStringLiteral("time"), QStringLiteral("name"), QStringLiteral("size"), QStringLiteral("type")};
+}
+
 } // namespace
 
 int kindMask()
@@ -61,6 +67,45 @@ int loadingTimeout()
 {
     const int timeout = readNumber(keys::RecentFileLoadingOuttimeTime, DefaultLoadingTimeout);
     return timeout > 0 ? timeout : DefaultLoadingTimeout;
+}
+
+bool remindersOn()
+{
+    KSettings settings;
+    settings.beginGroup(keys::Zelbox);
+    return settings.value(keys::RemindMsg, true).toBool() && !settings.value(keys::IgnoreMsg, false).toBool();
+}
+
+void setRemindersOn(bool on)
+{
+    KSettings settings;
+    settings.beginGroup(keys::Zelbox);
+    settings.setValue(keys::RemindMsg, on);
+    settings.setValue(keys::IgnoreMsg, !on);
+}
+
+RecentSort storedSort()
+{
+    KSettings settings;
+    settings.beginGroup(keys::Plugins);
+    settings.beginGroup(keys::Zelbox);
+    RecentSort sort;
+    const int key = sortKeyNames().indexOf(settings.value(keys::RecentSortKey).toString());
+    if (key < 0)
+        return sort;
+    sort.key = RecentSort::Key(key);
+    const bool descending = settings.value(keys::RecentSortDescending, true).toBool();
+    sort.order = descending ? Qt::DescendingOrder : Qt::AscendingOrder;
+    return sort;
+}
+
+void storeSort(const RecentSort &sort)
+{
+    KSettings settings;
+    settings.beginGroup(keys::Plugins);
+    settings.beginGroup(keys::Zelbox);
+    settings.setValue(keys::RecentSortKey, sortKeyNames().at(int(sort.key)));
+    settings.setValue(keys::RecentSortDescending, sort.order == Qt::DescendingOrder);
 }
 
 void resetSettingsCache()

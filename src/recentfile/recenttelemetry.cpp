@@ -7,6 +7,7 @@
 #include <QDateTime>
 #include <QFileInfo>
 #include <QThreadPool>
+#include <iterator>
 
 namespace zel::recent::telemetry {
 
@@ -30,12 +31,54 @@ QString updateText(int unread)
     return QStringLiteral("modify");
 }
 
+// In the order of Event.
+constexpr const char *Names[] = {
+    "carrypopup_show",
+    "carrypopup_knowclick",
+    "carrypopup_closeclick",
+    "carrypopup_clientjumpclick",
+    "carrypopup_webjumpclick",
+    "clearclick",
+    "deletepage_show",
+    "deletepage_confirmchick",
+    "deletefilepage_show",
+    "deletefilepage_confirmchick",
+    "emptypage_show",
+    "emptypage_loginclick",
+    "emptypage_enablecarryclick",
+    "emptypage_clientjumpclick",
+    "emptypage_webjumpclick",
+    "enablecarryclick",
+    "filelist_show",
+    "filelist_moreclick",
+    "filelist_rightclick",
+    "filelist_shareclick",
+    "morelist_show",
+    "multideviceclick",
+    "noticeclick",
+    "rightlist_show",
+    "rightlist_openclick",
+    "rightlist_appclick",
+    "rightlist_openpathclick",
+    "rightlist_shareclick",
+    "rightlist_deleteclick",
+    "rightlist_deletefileclick",
+    "rightlist_tipofffileclick",
+    "timeout_show",
+};
+static_assert(std::size(Names) == size_t(Event::TimeoutShow) + 1);
+
 void post(const char *event, const Parameters &parameters = {})
 {
     KDcInfoC::postGeneralEvent(QStringLiteral("zelbox_mainbox_recent_") + QLatin1String(event), parameters);
 }
 
 } // namespace
+
+void post(Event event)
+{
+    post(Names[size_t(event)]);
+}
 
 void pageShown(const PageState &state)
 {
@@ -44,16 +87,6 @@ void pageShown(const PageState &state)
             {QStringLiteral("notenablecarry"), boolText(!state.roamingOn)},
             {QStringLiteral("badgenumber"), QString::number(state.unread)},
             {QStringLiteral("resultcount"), QString::number(state.rows)}});
-}
-
-void emptyPageShown()
-{
-    post("emptypage_show");
-}
-
-void listShown()
-{
-    post("filelist_show");
 }
 
 void clicked(int row, const RecentFileInfo &record)
@@ -83,16 +116,16 @@ void doubleClicked(int row, const RecentFileInfo &record)
             {QStringLiteral("doubleclick"), boolText(true)}});
 }
 
-void timeoutShown()
-{
-    post("timeout_show");
-}
-
 void timeoutClicked(TimeoutTarget target)
 {
     post("timeout_click",
         {{QStringLiteral("target"),
             target == TimeoutTarget::Redo ? QStringLiteral("redo") : QStringLiteral("feedback")}});
+}
+
+void remindersSwitchedOff()
+{
+    post("morelist_disablenotice", {{QStringLiteral("checkbox"), boolText(true)}});
 }
 
 } // namespace zel::recent::telemetry

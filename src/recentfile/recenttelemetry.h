@@ -8,6 +8,43 @@
 /// while data collection is off.
 namespace zel::recent::telemetry {
 
+/// What is told by its name alone.
+enum class Event {
+    CarryPopupShow,
+    CarryPopupKnowClick,
+    CarryPopupCloseClick,
+    CarryPopupClientJumpClick,
+    CarryPopupWebJumpClick,
+    ClearClick,
+    DeletePageShow,
+    DeletePageConfirmClick,
+    DeleteFilePageShow,
+    DeleteFilePageConfirmClick,
+    EmptyPageShow,
+    EmptyPageLoginClick,
+    EmptyPageEnableCarryClick,
+    EmptyPageClientJumpClick,
+    EmptyPageWebJumpClick,
+    EnableCarryClick,
+    ListShow,
+    ListMoreClick,
+    ListRightClick,
+    ListShareClick,
+    MoreListShow,
+    MultiDeviceClick,
+    NoticeClick,
+    RightListShow,
+    RightListOpenClick,
+    RightListAppClick,
+    RightListOpenPathClick,
+    RightListShareClick,
+    RightListDeleteClick,
+    RightListDeleteFileClick,
+    RightListTipOffFileClick,
+    TimeoutShow,
+};
+void post(Event event);
+
 enum class TimeoutTarget { Redo, Feedback };
 
 struct PageState
@@ -19,12 +56,10 @@ struct PageState
 };
 
 void pageShown(const PageState &state);
-void emptyPageShown();
-void listShown();
 /// The size is looked up on a worker thread, so the event may come a little later.
 void clicked(int row, const RecentFileInfo &record);
 void doubleClicked(int row, const RecentFileInfo &record);
-void timeoutShown();
 void timeoutClicked(TimeoutTarget target);
+void remindersSwitchedOff();
 
 } // namespace zel::recent::telemetry

@@ -5,6 +5,7 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <csignal>
+#include <memory>
 
 /// The real service in a runtime folder and a data folder of its own; may be killed and started again on the
 /// same data.

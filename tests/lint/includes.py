@@ -18,7 +18,7 @@ ALLOWED = {
     "radar": ["base"],
     "message": ["base"],
     "widgets": [PLATFORM, "base"],
-    "recentfile": [PLATFORM, "base"],
+    "recentfile": [PLATFORM, "base", "cloud/wire"],
     "recentfile/ui": [PLATFORM, "base", "widgets", "recentfile"],
     "mainwindow": ["base"],
     "mainwindow/ui": [PLATFORM, "base", "widgets", "cloud", "mainwindow", "recentfile"],

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kdocumentopener.h"
+#include "kfiletrash.h"
 #include "recentfile/records.h"
 
 #include <algorithm>
@@ -22,23 +23,29 @@ public:
         say(QStringLiteral("roaming %1%2%3")
                 .arg(QString::number(kind), filter, sync ? QStringLiteral(" sync") : QString()));
     }
-    void removeRecords(const QStringList &ids) override
+    void removeRecords(const QStringList &ids) override { say(QStringLiteral("forget"), ids); }
+    void undoRemoval(const RecordInfoList &records) override
     {
-        say(QStringLiteral("forget ") + ids.join(QLatin1Char(' ')));
+        for (const RecentFileInfo &each : records)
+            say(QStringLiteral("unforget"), {each.id});
     }
-    void noteOpened(const QString &path) override { say(QStringLiteral("note ") + path); }
-    void checkPresence(const QStringList &ids) override
+    void noteOpened(const QString &path) override { say(QStringLiteral("note"), {path}); }
+    void checkPresence(const QStringList &ids) override { say(QStringLiteral("check"), ids); }
+    void lookUpSizes() override { say(QStringLiteral("sizes")); }
+    void setPinned(const QStringList &ids, bool pinned) override
     {
-        say(QStringLiteral("check ") + ids.join(QLatin1Char(' ')));
+        say(pinned ? QStringLiteral("pin") : QStringLiteral("unpin"), ids);
     }
+    void markRead(const QStringList &ids) override { say(QStringLiteral("read"), ids); }
+    void setCloudService(KCloudSvrProxy *) override { }
 
     int roamingRequests = 0;
 
 private:
-    void say(const QString &line)
+    void say(const QString &what, const QStringList &about = {})
     {
         if (log)
-            *log << line;
+            *log << (QStringList(what) + about).join(QLatin1Char(' '));
     }
 };
 
@@ -48,8 +55,38 @@ class FakeOpener : public KDocumentOpener
     Q_OBJECT
 public:
     QStringList asked;
+    QStringList revealed;
+    KProgramList programs;
 
     void open(const QString &path) override { asked << path; }
-    void reveal(const QString &) override { }
+    void openWith(const QString &path, const QString &programId) override
+    {
+        asked << programId + QLatin1Char(' ') + path;
+    }
+    void reveal(const QString &path) override { revealed << path; }
+    void findPrograms(const QString &path) override { Q_EMIT programsFound(path, programs); }
     void answer(const QString &path, Outcome outcome) { Q_EMIT opened(path, outcome); }
+};
+
+/// Moves nothing; answers at once: paths that contain "stuck" stay, "gone" are missing.
+class FakeTrash : public KFileTrash
+{
+    Q_OBJECT
+public:
+    QStringList asked;
+
+    void trash(const QString &path) override
+    {
+        asked << path;
+        if (path.contains(QLatin1String("stuck")))
+            Q_EMIT trashed(path, {}, Outcome::Denied);
+        else
+            Q_EMIT trashed(path, QStringLiteral("trash:") + path, Outcome::Done);
+    }
+    void restore(const QString &trashId) override
+    {
+        asked << trashId;
+        const bool taken = trashId.contains(QLatin1String("taken"));
+        Q_EMIT restored(trashId, trashId.mid(6), taken ? Outcome::Exists : Outcome::Done);
+    }
 };

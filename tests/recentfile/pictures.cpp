@@ -1,22 +1,31 @@
-// Paints the Recent page in its states into PNG files, and says how long a list of 100,000 records takes.
-// ZEL_RESOURCES=<folder of the resource bundle> recentfile_pictures <folder>; QT_SCALE_FACTOR=2 for high
-// resolution, "dark" as second argument for the dark skin.
-#include "fakes.h"
+// Paints the Recent page in its states into PNG files, for people to look at.
+// ZEL_RESOURCES=<folder of the resource bundle> recentfile_pictures <folder> [dark] [locale]; the catalogues
+// of a locale are looked for in ZEL_RESOURCES/../../mui. QT_SCALE_FACTOR=2 for high resolution.
+#include "recentfile/fakecloud.h"
+#include "recentfile/fakes.h"
+
 #include "kliteskin.h"
 #include "klitestyle.h"
 #include "kskin.h"
 #include "recentfile/recentfilemodel.h"
+#include "recentfile/recentsettings.h"
 #include "recentfile/ui/inlinenotice.h"
 #include "recentfile/ui/loadingouttime.h"
+#include "recentfile/ui/recentdialogs.h"
 #include "recentfile/ui/recentfile.h"
 #include "recentfile/ui/recentfilelistview.h"
+#include "recentfile/ui/recentfilemenu.h"
+#include "recentfile/ui/recentfiletitlewidget.h"
 #include "recentfile/ui/recentfilewidget.h"
+#include "recentfile/ui/recentguides.h"
+#include "recentfile/ui/recentsortmenu.h"
+#include "recentfile/ui/sharedialog.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QElapsedTimer>
 #include <QScrollBar>
 #include <QTest>
+#include <QTranslator>
 
 using namespace recenttest;
 
@@ -43,10 +52,20 @@ RecordInfoList records(int count, const QDateTime &now)
     for (int i = 0; i < count; ++i) {
         RecentFileInfo info = record(QString::number(i), now.addSecs(-i * i * 150LL - i * 1200LL - 180));
         info.path = paths.at(i % paths.size());
+        info.size = 1234LL << (i % 20);
         if (i % 9 == 4)
             info.presence = RecentFileInfo::Presence::Missing;
         if (i == 2 || i == 3)
             info.unread = i - 2;
+        info.pinned = i == 8;
+        if (i == 3) {
+            info.path.clear();
+            info.cloudName = info.displayText = QString::fromUtf8("二零二四年第一季度财务报告.pptx");
+            info.deviceName = QStringLiteral("Tablet");
+            info.roamingId = QStringLiteral("r3");
+            info.roaming = info.cloudBacked = true;
+            info.cloudFileId = 3;
+        }
         list << info;
     }
     return list;
@@ -59,102 +78,143 @@ public:
 
     void show(int rows, bool ready = true)
     {
+        m_recent.reset();
         m_store.ready = ready;
         m_store.content = records(rows, zel::now());
-        m_recent.reset(new ZelBoxRecentFile(KRecentFileLogic::Services{&m_store, &m_events, &m_opener, {}}));
+        m_recent.reset(new ZelBoxRecentFile(
+            ZelBoxRecentFile::Services{&m_proxy, &m_store, &m_events, &m_opener, &m_trash}));
         page()->resize(680, 540);
         page()->show();
         page()->onWindowFirstShown();
-        if (!QTest::qWaitForWindowExposed(page()))
+        if (!QTest::qWaitForWindowActive(page()))
             qFatal("the window does not show");
     }
 
     ZelBoxRecentFileWidget *page() const { return m_recent->page(); }
     ZelBoxRecentFileListView *view() const { return page()->view(); }
+    template <class Widget> Widget *find() const { return page()->findChild<Widget *>(); }
 
-    void save(const QString &name) const
+    void save(const char *name, QWidget *widget = nullptr) const
     {
-        page()->grab().save(m_folder + QLatin1Char('/') + name + m_suffix + QStringLiteral(".png"));
+        QTest::qWait(60); // hover and scroll bars settle
+        (widget ? widget : page())
+            ->grab()
+            .save(m_folder + QLatin1Char('/') + QLatin1String(name) + m_suffix + QStringLiteral(".png"));
     }
 
 private:
     QString m_folder;
     QString m_suffix;
+    FakeCloud m_proxy;
     FakeStore m_store;
     KRecentFileEvents m_events;
     FakeOpener m_opener;
+    FakeTrash m_trash;
     std::unique_ptr<ZelBoxRecentFile> m_recent;
 };
 
-void pictures(Scene &scene)
+void lists(Scene &scene)
 {
-    scene.show(0);
-    scene.save(QStringLiteral("empty"));
     scene.show(5);
-    scene.save(QStringLiteral("few"));
+    scene.save("few");
     scene.show(5000);
     scene.view()->setFocus();
-    QTest::mouseClick(scene.view()->viewport(), Qt::LeftButton, {}, {200, 120});
-    QTest::mouseMove(scene.view()->viewport(), {300, 70});
-    QTest::qWait(50);
-    scene.save(QStringLiteral("many"));
+    const auto centre = [&](int row) {
+        return scene.view()->visualRect(scene.view()->model()->index(row, 0)).center();
+    };
+    QTest::mouseClick(scene.view()->viewport(), Qt::LeftButton, {}, centre(1));
+    QTest::mouseClick(scene.view()->viewport(), Qt::LeftButton, Qt::ControlModifier, centre(2));
+    QTest::mouseMove(scene.view()->viewport(), centre(3));
+    scene.save("many");
     QTest::keyClick(scene.view(), Qt::Key_Down);
     scene.view()->verticalScrollBar()->setValue(690);
-    scene.page()->findChild<InlineNotice *>()->showText(QStringLiteral("This file is no longer there."));
-    QTest::qWait(50);
-    scene.save(QStringLiteral("scrolled"));
-    scene.page()->resize(340, 400);
-    QTest::qWait(50);
-    scene.save(QStringLiteral("narrow"));
-    scene.show(3, false);
-    QTest::qWait(800);
-    scene.save(QStringLiteral("loading"));
-    Q_EMIT scene.page()->findChild<LoadingOuttime *>()->sigTimeout();
-    scene.save(QStringLiteral("outtime"));
+    scene.find<InlineNotice>()->showText(QStringLiteral("This file is no longer there."));
+    scene.save("scrolled");
+    scene.find<InlineNotice>()->showOffer(
+        QStringLiteral("3 files moved to the recycle bin."), QStringLiteral("Undo"), 10000);
+    scene.save("undo");
+    scene.page()->resize(440, 400);
+    scene.save("narrow");
+    scene.page()->resize(680, 540);
+    scene.page()->setFilterText(QStringLiteral("report"));
+    scene.save("found");
+    scene.page()->setFilterText(QStringLiteral("no such name"));
+    scene.save("nothing");
 }
 
-void measure()
+void popups(Scene &scene)
 {
-    const RecordInfoList list = records(100000, zel::now());
-    ZelBoxRecentFileModel model;
-    ZelBoxRecentFileListView view;
-    view.setModel(&model);
-    view.resize(680, 540);
-    view.show();
-    if (!QTest::qWaitForWindowExposed(&view))
-        qFatal("the window does not show");
-    for (int round = 0; round < 3; ++round) {
-        QElapsedTimer timer;
-        timer.start();
-        model.setRecords(list);
-        const double set = timer.nsecsElapsed() / 1e6;
-        view.viewport()->repaint();
-        const double both = timer.nsecsElapsed() / 1e6;
-        qInfo("%d records: set %.2f ms, with the first painting %.2f ms", list.size(), set, both);
-        model.addRecord(record(QStringLiteral("new"), zel::now()));
-        qInfo("one more record: %.3f ms", timer.nsecsElapsed() / 1e6 - both);
-    }
+    scene.show(5);
+    scene.view()->setCurrentIndex(scene.view()->model()->index(3, 0));
+    scene.page()->onMoreBtnCustomContextMenuRequested({10, 10});
+    scene.save("menu", scene.page()->openMenu());
+    scene.page()->openMenu()->close();
+    scene.find<RecentSortMenu>()->popup({10, 10});
+    scene.save("sortmenu", scene.find<RecentSortMenu>());
+    scene.find<RecentSortMenu>()->close();
+    const QModelIndex first = scene.view()->model()->index(2, 0);
+    scene.page()->onMenuRemoveRecordAction(first);
+    scene.save("removedialog", scene.find<RemoveRecordDialog>());
+    scene.find<RemoveRecordDialog>()->reject();
+    scene.page()->onMenuRemoveFileAction(first);
+    scene.save("deletedialog", scene.find<DeleteFileDialog>());
+    scene.find<DeleteFileDialog>()->reject();
+    scene.page()->onShareDoc(first, true);
+    scene.save("sharedialog", scene.find<ShareDialog>());
+    scene.find<ShareDialog>()->reject();
+    scene.find<ZelBoxRecentFileTitleWidget>()->onRoamingGuideLinkClicked();
+    scene.save("guidedialog", scene.find<ZelBoxRecentFileGuideDialog>());
+    scene.find<ZelBoxRecentFileGuideDialog>()->reject();
+}
+
+void emptyPages(Scene &scene)
+{
+    using Guide = ZelBoxRecentFileEmptyGuideWidget;
+    scene.show(0);
+    scene.save("empty");
+    scene.find<Guide>()->setReason(Guide::Reason::NotLoggedIn);
+    scene.save("empty-loggedout");
+    scene.find<ZelBoxRecentFileRoamingGuideWidget>()->setNeeded(true);
+    scene.find<Guide>()->setReason(Guide::Reason::RoamingOff);
+    scene.save("empty-roamingoff");
+    scene.show(3, false);
+    QTest::qWait(800);
+    scene.save("loading");
+    Q_EMIT scene.find<LoadingOuttime>()->sigTimeout();
+    scene.save("outtime");
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
+    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    const bool dark = arguments.value(2) == QLatin1String("dark");
+    const bool dark = arguments.contains(QStringLiteral("dark"));
+    const QString locale = arguments.last().contains(QLatin1Char('_')) ? arguments.last() : QString();
     QApplication::setStyle(new KLiteStyle);
     KLiteSkinInfo skin;
     KLitOfficeInfo office;
-    office.resourceDirs << qEnvironmentVariable("ZEL_RESOURCES");
+    const QString resources = qEnvironmentVariable("ZEL_RESOURCES");
+    office.resourceDirs << resources;
     KLiteSkin::setOfficeInfo(office);
     KLiteSkin::setDefaultBaseSkinInfo(skin);
     QApplication::setPalette(KLiteStyle::palette(dark));
     KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
+    QTranslator translator;
+    const QString language = locale.isEmpty() ? QStringLiteral("en") : locale;
+    if (translator.load(QStringLiteral("zelbox"), resources + QStringLiteral("/../../mui/") + language))
+        QCoreApplication::installTranslator(&translator);
+    if (!locale.isEmpty())
+        QLocale::setDefault(QLocale(locale));
     const FixedNow now(at(QStringLiteral("2024-03-20 14:30")));
     Scene scene(arguments.value(1, QStringLiteral(".")),
-        (dark ? QStringLiteral("-dark") : QString()) + QStringLiteral("-%1x").arg(app.devicePixelRatio()));
-    pictures(scene);
-    measure();
+        (dark ? QStringLiteral("-dark") : QString())
+            + (locale.isEmpty() ? QString() : QLatin1Char('-') + locale)
+            + QStringLiteral("-%1x").arg(app.devicePixelRatio()));
+    lists(scene);
+    popups(scene);
+    emptyPages(scene);
     return 0;
 }

@@ -3,30 +3,32 @@
 
 #include <QTest>
 
-using zel::recent::TimeGroups;
+using zel::recent::RecentSections;
+using Rows = std::pair<int, int>;
 
 namespace {
 
-// Row height 10, header height 4, bottom margin 3.
+// Row height 10, header height 4, gap 2, bottom margin 3. A negative count is a section without header.
 RecentListLayout layoutOf(const QList<int> &counts)
 {
-    TimeGroups groups;
+    RecentSections sections;
     int first = 0;
-    for (int i = 0; i < 7; ++i) {
-        const int count = counts.value(i);
-        groups[size_t(i)] = {i + 1, QString(), first, count};
-        first += count;
+    for (const int count : counts) {
+        sections << zel::recent::RecentSection{
+            0, count > 0 ? QStringLiteral("x") : QString(), first, qAbs(count)};
+        first += qAbs(count);
     }
-    return {groups, 10, 4, 3};
+    return {sections, {10, 4, 2, 3}};
 }
 
 RecentCellMetrics cellMetrics()
 {
     RecentCellMetrics m;
-    m.sideMargin = 10;
-    m.padding = 10;
+    m.sideMargin = m.padding = m.spacing = 10;
     m.iconSize = 30;
-    m.spacing = 10;
+    m.gap = 5;
+    m.glyphSize = 12;
+    m.buttonSize = 28;
     m.badgeHeight = 12;
     m.badgePadding = 5;
     m.nameHeight = 16;
@@ -36,10 +38,25 @@ RecentCellMetrics cellMetrics()
     return m;
 }
 
-QString text(const QRect &r)
+/// The cell's rectangles from left to right, "name 60-180".
+QString text(const RecentCell &cell)
 {
-    return r.isNull() ? QStringLiteral("-")
-                      : QStringLiteral("%1,%2 %3x%4").arg(r.x()).arg(r.y()).arg(r.width()).arg(r.height());
+    QStringList parts;
+    const auto add = [&parts](const char *name, const QRect &rect) {
+        if (!rect.isEmpty())
+            parts
+                << QStringLiteral("%1 %2-%3").arg(QLatin1String(name)).arg(rect.left()).arg(rect.right() + 1);
+    };
+    add("name", cell.name);
+    add("pin", cell.pin);
+    add("badge", cell.badge);
+    add("cloud", cell.cloud);
+    add("folder", cell.folder);
+    add("detail", cell.detail);
+    add("time", cell.time);
+    add("share", cell.share);
+    add("more", cell.more);
+    return parts.join(QStringLiteral(", "));
 }
 
 } // namespace
@@ -48,204 +65,161 @@ class TestLayout : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void places_data();
     void places();
-    void sticky_data();
-    void sticky();
     void everyPixelHasOneOwner();
+    void sticky();
     void cell_data();
     void cell();
-    void elidedNames_data();
+    void buttonsDoNotMoveTexts();
     void elidedNames();
-    void folders_data();
     void folders();
 };
 
-void TestLayout::places_data()
-{
-    QTest::addColumn<QList<int>>("counts");
-    QTest::addColumn<int>("y");
-    QTest::addColumn<int>("at");
-    QTest::addColumn<int>("after");
-    QTest::addColumn<int>("before");
-
-    // 0 header, 4 row 0, 14 row 1, 24 header, 28 row 2, 38 row 3, 48 row 4, 58 end, 61 bottom
-    const QList<int> two{2, 0, 3};
-    QTest::newRow("empty") << QList<int>() << 0 << -1 << -1 << -1;
-    QTest::newRow("above") << two << -5 << -1 << 0 << -1;
-    QTest::newRow("first header") << two << 3 << -1 << 0 << -1;
-    QTest::newRow("first pixel of a row") << two << 4 << 0 << 0 << 0;
-    QTest::newRow("last pixel of a row") << two << 13 << 0 << 0 << 0;
-    QTest::newRow("second row") << two << 14 << 1 << 1 << 1;
-    QTest::newRow("second header") << two << 24 << -1 << 2 << 1;
-    QTest::newRow("after the second header") << two << 28 << 2 << 2 << 2;
-    QTest::newRow("last pixel of the last row") << two << 57 << 4 << 4 << 4;
-    QTest::newRow("bottom margin") << two << 58 << -1 << -1 << 4;
-    QTest::newRow("only the oldest group")
-        << QList<int>{0, 0, 0, 0, 0, 0, 100000} << 4 + 999990 << 99999 << 99999 << 99999;
-}
-
 void TestLayout::places()
 {
-    QFETCH(QList<int>, counts);
-    QFETCH(int, y);
-    const RecentListLayout layout = layoutOf(counts);
-    QTEST(layout.rowAt(y), "at");
-    QTEST(layout.rowAtOrAfter(y), "after");
-    QTEST(layout.rowAtOrBefore(y), "before");
-}
-
-void TestLayout::sticky_data()
-{
-    QTest::addColumn<int>("scroll");
-    QTest::addColumn<int>("group");
-    QTest::addColumn<int>("top");
-    QTest::newRow("at the top") << 0 << 0 << 0;
-    QTest::newRow("pulled down") << -8 << 0 << 0;
-    QTest::newRow("inside the first group") << 15 << 0 << 0;
-    QTest::newRow("next header touches") << 20 << 0 << 0;
-    QTest::newRow("next header pushes") << 22 << 0 << -2;
-    QTest::newRow("next header has pushed it out") << 24 << 2 << 0;
-    QTest::newRow("at the end") << 51 << 2 << 0;
-}
-
-void TestLayout::sticky()
-{
-    QFETCH(int, scroll);
-    const auto header = layoutOf({2, 0, 3}).stickyHeader(scroll);
-    QTEST(header.group, "group");
-    QTEST(header.top, "top");
-    QCOMPARE(layoutOf({}).stickyHeader(scroll).group, -1);
+    struct Case
+    {
+        QList<int> counts;
+        int y, at, after, before;
+    };
+    // 0 header, 4 row 0, 14 row 1, 24 header, 28 row 2, 38 row 3, 48 row 4, 58 end, 61 bottom
+    const QList<int> two{2, 3};
+    const Case cases[] = {{{}, 0, -1, -1, -1}, {two, -5, -1, 0, -1}, {two, 4, 0, 0, 0}, {two, 13, 0, 0, 0},
+        {two, 24, -1, 2, 1}, {two, 57, 4, 4, 4}, {two, 58, -1, -1, 4}, {{-3}, 0, 0, 0, 0},
+        {{100000}, 4 + 999990, 99999, 99999, 99999}};
+    for (const Case &one : cases) {
+        const RecentListLayout layout = layoutOf(one.counts);
+        QCOMPARE(layout.rowAt(one.y), one.at);
+        QCOMPARE(layout.rowAtOrAfter(one.y), one.after);
+        QCOMPARE(layout.rowAtOrBefore(one.y), one.before);
+    }
 }
 
 void TestLayout::everyPixelHasOneOwner()
 {
-    const QList<int> counts{1, 3, 0, 2, 0, 0, 4};
-    const RecentListLayout layout = layoutOf(counts);
-    QCOMPARE(layout.contentHeight(), 10 * 10 + 4 * 4 + 3);
+    const RecentListLayout layout = layoutOf({1, 3, -2, 4});
+    QCOMPARE(layout.contentHeight(), 10 * 10 + 3 * 4 + 2 + 3);
     QVector<int> owners(layout.contentHeight(), 0);
     for (int row = 0; row < 10; ++row) {
         for (int y = layout.rowTop(row); y < layout.rowTop(row) + 10; ++y) {
             ++owners[y];
             QCOMPARE(layout.rowAt(y), row);
+            QCOMPARE(layout.rowsBetween(y, y + 1), Rows(row, row));
         }
     }
-    for (int group = 0; group < 7; ++group) {
-        const int top = layout.headerTop(group);
-        QCOMPARE(top >= 0, counts.at(group) > 0);
-        for (int y = top; top >= 0 && y < top + 4; ++y)
+    for (const RecentListLayout::Head &head : layout.headsBetween(0, layout.contentHeight())) {
+        for (int y = head.top; y < head.top + head.height; ++y) {
             ++owners[y];
+            QCOMPARE(layout.rowsBetween(y, y + 1), Rows(-1, -2));
+        }
     }
     QCOMPARE(owners.mid(0, owners.size() - 3), QVector<int>(owners.size() - 3, 1));
-    using Rows = std::pair<int, int>;
-    QCOMPARE(layoutOf({2, 0, 3}).rowsBetween(13, 29), Rows(0, 2));   // touched by a pixel
-    QCOMPARE(layoutOf({2, 0, 3}).rowsBetween(24, 28), Rows(-1, -2)); // a header only
+    QCOMPARE(layout.rowsBetween(13, 29), Rows(0, 2)); // touched by a pixel
     QCOMPARE(layout.rowTop(-1), -1);
     QCOMPARE(layout.rowTop(10), -1);
+}
+
+void TestLayout::sticky()
+{
+    struct Case
+    {
+        QList<int> counts;
+        int scroll, section, top;
+    };
+    const QList<int> two{2, 3};
+    const QList<int> unheaded{2, -3};
+    const Case cases[] = {{{}, 0, -1, 0}, {two, 0, 0, 0}, {two, 20, 0, 0}, {two, 22, 0, -2}, {two, 24, 1, 0},
+        {unheaded, 22, 0, -2}, {unheaded, 24, -1, 0}}; // rows without a header push it out, too
+    for (const Case &one : cases) {
+        const auto header = layoutOf(one.counts).stickyHeader(one.scroll);
+        QCOMPARE(header.section, one.section);
+        QCOMPARE(header.top, one.top);
+    }
 }
 
 void TestLayout::cell_data()
 {
     QTest::addColumn<int>("width");
-    QTest::addColumn<QList<int>>("wishes"); // name, badge, time
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QString>("badge");
-    QTest::addColumn<QString>("time");
-    QTest::addColumn<QString>("folder");
-
-    const auto row = [](const char *title, int width, const QList<int> &wishes, const char *name,
-                         const char *badge, const char *time, const char *folder) {
-        QTest::newRow(title) << width << wishes << QString::fromLatin1(name) << QString::fromLatin1(badge)
-                             << QString::fromLatin1(time) << QString::fromLatin1(folder);
+    QTest::addColumn<QList<int>>("wishes"); // name, badge, folder, detail, time, pin, cloud
+    QTest::addColumn<QString>("expected");
+    const auto row = [](const char *title, int width, const QList<int> &wishes, const char *expected) {
+        QTest::newRow(title) << width << wishes << QString::fromLatin1(expected);
     };
-    row("all fits", 500, {120, 30, 60}, "60,10 120x16", "185,12 40x12", "420,1 60x50", "60,28 350x14");
-    row("no badge, no time", 500, {120, 0, 0}, "60,10 120x16", "-", "-", "60,28 420x14");
-    row("long name leaves room", 500, {900, 30, 60}, "60,10 305x16", "370,12 40x12", "420,1 60x50",
-        "60,28 350x14");
-    row("narrow: time goes first", 240, {900, 30, 60}, "60,10 115x16", "180,12 40x12", "-", "60,28 160x14");
-    row("narrower: then the badge", 150, {900, 30, 60}, "60,10 70x16", "-", "-", "60,28 70x14");
-    row("nothing fits", 40, {900, 30, 60}, "60,10 0x16", "-", "-", "60,28 0x14");
+    row("all fits", 500, {120, 30, 80, 40, 60, 1, 1},
+        "name 60-180, pin 185-197, badge 202-242, cloud 60-72, folder 77-157, detail 160-200, time 420-480");
+    row("long texts leave room", 500, {900, 30, 900, 40, 60, 1, 1},
+        "name 60-348, pin 353-365, badge 370-410, cloud 60-72, folder 77-367, detail 370-410, time 420-480");
+    row("only a name", 500, {120, 0, 0, 0, 0, 0, 0}, "name 60-180");
+    row("narrow: time goes first", 220, {900, 30, 900, 40, 60, 1, 0},
+        "name 60-138, pin 143-155, badge 160-200, folder 60-157, detail 160-200");
+    row("narrower: then badge and detail", 160, {900, 30, 900, 40, 60, 1, 0},
+        "name 60-123, pin 128-140, folder 60-140");
+    row("nothing fits", 40, {900, 30, 900, 40, 60, 1, 1}, "");
 }
 
 void TestLayout::cell()
 {
     QFETCH(int, width);
     QFETCH(QList<int>, wishes);
-    const auto cell =
-        RecentCell::layout(QRect(0, 0, width, 52), cellMetrics(), {wishes.at(0), wishes.at(1), wishes.at(2)});
-    QTEST(text(cell.name), "name");
-    QTEST(text(cell.badge), "badge");
-    QTEST(text(cell.time), "time");
-    QTEST(text(cell.folder), "folder");
-    QCOMPARE(cell.icon, QRect(20, 11, 30, 30));
-    const auto below = RecentCell::layout(QRect(0, 520, width, 52), cellMetrics(), {120, 30, 60});
-    QCOMPARE(below.name.top(), 530);
+    const auto cell = RecentCell::layout(QRect(0, 520, width, 52), cellMetrics(),
+        {wishes[0], wishes[1], wishes[2], wishes[3], wishes[4], wishes[5] > 0, wishes[6] > 0, false});
+    QTEST(text(cell), "expected");
+    QCOMPARE(cell.icon, QRect(20, 531, 30, 30));
 }
 
-void TestLayout::elidedNames_data()
+void TestLayout::buttonsDoNotMoveTexts()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("characters"); // room, in widths of "m"
-    QTest::addColumn<QString>("start");
-    QTest::addColumn<QString>("end");
-
-    const auto row = [](const char *title, const QString &name, int room, const QString &start,
-                         const QString &end) { QTest::newRow(title) << name << room << start << end; };
-    const QString longName = QString(80, QLatin1Char('m'));
-    row("fits", QStringLiteral("a.odt"), 30, QStringLiteral("a.odt"), QStringLiteral("a.odt"));
-    row("suffix stays", longName + QStringLiteral(".docx"), 20, QStringLiteral("mm"),
-        QStringLiteral("m.docx"));
-    row("no suffix", longName, 20, QStringLiteral("mm"), QStringLiteral("m"));
-    row("hidden file", QLatin1Char('.') + longName, 20, QStringLiteral(".m"), QStringLiteral("m"));
-    row("dot in a sentence", longName + QStringLiteral(". And then some more"), 20, QStringLiteral("mm"),
-        QStringLiteral("more"));
-    row("CJK", QString(80, QChar(0x6587)) + QStringLiteral(".xlsx"), 20, QString(1, QChar(0x6587)),
-        QStringLiteral(".xlsx"));
-    row("line break", QStringLiteral("a\nb\t.odt"), 30, QStringLiteral("a b .odt"), QString());
-    for (const ushort hidden : {0x061C, 0x200E, 0x200F, 0x202A, 0x202E, 0x2066, 0x2069})
-        row(qPrintable(QStringLiteral("turns the text U+%1").arg(hidden, 4, 16, QLatin1Char('0'))),
-            QStringLiteral("bill") + QChar(hidden) + QStringLiteral("txt.exe"), 30,
-            QStringLiteral("bill txt.exe"), QString());
-    row("joiners stay", QStringLiteral("a") + QChar(0x200D) + QStringLiteral("b.odt"), 30,
-        QStringLiteral("a") + QChar(0x200D) + QStringLiteral("b"), QStringLiteral(".odt"));
-    row("hardly any room", longName + QStringLiteral(".docx"), 3, QString(), QStringLiteral("x"));
+    RecentCell::Wishes wishes{900, 30, 900, 0, 40, true, true, false};
+    const auto plain = RecentCell::layout({0, 0, 500, 52}, cellMetrics(), wishes);
+    wishes.buttons = true;
+    const auto hovered = RecentCell::layout({0, 0, 500, 52}, cellMetrics(), wishes);
+    QCOMPARE(hovered.name, plain.name);
+    QCOMPARE(hovered.badge, plain.badge);
+    QVERIFY(hovered.time.isNull() && !hovered.share.intersects(hovered.more));
+    QCOMPARE(hovered.buttonAt(hovered.share.center()), RecentCell::Button::Share);
+    QCOMPARE(hovered.buttonAt(hovered.more.center()), RecentCell::Button::More);
+    QCOMPARE(hovered.buttonAt(hovered.name.center()), RecentCell::Button::None);
+    QCOMPARE(plain.buttonAt(hovered.more.center()), RecentCell::Button::None);
 }
 
 void TestLayout::elidedNames()
 {
-    QFETCH(QString, name);
-    QFETCH(int, characters);
-    QFETCH(QString, start);
-    QFETCH(QString, end);
-    const QFontMetrics metrics{QFont()};
-    const int width = characters * metrics.horizontalAdvance(QLatin1Char('m'));
-    const QString text = zel::recent::elidedName(name, metrics, width);
-    QVERIFY2(text.startsWith(start), qPrintable(text));
-    QVERIFY2(text.endsWith(end), qPrintable(text));
-    QVERIFY2(metrics.horizontalAdvance(text) <= width, qPrintable(text));
-}
-
-void TestLayout::folders_data()
-{
-    QTest::addColumn<QString>("path");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *path, const char *expected) {
-        QTest::newRow(path) << QString::fromLatin1(path) << QString::fromLatin1(expected);
+    struct Case
+    {
+        QString name;
+        int room; // in widths of "m"
+        QString start, end;
     };
-    row("/home/ann/a.odt", "~");
-    row("/home/ann/docs/a.odt", "~/docs");
-    row("/home/anna/a.odt", "/home/anna");
-    row("/a.odt", "/");
-    row("/data/a.odt", "/data");
-    QTest::newRow("text that turns") << QString(QStringLiteral("/data/x") + QChar(0x202E)
-        + QStringLiteral("y/a.odt")) << QStringLiteral("/data/x y");
-    row("", "");
+    const QString longName = QString(80, QLatin1Char('m'));
+    const QString turned =
+        QStringLiteral("bill") + QChar(0x202E) + QStringLiteral("txt.exe"); // reads "exe.txt"
+    const QString joined = QStringLiteral("a") + QChar(0x200D) + QStringLiteral("b");
+    const Case cases[] = {
+        {longName + QStringLiteral(".docx"), 20, QStringLiteral("mm"), QStringLiteral("m.docx")},
+        {longName, 20, QStringLiteral("mm"), QStringLiteral("m")},
+        {QLatin1Char('.') + longName, 20, QStringLiteral(".m"), QStringLiteral("m")},
+        {longName + QStringLiteral(". And then some more"), 20, QStringLiteral("mm"), QStringLiteral("more")},
+        {longName + QStringLiteral(".docx"), 3, QString(), QStringLiteral("x")},
+        {QStringLiteral("a\nb\t.odt"), 30, QStringLiteral("a b .odt"), QString()},
+        {turned, 30, QStringLiteral("bill txt.exe"), QString()},
+        {joined, 30, joined, QString()},
+    };
+    const QFontMetrics metrics{QFont()};
+    for (const Case &one : cases) {
+        const int width = one.room * metrics.horizontalAdvance(QLatin1Char('m'));
+        const QString text = zel::recent::elidedName(one.name, metrics, width);
+        QVERIFY2(text.startsWith(one.start) && text.endsWith(one.end), qPrintable(text));
+        QVERIFY2(metrics.horizontalAdvance(text) <= width, qPrintable(text));
+    }
 }
 
 void TestLayout::folders()
 {
-    QFETCH(QString, path);
-    QTEST(zel::recent::folderText(path, QStringLiteral("/home/ann")), "expected");
+    const std::pair<const char *, const char *> cases[] = {{"/home/ann/a.odt", "~"},
+        {"/home/ann/docs/a.odt", "~/docs"}, {"/home/anna/a.odt", "/home/anna"}, {"/a.odt", "/"}, {"", ""}};
+    for (const auto &[path, expected] : cases)
+        QCOMPARE(zel::recent::folderText(QLatin1String(path), QStringLiteral("/home/ann")),
+            QLatin1String(expected));
 }
 
 QTEST_MAIN(TestLayout)

@@ -1,7 +1,9 @@
 #include "recentfile/recentfilelogic.h"
 
-#include "fakes.h"
 #include "ksettings.h"
+#include "recentfile/fakecloud.h"
+#include "recentfile/fakes.h"
+#include "recentfile/recentcloud.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
 
@@ -20,7 +22,8 @@ struct Bench
     FakeStore store;
     KRecentFileEvents events;
     FakeOpener opener;
-    bool loggedIn = false;
+    FakeCloud proxy;
+    RecentCloud cloud{&proxy};
     ZelBoxRecentFileModel model;
     std::unique_ptr<KRecentFileLogic> logic;
 
@@ -28,7 +31,7 @@ struct Bench
     {
         store.log = &log;
         logic = std::make_unique<KRecentFileLogic>(
-            KRecentFileLogic::Services{&store, &events, &opener, [this] { return loggedIn; }, 0});
+            KRecentFileLogic::Services{&store, &events, &opener, &cloud, 0});
         logic->setModel(&model);
         listen();
     }
@@ -77,7 +80,7 @@ struct Bench
         else if (verb == QLatin1String("ready"))
             store.ready = true;
         else if (verb == QLatin1String("in"))
-            loggedIn = true;
+            proxy.user = QStringLiteral("me");
         else if (verb == QLatin1String("nomodel"))
             logic->setModel(nullptr);
         else
@@ -198,7 +201,7 @@ void TestLogic::steps_data()
         "rows 1;added x;rows 2;added y;unread 2");
     row("unread, row comes with a reload", "init;unread x;store x2@5;|;arrived",
         "rows 0;rows 1;batch 106;unread 1");
-    row("seen", "store a8@3;init;unread a;|;seen;seen", "unread 0");
+    row("seen", "store a8@3;init;unread a;|;seen;seen", "read a;unread 0");
     row("seen, and told again", "store a8@3;init;unread a;seen;|;unread a", "");
     row("logout forgets marks", "store a2@3;init;unread a;|;logout",
         "wait;rows 0;unread 0;finish;rows 0;rows 1;batch 106");
@@ -386,9 +389,15 @@ void TestLogic::presenceOfAllShownRowsIsAskedFor()
     bench.store.content = list;
     bench.run(QStringLiteral("init"));
     bench.log.clear();
-    bench.logic->checkPresence(0, 3);
-    bench.logic->checkPresence(4, 99);
-    bench.logic->checkPresence(3, 3);
+    const auto rows = [&](std::initializer_list<int> numbers) {
+        QModelIndexList indexes;
+        for (const int row : numbers)
+            indexes << bench.model.index(row);
+        return indexes;
+    };
+    bench.logic->checkPresence(rows({0, 1, 2, 3}));
+    bench.logic->checkPresence(rows({4}));
+    bench.logic->checkPresence(rows({3}));
     QCOMPARE(bench.log, QStringList({QStringLiteral("check a b c"), QStringLiteral("check e")}));
 }
 

@@ -1,5 +1,6 @@
 #include "recentfile/recentfilemodel.h"
 
+#include "recentfile/documentkind.h"
 #include "recentfile/records.h"
 
 #include <QAbstractItemModelTester>
@@ -11,21 +12,6 @@ using namespace recenttest;
 using Model = ZelBoxRecentFileModel;
 
 namespace {
-
-/// "id@time/kind" of every row; "!" marks unread ones.
-QStringList printModel(const Model &model)
-{
-    QStringList rows;
-    for (int row = 0; row < model.rowCount(); ++row) {
-        const QModelIndex index = model.index(row);
-        rows << QStringLiteral("%1@%2/%3%4")
-                    .arg(index.data(Model::IdRole).toString())
-                    .arg(index.data(Model::LastAccessRole).toDateTime().toMSecsSinceEpoch())
-                    .arg(index.data(Model::GroupKindRole).toInt())
-                    .arg(index.data(Model::UnreadRole).toInt() == -1 ? QString() : QStringLiteral("!"));
-    }
-    return rows;
-}
 
 QStringList ids(const Model &model)
 {
@@ -74,10 +60,17 @@ void TestModel::roles_data()
     QTest::newRow("271 unread") << 271 << QVariant(-1);
     QTest::newRow("272 cloud id") << 272 << QVariant(qint64(1) << 40);
     QTest::newRow("261 is free") << 261 << QVariant();
+    QTest::newRow("277 group") << 277 << QVariant(1);
+    QTest::newRow("278 size") << 278 << QVariant(qint64(1) << 33);
+    QTest::newRow("279 pinned") << 279 << QVariant(true);
+    QTest::newRow("280 device") << 280 << QVariant(QStringLiteral("laptop"));
+    QTest::newRow("281 roaming id") << 281 << QVariant(QStringLiteral("r1"));
+    QTest::newRow("282 document kind") << 282 << QVariant(int(zel::recent::DocumentKind::Archive));
     QTest::newRow("display") << int(Qt::DisplayRole) << QVariant(QStringLiteral("archive.tar.gz"));
     QTest::newRow("tool tip") << int(Qt::ToolTipRole) << QVariant(path);
     QTest::newRow("accessible") << int(Qt::AccessibleTextRole)
-                                << QVariant(QStringLiteral("archive.tar.gz, 09:05, Missing"));
+                                << QVariant(
+                                       QStringLiteral("archive.tar.gz, 09:05, Pinned, Missing, On laptop"));
     QTest::newRow("presence") << int(Model::PresenceRole) << QVariant(int(RecentFileInfo::Presence::Missing));
 }
 
@@ -90,6 +83,10 @@ void TestModel::roles()
     info.cloudName = QStringLiteral("In the cloud.tgz");
     info.cloudFileId = qint64(1) << 40;
     info.cloudBacked = true;
+    info.size = qint64(1) << 33;
+    info.pinned = true;
+    info.deviceName = QStringLiteral("laptop");
+    info.roamingId = QStringLiteral("r1");
     info.presence = RecentFileInfo::Presence::Missing;
     Model model;
     model.setRecords({info});
@@ -104,6 +101,7 @@ void TestModel::roles()
     info.path.clear();
     model.updateRecord(info);
     QCOMPARE(model.index(0).data(Qt::DisplayRole).toString(), info.displayText);
+    QCOMPARE(model.index(0).data(Qt::ToolTipRole).toString(), QStringLiteral("shown\nLast used on laptop"));
 }
 
 void TestModel::badRecordsDoNotGetIn()
@@ -150,20 +148,35 @@ void TestModel::reloadIsOneRemovalAndOneInsertion()
 
 void TestModel::updateTellsWhatChanged_data()
 {
-    QTest::addColumn<qint64>("time");
-    QTest::addColumn<bool>("missing");
+    QTest::addColumn<RecentFileInfo>("next");
     QTest::addColumn<QList<int>>("move"); // from, to
     QTest::addColumn<QVector<int>>("roles");
 
-    const QVector<int> times{
-        Model::LastAccessRole, Model::TimeTextRole, Model::GroupKindRole, Qt::AccessibleTextRole};
-    QTest::newRow("nothing") << 20LL << false << QList<int>() << QVector<int>();
-    QTest::newRow("presence") << 20LL << true << QList<int>()
-                              << QVector<int>({Model::PresenceRole, Qt::AccessibleTextRole});
-    QTest::newRow("time, same place") << 25LL << false << QList<int>() << times;
-    QTest::newRow("time, to the top") << 40LL << false << QList<int>{1, 0} << times;
-    QTest::newRow("time, to the end") << 1LL << false << QList<int>{1, 3} << times;
-    QTest::newRow("same time as the next, id decides") << 10LL << false << QList<int>() << times;
+    const auto row = [](const char *name, const RecentFileInfo &next, const QList<int> &move,
+                         const QVector<int> &roles) { QTest::newRow(name) << next << move << roles; };
+    const auto b = [](qint64 time) { return record(QStringLiteral("b"), time); };
+    const auto with = [&b](const std::function<void(RecentFileInfo &)> &change) {
+        RecentFileInfo info = b(20);
+        change(info);
+        return info;
+    };
+    const QVector<int> times{Model::LastAccessRole, Model::TimeTextRole, Model::GroupKindRole};
+    row("nothing", b(20), {}, {});
+    row("presence", with([](auto &info) { info.presence = RecentFileInfo::Presence::Missing; }), {},
+        {Model::PresenceRole});
+    row("size", with([](auto &info) { info.size = 5; }), {}, {Model::SizeRole});
+    row("pinned", with([](auto &info) { info.pinned = true; }), {}, {Model::PinnedRole});
+    row("device", with([](auto &info) { info.deviceName = QStringLiteral("x"); }), {},
+        {Model::DeviceNameRole});
+    row("moved to another folder", with([](auto &info) { info.path = QStringLiteral("/b.odt"); }), {},
+        {Model::PathRole, Model::SuffixRole, Model::BaseNameRole, Qt::ToolTipRole});
+    row("renamed", with([](auto &info) { info.path = QStringLiteral("/data/docs/c.pdf"); }), {},
+        {Model::PathRole, Model::SuffixRole, Model::BaseNameRole, Model::NameRole, Qt::DisplayRole,
+            Model::DocumentKindRole, Qt::ToolTipRole});
+    row("time, same place", b(25), {}, times);
+    row("time, to the top", b(40), {1, 0}, times);
+    row("time, to the end", b(1), {1, 3}, times);
+    row("same time as the next, id decides", b(10), {}, times);
 }
 
 void TestModel::updateTellsWhatChanged()
@@ -175,20 +188,16 @@ void TestModel::updateTellsWhatChanged()
     QSignalSpy moved(&model, &Model::rowsMoved);
     QSignalSpy changed(&model, &Model::dataChanged);
 
-    QFETCH(qint64, time);
-    QFETCH(bool, missing);
+    QFETCH(RecentFileInfo, next);
     QFETCH(QList<int>, move);
     QFETCH(QVector<int>, roles);
-    RecentFileInfo next = record(QStringLiteral("b"), time);
-    if (missing)
-        next.presence = RecentFileInfo::Presence::Missing;
     QVERIFY(model.updateRecord(next));
     QCOMPARE(moved.size(), move.isEmpty() ? 0 : 1);
     if (!move.isEmpty())
         QCOMPARE(QList<int>({moved.at(0).at(1).toInt(), moved.at(0).at(4).toInt()}), move);
     QCOMPARE(changed.size(), roles.isEmpty() ? 0 : 1);
     if (!roles.isEmpty()) {
-        QCOMPARE(changed.at(0).at(2).value<QVector<int>>(), roles);
+        QCOMPARE(changed.at(0).at(2).value<QVector<int>>(), roles << Qt::AccessibleTextRole);
         QCOMPARE(changed.at(0).at(0).toModelIndex().data(Model::IdRole).toString(), next.id);
     }
 }
@@ -231,7 +240,7 @@ void TestModel::randomChangesKeepOrder()
             continue;
         Model fresh;
         fresh.setRecords(plain);
-        QCOMPARE(printModel(model), printModel(fresh));
+        QCOMPARE(ids(model), ids(fresh));
         QCOMPARE(model.groups(), fresh.groups());
         QCOMPARE(model.unreadCount(), int(std::count_if(plain.cbegin(), plain.cend(), [](const auto &one) {
             return one.unread != -1;
@@ -269,6 +278,15 @@ void TestModel::marks()
     QCOMPARE(model.unreadCount(), 2);
     QVERIFY(model.clearUnread());
     QVERIFY(!model.clearUnread());
+    QCOMPARE(model.unreadCount(), 0);
+
+    RecentFileInfo roaming = record(QStringLiteral("r"), 5); // of these the store knows
+    roaming.roamingId = QStringLiteral("r1");
+    roaming.unread = Model::New;
+    model.addRecord(roaming);
+    QCOMPARE(model.unreadMarks(), (QHash<QString, int>{{QStringLiteral("r"), 0}}));
+    roaming.unread = Model::NotUnread;
+    model.updateRecord(roaming);
     QCOMPARE(model.unreadCount(), 0);
 }
 

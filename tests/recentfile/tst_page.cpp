@@ -1,32 +1,19 @@
-#include "recentfile/ui/recentfile.h"
+#include "recentfile/pagefixture.h"
 
-#include "fakes.h"
-#include "kdcinfoc.h"
-#include "ksettings.h"
-#include "recentfile/recentfilemodel.h"
-#include "recentfile/recentsettings.h"
-#include "recentfile/ui/inlinenotice.h"
 #include "recentfile/ui/loadingindicator.h"
-#include "recentfile/ui/recentfilelistview.h"
-#include "recentfile/ui/recentfilewidget.h"
+#include "widgets/iconbutton.h"
 
-#include <QAbstractButton>
-#include <QFile>
 #include <QLabel>
-#include <QPushButton>
 #include <QSignalSpy>
-#include <QTest>
-#include <memory>
 
 using namespace recenttest;
-using State = ZelBoxRecentFileWidgetBase::State;
-
-class TestPage : public QObject
+/// The states that the page goes through, and what it says.
+class TestPage : public QObject, private PageFixture
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void cleanup();
+    void init() { clear(); }
+    void cleanup() { m_recent.reset(); }
     void statesOfAFirstLoad_data();
     void statesOfAFirstLoad();
     void outtimeOffersRetryAndFeedback();
@@ -40,71 +27,11 @@ private Q_SLOTS:
     void telemetry();
 
 private:
-    void make(int rows, bool ready = true);
-    void set(const QString &key, const QVariant &value);
-    ZelBoxRecentFileWidget *page() const { return m_recent->page(); }
-    QPushButton *button(const QString &text) const;
-    QStringList events() const;
     static QTimer *timerOf(InlineNotice *notice)
     {
         return notice->findChild<QTimer *>({}, Qt::FindDirectChildrenOnly);
     }
-
-    FakeStore m_store;
-    std::unique_ptr<KRecentFileEvents> m_events;
-    FakeOpener m_opener;
-    QStringList m_log;
-    std::unique_ptr<ZelBoxRecentFile> m_recent;
 };
-
-void TestPage::set(const QString &key, const QVariant &value)
-{
-    KSettings settings;
-    settings.beginGroup(QStringLiteral("zelbox"));
-    if (value.isValid())
-        settings.setValue(key, value);
-    else
-        settings.remove(key);
-    zel::recent::resetSettingsCache();
-}
-
-void TestPage::init()
-{
-    set(QStringLiteral("recentFileLoadingOuttimeTime"), {});
-    set(QStringLiteral("RecentRecordType"), {});
-    m_events = std::make_unique<KRecentFileEvents>();
-    m_store = {};
-    m_opener.asked.clear();
-    m_log.clear();
-    m_store.log = &m_log;
-}
-
-void TestPage::cleanup()
-{
-    m_recent.reset();
-}
-
-void TestPage::make(int rows, bool ready)
-{
-    m_store.ready = ready;
-    m_store.content.clear();
-    for (int i = 0; i < rows; ++i)
-        m_store.content << record(QString::number(i), QDateTime::currentMSecsSinceEpoch() - i * 1000);
-    m_recent = std::make_unique<ZelBoxRecentFile>(
-        KRecentFileLogic::Services{&m_store, m_events.get(), &m_opener, {}});
-    page()->resize(700, 500);
-    page()->show();
-    QVERIFY(QTest::qWaitForWindowActive(page()));
-    QCOMPARE(page()->state(), State::Waiting);
-}
-
-QPushButton *TestPage::button(const QString &text) const
-{
-    const auto buttons = page()->findChildren<QPushButton *>();
-    const auto found = std::find_if(buttons.cbegin(), buttons.cend(),
-        [&](QPushButton *b) { return b->text() == text && b->isVisible(); });
-    return found == buttons.cend() ? nullptr : *found;
-}
 
 void TestPage::statesOfAFirstLoad_data()
 {
@@ -170,8 +97,7 @@ void TestPage::outtimeOffersRetryAndFeedback()
 
 void TestPage::logoutWaitsAgain()
 {
-    make(3);
-    page()->onWindowFirstShown();
+    load(3);
     QCOMPARE(page()->state(), State::List);
     m_store.ready = false;
     page()->onLoginStatusChanged(false);
@@ -197,8 +123,7 @@ void TestPage::loadingShowsNothingAtFirst()
 
 void TestPage::reloadNeverShowsTheEmptyPage()
 {
-    make(3);
-    page()->onWindowFirstShown();
+    load(3);
     QSignalSpy counts(page()->findChild<ZelBoxRecentFileModel *>(), &ZelBoxRecentFileModel::rowCountChanged);
     QVector<State> seen;
     connect(page()->findChild<ZelBoxRecentFileModel *>(), &ZelBoxRecentFileModel::rowCountChanged, this,
@@ -229,15 +154,14 @@ void TestPage::failuresAreSaidAndGoAway()
     QFETCH(KDocumentOpener::Outcome, outcome);
     QFETCH(QString, word);
     QFETCH(bool, byKey);
-    make(3);
-    page()->onWindowFirstShown();
-    auto *notice = page()->findChild<InlineNotice *>();
+    load(3);
+    InlineNotice *notice = this->notice();
     QVERIFY(!notice->isVisible());
-    page()->onItemDoubleClicked(page()->view()->model()->index(0, 0));
+    page()->onItemDoubleClicked(row(0));
     m_opener.answer(m_opener.asked.value(0), outcome);
     QVERIFY(notice->isVisible());
     QVERIFY2(notice->text().contains(word), qPrintable(notice->text()));
-    auto *close = notice->findChild<QAbstractButton *>();
+    auto *close = notice->findChild<IconButton *>();
     if (byKey)
         QTest::keyClick(close, Qt::Key_Escape);
     else
@@ -248,17 +172,16 @@ void TestPage::failuresAreSaidAndGoAway()
 
 void TestPage::noticeGoesAwayByItself()
 {
-    make(3);
-    page()->onWindowFirstShown();
-    auto *notice = page()->findChild<InlineNotice *>();
-    page()->onItemDoubleClicked(page()->view()->model()->index(0, 0));
+    load(3);
+    InlineNotice *notice = this->notice();
+    page()->onItemDoubleClicked(row(0));
     m_opener.answer(m_opener.asked.value(0), KDocumentOpener::Outcome::Missing);
     QTimer *timer = timerOf(notice);
     QVERIFY(timer->isActive());
     QVERIFY(timer->interval() >= 3000); // long enough to be read
     QSignalSpy timeout(timer, &QTimer::timeout);
 
-    notice->findChild<QAbstractButton *>()->setFocus();
+    notice->findChild<IconButton *>()->setFocus();
     timer->start(0);
     QVERIFY(timeout.wait());
     QVERIFY(notice->isVisible()); // the keyboard is on it
@@ -269,8 +192,7 @@ void TestPage::noticeGoesAwayByItself()
 
 void TestPage::openingByMouseAndKeyboard()
 {
-    make(3);
-    page()->onWindowFirstShown();
+    load(3);
     auto *view = page()->view();
     view->setFocus();
     QSignalSpy opens(page(), &ZelBoxRecentFileWidgetBase::sigRecentFileItemOpen);
@@ -290,22 +212,10 @@ void TestPage::openingByMouseAndKeyboard()
     QCOMPARE(opens.size(), 2);
 }
 
-QStringList TestPage::events() const
-{
-    QFile file(qEnvironmentVariable("XDG_STATE_HOME") + QStringLiteral("/zelbox/telemetry.jsonl"));
-    if (!file.open(QIODevice::ReadOnly))
-        return {};
-    QStringList lines;
-    while (!file.atEnd())
-        lines << QString::fromUtf8(file.readLine()).trimmed();
-    return lines;
-}
-
 void TestPage::telemetry()
 {
     KDcInfoC::setEnabled(true);
-    make(3);
-    page()->onWindowFirstShown();
+    load(3);
     auto *view = page()->view();
     const QPoint second = view->visualRect(view->model()->index(1, 0)).center();
     QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, second);

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/ui/boxdialog.h"
 #include "kdocumentopener.h"
+#include "widgets/boxdialog.h"
 
 class QFileSystemModel;
 class QLineEdit;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ui/boxdialog.h"
+#include "widgets/boxdialog.h"
 
 class QLabel;
 class QPushButton;

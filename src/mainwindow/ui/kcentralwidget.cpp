@@ -16,8 +16,9 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
-KCentralWidget::KCentralWidget(const QString &title, QWidget *parent)
+KCentralWidget::KCentralWidget(const QString &title, KCloudSvrProxy *cloud, QWidget *parent)
     : QWidget(parent),
+      m_cloud(cloud),
       m_titleBar(new TitleBar(title, this)),
       m_navigation(new NavigationBar(zel::pageList(), this)),
       m_spaceBar(new ZelBoxSpaceBar(this)),
@@ -66,7 +67,9 @@ QWidget *KCentralWidget::createPage(int number)
 {
     const zel::PageInfo page = zel::pageList().at(number);
     if (page.key == zel::source::RecentFile) {
-        m_recent = (new ZelBoxRecentFile(m_pages, this))->page();
+        ZelBoxRecentFile::Services services;
+        services.cloud = m_cloud;
+        m_recent = (new ZelBoxRecentFile(services, m_pages, this))->page();
         connect(this, &KCentralWidget::currentPageChanged, m_recent, [this, number](int now) {
             if (now != number)
                 m_recent->onClearUnreadMsgAfterTabChanged();

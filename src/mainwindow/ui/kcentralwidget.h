@@ -3,6 +3,7 @@
 #include <QHash>
 #include <QWidget>
 
+class KCloudSvrProxy;
 class NavigationBar;
 class QStackedWidget;
 class TitleBar;
@@ -15,7 +16,8 @@ class KCentralWidget : public QWidget
 {
     Q_OBJECT
 public:
-    explicit KCentralWidget(const QString &title, QWidget *parent = nullptr);
+    /// `cloud` may be null: then nobody is ever logged in.
+    KCentralWidget(const QString &title, KCloudSvrProxy *cloud, QWidget *parent = nullptr);
 
     TitleBar *titleBar() const { return m_titleBar; }
     NavigationBar *navigation() const { return m_navigation; }
@@ -38,6 +40,7 @@ protected:
 private:
     QWidget *createPage(int number);
 
+    KCloudSvrProxy *m_cloud;
     TitleBar *m_titleBar;
     NavigationBar *m_navigation;
     ZelBoxSpaceBar *m_spaceBar;

@@ -3,6 +3,7 @@
 #include "base/logging.h"
 #include "base/settingskeys.h"
 #include "base/sourcekeys.h"
+#include "cloud/zelboxcloudsvr.h"
 #include "kdcinfoc.h"
 #include "klitestyle.h"
 #include "ksettings.h"
@@ -32,7 +33,7 @@ ZelBoxMainWindow::ZelBoxMainWindow(MainWindowHost *host, QWidget *parent)
         Qt::Window | Qt::FramelessWindowHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint
             | Qt::WindowCloseButtonHint),
       m_host(host),
-      m_central(new KCentralWidget(QStringLiteral("ZEL Box"), this)),
+      m_central(new KCentralWidget(QStringLiteral("ZEL Box"), host->cloudService(), this)),
       m_showSource(QStringLiteral("normal"))
 {
     setWindowTitle(QStringLiteral("ZEL Box"));
@@ -47,6 +48,8 @@ ZelBoxMainWindow::ZelBoxMainWindow(MainWindowHost *host, QWidget *parent)
     connect(this, &ZelBoxMainWindow::windowReadyToShow, this, &ZelBoxMainWindow::onWindowReadyToShow);
     connect(this, &ZelBoxMainWindow::windowTitleClicked, this, &ZelBoxMainWindow::onWindowTitleClicked);
     connect(this, &ZelBoxMainWindow::sigMsgCountChanged, m_central->navigation(), &NavigationBar::setBadge);
+    connect(m_central->recentPage(), &ZelBoxRecentFileWidgetBase::sigSettingsWanted, this,
+        [this] { m_host->openSettings(); });
     connect(m_central->recentPage(), &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount, this,
         [this](quint64 count) {
             const int page = zel::pageNumber(zel::source::RecentFile);

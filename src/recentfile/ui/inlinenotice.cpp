@@ -10,10 +10,12 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QPushButton>
 
 static constexpr int ShowTime = 6000; // ms
 
-InlineNotice::InlineNotice(QWidget *parent) : QFrame(parent), m_text(new QLabel(this))
+InlineNotice::InlineNotice(QWidget *parent)
+    : QFrame(parent), m_text(new QLabel(this)), m_action(new QPushButton(this))
 {
     auto *close = new IconButton(QStringLiteral(":/icons_svg/window_close.svg"), tr("Close notice"), this);
     close->setGlyphSize(12);
@@ -24,21 +26,50 @@ InlineNotice::InlineNotice(QWidget *parent) : QFrame(parent), m_text(new QLabel(
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(KLiteStyle::dpiScaledMargins({16, 6, 6, 6}));
     layout->addWidget(m_text, 1);
+    layout->addWidget(m_action, 0, Qt::AlignVCenter);
     layout->addWidget(close, 0, Qt::AlignVCenter);
     m_timer.setSingleShot(true);
-    m_timer.setInterval(ShowTime);
+    connect(m_action, &QPushButton::clicked, this, [this] {
+        m_offering = false;
+        hide();
+        Q_EMIT actionTriggered();
+    });
     connect(&m_timer, &QTimer::timeout, this, &InlineNotice::onTimeout);
     hide();
 }
 
-void InlineNotice::showText(const QString &text)
+void InlineNotice::showText(const QString &text, Tone tone)
+{
+    endOffer();
+    m_action->hide();
+    present(text, tone, ShowTime);
+}
+
+void InlineNotice::showOffer(const QString &text, const QString &action, int milliseconds)
+{
+    endOffer();
+    m_offering = true;
+    m_action->setText(action);
+    m_action->show();
+    present(text, Tone::Done, milliseconds);
+}
+
+void InlineNotice::present(const QString &text, Tone tone, int milliseconds)
 {
     m_text->setText(text);
+    m_tone = tone;
     setAccessibleName(text);
     show();
-    m_timer.start();
+    update();
+    m_timer.start(milliseconds);
     QAccessibleEvent event(this, QAccessible::Alert);
     QAccessible::updateAccessibility(&event);
+}
+
+void InlineNotice::endOffer()
+{
+    if (std::exchange(m_offering, false))
+        Q_EMIT offerEnded();
 }
 
 QString InlineNotice::text() const
@@ -58,13 +89,14 @@ void InlineNotice::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    QColor ground = KSkin::color(KSkin::Color::Badge);
+    const QColor color = KSkin::color(m_tone == Tone::Problem ? KSkin::Color::Badge : KSkin::Color::Accent);
+    QColor ground = color;
     ground.setAlphaF(0.10);
     painter.setPen(Qt::NoPen);
     painter.setBrush(ground);
     const qreal radius = KLiteStyle::dpiScaledF(6);
     painter.drawRoundedRect(rect(), radius, radius);
-    painter.setBrush(KSkin::color(KSkin::Color::Badge));
+    painter.setBrush(color);
     const int bar = KLiteStyle::dpiScaled(3);
     painter.drawRoundedRect(QRectF(bar, bar * 2, bar, height() - bar * 4), bar / 2.0, bar / 2.0);
 }
@@ -79,7 +111,9 @@ void InlineNotice::keyPressEvent(QKeyEvent *event)
 
 void InlineNotice::hideEvent(QHideEvent *event)
 {
-    if (isHidden())
+    if (isHidden()) {
         m_timer.stop();
+        endOffer();
+    }
     QFrame::hideEvent(event);
 }

@@ -1,152 +1,90 @@
 #include "recentfile/ui/recentfiledelegate.h"
 
-#include "kfileiconprovider.h"
-#include "klitestyle.h"
-#include "kskin.h"
 #include "recentfile/recentfilemodel.h"
 
 #include <QAbstractItemView>
 #include <QDir>
 #include <QHelpEvent>
 #include <QLocale>
-#include <QPainter>
 #include <QToolTip>
 
 using namespace zel::recent;
 using Model = ZelBoxRecentFileModel;
 
-/// What one row says, and in which fonts.
-struct ZelBoxRecentFileDelegate::Row
-{
-    QFont nameFont;
-    QFont smallFont;
-    QString name;
-    QString folder;
-    QString time;
-    QString badge;
-    bool missing = false;
-
-    Row(const QFont &font, const QModelIndex &index)
-        : nameFont(font),
-          smallFont(ZelBoxRecentFileDelegate::smallFont(font)),
-          name(plainLine(index.data(Model::NameRole).toString())), // measured and painted alike
-          time(index.data(Model::TimeTextRole).toString()),
-          missing(index.data(Model::PresenceRole).toInt() == int(RecentFileInfo::Presence::Missing))
-    {
-        const QString path = index.data(Model::PathRole).toString();
-        folder = path.isEmpty() ? tr("On another device") : folderText(path, QDir::homePath());
-        const int unread = index.data(Model::UnreadRole).toInt();
-        if (missing)
-            badge = tr("Missing");
-        else if (unread == Model::New)
-            badge = tr("New");
-        else if (unread != Model::NotUnread)
-            badge = tr("Modify");
-    }
-};
-
 namespace {
 
-void paintGround(QPainter *painter, const QRect &ground, const QStyleOptionViewItem &option)
+RecentRowOption rowOption(const QStyleOptionViewItem &option)
 {
-    const qreal radius = KLiteStyle::dpiScaledF(6);
-    const bool selected = option.state.testFlag(QStyle::State_Selected);
-    if (selected || option.state.testFlag(QStyle::State_MouseOver)) {
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(KSkin::color(selected ? KSkin::Color::Selected : KSkin::Color::Hover));
-        painter->drawRoundedRect(ground, radius, radius);
-    }
-    if (option.state.testFlag(QStyle::State_HasFocus)) {
-        const qreal width = KLiteStyle::dpiScaledF(1.5);
-        painter->setPen(QPen(KSkin::color(KSkin::Color::Accent), width));
-        painter->setBrush(Qt::NoBrush);
-        const QRectF ring = QRectF(ground).adjusted(width / 2, width / 2, -width / 2, -width / 2);
-        painter->drawRoundedRect(ring, radius, radius);
-    }
-}
-
-void paintBadge(QPainter *painter, const QRect &rect, const QString &text, bool missing)
-{
-    const QColor color = KSkin::color(missing ? KSkin::Color::TextSecondary : KSkin::Color::Accent);
-    QColor ground = color;
-    ground.setAlphaF(0.14);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(ground);
-    painter->drawRoundedRect(rect, rect.height() / 2.0, rect.height() / 2.0);
-    painter->setPen(color);
-    painter->drawText(rect, Qt::AlignCenter | Qt::TextSingleLine, text);
+    const auto *ours = qstyleoption_cast<const RecentRowOption *>(&option);
+    return ours ? *ours : RecentRowOption(option);
 }
 
 } // namespace
 
-QFont ZelBoxRecentFileDelegate::smallFont(const QFont &font)
+ZelBoxRecentFileDelegate::ZelBoxRecentFileDelegate(QObject *parent) : QStyledItemDelegate(parent)
 {
-    QFont small = font;
-    if (font.pointSizeF() > 0)
-        small.setPointSizeF(font.pointSizeF() * 0.9);
-    else
-        small.setPixelSize(qMax(1, qRound(font.pixelSize() * 0.9)));
-    return small;
+    retranslate();
+}
+
+void ZelBoxRecentFileDelegate::retranslate()
+{
+    m_texts = {
+        {QStringLiteral("text-name"), tr("Name")},
+        {QStringLiteral("text-time"), tr("Last used")},
+        {QStringLiteral("text-notify-new"), tr("New")},
+        {QStringLiteral("text-notify-modify"), tr("Modify")},
+    };
+}
+
+const RecentRowFonts &ZelBoxRecentFileDelegate::fonts(const QFont &font) const
+{
+    if (!m_fonts || m_fonts->name != font)
+        m_fonts.emplace(font);
+    return *m_fonts;
 }
 
 QSize ZelBoxRecentFileDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
 {
-    const auto metrics =
-        RecentCellMetrics::of(QFontMetrics(option.font), QFontMetrics(smallFont(option.font)));
+    const RecentCellMetrics &metrics = fonts(option.font).cell;
     return {metrics.leastNameWidth * 2, metrics.rowHeight};
+}
+
+RecentCell ZelBoxRecentFileDelegate::cell(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const RecentRowOption ours = rowOption(option);
+    return RecentRow::of(index, ours.detail, m_texts).fit(ours.rect, fonts(ours.font), ours.buttons);
 }
 
 void ZelBoxRecentFileDelegate::paint(
     QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    Row row(option.font, index);
-    const QFontMetrics nameMetrics(row.nameFont, painter->device());
-    const QFontMetrics smallMetrics(row.smallFont, painter->device());
-    const auto metrics = RecentCellMetrics::of(nameMetrics, smallMetrics);
-    RecentCell::Wishes wishes{nameMetrics.horizontalAdvance(row.name) + 1,
-        row.badge.isEmpty() ? 0 : smallMetrics.horizontalAdvance(row.badge),
-        row.time.isEmpty() ? 0 : smallMetrics.horizontalAdvance(row.time) + 1};
-    RecentCell cell = RecentCell::layout(option.rect, metrics, wishes);
-    row.name = elidedName(row.name, nameMetrics, cell.name.width());
-    wishes.name = nameMetrics.horizontalAdvance(row.name) + 1; // a badge follows what is left of the name
-    cell = RecentCell::layout(option.rect, metrics, wishes);
-
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    paintGround(painter, cell.ground, option);
-    const QIcon icon = KFileIconProvider::instance()->icon(index.data(Model::NameRole).toString());
-    icon.paint(painter, cell.icon, Qt::AlignCenter, row.missing ? QIcon::Disabled : QIcon::Normal);
-    paintTexts(painter, cell, row);
-    painter->restore();
+    const RecentRowOption ours = rowOption(option);
+    RecentRow row = RecentRow::of(index, ours.detail, m_texts);
+    const RecentRowFonts &rowFonts = fonts(ours.font);
+    const RecentCell cell = row.fit(ours.rect, rowFonts, ours.buttons);
+    paintRow(painter, row, cell, rowFonts, ours);
 }
 
-void ZelBoxRecentFileDelegate::paintTexts(QPainter *painter, const RecentCell &cell, const Row &row) const
+QString ZelBoxRecentFileDelegate::toolTip(const QModelIndex &index) const
 {
-    constexpr int Line = Qt::AlignVCenter | Qt::TextSingleLine;
-    const QColor quiet = KSkin::color(row.missing ? KSkin::Color::TextDisabled : KSkin::Color::TextSecondary);
-
-    painter->setFont(row.nameFont);
-    painter->setPen(KSkin::color(row.missing ? KSkin::Color::TextDisabled : KSkin::Color::Text));
-    painter->drawText(cell.name, Line | Qt::AlignLeft, row.name);
-
-    painter->setFont(row.smallFont);
-    painter->setPen(quiet);
-    const QFontMetrics smallMetrics(row.smallFont, painter->device());
-    painter->drawText(cell.folder, Line | Qt::AlignLeft,
-        smallMetrics.elidedText(row.folder, Qt::ElideMiddle, cell.folder.width()));
-    if (!cell.time.isNull())
-        painter->drawText(cell.time, Line | Qt::AlignRight, row.time);
-    if (!cell.badge.isNull())
-        paintBadge(painter, cell.badge, row.badge, row.missing);
-}
-
-QString ZelBoxRecentFileDelegate::toolTip(const QModelIndex &index)
-{
-    const QString path = index.data(Qt::ToolTipRole).toString();
-    const QString first = plainLine(path.isEmpty() ? index.data(Qt::DisplayRole).toString() : path);
-    const QDateTime time = index.data(Model::LastAccessRole).toDateTime();
-    return QStringLiteral("<p style='white-space:pre-wrap'>") + first.toHtmlEscaped() + QStringLiteral("<br>")
-        + QLocale().toString(time, QLocale::LongFormat).toHtmlEscaped() + QStringLiteral("</p>");
+    const QString path = QDir::toNativeSeparators(index.data(Model::PathRole).toString());
+    const auto labelled = [](const QString &label, const QString &text) {
+        return tr("%1: %2", "label and value").arg(label, text);
+    };
+    QStringList lines;
+    lines << plainLine(path.isEmpty()
+            ? labelled(m_texts.value(QStringLiteral("text-name")), index.data(Model::NameRole).toString())
+            : path);
+    lines << labelled(m_texts.value(QStringLiteral("text-time")),
+        QLocale().toString(index.data(Model::LastAccessRole).toDateTime(), QLocale::LongFormat));
+    if (const QString size = sizeText(index.data(Model::SizeRole).toLongLong()); !size.isEmpty())
+        lines << labelled(tr("Size"), size);
+    if (const QString device = index.data(Model::DeviceNameRole).toString(); !device.isEmpty())
+        lines << labelled(tr("Device"), plainLine(device));
+    for (QString &line : lines)
+        line = line.toHtmlEscaped();
+    return QStringLiteral("<p style='white-space:pre-wrap'>") + lines.join(QStringLiteral("<br>"))
+        + QStringLiteral("</p>");
 }
 
 bool ZelBoxRecentFileDelegate::helpEvent(
@@ -154,6 +92,12 @@ bool ZelBoxRecentFileDelegate::helpEvent(
 {
     if (event->type() != QEvent::ToolTip || !index.isValid())
         return QStyledItemDelegate::helpEvent(event, view, option, index);
-    QToolTip::showText(event->globalPos(), toolTip(index), view->viewport(), option.rect);
+    const RecentCell cell = this->cell(option, index);
+    const RecentCell::Button button = cell.buttonAt(event->pos());
+    const QString text = button == RecentCell::Button::Share ? tr("Share")
+        : button == RecentCell::Button::More                 ? tr("More")
+                                                             : toolTip(index);
+    const QRect area = button == RecentCell::Button::None ? option.rect : cell.rectOf(button);
+    QToolTip::showText(event->globalPos(), text, view->viewport(), area);
     return true;
 }

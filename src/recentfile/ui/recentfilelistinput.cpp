@@ -1,87 +1,140 @@
-// Keyboard, mouse and time: the part of the recent list that answers the user.
+// Mouse and time: the part of the recent list that answers the pointer and notices that the user is back.
+#include "recentfile/recentfilemodel.h"
+#include "recentfile/recentsortfiltermodel.h"
+#include "recentfile/ui/recentfiledelegate.h"
 #include "recentfile/ui/recentfilelistview.h"
 
-#include "recentfile/recentfilemodel.h"
-
-#include <QKeyEvent>
-#include <QScrollBar>
+#include <QApplication>
+#include <QHelpEvent>
+#include <QMouseEvent>
 #include <QStyle>
 #include <QTimerEvent>
 
+using View = ZelBoxRecentFileListView;
+using Button = RecentCell::Button;
+
 namespace {
+
 constexpr int SettleDelay = 250; // ms
+
+bool opensOnOneClick(const QWidget *widget)
+{
+    return widget->style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, widget);
 }
 
-void ZelBoxRecentFileListView::keyPressEvent(QKeyEvent *event)
+bool extendsSelection(const QMouseEvent &event)
 {
-    m_showFocusRing = true;
-    viewport()->update(visualRect(currentIndex()));
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
-        if (currentIndex().isValid() && !event->isAutoRepeat())
-            Q_EMIT activated(currentIndex());
-        event->accept();
+    return event.modifiers() & (Qt::ControlModifier | Qt::ShiftModifier);
+}
+
+} // namespace
+
+View::ButtonSpot View::buttonAt(const QPoint &point) const
+{
+    const QModelIndex index = indexAt(point);
+    const ZelBoxRecentFileDelegate *delegate = rowDelegate();
+    if (!index.isValid() || !delegate || !showsButtons(index))
+        return {};
+    const Button button = delegate->cell(rowOption(index), index).buttonAt(point);
+    return button == Button::None ? ButtonSpot() : ButtonSpot{index, button};
+}
+
+void View::mousePressEvent(QMouseEvent *event)
+{
+    const bool left = event->button() == Qt::LeftButton;
+    m_pressedButton = left ? buttonAt(event->pos()) : ButtonSpot(); // only one that was there to be seen
+    setKeyboardLeads(false);
+    m_releaseEndsDoubleClick = false;
+    m_pressPos = event->pos();
+    m_pressed = left ? indexAt(event->pos()) : QModelIndex();
+    if (m_pressedButton.button == Button::None) {
+        QAbstractItemView::mousePressEvent(event);
         return;
     }
-    QAbstractItemView::keyPressEvent(event);
-}
-
-void ZelBoxRecentFileListView::focusInEvent(QFocusEvent *event)
-{
-    const auto reason = event->reason();
-    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
-        m_showFocusRing = true;
-    QAbstractItemView::focusInEvent(event);
-}
-
-void ZelBoxRecentFileListView::mousePressEvent(QMouseEvent *event)
-{
-    m_showFocusRing = false;
-    m_releaseEndsDoubleClick = false;
-    m_pressed = event->button() == Qt::LeftButton ? indexAt(event->pos()) : QModelIndex();
-    QAbstractItemView::mousePressEvent(event);
+    m_pressed = QModelIndex();
+    setHotButton(m_pressedButton);
+    updateRow(m_pressedButton.row);
 }
 
 // A double click is one thing: doubleClicked() once, and no click on top of it when the button comes up. On
 // desktops where the first click already opens, the second has nothing left to do. When the list has moved in
-// between, the second click meets a row that the first was not for: it is a first one then.
-void ZelBoxRecentFileListView::mouseDoubleClickEvent(QMouseEvent *event)
+// between, the second click meets a row that the first was not for: it is a first one then. So it is on a
+// button, and while rows are being picked.
+void View::mouseDoubleClickEvent(QMouseEvent *event)
 {
     if (event->button() != Qt::LeftButton) {
         event->accept();
         return;
     }
     const QModelIndex index = indexAt(event->pos());
-    if (!index.isValid() || m_pressed != index) {
+    if (!index.isValid() || m_pressed != index || extendsSelection(*event)
+        || buttonAt(event->pos()).button != Button::None) {
         QMouseEvent press(QEvent::MouseButtonPress, event->localPos(), event->windowPos(), event->screenPos(),
             event->button(), event->buttons(), event->modifiers(), event->source());
         mousePressEvent(&press);
         return;
     }
     m_releaseEndsDoubleClick = true;
-    if (!style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, this))
+    if (!opensOnOneClick(this))
         Q_EMIT doubleClicked(index);
 }
 
-void ZelBoxRecentFileListView::mouseReleaseEvent(QMouseEvent *event)
+void View::mouseReleaseEvent(QMouseEvent *event)
 {
-    // The base class opens on single-click desktops whichever button comes up.
-    if (std::exchange(m_releaseEndsDoubleClick, false) || event->button() != Qt::LeftButton)
+    const bool left = event->button() == Qt::LeftButton;
+    if (left && m_pressedButton.button != Button::None) {
+        const ButtonSpot pressed = std::exchange(m_pressedButton, {});
+        updateRow(pressed.row);
+        if (buttonAt(event->pos()) == pressed)
+            clickButton(pressed);
+        return;
+    }
+    // The base class opens on single-click desktops whichever button comes up, and whatever it was for.
+    if (std::exchange(m_releaseEndsDoubleClick, false) || !left) {
         setState(NoState);
-    else
+    } else if (extendsSelection(*event) && opensOnOneClick(this)) {
+        setState(NoState);
+        if (m_pressed.isValid() && m_pressed == indexAt(event->pos()))
+            Q_EMIT clicked(m_pressed);
+    } else {
         QAbstractItemView::mouseReleaseEvent(event);
+    }
 }
 
-void ZelBoxRecentFileListView::mouseMoveEvent(QMouseEvent *event)
+void View::clickButton(const ButtonSpot &spot)
+{
+    if (spot.button == Button::Share) {
+        Q_EMIT sigShareDoc(spot.row);
+        return;
+    }
+    const QRect rect = rowDelegate()->cell(rowOption(spot.row), spot.row).rectOf(spot.button);
+    Q_EMIT sigMoreRequested(spot.row, viewport()->mapToGlobal(rect.bottomLeft() + QPoint(0, 1)));
+}
+
+// The base class would want every row to say that it can be dragged, and picks rows under a band that nobody
+// sees.
+void View::mouseMoveEvent(QMouseEvent *event)
 {
     setHover(indexAt(event->pos()));
-    QAbstractItemView::mouseMoveEvent(event);
+    setHotButton(buttonAt(event->pos()));
+    if (event->buttons() == Qt::NoButton) {
+        QAbstractItemView::mouseMoveEvent(event);
+        return;
+    }
+    const int distance = (event->pos() - m_pressPos).manhattanLength();
+    if (event->buttons() != Qt::LeftButton || distance <= QApplication::startDragDistance()
+        || !selectionModel()->isSelected(m_pressed))
+        return;
+    startDrag(Qt::CopyAction | Qt::LinkAction);
+    m_pressed = QModelIndex();
 }
 
-bool ZelBoxRecentFileListView::viewportEvent(QEvent *event)
+bool View::viewportEvent(QEvent *event)
 {
     switch (event->type()) {
     case QEvent::Leave:
         setHover({});
+        setHotButton({});
         break;
     case QEvent::Enter:
         refreshDay();
@@ -90,25 +143,54 @@ bool ZelBoxRecentFileListView::viewportEvent(QEvent *event)
         refreshDay();
         settleSoon();
         break;
+    case QEvent::ToolTip: {
+        auto *help = static_cast<QHelpEvent *>(event);
+        if (const QModelIndex index = indexAt(help->pos()); index.isValid())
+            return itemDelegate()->helpEvent(help, this, rowOption(index), index);
+        break;
+    }
     default:
         break;
     }
     return QAbstractItemView::viewportEvent(event);
 }
 
-void ZelBoxRecentFileListView::setHover(const QModelIndex &index)
+void View::setHover(const QModelIndex &index)
 {
     if (m_hover == index)
         return;
-    viewport()->update(visualRect(m_hover));
+    updateRow(m_hover);
+    if (m_keyboardLeads) // the buttons leave the current row, or come back to it
+        updateRow(currentIndex());
     m_hover = index;
-    viewport()->update(visualRect(m_hover));
+    updateRow(m_hover);
 }
 
-// Rows also move under a pointer that stays where it is.
-void ZelBoxRecentFileListView::updateHover()
+void View::setHotButton(const ButtonSpot &spot)
 {
-    setHover(viewport()->underMouse() ? indexAt(viewport()->mapFromGlobal(QCursor::pos())) : QModelIndex());
+    if (m_hotButton == spot)
+        return;
+    updateRow(m_hotButton.row);
+    m_hotButton = spot;
+    updateRow(m_hotButton.row);
+}
+
+// Rows also move under a pointer that stays where it is. Who works with the keyboard has left it somewhere.
+void View::updateHover()
+{
+    const bool hovers = !m_keyboardLeads && viewport()->underMouse();
+    const QPoint pos = hovers ? viewport()->mapFromGlobal(QCursor::pos()) : QPoint();
+    setHover(hovers ? indexAt(pos) : QModelIndex());
+    setHotButton(hovers ? buttonAt(pos) : ButtonSpot());
+}
+
+void View::setKeyboardLeads(bool leads)
+{
+    if (m_keyboardLeads == leads)
+        return;
+    m_keyboardLeads = leads;
+    updateHover();
+    updateRow(currentIndex());
 }
 
 void ZelBoxRecentFileListView::changeEvent(QEvent *event)
@@ -117,8 +199,10 @@ void ZelBoxRecentFileListView::changeEvent(QEvent *event)
     switch (event->type()) {
     case QEvent::LanguageChange:
         setAccessibleName(tr("Recent files"));
-        if (m_model)
-            m_model->retranslate();
+        if (ZelBoxRecentFileDelegate *delegate = rowDelegate())
+            delegate->retranslate();
+        if (m_model && m_model->recentModel())
+            m_model->recentModel()->retranslate();
         break;
     case QEvent::FontChange:
     case QEvent::StyleChange:
@@ -130,35 +214,37 @@ void ZelBoxRecentFileListView::changeEvent(QEvent *event)
 }
 
 // Whenever the user comes back: while the machine was asleep, a day may have begun unnoticed.
-void ZelBoxRecentFileListView::refreshDay()
+void View::refreshDay()
 {
-    if (m_model)
-        m_model->refreshDay();
+    if (m_model && m_model->recentModel())
+        m_model->recentModel()->refreshDay();
 }
 
 // A hidden page is not told that its window has become active.
-void ZelBoxRecentFileListView::showEvent(QShowEvent *event)
+void View::showEvent(QShowEvent *event)
 {
     refreshDay();
     QAbstractItemView::showEvent(event);
     settleSoon();
 }
 
-void ZelBoxRecentFileListView::settleSoon()
+void View::settleSoon()
 {
     if (isVisible() && m_layout.contentHeight() > 0)
         m_settle.start(SettleDelay, this);
 }
 
-void ZelBoxRecentFileListView::timerEvent(QTimerEvent *event)
+void View::timerEvent(QTimerEvent *event)
 {
     if (event->timerId() != m_settle.timerId()) {
         QAbstractItemView::timerEvent(event);
         return;
     }
     m_settle.stop();
-    const auto [first, last] =
-        m_layout.rowsBetween(verticalOffset(), verticalOffset() + viewport()->height());
-    if (isVisible() && first >= 0)
-        Q_EMIT sigVisibleRowsSettled(first, last);
+    QModelIndexList rows;
+    const auto [first, last] = visibleRows();
+    for (int row = first; row <= last; ++row)
+        rows << m_model->index(row);
+    if (isVisible() && !rows.isEmpty())
+        Q_EMIT sigVisibleRowsSettled(rows);
 }

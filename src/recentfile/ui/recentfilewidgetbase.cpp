@@ -9,51 +9,75 @@
 #include "recentfile/ui/loadingindicator.h"
 #include "recentfile/ui/loadingouttime.h"
 #include "recentfile/ui/recentfilelistview.h"
+#include "recentfile/ui/recentfilemenu.h"
 #include "recentfile/ui/recentfiletitlewidget.h"
+#include "recentfile/ui/recentfilterbar.h"
 #include "recentfile/ui/recentguides.h"
 
 #include <QApplication>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace zel::recent;
+using telemetry::Event;
 
-ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase(KRecentFileLogic *logic, QWidget *parent)
+ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase(
+    KRecentFileLogic *logic, RecentFileActions *actions, QWidget *parent)
     : QWidget(parent),
       m_logic(logic),
+      m_actions(actions),
       m_model(new ZelBoxRecentFileModel(this)),
+      m_rows(new RecentSortFilterModel(this)),
       m_title(new ZelBoxRecentFileTitleWidget(this)),
+      m_filterBar(new RecentFilterBar(this)),
+      m_roamingGuide(new ZelBoxRecentFileRoamingGuideWidget(this)),
       m_notice(new InlineNotice(this)),
       m_view(new ZelBoxRecentFileListView(this)),
       m_stack(new QStackedLayout),
       m_outtime(new LoadingOuttime(loadingTimeout(), this))
 {
+    layOut();
+    m_rows->setSourceModel(m_model);
+    const RecentSort sort = storedSort();
+    m_title->setSort(sort);
+    applySort(sort);
+    m_view->setModel(m_rows);
+    m_logic->setModel(m_model);
+    connectLogic();
+    connectView();
+    connectTitle();
+    connectActions();
+}
+
+void ZelBoxRecentFileWidgetBase::layOut()
+{
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addWidget(m_title);
-    auto *noticeRow = new QVBoxLayout;
-    noticeRow->setContentsMargins(KLiteStyle::dpiScaledMargins({12, 0, 12, 0}));
-    noticeRow->addWidget(m_notice);
-    layout->addLayout(noticeRow);
+    layout->addWidget(m_filterBar);
+    auto *notices = new QVBoxLayout;
+    notices->setContentsMargins(KLiteStyle::dpiScaledMargins({12, 0, 12, 0}));
+    notices->setSpacing(KLiteStyle::dpiScaled(6));
+    notices->addWidget(m_roamingGuide);
+    notices->addWidget(m_notice);
+    layout->addLayout(notices);
     layout->addLayout(m_stack, 1);
     m_widgets[int(State::List)] = m_view;
     m_stack->addWidget(m_view);
     m_stack->setCurrentWidget(widgetFor(m_state));
+    showListTools(false);
     setFocusProxy(m_view);
-
-    m_view->setModel(m_model);
-    m_logic->setModel(m_model);
-    connectLogic();
-    connectView();
+    m_view->setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
 void ZelBoxRecentFileWidgetBase::connectLogic()
 {
     using Logic = KRecentFileLogic;
     using Self = ZelBoxRecentFileWidgetBase;
-    connect(m_logic, &Logic::recentFileUnreadMsgCount, this, &Self::recentFileUnreadMsgCount);
+    connect(m_logic, &Logic::recentFileUnreadMsgCount, this, &Self::tellUnread);
     connect(m_logic, &Logic::needToWaitFirstLoading, this, &Self::beginWaiting);
     connect(m_logic, &Logic::firstLoadingFinish, m_outtime, &LoadingOuttime::stop);
     connect(m_logic, &Logic::itemsBatchArrived, this, &Self::updateState);
@@ -62,16 +86,71 @@ void ZelBoxRecentFileWidgetBase::connectLogic()
     connect(m_outtime, &LoadingOuttime::sigTimeout, this, &Self::onLoadingTimeout);
 }
 
-void ZelBoxRecentFileWidgetBase::connectView()
+void ZelBoxRecentFileWidgetBase::connectTitle()
 {
-    using View = ZelBoxRecentFileListView;
+    using Title = ZelBoxRecentFileTitleWidget;
     using Self = ZelBoxRecentFileWidgetBase;
-    connect(m_view, &View::clicked, this, &Self::onItemClicked);
-    connect(m_view, &View::doubleClicked, this, &Self::onItemDoubleClicked);
-    connect(m_view, &View::activated, this, &Self::open);
-    connect(m_view, &View::sigVisibleRowsSettled, m_logic, &KRecentFileLogic::checkPresence);
-    m_clickTimer.setSingleShot(true);
-    connect(&m_clickTimer, &QTimer::timeout, this, &Self::onClickTimeout);
+    using Guide = ZelBoxRecentFileRoamingGuideWidget;
+    connect(m_title, &Title::clearUnreadMsg, this, &Self::onClearUnreadMsg);
+    connect(m_title, &Title::findTextChanged, this, &Self::applyFilter);
+    connect(m_filterBar, &RecentFilterBar::kindsChanged, this, &Self::applyFilter);
+    connect(m_title, &Title::findEnded, this, [this](bool toFirstRow) {
+        m_view->setFocus(Qt::OtherFocusReason);
+        if (toFirstRow && m_rows->rowCount() > 0)
+            m_view->setCurrentIndex(m_rows->index(0));
+    });
+    connect(m_title, &Title::sortChosen, this, [this](const RecentSort &sort) {
+        storeSort(sort);
+        applySort(sort);
+        m_view->scrollToTop();
+    });
+    connect(m_title, &Title::remindersChanged, this, [this] { tellUnread(quint64(m_model->unreadCount())); });
+    connect(m_title, &Title::refreshRequested, m_logic,
+        &KRecentFileLogic::onUpdateRecentRoamingFileItemsWithSync);
+    connect(m_title, &Title::roamingGuideWanted, this, &Self::showRoamingGuide);
+    connect(m_title, &Title::needOpenRoaming, m_roamingGuide, &Guide::setNeeded);
+    connect(m_roamingGuide, &Guide::explanationRequested, m_title, &Title::onRoamingGuideLinkClicked);
+    connect(m_roamingGuide, &Guide::enableRoamingRequested, this, &Self::sigSettingsWanted);
+    const auto shortcut = [this](const QKeySequence &keys, auto slot) {
+        auto *made = new QShortcut(keys, this);
+        made->setContext(Qt::WidgetWithChildrenShortcut);
+        connect(made, &QShortcut::activated, this, slot);
+    };
+    shortcut(QKeySequence::Find, [this] { m_title->beginFinding(); });
+    shortcut(QKeySequence::Refresh, [this] { m_logic->onUpdateRecentRoamingFileItemsWithSync(); });
+}
+
+void ZelBoxRecentFileWidgetBase::applySort(const RecentSort &sort)
+{
+    m_rows->setSort(sort);
+    m_view->setShownDetail(sort.key == RecentSort::Key::Size ? ZelBoxRecentFileListView::Detail::Size
+                                                             : ZelBoxRecentFileListView::Detail::Time);
+    if (sort.key == RecentSort::Key::Size)
+        m_actions->lookUpSizes();
+}
+
+void ZelBoxRecentFileWidgetBase::applyFilter()
+{
+    m_rows->setFilter({m_title->findText(), m_filterBar->kinds()});
+    m_view->scrollToTop(); // the first hits are what was looked for
+    updateState();
+}
+
+void ZelBoxRecentFileWidgetBase::clearFilter()
+{
+    m_title->clearFind();
+    m_filterBar->chooseAll();
+    m_view->setFocus(Qt::OtherFocusReason);
+}
+
+void ZelBoxRecentFileWidgetBase::setFilterText(const QString &text)
+{
+    m_title->setFindText(text);
+}
+
+KRecentFileMenu *ZelBoxRecentFileWidgetBase::openMenu() const
+{
+    return m_menu;
 }
 
 void ZelBoxRecentFileWidgetBase::onWindowFirstShown()
@@ -79,6 +158,8 @@ void ZelBoxRecentFileWidgetBase::onWindowFirstShown()
     if (m_logic->isWaitingForFirstLoad() && m_state == State::Waiting && kindMask() != 0)
         m_outtime->start();
     m_logic->onWindowFirstShown();
+    if (m_rows->sort().key == RecentSort::Key::Size)
+        m_actions->lookUpSizes();
     updateState();
 }
 
@@ -87,57 +168,27 @@ void ZelBoxRecentFileWidgetBase::onWindowReadyToShow()
     m_model->refreshDay();
 }
 
-void ZelBoxRecentFileWidgetBase::onItemClicked(const QModelIndex &index)
-{
-    m_clicked = index;
-    m_clickTimer.start(QApplication::doubleClickInterval());
-}
-
-void ZelBoxRecentFileWidgetBase::onClickTimeout()
-{
-    if (m_clicked.isValid())
-        telemetry::clicked(m_clicked.row(), m_model->record(m_clicked.row()));
-}
-
-void ZelBoxRecentFileWidgetBase::onItemDoubleClicked(const QModelIndex &index)
-{
-    m_clickTimer.stop();
-    if (!index.isValid())
-        return;
-    telemetry::doubleClicked(index.row(), m_model->record(index.row()));
-    open(index);
-}
-
-void ZelBoxRecentFileWidgetBase::open(const QModelIndex &index)
-{
-    const QPersistentModelIndex kept = index;
-    m_logic->open(index);
-    m_logic->onUpdateRecentRoamingFileItemsWithSync();
-    Q_EMIT sigRecentFileItemOpen(kept);
-}
-
-void ZelBoxRecentFileWidgetBase::onOpenFailed(const QString &, KRecentFileLogic::OpenProblem problem)
-{
-    switch (problem) {
-    case KRecentFileLogic::OpenProblem::Missing:
-        m_notice->showText(tr("This file is no longer there."));
-        return;
-    case KRecentFileLogic::OpenProblem::NotReadable:
-        m_notice->showText(tr("You do not have permission to read this file."));
-        return;
-    case KRecentFileLogic::OpenProblem::NoProgram:
-        m_notice->showText(tr("No program on this computer opens this kind of file."));
-        return;
-    case KRecentFileLogic::OpenProblem::NotOnThisDevice:
-        m_notice->showText(tr("This file is on another device only."));
-        return;
-    }
-}
-
 void ZelBoxRecentFileWidgetBase::onLoginStatusChanged(bool bLogin)
 {
+    m_title->onLoginStatusChanged(bLogin);
     m_logic->onLoginStatusChanged(bLogin);
     updateState();
+    updateEmptyGuide();
+}
+
+void ZelBoxRecentFileWidgetBase::onRoamingStatusChanged(bool bAutoRoaming)
+{
+    m_roamingOn = bAutoRoaming;
+    if (bAutoRoaming)
+        m_roamingGuide->setNeeded(false);
+    else
+        onNotifyNeedOpenRoaming();
+    updateEmptyGuide();
+}
+
+void ZelBoxRecentFileWidgetBase::onNotifyNeedOpenRoaming()
+{
+    m_title->onNotifyNeedOpenRoaming();
 }
 
 void ZelBoxRecentFileWidgetBase::onClearUnreadMsg()
@@ -145,12 +196,16 @@ void ZelBoxRecentFileWidgetBase::onClearUnreadMsg()
     m_logic->clearUnread();
 }
 
-void ZelBoxRecentFileWidgetBase::onRowCountChanged(int rowCount)
+void ZelBoxRecentFileWidgetBase::tellUnread(quint64 count)
 {
-    if (m_logic->isReloading())
-        return; // the count on the way from the old rows to the new ones
-    m_title->setCount(rowCount);
-    updateState();
+    m_title->setUnreadCount(int(qMin<quint64>(count, INT_MAX)));
+    Q_EMIT recentFileUnreadMsgCount(remindersOn() ? count : 0);
+}
+
+void ZelBoxRecentFileWidgetBase::onRowCountChanged(int)
+{
+    if (!m_logic->isReloading()) // else it is the count on the way from the old rows to the new ones
+        updateState();
 }
 
 void ZelBoxRecentFileWidgetBase::beginWaiting()
@@ -165,7 +220,7 @@ void ZelBoxRecentFileWidgetBase::onLoadingTimeout()
 {
     m_timedOut = true;
     updateState();
-    telemetry::timeoutShown();
+    telemetry::post(Event::TimeoutShow);
 }
 
 void ZelBoxRecentFileWidgetBase::onRetry()
@@ -188,12 +243,14 @@ ZelBoxRecentFileWidgetBase::State ZelBoxRecentFileWidgetBase::wantedState() cons
         return State::Empty;
     if (m_logic->isWaitingForFirstLoad())
         return m_timedOut ? State::TimedOut : State::Waiting;
-    return m_model->rowCount() == 0 ? State::Empty : State::List;
+    if (m_model->rowCount() == 0)
+        return State::Empty;
+    return m_rows->rowCount() == 0 ? State::NothingFound : State::List;
 }
 
 void ZelBoxRecentFileWidgetBase::updateState()
 {
-    m_title->setCount(m_model->rowCount());
+    m_title->setCount(m_rows->rowCount());
     setState(wantedState());
 }
 
@@ -202,36 +259,76 @@ void ZelBoxRecentFileWidgetBase::setState(State state)
     if (state == m_state)
         return;
     m_state = state;
+    showListTools(state == State::List || state == State::NothingFound);
     m_stack->setCurrentWidget(widgetFor(state));
     if (isVisible())
         tellShown();
 }
 
+// Where there is no list, there is nothing to find, to narrow or to order.
+void ZelBoxRecentFileWidgetBase::showListTools(bool shown)
+{
+    m_filterBar->setVisible(shown);
+    m_title->setListTools(shown);
+}
+
 QWidget *ZelBoxRecentFileWidgetBase::widgetFor(State state)
 {
     QWidget *&widget = m_widgets[int(state)];
-    if (widget)
-        return widget;
+    if (!widget) {
+        widget = makeWidget(state);
+        m_stack->addWidget(widget);
+    }
+    return widget;
+}
+
+QWidget *ZelBoxRecentFileWidgetBase::makeWidget(State state)
+{
+    using Self = ZelBoxRecentFileWidgetBase;
     switch (state) {
     case State::Waiting:
-        widget = new LoadingIndicator(this);
-        break;
+        return new LoadingIndicator(this);
     case State::TimedOut: {
         auto *outtime = new ZelBoxLoadingOuttimeWidget(this);
-        connect(outtime, &ZelBoxLoadingOuttimeWidget::sigRetry, this, &ZelBoxRecentFileWidgetBase::onRetry);
-        connect(
-            outtime, &ZelBoxLoadingOuttimeWidget::sigFeedBack, this, &ZelBoxRecentFileWidgetBase::onFeedBack);
-        widget = outtime;
-        break;
+        connect(outtime, &ZelBoxLoadingOuttimeWidget::sigRetry, this, &Self::onRetry);
+        connect(outtime, &ZelBoxLoadingOuttimeWidget::sigFeedBack, this, &Self::onFeedBack);
+        return outtime;
     }
-    case State::Empty:
-        widget = new ZelBoxRecentFileEmptyGuideWidget(this);
-        break;
+    case State::Empty: {
+        using Guide = ZelBoxRecentFileEmptyGuideWidget;
+        auto *guide = new Guide(this);
+        connect(guide, &Guide::openFileRequested, this, &Self::openChosenFile);
+        connect(guide, &Guide::loginRequested, this, &Self::sigSettingsWanted);
+        connect(guide, &Guide::enableRoamingRequested, this, &Self::sigSettingsWanted);
+        guide->setReason(emptyReason());
+        return guide;
+    }
+    case State::NothingFound: {
+        auto *nothing = new RecentNothingFoundWidget(this);
+        connect(nothing, &RecentNothingFoundWidget::clearRequested, this, &Self::clearFilter);
+        return nothing;
+    }
     case State::List:
-        break; // there from the beginning
+        break;
     }
-    m_stack->addWidget(widget);
-    return widget;
+    return m_view; // there from the beginning
+}
+
+// Until the service is there nobody knows who is logged in, and a button to sign in would only flash.
+ZelBoxRecentFileEmptyGuideWidget::Reason ZelBoxRecentFileWidgetBase::emptyReason() const
+{
+    using Reason = ZelBoxRecentFileEmptyGuideWidget::Reason;
+    if (!m_logic->isCloudReached())
+        return Reason::NothingOpened;
+    if (!m_logic->isLoggedIn())
+        return Reason::NotLoggedIn;
+    return m_roamingOn ? Reason::NothingOpened : Reason::RoamingOff;
+}
+
+void ZelBoxRecentFileWidgetBase::updateEmptyGuide()
+{
+    if (auto *guide = static_cast<ZelBoxRecentFileEmptyGuideWidget *>(m_widgets[int(State::Empty)]))
+        guide->setReason(emptyReason());
 }
 
 void ZelBoxRecentFileWidgetBase::showEvent(QShowEvent *event)
@@ -250,12 +347,13 @@ void ZelBoxRecentFileWidgetBase::tellShown()
         return;
     if (std::exchange(m_pageShowToTell, false)) {
         const bool loggedIn = m_logic->isLoggedIn();
-        telemetry::pageShown({loggedIn, loggedIn, m_model->unreadCount(), m_model->rowCount()});
+        telemetry::pageShown(
+            {loggedIn, loggedIn && m_roamingOn, m_model->unreadCount(), m_model->rowCount()});
     }
     if (m_state == State::List && !std::exchange(m_listShowTold, true))
-        telemetry::listShown();
+        telemetry::post(Event::ListShow);
     if (m_state == State::Empty)
-        telemetry::emptyPageShown();
+        telemetry::post(Event::EmptyPageShow);
 }
 
 void ZelBoxRecentFileWidgetBase::paintEvent(QPaintEvent *event)

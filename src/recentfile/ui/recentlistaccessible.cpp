@@ -1,11 +1,12 @@
 #include "recentfile/ui/recentlistaccessible.h"
 
 #include "recentfile/recentfilemodel.h"
+#include "recentfile/recentsortfiltermodel.h"
 #include "recentfile/ui/recentfilelistview.h"
 
-static ZelBoxRecentFileModel *modelOf(const ZelBoxRecentFileListView *view)
+static RecentSortFilterModel *modelOf(const ZelBoxRecentFileListView *view)
 {
-    return view ? qobject_cast<ZelBoxRecentFileModel *>(view->model()) : nullptr;
+    return view ? view->recentModel() : nullptr;
 }
 
 static QAccessibleInterface *makeInterface(const QString &, QObject *object)
@@ -50,7 +51,7 @@ QAccessibleInterface *RecentListAccessible::child(int row) const
     if (row < 0 || row >= childCount())
         return nullptr;
     follow(modelOf(view()));
-    const QString id = m_followed->record(row).id;
+    const QString id = m_followed->index(row).data(ZelBoxRecentFileModel::IdRole).toString();
     auto known = m_rows.find(id);
     if (known == m_rows.end()) {
         auto *made = new RecentRowAccessible(view(), id);
@@ -59,7 +60,7 @@ QAccessibleInterface *RecentListAccessible::child(int row) const
     return QAccessible::accessibleInterface(known.value());
 }
 
-void RecentListAccessible::follow(const ZelBoxRecentFileModel *model) const
+void RecentListAccessible::follow(const RecentSortFilterModel *model) const
 {
     if (m_followed == model)
         return;
@@ -99,6 +100,13 @@ int RecentListAccessible::indexOfChild(const QAccessibleInterface *child) const
     return row ? row->row() : -1;
 }
 
+QAccessible::State RecentListAccessible::state() const
+{
+    QAccessible::State state = QAccessibleWidget::state();
+    state.multiSelectable = true;
+    return state;
+}
+
 RecentRowAccessible::RecentRowAccessible(ZelBoxRecentFileListView *view, const QString &recordId)
     : m_view(view), m_id(recordId)
 {
@@ -127,10 +135,30 @@ QString RecentRowAccessible::text(QAccessible::Text text) const
     case QAccessible::Name:
         return index().data(Qt::AccessibleTextRole).toString();
     case QAccessible::Description:
-        return index().data(Qt::ToolTipRole).toString();
+        return description();
     default:
         return {};
     }
+}
+
+QString RecentRowAccessible::description() const
+{
+    QStringList parts{sectionTitle(), index().data(Qt::ToolTipRole).toString()};
+    parts.removeAll({});
+    return parts.join(QStringLiteral(", "));
+}
+
+QString RecentRowAccessible::sectionTitle() const
+{
+    const RecentSortFilterModel *model = modelOf(m_view);
+    if (!model)
+        return {};
+    const int self = row();
+    for (const zel::recent::RecentSection &section : model->sections()) {
+        if (self >= section.firstRow && self < section.firstRow + section.count)
+            return section.title;
+    }
+    return {};
 }
 
 QRect RecentRowAccessible::rect() const
@@ -150,6 +178,8 @@ QAccessible::State RecentRowAccessible::state() const
     }
     const QModelIndex self = index();
     state.selectable = true;
+    state.multiSelectable = true;
+    state.extSelectable = true;
     state.focusable = true;
     state.selected = m_view->selectionModel()->isSelected(self);
     state.focused = m_view->hasFocus() && m_view->currentIndex() == self;
@@ -164,11 +194,20 @@ void *RecentRowAccessible::interface_cast(QAccessible::InterfaceType type)
 
 QStringList RecentRowAccessible::actionNames() const
 {
-    return {QAccessibleActionInterface::pressAction()};
+    return {pressAction(), showMenuAction(), toggleAction()};
 }
 
 void RecentRowAccessible::doAction(const QString &name)
 {
-    if (name == QAccessibleActionInterface::pressAction() && isValid())
-        Q_EMIT m_view->activated(index());
+    const QModelIndex self = index();
+    if (!self.isValid())
+        return;
+    if (name == pressAction()) {
+        Q_EMIT m_view->activated(self);
+    } else if (name == showMenuAction()) {
+        m_view->selectionModel()->setCurrentIndex(self, QItemSelectionModel::NoUpdate);
+        m_view->requestMenuOfCurrent();
+    } else if (name == toggleAction()) {
+        m_view->selectionModel()->select(self, QItemSelectionModel::Toggle);
+    }
 }

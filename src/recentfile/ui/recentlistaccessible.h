@@ -6,7 +6,7 @@
 #include <memory>
 
 class ZelBoxRecentFileListView;
-class ZelBoxRecentFileModel;
+class RecentSortFilterModel;
 
 /// The recent list as assistive programs see it: a list whose children are its rows, made when asked for and
 /// deleted with their rows. GUI thread.
@@ -23,14 +23,15 @@ public:
     QAccessibleInterface *childAt(int x, int y) const override;
     QAccessibleInterface *focusChild() const override;
     int indexOfChild(const QAccessibleInterface *child) const override;
+    QAccessible::State state() const override;
 
 private:
     ZelBoxRecentFileListView *view() const;
-    void follow(const ZelBoxRecentFileModel *model) const;
+    void follow(const RecentSortFilterModel *model) const;
     void forgetGoneRows() const;
 
     mutable QHash<QString, QAccessible::Id> m_rows; // by record id, which survives moves
-    mutable QPointer<const ZelBoxRecentFileModel> m_followed;
+    mutable QPointer<const RecentSortFilterModel> m_followed;
     mutable std::unique_ptr<QObject> m_connections;
 };
 
@@ -57,12 +58,14 @@ public:
     QAccessible::State state() const override;
     void *interface_cast(QAccessible::InterfaceType type) override;
 
-    QStringList actionNames() const override; ///< press: opens
+    QStringList actionNames() const override; ///< press: opens; showMenu; toggle: of the selection
     void doAction(const QString &name) override;
     QStringList keyBindingsForAction(const QString &) const override { return {}; }
 
 private:
     QModelIndex index() const;
+    QString description() const; ///< the section and the path
+    QString sectionTitle() const;
 
     QPointer<ZelBoxRecentFileListView> m_view;
     QString m_id;

@@ -2,49 +2,61 @@
 
 #include <algorithm>
 
-RecentListLayout::RecentListLayout(
-    const zel::recent::TimeGroups &groups, int rowHeight, int headerHeight, int bottomMargin)
-    : m_rowHeight(std::max(1, rowHeight)), m_headerHeight(headerHeight)
+RecentListLayout::RecentListLayout(const zel::recent::RecentSections &sections, const Sizes &sizes)
+    : m_sizes(sizes)
 {
+    m_sizes.row = std::max(1, sizes.row);
+    m_blocks.reserve(sections.size());
     int y = 0;
-    for (size_t i = 0; i < groups.size(); ++i) {
-        if (groups[i].count == 0)
-            continue;
-        Block &block = m_blocks[size_t(m_blockCount++)];
-        block = {int(i), y, groups[i].firstRow, groups[i].count};
-        y = bottom(block);
+    for (const zel::recent::RecentSection &section : sections) {
+        const bool titled = !section.title.isEmpty();
+        const int head = titled ? sizes.header : m_blocks.isEmpty() ? 0 : sizes.gap;
+        m_blocks << Block{y, head, section.firstRow, section.count, titled};
+        y = bottom(m_blocks.constLast());
     }
-    m_contentHeight = y > 0 ? y + bottomMargin : 0;
+    m_contentHeight = y > 0 ? y + sizes.bottom : 0;
+}
+
+const RecentListLayout::Block *RecentListLayout::blockOf(int row) const
+{
+    const auto block = std::partition_point(m_blocks.cbegin(), m_blocks.cend(),
+        [row](const Block &candidate) { return candidate.firstRow + candidate.count <= row; });
+    return row >= 0 && block != m_blocks.cend() ? &*block : nullptr;
 }
 
 int RecentListLayout::rowTop(int row) const
 {
-    for (int i = 0; i < m_blockCount; ++i) {
-        const Block &block = m_blocks[size_t(i)];
-        if (row >= block.firstRow && row < block.firstRow + block.count)
-            return rowsTop(block) + (row - block.firstRow) * m_rowHeight;
-    }
-    return -1;
+    const Block *block = blockOf(row);
+    return block ? rowsTop(*block) + (row - block->firstRow) * m_sizes.row : -1;
+}
+
+int RecentListLayout::sectionOf(int row) const
+{
+    const Block *block = blockOf(row);
+    return block ? int(block - m_blocks.constData()) : -1;
+}
+
+int RecentListLayout::coverOf(int row) const
+{
+    const Block *block = blockOf(row);
+    return block && block->titled ? block->head : 0;
 }
 
 int RecentListLayout::rowAtOrAfter(int y) const
 {
-    for (int i = 0; i < m_blockCount; ++i) {
-        const Block &block = m_blocks[size_t(i)];
-        if (y < bottom(block))
-            return block.firstRow + std::max(0, y - rowsTop(block)) / m_rowHeight;
-    }
-    return -1;
+    const auto block = std::partition_point(m_blocks.cbegin(), m_blocks.cend(),
+        [this, y](const Block &candidate) { return bottom(candidate) <= y; });
+    return block == m_blocks.cend() ? -1 : block->firstRow + std::max(0, y - rowsTop(*block)) / m_sizes.row;
 }
 
 int RecentListLayout::rowAtOrBefore(int y) const
 {
-    for (int i = m_blockCount; i-- > 0;) {
-        const Block &block = m_blocks[size_t(i)];
-        if (y >= rowsTop(block))
-            return block.firstRow + std::min((y - rowsTop(block)) / m_rowHeight, block.count - 1);
-    }
-    return -1;
+    const auto next = std::partition_point(m_blocks.cbegin(), m_blocks.cend(),
+        [this, y](const Block &candidate) { return rowsTop(candidate) <= y; });
+    if (next == m_blocks.cbegin())
+        return -1;
+    const Block &block = *std::prev(next);
+    return block.firstRow + std::min((y - rowsTop(block)) / m_sizes.row, block.count - 1);
 }
 
 int RecentListLayout::rowAt(int y) const
@@ -53,25 +65,29 @@ int RecentListLayout::rowAt(int y) const
     return row >= 0 && y >= rowTop(row) ? row : -1;
 }
 
-int RecentListLayout::headerTop(int group) const
+QVector<RecentListLayout::Head> RecentListLayout::headsBetween(int top, int bottom) const
 {
-    for (int i = 0; i < m_blockCount; ++i) {
-        if (m_blocks[size_t(i)].group == group)
-            return m_blocks[size_t(i)].top;
+    QVector<Head> heads;
+    for (int i = std::max(0, sectionOf(rowAtOrAfter(top))); i < m_blocks.size(); ++i) {
+        const Block &block = m_blocks.at(i);
+        if (block.top >= bottom)
+            break;
+        if (block.head > 0 && rowsTop(block) > top)
+            heads << Head{i, block.top, block.head, block.titled};
     }
-    return -1;
+    return heads;
 }
 
-RecentListLayout::StickyHeader RecentListLayout::stickyHeader(int scroll) const
+RecentListLayout::Head RecentListLayout::stickyHeader(int scroll) const
 {
-    for (int i = m_blockCount; i-- > 0;) {
-        const Block &block = m_blocks[size_t(i)];
-        if (block.top > scroll)
-            continue;
-        const int room = i + 1 < m_blockCount ? bottom(block) - scroll : m_headerHeight;
-        return {block.group, std::min(0, room - m_headerHeight)};
-    }
-    return {m_blockCount > 0 ? m_blocks[0].group : -1, 0};
+    const auto next = std::partition_point(m_blocks.cbegin(), m_blocks.cend(),
+        [scroll](const Block &candidate) { return candidate.top <= scroll; });
+    const auto block = next == m_blocks.cbegin() ? next : std::prev(next);
+    if (block == m_blocks.cend() || !block->titled)
+        return {};
+    const bool last = std::next(block) == m_blocks.cend();
+    const int room = last ? block->head : bottom(*block) - std::max(scroll, 0);
+    return {int(block - m_blocks.cbegin()), std::min(0, room - block->head), block->head, true};
 }
 
 std::pair<int, int> RecentListLayout::rowsBetween(int top, int bottom) const

@@ -1,4 +1,4 @@
-#include "app/ui/boxdialog.h"
+#include "widgets/boxdialog.h"
 
 #include "klitestyle.h"
 
@@ -17,6 +17,7 @@ BoxDialog::BoxDialog(const QString &title, const QString &heading, QWidget *pare
     headingFont.setPointSizeF(headingFont.pointSizeF() * 1.35);
     headingFont.setWeight(QFont::DemiBold);
     headingLabel->setFont(headingFont);
+    headingLabel->setTextFormat(Qt::PlainText); // may hold the name of a file
     headingLabel->setWordWrap(true);
 
     auto *layout = new QVBoxLayout(this);
@@ -29,6 +30,21 @@ BoxDialog::BoxDialog(const QString &title, const QString &heading, QWidget *pare
     layout->addWidget(m_buttons);
     connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+QString BoxDialog::headingName(const QString &fileName)
+{
+    constexpr int Most = 48;
+    constexpr int Tail = 20; // with the suffix
+    QString name = fileName;
+    if (name.size() > Most)
+        name = name.left(Most - Tail - 1).trimmed() + QChar(0x2026) + name.right(Tail).trimmed();
+    // Line breaks and marks of direction could make it read as something else.
+    for (QChar &c : name) {
+        if (c.category() == QChar::Other_Control || c.category() == QChar::Other_Format)
+            c = QLatin1Char(' ');
+    }
+    return name;
 }
 
 QLabel *BoxDialog::addText(const QString &text)

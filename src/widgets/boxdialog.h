@@ -13,6 +13,9 @@ class BoxDialog : public QDialog
 public:
     BoxDialog(const QString &title, const QString &heading, QWidget *parent = nullptr);
 
+    /// The name of a file as a heading can carry it: the middle of a long one is left out.
+    static QString headingName(const QString &fileName);
+
 protected:
     QVBoxLayout *body() const { return m_body; }
     QDialogButtonBox *buttons() const { return m_buttons; }

@@ -1,0 +1,208 @@
+#include "recentfile/recentfileactions.h"
+
+#include "base/logging.h"
+
+#include <QFileInfo>
+
+static QStringList idsOf(const RecordInfoList &records)
+{
+    QStringList ids;
+    for (const RecentFileInfo &record : records)
+        ids << record.id;
+    return ids;
+}
+
+RecentFileActions::RecentFileActions(const Services &services, QObject *parent)
+    : QObject(parent), m_services(services)
+{
+    qRegisterMetaType<RecordInfoList>();
+    connect(trash(), &KFileTrash::trashed, this, &RecentFileActions::onTrashed);
+    connect(trash(), &KFileTrash::restored, this,
+        [this](const QString &trashId, const QString &, KFileTrash::Outcome outcome) {
+            noteRestored(trashId, outcome == KFileTrash::Outcome::Done);
+        });
+    connect(opener(), &KDocumentOpener::programsFound, this,
+        [this](const QString &path, const KProgramList &programs) {
+            if (path == m_programsOf)
+                Q_EMIT programsFound(programs);
+        });
+    connect(opener(), &KDocumentOpener::opened, this,
+        [this](const QString &path, KDocumentOpener::Outcome outcome) {
+            if (path == m_revealed && outcome != KDocumentOpener::Outcome::Opened)
+                Q_EMIT folderNotShown(outcome);
+        });
+    if (!m_services.cloud)
+        return;
+    connect(m_services.cloud, &RecentCloud::removeEnded, this, &RecentFileActions::onRemoveEnded);
+    connect(m_services.cloud, &RecentCloud::recoverEnded, this,
+        [this](const QString &recycleId, RecentCloud::Ended ended) {
+            noteRestored(recycleId, ended == RecentCloud::Ended::Done);
+        });
+}
+
+// Looked up at each use: the process's store comes and goes.
+KRecentFileProxy *RecentFileActions::store() const
+{
+    return m_services.store ? m_services.store : KRecentFileProxy::instance();
+}
+
+KFileTrash *RecentFileActions::trash() const
+{
+    return m_services.trash ? m_services.trash : KFileTrash::instance();
+}
+
+KDocumentOpener *RecentFileActions::opener() const
+{
+    return m_services.opener ? m_services.opener : KDocumentOpener::instance();
+}
+
+void RecentFileActions::findPrograms(const RecentFileInfo &record)
+{
+    m_programsOf = record.path;
+    opener()->findPrograms(record.path);
+}
+
+void RecentFileActions::openFolder(const RecentFileInfo &record)
+{
+    if (record.path.isEmpty())
+        return;
+    m_revealed = record.path;
+    opener()->reveal(record.path);
+}
+
+void RecentFileActions::lookUpSizes()
+{
+    if (store())
+        store()->lookUpSizes();
+}
+
+void RecentFileActions::report(const RecentFileInfo &record)
+{
+    if (m_services.cloud)
+        m_services.cloud->report(record);
+}
+
+void RecentFileActions::setPinned(const RecordInfoList &records, bool pinned)
+{
+    if (store() && !records.isEmpty())
+        store()->setPinned(idsOf(records), pinned);
+}
+
+void RecentFileActions::addFiles(const QStringList &paths)
+{
+    for (const QString &path : paths) {
+        if (store())
+            store()->noteOpened(path);
+    }
+}
+
+void RecentFileActions::removeRecords(const RecordInfoList &records)
+{
+    if (records.isEmpty())
+        return;
+    if (m_services.cloud)
+        m_services.cloud->forget(records);
+    if (store())
+        store()->removeRecords(idsOf(records));
+}
+
+void RecentFileActions::deleteFiles(const RecordInfoList &records)
+{
+    if (records.isEmpty() || m_waitingFor > 0)
+        return;
+    m_waitingFor = records.size();
+    m_underWay.clear();
+    m_failed.clear();
+    for (const RecentFileInfo &record : records) {
+        if (m_services.cloud)
+            m_services.cloud->remove(record);
+        else
+            onRemoveEnded(record, RecentCloud::Ended::NotReached, {});
+    }
+}
+
+// The service that does not answer must not keep anybody from deleting a file of this machine. Should it have
+// done so after all, the trash finds it missing.
+void RecentFileActions::onRemoveEnded(
+    const RecentFileInfo &record, RecentCloud::Ended ended, const QString &recycleId)
+{
+    if (ended == RecentCloud::Ended::Done) {
+        noteDeleted({record, recycleId, true});
+    } else if (ended == RecentCloud::Ended::NotReached && !record.path.isEmpty()) {
+        m_trashing.insert(record.path, record);
+        trash()->trash(record.path);
+    } else {
+        noteFailed(record);
+    }
+}
+
+void RecentFileActions::onTrashed(const QString &path, const QString &trashId, KFileTrash::Outcome outcome)
+{
+    const auto asked = m_trashing.find(path);
+    if (asked == m_trashing.end())
+        return; // somebody else's
+    const RecentFileInfo record = *asked;
+    m_trashing.erase(asked);
+    if (outcome == KFileTrash::Outcome::Done)
+        noteDeleted({record, trashId, false});
+    else
+        noteFailed(record);
+}
+
+void RecentFileActions::noteDeleted(const Deleted &deleted)
+{
+    m_underWay << deleted;
+    if (--m_waitingFor == 0)
+        finishDeleting();
+}
+
+void RecentFileActions::noteFailed(const RecentFileInfo &record)
+{
+    m_failed << record;
+    if (--m_waitingFor == 0)
+        finishDeleting();
+}
+
+void RecentFileActions::finishDeleting()
+{
+    RecordInfoList records;
+    for (const Deleted &deleted : std::as_const(m_underWay))
+        records << deleted.record;
+    m_deleted = std::exchange(m_underWay, {});
+    const RecordInfoList failed = std::exchange(m_failed, {});
+    qCInfo(lcRecent, "deleted %d files, %d failed", int(records.size()), int(failed.size()));
+    removeRecords(records);
+    Q_EMIT filesDeleted(records, failed);
+}
+
+void RecentFileActions::undoDelete()
+{
+    const QVector<Deleted> deleted = std::exchange(m_deleted, {});
+    m_restored.clear();
+    m_notRestored = 0;
+    for (const Deleted &each : deleted)
+        m_restoring.insert(each.recycleId, each.record);
+    for (const Deleted &each : deleted) {
+        if (each.byService)
+            m_services.cloud->recover(each.recycleId);
+        else
+            trash()->restore(each.recycleId);
+    }
+}
+
+void RecentFileActions::noteRestored(const QString &recycleId, bool ok)
+{
+    const auto asked = m_restoring.find(recycleId);
+    if (asked == m_restoring.end())
+        return;
+    if (ok)
+        m_restored << *asked;
+    else
+        ++m_notRestored;
+    m_restoring.erase(asked);
+    if (!m_restoring.isEmpty())
+        return;
+    if (store())
+        store()->undoRemoval(m_restored);
+    Q_EMIT filesRestored(m_restored.size(), m_notRestored);
+}

@@ -1,0 +1,84 @@
+#pragma once
+
+#include "kdocumentopener.h"
+#include "kfiletrash.h"
+#include "krecentfile.h"
+#include "recentfile/recentcloud.h"
+
+#include <QHash>
+#include <QObject>
+#include <QVector>
+
+/// What the user does with documents of the Recent page besides opening and sharing them. GUI thread; nothing
+/// blocks. Works on copies of records: rows may come and go meanwhile.
+class RecentFileActions : public QObject
+{
+    Q_OBJECT
+public:
+    /// What is worked with; no object is owned. Null means the process's own; without `cloud`, files go to
+    /// the desktop's trash directly.
+    struct Services
+    {
+        KRecentFileProxy *store = nullptr;
+        KDocumentOpener *opener = nullptr;
+        KFileTrash *trash = nullptr;
+        RecentCloud *cloud = nullptr;
+    };
+
+    explicit RecentFileActions(const Services &services, QObject *parent = nullptr);
+
+    void findPrograms(const RecentFileInfo &record); ///< programsFound() follows
+    /// In the file manager, the file selected; folderNotShown() follows when that does not work out.
+    void openFolder(const RecentFileInfo &record);
+    void setPinned(const RecordInfoList &records, bool pinned);
+    void lookUpSizes();                        ///< of all records; they come as changes of the store
+    void report(const RecentFileInfo &record); ///< tells the cloud service that the document is harmful
+    void addFiles(const QStringList &paths);   ///< puts local files on the list, as used now
+    /// Takes them off the list, here and on other devices; the files stay.
+    void removeRecords(const RecordInfoList &records);
+    /// Puts the files into the recycle bin and takes the records of those that went there off the list.
+    /// filesDeleted() follows exactly once.
+    void deleteFiles(const RecordInfoList &records);
+    bool canUndo() const { return !m_deleted.isEmpty(); }
+    /// Brings back what the last filesDeleted() told of; filesRestored() follows exactly once. Does nothing
+    /// without canUndo().
+    void undoDelete();
+    void giveUpUndo() { m_deleted.clear(); } ///< the offer has run out
+
+Q_SIGNALS:
+    void filesDeleted(const RecordInfoList &deleted, const RecordInfoList &failed);
+    void folderNotShown(KDocumentOpener::Outcome why);
+    void programsFound(const KProgramList &programs);
+    void filesRestored(int restored, int failed);
+
+private:
+    /// A file in a recycle bin.
+    struct Deleted
+    {
+        RecentFileInfo record;
+        QString recycleId;
+        bool byService = false; ///< in the service's bin; else the desktop's, told by KFileTrash
+    };
+
+    KRecentFileProxy *store() const;
+    KFileTrash *trash() const;
+    KDocumentOpener *opener() const;
+    void onRemoveEnded(const RecentFileInfo &record, RecentCloud::Ended ended, const QString &recycleId);
+    void onTrashed(const QString &path, const QString &trashId, KFileTrash::Outcome outcome);
+    void noteDeleted(const Deleted &deleted);
+    void noteFailed(const RecentFileInfo &record);
+    void finishDeleting();
+    void noteRestored(const QString &recycleId, bool ok);
+
+    Services m_services;
+    QString m_programsOf;                      // path whose programs were asked for last
+    QString m_revealed;                        // path whose folder was asked for last
+    int m_waitingFor = 0;                      // deletions that have not ended
+    QHash<QString, RecentFileInfo> m_trashing; // by path: asked of the desktop's trash
+    QVector<Deleted> m_underWay;               // ended well, of the deletion under way
+    RecordInfoList m_failed;
+    QVector<Deleted> m_deleted;                 // what an undo brings back
+    QHash<QString, RecentFileInfo> m_restoring; // by recycle id
+    RecordInfoList m_restored;
+    int m_notRestored = 0;
+};

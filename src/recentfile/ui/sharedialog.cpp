@@ -1,0 +1,44 @@
+#include "recentfile/ui/sharedialog.h"
+
+#include "klitestyle.h"
+#include "widgets/svgicon.h"
+
+#include <QCommandLinkButton>
+#include <QDialogButtonBox>
+#include <QFileInfo>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+ShareDialog::ShareDialog(const RecentFileInfo &record, QWidget *parent)
+    : BoxDialog(tr("Share document"),
+        tr("Share “%1”")
+            .arg(headingName(record.path.isEmpty() ? record.displayText : QFileInfo(record.path).fileName())),
+        parent)
+{
+    if (record.path.isEmpty()) {
+        addText(tr("This document is on another device only. Share it from there, or open it here first."));
+    } else {
+        addChoice(QStringLiteral("share"), tr("Copy the file"),
+            tr("Then paste it into a chat, a mail or a folder."), &ShareDialog::copyFileChosen);
+        addChoice(QStringLiteral("info"), tr("Copy its path"),
+            tr("For somebody who reaches the same folder."), &ShareDialog::copyPathChosen);
+        addChoice(QStringLiteral("folder_open"), tr("Show it in its folder"),
+            tr("To drag it from there, or to pack it."), &ShareDialog::openFolderChosen);
+    }
+    buttons()->addButton(tr("Close"), QDialogButtonBox::RejectRole);
+}
+
+void ShareDialog::addChoice(
+    const QString &icon, const QString &text, const QString &explanation, void (ShareDialog::*chosen)())
+{
+    auto *button = new QCommandLinkButton(text, explanation, this);
+    button->setIcon(zel::tintedIcon(QStringLiteral(":/icons_svg/%1.svg").arg(icon)));
+    button->setIconSize(KLiteStyle::dpiScaledSize({20, 20}));
+    button->setAccessibleName(text);
+    button->setAccessibleDescription(explanation);
+    connect(button, &QAbstractButton::clicked, this, [this, chosen] {
+        Q_EMIT(this->*chosen)();
+        accept();
+    });
+    body()->addWidget(button);
+}

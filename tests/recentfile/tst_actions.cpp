@@ -1,0 +1,255 @@
+#include "recentfile/recentfileactions.h"
+
+#include "recentfile/fakecloud.h"
+#include "recentfile/fakes.h"
+
+#include <QSignalSpy>
+#include <QTest>
+
+using namespace recenttest;
+using Ended = RecentCloud::Ended;
+
+/// What the page's actions ask of the store, the desktop and the cloud service.
+class TestActions : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void cleanup() { m_actions.reset(); }
+    void deletingEndsOnce_data();
+    void deletingEndsOnce();
+    void undoBringsBackWhatWent_data();
+    void undoBringsBackWhatWent();
+    void offerThatRanOutUndoesNothing();
+    void withoutServiceTheDesktopDoes();
+    void removingForgetsOnAllDevices();
+    void sharing_data();
+    void sharing();
+    void loginIsToldOncePerUser();
+    void programsOfAnotherRowAreNotTaken();
+
+private:
+    /// "a" here, "b" in the cloud with a copy here, "c" in the cloud only.
+    RecentFileInfo file(const QString &name) const;
+    RecordInfoList files(const QString &names) const;
+    static QString names(const QVariant &list);
+
+    QStringList m_log;
+    FakeStore m_store;
+    FakeOpener m_opener;
+    FakeTrash m_trash;
+    std::unique_ptr<FakeCloud> m_proxy;
+    std::unique_ptr<RecentCloud> m_cloud;
+    std::unique_ptr<RecentFileActions> m_actions;
+};
+
+void TestActions::init()
+{
+    m_log.clear();
+    m_store = {};
+    m_store.log = &m_log;
+    m_trash.asked.clear();
+    m_proxy = std::make_unique<FakeCloud>();
+    m_proxy->logIn(QStringLiteral("me"));
+    m_cloud = std::make_unique<RecentCloud>(m_proxy.get());
+    m_actions = std::make_unique<RecentFileActions>(
+        RecentFileActions::Services{&m_store, &m_opener, &m_trash, m_cloud.get()});
+}
+
+RecentFileInfo TestActions::file(const QString &name) const
+{
+    RecentFileInfo info = record(name, 5000);
+    if (name.startsWith(QLatin1Char('b')) || name.startsWith(QLatin1Char('c'))) {
+        info.cloudFileId = 7;
+        info.cloudBacked = true;
+        info.cloudName = name + QStringLiteral(".doc");
+        info.roamingId = QStringLiteral("r") + name;
+    }
+    if (name.startsWith(QLatin1Char('c')))
+        info.path.clear();
+    return info;
+}
+
+RecordInfoList TestActions::files(const QString &list) const
+{
+    RecordInfoList records;
+    const QStringList words = list.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    for (const QString &name : words)
+        records << file(name);
+    return records;
+}
+
+QString TestActions::names(const QVariant &list)
+{
+    QStringList ids;
+    const auto records = list.value<RecordInfoList>();
+    for (const RecentFileInfo &each : records)
+        ids << each.id;
+    return ids.join(QLatin1Char(' '));
+}
+
+void TestActions::deletingEndsOnce_data()
+{
+    QTest::addColumn<QString>("files");
+    QTest::addColumn<QVector<Ended>>("answers"); // of the service, in order
+    QTest::addColumn<QString>("deleted");
+    QTest::addColumn<QString>("failed");
+    QTest::addColumn<QString>("trashed"); // by the desktop
+    const auto done = Ended::Done;
+    const auto refused = Ended::Refused;
+    const auto silent = Ended::NotReached;
+    const auto row = [](const char *name) -> QTestData & { return QTest::newRow(name); };
+    row("by the service") << "a b" << QVector<Ended>{done, done} << "a b"
+                          << ""
+                          << "";
+    row("one refused") << "a b" << QVector<Ended>{done, refused} << "a"
+                       << "b"
+                       << "";
+    row("service is silent") << "a" << QVector<Ended>{silent} << "a"
+                             << ""
+                             << "/data/docs/a.odt";
+    row("silent, cloud only") << "c" << QVector<Ended>{silent} << ""
+                              << "c"
+                              << "";
+    row("desktop denies") << "stuck a" << QVector<Ended>{silent, silent} << "a"
+                          << "stuck"
+                          << "/data/docs/stuck.odt /data/docs/a.odt";
+}
+
+void TestActions::deletingEndsOnce()
+{
+    QFETCH(QString, files);
+    QFETCH(QVector<Ended>, answers);
+    QSignalSpy ended(m_actions.get(), &RecentFileActions::filesDeleted);
+    m_actions->deleteFiles(this->files(files));
+    m_actions->deleteFiles(this->files(files)); // one deletion at a time
+    QCOMPARE(ended.size(), 0);
+    for (const Ended answer : answers)
+        QVERIFY(m_proxy->answerRemove(answer != Ended::NotReached, answer == Ended::Refused ? 5 : 0));
+    QVERIFY(!m_proxy->isAnyWaiting());
+    QCOMPARE(ended.size(), 1);
+    QTEST(names(ended.at(0).at(0)), "deleted");
+    QTEST(names(ended.at(0).at(1)), "failed");
+    QTEST(m_trash.asked.join(QLatin1Char(' ')), "trashed");
+    const QString deleted = names(ended.at(0).at(0)); // only these leave the list
+    QCOMPARE(m_log, deleted.isEmpty() ? QStringList() : QStringList(QStringLiteral("forget ") + deleted));
+    QCOMPARE(m_actions->canUndo(), !deleted.isEmpty());
+}
+
+void TestActions::undoBringsBackWhatWent_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<bool>("byService");
+    QTest::addColumn<bool>("works");
+    QTest::newRow("service's bin") << QStringLiteral("b") << true << true;
+    QTest::newRow("service refuses") << QStringLiteral("b") << true << false;
+    QTest::newRow("desktop's trash") << QStringLiteral("a") << false << true;
+    QTest::newRow("place is taken") << QStringLiteral("taken") << false << false;
+}
+
+void TestActions::undoBringsBackWhatWent()
+{
+    QFETCH(QString, file);
+    QFETCH(bool, byService);
+    QFETCH(bool, works);
+    QSignalSpy restored(m_actions.get(), &RecentFileActions::filesRestored);
+    m_actions->deleteFiles({this->file(file)});
+    QVERIFY(m_proxy->answerRemove(byService));
+    m_log.clear();
+    m_actions->undoDelete();
+    QVERIFY(!m_actions->canUndo());
+    if (byService) {
+        QCOMPARE(m_proxy->asked.last(), QStringLiteral("recoverRecycles bin"));
+        zel::vela::RecoverRecyclesResult result;
+        if (works)
+            result.recoveredIds.push_back("bin");
+        QVERIFY(m_proxy->answer(true, "zel::vela::RecoverRecyclesResult", result));
+    }
+    QCOMPARE(restored.size(), 1);
+    QCOMPARE(restored.at(0), QVariantList({works ? 1 : 0, works ? 0 : 1}));
+    QCOMPARE(m_log.contains(QStringLiteral("unforget ") + file), works);
+}
+
+void TestActions::offerThatRanOutUndoesNothing()
+{
+    QSignalSpy restored(m_actions.get(), &RecentFileActions::filesRestored);
+    m_actions->deleteFiles(files(QStringLiteral("a")));
+    QVERIFY(m_proxy->answerRemove(true));
+    m_actions->giveUpUndo();
+    const QStringList before = m_proxy->asked;
+    m_actions->undoDelete();
+    QCOMPARE(m_proxy->asked, before);
+    QCOMPARE(restored.size(), 0);
+}
+
+void TestActions::withoutServiceTheDesktopDoes()
+{
+    RecentCloud nowhere(nullptr);
+    RecentFileActions actions({&m_store, &m_opener, &m_trash, &nowhere});
+    QSignalSpy ended(&actions, &RecentFileActions::filesDeleted);
+    actions.deleteFiles(files(QStringLiteral("a")));
+    QVERIFY(ended.size() == 1 || ended.wait());
+    QCOMPARE(m_trash.asked, QStringList(QStringLiteral("/data/docs/a.odt")));
+    nowhere.share(file(QStringLiteral("b"))); // nobody is logged in: nothing happens
+    QVERIFY(!nowhere.isLoggedIn());
+}
+
+void TestActions::removingForgetsOnAllDevices()
+{
+    m_actions->removeRecords(files(QStringLiteral("a b c")));
+    QCOMPARE(m_log, QStringList(QStringLiteral("forget a b c")));
+    QCOMPARE(m_proxy->asked,
+        QStringList(QStringLiteral("velaIpcCall KVelaIpcCallObj delRoamingFileRecord roamingIds=rb|rc")));
+    m_actions->removeRecords(files(QStringLiteral("a"))); // the service knows nothing of it
+    QCOMPARE(m_proxy->asked.size(), 1);
+}
+
+void TestActions::sharing_data()
+{
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QString>("request");
+    QTest::newRow("here") << QStringLiteral("a")
+                          << QStringLiteral("showFileShareDlg ,a.odt,/data/docs/a.odt,5,zelbox");
+    QTest::newRow("in the cloud") << QStringLiteral("b")
+                                  << QStringLiteral("showFileShareDlg 7,b.doc,/data/docs/b.odt,5,zelbox");
+}
+
+void TestActions::sharing()
+{
+    QFETCH(QString, file);
+    QSignalSpy ended(m_cloud.get(), &RecentCloud::shareEnded);
+    m_cloud->share(this->file(file));
+    QTEST(m_proxy->asked.last(), "request");
+    zel::vela::ShowFileShareDlgResult result;
+    result.state = 1;
+    QVERIFY(m_proxy->answer(true, "zel::vela::ShowFileShareDlgResult", result));
+    QCOMPARE(ended.at(0).at(0).value<RecentFileInfo>().id, file);
+    QCOMPARE(ended.at(0).at(1).value<Ended>(), Ended::Refused);
+    m_proxy->logIn({});
+    m_cloud->share(this->file(file));
+    QVERIFY(!m_proxy->isAnyWaiting());
+}
+
+void TestActions::loginIsToldOncePerUser()
+{
+    QSignalSpy changes(m_cloud.get(), &RecentCloud::loginChanged);
+    m_proxy->logIn(QStringLiteral("me")); // told again after a reconnect
+    QCOMPARE(changes.size(), 0);
+    m_proxy->logIn(QStringLiteral("you"));
+    m_proxy->logIn({});
+    QCOMPARE(changes.size(), 2);
+    QCOMPARE(changes.at(0).at(0).toBool(), true);
+    QCOMPARE(changes.at(1).at(0).toBool(), false);
+}
+
+void TestActions::programsOfAnotherRowAreNotTaken()
+{
+    QSignalSpy found(m_actions.get(), &RecentFileActions::programsFound);
+    m_actions->findPrograms(file(QStringLiteral("a")));
+    QCOMPARE(found.size(), 1);
+    Q_EMIT m_opener.programsFound(QStringLiteral("/data/docs/b.odt"), {}); // late, for a menu that is gone
+    QCOMPARE(found.size(), 1);
+}
+
+QTEST_GUILESS_MAIN(TestActions)
+#include "tst_actions.moc"

@@ -1,0 +1,404 @@
+#include "recentfile/pagefixture.h"
+
+#include "recentfile/ui/recentdialogs.h"
+#include "recentfile/ui/recentfilemenu.h"
+#include "recentfile/ui/recentfiletitlewidget.h"
+#include "recentfile/ui/recentguides.h"
+#include "recentfile/ui/sharedialog.h"
+#include "widgets/chip.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QSignalSpy>
+
+using namespace recenttest;
+
+/// What a person does on the page, by mouse and keyboard.
+class TestPageActions : public QObject, private PageFixture
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { clear(); }
+    void cleanup() { m_recent.reset(); }
+    void removalAsksFirst_data();
+    void removalAsksFirst();
+    void deletingOffersUndo();
+    void finding();
+    void chipsNarrow();
+    void menuOffersWhatIsPossible_data();
+    void menuOffersWhatIsPossible();
+    void menuActions_data();
+    void menuActions();
+    void sharingWithoutServer();
+    void openingSeveral();
+    void unreadIsShownAndCleared();
+    void remindersOff();
+    void guides();
+    void everyControlHasAName();
+
+private:
+    template <class Dialog> Dialog *dialog() const
+    {
+        auto *found = page()->findChild<Dialog *>();
+        return found && found->isVisible() ? found : nullptr;
+    }
+    static QStringList textsOf(const QWidget *widget);
+    QAction *action(const QString &text) const;
+    void markUnread(int row, int mark);
+};
+
+QStringList TestPageActions::textsOf(const QWidget *widget)
+{
+    QStringList texts{widget->windowTitle()};
+    const auto labels = widget->findChildren<QLabel *>();
+    for (const QLabel *label : labels)
+        texts << label->text();
+    const auto buttons = widget->findChildren<QPushButton *>();
+    for (const QPushButton *button : buttons)
+        texts << button->text();
+    return texts;
+}
+
+QAction *TestPageActions::action(const QString &text) const
+{
+    const auto actions = page()->openMenu()->actions();
+    for (QAction *action : actions) {
+        if (action->text() == text)
+            return action;
+    }
+    return nullptr;
+}
+
+void TestPageActions::removalAsksFirst_data()
+{
+    QTest::addColumn<int>("key");
+    QTest::addColumn<bool>("deletesFile");
+    QTest::addColumn<QStringList>("texts");
+    QTest::addColumn<bool>("yes");
+    const QStringList remove{QStringLiteral("Remove record"),
+        QStringLiteral("Are you sure to remove 1.odt record ?"),
+        QStringLiteral("Remove record then file will not delete from disk"),
+        QStringLiteral("Remove record then file will not apperar to list"), QStringLiteral("Remove"),
+        QStringLiteral("Cancel")};
+    const QStringList erase{QStringLiteral("Delete file"),
+        QStringLiteral("Are you sure to delete file 1.odt ?"),
+        QStringLiteral("The file will into the system recycle bin after delete."), QStringLiteral("Delete"),
+        QStringLiteral("Cancel")};
+    QTest::newRow("remove, yes") << int(Qt::Key_Delete) << false << remove << true;
+    QTest::newRow("remove, no") << int(Qt::Key_Delete) << false << remove << false;
+    QTest::newRow("delete, yes") << int(Qt::Key_Delete) << true << erase << true;
+    QTest::newRow("delete, no") << int(Qt::Key_Delete) << true << erase << false;
+}
+
+void TestPageActions::removalAsksFirst()
+{
+    QFETCH(int, key);
+    QFETCH(bool, deletesFile);
+    QFETCH(bool, yes);
+    load(3);
+    QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, centreOf(1));
+    QTest::keyClick(view(), Qt::Key(key), deletesFile ? Qt::ShiftModifier : Qt::NoModifier);
+    QDialog *asked =
+        deletesFile ? static_cast<QDialog *>(dialog<DeleteFileDialog>()) : dialog<RemoveRecordDialog>();
+    QVERIFY(asked);
+    QTEST(textsOf(asked), "texts");
+    QCOMPARE(m_log, QStringList()); // nothing before the answer
+    QTest::keyClick(asked, yes ? Qt::Key_Return : Qt::Key_Escape);
+    if (!yes) {
+        QCOMPARE(m_log, QStringList());
+        QVERIFY(m_proxy->asked.isEmpty());
+    } else if (deletesFile) {
+        QCOMPARE(m_proxy->asked, QStringList(QStringLiteral("remove /data/docs/1.odt")));
+    } else {
+        QCOMPARE(m_log, QStringList(QStringLiteral("forget 1")));
+    }
+}
+
+void TestPageActions::deletingOffersUndo()
+{
+    load(3);
+    view()->selectAll();
+    page()->onMenuRemoveFileAction(row(0));
+    auto *asked = dialog<DeleteFileDialog>();
+    QVERIFY(asked);
+    QTest::mouseClick(button(QStringLiteral("Delete"), asked), Qt::LeftButton);
+    for (int i = 0; i < 3; ++i)
+        QVERIFY(m_proxy->answerRemove(i != 2)); // the last goes to the desktop's trash
+    QVERIFY(notice()->isVisible());
+    QVERIFY(notice()->text().contains(QLatin1Char('3')));
+    QPushButton *undo = button(QStringLiteral("Undo"));
+    QVERIFY(undo);
+    m_log.clear();
+    QTest::mouseClick(undo, Qt::LeftButton);
+    QCOMPARE(m_trash.asked.last(), QStringLiteral("trash:/data/docs/2.odt"));
+    QCOMPARE(m_proxy->asked.last(), QStringLiteral("recoverRecycles bin"));
+}
+
+void TestPageActions::finding()
+{
+    load(12);
+    auto *field = page()->findChild<QLineEdit *>(QStringLiteral("edit-find"));
+    QTest::keyClick(view(), '1'); // typing on the list begins to find
+    QCOMPARE(field->text(), QStringLiteral("1"));
+    QVERIFY(field->hasFocus());
+    QCOMPARE(view()->model()->rowCount(), 3); // 1, 10, 11
+    QTest::keyClick(field, 'x');
+    QCOMPARE(page()->state(), State::NothingFound);
+    QTest::keyClick(field, Qt::Key_Backspace);
+    QCOMPARE(page()->state(), State::List);
+    QTest::keyClick(field, Qt::Key_Down);
+    QVERIFY(view()->hasFocus());
+    QTest::keyClick(view(), Qt::Key_Return);
+    QCOMPARE(m_opener.asked, QStringList(QStringLiteral("/data/docs/1.odt")));
+    QTest::keyClick(view(), Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(field->hasFocus());
+    QTest::keyClick(field, Qt::Key_Escape);
+    QCOMPARE(view()->model()->rowCount(), 12);
+    QTest::keyClick(field, Qt::Key_Escape);
+    QVERIFY(view()->hasFocus());
+}
+
+void TestPageActions::chipsNarrow()
+{
+    make(4);
+    m_store.content[1].path = QStringLiteral("/data/docs/plan.pdf");
+    page()->onWindowFirstShown();
+    const auto chips = page()->findChildren<Chip *>();
+    const auto pdf = std::find_if(
+        chips.cbegin(), chips.cend(), [](Chip *chip) { return chip->text() == QLatin1String("PDF"); });
+    QVERIFY(pdf != chips.cend());
+    QTest::mouseClick(*pdf, Qt::LeftButton);
+    QCOMPARE(view()->model()->rowCount(), 1);
+    QCOMPARE(row(0).data().toString(), QStringLiteral("plan.pdf"));
+    Q_EMIT m_events->recordsRemoved({m_store.content.at(1)});
+    QCOMPARE(page()->state(), State::NothingFound);
+    QTest::mouseClick(button(QStringLiteral("Show All")), Qt::LeftButton);
+    QCOMPARE(page()->state(), State::List);
+    QCOMPARE(view()->model()->rowCount(), 3);
+    QVERIFY(chips.first()->isChecked());
+}
+
+void TestPageActions::menuOffersWhatIsPossible_data()
+{
+    QTest::addColumn<QString>("kind");
+    QTest::addColumn<int>("count");
+    QTest::addColumn<QStringList>("disabled");
+    QTest::addColumn<QStringList>("absent");
+    const QStringList nothing;
+    const QStringList needFile{QStringLiteral("Open"), QStringLiteral("Open With"),
+        QStringLiteral("Open Folder"), QStringLiteral("Copy"), QStringLiteral("Copy Path"),
+        QStringLiteral("Delete File")};
+    const QStringList single{QStringLiteral("Open With"), QStringLiteral("Open Folder"),
+        QStringLiteral("share doc"), QStringLiteral("Tip-Off")};
+    QTest::newRow("file") << QStringLiteral("file") << 1 << nothing << QStringList(QStringLiteral("Tip-Off"));
+    QTest::newRow("missing file") << QStringLiteral("missing") << 1 << needFile
+                                  << QStringList(QStringLiteral("Tip-Off"));
+    QTest::newRow("in the cloud only")
+        << QStringLiteral("cloud") << 1 << QStringList(needFile.mid(0, 5)) << nothing;
+    QTest::newRow("several files") << QStringLiteral("file") << 2 << nothing << single;
+}
+
+void TestPageActions::menuOffersWhatIsPossible()
+{
+    QFETCH(QString, kind);
+    QFETCH(int, count);
+    QFETCH(QStringList, disabled);
+    QFETCH(QStringList, absent);
+    make(3);
+    RecentFileInfo &first = m_store.content[0];
+    if (kind == QLatin1String("missing"))
+        first.presence = RecentFileInfo::Presence::Missing;
+    if (kind == QLatin1String("cloud")) {
+        first.path.clear();
+        first.roaming = first.cloudBacked = true;
+        first.cloudFileId = 9;
+    }
+    page()->onWindowFirstShown();
+    for (int i = 0; i < count; ++i)
+        QTest::mouseClick(
+            view()->viewport(), Qt::LeftButton, i ? Qt::ControlModifier : Qt::NoModifier, centreOf(i));
+    page()->onCustomContextMenuRequested(centreOf(0));
+    QVERIFY(page()->openMenu());
+    for (const char *text : {"Open", "Open With", "Open Folder", "share doc", "Pin to Top", "Copy",
+             "Copy Path", "Remove", "Delete File", "Tip-Off"}) {
+        const QString name = QString::fromLatin1(text);
+        const QAction *found = action(name);
+        QVERIFY2(bool(found) != absent.contains(name), text);
+        if (found)
+            QVERIFY2(found->isEnabled() != disabled.contains(name), text);
+    }
+    page()->openMenu()->close();
+}
+
+void TestPageActions::menuActions_data()
+{
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QString>("happens");
+    QTest::newRow("open") << QStringLiteral("Open") << QStringLiteral("open /data/docs/0.odt");
+    QTest::newRow("folder") << QStringLiteral("Open Folder") << QStringLiteral("reveal /data/docs/0.odt");
+    QTest::newRow("pin") << QStringLiteral("Pin to Top") << QStringLiteral("pin 0");
+    QTest::newRow("copy path") << QStringLiteral("Copy Path") << QStringLiteral("text /data/docs/0.odt");
+    QTest::newRow("copy") << QStringLiteral("Copy") << QStringLiteral("url file:///data/docs/0.odt");
+    QTest::newRow("program") << QStringLiteral("Writer") << QStringLiteral("open writer /data/docs/0.odt");
+}
+
+void TestPageActions::menuActions()
+{
+    QFETCH(QString, text);
+    m_opener.programs = {{QStringLiteral("writer"), QStringLiteral("Writer"), {}, false}};
+    load(2);
+    view()->setCurrentIndex(row(0));
+    QContextMenuEvent byKeyboard(QContextMenuEvent::Keyboard, {}, {});
+    QCoreApplication::sendEvent(view(), &byKeyboard);
+    KRecentFileMenu *menu = page()->openMenu();
+    QVERIFY(menu && menu->isVisible());
+    const auto actions = menu->findChildren<QAction *>() + menu->findChild<QMenu *>()->actions();
+    QApplication::clipboard()->setText({});
+    for (QAction *each : actions) {
+        if (each->text() == text)
+            each->trigger();
+    }
+    QStringList happened = m_log.filter(QStringLiteral("pin"));
+    for (const QString &path : std::as_const(m_opener.asked))
+        happened << QStringLiteral("open ") + path;
+    for (const QString &path : std::as_const(m_opener.revealed))
+        happened << QStringLiteral("reveal ") + path;
+    const QMimeData *clip = QApplication::clipboard()->mimeData();
+    if (clip->hasUrls())
+        happened << QStringLiteral("url ") + clip->urls().first().toString();
+    else if (clip->hasText() && !clip->text().isEmpty())
+        happened << QStringLiteral("text ") + clip->text();
+    happened.removeDuplicates();
+    QTEST(happened.join(QLatin1Char(';')), "happens");
+    if (page()->openMenu())
+        page()->openMenu()->close();
+}
+
+void TestPageActions::sharingWithoutServer()
+{
+    load(2);
+    QSignalSpy shares(page(), &ZelBoxRecentFileWidgetBase::sigRecentFileItemShare);
+    page()->onShareDoc(row(1), true);
+    QVERIFY(dialog<ShareDialog>()); // nobody is logged in
+    dialog<ShareDialog>()->reject();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+
+    m_proxy->logIn(QStringLiteral("me"));
+    m_proxy->asked.clear();
+    page()->onShareDoc(row(1), true);
+    QCOMPARE(m_proxy->asked.size(), 1);
+    QVERIFY(!dialog<ShareDialog>());                      // until the service says that it does not
+    zel::vela::GetCurrentDefaultRoamingBoxResult roaming; // asked for at the login
+    QVERIFY(m_proxy->answer(false, "zel::vela::GetCurrentDefaultRoamingBoxResult", roaming));
+    zel::vela::ShowFileShareDlgResult result;
+    result.state = 1;
+    QVERIFY(m_proxy->answer(true, "zel::vela::ShowFileShareDlgResult", result));
+    auto *own = dialog<ShareDialog>();
+    QVERIFY(own);
+    Q_EMIT own->copyFileChosen();
+    QCOMPARE(QApplication::clipboard()->mimeData()->urls(),
+        QList<QUrl>{QUrl(QStringLiteral("file:///data/docs/1.odt"))});
+    QVERIFY(notice()->isVisible());
+    QCOMPARE(shares.size(), 2);
+}
+
+void TestPageActions::openingSeveral()
+{
+    load(12);
+    view()->selectAll();
+    QTest::keyClick(view(), Qt::Key_Return);
+    QCOMPARE(m_opener.asked, QStringList()); // a dozen programs at once are an accident
+    QVERIFY(notice()->isVisible());
+    QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, centreOf(0));
+    QTest::mouseClick(view()->viewport(), Qt::LeftButton, Qt::ControlModifier, centreOf(2));
+    QTest::keyClick(view(), Qt::Key_Return);
+    QCOMPARE(m_opener.asked,
+        QStringList({QStringLiteral("/data/docs/0.odt"), QStringLiteral("/data/docs/2.odt")}));
+}
+
+void TestPageActions::markUnread(int row, int mark)
+{
+    RecentFileInfo changed = m_store.content.at(row);
+    changed.roamingId = QStringLiteral("r%1").arg(row);
+    changed.unread = mark;
+    Q_EMIT m_events->recordsChanged({changed});
+}
+
+void TestPageActions::unreadIsShownAndCleared()
+{
+    load(4);
+    auto *label = page()->findChild<QLabel *>(QStringLiteral("text-unread"));
+    QSignalSpy counts(page(), &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount);
+    QVERIFY(!label->isVisible());
+    markUnread(1, ZelBoxRecentFileModel::New);
+    markUnread(2, ZelBoxRecentFileModel::Modified);
+    QCOMPARE(counts.last().at(0).toInt(), 2);
+    QVERIFY(label->isVisible());
+    QVERIFY(label->text().contains(QLatin1Char('2')));
+
+    page()->onItemDoubleClicked(row(1)); // who opens it has seen it
+    m_opener.answer(m_opener.asked.value(0), KDocumentOpener::Outcome::Opened);
+    QCOMPARE(counts.last().at(0).toInt(), 1);
+    QVERIFY(m_log.contains(QStringLiteral("read 1")));
+    Q_EMIT label->linkActivated({});
+    QCOMPARE(counts.last().at(0).toInt(), 0);
+    QVERIFY(m_log.contains(QStringLiteral("read 2")));
+    QVERIFY(!label->isVisible());
+}
+
+void TestPageActions::remindersOff()
+{
+    load(2);
+    QSignalSpy counts(page(), &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount);
+    auto *title = page()->findChild<ZelBoxRecentFileTitleWidget *>();
+    title->onChangeIgnoreStatus();
+    markUnread(1, ZelBoxRecentFileModel::New);
+    QCOMPARE(counts.last().at(0).toInt(), 0);
+    title->onChangeIgnoreStatus();
+    QCOMPARE(counts.last().at(0).toInt(), 1);
+}
+
+void TestPageActions::guides()
+{
+    using Guide = ZelBoxRecentFileRoamingGuideWidget;
+    load(0);
+    QCOMPARE(page()->state(), State::Empty);
+    QVERIFY(!button(QStringLiteral("Sign In"))); // nobody knows yet
+    QSignalSpy settings(page(), &ZelBoxRecentFileWidgetBase::sigSettingsWanted);
+    m_proxy->logIn(QStringLiteral("me"));
+    zel::vela::GetCurrentDefaultRoamingBoxResult off;
+    off.roamingOn = false;
+    QVERIFY(m_proxy->answer(true, "zel::vela::GetCurrentDefaultRoamingBoxResult", off));
+    auto *strip = page()->findChild<Guide *>();
+    QVERIFY(strip->isVisible());
+    QTest::mouseClick(button(QStringLiteral("Switch On"), strip), Qt::LeftButton);
+    QCOMPARE(settings.size(), 1);
+    QTest::mouseClick(button(QStringLiteral("How It Works"), strip), Qt::LeftButton);
+    QVERIFY(dialog<ZelBoxRecentFileGuideDialog>());
+    dialog<ZelBoxRecentFileGuideDialog>()->reject();
+    m_proxy->logIn({});
+    QVERIFY(!strip->isVisible());
+}
+
+void TestPageActions::everyControlHasAName()
+{
+    load(3);
+    const auto buttons = page()->findChildren<QAbstractButton *>();
+    QVERIFY(buttons.size() > 8);
+    for (const QAbstractButton *each : buttons) {
+        const QObject *owner = each->parent();
+        if (qobject_cast<const QLineEdit *>(owner))
+            continue; // the field's own
+        QVERIFY2(!each->accessibleName().isEmpty() || !each->text().isEmpty() || !each->isVisible(),
+            each->metaObject()->className());
+    }
+    QVERIFY(!page()->findChild<QLineEdit *>()->accessibleName().isEmpty());
+    QVERIFY(!view()->accessibleName().isEmpty());
+}
+
+QTEST_MAIN(TestPageActions)
+#include "tst_pageactions.moc"
