@@ -13,8 +13,13 @@ namespace {
 // For file systems whose rename() cannot be told to keep what is there. A second name is given to files only.
 int moveInSteps(const QByteArray &from, const QByteArray &to)
 {
-    if (::linkat(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), 0) == 0)
-        return ::unlink(from.constData()) == 0 ? 0 : errno;
+    if (::linkat(AT_FDCWD, from.constData(), AT_FDCWD, to.constData(), 0) == 0) {
+        // Gone already is as good; otherwise it stays where it is, and only there.
+        const int error = ::unlink(from.constData()) == 0 || errno == ENOENT ? 0 : errno;
+        if (error != 0)
+            ::unlink(to.constData());
+        return error;
+    }
     if (errno == EEXIST)
         return errno;
     struct stat status = {};

@@ -131,7 +131,9 @@ Result put(const QString &path)
     while (clean.size() > 1 && clean.endsWith('/')) // else a link would be followed
         clean.chop(1);
     const QList<QByteArray> names = clean.split('/');
-    const bool isPlain = !names.contains("..") && names.constLast() != ".";
+    // A text that is no name of a file must not become that of another one.
+    const bool isPlain = !names.contains("..") && names.constLast() != "."
+        && QFile::decodeName(QFile::encodeName(path)) == path;
     if (clean.startsWith('/') && clean != "/" && isPlain && !clean.contains('\0')) {
         Document document{clean, {}, names.constLast()};
         document.folder = withoutLinks(parentOf(clean));

@@ -9,6 +9,7 @@
 #include <QFile>
 #include <QList>
 
+#include <array>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -30,9 +31,9 @@ bool readInfo(const QByteArray &path, QByteArray &text)
         errno = EPERM;
         return false;
     }
-    text.resize(Longest);
-    const ssize_t size = ::read(fd.get(), text.data(), Longest);
-    text.resize(int(std::max<ssize_t>(size, 0)));
+    std::array<char, Longest> buffer;
+    const ssize_t size = ::read(fd.get(), buffer.data(), buffer.size());
+    text = QByteArray(buffer.data(), int(std::max<ssize_t>(size, 0)));
     return size >= 0;
 }
 
@@ -82,10 +83,20 @@ Result bringBack(const QByteArray &file, const QByteArray &info, const QByteArra
     return result;
 }
 
+// What an info file of this path speaks of; empty when that would be no single document.
+QByteArray nameOf(const QByteArray &info)
+{
+    if (!info.endsWith(InfoSuffix))
+        return {};
+    const QByteArray name = info.mid(info.lastIndexOf('/') + 1).chopped(int(qstrlen(InfoSuffix)));
+    return name == "." || name == ".." ? QByteArray() : name;
+}
+
 Result restoreFrom(const QByteArray &info)
 {
     const auto trash = folderOfInfo(info);
-    if (!trash || !info.endsWith(InfoSuffix))
+    const QByteArray name = nameOf(info);
+    if (!trash || name.isEmpty())
         return failure(EPERM, "not in a trash folder of this user");
     QByteArray text;
     if (!readInfo(info, text))
@@ -93,7 +104,6 @@ Result restoreFrom(const QByteArray &info)
     const QByteArray oldPath = oldPathOf(text, *trash);
     if (oldPath.isEmpty())
         return {Outcome::Failed, {}, {}, QStringLiteral("the trash information cannot be used")};
-    const QByteArray name = info.mid(info.lastIndexOf('/') + 1).chopped(int(qstrlen(InfoSuffix)));
     Result result = bringBack(trash->path + "/files/" + name, info, oldPath);
     result.path = QFile::decodeName(oldPath);
     return result;

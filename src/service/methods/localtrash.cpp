@@ -34,13 +34,23 @@ LocalPlace refused(ServiceError error, const char *reason)
     return place;
 }
 
+// A slash at the end would follow a link, and ".." there name a folder. Before that ".." stays: only the file
+// system knows where it leads behind a link.
+QString withPlainEnd(QString path)
+{
+    while (path.size() > 1 && path.endsWith(QLatin1Char('/')))
+        path.chop(1);
+    const QString name = path.section(QLatin1Char('/'), -1);
+    return name == QLatin1String(".") || name == QLatin1String("..") ? canonical(path) : path;
+}
+
 } // namespace
 
 LocalPlace localPlace(const QString &path, const QString &home, const QString &driveRoot)
 {
     if (!QDir::isAbsolutePath(path) || path.contains(QChar::Null))
         return refused(ServiceError::InvalidArgument, "An absolute path is needed.");
-    const QFileInfo info(QDir::cleanPath(path));
+    const QFileInfo info(withPlainEnd(path));
     struct stat status
     {
     };
@@ -77,15 +87,32 @@ ServiceError serviceError(trash::Outcome outcome)
     return ServiceError::Internal;
 }
 
+LocalTrash::LocalTrash(const QString &driveRoot)
+    : m_driveRoot(driveRoot), m_context(std::make_unique<QObject>()), m_pool(std::make_unique<QThreadPool>())
+{
+    m_pool->setMaxThreadCount(1);
+}
+
+// A file system that does not answer any more must not keep the process from ending: then both stay behind.
+LocalTrash::~LocalTrash()
+{
+    constexpr int PatienceMs = 5000;
+    if (m_pool->waitForDone(PatienceMs))
+        return;
+    qCWarning(lcService, "a file system did not answer before the end");
+    static_cast<void>(m_pool.release());
+    static_cast<void>(m_context.release());
+}
+
 // `done` owns an answer, which belongs to this thread: it moves along, so that it never goes on the other.
 template <class Value>
 void LocalTrash::run(std::function<Value()> work, std::function<void(const Value &)> done)
 {
     auto shared = std::make_shared<std::function<void(const Value &)>>(std::move(done));
-    m_pool.start([this, work = std::move(work), shared = std::move(shared)]() mutable {
+    m_pool->start([context = m_context.get(), work = std::move(work), shared = std::move(shared)]() mutable {
         const Value value = work();
         QMetaObject::invokeMethod(
-            &m_context, [value, shared = std::move(shared)] { (*shared)(value); }, Qt::QueuedConnection);
+            context, [value, shared = std::move(shared)] { (*shared)(value); }, Qt::QueuedConnection);
     });
 }
 

@@ -8,6 +8,7 @@
 #include <QThreadPool>
 #include <QVector>
 #include <functional>
+#include <memory>
 
 namespace zel::service {
 
@@ -26,11 +27,13 @@ LocalPlace localPlace(const QString &path, const QString &home, const QString &d
 wire::ServiceError serviceError(trash::Outcome outcome);
 
 /// Local files into the desktop's trash and back, in order on a thread of its own, which is there only while
-/// there is work. Main thread. What waits when this goes is done all the same, but told to nobody.
+/// there is work. Main thread. What waits when this goes is done all the same, as far as some seconds go, but
+/// told to nobody.
 class LocalTrash final
 {
 public:
-    explicit LocalTrash(const QString &driveRoot) : m_driveRoot(driveRoot) { m_pool.setMaxThreadCount(1); }
+    explicit LocalTrash(const QString &driveRoot);
+    ~LocalTrash();
 
     /// What is in the drive is left to the drive, and the place says so.
     void put(const QString &path, std::function<void(const LocalPlace &, const trash::Result &)> done);
@@ -42,8 +45,8 @@ private:
     template <class Value> void run(std::function<Value()> work, std::function<void(const Value &)> done);
 
     const QString m_driveRoot;
-    QObject m_context; ///< goes after the pool, so that what the pool hands over has a receiver
-    QThreadPool m_pool;
+    std::unique_ptr<QObject> m_context; ///< goes after the pool, whose results it receives
+    std::unique_ptr<QThreadPool> m_pool;
 };
 
 } // namespace zel::service

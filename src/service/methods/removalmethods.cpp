@@ -114,40 +114,50 @@ RecoverRecyclesResult localPart(const QStringList &ids, const QVector<trash::Res
     return result;
 }
 
-RecoverRecyclesResult recoverFromDrive(const DriveJob &job, const RecoverRecyclesArg &request)
+DriveResult<RecoverRecyclesResult> recoverFromDrive(
+    CloudDrive &drive, const Identity &identity, const std::vector<std::string> &ids)
 {
     RecoverRecyclesResult result;
-    for (const std::string &id : request.recycleIds)
-        recoverOne(job.drive, job.identity, id, result);
+    for (const std::string &id : ids)
+        recoverOne(drive, identity, id, result);
     return result;
 }
 
-// The drive's part first; `local` is added to the answer when it is complete.
-void recoverWith(const DriveContext &context, const RecoverRecyclesArg &request,
+void append(RecoverRecyclesResult &result, const RecoverRecyclesResult &more)
+{
+    result.items.insert(result.items.end(), more.items.begin(), more.items.end());
+    result.recoveredIds.insert(result.recoveredIds.end(), more.recoveredIds.begin(), more.recoveredIds.end());
+    result.failedItems.insert(more.failedItems.begin(), more.failedItems.end());
+}
+
+// The drive's part, then the answer with `local`, which is done already: a drive that is away does not make
+// that undone.
+void recoverWith(const DriveContext &context, const std::vector<std::string> &ids,
     const RecoverRecyclesResult &local, Answer<RecoverRecyclesResult> answer)
 {
-    if (request.recycleIds.empty()) {
+    if (ids.empty()) {
         answer.send(local);
         return;
     }
-    runOn<RecoverRecyclesArg, RecoverRecyclesResult>(
-        context.quick, context, request, std::move(answer),
-        [](const DriveJob &job, const RecoverRecyclesArg &asked) -> DriveResult<RecoverRecyclesResult> {
-            return recoverFromDrive(job, asked);
-        },
-        [&context](const RecoverRecyclesArg &, const RecoverRecyclesResult &result) {
-            QStringList ofDrive;
-            for (const std::string &id : result.recoveredIds)
-                if (!LocalTrash::isTrashId(id))
-                    ofDrive.append(text(id));
-            tellGone(context, RecycleAction::Recovered, ofDrive);
+    context.quick.run([identity = context.identity(), ids](
+                          CloudDrive &drive) { return recoverFromDrive(drive, identity, ids); },
+        [&context, ids, local, answer = std::move(answer)](
+            const DriveResult<RecoverRecyclesResult> &done) mutable {
+            if (!done && local.recoveredIds.empty()) {
+                answer.fail(serviceError(done.error().kind), done.error().text);
+                return;
+            }
+            RecoverRecyclesResult result = local;
+            for (const std::string &id : ids)
+                if (!done)
+                    result.failedItems[id] = errorInfo(done.error());
+            if (done)
+                append(result, *done);
+            answer.send(result);
+            if (!done)
+                return;
+            tellGone(context, RecycleAction::Recovered, texts(done->recoveredIds));
             context.events.check();
-        },
-        [local](RecoverRecyclesResult &result) {
-            result.items.insert(result.items.end(), local.items.begin(), local.items.end());
-            result.recoveredIds.insert(
-                result.recoveredIds.end(), local.recoveredIds.begin(), local.recoveredIds.end());
-            result.failedItems.insert(local.failedItems.begin(), local.failedItems.end());
         });
 }
 
@@ -159,13 +169,13 @@ void recover(const DriveContext &context, RecoverRecyclesArg request, Answer<Rec
             local.append(text(id));
     std::erase_if(request.recycleIds, LocalTrash::isTrashId);
     if (local.isEmpty()) {
-        recoverWith(context, request, {}, std::move(answer));
+        recoverWith(context, request.recycleIds, {}, std::move(answer));
         return;
     }
     const auto shared = std::make_shared<Answer<RecoverRecyclesResult>>(std::move(answer));
     context.localTrash.restore(
         local, [&context, request, local, shared](const QVector<trash::Result> &restored) {
-            recoverWith(context, request, localPart(local, restored), std::move(*shared));
+            recoverWith(context, request.recycleIds, localPart(local, restored), std::move(*shared));
         });
 }
 

@@ -42,6 +42,13 @@ RoamingKey keyOf(const vela::RecentFileItem &item)
     return {text(item.roamingId), text(item.fileId)};
 }
 
+// A device that got no answer tells of a use again.
+bool isSameUse(const vela::RecentFileItem &known, const vela::RecentFileItem &item)
+{
+    return known.fileTime == item.fileTime && known.curDeviceId == item.curDeviceId
+        && known.operation == item.operation;
+}
+
 // A use elsewhere is no news when the same request says that the document was used here since, or went.
 void dropSeen(RoamingChange &change)
 {
@@ -142,6 +149,7 @@ void RoamingTable::addOne(
         return;
     }
     const bool elsewhere = text(item.curDeviceId) != thisDevice;
+    const bool isRepeated = before && isSameUse(*before, item);
     if (before) {
         item = merged(*before, item);
     } else {
@@ -151,8 +159,8 @@ void RoamingTable::addOne(
     item.userId = user.toStdString();
     item.mtime = nowMs();
     const RoamingMark mark = before ? markOf(*before) : RoamingMark::None;
-    setMark(item, markAfter(mark, !before, elsewhere, item.operation));
-    if (elsewhere && markOf(item) != RoamingMark::None)
+    setMark(item, isRepeated ? mark : markAfter(mark, !before, elsewhere, item.operation));
+    if (elsewhere && !isRepeated && markOf(item) != RoamingMark::None)
         change.arrived.push_back(item);
     else if (mark != RoamingMark::None && markOf(item) == RoamingMark::None)
         change.seen.append(keyOf(item));

@@ -83,7 +83,7 @@ public:
     }
 
     /// A record of the same roaming id, cloud file, or device and path is renewed; a use that is older than
-    /// what is known changes nothing. `thisDevice`: uses on others leave marks.
+    /// what is known changes nothing. `thisDevice`: uses on others leave marks, once each.
     RoamingChange add(const QString &user, RoamingItems items, const QString &thisDevice);
     RoamingChange remove(const QString &user, const RoamingSelection &selection);
     RoamingChange setMarks(const QString &user, const RoamingSelection &selection, bool unread);

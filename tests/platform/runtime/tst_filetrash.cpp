@@ -65,7 +65,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         QStringList paths;
         auto trash = std::make_unique<KFileTrash>();
-        for (int n = 0; n < 20; ++n) {
+        for (int n = 0; n < 5; ++n) {
             paths.append(folder.filePath(QString::number(n)));
             write(paths.constLast());
             trash->trash(paths.constLast());
@@ -91,22 +91,47 @@ private Q_SLOTS:
             return ended(zel::trash::Outcome::Done);
         };
         const auto works = [] { return ended(zel::trash::Outcome::Done); };
+        const auto answered = [&](const TrashQueue::Work &work) {
+            const auto mine = std::make_shared<bool>(false);
+            queue.add(work, [=](const Result &result) {
+                note(result);
+                *mine = true;
+            });
+            return QTest::qWaitFor([mine] { return *mine; }, 20000);
+        };
+        const auto goesOn = [&] { // on a slow machine one may be late by itself
+            answers.clear();
+            while (!answers.endsWith(QLatin1Char('d')))
+                if (!answered(works))
+                    return false;
+            return true;
+        };
         queue.add(hangs, note);
-        queue.add(works, note);
-        QTRY_COMPARE(answers, QStringLiteral("fd"));
+        QVERIFY(answered(works));
+        QVERIFY(answers.startsWith(QLatin1Char('f')));
+        QVERIFY(goesOn());
+        answers.clear();
         for (int n = 0; n < 3; ++n)
             queue.add(hangs, note);
-        queue.add(works, note); // with so many that hang, nothing is begun
-        QTRY_COMPARE(answers, QStringLiteral("fdffff"));
+        QVERIFY(answered(works)); // with so many that hang, nothing is begun
+        QCOMPARE(answers, QStringLiteral("ffff"));
         gate->release(4);
-        QVERIFY(back->tryAcquire(4, 5000));
+        QVERIFY(back->tryAcquire(4, 20000));
         // They have come back, so it goes on; what they say now is not told.
-        while (!answers.endsWith(QLatin1Char('d'))) {
-            queue.add(works, note);
-            const int before = answers.size();
-            QTRY_VERIFY(answers.size() > before);
-        }
-        QCOMPARE(answers.count(QLatin1Char('d')), 2);
+        QVERIFY(goesOn());
+        QCOMPARE(answers.count(QLatin1Char('d')), 1);
+    }
+
+    void mayEndInItsAnswer()
+    {
+        auto queue = std::make_unique<TrashQueue>(nullptr);
+        bool answered = false;
+        queue->add([] { return ended(zel::trash::Outcome::Done); },
+            [&](const Result &) {
+                answered = true;
+                queue.reset();
+            });
+        QTRY_VERIFY(answered);
     }
 
     void endDoesNotHang()

@@ -1,3 +1,4 @@
+#include "base/posix/uniquefd.h"
 #include "kdocumentopener.h"
 #include "privatebus.h"
 
@@ -7,6 +8,9 @@
 #include <QTemporaryDir>
 #include <QUrl>
 #include <QtTest>
+
+#include <csignal>
+#include <fcntl.h>
 
 using Outcome = KDocumentOpener::Outcome;
 
@@ -82,6 +86,21 @@ private Q_SLOTS:
             ids.at(0), QStringLiteral("Program editor"), QStringLiteral("/pictures/edit.png"), true};
         const KProgram viewer{ids.at(1), QStringLiteral("Program viewer"), QStringLiteral("view"), false};
         QVERIFY(programs == KProgramList({editor, viewer}));
+    }
+
+    // Who reads it waits until the lease ends, as on a mount that does not answer; nobody else may.
+    void heldDocument()
+    {
+        const QString path = filePath(QStringLiteral("held"));
+        write(QStringLiteral("held"), "text");
+        std::signal(SIGIO, SIG_IGN);
+        const zel::posix::UniqueFd fd(::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC));
+        if (::fcntl(fd.get(), F_SETLEASE, F_WRLCK) != 0)
+            QSKIP("no leases on this file system");
+        KDocumentOpener opener;
+        QSignalSpy found(&opener, &KDocumentOpener::programsFound);
+        opener.findPrograms(path);
+        QTRY_COMPARE(found.count(), 1);
     }
 
     void openWith_data()

@@ -199,6 +199,22 @@ private Q_SLOTS:
         QVERIFY(readThumbnail(path, 128).isNull()); // and does not wait for a writer
     }
 
+    // Which unfold to gigabytes, would one let them.
+    void packedTexts()
+    {
+        const QString path = makeDocument(QStringLiteral("a.pdf"));
+        const QString file = thumbnailFile(QStringLiteral("normal"), thumbnailUris(path).constFirst());
+        QVERIFY(QDir().mkpath(QFileInfo(file).path()));
+        QImage image(8, 8, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        image.setText(QStringLiteral("Thumb::MTime"), timeOf(path));
+        for (int n = 0; n < 3; ++n) {
+            image.setText(QString::number(n), QString(7000000, QLatin1Char('x')));
+            QVERIFY(image.save(file, "png"));
+            QCOMPARE(readThumbnail(path, 128).isNull(), n == 2); // the first ones alone are short enough
+        }
+    }
+
     void throughTheCache()
     {
         const QString path = makeDocument(QStringLiteral("a.pdf"));
@@ -266,7 +282,7 @@ private Q_SLOTS:
         QTRY_COMPARE(loaded.count(), 1);
         QTRY_COMPARE(files->seen().size(), 2);
         // While the answers are fresh nobody is asked; later somebody is, and the picture stays meanwhile.
-        QTRY_VERIFY(store.find(QStringLiteral("none"), 8).isNull() && files->seen().size() == 3);
+        QTRY_VERIFY(store.find(QStringLiteral("none"), 8).isNull() && files->seen().size() >= 3);
         QTRY_VERIFY(!store.find(QStringLiteral("a"), 8).isNull() && files->seen().size() >= 4);
         QCOMPARE(loaded.count(), 1); // it is the same picture
     }
@@ -276,7 +292,7 @@ private Q_SLOTS:
         const auto files = std::make_shared<GatedReader>();
         files->slow = QStringLiteral("/dead/");
         ThumbnailLimits limits;
-        limits.patience = std::chrono::milliseconds(300);
+        limits.patience = std::chrono::seconds(1); // enough for the others on a slow machine
         ThumbnailStore store(files->reader(), limits, nullptr);
         QSignalSpy loaded(&store, &ThumbnailStore::loaded);
         const QString dead = m_folder->filePath(QStringLiteral("dead/a"));

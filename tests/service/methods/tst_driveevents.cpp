@@ -165,12 +165,22 @@ void TestDriveEvents::driveThatCannotBeOpened()
     });
     const service::IdentitySource identity = [] { return service::Identity(); };
     service::DriveEvents events(thread, client, identity);
-    service::LocalTrash localTrash(place.path());
+    service::LocalTrash localTrash(place.filePath(QStringLiteral("Drive")));
     const service::DriveContext context{thread, thread, events, localTrash, client, identity, {}};
     addDriveQueries(client.methods, context);
     const auto refused = client.call<GetInfoListResult>("getInfoList", GetInfoListArg());
     QCOMPARE(refused.state, int(wire::ServiceError::Offline));
     QCOMPARE(refused.errorInfo.errResult, std::string("offline"));
+    // What was done on this machine is told all the same.
+    addRemoval(client.methods, context);
+    RemoveArg remove;
+    remove.extraParam["path"] = place.filePath(QStringLiteral("l.txt")).toStdString();
+    DriveFixture::write(place.filePath(QStringLiteral("l.txt")), "mine");
+    RecoverRecyclesArg recover;
+    recover.recycleIds = {"7", client.call<RemoveResult>("remove", remove).recycleId};
+    const auto recovered = client.call<RecoverRecyclesResult>("recoverRecycles", recover);
+    QCOMPARE(recovered.recoveredIds, std::vector<std::string>{recover.recycleIds[1]});
+    QCOMPARE(recovered.failedItems.at("7").errResult, std::string("offline"));
     offline = false;
     QCOMPARE(client.call<GetInfoListResult>("getInfoList", GetInfoListArg()).state, 0);
 }

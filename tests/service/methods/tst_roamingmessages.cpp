@@ -39,6 +39,7 @@ private:
     std::unique_ptr<WireClient> m_device;
     std::unique_ptr<WireClient> m_box;
     qint64 m_time = 0;
+    AddRoamingRecordArg m_last;
 };
 
 void TestRoamingMessages::init()
@@ -73,6 +74,7 @@ AddRoamingRecordResult TestRoamingMessages::add(const std::vector<Use> &uses)
         event.actionTime = ++m_time;
         request.records.push_back(event);
     }
+    m_last = request;
     return *m_device->call<AddRoamingRecordResult>("addRoamingRecord", request);
 }
 
@@ -141,6 +143,8 @@ void TestRoamingMessages::perform(const QString &step)
         QCOMPARE(answer->resultList.size(), size_t(1));
     } else if (step == QLatin1String("gone") || step == QLatin1String("back")) {
         m_documents.lock()->roaming().markFiles({QStringLiteral("7")}, step == QLatin1String("gone"));
+    } else if (step == QLatin1String("again")) {
+        QCOMPARE(m_device->call<AddRoamingRecordResult>("addRoamingRecord", m_last)->state, 0);
     } else if (step.contains(QLatin1String("ead"))) {
         QCOMPARE(m_box->call<SetCloudItemReadResult>("setCloudItemRead", read)->state, 0);
     } else {
@@ -174,6 +178,8 @@ void TestRoamingMessages::counts_data()
     row("seen", "far:open read", "0/0/0");
     row("all seen", "far:open far:save readAll", "0/0/0");
     row("unread again: the newest", "far:open far:save read unread", "1/0/1");
+    row("told twice", "here:open far:save again", "0/1/1");
+    row("told again after it was seen", "far:save read again", "0/0/0");
     row("taken off", "far:open remove", "0/0/0");
     row("taken off by envelope", "far:open envelope", "0/0/0");
     row("list emptied", "far:open removeAll", "0/0/0");

@@ -41,7 +41,8 @@ DetachedJob::~DetachedJob()
 
 void DetachedJob::start(std::chrono::milliseconds deadline)
 {
-    m_deadline.start(deadline);
+    if (deadline > deadline.zero())
+        m_deadline.start(deadline);
     m_thread->start();
 }
 
@@ -56,8 +57,8 @@ void DetachedJob::settle(bool inTime)
         return;
     m_settled = true;
     m_deadline.stop();
-    Q_EMIT done(inTime);
     deleteLater();
+    Q_EMIT done(inTime); // last: a slot may destroy this
 }
 
 } // namespace zel::platform

@@ -22,7 +22,7 @@ public:
     DetachedJob(std::function<void()> work, QObject *parent);
     ~DetachedJob() override;
 
-    void start(std::chrono::milliseconds deadline);
+    void start(std::chrono::milliseconds deadline); ///< zero: none, for where no event loop runs any more
     /// Blocks until the work has returned, as long as that at most; for the end of the process. False: it has
     /// not.
     bool waitFor(std::chrono::milliseconds time);

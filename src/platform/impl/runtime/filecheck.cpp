@@ -29,8 +29,8 @@ void FileCheck::start()
     const auto result = std::make_shared<Result>(Result::NotReadable);
     auto *job = new DetachedJob([result, path = QFile::encodeName(m_path)] { *result = look(path); }, this);
     connect(job, &DetachedJob::done, this, [this, result](bool inTime) {
-        Q_EMIT done(inTime ? *result : Result::NotReadable);
         deleteLater();
+        Q_EMIT done(inTime ? *result : Result::NotReadable); // last: a slot may destroy this
     });
     job->start(Deadline);
 }

@@ -1,6 +1,7 @@
 #include "kdocumentopener.h"
 
 #include "base/logging.h"
+#include "base/posix/uniquefd.h"
 #include "detachedjob.h"
 #include "filecheck.h"
 #include "programs/programsmodule.h"
@@ -16,8 +17,11 @@
 #include <QPointer>
 #include <QUrl>
 
+#include <array>
+#include <fcntl.h>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <sys/stat.h>
 
 namespace {
@@ -70,11 +74,37 @@ Outcome launch(const QString &programId, const QString &path)
     return Outcome::NoProgram;
 }
 
-// The type as the desktop sees it: by the name, and where that does not tell by the content.
+// Nothing when it cannot be read at once.
+std::optional<QByteArray> beginningOf(const QString &path)
+{
+    const zel::posix::UniqueFd fd(
+        ::open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    std::array<char, 16 * 1024> bytes; // as much as the rules for contents look at
+    const ssize_t size = fd ? ::read(fd.get(), bytes.data(), bytes.size()) : -1;
+    return size < 0 ? std::nullopt : std::optional(QByteArray(bytes.data(), int(size)));
+}
+
+// The type as the desktop sees it: by the name, and where that does not tell by the content. The database
+// does not read the file itself: it would keep all other threads out meanwhile, on a dead mount for ever.
+QString typeOf(const QString &path)
+{
+    struct stat status = {};
+    const bool isThere = ::stat(QFile::encodeName(path).constData(), &status) == 0;
+    if (isThere && S_ISDIR(status.st_mode))
+        return QStringLiteral("inode/directory");
+    if (isThere && !S_ISREG(status.st_mode))
+        return {};
+    const auto data = isThere ? beginningOf(path) : std::nullopt;
+    const QMimeDatabase database;
+    return data ? database.mimeTypeForFileNameAndData(path, *data).name()
+                : database.mimeTypeForFile(path, QMimeDatabase::MatchExtension).name();
+}
+
 KProgramList programsFor(const QString &path)
 {
     const zel::platform::ProgramsModule *module = zel::platform::programsModule();
-    return module ? module->programsFor(QMimeDatabase().mimeTypeForFile(path).name()) : KProgramList();
+    const QString type = typeOf(path);
+    return module && !type.isEmpty() ? module->programsFor(type) : KProgramList();
 }
 
 // Then `then(opener's thread, result)`; with `late` when the work did not end before the deadline.

@@ -2,11 +2,13 @@
 
 #include "base/posix/uniquefd.h"
 
+#include <QBuffer>
 #include <QCryptographicHash>
 #include <QFile>
 #include <QImageReader>
 #include <QStandardPaths>
 #include <QUrl>
+#include <QtEndian>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -25,6 +27,8 @@ constexpr int SizeCount = sizeof Sizes / sizeof *Sizes;
 // Far above what the folders are for, and still no burden.
 constexpr qint64 MostBytes = 4 * 1024 * 1024;
 constexpr int MostPixels = 2048;
+constexpr int MostTextBytes =
+    16 * 1024; // as they are stored; packed ones may unfold to a thousand times that
 
 struct Document
 {
@@ -55,9 +59,28 @@ bool isOf(const Document &document, const QString &uri, const QString &modified)
     return uri.isEmpty() || document.uris.contains(uri.toLatin1());
 }
 
-QImage decode(QFile &file, const Document &document)
+// The decoder unpacks all texts of a picture, however many there are; those of thumbnails are few and short.
+bool hasShortTexts(const QByteArray &png)
 {
-    QImageReader reader(&file, "png");
+    constexpr int Signature = 8;
+    constexpr int Around = 12; // length, type and checksum of a chunk
+    qint64 texts = 0;
+    for (qint64 at = Signature; at + Around <= png.size();) {
+        const auto size = qFromBigEndian<quint32>(png.constData() + at);
+        const QByteArray type = png.mid(int(at) + 4, 4);
+        if (type == "tEXt" || type == "zTXt" || type == "iTXt")
+            texts += size;
+        at += Around + qint64(size);
+    }
+    return texts <= MostTextBytes;
+}
+
+QImage decode(QByteArray png, const Document &document)
+{
+    if (png.size() > MostBytes || !hasShortTexts(png))
+        return {};
+    QBuffer buffer(&png);
+    QImageReader reader(&buffer, "png");
     reader.setAutoDetectImageFormat(false);
     const QSize size = reader.size();
     if (size.isEmpty() || size.width() > MostPixels || size.height() > MostPixels)
@@ -78,7 +101,7 @@ QImage readOne(const QString &path, const Document &document)
     QFile file;
     if (!file.open(fd.release(), QIODevice::ReadOnly, QFileDevice::AutoCloseHandle))
         return {};
-    return decode(file, document);
+    return decode(file.read(MostBytes + 1), document);
 }
 
 QImage fitted(const QImage &image, int pixels)

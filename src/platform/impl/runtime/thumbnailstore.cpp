@@ -82,9 +82,9 @@ void ThumbnailStore::start(const ThumbnailKey &key)
     m_current = key;
     const auto image = std::make_shared<QImage>();
     const auto count = m_threads;
+    ++*count; // here, as a thread may get its first turn late
     m_job = new DetachedJob(
         [reader = m_reader, key, image, count] {
-            ++*count;
             *image = reader(key.path, key.pixels);
             --*count;
         },

@@ -38,7 +38,7 @@ TrashQueue::~TrashQueue()
         },
         nullptr);
     const auto left = end.remainingTimeAsDuration();
-    last.start(EndPatience);
+    last.start({});
     last.waitFor(std::chrono::duration_cast<std::chrono::milliseconds>(left));
 }
 
@@ -56,9 +56,9 @@ void TrashQueue::next()
     const bool isFull = *m_threads >= MostThreads; // all of them hang
     const auto result = std::make_shared<trash::Result>(noAnswer());
     const auto count = m_threads;
+    ++*count; // here, as a thread may get its first turn late
     m_job = new DetachedJob(
         [=, work = isFull ? Work(noAnswer) : m_requests.front().work] {
-            ++*count;
             *result = work();
             --*count;
         },
