@@ -10,6 +10,8 @@
 #include <QRandomGenerator>
 #include <QTest>
 
+Q_DECLARE_METATYPE(std::function<void(zel::vela::RecentFileItem &)>)
+
 using namespace zel::recent;
 using namespace zel::recent::test;
 
@@ -320,8 +322,6 @@ private Q_SLOTS:
             "expected");
     }
 };
-
-Q_DECLARE_METATYPE(std::function<void(zel::vela::RecentFileItem &)>)
 
 QTEST_GUILESS_MAIN(RoamingMergeTest)
 #include "tst_roamingmerge.moc"
