@@ -2,7 +2,7 @@
 
 #include "base/logging.h"
 
-#include <QFileInfo>
+#include <algorithm>
 
 static QStringList idsOf(const RecordInfoList &records)
 {
@@ -28,8 +28,10 @@ RecentFileActions::RecentFileActions(const Services &services, QObject *parent)
         });
     connect(opener(), &KDocumentOpener::opened, this,
         [this](const QString &path, KDocumentOpener::Outcome outcome) {
-            if (path == m_revealed && outcome != KDocumentOpener::Outcome::Opened)
-                Q_EMIT folderNotShown(outcome);
+            if (path != m_revealed || outcome == KDocumentOpener::Outcome::Opened)
+                return;
+            m_revealed.clear();
+            Q_EMIT folderNotShown(outcome);
         });
     if (!m_services.cloud)
         return;
@@ -90,10 +92,8 @@ void RecentFileActions::setPinned(const RecordInfoList &records, bool pinned)
 
 void RecentFileActions::addFiles(const QStringList &paths)
 {
-    for (const QString &path : paths) {
-        if (store())
-            store()->noteOpened(path);
-    }
+    if (store())
+        store()->noteAllOpened(paths);
 }
 
 void RecentFileActions::removeRecords(const RecordInfoList &records)
@@ -108,11 +108,24 @@ void RecentFileActions::removeRecords(const RecordInfoList &records)
 
 void RecentFileActions::deleteFiles(const RecordInfoList &records)
 {
-    if (records.isEmpty() || m_waitingFor > 0)
+    RecordInfoList wanted;
+    for (const RecentFileInfo &record : records) {
+        if (m_deletingIds.contains(record.id))
+            continue;
+        m_deletingIds.insert(record.id);
+        wanted << record;
+    }
+    if (wanted.isEmpty())
         return;
+    m_nextDeletions.enqueue(wanted);
+    if (m_waitingFor == 0)
+        deleteNext();
+}
+
+void RecentFileActions::deleteNext()
+{
+    const RecordInfoList records = m_nextDeletions.dequeue();
     m_waitingFor = records.size();
-    m_underWay.clear();
-    m_failed.clear();
     for (const RecentFileInfo &record : records) {
         if (m_services.cloud)
             m_services.cloud->remove(record);
@@ -129,8 +142,10 @@ void RecentFileActions::onRemoveEnded(
     if (ended == RecentCloud::Ended::Done) {
         noteDeleted({record, recycleId, true});
     } else if (ended == RecentCloud::Ended::NotReached && !record.path.isEmpty()) {
+        const bool asked = m_trashing.contains(record.path); // two records can be of one file
         m_trashing.insert(record.path, record);
-        trash()->trash(record.path);
+        if (!asked)
+            trash()->trash(record.path);
     } else {
         noteFailed(record);
     }
@@ -138,15 +153,14 @@ void RecentFileActions::onRemoveEnded(
 
 void RecentFileActions::onTrashed(const QString &path, const QString &trashId, KFileTrash::Outcome outcome)
 {
-    const auto asked = m_trashing.find(path);
-    if (asked == m_trashing.end())
-        return; // somebody else's
-    const RecentFileInfo record = *asked;
-    m_trashing.erase(asked);
-    if (outcome == KFileTrash::Outcome::Done)
-        noteDeleted({record, trashId, false});
-    else
-        noteFailed(record);
+    const QList<RecentFileInfo> asked = m_trashing.values(path); // none: somebody else's
+    m_trashing.remove(path);
+    for (const RecentFileInfo &record : asked) {
+        if (outcome == KFileTrash::Outcome::Done)
+            noteDeleted({record, trashId, false});
+        else
+            noteFailed(record);
+    }
 }
 
 void RecentFileActions::noteDeleted(const Deleted &deleted)
@@ -172,7 +186,12 @@ void RecentFileActions::finishDeleting()
     const RecordInfoList failed = std::exchange(m_failed, {});
     qCInfo(lcRecent, "deleted %d files, %d failed", int(records.size()), int(failed.size()));
     removeRecords(records);
+    const auto forget = [this](const RecentFileInfo &record) { m_deletingIds.remove(record.id); };
+    std::for_each(records.cbegin(), records.cend(), forget);
+    std::for_each(failed.cbegin(), failed.cend(), forget);
     Q_EMIT filesDeleted(records, failed);
+    if (m_waitingFor == 0 && !m_nextDeletions.isEmpty())
+        deleteNext();
 }
 
 void RecentFileActions::undoDelete()

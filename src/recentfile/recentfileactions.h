@@ -7,6 +7,8 @@
 
 #include <QHash>
 #include <QObject>
+#include <QQueue>
+#include <QSet>
 #include <QVector>
 
 /// What the user does with documents of the Recent page besides opening and sharing them. GUI thread; nothing
@@ -37,7 +39,8 @@ public:
     /// Takes them off the list, here and on other devices; the files stay.
     void removeRecords(const RecordInfoList &records);
     /// Puts the files into the recycle bin and takes the records of those that went there off the list.
-    /// filesDeleted() follows exactly once.
+    /// filesDeleted() follows exactly once. Another deletion waits for the one under way; records that either
+    /// is about already are left out.
     void deleteFiles(const RecordInfoList &records);
     bool canUndo() const { return !m_deleted.isEmpty(); }
     /// Brings back what the last filesDeleted() told of; filesRestored() follows exactly once. Does nothing
@@ -67,15 +70,18 @@ private:
     void onTrashed(const QString &path, const QString &trashId, KFileTrash::Outcome outcome);
     void noteDeleted(const Deleted &deleted);
     void noteFailed(const RecentFileInfo &record);
+    void deleteNext();
     void finishDeleting();
     void noteRestored(const QString &recycleId, bool ok);
 
     Services m_services;
-    QString m_programsOf;                      // path whose programs were asked for last
-    QString m_revealed;                        // path whose folder was asked for last
-    int m_waitingFor = 0;                      // deletions that have not ended
-    QHash<QString, RecentFileInfo> m_trashing; // by path: asked of the desktop's trash
-    QVector<Deleted> m_underWay;               // ended well, of the deletion under way
+    QString m_programsOf;                           // path whose programs were asked for last
+    QString m_revealed;                             // path whose folder was asked for last
+    int m_waitingFor = 0;                           // files of the deletion under way that have not ended
+    QSet<QString> m_deletingIds;                    // of the deletion under way and of those that wait
+    QQueue<RecordInfoList> m_nextDeletions;         // wait for the one under way
+    QMultiHash<QString, RecentFileInfo> m_trashing; // by path: asked of the desktop's trash
+    QVector<Deleted> m_underWay;                    // ended well, of the deletion under way
     RecordInfoList m_failed;
     QVector<Deleted> m_deleted;                 // what an undo brings back
     QHash<QString, RecentFileInfo> m_restoring; // by recycle id

@@ -102,6 +102,11 @@ KRecentFileProxy *KRecentFileLogic::store() const
     return m_services.store ? m_services.store : KRecentFileProxy::instance();
 }
 
+bool KRecentFileLogic::isStoreReady() const
+{
+    return store() && store()->isKindReady(RecentRecordKind::Roaming);
+}
+
 bool KRecentFileLogic::canLoad() const
 {
     return m_model && store() && kindMask() != 0;
@@ -112,7 +117,7 @@ void KRecentFileLogic::loadAll()
     KRecentFileProxy *const source = store();
     if (!source)
         return;
-    if (!source->isKindReady(RecentRecordKind::Roaming)) {
+    if (!isStoreReady()) {
         source->initKind(RecentRecordKind::Roaming); // its init-finished notice leads back here
         return;
     }
@@ -131,7 +136,8 @@ void KRecentFileLogic::finishWaiting()
     Q_EMIT firstLoadingFinish();
 }
 
-// The store's records, without the kinds that are not shown, with the marks that the present rows carry.
+// The store's records, without the kinds that are not shown. Marks that only the present rows have go with
+// them; those of records with a roaming id are the store's.
 RecordInfoList KRecentFileLogic::shownRecords() const
 {
     RecordInfoList records = store()->records();
@@ -143,7 +149,7 @@ RecordInfoList KRecentFileLogic::shownRecords() const
     if (marks.isEmpty())
         return records;
     for (RecentFileInfo &record : records) {
-        if (record.unread == ZelBoxRecentFileModel::NotUnread)
+        if (record.unread == ZelBoxRecentFileModel::NotUnread && record.roamingId.isEmpty())
             record.unread = marks.value(record.id, ZelBoxRecentFileModel::NotUnread);
     }
     return records;
@@ -257,6 +263,8 @@ void KRecentFileLogic::onLoginStatusChanged(bool bLogin)
 {
     if (!m_model)
         return;
+    m_roamingUnread.clear(); // of the user before
+    m_pendingRoamingIds.clear();
     if (!bLogin) {
         logOut();
         return;
@@ -271,8 +279,6 @@ void KRecentFileLogic::onLoginStatusChanged(bool bLogin)
 void KRecentFileLogic::logOut()
 {
     m_waitingForFirstLoad = true;
-    m_roamingUnread.clear();
-    m_pendingRoamingIds.clear();
     Q_EMIT needToWaitFirstLoading();
     m_model->removeAll();
     onUpdateRecentTabUnreadPoint();

@@ -39,6 +39,7 @@ public:
     ZelBoxRecentFileModel *model() const;
     bool isLoggedIn() const;
     bool isCloudReached() const; ///< the service is there, so that isLoggedIn() means something
+    bool isStoreReady() const;   ///< it has read all that it keeps
     bool isWaitingForFirstLoad() const { return m_waitingForFirstLoad; }
     /// True while all rows are being replaced: the counts told meanwhile are not the last ones,
     /// itemsBatchArrived() follows.

@@ -208,18 +208,20 @@ ZelBoxRecentFileModel::MarkResult ZelBoxRecentFileModel::markUnread(
         }
     }
     if (!others.isEmpty())
-        markCloudFiles(others, mark, result);
+        markRoaming(others, mark, result);
     return result;
 }
 
-void ZelBoxRecentFileModel::markCloudFiles(
+void ZelBoxRecentFileModel::markRoaming(
     const ZELBOX_ROAMING_MSGLIST &messages, UnreadMark mark, MarkResult &result)
 {
     QSet<QString> found;
     for (int row = 0; row < m_rows.size(); ++row) {
-        if (m_rows.at(row).cloudFileId == 0)
+        const RecentFileInfo &record = m_rows.at(row);
+        if (record.roamingId.isEmpty() && record.cloudFileId == 0)
             continue;
-        const QString id = QString::number(m_rows.at(row).cloudFileId);
+        const QString id =
+            messages.contains(record.roamingId) ? record.roamingId : QString::number(record.cloudFileId);
         if (!messages.contains(id))
             continue;
         found.insert(id);

@@ -79,7 +79,8 @@ public:
     const RecentFileInfo &recordIn(quint32 slot) const { return m_rows.inSlot(slot); }
     int rowOfSlot(quint32 slot) const { return m_rows.rowOfSlot(slot); } ///< O(log n); only of one in use
 
-    /// Marks the rows whose record id, or else cloud file id, is in `messages`; unread ones keep their mark.
+    /// Marks the rows whose record id, or else roaming id or cloud file id, is in `messages`; unread ones
+    /// keep their mark.
     MarkResult markUnread(const ZELBOX_ROAMING_MSGLIST &messages, UnreadMark mark);
     bool clearUnread(); ///< true when a row was unread
     int unreadCount() const { return m_unread; }
@@ -98,7 +99,7 @@ Q_SIGNALS:
 private:
     QVariant roleData(const RecentFileInfo &record, Role role) const;
     void setUnread(int row, UnreadMark mark);
-    void markCloudFiles(const ZELBOX_ROAMING_MSGLIST &messages, UnreadMark mark, MarkResult &result);
+    void markRoaming(const ZELBOX_ROAMING_MSGLIST &messages, UnreadMark mark, MarkResult &result);
     void regroup();
     void finishChange();
     void armDayTimer();

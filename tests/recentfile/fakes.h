@@ -29,7 +29,8 @@ public:
         for (const RecentFileInfo &each : records)
             say(QStringLiteral("unforget"), {each.id});
     }
-    void noteOpened(const QString &path) override { say(QStringLiteral("note"), {path}); }
+    void noteOpened(const QString &path) override { noteAllOpened({path}); }
+    void noteAllOpened(const QStringList &paths) override { say(QStringLiteral("note"), paths); }
     void checkPresence(const QStringList &ids) override { say(QStringLiteral("check"), ids); }
     void lookUpSizes() override { say(QStringLiteral("sizes")); }
     void setPinned(const QStringList &ids, bool pinned) override
@@ -68,16 +69,19 @@ public:
     void answer(const QString &path, Outcome outcome) { Q_EMIT opened(path, outcome); }
 };
 
-/// Moves nothing; answers at once: paths that contain "stuck" stay, "gone" are missing.
+/// Moves nothing; answers at once unless it is `slow`: paths that contain "stuck" stay, "gone" are missing.
 class FakeTrash : public KFileTrash
 {
     Q_OBJECT
 public:
     QStringList asked;
+    bool slow = false; ///< the test answers
 
     void trash(const QString &path) override
     {
         asked << path;
+        if (slow)
+            return;
         if (path.contains(QLatin1String("stuck")))
             Q_EMIT trashed(path, {}, Outcome::Denied);
         else

@@ -18,6 +18,8 @@ private Q_SLOTS:
     void cleanup() { m_actions.reset(); }
     void deletingEndsOnce_data();
     void deletingEndsOnce();
+    void anotherDeletionWaits();
+    void twoRecordsOfOneFileGoTogether();
     void undoBringsBackWhatWent_data();
     void undoBringsBackWhatWent();
     void offerThatRanOutUndoesNothing();
@@ -49,6 +51,7 @@ void TestActions::init()
     m_store = {};
     m_store.log = &m_log;
     m_trash.asked.clear();
+    m_trash.slow = false;
     m_proxy = std::make_unique<FakeCloud>();
     m_proxy->logIn(QStringLiteral("me"));
     m_cloud = std::make_unique<RecentCloud>(m_proxy.get());
@@ -122,7 +125,7 @@ void TestActions::deletingEndsOnce()
     QFETCH(QVector<Ended>, answers);
     QSignalSpy ended(m_actions.get(), &RecentFileActions::filesDeleted);
     m_actions->deleteFiles(this->files(files));
-    m_actions->deleteFiles(this->files(files)); // one deletion at a time
+    m_actions->deleteFiles(this->files(files)); // the same once more
     QCOMPARE(ended.size(), 0);
     for (const Ended answer : answers)
         QVERIFY(m_proxy->answerRemove(answer != Ended::NotReached, answer == Ended::Refused ? 5 : 0));
@@ -134,6 +137,32 @@ void TestActions::deletingEndsOnce()
     const QString deleted = names(ended.at(0).at(0)); // only these leave the list
     QCOMPARE(m_log, deleted.isEmpty() ? QStringList() : QStringList(QStringLiteral("forget ") + deleted));
     QCOMPARE(m_actions->canUndo(), !deleted.isEmpty());
+}
+
+void TestActions::anotherDeletionWaits()
+{
+    QSignalSpy ended(m_actions.get(), &RecentFileActions::filesDeleted);
+    m_actions->deleteFiles(files(QStringLiteral("a")));
+    m_actions->deleteFiles(files(QStringLiteral("a b"))); // while the service thinks about the first
+    QVERIFY(m_proxy->answerRemove(true));
+    QCOMPARE(names(ended.at(0).at(0)), QStringLiteral("a"));
+    QVERIFY(m_proxy->answerRemove(true));
+    QCOMPARE(ended.size(), 2);
+    QCOMPARE(names(ended.at(1).at(0)), QStringLiteral("b"));
+}
+
+void TestActions::twoRecordsOfOneFileGoTogether()
+{
+    QSignalSpy ended(m_actions.get(), &RecentFileActions::filesDeleted);
+    m_trash.slow = true;
+    RecordInfoList records = files(QStringLiteral("a b"));
+    records[1].path = records[0].path;
+    m_actions->deleteFiles(records);
+    for (int i = 0; i < 2; ++i)
+        QVERIFY(m_proxy->answerRemove(false));
+    QCOMPARE(m_trash.asked.size(), 1);
+    Q_EMIT m_trash.trashed(records[0].path, QStringLiteral("trash:a"), KFileTrash::Outcome::Done);
+    QCOMPARE(ended.size(), 1);
 }
 
 void TestActions::undoBringsBackWhatWent_data()

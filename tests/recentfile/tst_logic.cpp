@@ -143,12 +143,10 @@ private Q_SLOTS:
     void refreshInterval_data();
     void refreshInterval();
     void everyUnreadNoticeLeadsToOneSync();
-    void marksSurviveAReload();
     void toldMarks_data();
     void toldMarks();
     void opening_data();
     void opening();
-    void presenceOfAllShownRowsIsAskedFor();
 };
 
 void TestLogic::init()
@@ -201,6 +199,8 @@ void TestLogic::steps_data()
         "rows 1;added x;rows 2;added y;unread 2");
     row("unread, row comes with a reload", "init;unread x;store x2@5;|;arrived",
         "rows 0;rows 1;batch 106;unread 1");
+    row("marks survive a reload", "store a2@3 b2@2;init;unread b;|;arrived;seen",
+        "rows 0;rows 2;batch 106;read b;unread 0");
     row("seen", "store a8@3;init;unread a;|;seen;seen", "read a;unread 0");
     row("seen, and told again", "store a8@3;init;unread a;seen;|;unread a", "");
     row("logout forgets marks", "store a2@3;init;unread a;|;logout",
@@ -291,18 +291,6 @@ void TestLogic::everyUnreadNoticeLeadsToOneSync()
     QCOMPARE(bench.log, QStringList({QStringLiteral("roaming 1 sync"), QStringLiteral("roaming 1 sync")}));
 }
 
-void TestLogic::marksSurviveAReload()
-{
-    Bench bench;
-    bench.run(QStringLiteral("store a2@3 b2@2"));
-    bench.run(QStringLiteral("init"));
-    bench.run(QStringLiteral("unread b"));
-    bench.run(QStringLiteral("arrived"));
-    QCOMPARE(bench.model.unreadCount(), 1);
-    QCOMPARE(bench.model.index(1).data(ZelBoxRecentFileModel::UnreadRole).toInt(),
-        int(ZelBoxRecentFileModel::Modified));
-}
-
 void TestLogic::toldMarks_data()
 {
     using Model = ZelBoxRecentFileModel;
@@ -315,6 +303,8 @@ void TestLogic::toldMarks_data()
     QTest::newRow("seen, another event") << QStringLiteral("add x2@5;seen") << 60 << int(Model::Modified);
     QTest::newRow("seen before it has a row")
         << QStringLiteral("seen;add x2@5") << 0 << int(Model::NotUnread);
+    QTest::newRow("another user at once")
+        << QStringLiteral("store x2@5;arrived;seen;login") << 0 << int(Model::Modified);
     QTest::newRow("another user") << QStringLiteral("store x2@5;logout") << 0 << int(Model::Modified);
 }
 
@@ -376,29 +366,6 @@ void TestLogic::opening()
     QCOMPARE(failed.size(), problem < 0 ? 0 : 1);
     if (problem >= 0)
         QCOMPARE(int(failed.at(0).at(1).value<KRecentFileLogic::OpenProblem>()), problem);
-}
-
-// Files go and come back while the box runs, so a known answer does not hold.
-void TestLogic::presenceOfAllShownRowsIsAskedFor()
-{
-    Bench bench;
-    RecordInfoList list = Bench::parse(QStringLiteral("a8@9 b8@8 c8@7 d2@6 e8@5"));
-    list[1].presence = RecentFileInfo::Presence::Present;
-    list[2].presence = RecentFileInfo::Presence::Missing;
-    list[3].path.clear();
-    bench.store.content = list;
-    bench.run(QStringLiteral("init"));
-    bench.log.clear();
-    const auto rows = [&](std::initializer_list<int> numbers) {
-        QModelIndexList indexes;
-        for (const int row : numbers)
-            indexes << bench.model.index(row);
-        return indexes;
-    };
-    bench.logic->checkPresence(rows({0, 1, 2, 3}));
-    bench.logic->checkPresence(rows({4}));
-    bench.logic->checkPresence(rows({3}));
-    QCOMPARE(bench.log, QStringList({QStringLiteral("check a b c"), QStringLiteral("check e")}));
 }
 
 QTEST_GUILESS_MAIN(TestLogic)

@@ -1,6 +1,9 @@
 #include "recentfile/pagefixture.h"
 
 #include "recentfile/ui/loadingindicator.h"
+#include "recentfile/ui/recentfiletitlemenu.h"
+#include "recentfile/ui/recentfiletitlewidget.h"
+#include "recentfile/ui/recentguides.h"
 #include "widgets/iconbutton.h"
 
 #include <QLabel>
@@ -18,15 +21,20 @@ private Q_SLOTS:
     void statesOfAFirstLoad();
     void outtimeOffersRetryAndFeedback();
     void logoutWaitsAgain();
+    void loginBeforeTheStoreIsReadyStillWaits();
+    void whoIsSignedInAlreadyIsKnown();
     void loadingShowsNothingAtFirst();
     void reloadNeverShowsTheEmptyPage();
     void failuresAreSaidAndGoAway_data();
     void failuresAreSaidAndGoAway();
-    void noticeGoesAwayByItself();
     void openingByMouseAndKeyboard();
+    void unreadIsShownAndCleared();
+    void remindersOff();
+    void guides();
     void telemetry();
 
 private:
+    void markUnread(int row, int mark);
     static QTimer *timerOf(InlineNotice *notice)
     {
         return notice->findChild<QTimer *>({}, Qt::FindDirectChildrenOnly);
@@ -107,6 +115,30 @@ void TestPage::logoutWaitsAgain()
     QCOMPARE(page()->state(), State::List);
 }
 
+void TestPage::loginBeforeTheStoreIsReadyStillWaits()
+{
+    make(0, false);
+    page()->onWindowFirstShown();
+    m_proxy->logIn(QStringLiteral("me"));
+    QCOMPARE(page()->state(), State::Waiting); // not the empty page
+    m_store.content << record(QStringLiteral("a"), 5);
+    m_store.ready = true;
+    Q_EMIT m_events->initFinished();
+    QCOMPARE(page()->state(), State::List);
+}
+
+void TestPage::whoIsSignedInAlreadyIsKnown()
+{
+    m_proxy->logIn(QStringLiteral("me"));
+    load(0);
+    zel::vela::GetCurrentDefaultRoamingBoxResult off;
+    off.roamingOn = false;
+    QVERIFY(m_proxy->answer(true, "zel::vela::GetCurrentDefaultRoamingBoxResult", off));
+    QVERIFY(page()->findChild<ZelBoxRecentFileRoamingGuideWidget *>()->isVisible());
+    const auto actions = page()->findChild<KRecentFileTitleMenu *>()->actions();
+    QVERIFY(actions.first()->isEnabled()); // the reminder
+}
+
 void TestPage::loadingShowsNothingAtFirst()
 {
     make(3, false);
@@ -170,26 +202,6 @@ void TestPage::failuresAreSaidAndGoAway()
     QVERIFY(!timerOf(notice)->isActive()); // nothing runs for a notice that is gone
 }
 
-void TestPage::noticeGoesAwayByItself()
-{
-    load(3);
-    InlineNotice *notice = this->notice();
-    page()->onItemDoubleClicked(row(0));
-    m_opener.answer(m_opener.asked.value(0), KDocumentOpener::Outcome::Missing);
-    QTimer *timer = timerOf(notice);
-    QVERIFY(timer->isActive());
-    QVERIFY(timer->interval() >= 3000); // long enough to be read
-    QSignalSpy timeout(timer, &QTimer::timeout);
-
-    notice->findChild<IconButton *>()->setFocus();
-    timer->start(0);
-    QVERIFY(timeout.wait());
-    QVERIFY(notice->isVisible()); // the keyboard is on it
-    page()->view()->setFocus();
-    QTRY_VERIFY(!notice->isVisible());
-    QVERIFY(!timer->isActive());
-}
-
 void TestPage::openingByMouseAndKeyboard()
 {
     load(3);
@@ -244,6 +256,80 @@ void TestPage::telemetry()
                 lines.at(i).contains(QLatin1Char('"') + name + QLatin1Char('"')), qPrintable(lines.at(i)));
         QVERIFY(!lines.at(i).contains(QStringLiteral("/data/docs"))); // never what the documents are called
     }
+}
+
+void TestPage::markUnread(int row, int mark)
+{
+    RecentFileInfo changed = m_store.content.at(row);
+    changed.roamingId = QStringLiteral("r%1").arg(row);
+    changed.unread = mark;
+    Q_EMIT m_events->recordsChanged({changed});
+}
+
+void TestPage::unreadIsShownAndCleared()
+{
+    load(4);
+    auto *label = page()->findChild<QLabel *>(QStringLiteral("text-unread"));
+    QSignalSpy counts(page(), &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount);
+    QVERIFY(!label->isVisible());
+    markUnread(1, ZelBoxRecentFileModel::New);
+    markUnread(2, ZelBoxRecentFileModel::Modified);
+    QCOMPARE(counts.last().at(0).toInt(), 2);
+    QVERIFY(label->isVisible());
+    QVERIFY(label->text().contains(QLatin1Char('2')));
+
+    page()->onItemDoubleClicked(row(1)); // who opens it has seen it
+    m_opener.answer(m_opener.asked.value(0), KDocumentOpener::Outcome::Opened);
+    QCOMPARE(counts.last().at(0).toInt(), 1);
+    QVERIFY(m_log.contains(QStringLiteral("read 1")));
+    Q_EMIT label->linkActivated({});
+    QCOMPARE(counts.last().at(0).toInt(), 0);
+    QVERIFY(m_log.contains(QStringLiteral("read 2")));
+    QVERIFY(!label->isVisible());
+
+    page()->hide(); // the user is on another page
+    page()->onClearUnreadMsgAfterTabChanged();
+    markUnread(1, ZelBoxRecentFileModel::New);
+    page()->onClearUnreadMsgAfterTabChanged(); // from that one to a third
+    QCOMPARE(counts.last().at(0).toInt(), 1);
+    page()->show();
+    page()->onClearUnreadMsgAfterTabChanged();
+    QCOMPARE(counts.last().at(0).toInt(), 0);
+}
+
+void TestPage::remindersOff()
+{
+    load(2);
+    QSignalSpy counts(page(), &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount);
+    auto *title = page()->findChild<ZelBoxRecentFileTitleWidget *>();
+    title->onChangeIgnoreStatus();
+    markUnread(1, ZelBoxRecentFileModel::New);
+    QCOMPARE(counts.last().at(0).toInt(), 0);
+    title->onChangeIgnoreStatus();
+    QCOMPARE(counts.last().at(0).toInt(), 1);
+}
+
+void TestPage::guides()
+{
+    using Guide = ZelBoxRecentFileRoamingGuideWidget;
+    load(0);
+    QCOMPARE(page()->state(), State::Empty);
+    QVERIFY(!button(QStringLiteral("Sign In"))); // nobody knows yet
+    QSignalSpy settings(page(), &ZelBoxRecentFileWidgetBase::sigSettingsWanted);
+    m_proxy->logIn(QStringLiteral("me"));
+    zel::vela::GetCurrentDefaultRoamingBoxResult off;
+    off.roamingOn = false;
+    QVERIFY(m_proxy->answer(true, "zel::vela::GetCurrentDefaultRoamingBoxResult", off));
+    auto *strip = page()->findChild<Guide *>();
+    QVERIFY(strip->isVisible());
+    QTest::mouseClick(button(QStringLiteral("Switch On"), strip), Qt::LeftButton);
+    QCOMPARE(settings.size(), 1);
+    QTest::mouseClick(button(QStringLiteral("How It Works"), strip), Qt::LeftButton);
+    auto *guide = page()->findChild<ZelBoxRecentFileGuideDialog *>();
+    QVERIFY(guide && guide->isVisible());
+    guide->reject();
+    m_proxy->logIn({});
+    QVERIFY(!strip->isVisible());
 }
 
 QTEST_MAIN(TestPage)

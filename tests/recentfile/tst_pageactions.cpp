@@ -27,17 +27,16 @@ private Q_SLOTS:
     void removalAsksFirst_data();
     void removalAsksFirst();
     void deletingOffersUndo();
+    void secondDeletionCanBeUndone();
     void finding();
     void chipsNarrow();
+    void renamedOutOfTheFilter();
     void menuOffersWhatIsPossible_data();
     void menuOffersWhatIsPossible();
     void menuActions_data();
     void menuActions();
     void sharingWithoutServer();
     void openingSeveral();
-    void unreadIsShownAndCleared();
-    void remindersOff();
-    void guides();
     void everyControlHasAName();
 
 private:
@@ -48,7 +47,6 @@ private:
     }
     static QStringList textsOf(const QWidget *widget);
     QAction *action(const QString &text) const;
-    void markUnread(int row, int mark);
 };
 
 QStringList TestPageActions::textsOf(const QWidget *widget)
@@ -138,6 +136,20 @@ void TestPageActions::deletingOffersUndo()
     QCOMPARE(m_proxy->asked.last(), QStringLiteral("recoverRecycles bin"));
 }
 
+// The offer of the second takes the place of the first one's, and has to undo something.
+void TestPageActions::secondDeletionCanBeUndone()
+{
+    load(3);
+    for (int i = 0; i < 2; ++i) {
+        page()->onMenuRemoveFileAction(row(i));
+        QTest::mouseClick(button(QStringLiteral("Delete"), dialog<DeleteFileDialog>()), Qt::LeftButton);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY(m_proxy->answerRemove(true));
+    }
+    QTest::mouseClick(button(QStringLiteral("Undo")), Qt::LeftButton);
+    QCOMPARE(m_proxy->asked.last(), QStringLiteral("recoverRecycles bin"));
+}
+
 void TestPageActions::finding()
 {
     load(12);
@@ -180,6 +192,17 @@ void TestPageActions::chipsNarrow()
     QCOMPARE(page()->state(), State::List);
     QCOMPARE(view()->model()->rowCount(), 3);
     QVERIFY(chips.first()->isChecked());
+}
+
+void TestPageActions::renamedOutOfTheFilter()
+{
+    load(2);
+    page()->setFilterText(QStringLiteral("1"));
+    QCOMPARE(page()->state(), State::List);
+    RecentFileInfo renamed = m_store.content.at(1);
+    renamed.path = QStringLiteral("/data/docs/other.odt");
+    Q_EMIT m_events->recordsChanged({renamed});
+    QCOMPARE(page()->state(), State::NothingFound);
 }
 
 void TestPageActions::menuOffersWhatIsPossible_data()
@@ -318,70 +341,6 @@ void TestPageActions::openingSeveral()
     QTest::keyClick(view(), Qt::Key_Return);
     QCOMPARE(m_opener.asked,
         QStringList({QStringLiteral("/data/docs/0.odt"), QStringLiteral("/data/docs/2.odt")}));
-}
-
-void TestPageActions::markUnread(int row, int mark)
-{
-    RecentFileInfo changed = m_store.content.at(row);
-    changed.roamingId = QStringLiteral("r%1").arg(row);
-    changed.unread = mark;
-    Q_EMIT m_events->recordsChanged({changed});
-}
-
-void TestPageActions::unreadIsShownAndCleared()
-{
-    load(4);
-    auto *label = page()->findChild<QLabel *>(QStringLiteral("text-unread"));
-    QSignalSpy counts(page(), &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount);
-    QVERIFY(!label->isVisible());
-    markUnread(1, ZelBoxRecentFileModel::New);
-    markUnread(2, ZelBoxRecentFileModel::Modified);
-    QCOMPARE(counts.last().at(0).toInt(), 2);
-    QVERIFY(label->isVisible());
-    QVERIFY(label->text().contains(QLatin1Char('2')));
-
-    page()->onItemDoubleClicked(row(1)); // who opens it has seen it
-    m_opener.answer(m_opener.asked.value(0), KDocumentOpener::Outcome::Opened);
-    QCOMPARE(counts.last().at(0).toInt(), 1);
-    QVERIFY(m_log.contains(QStringLiteral("read 1")));
-    Q_EMIT label->linkActivated({});
-    QCOMPARE(counts.last().at(0).toInt(), 0);
-    QVERIFY(m_log.contains(QStringLiteral("read 2")));
-    QVERIFY(!label->isVisible());
-}
-
-void TestPageActions::remindersOff()
-{
-    load(2);
-    QSignalSpy counts(page(), &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount);
-    auto *title = page()->findChild<ZelBoxRecentFileTitleWidget *>();
-    title->onChangeIgnoreStatus();
-    markUnread(1, ZelBoxRecentFileModel::New);
-    QCOMPARE(counts.last().at(0).toInt(), 0);
-    title->onChangeIgnoreStatus();
-    QCOMPARE(counts.last().at(0).toInt(), 1);
-}
-
-void TestPageActions::guides()
-{
-    using Guide = ZelBoxRecentFileRoamingGuideWidget;
-    load(0);
-    QCOMPARE(page()->state(), State::Empty);
-    QVERIFY(!button(QStringLiteral("Sign In"))); // nobody knows yet
-    QSignalSpy settings(page(), &ZelBoxRecentFileWidgetBase::sigSettingsWanted);
-    m_proxy->logIn(QStringLiteral("me"));
-    zel::vela::GetCurrentDefaultRoamingBoxResult off;
-    off.roamingOn = false;
-    QVERIFY(m_proxy->answer(true, "zel::vela::GetCurrentDefaultRoamingBoxResult", off));
-    auto *strip = page()->findChild<Guide *>();
-    QVERIFY(strip->isVisible());
-    QTest::mouseClick(button(QStringLiteral("Switch On"), strip), Qt::LeftButton);
-    QCOMPARE(settings.size(), 1);
-    QTest::mouseClick(button(QStringLiteral("How It Works"), strip), Qt::LeftButton);
-    QVERIFY(dialog<ZelBoxRecentFileGuideDialog>());
-    dialog<ZelBoxRecentFileGuideDialog>()->reject();
-    m_proxy->logIn({});
-    QVERIFY(!strip->isVisible());
 }
 
 void TestPageActions::everyControlHasAName()

@@ -20,7 +20,6 @@ private Q_SLOTS:
     void everyDayOfFiveYears();
     void rowsOfGroups_data();
     void rowsOfGroups();
-    void manyRowsAreGroupedByFewLooks();
 };
 
 // A row has no name but its clock, or the zone and the reason why it is there.
@@ -188,24 +187,6 @@ void TestTimes::rowsOfGroups()
     }
     QCOMPARE(next, daysAgo.size());
     QTEST(found.join(QLatin1Char(' ')), "expected");
-}
-
-void TestTimes::manyRowsAreGroupedByFewLooks()
-{
-    constexpr int Rows = 100000;
-    const auto edges = timeGroupEdges(QDate(2024, 3, 20));
-    const qint64 newest = QDate(2024, 3, 20).startOfDay().toMSecsSinceEpoch();
-    int looks = 0;
-    const auto groups = groupRows(edges, Rows, [&](int row) {
-        ++looks;
-        return newest - row * 100000LL;
-    });
-    QVERIFY2(looks <= 6 * 18, QByteArray::number(looks).constData());
-    for (int row : {0, 1, 999, 1000, 50000, 77777, Rows - 1}) {
-        const int kind = timeGroupKind(edges, newest - row * 100000LL);
-        const TimeGroup &group = groups[size_t(kind - 1)];
-        QVERIFY(row >= group.firstRow && row < group.firstRow + group.count);
-    }
 }
 
 QTEST_GUILESS_MAIN(TestTimes)

@@ -123,6 +123,8 @@ void TestView::selectionAndPlaceSurvive_data()
                             << QStringLiteral("50 52-53");
     QTest::newRow("reload, all") << QStringLiteral("reload") << QStringLiteral("all")
                                  << QStringLiteral("0-89");
+    QTest::newRow("all that was found") << QStringLiteral("found") << QStringLiteral("some")
+                                        << QStringLiteral("5 15 25 35 45 50-59 65 75 85 95");
     QTest::newRow("filter") << QStringLiteral("filter") << QStringLiteral("some") << QStringLiteral("5 7-8");
     QTest::newRow("filter and back") << QStringLiteral("back") << QStringLiteral("some")
                                      << QStringLiteral("50 52-53");
@@ -139,12 +141,16 @@ void TestView::selectionAndPlaceSurvive()
     click(52, Qt::LeftButton, Qt::ControlModifier);
     click(53, Qt::LeftButton, Qt::ControlModifier);
     QCOMPARE(selection(), QStringLiteral("50 52-53"));
-    if (selected == QLatin1String("all"))
+    if (what == QLatin1String("found"))
+        m_model->setFilter({QStringLiteral("5"), {}});
+    if (selected == QLatin1String("all") || what == QLatin1String("found"))
         QTest::keyClick(m_view.get(), Qt::Key_A, Qt::ControlModifier);
     const QString id = m_view->currentIndex().data(ZelBoxRecentFileModel::IdRole).toString();
     const int before = m_view->visualRect(m_view->currentIndex()).top();
     if (what == QLatin1String("reload"))
         fill(90);
+    else if (what == QLatin1String("found"))
+        m_model->setFilter({});
     else if (what == QLatin1String("order"))
         m_model->setSort({RecentSort::Key::Time, Qt::AscendingOrder});
     else

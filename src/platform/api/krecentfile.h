@@ -94,6 +94,7 @@ public:
     /// Notes that the box opened a file: the record moves to now, and the desktop's recently-used list is
     /// told.
     virtual void noteOpened(const QString &path) = 0;
+    virtual void noteAllOpened(const QStringList &paths) = 0; ///< the same for many, at one go
     /// Looks on the store's thread whether these records' files exist and how large they are; changes come as
     /// recordsChanged().
     virtual void checkPresence(const QStringList &ids) = 0;

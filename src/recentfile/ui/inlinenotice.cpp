@@ -45,9 +45,10 @@ void InlineNotice::showText(const QString &text, Tone tone)
     present(text, tone, ShowTime);
 }
 
+// Who offers anew has already put the new offer in the place of the old one, and would take offerEnded() for
+// the end of the new one.
 void InlineNotice::showOffer(const QString &text, const QString &action, int milliseconds)
 {
-    endOffer();
     m_offering = true;
     m_action->setText(action);
     m_action->show();

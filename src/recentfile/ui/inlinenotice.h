@@ -18,7 +18,8 @@ public:
     enum class Tone { Problem, Done };
 
     void showText(const QString &text, Tone tone = Tone::Problem); ///< replaces the notice before
-    /// With a button: `actionTriggered` when it is clicked, `offerEnded` when the notice goes without that.
+    /// With a button: `actionTriggered` when it is clicked, `offerEnded` when the notice goes without that
+    /// and no other offer takes its place.
     void showOffer(const QString &text, const QString &action, int milliseconds);
     QString text() const;
 

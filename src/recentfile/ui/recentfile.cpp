@@ -14,6 +14,7 @@ ZelBoxRecentFile::ZelBoxRecentFile(const Services &services, QWidget *pageParent
     connect(m_cloud, &RecentCloud::loginChanged, m_page, &Page::onLoginStatusChanged);
     connect(m_cloud, &RecentCloud::loginChanged, m_cloud, &RecentCloud::askForRoaming);
     connect(m_cloud, &RecentCloud::roamingTold, m_page, &Page::onRoamingStatusChanged);
+    m_cloud->askForRoaming(); // who is signed in by now will not be told of again
 }
 
 ZelBoxRecentFile::~ZelBoxRecentFile()

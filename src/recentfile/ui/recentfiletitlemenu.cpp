@@ -42,6 +42,7 @@ void KRecentFileTitleMenu::update()
 
 void KRecentFileTitleMenu::onNotifyCheckAction()
 {
+    telemetry::post(telemetry::Event::NoticeClick);
     const bool on = !zel::recent::remindersOn();
     zel::recent::setRemindersOn(on);
     if (!on)

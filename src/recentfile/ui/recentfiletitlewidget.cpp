@@ -97,8 +97,8 @@ void ZelBoxRecentFileTitleWidget::setListTools(bool shown)
 
 void ZelBoxRecentFileTitleWidget::setCount(int count)
 {
-    m_count = count;
-    updateTexts();
+    if (std::exchange(m_count, count) != count)
+        updateTexts();
 }
 
 void ZelBoxRecentFileTitleWidget::setUnreadCount(int count)
@@ -215,7 +215,6 @@ void ZelBoxRecentFileTitleWidget::onNotifyNeedOpenRoaming()
 
 void ZelBoxRecentFileTitleWidget::onChangeIgnoreStatus()
 {
-    telemetry::post(telemetry::Event::NoticeClick);
     m_moreMenu->onNotifyCheckAction();
 }
 

@@ -1,6 +1,15 @@
 #include "recentfile/ui/recentfilewidget.h"
 
+#include <utility>
+
 void ZelBoxRecentFileWidget::onClearUnreadMsgAfterTabChanged()
 {
-    onClearUnreadMsg();
+    if (std::exchange(m_wasShown, false))
+        onClearUnreadMsg();
+}
+
+void ZelBoxRecentFileWidget::showEvent(QShowEvent *event)
+{
+    m_wasShown = true;
+    ZelBoxRecentFileWidgetBase::showEvent(event);
 }

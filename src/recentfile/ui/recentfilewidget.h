@@ -10,5 +10,13 @@ public:
     using ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase;
 
 public Q_SLOTS:
-    void onClearUnreadMsgAfterTabChanged(); ///< the user has gone to another page: what was new has been seen
+    /// The user has gone to another page: what was new has been seen, if this page was shown since the last
+    /// time.
+    void onClearUnreadMsgAfterTabChanged();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+
+private:
+    bool m_wasShown = false;
 };

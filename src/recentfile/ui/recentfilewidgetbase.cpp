@@ -49,6 +49,7 @@ ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase(
     connectView();
     connectTitle();
     connectActions();
+    m_title->onLoginStatusChanged(m_logic->isLoggedIn());
 }
 
 void ZelBoxRecentFileWidgetBase::layOut()
@@ -79,8 +80,8 @@ void ZelBoxRecentFileWidgetBase::connectLogic()
     using Self = ZelBoxRecentFileWidgetBase;
     connect(m_logic, &Logic::recentFileUnreadMsgCount, this, &Self::tellUnread);
     connect(m_logic, &Logic::needToWaitFirstLoading, this, &Self::beginWaiting);
-    connect(m_logic, &Logic::firstLoadingFinish, m_outtime, &LoadingOuttime::stop);
     connect(m_logic, &Logic::itemsBatchArrived, this, &Self::updateState);
+    connect(m_logic, &Logic::itemStateChanged, this, &Self::updateState); // it may pass the filter no more
     connect(m_logic, &Logic::openFailed, this, &Self::onOpenFailed);
     connect(m_model, &ZelBoxRecentFileModel::rowCountChanged, this, &Self::onRowCountChanged);
     connect(m_outtime, &LoadingOuttime::sigTimeout, this, &Self::onLoadingTimeout);
@@ -155,7 +156,7 @@ KRecentFileMenu *ZelBoxRecentFileWidgetBase::openMenu() const
 
 void ZelBoxRecentFileWidgetBase::onWindowFirstShown()
 {
-    if (m_logic->isWaitingForFirstLoad() && m_state == State::Waiting && kindMask() != 0)
+    if (m_state == State::Waiting && kindMask() != 0)
         m_outtime->start();
     m_logic->onWindowFirstShown();
     if (m_rows->sort().key == RecentSort::Key::Size)
@@ -241,9 +242,11 @@ ZelBoxRecentFileWidgetBase::State ZelBoxRecentFileWidgetBase::wantedState() cons
 {
     if (kindMask() == 0) // nothing to wait for
         return State::Empty;
-    if (m_logic->isWaitingForFirstLoad())
+    // A sign-in loads at once what the store has, which may be nothing yet.
+    const bool empty = m_model->rowCount() == 0;
+    if (m_logic->isWaitingForFirstLoad() || (empty && !m_logic->isStoreReady()))
         return m_timedOut ? State::TimedOut : State::Waiting;
-    if (m_model->rowCount() == 0)
+    if (empty)
         return State::Empty;
     return m_rows->rowCount() == 0 ? State::NothingFound : State::List;
 }
@@ -251,7 +254,10 @@ ZelBoxRecentFileWidgetBase::State ZelBoxRecentFileWidgetBase::wantedState() cons
 void ZelBoxRecentFileWidgetBase::updateState()
 {
     m_title->setCount(m_rows->rowCount());
-    setState(wantedState());
+    const State wanted = wantedState();
+    if (wanted != State::Waiting && wanted != State::TimedOut)
+        m_outtime->stop();
+    setState(wanted);
 }
 
 void ZelBoxRecentFileWidgetBase::setState(State state)

@@ -121,6 +121,7 @@ ZelBoxRecentFileGuideDialog::ZelBoxRecentFileGuideDialog(QWidget *parent)
     QPushButton *settings = buttons()->addButton(tr("Settings…"), QDialogButtonBox::ActionRole);
     know->setDefault(true);
     connect(know, &QPushButton::clicked, this, [] { telemetry::post(Event::CarryPopupKnowClick); });
+    connect(this, &QDialog::rejected, this, [] { telemetry::post(Event::CarryPopupCloseClick); });
     connect(settings, &QPushButton::clicked, this, [this] {
         telemetry::post(Event::CarryPopupClientJumpClick);
         Q_EMIT settingsRequested();
@@ -132,10 +133,4 @@ void ZelBoxRecentFileGuideDialog::showEvent(QShowEvent *event)
 {
     BoxDialog::showEvent(event);
     telemetry::post(Event::CarryPopupShow);
-}
-
-void ZelBoxRecentFileGuideDialog::closeEvent(QCloseEvent *event)
-{
-    telemetry::post(Event::CarryPopupCloseClick);
-    BoxDialog::closeEvent(event);
 }

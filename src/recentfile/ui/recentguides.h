@@ -76,5 +76,4 @@ Q_SIGNALS:
 
 protected:
     void showEvent(QShowEvent *event) override;
-    void closeEvent(QCloseEvent *event) override;
 };

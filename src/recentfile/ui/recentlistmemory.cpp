@@ -28,7 +28,8 @@ void RecentListMemory::keep(const RecentSortFilterModel &model, const QItemSelec
     m_currentId = selection.currentIndex().data(ZelBoxRecentFileModel::IdRole).toString();
     m_selectedIds.clear();
     const QVector<int> rows = zel::recent::selectedRowNumbers(selection);
-    m_all = rows.size() > 1 && rows.size() == model.rowCount();
+    // All that a filter lets through is not all: another one would let through rows that nobody picked.
+    m_all = rows.size() > 1 && rows.size() == model.recentModel()->rowCount();
     if (m_all)
         return;
     for (const int row : rows)

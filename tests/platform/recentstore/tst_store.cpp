@@ -64,6 +64,20 @@ private Q_SLOTS:
         QCOMPARE(store.added.size(), 0);
     }
 
+    void manyFilesAreNotedAtOneGo()
+    {
+        Home home;
+        Store store(home);
+        QVERIFY(store.load());
+        QStringList paths{QStringLiteral("not absolute")};
+        for (int i = 0; i < 300; ++i)
+            paths << QStringLiteral("/nowhere/%1.odt").arg(i);
+        store.proxy.noteAllOpened(paths + paths);
+        QTRY_COMPARE(store.proxy.records().size(), 300);
+        QCOMPARE(store.added.size(), 1);
+        QTRY_COMPARE(contentOf(home.places.desktopList).count("<bookmark "), 300);
+    }
+
     void removalIsTakenBack()
     {
         Home home;

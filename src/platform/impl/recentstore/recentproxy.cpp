@@ -75,26 +75,36 @@ void RecentProxy::removeRecords(const QStringList &ids)
 void RecentProxy::undoRemoval(const RecordInfoList &records)
 {
     QStringList pinned;
+    QHash<QString, qint64> times;
     for (const RecentFileInfo &record : records) {
         if (!QDir::isAbsolutePath(record.path))
             continue;
         if (record.pinned)
             pinned.append(record.path);
-        m_thread->post([path = record.path, time = record.lastAccess](
-                           RecentWorker &worker) { worker.noteOpened(path, time); });
+        times.insert(record.path, record.lastAccess);
     }
+    if (!times.isEmpty())
+        m_thread->post([times](RecentWorker &worker) { worker.noteOpened(times); });
     setPinned(pinned, true);
 }
 
 void RecentProxy::noteOpened(const QString &path)
 {
-    if (!QDir::isAbsolutePath(path) || path.contains(QChar::Null)) {
-        qCWarning(lcRecent) << "an opened file without an absolute path is not noted";
-        return;
-    }
+    noteAllOpened({path});
+}
+
+void RecentProxy::noteAllOpened(const QStringList &paths)
+{
     const qint64 now = zel::now().toMSecsSinceEpoch();
-    m_thread->post(
-        [clean = QDir::cleanPath(path), now](RecentWorker &worker) { worker.noteOpened(clean, now); });
+    QHash<QString, qint64> times;
+    for (const QString &path : paths) {
+        if (QDir::isAbsolutePath(path) && !path.contains(QChar::Null))
+            times.insert(QDir::cleanPath(path), now);
+        else
+            qCWarning(lcRecent) << "an opened file without an absolute path is not noted";
+    }
+    if (!times.isEmpty())
+        m_thread->post([times](RecentWorker &worker) { worker.noteOpened(times); });
 }
 
 void RecentProxy::checkPresence(const QStringList &ids)

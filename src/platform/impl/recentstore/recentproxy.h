@@ -27,6 +27,7 @@ public:
     void removeRecords(const QStringList &ids) override;
     void undoRemoval(const RecordInfoList &records) override;
     void noteOpened(const QString &path) override;
+    void noteAllOpened(const QStringList &paths) override;
     void checkPresence(const QStringList &ids) override;
     void lookUpSizes() override;
     void setPinned(const QStringList &ids, bool pinned) override;

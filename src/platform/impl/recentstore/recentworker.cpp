@@ -7,6 +7,7 @@
 
 #include <QDateTime>
 #include <QMimeDatabase>
+#include <QSet>
 
 #include <algorithm>
 
@@ -159,22 +160,33 @@ void RecentWorker::publish(const RecentDelta &delta)
         Q_EMIT updated({{}, {}, delta.added, delta.removed, delta.changed});
 }
 
-void RecentWorker::noteOpened(const QString &path, qint64 time)
+// Many at one go: each change costs a writing to the disk, and everybody who is told a look at the whole
+// list.
+void RecentWorker::noteOpened(const QHash<QString, qint64> &times)
 {
     open();
-    change([&](const RecentState &state, SourceTable &) { return markOpened(state, path, time); },
-        Durability::Full);
-    if (m_mode == WorkMode::Full)
-        m_usesToTell.insert(path, time);
-    m_checker.check({path}, true);
-    markRead({path}); // seen by opening it
+    const auto mark = [&times](const RecentState &state, SourceTable &) {
+        RecentDelta delta;
+        for (auto it = times.cbegin(); it != times.cend(); ++it)
+            delta += markOpened(state, it.key(), it.value());
+        return delta;
+    };
+    change(mark, Durability::Full);
+    const QStringList paths = times.keys();
+    m_checker.check(paths, true);
+    markRead(paths); // seen by opening it
     if (m_mode == WorkMode::ReadOnly)
         return;
     auto &visits = m_edit.visits;
-    const auto same = [&](const XbelEdit::Visit &visit) { return visit.path == path; };
-    visits.erase(std::remove_if(visits.begin(), visits.end(), same), visits.end());
-    visits.append({path, QString(), m_repository.state().value(path).openedAt});
-    m_edit.removals.removeAll(path);
+    const auto again = [&](const XbelEdit::Visit &visit) { return times.contains(visit.path); };
+    visits.erase(std::remove_if(visits.begin(), visits.end(), again), visits.end());
+    for (auto it = times.cbegin(); it != times.cend(); ++it) {
+        m_usesToTell.insert(it.key(), it.value());
+        visits.append({it.key(), QString(), m_repository.state().value(it.key()).openedAt});
+    }
+    const auto isBack = [&times](const QString &path) { return times.contains(path); };
+    auto &removals = m_edit.removals;
+    removals.erase(std::remove_if(removals.begin(), removals.end(), isBack), removals.end());
     planDesktopList();
 }
 
@@ -192,7 +204,8 @@ void RecentWorker::removeRecords(const QStringList &ids)
     if (m_mode == WorkMode::ReadOnly || paths.isEmpty())
         return;
     auto &visits = m_edit.visits;
-    const auto gone = [&](const XbelEdit::Visit &visit) { return paths.contains(visit.path); };
+    const QSet<QString> removed(paths.cbegin(), paths.cend());
+    const auto gone = [&](const XbelEdit::Visit &visit) { return removed.contains(visit.path); };
     visits.erase(std::remove_if(visits.begin(), visits.end(), gone), visits.end());
     m_edit.removals += paths;
     planDesktopList();
@@ -222,17 +235,24 @@ void RecentWorker::writeDesktopList()
 void RecentWorker::findMimeTypes(QVector<XbelEdit::Visit> &visits)
 {
     const QMimeDatabase database;
+    QHash<QString, QString> found;
     for (XbelEdit::Visit &visit : visits) {
-        // By the name alone: opening the file would hold up the whole store where a mount is dead.
+        // By the name and whether it is a folder, without reading what is in the file.
         const QMimeType type = database.mimeTypeForFile(visit.path, QMimeDatabase::MatchExtension);
         visit.mimeType = m_repository.state().value(visit.path).mimeType;
         if ((type.isDefault() && !visit.mimeType.isEmpty()) || type.name() == visit.mimeType)
             continue;
         visit.mimeType = type.name();
-        change([&visit](const RecentState &state,
-                   SourceTable &) { return markMimeType(state, visit.path, visit.mimeType); },
-            Durability::Relaxed);
+        found.insert(visit.path, visit.mimeType);
     }
+    const auto mark = [&found](const RecentState &state, SourceTable &) {
+        RecentDelta delta;
+        for (auto it = found.cbegin(); it != found.cend(); ++it)
+            delta += markMimeType(state, it.key(), it.value());
+        return delta;
+    };
+    if (!found.isEmpty())
+        change(mark, Durability::Relaxed);
     const auto isFolder = [](const XbelEdit::Visit &v) {
         return v.mimeType == QLatin1String("inode/directory");
     };

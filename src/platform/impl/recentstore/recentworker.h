@@ -16,8 +16,8 @@ public:
     RecentWorker(const RecentPlaces &places, WorkMode mode);
     ~RecentWorker() override;
 
-    void load(); ///< loaded() follows
-    void noteOpened(const QString &path, qint64 time);
+    void load();                                          ///< loaded() follows
+    void noteOpened(const QHash<QString, qint64> &times); ///< by path
     void removeRecords(const QStringList &ids);
     void checkPresence(const QStringList &ids);
     void lookUpSizes();
