@@ -104,12 +104,14 @@ void RecentCloud::onShowFileShareDlgFinished(
     Q_EMIT shareEnded(record, endOf(bOk, result.state));
 }
 
-// A file of this machine that is not in the cloud goes by its path.
+// A file of this machine goes by its path, also when the cloud has a copy: what the user sees is what is
+// deleted. The service knows which paths are its drive's.
 void RecentCloud::remove(const RecentFileInfo &record)
 {
     RemoveArg request;
-    request.item.id = cloudId(record);
-    if (request.item.id.empty())
+    if (record.path.isEmpty())
+        request.item.id = cloudId(record);
+    else
         request.extraParam["path"] = record.path.toStdString();
     const QString id = call("remove", {"RemoveArg", &request}, "onRemoveFinished");
     if (!id.isEmpty()) {

@@ -29,7 +29,6 @@ class TestLifecycle : public QObject
 private Q_SLOTS:
     void options_data();
     void options();
-    void quotesAreDroppedWithAWarning();
     void runtimeFolder_data();
     void runtimeFolder();
     void terminate_data();
@@ -65,14 +64,6 @@ void TestLifecycle::options()
     QVERIFY2(
         QRegularExpression(errors).match(QString::fromUtf8(tree.errors)).hasMatch(), tree.errors.constData());
     QCOMPARE(tree.records().size(), 0);
-}
-
-void TestLifecycle::quotesAreDroppedWithAWarning()
-{
-    BoxTree tree;
-    QCOMPARE(tree.run({QStringLiteral("/id=\"x\""), exitCommand}), 0);
-    QVERIFY2(tree.errors.contains("quotes"), tree.errors.constData());
-    QCOMPARE(tree.texts(QStringLiteral("start")), QStringList{QStringLiteral("/id=x /action=exit")});
 }
 
 void TestLifecycle::runtimeFolder_data()

@@ -1,6 +1,5 @@
 #include "launcher/commandline.h"
 #include "launcher/frame.h"
-#include "launcher/options.h"
 #include "launcher/unicode.h"
 
 #include <QtTest>
@@ -11,17 +10,8 @@ Q_DECLARE_METATYPE(std::string)
 Q_DECLARE_METATYPE(std::u32string)
 Q_DECLARE_METATYPE(std::vector<std::string>)
 Q_DECLARE_METATYPE(FrameReader::State)
-Q_DECLARE_METATYPE(Options::Mode)
 
 namespace {
-
-QStringList words(std::initializer_list<const char *> list)
-{
-    QStringList result;
-    for (const char *word : list)
-        result << QString::fromUtf8(word);
-    return result;
-}
 
 using Words = std::vector<std::string>;
 
@@ -128,43 +118,6 @@ private Q_SLOTS:
         QCOMPARE(line.text, text);
         QVERIFY(readAsBox(line.text) == read);
         QCOMPARE(line.quotesDropped, !arguments.empty() && arguments != read);
-    }
-
-    void options_data()
-    {
-        QTest::addColumn<QStringList>("given");
-        QTest::addColumn<Options::Mode>("mode");
-        QTest::addColumn<QStringList>("left");
-        using Mode = Options::Mode;
-        QTest::newRow("none") << words({"/tab=1", "x"}) << Mode::Run << words({"/tab=1", "x"});
-        QTest::newRow("version behind an argument")
-            << words({"x", "--version"}) << Mode::Version << words({"x"});
-        QTest::newRow("self-test with Qt's options") << words({"--self-test", "-platform", "offscreen"})
-                                                     << Mode::SelfTest << words({"-platform", "offscreen"});
-        QTest::newRow("unknown") << words({"--xyz", "--help"}) << Mode::Unknown << QStringList();
-        QTest::newRow("end of options")
-            << words({"a", "--", "--help", "--"}) << Mode::Run << words({"a", "--help", "--"});
-    }
-
-    void options()
-    {
-        QFETCH(QStringList, given);
-        QFETCH(QStringList, left);
-        std::vector<QByteArray> bytes = {"zelbox"};
-        for (const QString &argument : given)
-            bytes.push_back(argument.toLocal8Bit());
-        std::vector<char *> argv;
-        for (QByteArray &argument : bytes)
-            argv.push_back(argument.data());
-        const Options options = parseOptions(int(argv.size()), argv.data());
-        QTEST(options.mode, "mode");
-        QStringList arguments;
-        for (const char *argument : options.arguments)
-            arguments << QString::fromLocal8Bit(argument);
-        QCOMPARE(arguments.takeFirst(), QStringLiteral("zelbox"));
-        QCOMPARE(arguments, left);
-        if (options.mode == Options::Mode::Unknown)
-            QCOMPARE(options.unknown, std::string("--xyz"));
     }
 
     void frameInPieces()

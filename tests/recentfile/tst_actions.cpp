@@ -25,7 +25,6 @@ private Q_SLOTS:
     void offerThatRanOutUndoesNothing();
     void withoutServiceTheDesktopDoes();
     void removingForgetsOnAllDevices();
-    void sharing_data();
     void sharing();
     void loginIsToldOncePerUser();
     void programsOfAnotherRowAreNotTaken();
@@ -101,22 +100,16 @@ void TestActions::deletingEndsOnce_data()
     const auto done = Ended::Done;
     const auto refused = Ended::Refused;
     const auto silent = Ended::NotReached;
-    const auto row = [](const char *name) -> QTestData & { return QTest::newRow(name); };
-    row("by the service") << "a b" << QVector<Ended>{done, done} << "a b"
-                          << ""
-                          << "";
-    row("one refused") << "a b" << QVector<Ended>{done, refused} << "a"
-                       << "b"
-                       << "";
-    row("service is silent") << "a" << QVector<Ended>{silent} << "a"
-                             << ""
-                             << "/data/docs/a.odt";
-    row("silent, cloud only") << "c" << QVector<Ended>{silent} << ""
-                              << "c"
-                              << "";
-    row("desktop denies") << "stuck a" << QVector<Ended>{silent, silent} << "a"
-                          << "stuck"
-                          << "/data/docs/stuck.odt /data/docs/a.odt";
+    const auto row = [](const char *name, const char *files, const QVector<Ended> &answers,
+                         const char *deleted, const char *failed, const char *trashed) {
+        QTest::newRow(name) << QString::fromLatin1(files) << answers << QString::fromLatin1(deleted)
+                            << QString::fromLatin1(failed) << QString::fromLatin1(trashed);
+    };
+    row("by the service", "a b", {done, done}, "a b", "", "");
+    row("one refused", "a b", {done, refused}, "a", "b", "");
+    row("service is silent", "a", {silent}, "a", "", "/data/docs/a.odt");
+    row("silent, cloud only", "c", {silent}, "", "c", "");
+    row("desktop denies", "stuck a", {silent, silent}, "a", "stuck", "/data/docs/stuck.odt /data/docs/a.odt");
 }
 
 void TestActions::deletingEndsOnce()
@@ -126,6 +119,12 @@ void TestActions::deletingEndsOnce()
     QSignalSpy ended(m_actions.get(), &RecentFileActions::filesDeleted);
     m_actions->deleteFiles(this->files(files));
     m_actions->deleteFiles(this->files(files)); // the same once more
+    const RecordInfoList asked = this->files(files);
+    for (int i = 0; i < asked.size(); ++i) { // what is here goes by its path, also with a copy in the cloud
+        const QString &path = asked.at(i).path;
+        QCOMPARE(m_proxy->asked.value(i),
+            QStringLiteral("remove ") + (path.isEmpty() ? QStringLiteral("id 7") : path));
+    }
     QCOMPARE(ended.size(), 0);
     for (const Ended answer : answers)
         QVERIFY(m_proxy->answerRemove(answer != Ended::NotReached, answer == Ended::Refused ? 5 : 0));
@@ -233,22 +232,12 @@ void TestActions::removingForgetsOnAllDevices()
     QCOMPARE(m_proxy->asked.size(), 1);
 }
 
-void TestActions::sharing_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QString>("request");
-    QTest::newRow("here") << QStringLiteral("a")
-                          << QStringLiteral("showFileShareDlg ,a.odt,/data/docs/a.odt,5,zelbox");
-    QTest::newRow("in the cloud") << QStringLiteral("b")
-                                  << QStringLiteral("showFileShareDlg 7,b.doc,/data/docs/b.odt,5,zelbox");
-}
-
 void TestActions::sharing()
 {
-    QFETCH(QString, file);
+    const QString file = QStringLiteral("b");
     QSignalSpy ended(m_cloud.get(), &RecentCloud::shareEnded);
     m_cloud->share(this->file(file));
-    QTEST(m_proxy->asked.last(), "request");
+    QCOMPARE(m_proxy->asked.last(), QStringLiteral("showFileShareDlg 7,b.doc,/data/docs/b.odt,5,zelbox"));
     zel::vela::ShowFileShareDlgResult result;
     result.state = 1;
     QVERIFY(m_proxy->answer(true, "zel::vela::ShowFileShareDlgResult", result));

@@ -4,7 +4,6 @@
 #include <QTest>
 
 using zel::recent::RecentSections;
-using Rows = std::pair<int, int>;
 
 namespace {
 
@@ -66,7 +65,6 @@ class TestLayout : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void places();
-    void everyPixelHasOneOwner();
     void sticky();
     void cell_data();
     void cell();
@@ -93,30 +91,6 @@ void TestLayout::places()
         QCOMPARE(layout.rowAtOrAfter(one.y), one.after);
         QCOMPARE(layout.rowAtOrBefore(one.y), one.before);
     }
-}
-
-void TestLayout::everyPixelHasOneOwner()
-{
-    const RecentListLayout layout = layoutOf({1, 3, -2, 4});
-    QCOMPARE(layout.contentHeight(), 10 * 10 + 3 * 4 + 2 + 3);
-    QVector<int> owners(layout.contentHeight(), 0);
-    for (int row = 0; row < 10; ++row) {
-        for (int y = layout.rowTop(row); y < layout.rowTop(row) + 10; ++y) {
-            ++owners[y];
-            QCOMPARE(layout.rowAt(y), row);
-            QCOMPARE(layout.rowsBetween(y, y + 1), Rows(row, row));
-        }
-    }
-    for (const RecentListLayout::Head &head : layout.headsBetween(0, layout.contentHeight())) {
-        for (int y = head.top; y < head.top + head.height; ++y) {
-            ++owners[y];
-            QCOMPARE(layout.rowsBetween(y, y + 1), Rows(-1, -2));
-        }
-    }
-    QCOMPARE(owners.mid(0, owners.size() - 3), QVector<int>(owners.size() - 3, 1));
-    QCOMPARE(layout.rowsBetween(13, 29), Rows(0, 2)); // touched by a pixel
-    QCOMPARE(layout.rowTop(-1), -1);
-    QCOMPARE(layout.rowTop(10), -1);
 }
 
 void TestLayout::sticky()
@@ -147,9 +121,6 @@ void TestLayout::cell_data()
     };
     row("all fits", 500, {120, 30, 80, 40, 60, 1, 1},
         "name 60-180, pin 185-197, badge 202-242, cloud 60-72, folder 77-157, detail 160-200, time 420-480");
-    row("long texts leave room", 500, {900, 30, 900, 40, 60, 1, 1},
-        "name 60-348, pin 353-365, badge 370-410, cloud 60-72, folder 77-367, detail 370-410, time 420-480");
-    row("only a name", 500, {120, 0, 0, 0, 0, 0, 0}, "name 60-180");
     row("narrow: time goes first", 220, {900, 30, 900, 40, 60, 1, 0},
         "name 60-138, pin 143-155, badge 160-200, folder 60-157, detail 160-200");
     row("narrower: then badge and detail", 160, {900, 30, 900, 40, 60, 1, 0},

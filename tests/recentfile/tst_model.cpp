@@ -28,51 +28,14 @@ class TestModel : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void init() { setZone("UTC"); }
-    void roles_data();
     void roles();
     void badRecordsDoNotGetIn();
-    void reloadIsOneRemovalAndOneInsertion();
     void updateTellsWhatChanged_data();
     void updateTellsWhatChanged();
     void randomChangesKeepOrder();
     void marks();
-    void aNewDayMovesTheGroups();
     void anotherZoneMovesTheGroups();
 };
-
-void TestModel::roles_data()
-{
-    QTest::addColumn<int>("role");
-    QTest::addColumn<QVariant>("expected");
-
-    const QString path = QStringLiteral("/data/my docs/archive.tar.gz");
-    QTest::newRow("256 id") << 256 << QVariant(QStringLiteral("x"));
-    QTest::newRow("257 display text") << 257 << QVariant(QStringLiteral("shown"));
-    QTest::newRow("258 path") << 258 << QVariant(path);
-    QTest::newRow("259 suffix") << 259 << QVariant(QStringLiteral("gz"));
-    QTest::newRow("260 base name") << 260 << QVariant(QStringLiteral("archive.tar"));
-    QTest::newRow("262 cloud name") << 262 << QVariant(QStringLiteral("In the cloud.tgz"));
-    QTest::newRow("264 name") << 264 << QVariant(QStringLiteral("archive.tar.gz"));
-    QTest::newRow("267 time") << 267 << QVariant(at(QStringLiteral("2024-03-20 09:05")));
-    QTest::newRow("268 time text") << 268 << QVariant(QStringLiteral("09:05"));
-    QTest::newRow("269 cloud-backed") << 269 << QVariant(true);
-    QTest::newRow("270 roaming") << 270 << QVariant(false);
-    QTest::newRow("271 unread") << 271 << QVariant(-1);
-    QTest::newRow("272 cloud id") << 272 << QVariant(qint64(1) << 40);
-    QTest::newRow("261 is free") << 261 << QVariant();
-    QTest::newRow("277 group") << 277 << QVariant(1);
-    QTest::newRow("278 size") << 278 << QVariant(qint64(1) << 33);
-    QTest::newRow("279 pinned") << 279 << QVariant(true);
-    QTest::newRow("280 device") << 280 << QVariant(QStringLiteral("laptop"));
-    QTest::newRow("281 roaming id") << 281 << QVariant(QStringLiteral("r1"));
-    QTest::newRow("282 document kind") << 282 << QVariant(int(zel::recent::DocumentKind::Archive));
-    QTest::newRow("display") << int(Qt::DisplayRole) << QVariant(QStringLiteral("archive.tar.gz"));
-    QTest::newRow("tool tip") << int(Qt::ToolTipRole) << QVariant(path);
-    QTest::newRow("accessible") << int(Qt::AccessibleTextRole)
-                                << QVariant(
-                                       QStringLiteral("archive.tar.gz, 09:05, Pinned, Missing, On laptop"));
-    QTest::newRow("presence") << int(Model::PresenceRole) << QVariant(int(RecentFileInfo::Presence::Missing));
-}
 
 void TestModel::roles()
 {
@@ -91,8 +54,16 @@ void TestModel::roles()
     Model model;
     model.setRecords({info});
 
-    QFETCH(int, role);
-    QTEST(model.index(0).data(role), "expected");
+    const QMap<int, QVariant> expected{{256, info.id}, {257, info.displayText}, {258, info.path},
+        {259, QStringLiteral("gz")}, {260, QStringLiteral("archive.tar")}, {261, {}}, {262, info.cloudName},
+        {264, QStringLiteral("archive.tar.gz")}, {267, at(QStringLiteral("2024-03-20 09:05"))},
+        {268, QStringLiteral("09:05")}, {269, true}, {270, false}, {271, -1}, {272, info.cloudFileId},
+        {277, 1}, {278, info.size}, {279, true}, {280, info.deviceName}, {281, info.roamingId},
+        {282, int(zel::recent::DocumentKind::Archive)}, {Model::PresenceRole, int(info.presence)},
+        {Qt::DisplayRole, QStringLiteral("archive.tar.gz")}, {Qt::ToolTipRole, info.path},
+        {Qt::AccessibleTextRole, QStringLiteral("archive.tar.gz, 09:05, Pinned, Missing, On laptop")}};
+    for (auto role = expected.cbegin(); role != expected.cend(); ++role)
+        QVERIFY2(model.index(0).data(role.key()) == role.value(), qPrintable(QString::number(role.key())));
 
     info.roaming = true;
     model.updateRecord(info);
@@ -124,28 +95,6 @@ void TestModel::badRecordsDoNotGetIn()
     QCOMPARE(ids(model), QStringList({QStringLiteral("b"), QStringLiteral("c")}));
 }
 
-void TestModel::reloadIsOneRemovalAndOneInsertion()
-{
-    RecordInfoList list;
-    for (int i = 0; i < 1000; ++i)
-        list << record(QString::number(i), 1000 - i);
-    Model model;
-    model.setRecords(list);
-    QSignalSpy removed(&model, &Model::rowsRemoved);
-    QSignalSpy inserted(&model, &Model::rowsInserted);
-    QSignalSpy counts(&model, &Model::rowCountChanged);
-    bool grouped = false;
-    connect(&model, &Model::rowsInserted, this, [&] { grouped = model.groups()[6].count == 500; });
-    model.setRecords(list.mid(500));
-    QCOMPARE(removed.size(), 1);
-    QCOMPARE(inserted.size(), 1);
-    QCOMPARE(inserted.at(0).at(2).toInt(), 499);
-    QCOMPARE(counts.size(), 2);
-    QCOMPARE(counts.at(0).at(0).toInt(), 0);
-    QCOMPARE(counts.at(1).at(0).toInt(), 500);
-    QVERIFY(grouped); // a view that lays out on rowsInserted() finds the new groups
-}
-
 void TestModel::updateTellsWhatChanged_data()
 {
     QTest::addColumn<RecentFileInfo>("next");
@@ -164,10 +113,6 @@ void TestModel::updateTellsWhatChanged_data()
     row("nothing", b(20), {}, {});
     row("presence", with([](auto &info) { info.presence = RecentFileInfo::Presence::Missing; }), {},
         {Model::PresenceRole});
-    row("size", with([](auto &info) { info.size = 5; }), {}, {Model::SizeRole});
-    row("pinned", with([](auto &info) { info.pinned = true; }), {}, {Model::PinnedRole});
-    row("device", with([](auto &info) { info.deviceName = QStringLiteral("x"); }), {},
-        {Model::DeviceNameRole});
     row("moved to another folder", with([](auto &info) { info.path = QStringLiteral("/b.odt"); }), {},
         {Model::PathRole, Model::SuffixRole, Model::BaseNameRole, Qt::ToolTipRole});
     row("renamed", with([](auto &info) { info.path = QStringLiteral("/data/docs/c.pdf"); }), {},
@@ -288,29 +233,6 @@ void TestModel::marks()
     roaming.unread = Model::NotUnread;
     model.updateRecord(roaming);
     QCOMPARE(model.unreadCount(), 0);
-}
-
-void TestModel::aNewDayMovesTheGroups()
-{
-    const FixedNow now(at(QStringLiteral("2024-12-31 23:59")));
-    Model model;
-    model.setRecords({record(QStringLiteral("a"), at(QStringLiteral("2024-12-31 12:00"))),
-        record(QStringLiteral("b"), at(QStringLiteral("2024-11-15 12:00")))});
-    QCOMPARE(model.groups()[0].count, 1);
-    QCOMPARE(model.groups()[4].title, QStringLiteral("11 Month"));
-    QSignalSpy changed(&model, &Model::dataChanged);
-    QSignalSpy grouped(&model, &Model::groupsChanged);
-    model.refreshDay();
-    QCOMPARE(changed.size(), 0); // still the same day
-
-    zel::setFixedNow(at(QStringLiteral("2025-01-01 00:00")));
-    model.refreshDay();
-    QCOMPARE(grouped.size(), 1);
-    QCOMPARE(changed.size(), 1);
-    QCOMPARE(changed.at(0).at(1).toModelIndex().row(), 1);
-    QCOMPARE(model.groups()[1].count, 1);
-    QCOMPARE(model.groups()[5].title, QStringLiteral("2024 Year 11 Month"));
-    QCOMPARE(model.index(0).data(Model::TimeTextRole).toString(), QStringLiteral("yesterday 12:00"));
 }
 
 // The traveller's date is the same, but midnight is at another moment.

@@ -30,7 +30,6 @@ private Q_SLOTS:
     void secondDeletionCanBeUndone();
     void finding();
     void chipsNarrow();
-    void renamedOutOfTheFilter();
     void menuOffersWhatIsPossible_data();
     void menuOffersWhatIsPossible();
     void menuActions_data();
@@ -73,10 +72,8 @@ QAction *TestPageActions::action(const QString &text) const
 
 void TestPageActions::removalAsksFirst_data()
 {
-    QTest::addColumn<int>("key");
     QTest::addColumn<bool>("deletesFile");
     QTest::addColumn<QStringList>("texts");
-    QTest::addColumn<bool>("yes");
     const QStringList remove{QStringLiteral("Remove record"),
         QStringLiteral("Are you sure to remove 1.odt record ?"),
         QStringLiteral("Remove record then file will not delete from disk"),
@@ -86,34 +83,24 @@ void TestPageActions::removalAsksFirst_data()
         QStringLiteral("Are you sure to delete file 1.odt ?"),
         QStringLiteral("The file will into the system recycle bin after delete."), QStringLiteral("Delete"),
         QStringLiteral("Cancel")};
-    QTest::newRow("remove, yes") << int(Qt::Key_Delete) << false << remove << true;
-    QTest::newRow("remove, no") << int(Qt::Key_Delete) << false << remove << false;
-    QTest::newRow("delete, yes") << int(Qt::Key_Delete) << true << erase << true;
-    QTest::newRow("delete, no") << int(Qt::Key_Delete) << true << erase << false;
+    QTest::newRow("remove, yes") << false << remove;
+    QTest::newRow("delete, no") << true << erase; // yes: deletingOffersUndo()
 }
 
 void TestPageActions::removalAsksFirst()
 {
-    QFETCH(int, key);
     QFETCH(bool, deletesFile);
-    QFETCH(bool, yes);
     load(3);
     QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, centreOf(1));
-    QTest::keyClick(view(), Qt::Key(key), deletesFile ? Qt::ShiftModifier : Qt::NoModifier);
+    QTest::keyClick(view(), Qt::Key_Delete, deletesFile ? Qt::ShiftModifier : Qt::NoModifier);
     QDialog *asked =
         deletesFile ? static_cast<QDialog *>(dialog<DeleteFileDialog>()) : dialog<RemoveRecordDialog>();
     QVERIFY(asked);
     QTEST(textsOf(asked), "texts");
     QCOMPARE(m_log, QStringList()); // nothing before the answer
-    QTest::keyClick(asked, yes ? Qt::Key_Return : Qt::Key_Escape);
-    if (!yes) {
-        QCOMPARE(m_log, QStringList());
-        QVERIFY(m_proxy->asked.isEmpty());
-    } else if (deletesFile) {
-        QCOMPARE(m_proxy->asked, QStringList(QStringLiteral("remove /data/docs/1.odt")));
-    } else {
-        QCOMPARE(m_log, QStringList(QStringLiteral("forget 1")));
-    }
+    QTest::keyClick(asked, deletesFile ? Qt::Key_Escape : Qt::Key_Return);
+    QVERIFY(!deletesFile || m_proxy->asked.isEmpty());
+    QCOMPARE(m_log, deletesFile ? QStringList() : QStringList(QStringLiteral("forget 1")));
 }
 
 void TestPageActions::deletingOffersUndo()
@@ -192,17 +179,6 @@ void TestPageActions::chipsNarrow()
     QCOMPARE(page()->state(), State::List);
     QCOMPARE(view()->model()->rowCount(), 3);
     QVERIFY(chips.first()->isChecked());
-}
-
-void TestPageActions::renamedOutOfTheFilter()
-{
-    load(2);
-    page()->setFilterText(QStringLiteral("1"));
-    QCOMPARE(page()->state(), State::List);
-    RecentFileInfo renamed = m_store.content.at(1);
-    renamed.path = QStringLiteral("/data/docs/other.odt");
-    Q_EMIT m_events->recordsChanged({renamed});
-    QCOMPARE(page()->state(), State::NothingFound);
 }
 
 void TestPageActions::menuOffersWhatIsPossible_data()

@@ -53,14 +53,8 @@ void TestSortFilter::orders_data()
     row("time", Key::Time, "new.odt@0 mid.odt@1 old.odt@400",
         "[2023 Year 12 Month] old.odt [Yesterday] mid.odt [Today] new.odt",
         "[Today] new.odt [Yesterday] mid.odt [2023 Year 12 Month] old.odt");
-    row("time, pinned", Key::Time, "new.odt@0 mid.odt@1* old.odt@400*",
-        "[Pinned] old.odt mid.odt [Today] new.odt", "[Pinned] mid.odt old.odt [Today] new.odt");
     row("name, digits by value", Key::Name, "a10.odt@0 a9.odt@1 A2.odt@2 b1.odt@3 Ä1.odt@4",
         "[] Ä1.odt A2.odt a9.odt a10.odt b1.odt", "[] b1.odt a10.odt a9.odt A2.odt Ä1.odt");
-    row("name, then folder", Key::Name, "z/a.odt@0 y/a.odt@1 x/b.odt@2", "[] y/a.odt z/a.odt x/b.odt",
-        "[] x/b.odt z/a.odt y/a.odt");
-    row("name, pinned", Key::Name, "a.odt@0 b.odt@1 c.odt@2* d.odt@3*",
-        "[Pinned] c.odt d.odt [Others] a.odt b.odt", "[Pinned] d.odt c.odt [Others] b.odt a.odt");
     row("size, unknown ones last", Key::Size, "a.odt@0=20 b.odt@1 c.odt@2=3 d.odt@3=0 e.odt@4",
         "[] d.odt c.odt a.odt b.odt e.odt", "[] a.odt c.odt d.odt b.odt e.odt");
     row("type, newest first in each", Key::Type, "p.png@0 t.odt@1 x.zzz@2 u.txt@3* s.ods@4 v.docx@5 q.jpg@6",
@@ -94,24 +88,19 @@ void TestSortFilter::filters_data()
             << QString::fromUtf8(text) << QString::fromUtf8(path) << expected;
     };
     row("", "/x/a.odt", true);
-    row("  ", "/x/a.odt", true);
     row("BUDGET", "/x/My budget.ods", true);
     row("24 bud", "/x/Budget 2024.ods", true);
     row("24 bud", "/x/Budget 2023.ods", false);
     row("heat plan", "/projects/heating/plans/north.svg", true);
     row("heat/plan", "/projects/heat/plans/north.svg", true);
     row("resume", "/x/Résumé.odt", true);
-    row("résumé", "/x/RESUME.odt", true);
     row("lodz", "/Łódź/a.odt", true);
     row("re\xcc\x81sume", "/x/R\xc3\xa9sum\xc3\xa9.odt", true); // decomposed, composed
     row("strasse", "/x/Straße.odt", true);
-    row("財務", "/x/二零二四年財務報告.pptx", true);
     row("财务 报告", "/文档/财务/第一季度报告.pptx", true);
-    row("議事 録", "/x/議事録.pdf", true);
     row("カ", "/x/ガイド.pdf", false);                          // another syllable, not an accent
     row("ガイド", "/x/\xe3\x82\xab\xe3\x82\x99イド.pdf", true); // decomposed by another system
     row("abc", "/x/ＡＢＣ.pdf", true);
-    row("кон", "/x/Концерт.flac", true);
     row("home", "~/a.odt", false); // everybody's documents are there
     row("docs", "~/docs/a.odt", true);
 }
@@ -171,22 +160,17 @@ void TestSortFilter::sourceChangesStaySmall_data()
     };
     row("add", byTime, "add a5.odt@2", "inserted 2-2; sections");
     row("add, does not pass", byTime, "add c.odt@2", "");
-    row("add by name", byName, "add a0.odt@2", "inserted 1-1; sections");
-    row("add pinned", byTime, "add a5.odt@2*", "inserted 0-0; sections");
     row("remove", byTime, "remove a3.odt", "removed 2-2; sections");
-    row("remove, not shown", byTime, "remove b.odt", "");
     row("opened just now", byTime, "set a4.odt@0", "moved 3 to 1; changed 1; sections");
     row("opened just now, by name", byName, "set a4.odt@0", "changed 3");
     row("another group, same place", byTime, "set a4.odt@60", "changed 3; sections");
     row("pinned", byTime, "set a3.odt@3*", "moved 2 to 0; changed 0; sections");
     row("no longer pinned", byTime, "set a1.odt@9", "moved 0 to 4; changed 3; sections");
-    row("size, by time", byTime, "set a3.odt@3=99", "changed 2");
     row("size, by size", bySize, "set a3.odt@3=99", "moved 2 to 1; changed 1");
     row("renamed", byName, "rename a2.odt a9.odt", "moved 1 to 4; changed 3");
     row("renamed, no longer passes", byTime, "rename a3.odt x.odt", "removed 2-2; sections");
     row("renamed, passes now", byTime, "rename b.odt ab.odt", "inserted 4-4; sections");
     row("mark", byTime, "unread a4.odt", "changed 3");
-    row("mark, not shown", byTime, "unread b.odt", "");
 }
 
 void TestSortFilter::sourceChangesStaySmall()

@@ -41,22 +41,16 @@ void TestTimes::textAndGroup_data()
     };
     row("next year", "2025-01-01 00:00", "2025-01-01", 1, "Today");
     row("tomorrow", "2024-03-21 08:00", "3month21day", 1, "Today");
-    row("later today", "2024-03-20 23:59", "23:59", 1, "Today");
     row("first minute of today", "2024-03-20 00:00", "00:00", 1, "Today");
     row("last minute of yesterday", "2024-03-19 23:59", "yesterday 23:59", 2, "Yesterday");
-    row("first minute of yesterday", "2024-03-19 00:00", "yesterday 00:00", 2, "Yesterday");
     row("2 days ago", "2024-03-18 23:59", "3month18day", 3, "This Week");
     row("6 days ago", "2024-03-14 00:00", "3month14day", 3, "This Week");
     row("7 days ago", "2024-03-13 23:59", "3month13day", 4, "This Month");
-    row("first of the month", "2024-03-01 00:00", "3month1day", 4, "This Month");
     row("previous month, leap day", "2024-02-29 23:59", "2month29day", 5, "2 Month");
-    row("two months ago", "2024-01-31 23:59", "1month31day", 6, "1 Month");
     row("three months ago is last year", "2023-12-31 23:59", "2023-12-31", 7, "2023 Year 12 Month");
-    row("everything older", "1999-01-01 00:00", "1999-01-01", 7, "2023 Year 12 Month");
     row("before the epoch", "1969-07-20 20:17", "1969-07-20", 7, "2023 Year 12 Month");
 
     now = "2024-03-01 10:00";
-    row("yesterday stays yesterday", "2024-02-29 12:00", "yesterday 12:00", 2, "Yesterday");
     row("7 days ago", "2024-02-23 12:00", "2month23day", 4, "This Month");
     row("8 days ago", "2024-02-22 12:00", "2month22day", 5, "2 Month");
     now = "2024-03-13 10:00";
@@ -68,7 +62,6 @@ void TestTimes::textAndGroup_data()
     row("tomorrow is next year", "2025-01-01 09:05", "2025-01-01", 1, "Today");
     row("this year still", "2024-11-15 09:05", "11month15day", 5, "11 Month");
     now = "2025-01-01 00:00";
-    row("a minute ago", "2024-12-31 23:59", "yesterday 23:59", 2, "Yesterday");
     row("last year now", "2024-11-15 09:05", "2024-11-15", 6, "2024 Year 11 Month");
     now = "2024-01-03 12:00";
     row("December before the edge", "2023-12-25 12:00", "2023-12-25", 4, "This Month");
@@ -163,8 +156,6 @@ void TestTimes::rowsOfGroups_data()
     QTest::addColumn<QString>("expected"); // kind:first+count of the groups that have rows
 
     QTest::newRow("none") << QList<int>() << QString();
-    QTest::newRow("one, today") << QList<int>{0} << QStringLiteral("1:0+1");
-    QTest::newRow("one, oldest") << QList<int>{4000} << QStringLiteral("7:0+1");
     QTest::newRow("each") << QList<int>{0, 1, 2, 7, 20, 50, 80}
                           << QStringLiteral("1:0+1 2:1+1 3:2+1 4:3+1 5:4+1 6:5+1 7:6+1");
     QTest::newRow("gaps and several")

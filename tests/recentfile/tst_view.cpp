@@ -3,7 +3,6 @@
 #include <QAccessible>
 #include <QScreen>
 #include <QSignalSpy>
-#include <QTranslator>
 
 using namespace recenttest;
 
@@ -24,7 +23,6 @@ private Q_SLOTS:
     void thumbnailRepaintsItsRow();
     void visibleRowsAreToldOnce();
     void returningLooksAgain();
-    void languageChangesTexts();
     void assistivePrograms();
     void tipShowsPathAsText();
 };
@@ -248,34 +246,6 @@ void TestView::returningLooksAgain()
     zel::setFixedNow(at(QStringLiteral("2024-03-22 08:00")));
     send(QEvent::Enter, m_view->viewport());
     QCOMPARE(m_model->sections().at(0).key, 3);
-}
-
-namespace {
-
-/// A language in which every text is the English one in brackets.
-class Brackets : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *, const char *text, const char *, int) const override
-    {
-        return QLatin1Char('[') + QString::fromUtf8(text) + QLatin1Char(']');
-    }
-};
-
-} // namespace
-
-void TestView::languageChangesTexts()
-{
-    const QStringList keys{QStringLiteral("text-name"), QStringLiteral("text-notify-modify"),
-        QStringLiteral("text-notify-new"), QStringLiteral("text-time")};
-    QCOMPARE(m_delegate.texts().keys(), keys);
-    QCOMPARE(m_delegate.texts().value(keys.at(2)), QStringLiteral("New"));
-    Brackets language;
-    QCoreApplication::installTranslator(&language);
-    QTRY_COMPARE(m_delegate.texts().value(keys.at(1)), QStringLiteral("[Modify]"));
-    QCOMPARE(m_view->accessibleName(), QStringLiteral("[Recent files]"));
-    QCoreApplication::removeTranslator(&language);
 }
 
 void TestView::assistivePrograms()

@@ -35,7 +35,6 @@ private Q_SLOTS:
     void commandKeys();
     void typedTextIsForFinding();
     void picking();
-    void clicksAndDoubleClicks();
     void onlyTheLeftButtonOpens();
     void doubleClickNeedsTheSameRowTwice();
     void menus();
@@ -56,8 +55,6 @@ void TestViewInput::keys_data()
     };
     row("up across a header", 3, Qt::Key_Up, {}, 2, "2");
     row("home", 50, Qt::Key_Home, {}, 0, "0");
-    row("page down at the end", 97, Qt::Key_PageDown, {}, 99, "99");
-    row("shift down", 2, Qt::Key_Down, Qt::ShiftModifier, 3, "2-3");
     row("shift home", 2, Qt::Key_Home, Qt::ShiftModifier, 0, "0-2");
     row("control down", 2, Qt::Key_Down, Qt::ControlModifier, 3, "2");
     row("all", 2, Qt::Key_A, Qt::ControlModifier, 2, "0-99");
@@ -109,7 +106,6 @@ void TestViewInput::commandKeys_data()
     row("menu", Qt::Key_F10, Qt::ShiftModifier, "menu", false);
     row("typed", Qt::Key_X, Qt::NoModifier, "typed", false);
     row("shortcut of somebody else", Qt::Key_X, Qt::ControlModifier, "", false);
-    row("backspace", Qt::Key_Backspace, Qt::NoModifier, "", false);
 }
 
 void TestViewInput::commandKeys()
@@ -184,27 +180,6 @@ void TestViewInput::picking()
     QCOMPARE(selection(), QStringLiteral("2-4"));
     QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, {100, 5}); // the header
     QCOMPARE(selection(), QString());
-}
-
-void TestViewInput::clicksAndDoubleClicks()
-{
-    QSignalSpy clicked(m_view.get(), &View::clicked);
-    QSignalSpy doubled(m_view.get(), &View::doubleClicked);
-    QSignalSpy activated(m_view.get(), &View::activated);
-    click(2);
-    clickAgain(2);
-    QCOMPARE(current(), 2);
-    QCOMPARE(doubled.size(), 1);
-    QCOMPARE(doubled.at(0).at(0).toModelIndex().row(), 2);
-    QCOMPARE(clicked.size(), 1); // the release of the second click is no click
-    QCOMPARE(activated.size(), 0);
-    click(0);
-    QCOMPARE(clicked.size(), 2);
-
-    QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, {100, 5}); // on the header
-    QTest::mouseDClick(m_view->viewport(), Qt::LeftButton, {}, {100, 5});
-    QCOMPARE(clicked.size(), 2);
-    QCOMPARE(doubled.size(), 1);
 }
 
 void TestViewInput::onlyTheLeftButtonOpens()

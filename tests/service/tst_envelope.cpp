@@ -97,16 +97,9 @@ void TestEnvelope::calls_data()
               "setTransBubbleFrequncy frequency=9 invalidArgument "
               "setTransBubbleFrequncy userID=stranger;frequency=1 notFound "
               "getTransBubbleFrequncy  frequency=2"));
-    row("real-time upload",
-        words("getRealTimeUploadStateAsync  enable=false "
-              "setRealTimeUploadState enable=true enable=true "
-              "getRealTimeUploadStateAsync  enable=true"));
     row("auto update",
-        words("getFolderAutoUpdateType folderList=/a|/b /a=0;/b=0 "
-              "updateAutoUpdateFolders folderList=/b|/c|/b  "
-              "getFolderAutoUpdateType folderList=/a|/b /a=0;/b=1 "
-              "updateAutoUpdateFolders   "
-              "getFolderAutoUpdateType folderList=/b /b=0"));
+        words("updateAutoUpdateFolders folderList=/b|/c|/b  "
+              "getFolderAutoUpdateType folderList=/a|/b /a=0;/b=1"));
     row("sync folders",
         words("addSyncFolder folderName=/a;callFrom=menu folderName=/a "
               "addSyncFolder folderName=/a exists "
@@ -166,7 +159,6 @@ void TestEnvelope::autoRun_data()
     QTest::addColumn<QString>("result");
     const QByteArray on = "[Desktop Entry]\nType=Application\nExec=zelbox\n";
     const QByteArray hidden = "[Desktop Entry]\nHidden = true\n";
-    QTest::newRow("none") << QByteArray() << QByteArray() << "autoRun=false";
     QTest::newRow("of the user") << on << QByteArray() << "autoRun=true";
     QTest::newRow("of the system") << QByteArray() << on << "autoRun=true";
     QTest::newRow("the user hides the system's") << hidden << on << "autoRun=false";

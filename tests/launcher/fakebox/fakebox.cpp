@@ -9,6 +9,7 @@
 #include <cwchar>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <fstream>
 #include <mutex>
 #include <poll.h>
@@ -23,26 +24,6 @@ std::string environment(const char *name)
 {
     const char *value = std::getenv(name);
     return value != nullptr ? value : "";
-}
-
-template <typename Text> std::string utf8(const Text &text)
-{
-    std::string bytes;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        char32_t c = static_cast<char32_t>(text[i]);
-        if (c >= 0xD800 && c < 0xDC00 && i + 1 < text.size())
-            c = 0x10000 + ((c - 0xD800) << 10) + (static_cast<char32_t>(text[++i]) - 0xDC00);
-        if (c < 0x80) {
-            bytes += static_cast<char>(c);
-            continue;
-        }
-        const int following = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-        const unsigned mark = following == 1 ? 0xC0 : following == 2 ? 0xE0 : 0xF0;
-        bytes += static_cast<char>(mark | (c >> (6 * following)));
-        for (int k = following - 1; k >= 0; --k)
-            bytes += static_cast<char>(0x80 | ((c >> (6 * k)) & 0x3F));
-    }
-    return bytes;
 }
 
 // One write a line, so that the lines of several processes do not mix.
@@ -79,7 +60,7 @@ struct Box
 void onMessage(void *context, const wchar_t *channel, void *, HostInputData *input, HostOutputData *output)
 {
     const std::u16string text = input->text();
-    record("message", utf8(text));
+    record("message", std::filesystem::path(text).string()); // as UTF-8
     const std::u16string reply = std::wcscmp(channel, channelName) == 0 ? u"handled" : u"error";
     const std::size_t bytes = (reply.size() + 1) * sizeof(char16_t);
     output->setSize(bytes);
@@ -126,7 +107,7 @@ extern "C" __attribute__((visibility("default"))) int EntryPoint(
     int argc, char **argv, const wchar_t *cmdline)
 {
     const std::wstring line = cmdline;
-    record("start", utf8(line));
+    record("start", std::filesystem::path(std::u32string(line.begin(), line.end())).string());
     record("arguments", std::to_string(argc) + (argv[argc] == nullptr ? " terminated" : " open"));
     if (!environment("ZELBOX_SELF_TEST").empty())
         return selfTest();

@@ -102,26 +102,6 @@ private Q_SLOTS:
         QVERIFY(f.store.removed.isEmpty());
     }
 
-    void aListThatChangesWhileItIsRead()
-    {
-        Home home;
-        RoamingStore f(home);
-        f.cloud.pageSize = 1;
-        f.cloud.add(QStringLiteral("stale"), 9);
-        f.cloud.add(QStringLiteral("y"), 6);
-        f.cloud.onPage = [&](const CloudList::Head &, const vela::GetRecentFilesArg &request) {
-            if (request.offset == 1 && f.cloud.items.front().name == "stale") {
-                f.cloud.items.erase(f.cloud.items.begin());
-                f.cloud.add(QStringLiteral("z"), 8);
-            }
-            return false;
-        };
-        QVERIFY(f.start());
-        QTRY_COMPARE(f.store.shown(), QStringLiteral("z:2 y:2"));
-        QVERIFY(!f.wasShown(QStringLiteral("stale")));
-        QCOMPARE(f.cloud.asked.join(QLatin1Char(' ')), QStringLiteral("0 1 0 1"));
-    }
-
     void manyWishesAreFew()
     {
         Home home;

@@ -1,6 +1,5 @@
 #include "kcoreapplication.h"
 #include "kliteskin.h"
-#include "klitestyle.h"
 #include "krt/krt.h"
 
 #include <QFile>
@@ -14,23 +13,6 @@ class ApplicationTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void identity()
-    {
-        QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("zelbox"));
-        QCOMPARE(QGuiApplication::desktopFileName(), QStringLiteral("zelbox"));
-        QVERIFY(!QApplication::quitOnLastWindowClosed());
-        QVERIFY(QCoreApplication::testAttribute(Qt::AA_EnableHighDpiScaling));
-        QVERIFY(qobject_cast<KLiteStyle *>(QApplication::style()));
-    }
-
-    void foldersOfTheBuildTree()
-    {
-        const QString build = QFile::decodeName(qgetenv("ZEL_BUILD_DIR"));
-        QCOMPARE(krt::dirs::office(), build + QStringLiteral("/share/zelbox"));
-        QCOMPARE(krt::dirs::programs(), build + QStringLiteral("/bin"));
-        QVERIFY(krt::dirs::officeHome().startsWith(krt::dirs::localHalvornHome()));
-    }
-
     // The bundle as built, found behind a resource folder that does not have it; gone after clear().
     void skinBundle()
     {

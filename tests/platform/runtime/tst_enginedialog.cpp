@@ -1,7 +1,5 @@
 #include "kcefloadingprogressdlg.h"
 
-#include <QLabel>
-#include <QProgressBar>
 #include <QPushButton>
 #include <QTimer>
 #include <QtTest>
@@ -54,9 +52,6 @@ private Q_SLOTS:
             [](KCefLoadingProgressDlg &d) { QTest::mouseClick(button(d, Cancel), Qt::LeftButton); },
             QDialog::Rejected);
         row(
-            "Escape", KxCefEngine::Loading,
-            [](KCefLoadingProgressDlg &d) { QTest::keyClick(&d, Qt::Key_Escape); }, QDialog::Rejected);
-        row(
             "missing, goes on without", KxCefEngine::Missing,
             [](KCefLoadingProgressDlg &d) { QTest::mouseClick(button(d, GoOn), Qt::LeftButton); },
             QDialog::Accepted);
@@ -83,24 +78,6 @@ private Q_SLOTS:
         KCefLoadingProgressDlg dialog;
         QTimer::singleShot(0, &dialog, [&] { act(dialog); });
         QTEST(dialog.exec(), "result");
-    }
-
-    void showsWhatHappens()
-    {
-        auto *engine = KxCefEngine::instance();
-        engine->setState(KxCefEngine::Loading);
-        KCefLoadingProgressDlg dialog;
-        dialog.show();
-        auto *bar = dialog.findChild<QProgressBar *>();
-        auto *text = dialog.findChild<QLabel *>();
-        engine->setProgress(400);
-        QCOMPARE(bar->value(), 100);
-        const QString loadingText = text->text();
-        engine->setState(KxCefEngine::Failed);
-        QVERIFY(button(dialog, GoOn)->isVisible());
-        QVERIFY(!bar->isVisible());
-        QVERIFY(text->text() != loadingText);
-        QVERIFY(!bar->accessibleName().isEmpty());
     }
 };
 

@@ -79,7 +79,6 @@ private Q_SLOTS:
                                      << QByteArray("c: a\\n2024-01-01 W c: b\\x0d");
         QTest::newRow("terminal escape, C1, line separator") << QStringLiteral("\x1b[2J") + QChar(0x85)
                 + QChar(0x2028) << QByteArray("c: \\x1b[2J\\x85\\x2028");
-        QTest::newRow("other scripts") << QStringLiteral("文档") << QByteArray("c: 文档");
         // The cut may not fall between the halves of a character.
         QTest::newRow("overlong") << QString(8191, QLatin1Char('x')) + QStringLiteral("😀😀")
                                   << QByteArray("c: ") + QByteArray(8191, 'x') + "…";

@@ -99,24 +99,16 @@ private Q_SLOTS:
         QTest::addColumn<QString>("name");
         QTest::addColumn<QString>("manager");
         QTest::addColumn<QString>("folder"); // that is opened instead, below the test's
-        QTest::newRow("no file manager") << "a b#c.txt"
-                                         << "none"
-                                         << ".";
-        QTest::newRow("selects") << "a b#c.txt"
-                                 << "answers"
-                                 << "";
-        QTest::newRow("selects a dangling link") << "loop"
-                                                 << "answers"
-                                                 << "";
-        QTest::newRow("never answers") << "a b#c.txt"
-                                       << "silent"
-                                       << ".";
-        QTest::newRow("file is gone") << "sub/none.txt"
-                                      << "answers"
-                                      << "sub";
-        QTest::newRow("folder is gone") << "none/none.txt"
-                                        << "answers"
-                                        << "";
+        const auto row = [](const char *title, const char *name, const char *manager, const char *folder) {
+            QTest::newRow(title) << QString::fromLatin1(name) << QString::fromLatin1(manager)
+                                 << QString::fromLatin1(folder);
+        };
+        row("no file manager", "a b#c.txt", "none", ".");
+        row("selects", "a b#c.txt", "answers", "");
+        row("selects a dangling link", "loop", "answers", "");
+        row("never answers", "a b#c.txt", "silent", ".");
+        row("file is gone", "sub/none.txt", "answers", "sub");
+        row("folder is gone", "none/none.txt", "answers", "");
     }
     void reveal()
     {

@@ -113,7 +113,6 @@ private Q_SLOTS:
         QTest::newRow("takes several") << text << "editor.desktop" << Outcome::Opened;
         QTest::newRow("unknown program") << text << "other.desktop" << Outcome::NoProgram;
         QTest::newRow("program is gone") << text << "gone.desktop" << Outcome::NoProgram;
-        QTest::newRow("no program") << text << "" << Outcome::NoProgram;
         QTest::newRow("no document") << "nothing.txt"
                                      << "viewer.desktop" << Outcome::Missing;
     }

@@ -51,8 +51,6 @@ private Q_SLOTS:
     void vanishesAndComesBack();
     void limit();
     void overflow();
-    void feedsTheDrive();
-    void ownTransfersAreQuiet();
 };
 
 void TestWatcher::tells_data()
@@ -64,9 +62,7 @@ void TestWatcher::tells_data()
     };
     using F = DriveFixture;
     row("new file", "", [](F &f) { return f.make("n"); });
-    row("file below", "d/e", [](F &f) { return f.make("d/e/n"); });
     row("saved in place", "d", [](F &f) { return f.make("d/a", "longer"); });
-    row("removed", "d", [](F &f) { return QFile::remove(f.at("d/a")); });
     row("moved", ",d", [](F &f) { return f.outsideMove("d/a", "a"); });
     row("new folders", ",n,n/m,n/m/o", [](F &f) { return f.make("n/m/o/file"); });
     row("folder moved with its content", ",d,x,x/e",
@@ -179,43 +175,6 @@ void TestWatcher::overflow()
     QVERIFY(f.make("unseen/n"));
     QVERIFY(told.changed.wait());
     QVERIFY(told.folders().contains(QStringLiteral("unseen")));
-}
-
-void TestWatcher::feedsTheDrive()
-{
-    DriveFixture f;
-    QVERIFY(f.make("d/a") && f.make("e/"));
-    const QString a = f.id("d/a");
-    const QString cursor = f.drive().changesSince({})->cursor;
-    f.drive().setWatched(true);
-    Told told(f.root());
-    QObject::connect(&told.watcher, &DriveWatcher::changed, &told.watcher,
-        [&](const QStringList &folders) { QVERIFY(f.drive().refresh(folders)); });
-    QVERIFY(told.watcher.start());
-    QVERIFY(f.outsideMove("d/a", "e/n") && f.make("new/file"));
-    QVERIFY(told.changed.wait());
-    const auto changes = f.drive().changesSince(cursor);
-    QCOMPARE(changes->changes.size(), 3);
-    QCOMPARE(f.where(a), QStringLiteral("e/n"));
-    // The drive's own work is told of too and changes nothing more.
-    QVERIFY(f.write(f.drive().rootId(), QStringLiteral("own"), "x"));
-    const QString after = f.drive().changesSince(cursor)->cursor;
-    QVERIFY(told.changed.wait());
-    QCOMPARE(f.drive().changesSince(cursor)->cursor, after);
-}
-
-void TestWatcher::ownTransfersAreQuiet()
-{
-    DriveFixture f;
-    QVERIFY(f.make("d/a"));
-    Told told(f.root());
-    QVERIFY(told.watcher.start());
-    const DriveProgress cancel = [](qint64, qint64) { return false; };
-    QCOMPARE(outcome(f.drive().copy(
-                 f.id("d"), f.drive().rootId(), QStringLiteral("n"), DriveConflict::Fail, cancel)),
-        QStringLiteral("cancelled"));
-    QVERIFY(!told.changed.wait(2 * DriveWatcher::BatchMs));
-    QCOMPARE(told.watcher.watchCount(), 2);
 }
 
 QTEST_GUILESS_MAIN(TestWatcher)

@@ -76,10 +76,6 @@ public:
     {
         return answer<Result>(send(method, request));
     }
-    template <class Result> Result callList(std::string_view method, const QStringList &request)
-    {
-        return answer<Result>(send(zel::wire::listCallFrame(method, ++m_sequence, request)));
-    }
 
     /// Pushes of one kind that have arrived, in order.
     template <class Record> std::vector<Record> pushed(std::string_view method) const

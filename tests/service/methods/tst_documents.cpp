@@ -16,7 +16,6 @@ class TestDocuments final : public QObject
 
 private Q_SLOTS:
     void recordFollowsItsFile();
-    void hooks();
 };
 
 namespace {
@@ -78,22 +77,6 @@ void TestDocuments::recordFollowsItsFile()
     service.client.call<RecoverRecyclesResult>("recoverRecycles", recover);
     QTRY_COMPARE(pushes().size(), size_t(2));
     QVERIFY(!pushes()[1].changedItems.at(0).deleted);
-}
-
-void TestDocuments::hooks()
-{
-    Service service;
-    service.documents.start();
-    QCOMPARE(service.hooks.runningTasks(), 0);
-    QCOMPARE(service.hooks.cancelTasks({QStringLiteral("nobody's")}), wire::ServiceError::NotFound);
-    QCOMPARE(service.hooks.reportCloudDoc(service.write("Drive/a.odt")), wire::ServiceError::None);
-    QCOMPARE(service.hooks.reportCloudDoc(service.write("a.odt")), wire::ServiceError::NotFound);
-    UploadFileArg upload;
-    upload.filePath = service.write("b.odt").toStdString();
-    upload.waitUntilDone = true;
-    const auto done = service.client.call<UploadFileResult>("uploadFile", upload);
-    QCOMPARE(done.item.name, std::string("b.odt"));
-    QVERIFY(service.hooks.waitingUploads().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestDocuments)

@@ -10,10 +10,8 @@ class TestDriveEdits final : public QObject
 private Q_SLOTS:
     void edits_data();
     void edits();
-    void conflictNamesWhatIsThere();
     void batchGoesOnAfterFailures();
     void updateRefusesOldBase();
-    void noIdIsRefused_data();
     void noIdIsRefused();
 };
 
@@ -92,20 +90,6 @@ void TestDriveEdits::edits()
         tree.isEmpty() ? DriveFixture::sorted(before) : DriveFixture::sorted(tree));
 }
 
-void TestDriveEdits::conflictNamesWhatIsThere()
-{
-    DriveFixture fixture;
-    fixture.fill({QStringLiteral("a.txt=one"), QStringLiteral("b.txt=three"), QStringLiteral("b (2).txt")});
-    RenameArg request;
-    request.item = fixture.idOf("a.txt");
-    request.newName = "b.txt";
-    const auto result = fixture.client.call<RenameResult>("rename", request);
-    QCOMPARE(result.conflict.existing.id, fixture.idOf("b.txt").id);
-    QCOMPARE(result.conflict.item, request.item);
-    QCOMPARE(result.conflict.suggestedName, std::string("b (3).txt"));
-    QCOMPARE(result.errorInfo.errResult, std::string("exists"));
-}
-
 void TestDriveEdits::batchGoesOnAfterFailures()
 {
     DriveFixture fixture;
@@ -150,22 +134,13 @@ void TestDriveEdits::updateRefusesOldBase()
     QCOMPARE(refused.state, int(wire::ServiceError::Conflict));
 }
 
-void TestDriveEdits::noIdIsRefused_data()
-{
-    QTest::addColumn<QString>("method");
-    for (const char *method : {"rename", "move", "copy", "update", "remove", "cloudItemsCopyTo",
-             "cloudItemsMoveTo", "cloudItemsDuplicate", "batchRemove"})
-        QTest::newRow(method) << method;
-}
-
 void TestDriveEdits::noIdIsRefused()
 {
-    QFETCH(QString, method);
     DriveFixture fixture;
     fixture.fill();
     DriveFixture::write(fixture.local("new"), "new");
     const QString before = DriveFixture::tree(fixture.root());
-    const auto run = [&](auto request, auto result) {
+    const auto refuses = [&](const char *method, auto request, auto result) {
         CloudItemId item; // names d/e by its place only
         item.parentId = fixture.idOf("d/e").id;
         if constexpr (requires { request.item; })
@@ -176,26 +151,21 @@ void TestDriveEdits::noIdIsRefused()
             request.newName = "n";
         if constexpr (requires { request.localPath; })
             request.localPath = fixture.local("new").toStdString();
-        result = fixture.client.call<decltype(result)>(method.toStdString(), request);
+        result = fixture.client.call<decltype(result)>(method, request);
         if constexpr (requires { result.failedItems; })
-            return QString::fromStdString(result.failedItems[""].errResult);
+            return result.failedItems[""].errResult == "invalidArgument";
         else
-            return QString::fromStdString(result.errorInfo.errResult);
+            return result.errorInfo.errResult == "invalidArgument";
     };
-    const std::map<QString, std::function<QString()>> calls{
-        {QStringLiteral("rename"), [&] { return run(RenameArg(), RenameResult()); }},
-        {QStringLiteral("move"), [&] { return run(MoveArg(), MoveResult()); }},
-        {QStringLiteral("copy"), [&] { return run(CopyArg(), CopyResult()); }},
-        {QStringLiteral("update"), [&] { return run(UpdateArg(), UpdateResult()); }},
-        {QStringLiteral("remove"), [&] { return run(RemoveArg(), RemoveResult()); }},
-        {QStringLiteral("cloudItemsCopyTo"),
-            [&] { return run(CloudItemsCopyToArg(), CloudItemsCopyToResult()); }},
-        {QStringLiteral("cloudItemsMoveTo"),
-            [&] { return run(CloudItemsMoveToArg(), CloudItemsMoveToResult()); }},
-        {QStringLiteral("cloudItemsDuplicate"),
-            [&] { return run(CloudItemsDuplicateArg(), CloudItemsDuplicateResult()); }},
-        {QStringLiteral("batchRemove"), [&] { return run(BatchRemoveArg(), BatchRemoveResult()); }}};
-    QCOMPARE(calls.at(method)(), QStringLiteral("invalidArgument"));
+    QVERIFY(refuses("rename", RenameArg(), RenameResult()));
+    QVERIFY(refuses("move", MoveArg(), MoveResult()));
+    QVERIFY(refuses("copy", CopyArg(), CopyResult()));
+    QVERIFY(refuses("update", UpdateArg(), UpdateResult()));
+    QVERIFY(refuses("remove", RemoveArg(), RemoveResult()));
+    QVERIFY(refuses("cloudItemsCopyTo", CloudItemsCopyToArg(), CloudItemsCopyToResult()));
+    QVERIFY(refuses("cloudItemsMoveTo", CloudItemsMoveToArg(), CloudItemsMoveToResult()));
+    QVERIFY(refuses("cloudItemsDuplicate", CloudItemsDuplicateArg(), CloudItemsDuplicateResult()));
+    QVERIFY(refuses("batchRemove", BatchRemoveArg(), BatchRemoveResult()));
     QCOMPARE(DriveFixture::tree(fixture.root()), before);
 }
 

@@ -18,7 +18,6 @@ private Q_SLOTS:
     void recycleBin();
     void clearingLeavesWhatCameLater_data();
     void clearingLeavesWhatCameLater();
-    void recoverToTakenName();
     void localFiles_data();
     void localFiles();
     void pathInTheDrive();
@@ -150,27 +149,6 @@ void TestRecycle::clearingLeavesWhatCameLater()
     odd.deletedBefore = -1;
     QCOMPARE(fixture.client.call<ClearRecycleBinV5Result>("clearRecycleBinV5", odd).state,
         int(wire::ServiceError::InvalidArgument));
-}
-
-void TestRecycle::recoverToTakenName()
-{
-    DriveFixture fixture;
-    fixture.fill();
-    RemoveArg remove;
-    remove.item = fixture.idOf("a.txt");
-    BatchRecoverRecycleFilesArg request;
-    request.recycleIds = {fixture.client.call<RemoveResult>("remove", remove).recycleId};
-    request.targetParentId = fixture.idOf("d").id;
-    const auto refused =
-        fixture.client.call<BatchRecoverRecycleFilesResult>("batchRecoverRecycleFiles", request);
-    QCOMPARE(refused.conflicts.size(), size_t(1));
-    // The id that the answer names is good for the next try.
-    request.recycleIds = {refused.conflicts[0].item.id};
-    request.conflictPolicy = 1;
-    const auto done =
-        fixture.client.call<BatchRecoverRecycleFilesResult>("batchRecoverRecycleFiles", request);
-    QCOMPARE(DriveFixture::names(done.items), QStringLiteral("a (2).txt"));
-    QCOMPARE(DriveFixture::read(fixture.inDrive("d/a (2).txt")), QByteArray("one"));
 }
 
 void TestRecycle::localFiles_data()

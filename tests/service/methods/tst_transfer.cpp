@@ -104,7 +104,6 @@ void TestTransfer::downloads_data()
     row("file replaces", "a.txt", 2, 0, "a.txt f/ f/a.txt", "drive");
     row("file is skipped", "a.txt", 3, 0, "a.txt f/ f/a.txt", "mine");
     row("new file", "b.txt", 0, 0, "a.txt b.txt f/ f/a.txt", "mine");
-    row("folder, refused", "f", 0, exists, "a.txt f/ f/a.txt", "mine");
     row("folder beside", "f", 1, 0, "a.txt f/ f/a.txt f (2)/ f (2)/a.txt f (2)/e/", "mine");
     row("folder merges", "f", 2, 0, "a.txt f/ f/a.txt f/e/", "drive");
 }
@@ -144,10 +143,8 @@ void TestTransfer::permissions_data()
     QTest::addColumn<int>("replaced"); // 0: nothing is there
     QTest::addColumn<int>("mode");
     QTest::newRow("upload") << true << 0600 << 0 << 0600;
-    QTest::newRow("upload, for all") << true << 0644 << 0 << 0644;
     QTest::newRow("upload replaces") << true << 0644 << 0640 << 0640;
     QTest::newRow("download") << false << 0600 << 0 << 0600;
-    QTest::newRow("download, program") << false << 0755 << 0 << 0755;
     QTest::newRow("download replaces") << false << 0644 << 0600 << 0600;
 }
 

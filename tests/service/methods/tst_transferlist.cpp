@@ -1,7 +1,6 @@
 #include "transferfixture.h"
 
 #include <QElapsedTimer>
-#include <QSignalSpy>
 
 using namespace zel;
 using namespace zel::vela;
@@ -18,7 +17,6 @@ private Q_SLOTS:
     void progressIsNotAFlood();
     void transferList();
     void olderTasksAreForgotten();
-    void originIsTold();
     void takenOffWhilePaused();
     void manyAtOnce();
     void refusedPaths_data();
@@ -165,20 +163,6 @@ void TestTransferList::olderTasksAreForgotten()
     for (const auto &task : left)
         names += QString::fromStdString(task.info.name);
     QCOMPARE(names, QStringLiteral("5430"));
-}
-
-void TestTransferList::originIsTold()
-{
-    TransferFixture fixture;
-    QSignalSpy told(&fixture.events, &service::DriveEvents::told);
-    fixture.events.start({});
-    QVERIFY(told.wait());
-    DriveFixture::write(fixture.local("a.txt"), "a");
-    const std::string id = fixture.upload(fixture.local("a.txt"));
-    const auto pushes = [&] { return fixture.client.pushed<NotifyFileCreationArg>("notifyFileCreation"); };
-    QTRY_COMPARE(pushes().size(), size_t(1));
-    QCOMPARE(pushes()[0].source, std::string("upload"));
-    QCOMPARE(pushes()[0].taskId, id);
 }
 
 void TestTransferList::takenOffWhilePaused()

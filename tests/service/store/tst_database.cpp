@@ -36,12 +36,10 @@ class TestDatabase : public QObject
 private Q_SLOTS:
     void init();
     void privateFiles();
-    void settings();
     void unusableFile_data();
     void unusableFile();
     void damageWhileItRuns();
     void fullDisk();
-    void triesAgain();
     void migrates();
 
 private:
@@ -95,33 +93,6 @@ void TestDatabase::privateFiles()
     QCOMPARE(modeOf(m_file), 0600);
     QCOMPARE(modeOf(m_file + QLatin1String("-wal")), 0600);
     QCOMPARE(store.database.connection().number("PRAGMA synchronous"), qint64(2)); // FULL
-}
-
-void TestDatabase::settings()
-{
-    const QString me = QLatin1String(user);
-    {
-        Store store(m_file);
-        QCOMPARE(store.tables.write(me,
-                     {{QStringLiteral("guide/a"), QStringLiteral("1")},
-                         {QStringLiteral("guide/%"), QStringLiteral("2")},
-                         {QStringLiteral("guidf"), QStringLiteral("3")}}),
-            ServiceError::None);
-        QCOMPARE(
-            store.tables.write(me, {{QStringLiteral("guide/a"), QStringLiteral("4")}}), ServiceError::None);
-        const QString other = QStringLiteral("other");
-        QCOMPARE(store.tables.write(other, {{QStringLiteral("guide/b"), QStringLiteral("5")}}),
-            ServiceError::None);
-    }
-    Store store(m_file);
-    QMap<QString, QString> values;
-    QCOMPARE(store.tables.readAll(me, QStringLiteral("guide/"), values), ServiceError::None);
-    QCOMPARE(values,
-        (QMap<QString, QString>{
-            {QStringLiteral("%"), QStringLiteral("2")}, {QStringLiteral("a"), QStringLiteral("4")}}));
-    QString value = QStringLiteral("default");
-    QCOMPARE(store.tables.read(me, QStringLiteral("never"), value), ServiceError::None);
-    QCOMPARE(value, QStringLiteral("default"));
 }
 
 void TestDatabase::unusableFile_data()
@@ -215,22 +186,6 @@ void TestDatabase::fullDisk()
     QVERIFY(connection.exec("PRAGMA max_page_count=100000"));
     QCOMPARE(store.tables.write(me, {{QStringLiteral("much"), much}}), ServiceError::None);
     QCOMPARE(replaced.count(), 0);
-}
-
-void TestDatabase::triesAgain()
-{
-    const QString folder = m_folder->filePath(QStringLiteral("data"));
-    QFile obstacle(folder);
-    QVERIFY(obstacle.open(QIODevice::WriteOnly));
-    Store store(folder + QLatin1String("/cloud.db"));
-    QSignalSpy opened(&store.database, &CloudDatabase::opened);
-    QString device;
-    QCOMPARE(store.tables.deviceId(device), ServiceError::InputOutput);
-    QCOMPARE(store.tables.deviceId(device), ServiceError::InputOutput);
-    QVERIFY(obstacle.remove());
-    QCOMPARE(store.tables.deviceId(device), ServiceError::None);
-    QCOMPARE(opened.count(), 1);
-    QCOMPARE(modeOf(folder), 0700);
 }
 
 void TestDatabase::migrates()

@@ -13,12 +13,12 @@ struct TableData
     zel::sqlite::Database database;
     zel::service::MessageTable messages{database};
     zel::service::RadarTable radar{database};
-    zel::sqlite::SchemaState state;
 
     TableData()
     {
         database.open(file());
-        state = zel::service::prepareTables(database);
+        if (zel::service::prepareTables(database) != zel::sqlite::SchemaState::Ready)
+            qFatal("the tables cannot be made");
     }
     QString file() const { return dir.filePath(QStringLiteral("cloud.db")); }
 

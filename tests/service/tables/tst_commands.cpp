@@ -37,7 +37,6 @@ class CommandsTest : public QObject
 private Q_SLOTS:
     void pushes_data();
     void pushes();
-    void quoteInAPathLeavesTheRow();
     void linkDocument();
 };
 
@@ -62,21 +61,9 @@ void CommandsTest::pushes_data()
         "GetRadarMsg asker "
         "{\"commandline\":\"success\",\"guid\":\"deleteRadarUnread\",\"state\":\"success\"}\n"
         "RadarFileDelete all {\"commandline\":\"C:\\\\\\\\b\"}");
-    row("clear an empty source",
-        line("GetRadarMsg", QStringLiteral("delete from metadata_zelbox_fileradar where ImType = 3"),
-            QStringLiteral("g")),
-        true, "GetRadarMsg asker {\"commandline\":\"success\",\"guid\":\"g\",\"state\":\"success\"}");
-    const QString tab =
-        QStringLiteral("select count(distinct fileId) as 'count(*)' from metadata_zelbox_filemessage "
-                       "where recentRead = 0 and topic = 'zel.roaming' and fileId != ''");
-    row("named by the guid", line("GetStoredMsg", tab, QStringLiteral("GetRoamingTabUnread")), true,
-        "GetRoamingTabUnread asker "
-        "{\"commandline\":\"3\",\"guid\":\"GetRoamingTabUnread\",\"state\":\"success\"}");
     const QString none = QStringLiteral(
         "select * from metadata_zelbox_filemessage where fileId = '%1' and (topic = 'zel.file' or topic "
         "= 'zel.link' or topic = 'zel.link.local') Order by time Desc limit 9");
-    row("no rows", line("GetStoredMsg", none.arg(QStringLiteral("none")), QStringLiteral("01AB-2$$$$none")),
-        true, "GetStoredMsg asker {\"commandline\":\"\",\"guid\":\"01AB-2$$$$none\",\"state\":\"success\"}");
     row("quote in an id", line("GetStoredMsg", none.arg(QStringLiteral("it's")), QStringLiteral("g")), false,
         "GetStoredMsg asker {\"commandline\":\"failed\",\"guid\":\"g\",\"state\":\"failed\"}");
     row("mark",
@@ -91,8 +78,6 @@ void CommandsTest::pushes_data()
         "GetStoredMsg asker {\"commandline\":\"failed\",\"guid\":\"NewMsgArrive\",\"state\":\"failed\"}");
     row("close", QStringLiteral("/closeRadarSwitch /type=1"), true,
         "QQRadarSettingChange all {\"setting\":\"false\"}");
-    row("open", QStringLiteral("/openRadarSwitch /type=4"), true,
-        "DesktopRadarSettingChange all {\"setting\":\"true\"}");
     row("backup", QStringLiteral("/SwitchBackupStatus=1 /BackupType=3"), true,
         "GetBackupResult all {\"BackupType\":\"3\",\"commandline\":\"success\",\"setting\":\"true\"}");
     row("tray", QStringLiteral("/ClearAllTrayUnread=1 /MessageType=share"), true, "");
@@ -113,25 +98,6 @@ void CommandsTest::pushes()
         command.contains(QStringLiteral("Tray")) ? QStringLiteral("m1 m4 q1") : QStringLiteral("m4"));
     QCOMPARE(switches.isOn(SwitchTable::Switch::Watch, 1), !command.contains(QStringLiteral("close")));
     QCOMPARE(switches.isOn(SwitchTable::Switch::Backup, 3), command.contains(QStringLiteral("Backup")));
-}
-
-void CommandsTest::quoteInAPathLeavesTheRow()
-{
-    TableData data;
-    QVERIFY(data.fillRadar());
-    SwitchTable switches(data.database);
-    CommandProcessor processor(data.radar, data.messages, switches);
-    for (const char *path : {"it's", "x' or '1' = '1", "C:\\a' or FilePath = 'C:\\b"}) {
-        const QString sql = QStringLiteral("delete from metadata_zelbox_fileradar where FilePath = '%1'");
-        const auto outcome = processor.process(
-            line("GetRadarMsg", sql.arg(QString::fromUtf8(path)), QStringLiteral("deleteRadarUnread")));
-        QCOMPARE(print(outcome.pushes),
-            QStringLiteral(
-                "GetRadarMsg asker "
-                "{\"commandline\":\"failed\",\"guid\":\"deleteRadarUnread\",\"state\":\"failed\"}"));
-    }
-    QCOMPARE(data.radar.run(RadarList{}).rows.size(), 4);
-    QVERIFY(!processor.process(QStringLiteral("/GetRadarMsg=%% /TaskGuid=g")).understood);
 }
 
 void CommandsTest::linkDocument()

@@ -1,5 +1,4 @@
 #include "service/tables/statementparser.h"
-#include "service/tables/switchtable.h"
 #include "service/tables/tableguard.h"
 #include "tabledata.h"
 
@@ -28,33 +27,15 @@ class TablesTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void schema();
     void questions_data();
     void questions();
     void marks_data();
     void marks();
-    void messages();
     void radar();
-    void switches();
     void guard_data();
     void guard();
     void failuresPass();
 };
-
-void TablesTest::schema()
-{
-    TableData data;
-    QVERIFY(data.state == sqlite::SchemaState::Ready);
-    QVERIFY(data.fillRadar());
-    QVERIFY(prepareTables(data.database) == sqlite::SchemaState::Ready);
-    QCOMPARE(data.radar.run(RadarList{}).rows.size(), 4);
-
-    // A table of somebody else in the way: nothing is half made.
-    QVERIFY(data.database.exec("DROP TABLE metadata_zelbox_filemessage; DELETE FROM schema_version"));
-    QVERIFY(prepareTables(data.database) == sqlite::SchemaState::Failed);
-    data.database.clearFailure();
-    QCOMPARE(data.database.number("SELECT count(*) FROM sqlite_master WHERE name LIKE '%filemessage'"), 0);
-}
 
 void TablesTest::questions_data()
 {
@@ -68,21 +49,15 @@ void TablesTest::questions_data()
     const auto id = [](const char *text) { return QString::fromUtf8(text); };
     // The fields after the count are those of the newest message.
     row("updates", RoamingList{RoamingKind::Update}, 6, "f1,2,70,f1,u2,70 f2,1,60,f2,u2,60");
-    row("creations", RoamingList{RoamingKind::Create}, 12,
-        "f3,1,80,f3,u2,80,0,0,0,zel.roaming,roaming_create,r4");
     row("files", IdList{File}, 1, "f1 f2 it's");
-    row("operators", IdList{Operator}, 1, "u'1 u1 u2");
     row("messages", IdMessages{File, id("f2"), 5}, 9,
         "f2,u1,40,1,1,1,zel.file,share,m4 f2,u1,30,0,0,0,zel.link.local,open,m3");
-    row("newest message", IdMessages{Operator, id("u1"), 1}, 3, "f2,u1,40");
     row("quote in a value of ours", IdMessages{Operator, id("u'1"), 1}, 1, "it's");
     row("no messages", IdMessages{File, id("' or 1=1 --"), 5}, 1, "");
     row("unread", IdUnread{File, File, {id("f1"), id("f2"), id("none"), id("f1"), id("it's")}}, 2,
         "f1,2 f2,1 it's,1");
-    row("unread of operators", IdUnread{Operator, Operator, {id("u1")}}, 2, "u1,2");
     row("unread of a file by operator", IdUnread{Operator, File, {id("f1")}}, 2, "u1,1 u2,1");
     row("unread of an id with all signs", IdUnread{File, File, {id("\"]\\u0000 获,")}}, 2, "");
-    row("roaming tab without the empty id", RoamingTabUnread{}, 1, "3");
 }
 
 void TablesTest::questions()
@@ -129,42 +104,6 @@ void TablesTest::marks()
     QCOMPARE(int(data.messages.run(statement).changed), 0);
 }
 
-void TablesTest::messages()
-{
-    TableData data;
-    Message full = TableData::message("full", "获", "u", 1, "zel.file", "share");
-    full.trayRead = true;
-    int field = 0;
-    for (QString *text : {&full.title, &full.content, &full.operatorName, &full.fileName, &full.groupId,
-             &full.category, &full.linkId, &full.extra})
-        *text = QString::number(++field);
-    QVERIFY(data.messages.insert({full}).ok());
-    QCOMPARE(data.messages.find({full.messageId}).rows.size(), 1);
-    QVERIFY(MessageTable::fromRow(data.messages.find({full.messageId}).rows.first()) == full);
-
-    // Known ids stay as they are, an empty one is made up.
-    Message other = full;
-    other.title.clear();
-    Message nameless = TableData::message("", "f", "u", 2, "zel.file", "share");
-    QCOMPARE(int(data.messages.insert({other, nameless, nameless}).changed), 2);
-    QVERIFY(MessageTable::fromRow(data.messages.find({full.messageId}).rows.first()) == full);
-    QCOMPARE(int(data.database.number("SELECT min(length(messageId)) FROM metadata_zelbox_filemessage")), 4);
-    QCOMPARE(data.messages.list({full.category}).rows.size(), 1);
-
-    QVERIFY(data.database.exec("DELETE FROM metadata_zelbox_filemessage") && data.fillMessages());
-    QVERIFY(data.messages.unreadCounts() == (UnreadCounts{4, 9, 3}));
-    QCOMPARE(print(data.messages.list({{}, true, 1, 2}).rows, 1), QStringLiteral(" f3"));
-    QCOMPARE(data.messages.list({{}, false, -1, -1}).rows.size(), 0);
-    QCOMPARE(int(data.messages.clearTrayUnread(QStringLiteral("zel.roaming")).changed), 5);
-    QCOMPARE(int(data.messages.clearTrayUnread(QStringLiteral("share")).changed), 2);
-    QCOMPARE(int(data.messages.markRead({QStringLiteral("m1"), QStringLiteral("m4"), QStringLiteral("?")})
-                     .changed),
-        1);
-    QVERIFY(data.messages.unreadCounts() == (UnreadCounts{3, 2, 3}));
-    QCOMPARE(int(data.messages.remove({QStringLiteral("m1"), QStringLiteral("r1'")}).changed), 1);
-    QCOMPARE(data.messages.list({}).rows.size(), 9);
-}
-
 void TablesTest::radar()
 {
     TableData data;
@@ -198,21 +137,6 @@ void TablesTest::radar()
     gone = data.radar.remove({QStringLiteral("it's"), QStringLiteral("?")});
     QCOMPARE(gone.rows, QVector<QStringList>{{QStringLiteral("it's")}});
     QCOMPARE(paths(), QStringLiteral("new"));
-}
-
-void TablesTest::switches()
-{
-    using Switch = SwitchTable::Switch;
-    TableData data;
-    SwitchTable table(data.database);
-    QVERIFY(table.isOn(Switch::Watch, 1) && !table.isOn(Switch::Backup, 1));
-    table.set(Switch::Backup, 1, true);
-    QVERIFY(table.isOn(Switch::Watch, 1) && table.isOn(Switch::Backup, 1) && !table.isOn(Switch::Backup, 2));
-    table.set(Switch::Watch, 1, false);
-    sqlite::Database again;
-    QVERIFY(again.open(data.file()));
-    SwitchTable later(again);
-    QVERIFY(!later.isOn(Switch::Watch, 1) && later.isOn(Switch::Backup, 1));
 }
 
 void TablesTest::guard_data()
