@@ -3,6 +3,7 @@
 #include "platform/impl/recentstore/recenttypes.h"
 
 #include <QRegularExpression>
+#include <QTest>
 
 // Records as short texts, for tables.
 //
@@ -179,6 +180,17 @@ inline RecordInfoList byId(RecordInfoList list)
 {
     std::sort(list.begin(), list.end(), [](const auto &a, const auto &b) { return a.id < b.id; });
     return list;
+}
+
+/// Begins the table of a merge: what the state and the news lead to. Each call of the result adds a row.
+inline auto newsTable()
+{
+    for (const char *column : {"state", "news", "shown", "after"})
+        QTest::addColumn<QString>(column);
+    return [](const char *name, const char *state, const char *news, const char *shown, const char *after) {
+        QTest::newRow(name) << QString::fromLatin1(state) << QString::fromLatin1(news)
+                            << QString::fromLatin1(shown) << QString::fromLatin1(after);
+    };
 }
 
 } // namespace zel::recent::test

@@ -83,15 +83,7 @@ class MergeTest : public QObject
 private Q_SLOTS:
     void news_data()
     {
-        QTest::addColumn<QString>("state");
-        QTest::addColumn<QString>("news");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("after");
-        const auto row = [](const char *name, const char *state, const char *news, const char *shown,
-                             const char *after) {
-            QTest::newRow(name) << QString::fromLatin1(state) << QString::fromLatin1(news)
-                                << QString::fromLatin1(shown) << QString::fromLatin1(after);
-        };
+        const auto row = newsTable();
         row("first list", "", "list a1 b2", "+a32@1 +b32@2", "a d1;b d2");
         row("twice in one list", "", "list a1 a3 a2", "+a32@3", "a d3");
         row("newer access", "a d1", "list a4", "~a32@4", "a d4");

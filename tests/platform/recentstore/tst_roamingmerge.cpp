@@ -83,15 +83,7 @@ class RoamingMergeTest : public QObject
 private Q_SLOTS:
     void news_data()
     {
-        QTest::addColumn<QString>("state");
-        QTest::addColumn<QString>("news");
-        QTest::addColumn<QString>("shown");
-        QTest::addColumn<QString>("after");
-        const auto row = [](const char *name, const char *state, const char *news, const char *shown,
-                             const char *after) {
-            QTest::newRow(name) << QString::fromLatin1(state) << QString::fromLatin1(news)
-                                << QString::fromLatin1(shown) << QString::fromLatin1(after);
-        };
+        const auto row = newsTable();
         row("used here last: joins its path", "a d5", "all x7@a y3", "+y2@3 ~a32@7", "=y c:y3;a d5 c:x7@a");
         row("used elsewhere at an equal path", "a d5", "all x7", "+x2@7", "=x c:x7;a d5");
         row("copied here", "a d5", "all x4%a+", "~a32@5+", "a d5 c:x4%a+");
