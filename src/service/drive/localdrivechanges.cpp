@@ -5,9 +5,12 @@
 #include "foldersync.h"
 #include "localdrive.h"
 
+#include "base/logging.h"
+
 #include <QIODevice>
 
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -34,8 +37,9 @@ void setTime(int file, qint64 ms)
 void keepMode(int folder, const QString &name, const TempEntry &temp)
 {
     const int mode = disk::modeAt(folder, name);
-    if (mode >= 0)
-        ::fchmodat(folder, temp.name().toUtf8().constData(), mode_t(mode), 0);
+    if (mode >= 0 && ::fchmodat(folder, temp.name().toUtf8().constData(), mode_t(mode), 0) != 0)
+        qCWarning(
+            lcService, "a document's new content does not keep its permissions: %s", std::strerror(errno));
 }
 
 } // namespace

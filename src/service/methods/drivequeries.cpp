@@ -1,20 +1,19 @@
 #include "document_types.h"
 #include "service/methods/drivecontext.h"
 #include "service/methods/drivelookup.h"
+#include "service/methods/folderlisting.h"
 #include "service/roaming/roamingrecord.h"
 
 #include <QCryptographicHash>
 #include <QDateTime>
 #include <QFile>
 #include <QMimeDatabase>
-#include <algorithm>
+#include <memory>
 
 namespace zel::service {
 namespace {
 
 using namespace vela;
-
-constexpr int DefaultCount = 1000;
 
 DriveResult<GetInfoResult> getInfo(const DriveJob &job, const GetInfoArg &request)
 {
@@ -24,61 +23,6 @@ DriveResult<GetInfoResult> getInfo(const DriveJob &job, const GetInfoArg &reques
         return item.error();
     GetInfoResult result;
     result.item = cloudItem(*item, job.identity);
-    return result;
-}
-
-bool passes(const DriveItem &item, const GetInfoListArg &request)
-{
-    const auto has = [](const std::vector<std::string> &list, const std::string &value) {
-        return list.empty() || std::find(list.begin(), list.end(), value) != list.end();
-    };
-    if (!request.showHidden && item.name.startsWith(QLatin1Char('.')))
-        return false;
-    return has(request.types, item.isFolder ? "folder" : "file")
-        && (item.isFolder || has(request.suffixes, suffixOf(item.name).toStdString()));
-}
-
-// Pages of one version fit together: it changes with any child's name, place or content.
-int64_t listVersion(const QVector<DriveItem> &items)
-{
-    QString all;
-    for (const DriveItem &item : items)
-        all += item.id % QLatin1Char('/') % item.name % QLatin1Char('/') % item.version % QLatin1Char('/');
-    return versionNumber(all);
-}
-
-void sortItems(QVector<DriveItem> &items, const GetInfoListArg &request)
-{
-    std::sort(items.begin(), items.end(), [&request](const DriveItem &left, const DriveItem &right) {
-        if (request.foldersFirst && left.isFolder != right.isFolder)
-            return left.isFolder;
-        return request.descending ? comesBefore(right, left, request.orderBy)
-                                  : comesBefore(left, right, request.orderBy);
-    });
-}
-
-DriveResult<GetInfoListResult> getInfoList(const DriveJob &job, const GetInfoListArg &request)
-{
-    const auto id = folderId(job.drive, request.groupId, request.parentId);
-    auto folder = id ? job.drive.stat(*id) : DriveResult<DriveItem>(id.error());
-    if (!folder)
-        return folder.error();
-    auto items = job.drive.list(*id);
-    if (!items)
-        return items.error();
-    items->erase(std::remove_if(items->begin(), items->end(),
-                     [&request](const DriveItem &item) { return !passes(item, request); }),
-        items->end());
-    sortItems(*items, request);
-    GetInfoListResult result;
-    result.folder = cloudItem(*folder, job.identity);
-    result.total = items->size();
-    result.listVersion = listVersion(*items);
-    const int from = std::clamp(request.offset, 0, items->size());
-    const int count = std::min(request.count > 0 ? request.count : DefaultCount, items->size() - from);
-    for (int i = from; i < from + count; ++i)
-        result.items.push_back(cloudItem(items->at(i), job.identity));
-    result.hasMore = from + count < items->size();
     return result;
 }
 
@@ -319,7 +263,9 @@ void addDriveQueries(MethodTable &methods, const DriveContext &context)
             context.addTransferState(item);
     };
     serveOn<GetInfoArg, GetInfoResult>(quick, context, methods, "getInfo", getInfo);
-    serveOn<GetInfoListArg, GetInfoListResult>(quick, context, methods, "getInfoList", getInfoList);
+    serveOn<GetInfoListArg, GetInfoListResult>(quick, context, methods, "getInfoList",
+        [listing = std::make_shared<FolderListing>()](
+            const DriveJob &job, const GetInfoListArg &request) { return listing->page(job, request); });
     serveOn<GetItemInfoListV5Arg, GetItemInfoListV5Result>(
         quick, context, methods, "getItemInfoListV5", getItemInfoList);
     serveOn<GetCloudFileInfoArg, GetCloudFileInfoResult>(

@@ -9,8 +9,7 @@ QString cloudCacheDir(); ///< $XDG_CACHE_HOME/zelbox/cloud; need not be there
 qint64 sizeOfFolder(
     const QString &folder); ///< bytes of all files below it, links not followed; 0 when it is not there
 
-/// Whether the desktop starts the box when the user logs in, by the Desktop Application Autostart
-/// Specification: the first "zelbox.desktop" of the user's and the system's autostart folders decides.
+/// Whether the desktop starts the box when the user logs in.
 bool isAutostarted();
 
 } // namespace zel::service

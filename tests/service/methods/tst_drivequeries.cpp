@@ -20,6 +20,7 @@ class TestDriveQueries final : public QObject
 private Q_SLOTS:
     void lists_data();
     void lists();
+    void pagesFit();
     void lookups();
     void search_data();
     void search();
@@ -66,6 +67,31 @@ void TestDriveQueries::lists()
     QCOMPARE(fixture.list(request).listVersion, before);
     DriveFixture::write(fixture.inDrive("c.odt"), "9999");
     QVERIFY(fixture.list(request).listVersion != before);
+}
+
+// What happens in the folder meanwhile does not move the pages of a list that is being read.
+void TestDriveQueries::pagesFit()
+{
+    DriveFixture fixture;
+    fixture.fill({QStringLiteral("n10"), QStringLiteral("n2"), QStringLiteral("n1")});
+    GetInfoListArg request;
+    request.count = 2;
+    const auto first = fixture.list(request);
+    QCOMPARE(DriveFixture::names(first.items), QStringLiteral("n1 n2"));
+    DriveFixture::write(fixture.inDrive("a"), "new");
+    request.offset = 2;
+    const auto anew = fixture.list(request); // does not say which list
+    QCOMPARE(DriveFixture::names(anew.items), QStringLiteral("n2 n10"));
+    QVERIFY(anew.listVersion != first.listVersion);
+
+    request.offset = 0;
+    request.extraParam["listVersion"] = std::to_string(fixture.list(request).listVersion);
+    DriveFixture::write(fixture.inDrive("b"), "new");
+    request.offset = 2;
+    const auto same = fixture.list(request);
+    QCOMPARE(DriveFixture::names(same.items), QStringLiteral("n2 n10"));
+    QCOMPARE(std::to_string(same.listVersion), request.extraParam["listVersion"]);
+    QVERIFY(fixture.list(request).listVersion != same.listVersion); // it was read to its end, and forgotten
 }
 
 void TestDriveQueries::lookups()
