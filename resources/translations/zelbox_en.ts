@@ -101,4 +101,160 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>CloudProblems</name>
+    <message numerus="yes">
+        <source>%n item(s) could not be moved.</source>
+        <translation>
+            <numerusform>%n item could not be moved.</numerusform>
+            <numerusform>%n items could not be moved.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be copied.</source>
+        <translation>
+            <numerusform>%n item could not be copied.</numerusform>
+            <numerusform>%n items could not be copied.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be moved to the recycle bin.</source>
+        <translation>
+            <numerusform>%n item could not be moved to the recycle bin.</numerusform>
+            <numerusform>%n items could not be moved to the recycle bin.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be brought back.</source>
+        <translation>
+            <numerusform>%n item could not be brought back.</numerusform>
+            <numerusform>%n items could not be brought back.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be uploaded.</source>
+        <translation>
+            <numerusform>%n item could not be uploaded.</numerusform>
+            <numerusform>%n items could not be uploaded.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be downloaded.</source>
+        <translation>
+            <numerusform>%n item could not be downloaded.</numerusform>
+            <numerusform>%n items could not be downloaded.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CloudRow</name>
+    <message numerus="yes">
+        <source>%n minute(s) left</source>
+        <translation>
+            <numerusform>%n minute left</numerusform>
+            <numerusform>%n minutes left</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hour(s) left</source>
+        <translation>
+            <numerusform>%n hour left</numerusform>
+            <numerusform>%n hours left</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CloudSettingsPage</name>
+    <message numerus="yes">
+        <source>%n upload(s) will not be done.</source>
+        <translation>
+            <numerusform>%n upload will not be done.</numerusform>
+            <numerusform>%n uploads will not be done.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CloudStatusLine</name>
+    <message numerus="yes">
+        <source>%n item(s)</source>
+        <translation>
+            <numerusform>%n item</numerusform>
+            <numerusform>%n items</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ConflictDialog</name>
+    <message numerus="yes">
+        <source>%n name(s) are already taken there</source>
+        <translation>
+            <numerusform>%n name is already taken there</numerusform>
+            <numerusform>%n names are already taken there</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>and %n more</numerusform>
+            <numerusform>and %n more</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>MoveDialog</name>
+    <message numerus="yes">
+        <source>Move %n item(s) to</source>
+        <translation>
+            <numerusform>Move %n item to</numerusform>
+            <numerusform>Move %n items to</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>TransferButton</name>
+    <message numerus="yes">
+        <source>Transfers: %n running, %1%</source>
+        <translation>
+            <numerusform>Transfers: %n running, %1%</numerusform>
+            <numerusform>Transfers: %n running, %1%</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>TransferPanel</name>
+    <message numerus="yes">
+        <source>%n transfer(s) running</source>
+        <translation>
+            <numerusform>%n transfer running</numerusform>
+            <numerusform>%n transfers running</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ZelBoxCloudDocWidget</name>
+    <message numerus="yes">
+        <source>%n item(s) are in the recycle bin.</source>
+        <translation>
+            <numerusform>%n item is in the recycle bin.</numerusform>
+            <numerusform>%n items are in the recycle bin.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>At most %n documents are opened at once.</source>
+        <translation>
+            <numerusform>At most %n document is opened at once.</numerusform>
+            <numerusform>At most %n documents are opened at once.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ZelBoxTray</name>
+    <message numerus="yes">
+        <source>%n new or changed document(s)</source>
+        <translation>
+            <numerusform>%n new or changed document</numerusform>
+            <numerusform>%n new or changed documents</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

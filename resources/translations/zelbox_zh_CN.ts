@@ -2,58 +2,651 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>BreadcrumbBar</name>
+    <message>
+        <source>Path</source>
+        <translation>路径</translation>
+    </message>
+    <message>
+        <source>More folders of the path</source>
+        <translation>路径中的更多文件夹</translation>
+    </message>
+    <message>
+        <source>Cloud documents</source>
+        <translation>云文档</translation>
+    </message>
+</context>
+<context>
+    <name>CloudDocActions</name>
+    <message>
+        <source>Back</source>
+        <translation>后退</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>前进</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>上一级</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Upload Files…</source>
+        <translation>上传文件…</translation>
+    </message>
+    <message>
+        <source>Upload Folder…</source>
+        <translation>上传文件夹…</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Download…</source>
+        <translation>下载…</translation>
+    </message>
+    <message>
+        <source>Show in File Manager</source>
+        <translation>在文件管理器中显示</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Move to…</source>
+        <translation>移动到…</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Move to Recycle Bin</source>
+        <translation>移到回收站</translation>
+    </message>
+</context>
+<context>
+    <name>CloudDocDelegate</name>
+    <message>
+        <source>Modified: %1</source>
+        <translation>修改时间：%1</translation>
+    </message>
+    <message>
+        <source>Size: %1</source>
+        <translation>大小：%1</translation>
+    </message>
+    <message>
+        <source>New name</source>
+        <translation>新名称</translation>
+    </message>
+    <message>
+        <source>A name is needed.</source>
+        <translation>请输入名称。</translation>
+    </message>
+    <message>
+        <source>A name cannot contain “/”.</source>
+        <translation>名称不能包含“/”。</translation>
+    </message>
+    <message>
+        <source>This name is reserved for the drive itself.</source>
+        <translation>此名称为云盘保留。</translation>
+    </message>
+    <message>
+        <source>A name cannot contain line breaks or tabs.</source>
+        <translation>名称不能包含换行符或制表符。</translation>
+    </message>
+    <message>
+        <source>This name is too long.</source>
+        <translation>名称过长。</translation>
+    </message>
+    <message>
+        <source>This name is already taken here.</source>
+        <translation>此处已有同名项目。</translation>
+    </message>
+</context>
+<context>
+    <name>CloudDocListView</name>
+    <message>
+        <source>Documents of the folder</source>
+        <translation>文件夹中的文档</translation>
+    </message>
+</context>
+<context>
+    <name>CloudDocModel</name>
+    <message>
+        <source>waiting</source>
+        <translation>等待中</translation>
+    </message>
+    <message>
+        <source>uploading, %1%</source>
+        <translation>正在上传，%1%</translation>
+    </message>
+    <message>
+        <source>downloading, %1%</source>
+        <translation>正在下载，%1%</translation>
+    </message>
+    <message>
+        <source>transfer failed</source>
+        <translation>传输失败</translation>
+    </message>
+    <message>
+        <source>folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>modified %1</source>
+        <translation>修改于 %1</translation>
+    </message>
+</context>
+<context>
+    <name>CloudDocStates</name>
+    <message>
+        <source>Loading the folder</source>
+        <translation>正在加载文件夹</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>上传</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>This folder is empty</source>
+        <translation>此文件夹为空</translation>
+    </message>
+    <message>
+        <source>Drop files here, or upload them.</source>
+        <translation>将文件拖到此处，或点击上传。</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>未找到</translation>
+    </message>
+    <message>
+        <source>No document in this folder has a name that contains these words.</source>
+        <translation>此文件夹中没有名称包含这些词的文档。</translation>
+    </message>
+    <message>
+        <source>Cloud documents are not reachable</source>
+        <translation>无法访问云文档</translation>
+    </message>
+    <message>
+        <source>The cloud service does not answer. The page comes back by itself once it does.</source>
+        <translation>云服务没有响应。恢复后页面会自动刷新。</translation>
+    </message>
+    <message>
+        <source>This folder cannot be shown</source>
+        <translation>无法显示此文件夹</translation>
+    </message>
+</context>
+<context>
+    <name>CloudDocToolBar</name>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>action and its keys</comment>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>上传</translation>
+    </message>
+    <message>
+        <source>Opens a menu</source>
+        <translation>打开菜单</translation>
+    </message>
+    <message>
+        <source>Order</source>
+        <translation>排序</translation>
+    </message>
+</context>
+<context>
+    <name>CloudProblems</name>
+    <message>
+        <source>The folder could not be made.</source>
+        <translation>无法新建文件夹。</translation>
+    </message>
+    <message>
+        <source>The name could not be changed.</source>
+        <translation>无法重命名。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be moved.</source>
+        <translation>
+            <numerusform>%n 个项目无法移动。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be copied.</source>
+        <translation>
+            <numerusform>%n 个项目无法复制。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be moved to the recycle bin.</source>
+        <translation>
+            <numerusform>%n 个项目无法移到回收站。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be brought back.</source>
+        <translation>
+            <numerusform>%n 个项目无法恢复。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be uploaded.</source>
+        <translation>
+            <numerusform>%n 个项目无法上传。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be downloaded.</source>
+        <translation>
+            <numerusform>%n 个项目无法下载。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The transfer could not be changed.</source>
+        <translation>无法更改此传输。</translation>
+    </message>
+    <message>
+        <source>The cloud service does not answer.</source>
+        <translation>云服务没有响应。</translation>
+    </message>
+    <message>
+        <source>It is no longer there.</source>
+        <translation>它已不存在。</translation>
+    </message>
+    <message>
+        <source>The name is already taken.</source>
+        <translation>该名称已被使用。</translation>
+    </message>
+    <message>
+        <source>You do not have permission for this.</source>
+        <translation>您没有权限执行此操作。</translation>
+    </message>
+    <message>
+        <source>The drive does not accept this name.</source>
+        <translation>云盘不接受此名称。</translation>
+    </message>
+    <message>
+        <source>There is no space left.</source>
+        <translation>空间不足。</translation>
+    </message>
+    <message>
+        <source>The file could not be read or written.</source>
+        <translation>文件无法读取或写入。</translation>
+    </message>
+    <message>
+        <source>The drive cannot be reached at present.</source>
+        <translation>目前无法访问云盘。</translation>
+    </message>
+    <message>
+        <source>It was cancelled.</source>
+        <translation>已取消。</translation>
+    </message>
+    <message>
+        <source>Something unexpected went wrong.</source>
+        <translation>发生了意外错误。</translation>
+    </message>
+</context>
+<context>
+    <name>CloudRow</name>
+    <message>
+        <source>Waiting</source>
+        <translation>等待中</translation>
+    </message>
+    <message>
+        <source>%1%</source>
+        <translation>%1%</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <comment>a transfer</comment>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>yesterday %1</source>
+        <translation>昨天 %1</translation>
+    </message>
+    <message>
+        <source>d MMMM</source>
+        <comment>format of a date within this year</comment>
+        <translation>M月d日</translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation>剩余不到一分钟</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n minute(s) left</source>
+        <translation>
+            <numerusform>剩余 %n 分钟</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hour(s) left</source>
+        <translation>
+            <numerusform>剩余 %n 小时</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CloudSettingsPage</name>
+    <message>
+        <source>Cloud</source>
+        <translation>云</translation>
+    </message>
+    <message>
+        <source>Open folder</source>
+        <translation>打开文件夹</translation>
+    </message>
+    <message>
+        <source>The folder cannot be opened.</source>
+        <translation>无法打开该文件夹。</translation>
+    </message>
+    <message>
+        <source>Account on this computer</source>
+        <translation>本机账号</translation>
+    </message>
+    <message>
+        <source>Local account</source>
+        <translation>本地账号</translation>
+    </message>
+    <message>
+        <source>Drive</source>
+        <translation>云盘</translation>
+    </message>
+    <message>
+        <source>Folder</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>空间</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <translation>服务器</translation>
+    </message>
+    <message>
+        <source>Cloud server</source>
+        <translation>云服务器</translation>
+    </message>
+    <message>
+        <source>Connecting a server is not available in this version. Nothing is sent anywhere.</source>
+        <translation>此版本尚不能连接服务器。不会向任何地方发送内容。</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Sign out</source>
+        <translation>退出登录</translation>
+    </message>
+    <message>
+        <source>Sign in</source>
+        <translation>登录</translation>
+    </message>
+    <message>
+        <source>Not known at the moment.</source>
+        <translation>暂时无法获知。</translation>
+    </message>
+    <message>
+        <source>The cloud service did not do it. Please try again.</source>
+        <translation>云服务未能完成此操作，请重试。</translation>
+    </message>
+    <message>
+        <source>Sign out although uploads still wait?</source>
+        <translation>仍有上传在等待，确定退出登录吗？</translation>
+    </message>
+    <message>
+        <source>Sign out and drop uploads</source>
+        <translation>退出登录并放弃上传</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n upload(s) will not be done.</source>
+        <translation>
+            <numerusform>%n 个上传将不会完成。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>One moment…</source>
+        <translation>请稍候…</translation>
+    </message>
+    <message>
+        <source>The cloud service is not running. Your documents in the folder stay usable.</source>
+        <translation>云服务未运行。文件夹中的文档仍可使用。</translation>
+    </message>
+    <message>
+        <source>Signed out. Recent documents of your devices are not kept together.</source>
+        <translation>已退出登录。各设备的最近文档不再汇总。</translation>
+    </message>
+    <message>
+        <source>Signed in. Everything stays on this computer.</source>
+        <translation>已登录。所有内容都保存在这台计算机上。</translation>
+    </message>
+    <message>
+        <source>%1 of %2 used.</source>
+        <translation>已用 %1，共 %2。</translation>
+    </message>
+    <message>
+        <source>%1 used.</source>
+        <translation>已用 %1。</translation>
+    </message>
+</context>
+<context>
     <name>CloudSettingsWidget</name>
-    <message>
-        <source>Appearance</source>
-        <translation>外观</translation>
-    </message>
-    <message>
-        <source>When the window is closed</source>
-        <translation>关闭窗口时</translation>
-    </message>
     <message>
         <source>Privacy</source>
         <translation>隐私</translation>
     </message>
     <message>
-        <source>Like the desktop</source>
-        <translation>跟随桌面</translation>
-    </message>
-    <message>
-        <source>Light</source>
-        <translation>浅色</translation>
-    </message>
-    <message>
-        <source>Dark</source>
-        <translation>深色</translation>
-    </message>
-    <message>
-        <source>Keep running if there is a tray, else ask</source>
-        <translation>有系统托盘时继续运行，否则询问</translation>
-    </message>
-    <message>
-        <source>Keep running</source>
-        <translation>继续运行</translation>
-    </message>
-    <message>
-        <source>Ask</source>
-        <translation>询问</translation>
-    </message>
-    <message>
-        <source>Write usage events to a file on this computer</source>
-        <translation>将使用事件记录到本机文件</translation>
-    </message>
-    <message>
-        <source>The file never leaves this computer.</source>
-        <translation>该文件不会离开本机。</translation>
-    </message>
-    <message>
-        <source>Everything stays on this computer. Connecting a cloud server comes with a later version.</source>
-        <translation>所有内容都保存在本机。后续版本将支持连接云服务器。</translation>
-    </message>
-    <message>
         <source>Cloud</source>
         <translation>云服务</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>General</source>
+        <translation>常规</translation>
+    </message>
+    <message>
+        <source>Recent</source>
+        <translation>最近</translation>
+    </message>
+    <message>
+        <source>File radar</source>
+        <translation>文件雷达</translation>
+    </message>
+    <message>
+        <source>Desktop sync</source>
+        <translation>桌面同步</translation>
+    </message>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷键</translation>
+    </message>
+    <message>
+        <source>Nothing to set yet</source>
+        <translation>暂无可设置的内容</translation>
+    </message>
+    <message>
+        <source>What the file radar watches will be chosen here. It comes with a later version.</source>
+        <translation>文件雷达的监视范围将在此处选择，后续版本提供。</translation>
+    </message>
+    <message>
+        <source>Which folders are kept in step will be chosen here. Desktop sync comes with a later version.</source>
+        <translation>要保持同步的文件夹将在此处选择。桌面同步将在后续版本提供。</translation>
+    </message>
+</context>
+<context>
+    <name>CloudSortMenu</name>
+    <message>
+        <source>Order of the list</source>
+        <translation>列表排序</translation>
+    </message>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Last modified</source>
+        <translation>修改时间</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>Type</source>
+        <translation>类型</translation>
+    </message>
+    <message>
+        <source>Newest first</source>
+        <translation>从新到旧</translation>
+    </message>
+    <message>
+        <source>Oldest first</source>
+        <translation>从旧到新</translation>
+    </message>
+    <message>
+        <source>Largest first</source>
+        <translation>从大到小</translation>
+    </message>
+    <message>
+        <source>Smallest first</source>
+        <translation>从小到大</translation>
+    </message>
+    <message>
+        <source>A to Z</source>
+        <translation>升序</translation>
+    </message>
+    <message>
+        <source>Z to A</source>
+        <translation>降序</translation>
+    </message>
+</context>
+<context>
+    <name>CloudStatusLine</name>
+    <message>
+        <source>%1 of %2 selected</source>
+        <translation>已选 %1/%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s)</source>
+        <translation>
+            <numerusform>%n 个项目</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1 of %2 used</source>
+        <translation>已用 %1，共 %2</translation>
+    </message>
+    <message>
+        <source>%1 used</source>
+        <translation>已用 %1</translation>
+    </message>
+</context>
+<context>
+    <name>ConfirmDialog</name>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+</context>
+<context>
+    <name>ConflictDialog</name>
+    <message>
+        <source>Name already taken</source>
+        <translation>名称已被使用</translation>
+    </message>
+    <message>
+        <source>Keep Both</source>
+        <translation>保留两者</translation>
+    </message>
+    <message>
+        <source>Replace</source>
+        <translation>替换</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Leave Out</source>
+        <translation>跳过</translation>
+    </message>
+    <message>
+        <source>“%1” is already there</source>
+        <translation>“%1”已存在</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n name(s) are already taken there</source>
+        <translation>
+            <numerusform>有 %n 个名称已被使用</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>and %n more</source>
+        <translation>
+            <numerusform>以及另外 %n 个</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The file that is there: %1, changed %2.</source>
+        <comment>size, time</comment>
+        <translation>现有文件：%1，修改于 %2。</translation>
+    </message>
+    <message>
+        <source>Keep Both gives the new one the name “%1”.</source>
+        <translation>“保留两者”会将新文件命名为“%1”。</translation>
+    </message>
+    <message>
+        <source>Replace moves files that are there to the recycle bin; folders are merged.</source>
+        <translation>“替换”会将现有文件移到回收站；文件夹将会合并。</translation>
+    </message>
+</context>
+<context>
+    <name>CrumbButton</name>
+    <message>
+        <source>The folder that is shown</source>
+        <translation>当前显示的文件夹</translation>
     </message>
 </context>
 <context>
@@ -152,10 +745,70 @@
     </message>
 </context>
 <context>
-    <name>InlineNotice</name>
+    <name>GeneralPage</name>
     <message>
-        <source>Close notice</source>
-        <translation>关闭提示</translation>
+        <source>General</source>
+        <translation>常规</translation>
+    </message>
+    <message>
+        <source>Start with the session</source>
+        <translation>开机启动</translation>
+    </message>
+    <message>
+        <source>When you log in, ZEL Box starts in the background, without a window.</source>
+        <translation>登录桌面时，ZEL Box 在后台启动，不显示窗口。</translation>
+    </message>
+    <message>
+        <source>When the window is closed</source>
+        <translation>关闭窗口时</translation>
+    </message>
+    <message>
+        <source>Automatic: it keeps running in the background where the desktop has a tray, and asks elsewhere.</source>
+        <translation>自动：桌面有托盘时在后台继续运行，否则询问。</translation>
+    </message>
+    <message>
+        <source>Appearance</source>
+        <translation>外观</translation>
+    </message>
+    <message>
+        <source>Language</source>
+        <translation>语言</translation>
+    </message>
+    <message>
+        <source>Automatic</source>
+        <translation>自动</translation>
+    </message>
+    <message>
+        <source>Keep running</source>
+        <translation>继续运行</translation>
+    </message>
+    <message>
+        <source>Ask each time</source>
+        <translation>每次询问</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>退出</translation>
+    </message>
+    <message>
+        <source>Like the desktop</source>
+        <translation>跟随桌面</translation>
+    </message>
+    <message>
+        <source>Light</source>
+        <translation>浅色</translation>
+    </message>
+    <message>
+        <source>Dark</source>
+        <translation>深色</translation>
+    </message>
+    <message>
+        <source>The entry for the start with the session cannot be written.</source>
+        <translation>无法写入开机启动项。</translation>
+    </message>
+    <message>
+        <source>The entry for the start with the session cannot be changed.</source>
+        <translation>无法更改开机启动项。</translation>
     </message>
 </context>
 <context>
@@ -296,10 +949,6 @@
         <source>Settings</source>
         <translation>设置</translation>
     </message>
-    <message>
-        <source>Close</source>
-        <translation>关闭</translation>
-    </message>
 </context>
 <context>
     <name>KZelBoxWindowTitleButtonGroup</name>
@@ -313,10 +962,78 @@
     </message>
 </context>
 <context>
-    <name>LoadingIndicator</name>
+    <name>KeyField</name>
     <message>
-        <source>Loading recent files</source>
-        <translation>正在加载最近文件</translation>
+        <source>None</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Press keys…</source>
+        <translation>请按键…</translation>
+    </message>
+    <message>
+        <source>Waiting for keys. Escape gives up, Backspace means none.</source>
+        <translation>正在等待按键。按 Esc 放弃，按退格键表示不设置。</translation>
+    </message>
+</context>
+<context>
+    <name>MiniPanel</name>
+    <message>
+        <source>Open ZEL Box</source>
+        <translation>打开 ZEL Box</translation>
+    </message>
+    <message>
+        <source>Keep in sight</source>
+        <translation>保持显示</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>MoveDialog</name>
+    <message>
+        <source>Move to</source>
+        <translation>移动到</translation>
+    </message>
+    <message>
+        <source>Move “%1” to</source>
+        <translation>将“%1”移动到</translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %n item(s) to</source>
+        <translation>
+            <numerusform>将 %n 个项目移动到</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>Folders</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Move</source>
+        <translation>移动</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>To “%1”</source>
+        <translation>移动到“%1”</translation>
+    </message>
+    <message>
+        <source>The cloud service is not reachable at present.</source>
+        <translation>目前无法连接云服务。</translation>
+    </message>
+    <message>
+        <source>There are no folders in here.</source>
+        <translation>此处没有文件夹。</translation>
     </message>
 </context>
 <context>
@@ -330,48 +1047,44 @@
         <translation>云文档</translation>
     </message>
     <message>
-        <source>Your cloud documents will be listed here in a coming version.</source>
-        <translation>您的云文档将在后续版本中显示在这里。</translation>
-    </message>
-    <message>
         <source>Team folders</source>
         <translation>团队文件夹</translation>
-    </message>
-    <message>
-        <source>Folders shared with your team will be listed here in a coming version.</source>
-        <translation>与团队共享的文件夹将在后续版本中显示在这里。</translation>
     </message>
     <message>
         <source>Messages</source>
         <translation>消息</translation>
     </message>
     <message>
-        <source>Messages about your documents will be listed here in a coming version.</source>
-        <translation>与您的文档有关的消息将在后续版本中显示在这里。</translation>
-    </message>
-    <message>
         <source>File radar</source>
         <translation>文件雷达</translation>
-    </message>
-    <message>
-        <source>Received and downloaded files will be listed here in a coming version.</source>
-        <translation>接收和下载的文件将在后续版本中显示在这里。</translation>
     </message>
     <message>
         <source>Channels</source>
         <translation>频道</translation>
     </message>
     <message>
-        <source>Message channels will be listed here in a coming version.</source>
-        <translation>消息频道将在后续版本中显示在这里。</translation>
-    </message>
-    <message>
         <source>Desktop sync</source>
         <translation>桌面同步</translation>
     </message>
     <message>
-        <source>The state of your synchronised desktop will be shown here in a coming version.</source>
-        <translation>桌面同步状态将在后续版本中显示在这里。</translation>
+        <source>Folders that a team shares need a cloud server, which this version cannot connect to.</source>
+        <translation>团队共享文件夹需要云服务器，此版本尚不能连接。</translation>
+    </message>
+    <message>
+        <source>Messages about your documents come with a later version.</source>
+        <translation>文档消息将在后续版本提供。</translation>
+    </message>
+    <message>
+        <source>Files that you receive and download will be found here in a later version.</source>
+        <translation>后续版本将在此处汇集您接收和下载的文件。</translation>
+    </message>
+    <message>
+        <source>Message channels come with a later version.</source>
+        <translation>消息频道将在后续版本提供。</translation>
+    </message>
+    <message>
+        <source>Keeping your desktop folder in step with the cloud comes with a later version.</source>
+        <translation>桌面文件夹与云端同步将在后续版本提供。</translation>
     </message>
 </context>
 <context>
@@ -385,6 +1098,84 @@
     <message>
         <source>Pages</source>
         <translation>页面</translation>
+    </message>
+</context>
+<context>
+    <name>NoticeBar</name>
+    <message>
+        <source>Close notice</source>
+        <translation>关闭提示</translation>
+    </message>
+</context>
+<context>
+    <name>PrivacyPage</name>
+    <message>
+        <source>Privacy</source>
+        <translation>隐私</translation>
+    </message>
+    <message>
+        <source>Write usage events to a file on this computer</source>
+        <translation>将使用事件写入本机文件</translation>
+    </message>
+    <message>
+        <source>Which functions are used how often, for whoever looks for errors. Off unless you switch it on; the file never leaves this computer.</source>
+        <translation>记录各功能的使用频率，便于排查错误。默认关闭；该文件不会离开这台计算机。</translation>
+    </message>
+    <message>
+        <source>What is stored where</source>
+        <translation>存储内容与位置</translation>
+    </message>
+    <message>
+        <source>All of this lies in your own folders, and nobody else is told of it.</source>
+        <translation>所有内容都在您自己的文件夹中，不会告知任何人。</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>Cleared.</source>
+        <translation>已清除。</translation>
+    </message>
+    <message>
+        <source>Some of it could not be removed.</source>
+        <translation>部分内容无法删除。</translation>
+    </message>
+    <message>
+        <source>Cleared here. The desktop&apos;s list could not be changed, so it still names the documents.</source>
+        <translation>此处已清除。但无法更改桌面的列表，其中仍有这些文档。</translation>
+    </message>
+    <message>
+        <source>Cleared here. The cloud service could not be asked; its list is as it was.</source>
+        <translation>此处已清除。但无法联系云服务，其列表保持不变。</translation>
+    </message>
+    <message>
+        <source>Clear the history of recent documents?</source>
+        <translation>清除最近文档的记录？</translation>
+    </message>
+    <message>
+        <source>The list is emptied for good, pins included. The same documents go from the desktop&apos;s list of recent documents, which other programs show, and from the list of your devices.</source>
+        <translation>列表将被永久清空，包括置顶的文档。同样的文档也会从桌面的最近文档列表（其他程序会显示）和您各设备的列表中移除。</translation>
+    </message>
+    <message>
+        <source>The documents themselves stay where they are.</source>
+        <translation>文档本身不受影响。</translation>
+    </message>
+    <message>
+        <source>Clear the logs?</source>
+        <translation>清除日志？</translation>
+    </message>
+    <message>
+        <source>If something has gone wrong lately, its traces are lost.</source>
+        <translation>如果最近出过问题，相关线索将会丢失。</translation>
+    </message>
+    <message>
+        <source>Clear the usage events?</source>
+        <translation>清除使用事件？</translation>
+    </message>
+    <message>
+        <source>Everything that was written so far is removed. Whether further events are written is up to the switch above.</source>
+        <translation>目前已写入的全部内容将被删除。是否继续写入由上方的开关决定。</translation>
     </message>
 </context>
 <context>
@@ -424,16 +1215,44 @@
         <translation>最近文档</translation>
     </message>
     <message>
-        <source>This document cannot be opened.</source>
-        <translation>无法打开此文档。</translation>
-    </message>
-    <message>
         <source>Documents that you open will be listed here.</source>
         <translation>您打开的文档将显示在这里。</translation>
     </message>
     <message>
-        <source>No recent document has this name.</source>
-        <translation>没有符合此名称的最近文档。</translation>
+        <source>This file is no longer there.</source>
+        <translation>文件已不存在。</translation>
+    </message>
+    <message>
+        <source>This file cannot be read.</source>
+        <translation>无法读取此文件。</translation>
+    </message>
+    <message>
+        <source>No program is set up to open this kind of file.</source>
+        <translation>没有可打开此类文件的程序。</translation>
+    </message>
+    <message>
+        <source>This file is on another device.</source>
+        <translation>此文件在其他设备上。</translation>
+    </message>
+    <message>
+        <source>The folder of this file cannot be shown.</source>
+        <translation>无法显示此文件所在的文件夹。</translation>
+    </message>
+    <message>
+        <source>No recent documents</source>
+        <translation>没有最近文档</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>未找到</translation>
+    </message>
+    <message>
+        <source>No recent document matches these words.</source>
+        <translation>没有符合这些词的最近文档。</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>搜索</translation>
     </message>
 </context>
 <context>
@@ -445,6 +1264,77 @@
     <message>
         <source>Pinned</source>
         <translation>已置顶</translation>
+    </message>
+</context>
+<context>
+    <name>RecentSettingsPage</name>
+    <message>
+        <source>Recent</source>
+        <translation>最近</translation>
+    </message>
+    <message>
+        <source>Other devices</source>
+        <translation>其他设备</translation>
+    </message>
+    <message>
+        <source>Remind of changes on other devices</source>
+        <translation>提醒其他设备上的更改</translation>
+    </message>
+    <message>
+        <source>Documents that another device has added or modified get a mark, and the page shows how many there are.</source>
+        <translation>其他设备新增或修改的文档会带有标记，页面会显示其数量。</translation>
+    </message>
+    <message>
+        <source>Sources</source>
+        <translation>来源</translation>
+    </message>
+    <message>
+        <source>What the list is made of. A source that is switched off is hidden; nothing of it is lost.</source>
+        <translation>列表的组成部分。关闭的来源会被隐藏，但不会丢失任何内容。</translation>
+    </message>
+    <message>
+        <source>This desktop&apos;s list</source>
+        <translation>本桌面的列表</translation>
+    </message>
+    <message>
+        <source>Documents that any program of this desktop has opened, including sandboxed programs.</source>
+        <translation>本桌面任意程序（包括沙盒程序）打开过的文档。</translation>
+    </message>
+    <message>
+        <source>Documents used in ZEL Box</source>
+        <translation>在 ZEL Box 中使用的文档</translation>
+    </message>
+    <message>
+        <source>Documents that you opened or pinned here.</source>
+        <translation>您在此处打开或置顶的文档。</translation>
+    </message>
+    <message>
+        <source>Documents that you used on other devices, as the cloud service tells.</source>
+        <translation>云服务告知的、您在其他设备上使用的文档。</translation>
+    </message>
+    <message>
+        <source>Shown in the list</source>
+        <translation>列表中显示</translation>
+    </message>
+    <message>
+        <source>Which of these documents the list shows, by their last use.</source>
+        <translation>按最后一次使用的方式，选择列表显示哪些文档。</translation>
+    </message>
+    <message>
+        <source>Last used in ZEL Box</source>
+        <translation>最后在 ZEL Box 中使用</translation>
+    </message>
+    <message>
+        <source>Last used in programs of this desktop</source>
+        <translation>最后在本桌面的程序中使用</translation>
+    </message>
+    <message>
+        <source>Last used in sandboxed programs</source>
+        <translation>最后在沙盒程序中使用</translation>
+    </message>
+    <message>
+        <source>Last used on other devices</source>
+        <translation>最后在其他设备上使用</translation>
     </message>
 </context>
 <context>
@@ -528,6 +1418,28 @@
     </message>
 </context>
 <context>
+    <name>SearchBox</name>
+    <message>
+        <source>Search</source>
+        <translation>搜索</translation>
+    </message>
+    <message>
+        <source>Search in %1</source>
+        <translation>在“%1”中搜索</translation>
+    </message>
+</context>
+<context>
+    <name>SearchField</name>
+    <message>
+        <source>Clear search</source>
+        <translation>清除搜索</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>搜索</translation>
+    </message>
+</context>
+<context>
     <name>ShareDialog</name>
     <message>
         <source>Share document</source>
@@ -568,6 +1480,156 @@
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>ShortcutsPage</name>
+    <message>
+        <source>Shortcuts</source>
+        <translation>快捷键</translation>
+    </message>
+    <message>
+        <source>Reset all…</source>
+        <translation>全部重置…</translation>
+    </message>
+    <message>
+        <source>Reset &quot;%1&quot; to its standard keys</source>
+        <translation>将“%1”恢复为默认按键</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>%1 is needed for typing or for moving about.</source>
+        <translation>%1 用于输入或移动焦点，不能使用。</translation>
+    </message>
+    <message>
+        <source>%1 already stands for &quot;%2&quot;.</source>
+        <translation>%1 已用于“%2”。</translation>
+    </message>
+    <message>
+        <source>Reset all shortcuts to the standard keys?</source>
+        <translation>将所有快捷键恢复为默认按键？</translation>
+    </message>
+    <message>
+        <source>Reset all</source>
+        <translation>全部重置</translation>
+    </message>
+    <message>
+        <source>Your own keys are forgotten.</source>
+        <translation>您自定义的按键将会丢失。</translation>
+    </message>
+    <message>
+        <source>Main window</source>
+        <translation>主窗口</translation>
+    </message>
+    <message>
+        <source>Pages</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>Recent documents</source>
+        <translation>最近文档</translation>
+    </message>
+    <message>
+        <source>Cloud documents</source>
+        <translation>云文档</translation>
+    </message>
+    <message>
+        <source>Mini window</source>
+        <translation>迷你窗口</translation>
+    </message>
+    <message>
+        <source>Use here</source>
+        <translation>用于此处</translation>
+    </message>
+</context>
+<context>
+    <name>ShownTransfers</name>
+    <message>
+        <source>%1%, %2</source>
+        <comment>progress, details</comment>
+        <translation>%1%，%2</translation>
+    </message>
+</context>
+<context>
+    <name>StorageRow</name>
+    <message>
+        <source>Recent documents</source>
+        <translation>最近文档</translation>
+    </message>
+    <message>
+        <source>Cloud documents</source>
+        <translation>云文档</translation>
+    </message>
+    <message>
+        <source>Cloud database</source>
+        <translation>云数据库</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Logs</source>
+        <translation>日志</translation>
+    </message>
+    <message>
+        <source>Usage events</source>
+        <translation>使用事件</translation>
+    </message>
+    <message>
+        <source>Thumbnails</source>
+        <translation>缩略图</translation>
+    </message>
+    <message>
+        <source>Counting…</source>
+        <translation>正在统计…</translation>
+    </message>
+    <message>
+        <source>Show folder of &quot;%1&quot;</source>
+        <translation>显示“%1”的文件夹</translation>
+    </message>
+    <message>
+        <source>Clear…</source>
+        <translation>清除…</translation>
+    </message>
+    <message>
+        <source>Clear &quot;%1&quot;…</source>
+        <translation>清除“%1”…</translation>
+    </message>
+    <message>
+        <source>Nothing</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>Which documents you used, when, and what you pinned.</source>
+        <translation>您使用过哪些文档、何时使用，以及置顶了哪些。</translation>
+    </message>
+    <message>
+        <source>Your cloud documents and their recycle bin. Manage them on the page of cloud documents.</source>
+        <translation>您的云文档及其回收站。请在云文档页面中管理。</translation>
+    </message>
+    <message>
+        <source>Messages, transfers and the list of documents of your devices.</source>
+        <translation>消息、传输以及各设备的文档列表。</translation>
+    </message>
+    <message>
+        <source>What you choose in this window, and the places of windows.</source>
+        <translation>您在此窗口中的选择，以及各窗口的位置。</translation>
+    </message>
+    <message>
+        <source>Notes for finding errors. No names of documents.</source>
+        <translation>用于排查错误的记录，不含文档名称。</translation>
+    </message>
+    <message>
+        <source>Usage events, while they are switched on.</source>
+        <translation>使用事件（开启时）。</translation>
+    </message>
+    <message>
+        <source>Small pictures of documents. They belong to the desktop; ZEL Box only reads them.</source>
+        <translation>文档的缩略图。它们属于桌面，ZEL Box 只读取。</translation>
     </message>
 </context>
 <context>
@@ -655,6 +1717,182 @@
     </message>
 </context>
 <context>
+    <name>TransferButton</name>
+    <message>
+        <source>Transfers</source>
+        <translation>传输</translation>
+    </message>
+    <message numerus="yes">
+        <source>Transfers: %n running, %1%</source>
+        <translation>
+            <numerusform>传输：%n 个进行中，%1%</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Transfers: something went wrong</source>
+        <translation>传输：出现问题</translation>
+    </message>
+</context>
+<context>
+    <name>TransferListView</name>
+    <message>
+        <source>Transfers</source>
+        <translation>传输</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>Try again</source>
+        <translation>重试</translation>
+    </message>
+</context>
+<context>
+    <name>TransferPanel</name>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n transfer(s) running</source>
+        <translation>
+            <numerusform>%n 个传输进行中</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>传输</translation>
+    </message>
+    <message>
+        <source>Clear Finished</source>
+        <translation>清除已完成</translation>
+    </message>
+    <message>
+        <source>Nothing is being uploaded or downloaded.</source>
+        <translation>没有正在上传或下载的内容。</translation>
+    </message>
+</context>
+<context>
+    <name>TransferRow</name>
+    <message>
+        <source>%1 of %2</source>
+        <comment>bytes done of bytes in all</comment>
+        <translation>%1/%2</translation>
+    </message>
+    <message>
+        <source>%1/s</source>
+        <translation>%1/秒</translation>
+    </message>
+    <message>
+        <source>Waiting to be uploaded</source>
+        <translation>等待上传</translation>
+    </message>
+    <message>
+        <source>Waiting to be downloaded</source>
+        <translation>等待下载</translation>
+    </message>
+    <message>
+        <source>Interrupted</source>
+        <translation>已中断</translation>
+    </message>
+    <message>
+        <source>Uploaded</source>
+        <translation>已上传</translation>
+    </message>
+    <message>
+        <source>Downloaded</source>
+        <translation>已下载</translation>
+    </message>
+    <message>
+        <source>Failed</source>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>Cancelled</source>
+        <translation>已取消</translation>
+    </message>
+</context>
+<context>
+    <name>ZelBoxCloudDocWidget</name>
+    <message>
+        <source>Cloud documents</source>
+        <translation>云文档</translation>
+    </message>
+    <message>
+        <source>The cloud service is not reachable. What you see may be out of date.</source>
+        <translation>无法连接云服务。当前显示的内容可能不是最新的。</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>The folder “%1” is no longer there.</source>
+        <translation>文件夹“%1”已不存在。</translation>
+    </message>
+    <message>
+        <source>“%1” is in the recycle bin.</source>
+        <translation>“%1”已移到回收站。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) are in the recycle bin.</source>
+        <translation>
+            <numerusform>%n 个项目已移到回收站。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message numerus="yes">
+        <source>At most %n documents are opened at once.</source>
+        <translation>
+            <numerusform>一次最多打开 %n 个文档。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This file is no longer there.</source>
+        <translation>文件已不存在。</translation>
+    </message>
+    <message>
+        <source>You do not have permission to read this file.</source>
+        <translation>您没有读取此文件的权限。</translation>
+    </message>
+    <message>
+        <source>No program on this computer opens this kind of file.</source>
+        <translation>这台计算机上没有程序可打开此类文件。</translation>
+    </message>
+    <message>
+        <source>Download to</source>
+        <translation>下载到</translation>
+    </message>
+    <message>
+        <source>There are no files on the clipboard.</source>
+        <translation>剪贴板中没有文件。</translation>
+    </message>
+    <message>
+        <source>New Folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>Upload a Folder</source>
+        <translation>上传文件夹</translation>
+    </message>
+    <message>
+        <source>Upload Files</source>
+        <translation>上传文件</translation>
+    </message>
+    <message>
+        <source>Actions for the selected documents</source>
+        <translation>所选文档的操作</translation>
+    </message>
+    <message>
+        <source>Actions for the folder</source>
+        <translation>文件夹的操作</translation>
+    </message>
+</context>
+<context>
     <name>ZelBoxExitDialog</name>
     <message>
         <source>Exit</source>
@@ -715,8 +1953,35 @@
         <translation>已用 %1</translation>
     </message>
     <message>
-        <source>%1 of %2 used</source>
-        <translation>已用 %1，共 %2</translation>
+        <source>On this computer</source>
+        <translation>在这台计算机上</translation>
+    </message>
+    <message>
+        <source>%1 used, %2 free</source>
+        <translation>已用 %1，可用 %2</translation>
+    </message>
+</context>
+<context>
+    <name>ZelBoxMainWindow</name>
+    <message>
+        <source>Window</source>
+        <translation>窗口</translation>
+    </message>
+    <message>
+        <source>Minimize</source>
+        <translation>最小化</translation>
+    </message>
+    <message>
+        <source>Restore</source>
+        <translation>还原</translation>
+    </message>
+    <message>
+        <source>Maximize</source>
+        <translation>最大化</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
     </message>
 </context>
 <context>
@@ -754,8 +2019,16 @@
         <translation>退出</translation>
     </message>
     <message>
-        <source>On this computer only</source>
-        <translation>仅保存在本机</translation>
+        <source>Cloud space</source>
+        <translation>云空间</translation>
+    </message>
+    <message>
+        <source>Not signed in</source>
+        <translation>未登录</translation>
+    </message>
+    <message>
+        <source>Sign in…</source>
+        <translation>登录…</translation>
     </message>
 </context>
 <context>
@@ -764,16 +2037,16 @@
         <source>Quick search</source>
         <translation>快速搜索</translation>
     </message>
+    <message>
+        <source>Enter opens  ·  Ctrl+Enter shows in folder  ·  Esc closes</source>
+        <translation>回车打开  ·  Ctrl+回车在文件夹中显示  ·  Esc 关闭</translation>
+    </message>
 </context>
 <context>
     <name>ZelBoxMiniWindow</name>
     <message>
         <source>Mini window</source>
         <translation>迷你窗口</translation>
-    </message>
-    <message>
-        <source>Open ZEL Box</source>
-        <translation>打开 ZEL Box</translation>
     </message>
 </context>
 <context>
@@ -952,14 +2225,6 @@ Last used on %2</source>
         <translation>文件数：%1</translation>
     </message>
     <message>
-        <source>Find</source>
-        <translation>查找</translation>
-    </message>
-    <message>
-        <source>Find in recent files</source>
-        <translation>在最近文件中查找</translation>
-    </message>
-    <message>
         <source>Order</source>
         <translation>排序</translation>
     </message>
@@ -1054,6 +2319,10 @@ Last used on %2</source>
         <source>Open a File</source>
         <translation>打开文件</translation>
     </message>
+    <message>
+        <source>Loading recent files</source>
+        <translation>正在加载最近文件</translation>
+    </message>
 </context>
 <context>
     <name>ZelBoxSpaceBar</name>
@@ -1083,6 +2352,12 @@ Last used on %2</source>
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n new or changed document(s)</source>
+        <translation>
+            <numerusform>%n 个新增或已更改的文档</numerusform>
+        </translation>
     </message>
 </context>
 <context>

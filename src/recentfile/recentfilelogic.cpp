@@ -63,6 +63,8 @@ void KRecentFileLogic::connectStore()
     connect(events, &Events::recordsAdded, this, &KRecentFileLogic::onRecentRecordAdded);
     connect(events, &Events::recordsRemoved, this, &KRecentFileLogic::onRecentRecordRemoved);
     connect(events, &Events::recordsChanged, this, &KRecentFileLogic::onRecentRecordInfoChanged);
+    connect(zel::recent::SettingsEvents::instance(), &zel::recent::SettingsEvents::kindMaskChanged, this,
+        &KRecentFileLogic::onKindMaskChanged);
 }
 
 void KRecentFileLogic::connectCloud()
@@ -166,6 +168,15 @@ void KRecentFileLogic::rebuildRows()
     Q_EMIT itemsBatchArrived(kindMask());
     if (m_model->unreadCount() != unreadBefore)
         onUpdateRecentTabUnreadPoint();
+}
+
+// Without any kind there is nothing to load, but there are rows to take away.
+void KRecentFileLogic::onKindMaskChanged()
+{
+    if (!m_model || !isStoreReady() || m_windowNotYetShown)
+        return;
+    finishWaiting();
+    rebuildRows();
 }
 
 void KRecentFileLogic::onRecentRecordInitFinished()

@@ -91,6 +91,7 @@ private:
     bool canLoad() const;
     void finishWaiting();
     void rebuildRows();
+    void onKindMaskChanged();
     void updateRoaming(bool sync);
     void markPending();
     void rememberPending(const QStringList &ids);

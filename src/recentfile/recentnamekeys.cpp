@@ -1,27 +1,17 @@
 #include "recentfile/recentnamekeys.h"
 
+#include "base/namecollator.h"
+
 #include <algorithm>
 #include <numeric>
 #include <tuple>
 
 namespace zel::recent {
 
-static QCollator fileNameCollator()
-{
-    // The C locale knows neither digits by value nor letters outside ASCII.
-    QLocale locale;
-    if (locale.language() == QLocale::C)
-        locale = QLocale(QLocale::English);
-    QCollator collator(locale);
-    collator.setNumericMode(true);
-    collator.setCaseSensitivity(Qt::CaseInsensitive);
-    return collator;
-}
-
 void RecentNameKeys::set(quint32 slot, const QString &name)
 {
     if (!m_collator)
-        m_collator = fileNameCollator();
+        m_collator = nameCollator();
     if (slot >= m_keys.size())
         m_keys.resize(slot + 1);
     m_keys[slot] = m_collator->sortKey(name);

@@ -11,8 +11,9 @@ namespace zel::recent {
 
 namespace {
 
-constexpr int DefaultKinds = RecentRecordKind::Roaming | RecentRecordKind::Opened | RecentRecordKind::Desktop
-    | RecentRecordKind::Sandbox;
+static_assert(AllKinds
+    == (RecentRecordKind::Roaming | RecentRecordKind::Opened | RecentRecordKind::Desktop
+        | RecentRecordKind::Sandbox));
 constexpr int DefaultLoadingTimeout = 5000;
 
 std::optional<int> cachedMask;
@@ -37,6 +38,17 @@ QString readInterval()
     return settings.value(keys::UpdateRoamingFilesInterval, QStringLiteral("1800000")).toString();
 }
 
+struct SourceKey
+{
+    int source;
+    QLatin1String key;
+};
+constexpr SourceKey SourceKeys[] = {
+    {RecentSource::Desktop, keys::RecentSourceDesktop},
+    {RecentSource::Box, keys::RecentSourceBox},
+    {RecentSource::Devices, keys::RecentSourceDevices},
+};
+
 // In the order of RecentSort::Key.
 QStringList sortKeyNames()
 {
@@ -45,11 +57,29 @@ QStringList sortKeyNames()
 
 } // namespace
 
+SettingsEvents *SettingsEvents::instance()
+{
+    static SettingsEvents events;
+    return &events;
+}
+
 int kindMask()
 {
     if (!cachedMask)
-        cachedMask = readNumber(keys::RecentRecordType, DefaultKinds) & DefaultKinds;
+        cachedMask = readNumber(keys::RecentRecordType, AllKinds) & AllKinds;
     return *cachedMask;
+}
+
+void setKindMask(int mask)
+{
+    mask &= AllKinds;
+    if (mask == kindMask())
+        return;
+    cachedMask = mask;
+    KSettings settings;
+    settings.beginGroup(keys::Zelbox);
+    settings.setValue(keys::RecentRecordType, mask);
+    Q_EMIT SettingsEvents::instance()->kindMaskChanged();
 }
 
 int roamingRefreshInterval()
@@ -82,6 +112,30 @@ void setRemindersOn(bool on)
     settings.beginGroup(keys::Zelbox);
     settings.setValue(keys::RemindMsg, on);
     settings.setValue(keys::IgnoreMsg, !on);
+    Q_EMIT SettingsEvents::instance()->remindersChanged(on);
+}
+
+int storedSources()
+{
+    KSettings settings;
+    settings.beginGroup(keys::Plugins);
+    settings.beginGroup(keys::Zelbox);
+    int sources = 0;
+    for (const SourceKey &each : SourceKeys) {
+        if (settings.value(each.key, true).toBool())
+            sources |= each.source;
+    }
+    return sources;
+}
+
+void storeSources(int sources)
+{
+    KSettings settings;
+    settings.beginGroup(keys::Plugins);
+    settings.beginGroup(keys::Zelbox);
+    for (const SourceKey &each : SourceKeys)
+        settings.setValue(each.key, (sources & each.source) != 0);
+    SetRecentSources(sources);
 }
 
 RecentSort storedSort()

@@ -2,12 +2,29 @@
 
 #include "recentfile/recentfilter.h"
 
+#include <QObject>
+
 /// Settings of the Recent page. GUI thread.
 namespace zel::recent {
 
+/// Tells of changes that a page makes while others show what it is about. One for the process.
+class SettingsEvents final : public QObject
+{
+    Q_OBJECT
+public:
+    static SettingsEvents *instance();
+
+Q_SIGNALS:
+    void kindMaskChanged();
+    void remindersChanged(bool on);
+};
+
+inline constexpr int AllKinds = 106; ///< every kind that the page can show
+
 /// Read once per process: kinds of records that the page shows, bits of RecentRecordKind. A setting can only
-/// narrow the default of 106.
+/// narrow AllKinds.
 int kindMask();
+void setKindMask(int mask); ///< stored; the page follows at once
 /// Read once per process: period of the roaming refresh in ms; text that is no number gives 0. Negative: no
 /// refresh.
 int roamingRefreshInterval();
@@ -17,6 +34,11 @@ int loadingTimeout();
 /// Whether the user wants to be told of what other devices did. True at first.
 bool remindersOn();
 void setRemindersOn(bool on);
+
+/// The sources that the user wants, bits of RecentSource; all at first. To be given to SetRecentSources()
+/// before the store starts.
+int storedSources();
+void storeSources(int sources); ///< and the store follows at once
 
 /// The order that the list was in last; by time at first.
 RecentSort storedSort();

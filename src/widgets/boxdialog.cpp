@@ -1,35 +1,46 @@
 #include "widgets/boxdialog.h"
 
 #include "klitestyle.h"
+#include "klook.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QVBoxLayout>
 
+namespace look = zel::look;
+
 BoxDialog::BoxDialog(const QString &title, const QString &heading, QWidget *parent)
-    : QDialog(parent), m_body(new QVBoxLayout), m_buttons(new QDialogButtonBox(this))
+    : QDialog(parent), m_body(new QVBoxLayout)
 {
     setWindowTitle(title);
     setWindowIcon(QIcon(QStringLiteral(":/icons/zelbox.ico")));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
     auto *headingLabel = new QLabel(heading, this);
-    QFont headingFont = font();
-    headingFont.setPointSizeF(headingFont.pointSizeF() * 1.35);
-    headingFont.setWeight(QFont::DemiBold);
-    headingLabel->setFont(headingFont);
+    headingLabel->setFont(look::font(look::Type::Title, font()));
     headingLabel->setTextFormat(Qt::PlainText); // may hold the name of a file
     headingLabel->setWordWrap(true);
 
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({24, 20, 24, 20}));
-    layout->setSpacing(KLiteStyle::dpiScaled(12));
+    layout->setContentsMargins(
+        KLiteStyle::dpiScaledMargins({look::SpaceXL, look::SpaceL, look::SpaceXL, look::SpaceL}));
+    layout->setSpacing(KLiteStyle::dpiScaled(look::SpaceM));
     layout->addWidget(headingLabel);
-    m_body->setSpacing(KLiteStyle::dpiScaled(10));
+    m_body->setSpacing(KLiteStyle::dpiScaled(look::SpaceS));
     layout->addLayout(m_body, 1);
-    layout->addSpacing(KLiteStyle::dpiScaled(4));
-    layout->addWidget(m_buttons);
-    connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
-    connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    layout->addSpacing(KLiteStyle::dpiScaled(look::SpaceXS));
+}
+
+// The box of buttons hands the focus on to its first button. The Tab key, which goes by the order of making,
+// would never come to what was made between the two.
+QDialogButtonBox *BoxDialog::buttons()
+{
+    if (!m_buttons) {
+        m_buttons = new QDialogButtonBox(this);
+        layout()->addWidget(m_buttons);
+        connect(m_buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
+        connect(m_buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    }
+    return m_buttons;
 }
 
 QString BoxDialog::headingName(const QString &fileName)

@@ -18,10 +18,10 @@ public:
 
 protected:
     QVBoxLayout *body() const { return m_body; }
-    QDialogButtonBox *buttons() const { return m_buttons; }
+    QDialogButtonBox *buttons();          ///< made when first asked for: after the body, see there
     QLabel *addText(const QString &text); ///< a wrapped paragraph in the body
 
 private:
     QVBoxLayout *m_body;
-    QDialogButtonBox *m_buttons;
+    QDialogButtonBox *m_buttons = nullptr;
 };

@@ -1,15 +1,16 @@
 #include "widgets/chip.h"
 
 #include "klitestyle.h"
+#include "klook.h"
 #include "kskin.h"
+#include "widgets/focusring.h"
 
 #include <QEvent>
 #include <QPainter>
 
-namespace {
-constexpr int SidePadding = 12;
-constexpr int Height = 26;
-} // namespace
+namespace look = zel::look;
+
+static constexpr int Height = 26;
 
 Chip::Chip(const QString &text, QWidget *parent) : QAbstractButton(parent)
 {
@@ -22,8 +23,9 @@ Chip::Chip(const QString &text, QWidget *parent) : QAbstractButton(parent)
 
 QSize Chip::sizeHint() const
 {
-    const int width = fontMetrics().horizontalAdvance(text()) + KLiteStyle::dpiScaled(2 * SidePadding);
-    return {width, qMax(KLiteStyle::dpiScaled(Height), fontMetrics().height() + KLiteStyle::dpiScaled(8))};
+    const int width = fontMetrics().horizontalAdvance(text()) + KLiteStyle::dpiScaled(2 * look::SpaceM);
+    return {width,
+        qMax(KLiteStyle::dpiScaled(Height), fontMetrics().height() + KLiteStyle::dpiScaled(look::SpaceS))};
 }
 
 bool Chip::event(QEvent *event)
@@ -39,19 +41,20 @@ void Chip::paintEvent(QPaintEvent *)
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF pill = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     const qreal radius = pill.height() / 2;
-    const QColor accent = KSkin::color(KSkin::Color::Accent);
-    QColor ground = accent;
-    ground.setAlphaF(0.12);
-    if (!isChecked())
-        ground = underMouse() ? KSkin::color(KSkin::Color::Hover) : QColor(Qt::transparent);
-    painter.setPen(isChecked() ? QPen(Qt::NoPen) : QPen(KSkin::color(KSkin::Color::Border)));
+    const bool active = isEnabled() && (underMouse() || isDown());
+    QColor ground = active ? KSkin::color(KSkin::Color::Hover) : QColor(Qt::transparent);
+    if (isChecked()) {
+        ground = KSkin::color(KSkin::Color::Accent);
+        ground.setAlphaF(active ? look::SoftTintActive : look::SoftTint);
+    }
+    const bool edged = !isChecked() || KSkin::highContrast();
+    painter.setPen(edged ? QPen(KSkin::color(isChecked() ? KSkin::Color::Accent : KSkin::Color::Border))
+                         : QPen(Qt::NoPen));
     painter.setBrush(ground);
     painter.drawRoundedRect(pill, radius, radius);
-    painter.setPen(isChecked() ? accent : KSkin::color(KSkin::Color::Text));
+    painter.setPen(KSkin::color(!isEnabled() ? KSkin::Color::TextDisabled
+            : isChecked()                    ? KSkin::Color::Accent
+                                             : KSkin::Color::Text));
     painter.drawText(rect(), Qt::AlignCenter | Qt::TextSingleLine, text());
-    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(accent, 2));
-        painter.drawRoundedRect(pill.adjusted(1, 1, -1, -1), radius - 1, radius - 1);
-    }
+    zel::paintFocusRing(&painter, this, QRectF(rect()), rect().height() / 2.0);
 }

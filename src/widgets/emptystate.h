@@ -7,7 +7,8 @@ class QLabel;
 class QPushButton;
 
 /// What a page shows when it has nothing to list: a picture, a title, one sentence, and perhaps a button. GUI
-/// thread.
+/// thread. Given the focus, it hands it on to its first button, else to its title, which assistive programs
+/// then read.
 class EmptyStateWidget : public QWidget
 {
     Q_OBJECT
@@ -22,9 +23,12 @@ public:
 
 protected:
     void changeEvent(QEvent *event) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
 
 private:
     void updatePicture();
+    void handFocusOn(Qt::FocusReason reason);
 
     QString m_illustration;
     QLabel *m_picture;

@@ -1,11 +1,14 @@
 #include "widgets/iconbutton.h"
 
 #include "klitestyle.h"
+#include "klook.h"
+#include "widgets/focusring.h"
 #include "widgets/svgicon.h"
 
 #include <QEvent>
 #include <QPainter>
-#include <QStyleOptionFocusRect>
+
+namespace look = zel::look;
 
 IconButton::IconButton(const QString &icon, const QString &name, QWidget *parent)
     : QAbstractButton(parent), m_icon(icon)
@@ -42,7 +45,7 @@ void IconButton::setGlyphSize(int pixels)
 
 QSize IconButton::sizeHint() const
 {
-    return KLiteStyle::dpiScaledSize({32, 32});
+    return KLiteStyle::dpiScaledSize({look::ControlHeight, look::ControlHeight});
 }
 
 bool IconButton::event(QEvent *event)
@@ -56,6 +59,8 @@ void IconButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
+    const QRectF plate = QRectF(rect()).adjusted(1, 1, -1, -1);
+    const qreal radius = KLiteStyle::dpiScaledF(look::Radius);
     const bool hovered = isEnabled() && (underMouse() || isDown() || isChecked());
     if (hovered) {
         QColor background = KSkin::color(m_hoverBackground);
@@ -63,7 +68,7 @@ void IconButton::paintEvent(QPaintEvent *)
             background = KSkin::isDark() ? background.lighter(115) : background.darker(106);
         painter.setPen(Qt::NoPen);
         painter.setBrush(background);
-        painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 4, 4);
+        painter.drawRoundedRect(plate, radius, radius);
     }
     const KSkin::Color color = !isEnabled() ? KSkin::Color::TextDisabled
         : hovered                           ? m_hoverForeground
@@ -72,9 +77,5 @@ void IconButton::paintEvent(QPaintEvent *)
     const QRect glyph(QPoint((width() - side) / 2, (height() - side) / 2), QSize(side, side));
     painter.drawPixmap(
         glyph.topLeft(), zel::tintedPixmap(m_icon, glyph.size(), devicePixelRatioF(), KSkin::color(color)));
-    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(KSkin::color(KSkin::Color::Accent), 2));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(2, 2, -2, -2), 4, 4);
-    }
+    zel::paintFocusRing(&painter, this, plate, radius);
 }

@@ -6,10 +6,10 @@
 #include "recentfile/fakes.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
-#include "recentfile/ui/inlinenotice.h"
 #include "recentfile/ui/recentfile.h"
 #include "recentfile/ui/recentfilelistview.h"
 #include "recentfile/ui/recentfilewidget.h"
+#include "widgets/noticebar.h"
 
 #include <QFile>
 #include <QPushButton>
@@ -96,7 +96,7 @@ protected:
     ZelBoxRecentFileListView *view() const { return page()->view(); }
     QModelIndex row(int number) const { return view()->model()->index(number, 0); }
     QPoint centreOf(int number) const { return view()->visualRect(row(number)).center(); }
-    InlineNotice *notice() const { return page()->findChild<InlineNotice *>(); }
+    NoticeBar *notice() const { return page()->findChild<NoticeBar *>(); }
 
     FakeStore m_store;
     std::unique_ptr<KRecentFileEvents> m_events;

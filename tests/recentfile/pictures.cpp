@@ -9,7 +9,6 @@
 #include "kskin.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
-#include "recentfile/ui/inlinenotice.h"
 #include "recentfile/ui/loadingouttime.h"
 #include "recentfile/ui/recentdialogs.h"
 #include "recentfile/ui/recentfile.h"
@@ -20,6 +19,7 @@
 #include "recentfile/ui/recentguides.h"
 #include "recentfile/ui/recentsortmenu.h"
 #include "recentfile/ui/sharedialog.h"
+#include "widgets/noticebar.h"
 
 #include <QApplication>
 #include <QDir>
@@ -128,10 +128,10 @@ void lists(Scene &scene)
     scene.save("many");
     QTest::keyClick(scene.view(), Qt::Key_Down);
     scene.view()->verticalScrollBar()->setValue(690);
-    scene.find<InlineNotice>()->showText(QStringLiteral("This file is no longer there."));
+    scene.find<NoticeBar>()->showText(QStringLiteral("This file is no longer there."));
     scene.save("scrolled");
-    scene.find<InlineNotice>()->showOffer(
-        QStringLiteral("3 files moved to the recycle bin."), QStringLiteral("Undo"), 10000);
+    scene.find<NoticeBar>()->showAction(
+        QStringLiteral("3 files moved to the recycle bin."), QStringLiteral("Undo"));
     scene.save("undo");
     scene.page()->resize(440, 400);
     scene.save("narrow");

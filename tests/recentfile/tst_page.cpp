@@ -1,10 +1,10 @@
 #include "recentfile/pagefixture.h"
 
-#include "recentfile/ui/loadingindicator.h"
 #include "recentfile/ui/recentfiletitlemenu.h"
 #include "recentfile/ui/recentfiletitlewidget.h"
 #include "recentfile/ui/recentguides.h"
 #include "widgets/iconbutton.h"
+#include "widgets/loadingindicator.h"
 
 #include <QLabel>
 #include <QSignalSpy>
@@ -33,7 +33,7 @@ private Q_SLOTS:
 
 private:
     void markUnread(int row, int mark);
-    static QTimer *timerOf(InlineNotice *notice)
+    static QTimer *timerOf(NoticeBar *notice)
     {
         return notice->findChild<QTimer *>({}, Qt::FindDirectChildrenOnly);
     }
@@ -172,7 +172,7 @@ void TestPage::failuresAreSaidAndGoAway()
     QFETCH(QString, word);
     QFETCH(bool, byKey);
     load(3);
-    InlineNotice *notice = this->notice();
+    NoticeBar *notice = this->notice();
     QVERIFY(!notice->isVisible());
     page()->onItemDoubleClicked(row(0));
     m_opener.answer(m_opener.asked.value(0), outcome);

@@ -14,4 +14,6 @@ public:
     static void postGeneralEvent(const QString &name, const QMap<QString, QString> &parameters = {});
     static bool isEnabled();
     static void setEnabled(bool on); ///< stores the choice
+    static QString filePath();       ///< of the newest lines; older ones are in ".1" to ".3" beside it
+    static bool clear();             ///< removes what was written; false when something could not be removed
 };

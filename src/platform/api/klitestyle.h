@@ -2,6 +2,7 @@
 
 #include "zelplatform_export.h"
 
+#include <QFont>
 #include <QMargins>
 #include <QPalette>
 #include <QProxyStyle>
@@ -17,14 +18,21 @@ public:
 
     /// Design sizes are for 96 dpi; these scale them by dpiFactor() and round to whole device-independent
     /// pixels.
-    static qreal dpiFactor(); ///< logical dpi of the primary screen / 96; 1 without a screen
+    /// Logical dpi of the primary screen / 96, times the desktop's text scale where the dpi does not hold it
+    /// already (Wayland). 1 without a screen. May change, see KSkin::metricsChanged().
+    static qreal dpiFactor();
     static int dpiScaled(int value);
     static qreal dpiScaledF(qreal value);
     static QSize dpiScaledSize(const QSize &size);
     static QMargins dpiScaledMargins(const QMargins &margins);
 
     /// The skin's colours as a palette: Window and Base are KSkin's Surface, AlternateBase is KSkin's Window.
-    static QPalette palette(bool dark);
+    static QPalette palette(bool dark, bool highContrast = false);
+
+    /// "Microsoft YaHei" of 9 points (times the text scale where the dpi does not hold it), with sans-serifs
+    /// that cover Latin and Chinese alike for where the family is not installed. Once it is the application's
+    /// font (QApplication::setFont), it follows changes of scale by itself.
+    static QFont applicationFont();
 
     QPalette standardPalette() const override;
     void polish(QWidget *widget) override;

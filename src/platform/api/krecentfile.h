@@ -18,6 +18,16 @@ enum : int {
 };
 }
 
+/// Who tells of the documents in the list; bits. The user may switch each off.
+namespace RecentSource {
+enum : int {
+    Desktop = 1, ///< the recently-used lists of the desktop and of sandboxed applications
+    Box = 2,     ///< what was opened or pinned in the box
+    Devices = 4, ///< uses on other devices, told by the cloud service
+    All = Desktop | Box | Devices,
+};
+}
+
 class KCloudSvrProxy;
 
 /// One recent document. Plain value; copies share their texts.
@@ -73,6 +83,9 @@ Q_SIGNALS:
     void recordsRemoved(const RecordInfoList &records);
     void recordsChanged(const RecordInfoList &records); ///< time, presence, kind … of records already told of
     void storeProblem(const QString &logText); ///< the store was damaged or cannot be written; said once
+    /// After ClearRecentHistory(). False: the desktop's list could not be emptied, so the store keeps which
+    /// of its documents are not to be shown.
+    void historyCleared(bool completely);
 };
 
 /// The recent-file store as the GUI thread sees it. Work happens on the store's own thread.
@@ -108,6 +121,7 @@ public:
     /// Where roaming records come from and uses of files here are told; null for nowhere. Not owned, may be
     /// destroyed first. Without a login there is nothing to fetch and nothing is told.
     virtual void setCloudService(KCloudSvrProxy *cloud) = 0;
+    virtual void releaseMemory() { } ///< gives back what the store only keeps to be faster
 
     /// The process's store; null before InitRecentFile() and after UninitRecentFile().
     static KRecentFileProxy *instance();
@@ -125,3 +139,15 @@ ZELPLATFORM_EXPORT void InitRecentFile(WorkMode mode);
 ZELPLATFORM_EXPORT void UninitRecentFile();
 /// The object that emits the store's notices; lives from the first call to the end of the process.
 ZELPLATFORM_EXPORT KRecentFileEvents *RecentFileEventObject();
+
+/// The sources that the list is made of, in this process; all at first. A document that another source tells
+/// of as well stays, with what that one says of it; nothing is forgotten, so a source that comes back brings
+/// its documents. The list of a running store changes at once, by its notices. GUI thread.
+ZELPLATFORM_EXPORT void SetRecentSources(int sources);
+ZELPLATFORM_EXPORT int RecentSources();
+/// Forgets every document of every source, pins and removals too, takes the documents off the desktop's list,
+/// and leaves nothing of them in the store's files. Starts a store when there is none.
+/// KRecentFileEvents::historyCleared() follows. Documents themselves stay. GUI thread.
+/// `serviceListCleared`: the cloud service has none of them any more; otherwise the store has to remember
+/// which of its records are not to come back.
+ZELPLATFORM_EXPORT void ClearRecentHistory(bool serviceListCleared);

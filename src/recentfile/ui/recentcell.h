@@ -1,8 +1,8 @@
 #pragma once
 
-#include <QFontMetrics>
+#include "widgets/nametext.h"
+
 #include <QRect>
-#include <QString>
 
 /// Sizes that a row of the recent list is made of, in device-independent pixels.
 struct RecentCellMetrics
@@ -66,12 +66,8 @@ private:
 
 namespace zel::recent {
 
-/// `text` as it may be shown: line breaks and other control characters become blanks, and so do the
-/// characters that turn the direction of writing, with which a name can pretend to end in another suffix.
-QString plainLine(QString text);
-
-/// plainLine(`name`) in at most `width`: the middle of the base name goes first, the suffix stays readable.
-QString elidedName(const QString &name, const QFontMetrics &metrics, int width);
+using zel::elidedName;
+using zel::plainLine;
 
 /// Folder of `path` for a person: the home folder as "~". Empty when there is no path.
 QString folderText(const QString &path, const QString &home);

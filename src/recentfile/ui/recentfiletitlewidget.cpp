@@ -1,17 +1,15 @@
 #include "recentfile/ui/recentfiletitlewidget.h"
 
 #include "klitestyle.h"
+#include "klook.h"
 #include "recentfile/recenttelemetry.h"
 #include "recentfile/ui/recentfiletitlemenu.h"
 #include "recentfile/ui/recentsortmenu.h"
 #include "widgets/iconbutton.h"
-#include "widgets/svgicon.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QLocale>
 
 namespace telemetry = zel::recent::telemetry;
@@ -21,15 +19,11 @@ ZelBoxRecentFileTitleWidget::ZelBoxRecentFileTitleWidget(QWidget *parent)
       m_title(new QLabel(this)),
       m_countLabel(new QLabel(this)),
       m_unreadLabel(new QLabel(this)),
-      m_find(new QLineEdit(this)),
       m_sortMenu(new RecentSortMenu(this)),
       m_moreMenu(new KRecentFileTitleMenu(this))
 {
     m_title->setObjectName(QStringLiteral("text-title"));
-    QFont large = font();
-    large.setPointSizeF(large.pointSizeF() * 1.5);
-    large.setWeight(QFont::DemiBold);
-    m_title->setFont(large);
+    m_title->setFont(zel::look::font(zel::look::Type::Title, font()));
     m_countLabel->setObjectName(QStringLiteral("text-count"));
     m_countLabel->setForegroundRole(QPalette::PlaceholderText);
     m_unreadLabel->setObjectName(QStringLiteral("text-unread"));
@@ -45,27 +39,13 @@ ZelBoxRecentFileTitleWidget::ZelBoxRecentFileTitleWidget(QWidget *parent)
     layout->addWidget(m_countLabel, 0, Qt::AlignBaseline);
     layout->addWidget(m_unreadLabel, 0, Qt::AlignBaseline);
     layout->addStretch(1);
-    makeFind();
     makeButtons();
-    layout->addWidget(m_find, 2);
     auto *buttons = new QHBoxLayout;
     buttons->setSpacing(KLiteStyle::dpiScaled(2));
     buttons->addWidget(m_sortButton);
     buttons->addWidget(m_moreButton);
     layout->addLayout(buttons);
     updateTexts();
-}
-
-void ZelBoxRecentFileTitleWidget::makeFind()
-{
-    m_find->setObjectName(QStringLiteral("edit-find"));
-    m_find->setClearButtonEnabled(true);
-    m_find->setMaximumWidth(KLiteStyle::dpiScaled(220));
-    m_find->setMinimumWidth(KLiteStyle::dpiScaled(120));
-    m_find->addAction(zel::tintedIcon(QStringLiteral(":/icons_svg/search.svg"), KSkin::Color::TextSecondary),
-        QLineEdit::LeadingPosition);
-    m_find->installEventFilter(this);
-    connect(m_find, &QLineEdit::textChanged, this, &ZelBoxRecentFileTitleWidget::findTextChanged);
 }
 
 void ZelBoxRecentFileTitleWidget::makeButtons()
@@ -91,7 +71,6 @@ void ZelBoxRecentFileTitleWidget::popUp(IconButton *button, QMenu *menu)
 
 void ZelBoxRecentFileTitleWidget::setListTools(bool shown)
 {
-    m_find->setVisible(shown);
     m_sortButton->setVisible(shown);
 }
 
@@ -113,50 +92,6 @@ void ZelBoxRecentFileTitleWidget::setSort(const RecentSort &sort)
     m_sortMenu->setSort(sort);
 }
 
-QString ZelBoxRecentFileTitleWidget::findText() const
-{
-    return m_find->text();
-}
-
-void ZelBoxRecentFileTitleWidget::setFindText(const QString &text)
-{
-    m_find->setText(text);
-}
-
-void ZelBoxRecentFileTitleWidget::beginFinding(const QString &typed)
-{
-    m_find->setFocus(Qt::ShortcutFocusReason);
-    if (typed.isEmpty()) {
-        m_find->selectAll();
-        return;
-    }
-    m_find->end(false);
-    m_find->insert(typed);
-}
-
-// Down and Enter go on in the list; Escape takes the text away first, and then leaves.
-bool ZelBoxRecentFileTitleWidget::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched != m_find || event->type() != QEvent::KeyPress)
-        return QWidget::eventFilter(watched, event);
-    switch (static_cast<QKeyEvent *>(event)->key()) {
-    case Qt::Key_Down:
-    case Qt::Key_PageDown:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-        Q_EMIT findEnded(true);
-        return true;
-    case Qt::Key_Escape:
-        if (m_find->text().isEmpty())
-            Q_EMIT findEnded(false);
-        else
-            m_find->clear();
-        return true;
-    default:
-        return false;
-    }
-}
-
 void ZelBoxRecentFileTitleWidget::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::LanguageChange)
@@ -171,8 +106,6 @@ void ZelBoxRecentFileTitleWidget::updateTexts()
     m_countLabel->setText(number);
     m_countLabel->setAccessibleName(tr("Number of files: %1").arg(number));
     m_countLabel->setVisible(m_count > 0);
-    m_find->setPlaceholderText(tr("Find"));
-    m_find->setAccessibleName(tr("Find in recent files"));
     m_sortButton->setName(tr("Order"));
     m_moreButton->setName(tr("More"));
     updateUnread();

@@ -9,6 +9,8 @@ class ZelBoxRecentFileWidget : public ZelBoxRecentFileWidgetBase
 public:
     using ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase;
 
+    void pageHidden() override { onClearUnreadMsgAfterTabChanged(); }
+
 public Q_SLOTS:
     /// The user has gone to another page: what was new has been seen, if this page was shown since the last
     /// time.

@@ -4,14 +4,13 @@
 
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recenttelemetry.h"
-#include "recentfile/ui/inlinenotice.h"
 #include "recentfile/ui/recentdialogs.h"
 #include "recentfile/ui/recentdrag.h"
 #include "recentfile/ui/recentfilelistview.h"
 #include "recentfile/ui/recentfilemenu.h"
-#include "recentfile/ui/recentfiletitlewidget.h"
 #include "recentfile/ui/recentguides.h"
 #include "recentfile/ui/sharedialog.h"
+#include "widgets/noticebar.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -57,7 +56,10 @@ void ZelBoxRecentFileWidgetBase::connectView()
     connect(m_view, &View::sigOpenFolderRequested, this,
         [this] { onMenuOpenFilePathAction(m_view->currentIndex()); });
     connect(m_view, &View::sigFilesDropped, m_actions, &RecentFileActions::addFiles);
-    connect(m_view, &View::sigTextTyped, m_title, &ZelBoxRecentFileTitleWidget::beginFinding);
+    connect(m_view, &View::sigTextTyped, this, [this](const QString &typed) {
+        if (m_host)
+            m_host->beginFinding(typed);
+    });
     m_clickTimer.setSingleShot(true);
     connect(&m_clickTimer, &QTimer::timeout, this, &Self::onClickTimeout);
 }
@@ -71,8 +73,8 @@ void ZelBoxRecentFileWidgetBase::connectActions()
         m_notice->showText(why == KDocumentOpener::Outcome::Missing ? tr("The folder is no longer there.")
                                                                     : tr("The folder cannot be shown."));
     });
-    connect(m_notice, &InlineNotice::actionTriggered, m_actions, &RecentFileActions::undoDelete);
-    connect(m_notice, &InlineNotice::offerEnded, m_actions, &RecentFileActions::giveUpUndo);
+    connect(m_undo, &NoticeBar::actionTriggered, m_actions, &RecentFileActions::undoDelete);
+    connect(m_undo, &NoticeBar::dismissed, m_actions, &RecentFileActions::giveUpUndo);
     connect(m_logic, &KRecentFileLogic::shareNotServed, this, &Self::showShareDialog);
 }
 
@@ -304,7 +306,7 @@ void ZelBoxRecentFileWidgetBase::onMenuTipOffFileAction(const QPersistentModelIn
     if (!index.isValid())
         return;
     m_actions->report(recordAt(index));
-    m_notice->showText(tr("The document was reported."), InlineNotice::Tone::Done);
+    m_notice->showText(tr("The document was reported."), NoticeBar::Tone::Info);
     Q_EMIT sigRecentFileItemOtherMenuTriggered(index);
 }
 
@@ -317,7 +319,7 @@ void ZelBoxRecentFileWidgetBase::onFilesDeleted(const RecordInfoList &deleted, c
     QString text = tr("%n file(s) moved to the recycle bin.", nullptr, deleted.size());
     if (!failed.isEmpty())
         text += QLatin1Char(' ') + tr("%n file(s) could not be deleted.", nullptr, failed.size());
-    m_notice->showOffer(text, tr("Undo"), UndoTime);
+    m_undo->showAction(text, tr("Undo"), NoticeBar::Tone::Info, UndoTime);
 }
 
 void ZelBoxRecentFileWidgetBase::onFilesRestored(int restored, int failed)
@@ -325,7 +327,7 @@ void ZelBoxRecentFileWidgetBase::onFilesRestored(int restored, int failed)
     if (failed > 0)
         m_notice->showText(tr("%n file(s) could not be brought back.", nullptr, failed));
     else
-        m_notice->showText(tr("%n file(s) brought back.", nullptr, restored), InlineNotice::Tone::Done);
+        m_notice->showText(tr("%n file(s) brought back.", nullptr, restored), NoticeBar::Tone::Info);
 }
 
 // With a service that shares, its dialog shows; else ours.
@@ -346,11 +348,11 @@ void ZelBoxRecentFileWidgetBase::showShareDialog(const RecentFileInfo &record)
     const QStringList paths{record.path};
     connect(dialog, &ShareDialog::copyFileChosen, this, [this, paths] {
         QApplication::clipboard()->setMimeData(fileMimeData(paths).release());
-        m_notice->showText(tr("The file is on the clipboard."), InlineNotice::Tone::Done);
+        m_notice->showText(tr("The file is on the clipboard."), NoticeBar::Tone::Info);
     });
     connect(dialog, &ShareDialog::copyPathChosen, this, [this, record] {
         QApplication::clipboard()->setText(record.path);
-        m_notice->showText(tr("The path is on the clipboard."), InlineNotice::Tone::Done);
+        m_notice->showText(tr("The path is on the clipboard."), NoticeBar::Tone::Info);
     });
     connect(dialog, &ShareDialog::openFolderChosen, this, [this, record] { m_actions->openFolder(record); });
     dialog->setAttribute(Qt::WA_DeleteOnClose);

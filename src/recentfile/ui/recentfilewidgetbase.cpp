@@ -5,14 +5,14 @@
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
 #include "recentfile/recenttelemetry.h"
-#include "recentfile/ui/inlinenotice.h"
-#include "recentfile/ui/loadingindicator.h"
 #include "recentfile/ui/loadingouttime.h"
 #include "recentfile/ui/recentfilelistview.h"
 #include "recentfile/ui/recentfilemenu.h"
 #include "recentfile/ui/recentfiletitlewidget.h"
 #include "recentfile/ui/recentfilterbar.h"
 #include "recentfile/ui/recentguides.h"
+#include "widgets/loadingindicator.h"
+#include "widgets/noticebar.h"
 
 #include <QApplication>
 #include <QPaintEvent>
@@ -33,7 +33,8 @@ ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase(
       m_title(new ZelBoxRecentFileTitleWidget(this)),
       m_filterBar(new RecentFilterBar(this)),
       m_roamingGuide(new ZelBoxRecentFileRoamingGuideWidget(this)),
-      m_notice(new InlineNotice(this)),
+      m_notice(new NoticeBar(this)),
+      m_undo(new NoticeBar(this)),
       m_view(new ZelBoxRecentFileListView(this)),
       m_stack(new QStackedLayout),
       m_outtime(new LoadingOuttime(loadingTimeout(), this))
@@ -64,13 +65,13 @@ void ZelBoxRecentFileWidgetBase::layOut()
     notices->setSpacing(KLiteStyle::dpiScaled(6));
     notices->addWidget(m_roamingGuide);
     notices->addWidget(m_notice);
+    notices->addWidget(m_undo);
     layout->addLayout(notices);
     layout->addLayout(m_stack, 1);
     m_widgets[int(State::List)] = m_view;
     m_stack->addWidget(m_view);
     m_stack->setCurrentWidget(widgetFor(m_state));
     showListTools(false);
-    setFocusProxy(m_view);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
 }
 
@@ -93,32 +94,27 @@ void ZelBoxRecentFileWidgetBase::connectTitle()
     using Self = ZelBoxRecentFileWidgetBase;
     using Guide = ZelBoxRecentFileRoamingGuideWidget;
     connect(m_title, &Title::clearUnreadMsg, this, &Self::onClearUnreadMsg);
-    connect(m_title, &Title::findTextChanged, this, &Self::applyFilter);
     connect(m_filterBar, &RecentFilterBar::kindsChanged, this, &Self::applyFilter);
-    connect(m_title, &Title::findEnded, this, [this](bool toFirstRow) {
-        m_view->setFocus(Qt::OtherFocusReason);
-        if (toFirstRow && m_rows->rowCount() > 0)
-            m_view->setCurrentIndex(m_rows->index(0));
-    });
     connect(m_title, &Title::sortChosen, this, [this](const RecentSort &sort) {
         storeSort(sort);
         applySort(sort);
         m_view->scrollToTop();
     });
-    connect(m_title, &Title::remindersChanged, this, [this] { tellUnread(quint64(m_model->unreadCount())); });
+    connect(zel::recent::SettingsEvents::instance(), &zel::recent::SettingsEvents::remindersChanged, this,
+        [this] { tellUnread(quint64(m_model->unreadCount())); });
     connect(m_title, &Title::refreshRequested, m_logic,
         &KRecentFileLogic::onUpdateRecentRoamingFileItemsWithSync);
     connect(m_title, &Title::roamingGuideWanted, this, &Self::showRoamingGuide);
     connect(m_title, &Title::needOpenRoaming, m_roamingGuide, &Guide::setNeeded);
     connect(m_roamingGuide, &Guide::explanationRequested, m_title, &Title::onRoamingGuideLinkClicked);
     connect(m_roamingGuide, &Guide::enableRoamingRequested, this, &Self::sigSettingsWanted);
-    const auto shortcut = [this](const QKeySequence &keys, auto slot) {
+    const auto shortcut = [this](const QKeySequence &keys, auto *receiver, auto slot) {
         auto *made = new QShortcut(keys, this);
         made->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(made, &QShortcut::activated, this, slot);
+        connect(made, &QShortcut::activated, receiver, slot);
     };
-    shortcut(QKeySequence::Find, [this] { m_title->beginFinding(); });
-    shortcut(QKeySequence::Refresh, [this] { m_logic->onUpdateRecentRoamingFileItemsWithSync(); });
+    shortcut(QKeySequence::Refresh, m_logic, &KRecentFileLogic::onUpdateRecentRoamingFileItemsWithSync);
+    shortcut(QKeySequence::Undo, m_undo, &NoticeBar::triggerAction);
 }
 
 void ZelBoxRecentFileWidgetBase::applySort(const RecentSort &sort)
@@ -132,21 +128,36 @@ void ZelBoxRecentFileWidgetBase::applySort(const RecentSort &sort)
 
 void ZelBoxRecentFileWidgetBase::applyFilter()
 {
-    m_rows->setFilter({m_title->findText(), m_filterBar->kinds()});
+    m_rows->setFilter({m_filterText, m_filterBar->kinds()});
     m_view->scrollToTop(); // the first hits are what was looked for
     updateState();
 }
 
 void ZelBoxRecentFileWidgetBase::clearFilter()
 {
-    m_title->clearFind();
+    setFilterText({});
+    if (m_host)
+        m_host->clearFilter();
     m_filterBar->chooseAll();
     m_view->setFocus(Qt::OtherFocusReason);
 }
 
 void ZelBoxRecentFileWidgetBase::setFilterText(const QString &text)
 {
-    m_title->setFindText(text);
+    if (std::exchange(m_filterText, text) != text)
+        applyFilter();
+}
+
+QWidget *ZelBoxRecentFileWidgetBase::focusTarget()
+{
+    return m_stack->currentWidget();
+}
+
+void ZelBoxRecentFileWidgetBase::findEnded(bool toFirstRow)
+{
+    focusTarget()->setFocus(Qt::OtherFocusReason);
+    if (toFirstRow && m_rows->rowCount() > 0)
+        m_view->setCurrentIndex(m_rows->index(0));
 }
 
 KRecentFileMenu *ZelBoxRecentFileWidgetBase::openMenu() const
@@ -265,8 +276,13 @@ void ZelBoxRecentFileWidgetBase::setState(State state)
     if (state == m_state)
         return;
     m_state = state;
+    const QWidget *left = m_stack->currentWidget();
+    const bool hadFocus =
+        left == QApplication::focusWidget() || left->isAncestorOf(QApplication::focusWidget());
     showListTools(state == State::List || state == State::NothingFound);
     m_stack->setCurrentWidget(widgetFor(state));
+    if (hadFocus) // else it would go to whatever comes next in the window
+        focusTarget()->setFocus(Qt::OtherFocusReason);
     if (isVisible())
         tellShown();
 }
@@ -293,7 +309,7 @@ QWidget *ZelBoxRecentFileWidgetBase::makeWidget(State state)
     using Self = ZelBoxRecentFileWidgetBase;
     switch (state) {
     case State::Waiting:
-        return new LoadingIndicator(this);
+        return new LoadingIndicator(tr("Loading recent files"), this);
     case State::TimedOut: {
         auto *outtime = new ZelBoxLoadingOuttimeWidget(this);
         connect(outtime, &ZelBoxLoadingOuttimeWidget::sigRetry, this, &Self::onRetry);

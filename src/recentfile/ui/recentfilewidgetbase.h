@@ -4,13 +4,14 @@
 #include "recentfile/recentfilelogic.h"
 #include "recentfile/recentsortfiltermodel.h"
 #include "recentfile/ui/recentguides.h"
+#include "widgets/boxpage.h"
 
 #include <QPersistentModelIndex>
 #include <QStackedLayout>
 #include <QTimer>
 #include <QWidget>
 
-class InlineNotice;
+class NoticeBar;
 class KRecentFileMenu;
 class LoadingOuttime;
 class RecentFilterBar;
@@ -21,7 +22,7 @@ class ZelBoxRecentFileTitleWidget;
 /// The Recent page: title strip, filter chips, notices, and below them one of five states. GUI thread. Owns
 /// the models and gives the source one to the logic; loading begins with onWindowFirstShown(). Indexes in its
 /// signals and slots are those of the view, unless said otherwise.
-class ZelBoxRecentFileWidgetBase : public QWidget
+class ZelBoxRecentFileWidgetBase : public QWidget, public BoxPage
 {
     Q_OBJECT
 public:
@@ -34,8 +35,13 @@ public:
 
     State state() const { return m_state; }
     ZelBoxRecentFileListView *view() const { return m_view; }
-    void setFilterText(const QString &text); ///< shows only what matches; empty shows all
-    KRecentFileMenu *openMenu() const;       ///< the one that is on the screen; null when there is none
+    KRecentFileMenu *openMenu() const; ///< the one that is on the screen; null when there is none
+
+    // BoxPage
+    void setFilterText(const QString &text) override;
+    QWidget *focusTarget() override;
+    void findEnded(bool toFirstRow) override;
+    void setHost(BoxPageHost *host) override { m_host = host; }
 
 Q_SIGNALS:
     void recentFileUnreadMsgCount(quint64 count); ///< 0 while the user does not want to be reminded
@@ -127,12 +133,15 @@ private:
     ZelBoxRecentFileTitleWidget *m_title;
     RecentFilterBar *m_filterBar;
     ZelBoxRecentFileRoamingGuideWidget *m_roamingGuide;
-    InlineNotice *m_notice;
+    NoticeBar *m_notice;
+    NoticeBar *m_undo; ///< the offer to bring back, in a place of its own so that no notice takes it away
     ZelBoxRecentFileListView *m_view;
     QStackedLayout *m_stack;
     LoadingOuttime *m_outtime;
     QPointer<KRecentFileMenu> m_menu;
     QWidget *m_widgets[5] = {}; // by State; made when first shown
+    BoxPageHost *m_host = nullptr;
+    QString m_filterText;
     State m_state = State::Waiting;
     bool m_timedOut = false;
     bool m_pageShowToTell = false;

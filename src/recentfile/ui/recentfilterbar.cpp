@@ -61,6 +61,7 @@ void RecentFilterBar::makeChips()
 {
     const auto add = [this](const QString &text, int id) {
         auto *chip = new Chip(text, widget());
+        chip->setAutoExclusive(true); // so that it calls itself one of several, as the group makes it
         chip->installEventFilter(this);
         m_group->addButton(chip, id);
         m_row->addWidget(chip);

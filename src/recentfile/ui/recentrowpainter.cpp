@@ -4,7 +4,7 @@
 #include "klitestyle.h"
 #include "kskin.h"
 #include "kthumbnailcache.h"
-#include "widgets/svgicon.h"
+#include "widgets/rowpaint.h"
 
 #include <QPainter>
 #include <QPixmapCache>
@@ -15,32 +15,6 @@ namespace {
 
 using Button = RecentCell::Button;
 
-/// One line of text in the middle of `rect`. By its base line, because a font that steps in for missing
-/// letters is often taller and would push the line down.
-void drawLine(QPainter *painter, const QRect &rect, const QFontMetrics &metrics, const QString &text)
-{
-    const int top = rect.top() + (rect.height() - metrics.height()) / 2;
-    painter->drawText(QPoint(rect.left(), top + metrics.ascent()), text);
-}
-
-void paintGround(QPainter *painter, const QRect &ground, const QStyleOptionViewItem &option)
-{
-    const qreal radius = KLiteStyle::dpiScaledF(6);
-    const bool selected = option.state.testFlag(QStyle::State_Selected);
-    if (selected || option.state.testFlag(QStyle::State_MouseOver)) {
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(KSkin::color(selected ? KSkin::Color::Selected : KSkin::Color::Hover));
-        painter->drawRoundedRect(ground, radius, radius);
-    }
-    if (option.state.testFlag(QStyle::State_HasFocus)) {
-        const qreal width = KLiteStyle::dpiScaledF(1.5);
-        painter->setPen(QPen(KSkin::color(KSkin::Color::Accent), width));
-        painter->setBrush(Qt::NoBrush);
-        const QRectF ring = QRectF(ground).adjusted(width / 2, width / 2, -width / 2, -width / 2);
-        painter->drawRoundedRect(ring, radius, radius);
-    }
-}
-
 void paintBadge(QPainter *painter, const QRect &rect, const RecentRowFonts &fonts, const RecentRow &row)
 {
     const QColor color = KSkin::color(row.missing ? KSkin::Color::TextSecondary : KSkin::Color::Accent);
@@ -50,26 +24,14 @@ void paintBadge(QPainter *painter, const QRect &rect, const RecentRowFonts &font
     painter->setBrush(ground);
     painter->drawRoundedRect(rect, rect.height() / 2.0, rect.height() / 2.0);
     painter->setPen(color);
-    drawLine(painter, rect.adjusted(fonts.cell.badgePadding, 0, 0, 0), fonts.smallMetrics, row.badge);
-}
-
-void paintGlyph(QPainter *painter, const QRect &rect, const QString &icon, const QColor &color)
-{
-    const qreal ratio = painter->device()->devicePixelRatioF();
-    painter->drawPixmap(rect.topLeft(), tintedPixmap(icon, rect.size(), ratio, color));
+    paintTextLine(painter, rect.adjusted(fonts.cell.badgePadding, 0, 0, 0), fonts.smallMetrics, row.badge);
 }
 
 void paintButton(QPainter *painter, const QRect &rect, Button button, const RecentRowOption &option)
 {
     const bool hovered = option.hovered == button;
-    if (hovered) { // a veil, so that it shows on the ground of a selected row, too
-        QColor veil = KSkin::color(KSkin::Color::Text);
-        veil.setAlphaF(option.pressed == button ? 0.18 : 0.09);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(veil);
-        const qreal radius = KLiteStyle::dpiScaledF(4);
-        painter->drawRoundedRect(rect, radius, radius);
-    }
+    if (hovered)
+        paintButtonVeil(painter, rect, option.pressed == button);
     const int side = KLiteStyle::dpiScaled(16);
     QRect glyph(0, 0, side, side);
     glyph.moveCenter(rect.center());
@@ -116,15 +78,15 @@ void paintTexts(QPainter *painter, const RecentRow &row, const RecentCell &cell,
     const QColor quiet = KSkin::color(row.missing ? KSkin::Color::TextDisabled : KSkin::Color::TextSecondary);
     painter->setFont(fonts.name);
     painter->setPen(KSkin::color(row.missing ? KSkin::Color::TextDisabled : KSkin::Color::Text));
-    drawLine(painter, cell.name, fonts.nameMetrics, row.name);
+    paintTextLine(painter, cell.name, fonts.nameMetrics, row.name);
 
     painter->setFont(fonts.small);
     painter->setPen(quiet);
-    drawLine(painter, cell.folder, fonts.smallMetrics, row.folder);
+    paintTextLine(painter, cell.folder, fonts.smallMetrics, row.folder);
     if (!cell.detail.isNull())
-        drawLine(painter, cell.detail, fonts.smallMetrics, row.detail);
+        paintTextLine(painter, cell.detail, fonts.smallMetrics, row.detail);
     if (!cell.time.isNull())
-        drawLine(painter, cell.time, fonts.smallMetrics, row.time);
+        paintTextLine(painter, cell.time, fonts.smallMetrics, row.time);
     if (!cell.pin.isNull())
         paintGlyph(painter, cell.pin, QStringLiteral(":/icons_svg/row_pin.svg"), quiet);
     if (!cell.cloud.isNull())
@@ -156,7 +118,7 @@ void paintRow(QPainter *painter, const RecentRow &row, const RecentCell &cell, c
 {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
-    paintGround(painter, cell.ground, option);
+    paintRowGround(painter, cell.ground, option);
     paintFileIcon(painter, cell.icon, row);
     paintTexts(painter, row, cell, fonts);
     for (const Button button : {Button::Share, Button::More}) {

@@ -1,3 +1,4 @@
+#include "desktoptheme.h"
 #include "kcoreapplication.h"
 #include "klitestyle.h"
 #include "ksettings.h"
@@ -5,31 +6,30 @@
 #include "privatebus.h"
 
 #include <QDBusMessage>
+#include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QSignalSpy>
 #include <QToolTip>
 #include <QtTest>
 
-#include <cmath>
-
 using Color = KSkin::Color;
+
+using zel::platform::DesktopChoices;
+using zel::platform::PortalSettings;
+
+Q_DECLARE_METATYPE(PortalSettings)
+Q_DECLARE_METATYPE(DesktopChoices)
 
 namespace {
 
-// Relative luminance and contrast ratio as the Web Content Accessibility Guidelines define them.
-double luminance(const QColor &color)
+QString appearance()
 {
-    const auto linear = [](double v) {
-        return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+    return QStringLiteral("org.freedesktop.appearance");
 }
 
-double contrast(const QColor &a, const QColor &b)
+QString gnome()
 {
-    const double x = luminance(a);
-    const double y = luminance(b);
-    return (std::max(x, y) + 0.05) / (std::min(x, y) + 0.05);
+    return QStringLiteral("org.gnome.desktop.interface");
 }
 
 } // namespace
@@ -40,26 +40,26 @@ class FakePortal : public QObject
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 public:
-    uint scheme = 1;
+    PortalSettings settings{{appearance(), {{QStringLiteral("color-scheme"), 1U}}}};
     int reads = 0;
 
-    void change(uint value)
+    void change(const QString &group, const char *key, const QVariant &value)
     {
-        scheme = value;
         auto signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/portal/desktop"),
             QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"));
-        signal << QStringLiteral("org.freedesktop.appearance") << QStringLiteral("color-scheme")
-               << QVariant::fromValue(QDBusVariant(value));
+        signal << group << QLatin1String(key) << QVariant::fromValue(QDBusVariant(value));
         PrivateBus::desktop().send(signal);
     }
+    void changeScheme(uint value) { change(appearance(), "color-scheme", value); }
 
 public Q_SLOTS:
-    QDBusVariant Read(const QString &group, const QString &key)
+    PortalSettings ReadAll(const QStringList &groups)
     {
         ++reads;
-        const bool known =
-            group == QLatin1String("org.freedesktop.appearance") && key == QLatin1String("color-scheme");
-        return QDBusVariant(QVariant::fromValue(QDBusVariant(known ? scheme : 99)));
+        PortalSettings asked;
+        for (const QString &group : groups)
+            asked.insert(group, settings.value(group));
+        return asked;
     }
 };
 
@@ -68,56 +68,97 @@ class SkinTest : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase()
+    {
+        qRegisterMetaType<PortalSettings>("PortalSettings");
+        qDBusRegisterMetaType<PortalSettings>();
+    }
+
     // First, because only the first skin of a process looks for the desktop.
     void autoFollowsTheDesktop()
     {
         if (!m_bus.isRunning())
             QSKIP("no dbus-daemon on this machine");
         FakePortal portal;
-        QDBusConnection desktop = PrivateBus::desktop();
-        QVERIFY(desktop.registerObject(
-            QStringLiteral("/org/freedesktop/portal/desktop"), &portal, QDBusConnection::ExportAllSlots));
-        QVERIFY(desktop.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
-
+        offer(portal);
         KSkin::setTheme(KSkin::Theme::Auto);
         QVERIFY(!KSkin::isDark());
         KSkin skin; // the first skin of the process's event loop starts to follow
         QCOMPARE(portal.reads, 0);
         QTRY_VERIFY(KSkin::isDark());
         QCOMPARE(portal.reads, 1);
-        portal.change(2);
+        portal.changeScheme(2);
         QTRY_VERIFY(!KSkin::isDark());
-        portal.change(1);
+        portal.changeScheme(1);
         QTRY_VERIFY(KSkin::isDark());
-        portal.change(0); // no preference: back to what the palette of the start said
+        portal.changeScheme(0); // no preference: back to what the palette of the start said
         QTRY_VERIFY(!KSkin::isDark());
 
         KSkin::setTheme(KSkin::Theme::Light);
         QSignalSpy told(&skin, &KSkin::themeChanged);
-        portal.change(1);
+        portal.changeScheme(1);
         KSkin::setTheme(KSkin::Theme::Auto); // what the desktop said meanwhile is known
         QTRY_VERIFY(KSkin::isDark());
         QCOMPARE(told.count(), 1);
     }
 
-    void contrastOfTexts()
+    void contrastMotionAndScaleFollowLive()
     {
-        const Color grounds[] = {Color::Window, Color::Surface, Color::Hover, Color::Selected};
-        for (const bool dark : {false, true}) {
-            for (const Color ground : grounds) {
-                for (const Color text : {Color::Text, Color::TextSecondary, Color::Accent, Color::Badge}) {
-                    const double ratio = contrast(KSkin::color(text, dark), KSkin::color(ground, dark));
-                    QVERIFY2(
-                        ratio >= 4.5, qPrintable(QStringLiteral("%1 on %2").arg(int(text)).arg(int(ground))));
-                }
-            }
-            QVERIFY(contrast(KSkin::color(Color::OnAccent, dark), KSkin::color(Color::Accent, dark)) >= 4.5);
-            QVERIFY(contrast(KSkin::color(Color::OnBadge, dark), KSkin::color(Color::Badge, dark)) >= 4.5);
-            const QPalette p = KLiteStyle::palette(dark);
-            QVERIFY(contrast(p.color(QPalette::ToolTipText), p.color(QPalette::ToolTipBase)) >= 4.5);
-            QVERIFY(contrast(p.color(QPalette::PlaceholderText), p.color(QPalette::Base)) >= 4.5);
-            QVERIFY(contrast(p.color(QPalette::HighlightedText), p.color(QPalette::Highlight)) >= 4.5);
-        }
+        if (!m_bus.isRunning())
+            QSKIP("no dbus-daemon on this machine");
+        FakePortal portal;
+        KSkin skin;
+        QSignalSpy colors(&skin, &KSkin::themeChanged);
+        QSignalSpy metrics(&skin, &KSkin::metricsChanged);
+        portal.change(appearance(), "contrast", 1U);
+        QTRY_VERIFY(KSkin::highContrast());
+        QCOMPARE(colors.count(), 1);
+        QCOMPARE(QApplication::palette().color(QPalette::Link),
+            KSkin::color(Color::Accent, KSkin::isDark(), true));
+        portal.change(gnome(), "enable-animations", false);
+        QTRY_COMPARE(KSkin::animationDuration(200), 0);
+        QCOMPARE(metrics.count(), 0);
+
+        QApplication::setFont(KLiteStyle::applicationFont());
+        QWidget window;
+        const qreal before = QFontInfo(window.font()).pointSizeF();
+        const qreal factor = KLiteStyle::dpiFactor();
+        portal.change(gnome(), "text-scaling-factor", 1.5);
+        QTRY_COMPARE(metrics.count(), 1);
+        QCOMPARE(KLiteStyle::dpiFactor(), factor * 1.5);
+        QVERIFY(qAbs(QFontInfo(window.font()).pointSizeF() - before * 1.5) < 0.5);
+        QCOMPARE(colors.count(), 1);
+        portal.change(appearance(), "contrast", 0U);
+        QTRY_COMPARE(colors.count(), 2);
+    }
+
+    void choices_data()
+    {
+        const QString kde = QStringLiteral("org.kde.kdeglobals.KDE");
+        const auto one = [](const QString &group, const char *key, const QVariant &value) {
+            return PortalSettings{{group, {{QLatin1String(key), value}}}};
+        };
+        QTest::addColumn<PortalSettings>("settings");
+        QTest::addColumn<DesktopChoices>("expected");
+        QTest::newRow("nothing said") << PortalSettings() << DesktopChoices();
+        QTest::newRow("a scheme of the future") << one(appearance(), "color-scheme", 7U) << DesktopChoices();
+        QTest::newRow("contrast by the accessibility group")
+            << one(QStringLiteral("org.gnome.desktop.a11y.interface"), "high-contrast", true)
+            << DesktopChoices{{}, true, true, 1};
+        QTest::newRow("motion off as text") << one(kde, "AnimationDurationFactor", QStringLiteral("0"))
+                                            << DesktopChoices{{}, false, false, 1};
+        QTest::newRow("motion fast") << one(kde, "AnimationDurationFactor", 0.25) << DesktopChoices();
+        QTest::newRow("scale out of range")
+            << one(gnome(), "text-scaling-factor", 40.0) << DesktopChoices{{}, false, true, 3};
+        for (const QVariant &bad :
+            {QVariant(0.0), QVariant(-1.0), QVariant(qQNaN()), QVariant(QStringList())})
+            QTest::addRow("scale %s", qPrintable(bad.toString()))
+                << one(gnome(), "text-scaling-factor", bad) << DesktopChoices();
+    }
+    void choices()
+    {
+        QFETCH(PortalSettings, settings);
+        QTEST(zel::platform::choicesFrom(settings), "expected");
     }
 
     void chosenThemeReachesEverySkin()
@@ -145,6 +186,14 @@ private Q_SLOTS:
     }
 
 private:
+    void offer(FakePortal &portal)
+    {
+        QDBusConnection desktop = PrivateBus::desktop();
+        QVERIFY(desktop.registerObject(
+            QStringLiteral("/org/freedesktop/portal/desktop"), &portal, QDBusConnection::ExportAllSlots));
+        QVERIFY(desktop.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+    }
+
     PrivateBus m_bus;
 };
 

@@ -35,6 +35,12 @@ ZELPLATFORM_EXPORT QString localHalvornHome();
 ZELPLATFORM_EXPORT QString programs();
 } // namespace dirs
 
+namespace log {
+ZELPLATFORM_EXPORT QString filePath(); ///< of the newest lines; older ones are in ".1" to ".3" beside it
+/// Removes what was logged; the log goes on in a new file. False when something could not be removed.
+ZELPLATFORM_EXPORT bool clear();
+} // namespace log
+
 namespace product {
 /// True when the settings store marks this installation as the enterprise product
 /// (key "plugins/zelbox/enterprise"). Read once per process.

@@ -15,6 +15,8 @@ std::unique_ptr<RecentProxy> &store()
     return proxy;
 }
 
+int chosenSources = RecentSource::All;
+
 } // namespace
 
 KRecentFileProxy *KRecentFileProxy::instance()
@@ -34,6 +36,8 @@ void InitRecentFile(WorkMode mode)
     if (store())
         return;
     store() = std::make_unique<RecentProxy>(RecentPlaces::fromEnvironment(), mode, *RecentFileEventObject());
+    if (chosenSources != RecentSource::All)
+        store()->setSources(chosenSources);
     // Should nobody stop it, it must not outlive the application object's end by accident.
     qAddPostRoutine(UninitRecentFile);
 }
@@ -42,4 +46,22 @@ void UninitRecentFile()
 {
     qRemovePostRoutine(UninitRecentFile);
     store().reset();
+}
+
+void SetRecentSources(int sources)
+{
+    chosenSources = sources & RecentSource::All;
+    if (store())
+        store()->setSources(chosenSources);
+}
+
+int RecentSources()
+{
+    return chosenSources;
+}
+
+void ClearRecentHistory(bool serviceListCleared)
+{
+    InitRecentFile(WorkMode::Full);
+    store()->clearHistory(serviceListCleared);
 }

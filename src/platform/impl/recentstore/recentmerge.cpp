@@ -179,6 +179,26 @@ RecentDelta forgetRemovals(const RecentState &state, qint64 before)
     return delta;
 }
 
+RecentDelta forgetTraces(const RecentState &state, bool desktopListCleared, bool serviceListCleared)
+{
+    RecentDelta delta;
+    for (const StoredRecord &record : state) {
+        if (record.isVisible())
+            continue;
+        StoredRecord after = record;
+        if (desktopListCleared)
+            after.dropAccess(DesktopSource);
+        if (serviceListCleared)
+            after.roaming = {};
+        if (after.accesses.isEmpty() && !after.roaming) {
+            after.openedAt = 0;
+            after.removedTime = -1;
+        }
+        note(delta, &record, std::move(after));
+    }
+    return delta;
+}
+
 RecentDelta difference(const RecentState &before, const RecentState &after)
 {
     RecentDelta delta;

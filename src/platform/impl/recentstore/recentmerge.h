@@ -33,6 +33,10 @@ RecentDelta markMimeType(const RecentState &state, const QString &path, const QS
 /// which are older than `before`.
 RecentDelta forgetRemovals(const RecentState &state, qint64 before);
 
+/// Nothing stays of what was removed, unless a list still names it. The flags say of which lists that is not
+/// so any more, although that is still to be read.
+RecentDelta forgetTraces(const RecentState &state, bool desktopListCleared, bool serviceListCleared);
+
 /// What turns one state into another, as another process may have changed the database.
 RecentDelta difference(const RecentState &before, const RecentState &after);
 

@@ -113,6 +113,11 @@ void RecentProxy::checkPresence(const QStringList &ids)
         m_thread->post([ids](RecentWorker &worker) { worker.checkPresence(ids); });
 }
 
+void RecentProxy::releaseMemory()
+{
+    m_thread->post([](RecentWorker &worker) { worker.releaseMemory(); });
+}
+
 void RecentProxy::lookUpSizes()
 {
     m_thread->post([](RecentWorker &worker) { worker.lookUpSizes(); });
@@ -128,6 +133,21 @@ void RecentProxy::markRead(const QStringList &ids)
 {
     if (!ids.isEmpty())
         m_thread->post([ids](RecentWorker &worker) { worker.markRead(ids); });
+}
+
+void RecentProxy::setSources(int sources)
+{
+    m_thread->post([sources](RecentWorker &worker) { worker.setSources(sources); });
+}
+
+void RecentProxy::clearHistory(bool serviceListCleared)
+{
+    m_thread->post([serviceListCleared](RecentWorker &worker) { worker.clearHistory(serviceListCleared); });
+}
+
+void RecentProxy::onHistoryCleared(bool completely)
+{
+    Q_EMIT m_events.historyCleared(completely);
 }
 
 void RecentProxy::onLoaded(const RecordInfoList &records)

@@ -33,6 +33,10 @@ public:
     void setPinned(const QStringList &ids, bool pinned) override;
     void markRead(const QStringList &ids) override;
     void setCloudService(KCloudSvrProxy *cloud) override;
+    void releaseMemory() override;
+
+    void setSources(int sources);
+    void clearHistory(bool serviceListCleared);
 
     void onLoaded(const RecordInfoList &records);
     void onReplaced(const RecordInfoList &records);
@@ -40,6 +44,7 @@ public:
     void onProblem(const QString &logText);
     void onReadUntold(const QVector<zel::recent::ReadMark> &marks);
     void onUsed(const QVector<zel::recent::FileUse> &uses);
+    void onHistoryCleared(bool completely);
 
 private:
     void makeSource();

@@ -7,10 +7,13 @@
 #include "base/logging.h"
 #include "base/paths.h"
 
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
 
 #include <fcntl.h>
+#include <malloc.h>
+#include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -301,6 +304,29 @@ RecentDelta RecentRepository::writeUnwritten()
     if (!hasUnwritten())
         return {};
     return change([](const RecentState &, SourceTable &) { return RecentDelta(); }, Durability::Full);
+}
+
+void RecentRepository::wipe()
+{
+    if (m_connection.isOpen()) {
+        m_connection.exec("VACUUM");
+        m_connection.number("PRAGMA wal_checkpoint(TRUNCATE)");
+        if (m_connection.failure() != Failure::None)
+            qCInfo(lcRecent) << "erased records stay in unused parts of the database,"
+                             << m_connection.failureText();
+        m_connection.clearFailure();
+    }
+    const QFileInfo place(m_file);
+    const QString copies = place.fileName() + QStringLiteral(".damaged-*");
+    for (const QFileInfo &copy : place.dir().entryInfoList({copies}, QDir::Files))
+        QFile::remove(copy.filePath());
+}
+
+void RecentRepository::releaseMemory()
+{
+    if (m_connection.isOpen())
+        ::sqlite3_db_release_memory(m_connection.handle());
+    ::malloc_trim(0); // what this thread has freed
 }
 
 void RecentRepository::close()

@@ -37,6 +37,10 @@ public:
     bool hasUnwritten() const { return !m_unwritten.isEmpty() || m_sources != m_storedSources; }
     bool isBusy() const { return m_busy && hasUnwritten(); } ///< another process kept them from being written
     RecentDelta writeUnwritten(); ///< returns what another process changed in what is shown
+    /// What was erased is not to be found in any file of the store's any more, also not in copies that were
+    /// kept aside. Best done after all changes; another process that uses the database may keep it from that.
+    void wipe();
+    void releaseMemory(); ///< of the database's page cache
     void close();
 
 private:

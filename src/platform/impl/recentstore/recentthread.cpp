@@ -65,6 +65,8 @@ void RecentThread::connectTo(RecentWorker &worker)
     connect(&worker, &RecentWorker::updated, &m_proxy, &RecentProxy::onUpdated, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::problem, &m_proxy, &RecentProxy::onProblem, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::readUntold, &m_proxy, &RecentProxy::onReadUntold, Qt::QueuedConnection);
+    connect(&worker, &RecentWorker::historyCleared, &m_proxy, &RecentProxy::onHistoryCleared,
+        Qt::QueuedConnection);
     connect(&worker, &RecentWorker::used, &m_proxy, &RecentProxy::onUsed, Qt::QueuedConnection);
 }
 

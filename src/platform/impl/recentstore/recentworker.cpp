@@ -96,8 +96,8 @@ void RecentWorker::load()
 void RecentWorker::handOver()
 {
     RecordInfoList records = std::exchange(m_firstList, {});
-    if (records.isEmpty())
-        records = visibleRecords(m_repository.state());
+    if (records.isEmpty() || !m_view.isWhole())
+        records = m_view.records(m_repository.state());
     const bool first = !std::exchange(m_handedOver, true);
     Q_EMIT loaded(records);
     if (!first)
@@ -149,15 +149,17 @@ RecentDelta RecentWorker::change(const RecentRepository::Operation &operation, D
 
 void RecentWorker::publish(const RecentDelta &delta)
 {
-    if (delta.showsNothing())
-        return;
-    m_firstList.clear();
+    if (!delta.showsNothing())
+        m_firstList.clear();
     if (!m_handedOver)
         return;
-    if (delta.shownCount() > LargestDelta)
-        Q_EMIT replaced(visibleRecords(m_repository.state()));
+    const RecentDelta shown = m_view.shown(delta, m_repository.state());
+    if (shown.showsNothing())
+        return;
+    if (shown.shownCount() > LargestDelta)
+        Q_EMIT replaced(m_view.records(m_repository.state()));
     else
-        Q_EMIT updated({{}, {}, delta.added, delta.removed, delta.changed});
+        Q_EMIT updated({{}, {}, shown.added, shown.removed, shown.changed});
 }
 
 // Many at one go: each change costs a writing to the disk, and everybody who is told a look at the whole
@@ -218,18 +220,19 @@ void RecentWorker::planDesktopList()
         QMetaObject::invokeMethod(this, &RecentWorker::writeDesktopList, Qt::QueuedConnection);
 }
 
-void RecentWorker::writeDesktopList()
+bool RecentWorker::writeDesktopList()
 {
     m_editPlanned = false;
     XbelEdit edit = std::exchange(m_edit, {});
     if (edit.isEmpty())
-        return;
+        return true;
     findMimeTypes(edit.visits);
     const XbelEditResult result = editXbel(m_places.desktopList, edit);
     const char *problem = problemText(result);
     if (problem && !m_editFailed)
         qCWarning(lcRecent) << "the desktop's recently-used list was not written:" << problem;
     m_editFailed = problem;
+    return !problem;
 }
 
 void RecentWorker::findMimeTypes(QVector<XbelEdit::Visit> &visits)

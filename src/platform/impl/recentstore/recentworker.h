@@ -2,6 +2,7 @@
 
 #include "presencechecker.h"
 #include "recentrepository.h"
+#include "recentview.h"
 #include "xbelimporter.h"
 #include "xbelwriter.h"
 
@@ -22,15 +23,19 @@ public:
     void checkPresence(const QStringList &ids);
     void lookUpSizes();
     void setPinned(const QStringList &ids, bool pinned);
+    void setSources(int sources);               ///< replaced() follows when a list was handed over
+    void clearHistory(bool serviceListCleared); ///< historyCleared() follows
 
     void takeRoaming(const RoamingList &list);
     void keepRoamingOf(const QString &user); ///< empty: of nobody
     void markRead(const QStringList &ids);   ///< readUntold() follows for those that were unread
-    void tellMarks();                        ///< readUntold() with all that the service does not know yet
+    void releaseMemory() { m_repository.releaseMemory(); }
+    void tellMarks(); ///< readUntold() with all that the service does not know yet
     void marksTold(const QVector<ReadMark> &marks);
 
-    void writeDesktopList(); ///< what was noted since the last time; also happens by itself
-    void finish();           ///< everything is on disk afterwards
+    /// What was noted since the last time; also happens by itself. False when the list could not be written.
+    bool writeDesktopList();
+    void finish(); ///< everything is on disk afterwards
 
 Q_SIGNALS:
     void loaded(const RecordInfoList &records);   ///< newest first
@@ -39,6 +44,7 @@ Q_SIGNALS:
     void readUntold(const QVector<zel::recent::ReadMark> &marks);
     void used(const QVector<zel::recent::FileUse> &uses); ///< files that are there and worth telling of
     void problem(const QString &logText);
+    void historyCleared(bool completely);
 
 private:
     void open();
@@ -58,6 +64,7 @@ private:
     const RecentPlaces m_places;
     const WorkMode m_mode;
     RecentRepository m_repository;
+    RecentView m_view;
     std::unique_ptr<XbelImporter> m_importer;
     PresenceChecker m_checker;
     QHash<QString, QString> m_idByPlace; ///< of records without a local one that are looked for

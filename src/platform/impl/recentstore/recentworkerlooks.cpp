@@ -24,6 +24,38 @@ void RecentWorker::setPinned(const QStringList &ids, bool pinned)
         Durability::Full);
 }
 
+void RecentWorker::setSources(int sources)
+{
+    if (sources == m_view.sources())
+        return;
+    m_view.setSources(sources);
+    if (m_handedOver)
+        Q_EMIT replaced(m_view.records(m_repository.state()));
+}
+
+void RecentWorker::clearHistory(bool serviceListCleared)
+{
+    open();
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const QStringList ids = m_repository.state().keys();
+    change([&](const RecentState &state, SourceTable &) { return markRemoved(state, ids, now); },
+        Durability::Full);
+    bool emptied = m_mode == WorkMode::Full;
+    if (emptied) {
+        m_edit = {};
+        for (const StoredRecord &record : m_repository.state()) {
+            if (record.accessOf(DesktopSource))
+                m_edit.removals.append(record.id);
+        }
+        emptied = writeDesktopList();
+    }
+    change([&](const RecentState &state,
+               SourceTable &) { return forgetTraces(state, emptied, serviceListCleared); },
+        Durability::Full);
+    m_repository.wipe();
+    Q_EMIT historyCleared(emptied);
+}
+
 void RecentWorker::checkPresence(const QStringList &ids)
 {
     open();

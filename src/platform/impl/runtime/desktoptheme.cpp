@@ -2,11 +2,13 @@
 
 #include "base/logging.h"
 
+#include <QDBusArgument>
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
 #include <QThread>
+#include <cmath>
 
 namespace zel::platform {
 namespace {
@@ -14,12 +16,70 @@ namespace {
 const QLatin1String Service("org.freedesktop.portal.Desktop");
 const QLatin1String Path("/org/freedesktop/portal/desktop");
 const QLatin1String Interface("org.freedesktop.portal.Settings");
-const QLatin1String Group("org.freedesktop.appearance");
-const QLatin1String Key("color-scheme");
+
+const QLatin1String Appearance("org.freedesktop.appearance");
+const QLatin1String GnomeInterface("org.gnome.desktop.interface");
+const QLatin1String GnomeAccess("org.gnome.desktop.a11y.interface");
+const QLatin1String KdeGlobals("org.kde.kdeglobals.KDE");
 
 enum ColorScheme : uint { NoPreference = 0, PreferDark = 1, PreferLight = 2 };
+constexpr uint HigherContrast = 1;
+constexpr qreal SmallestText = 0.5;
+constexpr qreal LargestText = 3;
+
+QStringList groups()
+{
+    return {Appearance, GnomeInterface, GnomeAccess, KdeGlobals};
+}
+
+// Values may come wrapped in more variants than one.
+QVariant unwrapped(QVariant value)
+{
+    while (value.userType() == qMetaTypeId<QDBusVariant>())
+        value = value.value<QDBusVariant>().variant();
+    return value;
+}
+
+std::optional<bool> darkFrom(const QVariant &scheme)
+{
+    switch (scheme.toUInt()) {
+    case PreferDark:
+        return true;
+    case PreferLight:
+        return false;
+    default:
+        return std::nullopt;
+    }
+}
+
+// Some desktops send numbers as text.
+std::optional<qreal> number(const QVariant &value)
+{
+    bool isNumber = false;
+    const qreal result = value.toDouble(&isNumber);
+    if (!isNumber || !std::isfinite(result))
+        return std::nullopt;
+    return result;
+}
 
 } // namespace
+
+DesktopChoices choicesFrom(const PortalSettings &settings)
+{
+    const auto value = [&settings](const QString &group, const char *key) {
+        return settings.value(group).value(QLatin1String(key));
+    };
+    DesktopChoices choices;
+    choices.dark = darkFrom(value(Appearance, "color-scheme"));
+    choices.highContrast = value(Appearance, "contrast").toUInt() == HigherContrast
+        || value(GnomeAccess, "high-contrast").toBool();
+    const QVariant animations = value(GnomeInterface, "enable-animations");
+    const bool stopped = number(value(KdeGlobals, "AnimationDurationFactor")) == 0;
+    choices.animations = !stopped && (!animations.isValid() || animations.toBool());
+    const qreal scale = number(value(GnomeInterface, "text-scaling-factor")).value_or(1);
+    choices.textScale = scale > 0 ? qBound(SmallestText, scale, LargestText) : 1;
+    return choices;
+}
 
 // The first use of the bus waits for it to answer. Nobody waits for the thread: with a dead bus it may take
 // long.
@@ -31,6 +91,7 @@ void DesktopTheme::start()
     opener->start();
 }
 
+// One question for all groups: every answer wakes the window.
 void DesktopTheme::ask()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
@@ -39,41 +100,42 @@ void DesktopTheme::ask()
     // Without a service name: naming it would make Qt look up its owner and wait for the answer.
     bus.connect(QString(), Path, Interface, QStringLiteral("SettingChanged"), this,
         SLOT(onSettingChanged(QString, QString, QDBusVariant)));
-    QDBusMessage call = QDBusMessage::createMethodCall(Service, Path, Interface, QStringLiteral("Read"));
-    call << QString(Group) << QString(Key);
+    QDBusMessage call = QDBusMessage::createMethodCall(Service, Path, Interface, QStringLiteral("ReadAll"));
+    call << groups();
     auto *watcher = new QDBusPendingCallWatcher(bus.asyncCall(call), this);
     connect(watcher, &QDBusPendingCallWatcher::finished, this, [this, watcher] {
         watcher->deleteLater();
-        const QDBusPendingReply<QDBusVariant> reply = *watcher;
-        if (reply.isError())
-            qCDebug(
-                lcPlatform, "no colour scheme from the desktop: %ls", qUtf16Printable(reply.error().name()));
-        else
-            tell(reply.value().variant());
+        const QDBusMessage reply = watcher->reply();
+        const QVariant all = reply.arguments().value(0);
+        if (reply.type() != QDBusMessage::ReplyMessage || all.userType() != qMetaTypeId<QDBusArgument>()) {
+            qCDebug(lcPlatform, "no settings from the desktop: %ls", qUtf16Printable(reply.errorName()));
+            return;
+        }
+        if (all.value<QDBusArgument>().currentSignature() != QLatin1String("a{sa{sv}}"))
+            return;
+        const auto answered = qdbus_cast<PortalSettings>(all);
+        for (auto group = answered.cbegin(); group != answered.cend(); ++group) {
+            for (auto entry = group->cbegin(); entry != group->cend(); ++entry)
+                m_settings[group.key()].insert(entry.key(), unwrapped(entry.value()));
+        }
+        tell();
     });
 }
 
 void DesktopTheme::onSettingChanged(const QString &group, const QString &key, const QDBusVariant &value)
 {
-    if (group == Group && key == Key)
-        tell(value.variant());
+    if (!groups().contains(group))
+        return;
+    m_settings[group].insert(key, unwrapped(value.variant()));
+    tell();
 }
 
-// Read() wraps the value in one variant more than the signal does.
-void DesktopTheme::tell(QVariant value)
+void DesktopTheme::tell()
 {
-    while (value.userType() == qMetaTypeId<QDBusVariant>())
-        value = value.value<QDBusVariant>().variant();
-    switch (value.toUInt()) {
-    case PreferDark:
-        Q_EMIT changed(true);
+    const DesktopChoices choices = choicesFrom(m_settings);
+    if (choices == std::exchange(m_choices, choices))
         return;
-    case PreferLight:
-        Q_EMIT changed(false);
-        return;
-    default:
-        Q_EMIT changed(std::nullopt);
-    }
+    Q_EMIT changed(choices);
 }
 
 } // namespace zel::platform

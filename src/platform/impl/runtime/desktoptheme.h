@@ -1,13 +1,31 @@
 #pragma once
 
 #include <QDBusVariant>
+#include <QMap>
 #include <QObject>
 #include <optional>
 
 namespace zel::platform {
 
-/// Follows the desktop's choice of light or dark through the settings portal of the session bus. GUI thread;
-/// without a bus or a portal nothing is ever told.
+/// What a desktop says of the look of programs.
+struct DesktopChoices
+{
+    std::optional<bool> dark; ///< empty: no preference
+    bool highContrast = false;
+    bool animations = true;
+    qreal textScale = 1; ///< 0.5 to 3
+
+    bool operator==(const DesktopChoices &) const = default;
+};
+
+/// Values of the settings portal by group and key.
+using PortalSettings = QMap<QString, QVariantMap>;
+
+/// Makes sense of the portal's values; those of wrong type or range count as not given.
+DesktopChoices choicesFrom(const PortalSettings &settings);
+
+/// Follows the desktop's choices through the settings portal of the session bus. GUI thread; without a bus or
+/// a portal nothing is ever told.
 class DesktopTheme : public QObject
 {
     Q_OBJECT
@@ -17,14 +35,17 @@ public:
     void start(); ///< connects to the bus on a worker thread, then asks
 
 Q_SIGNALS:
-    void changed(std::optional<bool> dark); ///< empty: the desktop has no preference
+    void changed(const DesktopChoices &choices);
 
 private Q_SLOTS:
     void onSettingChanged(const QString &group, const QString &key, const QDBusVariant &value);
 
 private:
     void ask();
-    void tell(QVariant value);
+    void tell();
+
+    PortalSettings m_settings;
+    DesktopChoices m_choices;
 };
 
 } // namespace zel::platform

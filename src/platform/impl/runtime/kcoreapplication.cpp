@@ -52,7 +52,7 @@ int &prepared(int &argc)
     // KLiteStyle::dpiFactor(). Many X servers tell some dots more than 96, which as a pixel ratio of 1.0005
     // would blur every edge.
     QApplication::setHighDpiScaleFactorRoundingPolicy(Qt::HighDpiScaleFactorRoundingPolicy::RoundPreferFloor);
-    QApplication::setDesktopFileName(QStringLiteral("zelbox"));
+    QApplication::setDesktopFileName(QStringLiteral("org.zelbox.ZelBox"));
     QApplication::setStyle(new KLiteStyle); // the desktop's own style is not even loaded then
     WithoutGl::begin();
     return argc;

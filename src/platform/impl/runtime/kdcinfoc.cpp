@@ -37,7 +37,7 @@ void KDcInfoC::postGeneralEvent(const QString &name, const QMap<QString, QString
 {
     if (!isEnabled())
         return;
-    zel::platform::RotatingFile file(zel::paths::stateDir() + QLatin1String("/telemetry.jsonl"));
+    zel::platform::RotatingFile file(filePath());
     if (!file.append(toLine(name, parameters)))
         qCDebug(lcPlatform, "a telemetry event could not be written");
 }
@@ -54,4 +54,14 @@ void KDcInfoC::setEnabled(bool on)
     KSettings settings;
     enterBoxGroup(settings);
     settings.setValue(zel::keys::TelemetryEnabled, on);
+}
+
+QString KDcInfoC::filePath()
+{
+    return zel::paths::stateDir() + QLatin1String("/telemetry.jsonl");
+}
+
+bool KDcInfoC::clear()
+{
+    return zel::platform::RotatingFile(filePath()).clear();
 }

@@ -6,6 +6,7 @@
 #include "ksettings.h"
 #include "messagelog.h"
 #include "resourcebundle.h"
+#include "rotatingfile.h"
 #include "settingsstore.h"
 
 namespace krt {
@@ -67,6 +68,16 @@ QString productVersion()
 QString applicationName()
 {
     return identity().applicationName;
+}
+
+QString log::filePath()
+{
+    return logFilePath(applicationName());
+}
+
+bool log::clear()
+{
+    return zel::platform::RotatingFile(filePath()).clear();
 }
 
 bool product::isEnterprise()

@@ -26,3 +26,23 @@ void KSkin::setTheme(Theme theme)
 {
     zel::platform::SkinState::instance().setTheme(theme);
 }
+
+bool KSkin::highContrast()
+{
+    return zel::platform::SkinState::instance().desktop().highContrast;
+}
+
+bool KSkin::animationsEnabled()
+{
+    return zel::platform::SkinState::instance().desktop().animations;
+}
+
+int KSkin::animationDuration(int ms)
+{
+    return animationsEnabled() ? ms : 0;
+}
+
+qreal KSkin::textScale()
+{
+    return zel::platform::SkinState::instance().desktop().textScale;
+}

@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace zel::platform {
 namespace {
@@ -91,11 +92,26 @@ void RotatingFile::rotateIfFull()
     m_file.reset();
 }
 
+QByteArray RotatingFile::numbered(int n) const
+{
+    return n == 0 ? m_path : m_path + '.' + QByteArray::number(n);
+}
+
 void RotatingFile::shiftOldFiles() const
 {
-    const auto numbered = [this](int n) { return n == 0 ? m_path : m_path + '.' + QByteArray::number(n); };
     for (int n = OldFiles; n > 0; --n)
         std::rename(numbered(n - 1).constData(), numbered(n).constData());
+}
+
+// Writers notice that the file has no name any more.
+bool RotatingFile::clear()
+{
+    const std::lock_guard lock(m_mutex);
+    m_file.reset();
+    bool done = true;
+    for (int n = 0; n <= OldFiles; ++n)
+        done &= ::unlink(numbered(n).constData()) == 0 || errno == ENOENT;
+    return done;
 }
 
 } // namespace zel::platform

@@ -22,10 +22,15 @@ public:
     /// False when the file cannot be opened or written; the next call tries again.
     bool append(const QByteArray &line);
 
+    /// Removes the file and the old ones; the next line begins a new file, also of other writers. False when
+    /// one of them could not be removed.
+    bool clear();
+
 private:
     bool ensureOpen();
     void rotateIfFull();
     void shiftOldFiles() const;
+    QByteArray numbered(int n) const;
 
     const QByteArray m_path;
     const qint64 m_limit;

@@ -1,12 +1,12 @@
 #include "skinstate.h"
 
 #include "base/settingskeys.h"
-#include "desktoptheme.h"
 #include "klitestyle.h"
 #include "ksettings.h"
 
 #include <QApplication>
 #include <QPointer>
+#include <QScreen>
 #include <QToolTip>
 
 namespace zel::platform {
@@ -50,6 +50,21 @@ bool ownsApplicationPalette()
         && qobject_cast<KLiteStyle *>(QApplication::style());
 }
 
+// Qt drops a font that equals the one before, although the same points are now other pixels.
+void refreshApplicationFont()
+{
+    const QFont font = KLiteStyle::applicationFont();
+    const QFont before = QApplication::font();
+    if (before.family() != font.family())
+        return; // not ours
+    if (before == font) {
+        QFont nudged = font;
+        nudged.setPointSizeF(font.pointSizeF() + 0.5);
+        QApplication::setFont(nudged);
+    }
+    QApplication::setFont(font);
+}
+
 } // namespace
 
 // Never destroyed: skins of static objects leave after everything else.
@@ -90,7 +105,7 @@ bool SkinState::wantsDark()
     if (theme() != KSkin::Theme::Auto)
         return theme() == KSkin::Theme::Dark;
     guessFromPalette();
-    return m_desktopDark.value_or(m_guess.value_or(false));
+    return m_choices.dark.value_or(m_guess.value_or(false));
 }
 
 KSkin::Theme SkinState::theme()
@@ -106,36 +121,54 @@ void SkinState::setTheme(KSkin::Theme theme)
     KSettings settings;
     enterBoxGroup(settings);
     settings.setValue(keys::Theme, nameOf(theme));
-    update();
+    updateColors(false);
 }
 
-void SkinState::setDesktopDark(std::optional<bool> dark)
+void SkinState::setDesktop(const DesktopChoices &choices)
 {
-    m_desktopDark = dark;
-    update();
+    const bool contrastChanged = choices.highContrast != m_choices.highContrast;
+    m_choices = choices;
+    updateColors(contrastChanged);
+    updateMetrics();
 }
 
-void SkinState::update()
+// A slot may delete others.
+template <class Tell> void SkinState::tellAll(Tell tell) const
 {
-    const bool before = isDark();
-    m_dark = wantsDark();
-    if (*m_dark == before)
-        return;
-    applyPalette();
     QList<QPointer<KSkin>> told;
-    for (KSkin *skin : qAsConst(m_skins))
+    for (KSkin *skin : m_skins)
         told.append(skin);
     for (const QPointer<KSkin> &skin : qAsConst(told)) {
-        if (skin) // a slot may delete others
-            Q_EMIT skin->themeChanged(*m_dark);
+        if (skin)
+            tell(skin.data());
     }
 }
 
-void SkinState::applyPalette() const
+void SkinState::updateColors(bool contrastChanged)
+{
+    const bool before = isDark();
+    m_dark = wantsDark();
+    if (*m_dark == before && !contrastChanged)
+        return;
+    applyPalette();
+    tellAll([dark = *m_dark](KSkin *skin) { Q_EMIT skin->themeChanged(dark); });
+}
+
+void SkinState::updateMetrics()
+{
+    const qreal factor = KLiteStyle::dpiFactor();
+    if (qFuzzyCompare(factor, std::exchange(m_dpiFactor, factor)))
+        return;
+    if (ownsApplicationPalette())
+        refreshApplicationFont();
+    tellAll([](KSkin *skin) { Q_EMIT skin->metricsChanged(); });
+}
+
+void SkinState::applyPalette()
 {
     if (!ownsApplicationPalette())
         return;
-    const QPalette palette = KLiteStyle::palette(SkinState::instance().isDark());
+    const QPalette palette = KLiteStyle::palette(isDark(), m_choices.highContrast);
     QApplication::setPalette(palette);
     QToolTip::setPalette(palette);
 }
@@ -143,14 +176,32 @@ void SkinState::applyPalette() const
 void SkinState::add(KSkin *skin)
 {
     m_skins.append(skin);
-    if (m_desktop || !qApp)
-        return;
+    if (!m_desktop && qApp)
+        followDesktop();
+}
+
+void SkinState::followDesktop()
+{
     m_desktop = new DesktopTheme(qApp);
-    QObject::connect(
-        m_desktop, &DesktopTheme::changed, m_desktop, [this](auto dark) { setDesktopDark(dark); });
+    m_dpiFactor = KLiteStyle::dpiFactor();
+    QObject::connect(m_desktop, &DesktopTheme::changed, m_desktop,
+        [this](const DesktopChoices &choices) { setDesktop(choices); });
     QObject::connect(m_desktop, &QObject::destroyed, m_desktop, [this] { m_desktop = nullptr; });
     // Queued, so that asking does not stand between the start and the first window.
     QMetaObject::invokeMethod(m_desktop, &DesktopTheme::start, Qt::QueuedConnection);
+    if (!qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
+        return;
+    followScreen(QGuiApplication::primaryScreen());
+    QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, m_desktop, [this](QScreen *screen) {
+        followScreen(screen);
+        updateMetrics();
+    });
+}
+
+void SkinState::followScreen(QScreen *screen)
+{
+    if (screen)
+        QObject::connect(screen, &QScreen::logicalDotsPerInchChanged, m_desktop, [this] { updateMetrics(); });
 }
 
 void SkinState::remove(KSkin *skin)

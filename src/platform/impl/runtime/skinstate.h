@@ -1,13 +1,14 @@
 #pragma once
 
+#include "desktoptheme.h"
 #include "kskin.h"
 
 #include <QList>
 #include <optional>
 
-namespace zel::platform {
+class QScreen;
 
-class DesktopTheme;
+namespace zel::platform {
 
 /// What every KSkin of the process shows. GUI thread.
 class SkinState
@@ -21,7 +22,8 @@ public:
     bool isDark();
     KSkin::Theme theme();
     void setTheme(KSkin::Theme theme);
-    void setDesktopDark(std::optional<bool> dark); ///< as the desktop says later; empty: no preference
+    const DesktopChoices &desktop() const { return m_choices; }
+    void setDesktop(const DesktopChoices &choices); ///< as the desktop says later
 
     void add(KSkin *skin); ///< the first one starts to follow the desktop, once the event loop runs
     void remove(KSkin *skin);
@@ -30,15 +32,19 @@ private:
     bool wantsDark();
     void guessFromPalette();
     void followDesktop();
-    void update();
-    void applyPalette() const;
+    void followScreen(QScreen *screen);
+    void updateColors(bool contrastChanged);
+    void updateMetrics();
+    void applyPalette();
+    template <class Tell> void tellAll(Tell tell) const;
 
     QList<KSkin *> m_skins;
     DesktopTheme *m_desktop = nullptr; // child of the application
     std::optional<KSkin::Theme> m_theme;
-    std::optional<bool> m_desktopDark;
+    DesktopChoices m_choices;
     std::optional<bool> m_guess;
     std::optional<bool> m_dark;
+    qreal m_dpiFactor = 0; // the last that was told
     bool m_guessing = false;
 };
 

@@ -74,7 +74,8 @@ KProgramList programsFor(const QString &mimeType)
 Owned<GAppLaunchContext> launchContext()
 {
     Owned<GAppLaunchContext> context(g_app_launch_context_new());
-    for (const char *name : {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN"})
+    for (const char *name :
+        {"DESKTOP_STARTUP_ID", "XDG_ACTIVATION_TOKEN", "QT_WAYLAND_USE_BYPASSWINDOWMANAGERHINT"})
         g_app_launch_context_unsetenv(context.get(), name);
     return context;
 }

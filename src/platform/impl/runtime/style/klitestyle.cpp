@@ -14,6 +14,7 @@ using Color = KSkin::Color;
 namespace {
 
 constexpr qreal DesignDpi = 96;
+constexpr qreal FontPoints = 9;
 
 void setDisabledColors(QPalette &palette, const QColor &text, const QColor &ground)
 {
@@ -33,7 +34,32 @@ void setEdgeColors(QPalette &palette, const QColor &border, const QColor &surfac
     palette.setColor(QPalette::Shadow, Qt::black);
 }
 
+// On X11 the desktop puts the scale of texts into the dpi; a dpi forced upon Wayland stands for it, too.
+qreal textScaleBesidesDpi()
+{
+    const qreal scale = KSkin::textScale();
+    const bool inDpi = qFuzzyCompare(scale, 1) || QGuiApplication::platformName() == QLatin1String("xcb")
+        || qEnvironmentVariableIntValue("QT_WAYLAND_FORCE_DPI") > 0;
+    return inDpi ? 1 : scale;
+}
+
 } // namespace
+
+QFont KLiteStyle::applicationFont()
+{
+    static const QString family = [] {
+        const QString wanted = QStringLiteral("Microsoft YaHei");
+        QFont::insertSubstitutions(wanted,
+            {QStringLiteral("Microsoft YaHei UI"), QStringLiteral("Noto Sans CJK SC"),
+                QStringLiteral("Source Han Sans SC"), QStringLiteral("Source Han Sans CN"),
+                QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("WenQuanYi Zen Hei"),
+                QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
+        return wanted;
+    }();
+    QFont font(family);
+    font.setPointSizeF(FontPoints * textScaleBesidesDpi());
+    return font;
+}
 
 KLiteStyle::KLiteStyle() : QProxyStyle(QStringLiteral("Fusion"))
 {
@@ -44,7 +70,7 @@ qreal KLiteStyle::dpiFactor()
 {
     const QScreen *screen = qGuiApp ? QGuiApplication::primaryScreen() : nullptr;
     // Whole dots: X servers derive the value from millimetres and tell 96.05 for 96.
-    return screen ? qRound(screen->logicalDotsPerInch()) / DesignDpi : 1;
+    return screen ? qRound(screen->logicalDotsPerInch()) / DesignDpi * textScaleBesidesDpi() : 1;
 }
 
 int KLiteStyle::dpiScaled(int value)
@@ -68,9 +94,9 @@ QMargins KLiteStyle::dpiScaledMargins(const QMargins &margins)
         dpiScaled(margins.bottom())};
 }
 
-QPalette KLiteStyle::palette(bool dark)
+QPalette KLiteStyle::palette(bool dark, bool highContrast)
 {
-    const auto color = [dark](Color role) { return KSkin::color(role, dark); };
+    const auto color = [=](Color role) { return KSkin::color(role, dark, highContrast); };
     QPalette palette;
     palette.setColor(QPalette::Window, color(Color::Surface));
     palette.setColor(QPalette::Base, color(Color::Surface));
@@ -85,9 +111,8 @@ QPalette KLiteStyle::palette(bool dark)
     palette.setColor(QPalette::HighlightedText, color(Color::OnAccent));
     palette.setColor(QPalette::Link, color(Color::Accent));
     palette.setColor(QPalette::LinkVisited, color(Color::Accent));
-    // A tip stands out from the light page as a dark one, and from the dark page as a lighter one.
-    palette.setColor(QPalette::ToolTipBase, dark ? QColor(0x3a, 0x40, 0x4a) : QColor(0x2a, 0x2f, 0x38));
-    palette.setColor(QPalette::ToolTipText, QColor(0xf2, 0xf4, 0xf7));
+    palette.setColor(QPalette::ToolTipBase, color(Color::Tip));
+    palette.setColor(QPalette::ToolTipText, color(Color::OnTip));
     setEdgeColors(palette, color(Color::Border), color(Color::Surface));
     setDisabledColors(palette, color(Color::TextDisabled), color(Color::Border));
     return palette;
@@ -95,7 +120,7 @@ QPalette KLiteStyle::palette(bool dark)
 
 QPalette KLiteStyle::standardPalette() const
 {
-    return palette(KSkin::isDark());
+    return palette(KSkin::isDark(), KSkin::highContrast());
 }
 
 void KLiteStyle::polish(QWidget *widget)

@@ -8,6 +8,7 @@
 #include <QStyleOption>
 
 using namespace zel::style;
+namespace look = zel::look;
 
 namespace {
 
@@ -65,7 +66,7 @@ void KLiteStyle::drawPrimitive(
     switch (element) {
     case PE_FrameFocusRect:
         if (option->state & State_KeyboardFocusChange)
-            drawFocusRing(painter, option->rect, dpiScaledF(SmallRadius), KSkin::color(Color::Accent));
+            drawFocusRing(painter, option->rect, dpiScaledF(look::RadiusSmall), KSkin::color(Color::Accent));
         return;
     case PE_PanelButtonCommand:
         if (const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option))
@@ -170,7 +171,7 @@ void KLiteStyle::drawComplexControl(
         unfocused.state.setFlag(State_HasFocus, false);
         QProxyStyle::drawComplexControl(control, &unfocused, painter, widget);
         if (showsKeyboardFocus(*tool))
-            drawFocusRing(painter, tool->rect, dpiScaledF(ControlRadius), KSkin::color(Color::Accent));
+            drawFocusRing(painter, tool->rect, dpiScaledF(look::Radius), KSkin::color(Color::Accent));
         return;
     }
     QProxyStyle::drawComplexControl(control, option, painter, widget);

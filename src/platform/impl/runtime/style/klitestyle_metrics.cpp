@@ -1,59 +1,67 @@
 #include "klitestyle.h"
 
+#include "klook.h"
 #include "styleparts.h"
 
 #include <QStyleOption>
 #include <QWidget>
 
+namespace look = zel::look;
+
 namespace {
 
-constexpr int ControlHeight = 32;
-constexpr int MinButtonWidth = 80;
-constexpr int RowHeight = 28;
+constexpr int ScrollBarExtent = 8;
+constexpr int IndicatorSide = 18;
+constexpr int FocusRoom = 5; // beside the text of a check box
 
 // Design pixels; -1 leaves the metric to Fusion.
 int designMetric(QStyle::PixelMetric metric)
 {
     switch (metric) {
     case QStyle::PM_ScrollBarExtent:
-        return 8;
+        return ScrollBarExtent;
+    case QStyle::PM_SmallIconSize: // also in fields
+    case QStyle::PM_ButtonIconSize:
+    case QStyle::PM_ListViewIconSize:
+    case QStyle::PM_TabBarIconSize:
+        return look::Glyph;
     case QStyle::PM_ScrollBarSliderMin:
         return 32;
     case QStyle::PM_IndicatorWidth:
     case QStyle::PM_IndicatorHeight:
     case QStyle::PM_ExclusiveIndicatorWidth:
     case QStyle::PM_ExclusiveIndicatorHeight:
-        return 18;
+        return IndicatorSide;
     case QStyle::PM_CheckBoxLabelSpacing:
     case QStyle::PM_RadioButtonLabelSpacing:
-        return 8;
+        return look::SpaceS;
     case QStyle::PM_MenuHMargin:
     case QStyle::PM_MenuVMargin:
-        return 4;
+        return look::SpaceXS;
     case QStyle::PM_ToolTipLabelFrameWidth:
         return 6;
     case QStyle::PM_LayoutLeftMargin:
     case QStyle::PM_LayoutTopMargin:
     case QStyle::PM_LayoutRightMargin:
     case QStyle::PM_LayoutBottomMargin:
-        return 12;
+        return look::SpaceM;
     case QStyle::PM_LayoutHorizontalSpacing:
     case QStyle::PM_LayoutVerticalSpacing:
-        return 8;
+        return look::SpaceS;
     case QStyle::PM_TabBarTabHSpace:
-        return 24;
+        return look::SpaceXL;
     case QStyle::PM_TabBarTabVSpace:
         return 14;
     case QStyle::PM_SliderThickness:
     case QStyle::PM_SliderControlThickness:
     case QStyle::PM_SliderLength:
-        return 18;
+        return IndicatorSide;
     case QStyle::PM_HeaderMargin:
         return 6;
     case QStyle::PM_FocusFrameHMargin: // beside the text of a row
         return 6;
     case QStyle::PM_ButtonMargin:
-        return 12;
+        return look::SpaceM;
     default:
         return -1;
     }
@@ -108,13 +116,13 @@ QSize KLiteStyle::sizeFromContents(
         item && type == CT_MenuItem)
         return zel::style::menuItemSize(*item, contents);
     QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
-    const QSize control(0, dpiScaled(ControlHeight));
+    const QSize control(0, dpiScaled(look::ControlHeight));
     switch (type) {
     case CT_PushButton: {
         const auto *button = qstyleoption_cast<const QStyleOptionButton *>(option);
         const bool hasText = button && !button->text.isEmpty();
-        size.rwidth() += hasText ? dpiScaled(8) : 0;
-        return size.expandedTo({hasText ? dpiScaled(MinButtonWidth) : 0, control.height()});
+        size.rwidth() += hasText ? dpiScaled(look::SpaceS) : 0;
+        return size.expandedTo({hasText ? dpiScaled(look::MinButtonWidth) : 0, control.height()});
     }
     case CT_ComboBox:
         return QSize(size.width() + dpiScaled(20), size.height()).expandedTo(control);
@@ -124,8 +132,11 @@ QSize KLiteStyle::sizeFromContents(
     }
     case CT_SpinBox:
         return size.expandedTo(control);
+    case CT_CheckBox:
+    case CT_RadioButton:
+        return size + QSize(dpiScaled(FocusRoom), 0);
     case CT_ItemViewItem:
-        return size.expandedTo({0, dpiScaled(RowHeight)});
+        return size.expandedTo({0, dpiScaled(look::RowHeight)});
     default:
         return size;
     }
@@ -140,6 +151,11 @@ QRect KLiteStyle::subElementRect(SubElement element, const QStyleOption *option,
         if (const auto *bar = qstyleoption_cast<const QStyleOptionProgressBar *>(option))
             return zel::style::progressPart(*bar, element);
         break;
+    case SE_CheckBoxFocusRect:
+    case SE_RadioButtonFocusRect: // a ring that touched the letters would make them hard to read
+        return QProxyStyle::subElementRect(element, option, widget)
+            .adjusted(-dpiScaled(FocusRoom), 0, dpiScaled(FocusRoom), 0)
+            .intersected(option->rect);
     case SE_LineEditContents: {
         const auto *frame = qstyleoption_cast<const QStyleOptionFrame *>(option);
         const int margin = frame && frame->lineWidth > 0 ? dpiScaled(6) : 0;

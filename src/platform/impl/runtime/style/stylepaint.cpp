@@ -11,7 +11,7 @@ namespace {
 
 constexpr qreal HoverOpacity = 0.07;
 constexpr qreal PressedOpacity = 0.13;
-constexpr qreal FocusWidth = 2;
+constexpr qreal GrooveOpacity = 0.14;
 
 void strokePath(QPainter *painter, const QPolygonF &line, const QColor &color, qreal width)
 {
@@ -74,12 +74,24 @@ void strokeRounded(QPainter *painter, const QRectF &rect, qreal radius, const QC
 
 void drawFocusRing(QPainter *painter, const QRectF &rect, qreal radius, const QColor &color)
 {
-    strokeRounded(painter, rect, radius, color, FocusWidth);
+    strokeRounded(
+        painter, rect, radius, color, qMax(look::FocusWidth, KLiteStyle::dpiScaledF(look::FocusWidth)));
 }
 
 bool showsKeyboardFocus(const QStyleOption &option)
 {
     return (option.state & QStyle::State_HasFocus) && (option.state & QStyle::State_KeyboardFocusChange);
+}
+
+QColor grooveColor()
+{
+    return KSkin::highContrast() ? KSkin::color(KSkin::Color::Border) : overlay(GrooveOpacity);
+}
+
+void strokeInHighContrast(QPainter *painter, const QRectF &rect, qreal radius)
+{
+    if (KSkin::highContrast())
+        strokeRounded(painter, rect, radius, KSkin::color(KSkin::Color::ControlBorder));
 }
 
 void drawChevron(QPainter *painter, const QRect &rect, Qt::ArrowType direction, const QColor &color)
@@ -107,7 +119,7 @@ void drawTick(QPainter *painter, const QRectF &box, const QColor &color)
 
 void drawField(QPainter *painter, const QStyleOption &option, bool focusAlwaysShows)
 {
-    const qreal radius = KLiteStyle::dpiScaledF(ControlRadius);
+    const qreal radius = KLiteStyle::dpiScaledF(look::Radius);
     const QRectF rect(option.rect);
     const bool enabled = option.state & QStyle::State_Enabled;
     fillRounded(painter, rect, radius, enabled ? option.palette.color(QPalette::Base) : overlay(0.04));
@@ -117,10 +129,11 @@ void drawField(QPainter *painter, const QStyleOption &option, bool focusAlwaysSh
         drawFocusRing(painter, rect, radius, KSkin::color(KSkin::Color::Accent));
         return;
     }
-    const QColor border = KSkin::color(KSkin::Color::Border);
-    const bool hovered = enabled && (option.state & QStyle::State_MouseOver);
-    const qreal strength = !enabled ? 0 : hovered ? 0.75 : 0.35;
-    strokeRounded(painter, rect, radius, mixed(border, KSkin::color(KSkin::Color::TextSecondary), strength));
+    const bool hovered = option.state & QStyle::State_MouseOver;
+    const KSkin::Color border = !enabled ? KSkin::Color::Border
+        : hovered                        ? KSkin::Color::TextSecondary
+                                         : KSkin::Color::ControlBorder;
+    strokeRounded(painter, rect, radius, KSkin::color(border));
 }
 
 QColor textColor(const QStyleOption &option, KSkin::Color enabled)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "klook.h"
 #include "kskin.h"
 
 #include <QColor>
@@ -11,9 +12,6 @@ class QStyleOption;
 
 /// Shapes that every part of the style draws with. Lengths are device-independent pixels, already scaled.
 namespace zel::style {
-
-constexpr qreal ControlRadius = 6;
-constexpr qreal SmallRadius = 4;
 
 /// `base` with `share` (0 to 1) of `other` mixed in; opaque when both are.
 QColor mixed(const QColor &base, const QColor &other, qreal share);
@@ -29,10 +27,15 @@ void fillRounded(QPainter *painter, const QRectF &rect, qreal radius, const QCol
 /// A line of `width` inside the edge of `rect`.
 void strokeRounded(QPainter *painter, const QRectF &rect, qreal radius, const QColor &color, qreal width = 1);
 
-/// Two pixels wide, inside `rect`.
+/// look::FocusWidth wide, inside `rect`.
 void drawFocusRing(QPainter *painter, const QRectF &rect, qreal radius, const QColor &color);
 /// True when the focus is to be shown: the control has it and it was moved by the keyboard.
 bool showsKeyboardFocus(const QStyleOption &option);
+
+QColor grooveColor(); ///< of sliders and progress bars, under the filled part
+
+/// Where shades of grounds alone tell a shape in the ordinary skin, high contrast gives it an edge.
+void strokeInHighContrast(QPainter *painter, const QRectF &rect, qreal radius);
 
 void drawChevron(QPainter *painter, const QRect &rect, Qt::ArrowType direction, const QColor &color);
 void drawTick(QPainter *painter, const QRectF &box, const QColor &color);

@@ -40,7 +40,7 @@ void drawIndicatorGround(
     const bool hovered = enabled && (option.state & (QStyle::State_MouseOver | QStyle::State_Sunken));
     fillRounded(painter, rect, radius, enabled ? option.palette.color(QPalette::Base) : overlay(0.04));
     fillRounded(painter, rect, radius, overlayFor(option));
-    const Color border = !enabled ? Color::TextDisabled : hovered ? Color::Accent : Color::TextSecondary;
+    const Color border = !enabled ? Color::TextDisabled : hovered ? Color::Accent : Color::ControlBorder;
     strokeRounded(painter, rect, radius, KSkin::color(border), KLiteStyle::dpiScaledF(1.25));
 }
 
@@ -59,7 +59,7 @@ bool isPrimary(const QStyleOptionButton &option)
 
 void drawPushButtonPanel(const QStyleOptionButton &option, QPainter *painter)
 {
-    const qreal radius = KLiteStyle::dpiScaledF(ControlRadius);
+    const qreal radius = KLiteStyle::dpiScaledF(look::Radius);
     if (isPrimary(option)) {
         fillRounded(painter, option.rect, radius, accentFor(option));
         return;
@@ -68,6 +68,8 @@ void drawPushButtonPanel(const QStyleOptionButton &option, QPainter *painter)
     if (option.state & QStyle::State_On)
         fillRounded(painter, option.rect, radius, KSkin::color(Color::Selected));
     fillRounded(painter, option.rect, radius, overlayFor(option));
+    if (!(option.features & QStyleOptionButton::Flat) && (option.state & QStyle::State_Enabled))
+        strokeInHighContrast(painter, option.rect, radius);
 }
 
 void drawPushButton(
@@ -79,7 +81,7 @@ void drawPushButton(
     style.drawControl(QStyle::CE_PushButtonLabel, &label, painter, w);
     if (!showsKeyboardFocus(option))
         return;
-    const qreal radius = KLiteStyle::dpiScaledF(ControlRadius);
+    const qreal radius = KLiteStyle::dpiScaledF(look::Radius);
     if (!isPrimary(option)) {
         drawFocusRing(painter, option.rect, radius, KSkin::color(Color::Accent));
         return;
@@ -91,7 +93,7 @@ void drawPushButton(
 
 void drawToolButtonPanel(const QStyleOption &option, QPainter *painter)
 {
-    const qreal radius = KLiteStyle::dpiScaledF(ControlRadius);
+    const qreal radius = KLiteStyle::dpiScaledF(look::Radius);
     if (!(option.state & QStyle::State_AutoRaise))
         fillRounded(painter, option.rect, radius, overlay(0.06));
     if (option.state & QStyle::State_On)
@@ -104,7 +106,7 @@ void drawCheckIndicator(const QStyleOption &option, QPainter *painter)
     const QRectF box(option.rect);
     const bool partly = option.state & QStyle::State_NoChange;
     const bool checked = option.state & QStyle::State_On;
-    drawIndicatorGround(option, painter, box, KLiteStyle::dpiScaledF(SmallRadius), partly || checked);
+    drawIndicatorGround(option, painter, box, KLiteStyle::dpiScaledF(look::RadiusSmall), partly || checked);
     if (checked)
         drawTick(painter, box, markColor(option));
     if (partly) {

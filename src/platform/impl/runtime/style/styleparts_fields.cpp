@@ -28,7 +28,7 @@ void drawComboBox(const QStyleOptionComboBox &option, QPainter *painter)
     if (option.frame)
         drawField(painter, option, option.editable);
     else
-        fillRounded(painter, option.rect, KLiteStyle::dpiScaledF(ControlRadius), overlayFor(option));
+        fillRounded(painter, option.rect, KLiteStyle::dpiScaledF(look::Radius), overlayFor(option));
     if (option.subControls & QStyle::SC_ComboBoxArrow) {
         const QRect arrow = comboBoxPart(option, QStyle::SC_ComboBoxArrow);
         drawChevron(painter, arrow, Qt::DownArrow, textColor(option, KSkin::Color::TextSecondary));
@@ -61,7 +61,7 @@ void drawSpinBox(
             QStyle::State_Enabled, (option.state & QStyle::State_Enabled) && (option.stepEnabled & flag));
         const bool active = option.activeSubControls & part;
         if (active && (step.state & QStyle::State_Enabled))
-            fillRounded(painter, rect.adjusted(1, 1, -1, -1), KLiteStyle::dpiScaledF(SmallRadius),
+            fillRounded(painter, rect.adjusted(1, 1, -1, -1), KLiteStyle::dpiScaledF(look::RadiusSmall),
                 overlayFor(option));
         drawChevron(painter, rect, arrow, textColor(step, KSkin::Color::TextSecondary));
     };

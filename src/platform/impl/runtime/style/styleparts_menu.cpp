@@ -10,18 +10,16 @@
 namespace zel::style {
 namespace {
 
-constexpr int ItemHeight = 32;
 constexpr int SeparatorHeight = 9;
-constexpr int Padding = 12;     // from the menu's edge to icon or text
-constexpr int IconGap = 10;     // between icon and text
-constexpr int ArrowColumn = 24; // for the arrow of a submenu
-constexpr int IconSize = 16;
+constexpr int Padding = look::SpaceM; // from the menu's edge to icon or text
+constexpr int IconGap = 10;           // between icon and text
+constexpr int ArrowColumn = 24;       // for the arrow of a submenu
 
 int iconColumn(const QStyleOptionMenuItem &option)
 {
     const bool anyMark = option.menuHasCheckableItems;
-    const int width = qMax(option.maxIconWidth > 4 ? KLiteStyle::dpiScaled(IconSize) : 0,
-        anyMark ? KLiteStyle::dpiScaled(IconSize) : 0);
+    const int width = qMax(option.maxIconWidth > 4 ? KLiteStyle::dpiScaled(look::Glyph) : 0,
+        anyMark ? KLiteStyle::dpiScaled(look::Glyph) : 0);
     return width > 0 ? width + KLiteStyle::dpiScaled(IconGap) : 0;
 }
 
@@ -48,7 +46,7 @@ void drawMark(const QStyleOptionMenuItem &option, QPainter *painter, const QRect
 {
     const bool hasIcon = !option.icon.isNull();
     if (option.checked && hasIcon)
-        fillRounded(painter, cell.adjusted(-3, -3, 3, 3), KLiteStyle::dpiScaledF(SmallRadius),
+        fillRounded(painter, cell.adjusted(-3, -3, 3, 3), KLiteStyle::dpiScaledF(look::RadiusSmall),
             KSkin::color(KSkin::Color::Selected));
     if (hasIcon) {
         const QIcon::Mode mode = option.state & QStyle::State_Enabled ? QIcon::Normal : QIcon::Disabled;
@@ -96,11 +94,14 @@ void drawMenuItem(
     }
     painter->save();
     const bool chosen = (option.state & QStyle::State_Selected) && (option.state & QStyle::State_Enabled);
-    if (chosen)
-        fillRounded(painter, option.rect, KLiteStyle::dpiScaledF(SmallRadius), overlay(0.08));
+    if (chosen) {
+        const qreal radius = KLiteStyle::dpiScaledF(look::RadiusSmall);
+        fillRounded(painter, option.rect, radius, overlay(0.08));
+        strokeInHighContrast(painter, option.rect, radius);
+    }
 
     const int padding = KLiteStyle::dpiScaled(Padding);
-    const int side = KLiteStyle::dpiScaled(IconSize);
+    const int side = KLiteStyle::dpiScaled(look::Glyph);
     const int column = iconColumn(option);
     const QRect cell(
         option.rect.left() + padding, option.rect.top() + (option.rect.height() - side) / 2, side, side);
@@ -127,7 +128,7 @@ QSize menuItemSize(const QStyleOptionMenuItem &option, const QSize &contents)
     const bool hasShortcut = option.text.contains(QLatin1Char('\t'));
     const int width = contents.width() + iconColumn(option) + KLiteStyle::dpiScaled(Padding + ArrowColumn)
         + (hasShortcut ? KLiteStyle::dpiScaled(Padding) : 0);
-    return {width, qMax(contents.height(), KLiteStyle::dpiScaled(ItemHeight))};
+    return {width, qMax(contents.height(), KLiteStyle::dpiScaled(look::ControlHeight))};
 }
 
 } // namespace zel::style

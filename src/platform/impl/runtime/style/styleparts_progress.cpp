@@ -85,7 +85,7 @@ void BusyAnimation::timerEvent(QTimerEvent *)
 void drawProgressGroove(const QStyleOptionProgressBar &option, QPainter *painter)
 {
     const QRectF bar = barOf(option);
-    fillRounded(painter, bar, qMin(bar.width(), bar.height()) / 2, overlay(0.12));
+    fillRounded(painter, bar, qMin(bar.width(), bar.height()) / 2, grooveColor());
 }
 
 void drawProgressContents(const QStyleOptionProgressBar &option, QPainter *painter, const QWidget *w)
@@ -126,7 +126,7 @@ QRect progressPart(const QStyleOptionProgressBar &option, QStyle::SubElement par
         return label ? QRect() : option.rect;
     const int widest = qMax(option.fontMetrics.horizontalAdvance(option.text),
         option.fontMetrics.horizontalAdvance(QStringLiteral("100%")));
-    const int width = widest + KLiteStyle::dpiScaled(10);
+    const int width = widest + KLiteStyle::dpiScaled(look::SpaceS);
     QRect rect = option.rect;
     if (label)
         rect.setLeft(rect.right() - width + 1);

@@ -73,8 +73,10 @@ void drawScrollBar(
     const bool onHandle = option.activeSubControls & QStyle::SC_ScrollBarSlider;
     const bool pressed = onHandle && (option.state & QStyle::State_Sunken);
     const bool hovered = option.state & QStyle::State_MouseOver;
-    const qreal opacity = pressed ? 0.62 : hovered ? 0.48 : 0.26;
-    fillRounded(painter, handle, qMin(handle.width(), handle.height()) / 2, overlay(opacity));
+    const KSkin::Color color = pressed ? KSkin::Color::Text
+        : hovered                      ? KSkin::Color::TextSecondary
+                                       : KSkin::Color::ControlBorder;
+    fillRounded(painter, handle, qMin(handle.width(), handle.height()) / 2, KSkin::color(color));
 }
 
 void drawSlider(
@@ -87,7 +89,7 @@ void drawSlider(
     const QRectF bar(option.rect);
     const QRectF groove = flat ? QRectF(bar.left(), knob.y() - half, bar.width(), 2 * half)
                                : QRectF(knob.x() - half, bar.top(), 2 * half, bar.height());
-    fillRounded(painter, groove, half, overlay(0.16));
+    fillRounded(painter, groove, half, grooveColor());
     QRectF filled = groove;
     const bool fromEnd = option.upsideDown;
     if (flat)

@@ -25,19 +25,20 @@ void drawItemPanel(const QStyleOption &option, QPainter *painter, const QWidget 
     if (item && item->backgroundBrush.style() != Qt::NoBrush)
         painter->fillRect(option.rect, item->backgroundBrush);
     const bool enabled = option.state & QStyle::State_Enabled;
-    const qreal radius = KLiteStyle::dpiScaledF(SmallRadius);
-    if (option.state & QStyle::State_Selected)
+    const qreal radius = KLiteStyle::dpiScaledF(look::RadiusSmall);
+    if (option.state & QStyle::State_Selected) {
         fillRounded(painter, option.rect, radius, KSkin::color(Color::Selected));
-    else if (enabled && (option.state & QStyle::State_MouseOver))
+        strokeInHighContrast(painter, option.rect, radius);
+    } else if (enabled && (option.state & QStyle::State_MouseOver))
         fillRounded(painter, option.rect, radius, KSkin::color(Color::Hover));
 }
 
 void drawTab(const QStyleOptionTab &option, QPainter *painter)
 {
     const bool selected = option.state & QStyle::State_Selected;
-    const QRect inner = option.rect.adjusted(2, 2, -2, -2);
+    const QRect inner = option.rect.adjusted(2, 2, -2, isUpright(option.shape) ? -2 : -4);
     if (!selected)
-        fillRounded(painter, inner, KLiteStyle::dpiScaledF(ControlRadius), overlayFor(option));
+        fillRounded(painter, inner, KLiteStyle::dpiScaledF(look::Radius), overlayFor(option));
     if (selected) {
         const int thickness = KLiteStyle::dpiScaled(2);
         const int inset = KLiteStyle::dpiScaled(10);
@@ -49,7 +50,7 @@ void drawTab(const QStyleOptionTab &option, QPainter *painter)
         fillRounded(painter, mark, thickness / 2.0, KSkin::color(Color::Accent));
     }
     if (showsKeyboardFocus(option))
-        drawFocusRing(painter, inner, KLiteStyle::dpiScaledF(ControlRadius), KSkin::color(Color::Accent));
+        drawFocusRing(painter, inner, KLiteStyle::dpiScaledF(look::Radius), KSkin::color(Color::Accent));
 }
 
 void drawHeaderSection(const QStyleOption &option, QPainter *painter)

@@ -1,4 +1,4 @@
-#include "recentfile/ui/loadingindicator.h"
+#include "widgets/loadingindicator.h"
 
 #include "klitestyle.h"
 #include "kskin.h"
@@ -14,9 +14,9 @@ constexpr int TicksPerRound = 24;
 constexpr int Dots = 3;
 } // namespace
 
-LoadingIndicator::LoadingIndicator(QWidget *parent) : QWidget(parent)
+LoadingIndicator::LoadingIndicator(const QString &name, QWidget *parent) : QWidget(parent)
 {
-    setAccessibleName(tr("Loading recent files"));
+    setAccessibleName(name);
 }
 
 void LoadingIndicator::showEvent(QShowEvent *event)

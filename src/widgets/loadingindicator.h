@@ -9,7 +9,7 @@ class LoadingIndicator : public QWidget
 {
     Q_OBJECT
 public:
-    explicit LoadingIndicator(QWidget *parent = nullptr);
+    explicit LoadingIndicator(const QString &name, QWidget *parent = nullptr); ///< accessible name
 
     bool isAnimating() const { return m_animation.isActive(); }
 

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QFontMetrics>
+#include <QString>
+
+/// Names of files as lists may show them. GUI thread.
+namespace zel {
+
+/// `text` as it may be shown: line breaks and other control characters become blanks, and so do the
+/// characters that turn the direction of writing, with which a name can pretend to end in another suffix.
+QString plainLine(QString text);
+
+/// plainLine(`name`) in at most `width`: the middle of the base name goes first, the suffix stays readable.
+QString elidedName(const QString &name, const QFontMetrics &metrics, int width);
+
+} // namespace zel

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QColor>
+#include <QFontMetrics>
+#include <QRect>
+
+class QPainter;
+class QStyleOption;
+
+/// What the rows of all lists are painted with, so that they look alike. GUI thread.
+namespace zel {
+
+/// Hover, selection and focus ring of a row, from the state of `option`. Needs antialiasing.
+void paintRowGround(QPainter *painter, const QRect &ground, const QStyleOption &option);
+
+/// One line of text in the middle of `rect`. By its base line, because a font that steps in for missing
+/// letters is often taller and would push the line down.
+void paintTextLine(QPainter *painter, const QRect &rect, const QFontMetrics &metrics, const QString &text);
+
+/// A line icon that fills `rect`.
+void paintGlyph(QPainter *painter, const QRect &rect, const QString &icon, const QColor &color);
+
+/// The veil under a row's button that the pointer is on.
+void paintButtonVeil(QPainter *painter, const QRect &rect, bool pressed);
+
+} // namespace zel

@@ -1,0 +1,144 @@
+#include "kcoreapplication.h"
+#include "klitestyle.h"
+#include "klook.h"
+#include "kskin.h"
+#include "skinstate.h"
+#include "style/stylepaint.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QtTest>
+
+#include <cmath>
+
+using Color = KSkin::Color;
+using zel::style::mixed;
+
+namespace {
+
+// Relative luminance and contrast ratio as the Web Content Accessibility Guidelines 2.1 define them.
+double luminance(const QColor &color)
+{
+    const auto linear = [](double v) {
+        return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+}
+
+double contrast(const QColor &a, const QColor &b)
+{
+    const double x = luminance(a);
+    const double y = luminance(b);
+    return (std::max(x, y) + 0.05) / (std::min(x, y) + 0.05);
+}
+
+constexpr double EdgeContrast = 3;
+
+// The colour in the middle of the left edge, `depth` pixels inside.
+QColor atLeft(QWidget &widget, int depth)
+{
+    return widget.grab().toImage().pixelColor(depth, widget.height() / 2);
+}
+
+} // namespace
+
+class PaletteTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase_data()
+    {
+        QTest::addColumn<bool>("dark");
+        QTest::addColumn<bool>("high");
+        QTest::newRow("light") << false << false;
+        QTest::newRow("dark") << true << false;
+        QTest::newRow("light, high contrast") << false << true;
+        QTest::newRow("dark, high contrast") << true << true;
+    }
+
+    void init()
+    {
+        QFETCH_GLOBAL(bool, dark);
+        QFETCH_GLOBAL(bool, high);
+        zel::platform::SkinState::instance().setDesktop({dark, high, true, 1});
+        QCOMPARE(KSkin::isDark(), dark);
+    }
+
+    void textsAndEdges()
+    {
+        for (const Color ground : {Color::Window, Color::Surface, Color::Hover, Color::Selected}) {
+            for (const Color text : {Color::Text, Color::TextSecondary, Color::Accent, Color::Badge})
+                verifyText(KSkin::color(text), KSkin::color(ground), int(text), int(ground));
+            for (const Color edge : {Color::ControlBorder, Color::Accent})
+                verify(KSkin::color(edge), KSkin::color(ground), EdgeContrast, int(edge), int(ground));
+        }
+        verifyText(KSkin::color(Color::OnAccent), KSkin::color(Color::Accent));
+        verifyText(KSkin::color(Color::OnBadge), KSkin::color(Color::Badge));
+        const QPalette p = QApplication::palette();
+        verifyText(p.color(QPalette::ToolTipText), p.color(QPalette::ToolTipBase));
+        verifyText(p.color(QPalette::PlaceholderText), p.color(QPalette::Base));
+        verifyText(p.color(QPalette::HighlightedText), p.color(QPalette::Highlight));
+    }
+
+    void tonedGrounds()
+    {
+        for (const Color below : {Color::Window, Color::Surface}) {
+            const QColor accent = KSkin::color(Color::Accent);
+            verifyText(accent, mixed(KSkin::color(below), accent, zel::look::SoftTintActive)); // a chip
+            const QColor problem = KSkin::color(Color::Badge);
+            const QColor notice = mixed(KSkin::color(below), problem, zel::look::SoftTint);
+            verifyText(KSkin::color(Color::Text), notice);
+            verify(problem, notice, EdgeContrast, int(Color::Badge), int(below)); // its glyph
+        }
+    }
+
+    // What the style really paints under a label.
+    void pressedButtons()
+    {
+        for (const bool primary : {false, true}) {
+            QPushButton button;
+            button.setDefault(primary);
+            button.setDown(true);
+            button.resize(100, 40);
+            verifyText(KSkin::color(primary ? Color::OnAccent : Color::Text), atLeft(button, 10), primary);
+        }
+    }
+
+    void fieldsHaveAnEdge()
+    {
+        QLineEdit edit;
+        QComboBox combo;
+        QCheckBox check;
+        for (QWidget *widget : std::initializer_list<QWidget *>{&edit, &combo, &check}) {
+            widget->resize(widget->sizeHint());
+            const QColor edge = atLeft(*widget, 0);
+            QVERIFY2(contrast(edge, KSkin::color(Color::Surface)) >= EdgeContrast,
+                qPrintable(QLatin1String(widget->metaObject()->className()) + edge.name()));
+        }
+    }
+
+private:
+    static void verify(const QColor &color, const QColor &ground, double least, int role, int groundRole)
+    {
+        const double ratio = contrast(color, ground);
+        const QString message = QStringLiteral("%1 (%2) on %3 (%4): %5");
+        QVERIFY2(ratio >= least,
+            qPrintable(message.arg(color.name()).arg(role).arg(ground.name()).arg(groundRole).arg(ratio)));
+    }
+    static void verifyText(const QColor &text, const QColor &ground, int role = -1, int groundRole = -1)
+    {
+        verify(text, ground, KSkin::highContrast() ? 7 : 4.5, role, groundRole);
+    }
+};
+
+int main(int argc, char **argv)
+{
+    KCoreApplication app(
+        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
+    PaletteTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_palette.moc"

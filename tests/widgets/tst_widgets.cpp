@@ -1,0 +1,175 @@
+#include "kcoreapplication.h"
+#include "skinstate.h"
+#include "widgets/noticebar.h"
+#include "widgets/progressring.h"
+#include "widgets/searchfield.h"
+#include "widgets/sidelist.h"
+#include "widgets/toggle.h"
+
+#include <QAction>
+#include <QPushButton>
+#include <QSignalSpy>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <QVariantAnimation>
+#include <QtTest>
+
+namespace {
+
+/// Notices the Escape key that a child let pass.
+class Window : public QWidget
+{
+public:
+    int escapes = 0;
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override { escapes += event->key() == Qt::Key_Escape ? 1 : 0; }
+};
+
+void setAnimations(bool on)
+{
+    zel::platform::SkinState::instance().setDesktop({{}, false, on, 1});
+}
+
+} // namespace
+
+class WidgetsTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void searchFieldEmptiesBeforeItLetsGo()
+    {
+        Window window;
+        SearchField field(QStringLiteral("Search files"), &window);
+        const auto buttons = field.findChildren<QToolButton *>();
+        QToolButton *clear = buttons.last();
+        window.show();
+        QCOMPARE(field.accessibleName(), QStringLiteral("Search files"));
+        QVERIFY(clear->isHidden());
+        QTest::keyClicks(&field, QStringLiteral("ab"));
+        QVERIFY(clear->isVisible());
+        QTest::keyClick(&field, Qt::Key_Escape);
+        QCOMPARE(field.text(), QString());
+        QCOMPARE(window.escapes, 0);
+        QVERIFY(clear->isHidden());
+        QTest::keyClick(&field, Qt::Key_Escape);
+        QCOMPARE(window.escapes, 1);
+        field.setText(QStringLiteral("c"));
+        QTest::mouseClick(clear, Qt::LeftButton);
+        QCOMPARE(field.text(), QString());
+        QSignalSpy down(&field, &SearchField::leaveDownRequested);
+        QTest::keyClick(&field, Qt::Key_Down);
+        QCOMPARE(down.count(), 1);
+    }
+
+    void toggleMovesUnlessForbidden()
+    {
+        for (const bool moves : {true, false}) {
+            setAnimations(moves);
+            Toggle toggle(QStringLiteral("Start with the session"));
+            toggle.show();
+            const auto *motion = toggle.findChild<QVariantAnimation *>();
+            QTest::mouseClick(&toggle, Qt::LeftButton, {}, {2, toggle.height() - 2});
+            QVERIFY(toggle.isChecked());
+            QCOMPARE(motion->state() == QAbstractAnimation::Running, moves);
+            QTRY_COMPARE(motion->state(), QAbstractAnimation::Stopped);
+            const QImage on = toggle.grab().toImage();
+            QTest::keyClick(&toggle, Qt::Key_Space);
+            QVERIFY(!toggle.isChecked());
+            QTRY_COMPARE(motion->state(), QAbstractAnimation::Stopped);
+            QVERIFY(on != toggle.grab().toImage());
+        }
+        setAnimations(true);
+    }
+
+    // A ring that turns costs power only while somebody can see it.
+    void ringRestsUnseen()
+    {
+        ProgressRing ring;
+        const auto *turning = ring.findChild<QVariantAnimation *>();
+        ring.setRange(0, 0);
+        ring.show();
+        QTRY_COMPARE(turning->state(), QAbstractAnimation::Running);
+        ring.hide();
+        QCOMPARE(turning->state(), QAbstractAnimation::Stopped);
+        ring.show();
+        QTRY_COMPARE(turning->state(), QAbstractAnimation::Running);
+        ring.setRange(0, 100);
+        QTRY_COMPARE(turning->state(), QAbstractAnimation::Stopped);
+    }
+
+    void sideListAlwaysHasAPage()
+    {
+        SideList list(QStringLiteral("Settings"));
+        QSignalSpy chosen(&list, &SideList::pageChosen);
+        const QString icon = QStringLiteral(":/icons_svg/settings.svg");
+        list.addPage(icon, QStringLiteral("General"));
+        const int narrow = list.sizeHint().width();
+        list.addPage(icon, QStringLiteral("A page with a title that asks for more room"));
+        QVERIFY(list.sizeHint().width() > narrow);
+        list.show();
+        QCOMPARE(list.currentRow(), 0);
+        QTest::keyClick(&list, Qt::Key_Down);
+        QTest::mouseClick(
+            list.viewport(), Qt::LeftButton, Qt::ControlModifier, list.visualItemRect(list.item(1)).center());
+        QVERIFY(list.item(1)->isSelected());
+        QCOMPARE(chosen.count(), 2);
+        QCOMPARE(chosen.last().constFirst().toInt(), 1);
+    }
+
+    void noticeEnds_data()
+    {
+        QTest::addColumn<QString>("how");
+        QTest::addColumn<int>("used");
+        QTest::addColumn<int>("dismissed");
+        QTest::newRow("used") << "action" << 1 << 0;
+        QTest::newRow("closed") << "close" << 0 << 1;
+        QTest::newRow("escape") << "escape" << 0 << 1;
+        QTest::newRow("time") << "time" << 0 << 1;
+        QTest::newRow("plain text instead") << "text" << 0 << 1;
+        QTest::newRow("another offer instead") << "offer" << 0 << 0;
+    }
+    void noticeEnds()
+    {
+        QFETCH(QString, how);
+        QWidget window;
+        auto *layout = new QVBoxLayout(&window);
+        auto *notice = new NoticeBar;
+        layout->addWidget(notice);
+        auto *elsewhere = new QPushButton;
+        layout->addWidget(elsewhere);
+        window.show();
+        elsewhere->setFocus(); // a notice with the focus would stay
+        QVERIFY(notice->isHidden());
+        QSignalSpy used(notice, &NoticeBar::actionTriggered);
+        QSignalSpy dismissed(notice, &NoticeBar::dismissed);
+        const int time = how == QLatin1String("time") ? 1 : NoticeBar::Stay;
+        notice->showAction(QStringLiteral("Moved"), QStringLiteral("Undo"), NoticeBar::Tone::Info, time);
+        const auto buttons = notice->findChildren<QAbstractButton *>();
+        auto *action = notice->findChild<QPushButton *>();
+        QVERIFY(notice->isVisible() && action->isVisible());
+        if (how == QLatin1String("action"))
+            action->click();
+        else if (how == QLatin1String("close"))
+            (buttons.first() == action ? buttons.last() : buttons.first())->click();
+        else if (how == QLatin1String("escape"))
+            QTest::keyClick(action, Qt::Key_Escape);
+        else if (how == QLatin1String("text"))
+            notice->showText(QStringLiteral("No longer there"));
+        else if (how == QLatin1String("offer"))
+            notice->showAction(QStringLiteral("Moved again"), QStringLiteral("Undo"));
+        QTRY_COMPARE(notice->isHidden(), how != QLatin1String("text") && how != QLatin1String("offer"));
+        QTEST(used.count(), "used");
+        QTEST(dismissed.count(), "dismissed");
+    }
+};
+
+int main(int argc, char **argv)
+{
+    KCoreApplication app(
+        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
+    WidgetsTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+#include "tst_widgets.moc"
