@@ -1,0 +1,93 @@
+#pragma once
+
+#include "clouddoc/clouddocrecords.h"
+
+#include <QHash>
+#include <QObject>
+#include <QPointer>
+#include <functional>
+
+class KCloudSvrProxy;
+class QGenericArgument;
+
+/// What came of a request: a value, or why there is none.
+template <class Value> struct CloudAnswer
+{
+    CloudProblem problem = CloudProblem::None;
+    QString detail; ///< one English sentence for the log
+    Value value = {};
+
+    explicit operator bool() const { return problem == CloudProblem::None; }
+};
+
+/// What the page asks of the cloud service, in the page's terms. GUI thread; nothing blocks. Each request
+/// calls its continuation exactly once on a later turn of the loop, also when there is no service or the
+/// proxy goes; never after this object is gone. A continuation may do anything but destroy this object.
+class CloudDocLink final : public QObject
+{
+    Q_OBJECT
+public:
+    template <class Value> using Then = std::function<void(const CloudAnswer<Value> &)>;
+
+    /// `proxy` is not owned, may be null and may be destroyed first.
+    explicit CloudDocLink(KCloudSvrProxy *proxy, QObject *parent = nullptr);
+
+    bool isReached() const { return m_reached; } ///< the service is there
+
+    /// `version` of the page before, so that the pages fit together; 0 with the first.
+    void listFolder(
+        const QString &id, int offset, int count, CloudSort sort, qint64 version, Then<CloudPage> then);
+    void findPath(const QString &id, Then<CloudCrumbs> then); ///< NotFound when it is gone
+    void createFolder(const QString &parentId, const QString &name, Then<CloudDocument> then);
+    void rename(const QString &id, const QString &name, Then<CloudDocument> then);
+    void move(
+        const QStringList &ids, const QString &folderId, CloudNameChoice choice, Then<CloudOutcome> then);
+    void copy(
+        const QStringList &ids, const QString &folderId, CloudNameChoice choice, Then<CloudOutcome> then);
+    void remove(const QStringList &ids, Then<CloudOutcome> then); ///< into the recycle bin
+    void recover(const QStringList &recycleIds, Then<CloudOutcome> then);
+    void upload(
+        const QStringList &paths, const QString &folderId, CloudNameChoice choice, Then<CloudOutcome> then);
+    void download(
+        const QStringList &ids, const QString &folder, CloudNameChoice choice, Then<CloudOutcome> then);
+    void listTransfers(int count, Then<CloudTransfers> then); ///< the newest ones
+    void changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep step, Then<CloudOutcome> then);
+    void readRoom(Then<CloudRoom> then);
+    void subscribeTransfers(); ///< news() tell from now on how far each is; ends with the connection
+
+Q_SIGNALS:
+    void reachedChanged(bool reached); ///< after a loss, before the requests that it ended tell so
+    void news(const CloudNews &news);
+
+public Q_SLOTS: // answers, by the name that the request gave
+    void onPage(bool bOk, const QString &requestId, const zel::vela::GetInfoListResult &result);
+    void onPath(bool bOk, const QString &requestId, const zel::vela::GetItemInfoListV5Result &result);
+    void onFolder(bool bOk, const QString &requestId, const zel::vela::CreateFolderResult &result);
+    void onRenamed(bool bOk, const QString &requestId, const zel::vela::RenameResult &result);
+    void onMoved(bool bOk, const QString &requestId, const zel::vela::CloudItemsMoveToResult &result);
+    void onCopied(bool bOk, const QString &requestId, const zel::vela::CloudItemsCopyToResult &result);
+    void onRemoved(bool bOk, const QString &requestId, const zel::vela::BatchRemoveResult &result);
+    void onRecovered(bool bOk, const QString &requestId, const zel::vela::RecoverRecyclesResult &result);
+    void onUpload(bool bOk, const QString &requestId, const zel::vela::UploadItemsResult &result);
+    void onDownload(bool bOk, const QString &requestId, const zel::vela::DownloadItemsResult &result);
+    void onTransfers(bool bOk, const QString &requestId, const zel::vela::TransferInfoListResult &result);
+    void onTransferStep(
+        bool bOk, const QString &requestId, const zel::vela::UpdateTransferInfoResult &result);
+    void onRoom(bool bOk, const QString &requestId, const zel::vela::GetStorageInfoResult &result);
+
+private:
+    /// Gets the answer's record, null without one.
+    using Ending = std::function<void(const void *record)>;
+
+    template <class Record, class Value, class Read>
+    void ask(
+        const char *method, const QGenericArgument &request, const char *slot, Then<Value> then, Read read);
+    void end(const QString &requestId, const void *record);
+    void endAll();
+    void setReached(bool reached);
+    void onPush(const QString &method, const QVariant &record);
+
+    QPointer<KCloudSvrProxy> m_proxy;
+    QHash<QString, Ending> m_waiting; ///< by request
+    bool m_reached = false;
+};

@@ -1,0 +1,217 @@
+#include "clouddoc/clouddoclink.h"
+#include "clouddoc/clouddoclogic.h"
+
+#include <QDir>
+
+// What the user does.
+
+namespace {
+
+/// Of one request: what is done shows up in between, and no request runs into its time limit.
+constexpr int LargestPart = 1000;
+
+CloudConflicts namedConflicts(CloudConflicts conflicts, const QHash<QString, QString> &names)
+{
+    for (CloudConflict &conflict : conflicts)
+        if (conflict.name.isEmpty())
+            conflict.existing.name = conflict.name = names.value(conflict.source);
+    return conflicts;
+}
+
+void append(CloudOutcome &all, const CloudOutcome &part)
+{
+    all.documents += part.documents;
+    all.removed += part.removed;
+    all.recycled += part.recycled;
+    all.transfers += part.transfers;
+    all.conflicts += part.conflicts;
+    if (all.failed == 0) {
+        all.problem = part.problem;
+        all.detail = part.detail;
+    }
+    all.failed += part.failed;
+}
+
+} // namespace
+
+void CloudDocLogic::createFolder(const QString &name)
+{
+    m_link->createFolder(m_folder.id, name, [this](const CloudAnswer<CloudDocument> &answer) {
+        if (!answer) {
+            Q_EMIT operationFailed(Operation::CreateFolder, answer.problem, 1, answer.detail);
+            return;
+        }
+        takePresent({answer.value});
+        Q_EMIT folderCreated(answer.value.id);
+        Q_EMIT operationDone(Operation::CreateFolder);
+    });
+}
+
+void CloudDocLogic::rename(const QString &id, const QString &name)
+{
+    m_link->rename(id, name, [this](const CloudAnswer<CloudDocument> &answer) {
+        if (!answer) {
+            Q_EMIT operationFailed(Operation::Rename, answer.problem, 1, answer.detail);
+            return;
+        }
+        takePresent({answer.value});
+        Q_EMIT operationDone(Operation::Rename);
+    });
+}
+
+// The end never comes within the call, not even that of nothing.
+void CloudDocLogic::inParts(
+    Operation operation, const QStringList &ids, const QString &target, const Step &step)
+{
+    if (!ids.isEmpty())
+        nextPart(operation, ids, target, step, {});
+    else
+        QMetaObject::invokeMethod(
+            this, [=, this] { end(operation, {}, target); }, Qt::QueuedConnection);
+}
+
+// `before` is what came of the parts before.
+void CloudDocLogic::nextPart(Operation operation, const QStringList &ids, const QString &target,
+    const Step &step, const CloudOutcome &before)
+{
+    if (ids.isEmpty()) {
+        end(operation, before, target);
+        return;
+    }
+    step(ids.mid(0, LargestPart), [=, this](const CloudAnswer<CloudOutcome> &answer) {
+        CloudOutcome outcome = before;
+        append(outcome, answer.value);
+        if (answer) {
+            take(operation, answer.value);
+            nextPart(operation, ids.mid(LargestPart), target, step, outcome);
+            return;
+        }
+        CloudOutcome rest;
+        rest.failed = ids.size();
+        rest.problem = answer.problem;
+        rest.detail = answer.detail;
+        append(outcome, rest);
+        end(operation, outcome, target);
+    });
+}
+
+void CloudDocLogic::take(Operation operation, const CloudOutcome &outcome)
+{
+    takePresent(outcome.documents);
+    takeGone(outcome.removed);
+    if (!outcome.transfers.isEmpty())
+        takeTransfers(outcome.transfers);
+    if (operation == Operation::Trash)
+        m_trashed += outcome.recycled;
+}
+
+void CloudDocLogic::end(Operation operation, const CloudOutcome &outcome, const QString &target)
+{
+    if (operation == Operation::Trash && !outcome.removed.isEmpty())
+        Q_EMIT trashed(outcome.removed.size(), m_trashedName);
+    if (operation == Operation::UndoTrash && !outcome.documents.isEmpty()) {
+        QStringList ids;
+        for (const CloudDocument &document : outcome.documents)
+            ids.append(document.id);
+        Q_EMIT untrashed(ids);
+    }
+    if (!outcome.transfers.isEmpty())
+        Q_EMIT transfersStarted(outcome.transfers.size());
+    if (outcome.failed > 0)
+        Q_EMIT operationFailed(operation, outcome.problem, outcome.failed, outcome.detail);
+    if (!outcome.conflicts.isEmpty())
+        Q_EMIT conflictsFound(operation, outcome.conflicts, target);
+    if (outcome.failed == 0 && outcome.conflicts.isEmpty())
+        Q_EMIT operationDone(operation);
+}
+
+void CloudDocLogic::move(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
+{
+    inParts(Operation::Move, ids, folderId,
+        [=, this](const QStringList &part, const Then &then) { m_link->move(part, folderId, choice, then); });
+}
+
+void CloudDocLogic::copy(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
+{
+    inParts(Operation::Copy, ids, folderId,
+        [=, this](const QStringList &part, const Then &then) { m_link->copy(part, folderId, choice, then); });
+}
+
+void CloudDocLogic::trash(const QStringList &ids)
+{
+    const CloudDocument *first = ids.isEmpty() ? nullptr : m_documents->find(ids.first());
+    m_trashedName = first ? first->name : QString();
+    m_trashed.clear();
+    inParts(Operation::Trash, ids, {},
+        [this](const QStringList &part, const Then &then) { m_link->remove(part, then); });
+}
+
+void CloudDocLogic::undoTrash()
+{
+    inParts(Operation::UndoTrash, std::exchange(m_trashed, {}), {},
+        [this](const QStringList &part, const Then &then) {
+            m_link->recover(part, [this, part, then](const CloudAnswer<CloudOutcome> &answer) {
+                if (answer.problem == CloudProblem::NotReached)
+                    m_trashed += part; // it can be tried again
+                then(answer);
+            });
+        });
+}
+
+void CloudDocLogic::upload(const QStringList &localPaths, const QString &folderId, CloudNameChoice choice)
+{
+    const QString target = folderId.isEmpty() ? m_folder.id : folderId;
+    QStringList paths;
+    for (const QString &path : localPaths)
+        paths.append(QDir::cleanPath(path)); // as the answer has it
+    inParts(Operation::Upload, paths, target,
+        [=, this](const QStringList &part, const Then &then) { m_link->upload(part, target, choice, then); });
+}
+
+// The answer names what has a taken name by its id only, and the user may be in another folder by then.
+void CloudDocLogic::download(const QStringList &ids, const QString &targetFolder, CloudNameChoice choice)
+{
+    QHash<QString, QString> names;
+    for (const QString &id : ids)
+        if (const CloudDocument *document = m_documents->find(id))
+            names.insert(id, document->name);
+    inParts(Operation::Download, ids, targetFolder, [=, this](const QStringList &part, const Then &then) {
+        m_link->download(part, targetFolder, choice, [=](CloudAnswer<CloudOutcome> answer) {
+            answer.value.conflicts = namedConflicts(answer.value.conflicts, names);
+            for (CloudConflict &conflict : answer.value.conflicts)
+                conflict.existing.localPath = QDir(targetFolder).filePath(conflict.name);
+            then(answer);
+        });
+    });
+}
+
+void CloudDocLogic::changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep step)
+{
+    inParts(Operation::Transfer, ids, {}, [=, this](const QStringList &part, const Then &then) {
+        m_link->changeTransfers(part, step, [this, then](CloudAnswer<CloudOutcome> answer) {
+            // What is no document of a folder is not taken for one.
+            m_transfers->remove(std::exchange(answer.value.removed, {}));
+            takeTransfers(std::exchange(answer.value.transfers, {}));
+            then(answer);
+        });
+    });
+}
+
+void CloudDocLogic::cancelTransfers(const QStringList &ids)
+{
+    changeTransfers(ids, zel::clouddoc::TransferStep::Cancel);
+}
+
+void CloudDocLogic::retryTransfer(const QString &id)
+{
+    changeTransfers({id}, zel::clouddoc::TransferStep::TryAgain);
+}
+
+void CloudDocLogic::clearFinishedTransfers()
+{
+    QStringList ended;
+    for (int row = 0; row < m_transfers->rowCount(); ++row)
+        if (m_transfers->transfer(row).hasEnded())
+            ended.append(m_transfers->transfer(row).id);
+    changeTransfers(ended, zel::clouddoc::TransferStep::TakeOff);
+}

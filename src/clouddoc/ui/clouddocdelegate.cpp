@@ -1,0 +1,194 @@
+#include "clouddoc/ui/clouddocdelegate.h"
+
+#include "clouddoc/clouddocmodel.h"
+#include "clouddoc/ui/cloudrowpainter.h"
+#include "klitestyle.h"
+#include "widgets/nametext.h"
+
+#include <QAbstractItemView>
+#include <QHelpEvent>
+#include <QLineEdit>
+#include <QLocale>
+#include <QToolTip>
+
+using namespace zel::clouddoc;
+using Model = CloudDocModel;
+
+namespace {
+
+constexpr char EditedId[] = "zelEditedId";
+constexpr char StemLength[] = "zelStemLength"; // until it has been selected
+
+QString idOf(const QModelIndex &index)
+{
+    return index.data(Model::IdRole).toString();
+}
+
+} // namespace
+
+CloudDocDelegate::CloudDocDelegate(QObject *parent) : QStyledItemDelegate(parent) { }
+
+void CloudDocDelegate::setCutIds(const QStringList &ids)
+{
+    m_cut = QSet<QString>(ids.cbegin(), ids.cend());
+}
+
+const CloudRowFonts &CloudDocDelegate::fonts(const QFont &font) const
+{
+    if (!m_fonts || m_fonts->name != font)
+        m_fonts.emplace(font);
+    return *m_fonts;
+}
+
+QSize CloudDocDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
+{
+    return {1, fonts(option.font).cell.rowHeight}; // as wide as the view
+}
+
+CloudRow CloudDocDelegate::rowOf(const QModelIndex &index) const
+{
+    CloudRow row = CloudRow::of(index);
+    const QString id = idOf(index);
+    row.faded = m_cut.contains(id);
+    if (const auto renamed = m_newNames.constFind(id); renamed != m_newNames.cend()) {
+        row.fileName = *renamed;
+        row.name = zel::plainLine(*renamed);
+        row.faded = true;
+    }
+    return row;
+}
+
+void CloudDocDelegate::paint(
+    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    CloudRow row = rowOf(index);
+    const CloudRowFonts &rowFonts = fonts(option.font);
+    const CloudCell cell = row.fit(option.rect, rowFonts);
+    QStyleOptionViewItem ours = option;
+    if (!m_showsFocus)
+        ours.state &= ~QStyle::State_HasFocus;
+    paintRow(painter, row, cell, rowFonts, ours, !m_dropTarget.isEmpty() && idOf(index) == m_dropTarget);
+}
+
+QString CloudDocDelegate::toolTip(const QModelIndex &index) const
+{
+    const auto document = index.data(Model::DocumentRole).value<CloudDocument>();
+    QStringList lines{zel::plainLine(document.name)};
+    if (document.modifiedAt > 0) {
+        const QDateTime time = QDateTime::fromMSecsSinceEpoch(document.modifiedAt);
+        lines << tr("Modified: %1").arg(QLocale().toString(time, QLocale::LongFormat));
+    }
+    if (!document.folder)
+        lines << tr("Size: %1").arg(sizeText(document.size));
+    for (QString &line : lines)
+        line = line.toHtmlEscaped();
+    return QStringLiteral("<p style='white-space:pre-wrap'>") + lines.join(QStringLiteral("<br>"))
+        + QStringLiteral("</p>");
+}
+
+bool CloudDocDelegate::helpEvent(
+    QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option, const QModelIndex &index)
+{
+    if (event->type() != QEvent::ToolTip || !index.isValid())
+        return QStyledItemDelegate::helpEvent(event, view, option, index);
+    QToolTip::showText(event->globalPos(), toolTip(index), view->viewport(), option.rect);
+    return true;
+}
+
+QWidget *CloudDocDelegate::createEditor(
+    QWidget *parent, const QStyleOptionViewItem &, const QModelIndex &index) const
+{
+    auto *editor = new QLineEdit(parent);
+    editor->setAccessibleName(tr("New name"));
+    editor->setProperty(EditedId, idOf(index));
+    return editor;
+}
+
+void CloudDocDelegate::setEditorData(QWidget *editor, const QModelIndex &index) const
+{
+    auto *edit = static_cast<QLineEdit *>(editor);
+    if (edit->isModified())
+        return; // the row has changed meanwhile; what was typed is worth more
+    const QString name = index.data(Model::NameRole).toString();
+    edit->setText(name);
+    edit->setProperty(StemLength, stemLength(name, index.data(Model::FolderRole).toBool()));
+    edit->setModified(true);
+}
+
+void CloudDocDelegate::setModelData(QWidget *editor, QAbstractItemModel *, const QModelIndex &index) const
+{
+    const auto *edit = static_cast<const QLineEdit *>(editor);
+    const QString name = cleanedName(edit->text());
+    if (name == index.data(Model::NameRole).toString() || !isFine(edit))
+        return;
+    m_newNames.insert(idOf(index), name);
+    Q_EMIT const_cast<CloudDocDelegate *>(this)->sigRenameRequested(idOf(index), name);
+}
+
+bool CloudDocDelegate::isFine(const QLineEdit *editor) const
+{
+    const QString id = editor->property(EditedId).toString();
+    return !m_check || m_check(id, cleanedName(editor->text())) == NameProblem::None;
+}
+
+void CloudDocDelegate::updateEditorGeometry(
+    QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    const CloudCell cell = rowOf(index).fit(option.rect, fonts(option.font));
+    const int height = editor->sizeHint().height();
+    const int frame = KLiteStyle::dpiScaled(8); // the text stays where it was
+    const int right = cell.time.isNull() ? cell.ground.right() : cell.time.left();
+    editor->setGeometry(
+        cell.name.left() - frame, cell.ground.center().y() - height / 2, right - cell.name.left(), height);
+}
+
+// Once the view, which selects all, has opened the editor: the suffix stays, as long as nobody wants to
+// change just that.
+void CloudDocDelegate::selectStem(QLineEdit *editor)
+{
+    const QVariant length = editor ? editor->property(StemLength) : QVariant();
+    if (!length.isValid())
+        return;
+    editor->setProperty(StemLength, {});
+    editor->setSelection(0, length.toInt());
+}
+
+// A name that cannot be given keeps the editor open with the reason; leaving the editor then keeps the old
+// name.
+bool CloudDocDelegate::eventFilter(QObject *editor, QEvent *event)
+{
+    if (event->type() == QEvent::FocusIn)
+        selectStem(qobject_cast<QLineEdit *>(editor));
+    const auto *key = event->type() == QEvent::KeyPress ? static_cast<QKeyEvent *>(event) : nullptr;
+    auto *edit = qobject_cast<QLineEdit *>(editor);
+    const bool enter = key && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter);
+    if (edit && enter && !isFine(edit)) {
+        const QString why =
+            problemText(m_check(edit->property(EditedId).toString(), cleanedName(edit->text())));
+        QToolTip::showText(edit->mapToGlobal(QPoint(0, edit->height())), why, edit);
+        edit->setAccessibleDescription(why);
+        return true;
+    }
+    return QStyledItemDelegate::eventFilter(editor, event);
+}
+
+QString zel::clouddoc::problemText(NameProblem problem)
+{
+    switch (problem) {
+    case NameProblem::None:
+        break;
+    case NameProblem::Empty:
+        return CloudDocDelegate::tr("A name is needed.");
+    case NameProblem::Slash:
+        return CloudDocDelegate::tr("A name cannot contain “/”.");
+    case NameProblem::Reserved:
+        return CloudDocDelegate::tr("This name is reserved for the drive itself.");
+    case NameProblem::ControlCharacter:
+        return CloudDocDelegate::tr("A name cannot contain line breaks or tabs.");
+    case NameProblem::TooLong:
+        return CloudDocDelegate::tr("This name is too long.");
+    case NameProblem::Taken:
+        return CloudDocDelegate::tr("This name is already taken here.");
+    }
+    return {};
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "clouddoc/clouddocnames.h"
+#include "clouddoc/ui/cloudrow.h"
+
+#include <QHash>
+#include <QSet>
+#include <QStyledItemDelegate>
+#include <optional>
+
+class QLineEdit;
+
+/// Shows a row of the cloud list and lets its name be edited. GUI thread. A name that cannot be given keeps
+/// the editor open and says why.
+class CloudDocDelegate : public QStyledItemDelegate
+{
+    Q_OBJECT
+public:
+    using NameCheck = std::function<zel::clouddoc::NameProblem(const QString &id, const QString &name)>;
+
+    explicit CloudDocDelegate(QObject *parent = nullptr);
+
+    void setNameCheck(const NameCheck &check) { m_check = check; }
+    void setDropTarget(const QString &id)
+    {
+        m_dropTarget = id;
+    }                                                        ///< the folder that would take what is dragged
+    void setShowsFocus(bool shows) { m_showsFocus = shows; } ///< the focus ring of the current row
+    void setCutIds(const QStringList &ids);
+    void forgetNewNames() { m_newNames.clear(); } ///< the drive has answered
+
+    void paint(
+        QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+        const QModelIndex &index) override;
+    QWidget *createEditor(
+        QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+    void updateEditorGeometry(
+        QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+    const CloudRowFonts &fonts(const QFont &font) const;
+    QString toolTip(const QModelIndex &index) const; ///< as rich text, safe for any file name
+
+Q_SIGNALS:
+    void sigRenameRequested(const QString &id, const QString &name);
+
+protected:
+    bool eventFilter(QObject *editor, QEvent *event) override;
+
+private:
+    CloudRow rowOf(const QModelIndex &index) const;
+    bool isFine(const QLineEdit *editor) const;
+    static void selectStem(QLineEdit *editor);
+
+    NameCheck m_check;
+    QString m_dropTarget;
+    QSet<QString> m_cut;
+    bool m_showsFocus = false;
+    mutable QHash<QString, QString> m_newNames;   // asked for, by id
+    mutable std::optional<CloudRowFonts> m_fonts; // of the font that was last asked for
+};
+
+namespace zel::clouddoc {
+QString problemText(NameProblem problem); ///< why a name cannot be given, as a sentence. GUI thread.
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "clouddoc/clouddoclogic.h"
+
+/// What went wrong, in plain words. GUI thread (translated).
+namespace zel::clouddoc {
+
+QString problemText(CloudProblem problem); ///< a sentence; empty for None
+
+/// What was not done, and why: "2 items could not be moved. You do not have permission for this."
+QString failureText(CloudDocLogic::Operation operation, CloudProblem problem, int count);
+
+} // namespace zel::clouddoc

@@ -1,0 +1,51 @@
+#include "clouddoc/ui/cloudstatusline.h"
+
+#include "clouddoc/ui/cloudrow.h"
+#include "klitestyle.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLocale>
+
+using zel::clouddoc::sizeText;
+
+static constexpr int RoomForSpace = 420;
+
+CloudStatusLine::CloudStatusLine(QWidget *parent)
+    : QWidget(parent), m_counts(new QLabel(this)), m_space(new QLabel(this))
+{
+    const QFont small = CloudRowFonts(font()).small;
+    for (QLabel *label : {m_counts, m_space}) {
+        label->setFont(small);
+        label->setForegroundRole(QPalette::PlaceholderText);
+        label->setTextFormat(Qt::PlainText);
+    }
+    auto *layout = new QHBoxLayout(this);
+    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({24, 6, 24, 8}));
+    layout->addWidget(m_counts, 1);
+    layout->addWidget(m_space);
+}
+
+void CloudStatusLine::setCounts(int shown, int selected, qint64 selectedBytes)
+{
+    QString text = selected > 0
+        ? tr("%1 of %2 selected").arg(QLocale().toString(selected), QLocale().toString(shown))
+        : shown > 0 ? tr("%n item(s)", nullptr, shown)
+                    : QString();
+    if (selected > 0 && selectedBytes > 0)
+        text += QStringLiteral(" · ") + sizeText(selectedBytes);
+    m_counts->setText(text);
+}
+
+void CloudStatusLine::setSpace(qint64 used, qint64 total)
+{
+    m_space->setText(used < 0 ? QString()
+            : total > 0       ? tr("%1 of %2 used").arg(sizeText(used), sizeText(total))
+                              : tr("%1 used").arg(sizeText(used)));
+}
+
+void CloudStatusLine::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    m_space->setVisible(width() >= KLiteStyle::dpiScaled(RoomForSpace));
+}

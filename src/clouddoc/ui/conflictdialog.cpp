@@ -1,0 +1,59 @@
+#include "clouddoc/ui/conflictdialog.h"
+
+#include "base/clock.h"
+#include "clouddoc/ui/cloudrow.h"
+
+#include <QDialogButtonBox>
+#include <QLabel>
+#include <QPushButton>
+
+namespace {
+constexpr int MostNames = 5; // in the list of a dialog
+}
+
+ConflictDialog::ConflictDialog(
+    CloudDocLogic::Operation operation, const CloudConflicts &conflicts, QWidget *parent)
+    : BoxDialog(tr("Name already taken"), heading(conflicts), parent)
+{
+    explain(operation, conflicts);
+    addChoice(tr("Keep Both"), CloudNameChoice::KeepBoth, true);
+    addChoice(tr("Replace"), CloudNameChoice::Replace, false);
+    buttons()->addButton(
+        conflicts.size() == 1 ? tr("Cancel") : tr("Leave Out"), QDialogButtonBox::RejectRole);
+}
+
+QString ConflictDialog::heading(const CloudConflicts &conflicts)
+{
+    if (conflicts.size() == 1)
+        return tr("“%1” is already there").arg(headingName(conflicts.constFirst().name));
+    return tr("%n name(s) are already taken there", nullptr, conflicts.size());
+}
+
+void ConflictDialog::explain(CloudDocLogic::Operation operation, const CloudConflicts &conflicts)
+{
+    const CloudConflict &first = conflicts.constFirst();
+    if (conflicts.size() > 1) {
+        QStringList names;
+        for (const CloudConflict &conflict : conflicts.mid(0, MostNames))
+            names << headingName(conflict.name);
+        if (const int more = conflicts.size() - MostNames; more > 0)
+            names << tr("and %n more", nullptr, more);
+        addText(names.join(QLatin1Char('\n')));
+    } else if (first.existing.modifiedAt > 0 && !first.existing.folder) {
+        const QDateTime time = QDateTime::fromMSecsSinceEpoch(first.existing.modifiedAt);
+        addText(tr("The file that is there: %1, changed %2.", "size, time")
+                    .arg(zel::clouddoc::sizeText(first.existing.size),
+                        zel::clouddoc::timeText(time, zel::now())));
+    }
+    if (conflicts.size() == 1 && !first.suggestedName.isEmpty())
+        addText(tr("Keep Both gives the new one the name “%1”.").arg(headingName(first.suggestedName)));
+    if (operation != CloudDocLogic::Operation::Download)
+        addText(tr("Replace moves files that are there to the recycle bin; folders are merged."));
+}
+
+void ConflictDialog::addChoice(const QString &text, CloudNameChoice choice, bool preferred)
+{
+    QPushButton *button = buttons()->addButton(text, QDialogButtonBox::AcceptRole);
+    button->setDefault(preferred);
+    connect(button, &QAbstractButton::clicked, this, [this, choice] { Q_EMIT choiceMade(choice); });
+}

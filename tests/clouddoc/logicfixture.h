@@ -1,0 +1,59 @@
+#pragma once
+
+#include "clouddoc/clouddoclogic.h"
+#include "fakecloud.h"
+
+#include <QAbstractItemModelTester>
+#include <QTest>
+#include <memory>
+
+inline QString text(const char *latin)
+{
+    return QString::fromLatin1(latin);
+}
+
+/// Names of the rows.
+inline QString print(const CloudDocLogic &logic)
+{
+    QStringList names;
+    for (int row = 0; row < logic.documents()->rowCount(); ++row)
+        names << logic.documents()->document(row).name;
+    return names.join(QLatin1Char(' '));
+}
+
+/// The page's logic over a service that the test plays; new for each row.
+class LogicFixture : public QObject
+{
+    Q_OBJECT
+protected:
+    void start()
+    {
+        m_cloud = std::make_unique<FakeCloud>();
+        m_logic = std::make_unique<CloudDocLogic>(m_cloud.get());
+        m_tester = std::make_unique<QAbstractItemModelTester>(
+            m_logic->documents(), QAbstractItemModelTester::FailureReportingMode::QtTest);
+    }
+    void stop()
+    {
+        m_tester.reset();
+        m_logic.reset();
+        m_cloud.reset();
+    }
+    void openRoot(const QStringList &items)
+    {
+        cloud().connectNow();
+        logic().openRoot();
+        QVERIFY(page(text("root"), items));
+        QCOMPARE(logic().state(), CloudDocLogic::State::Ready);
+    }
+    bool page(const QString &folder, const QStringList &items)
+    {
+        return m_cloud->answer("getInfoList", FakeCloud::page(folder, items));
+    }
+    CloudDocLogic &logic() { return *m_logic; }
+    FakeCloud &cloud() { return *m_cloud; }
+
+    std::unique_ptr<FakeCloud> m_cloud;
+    std::unique_ptr<CloudDocLogic> m_logic;
+    std::unique_ptr<QAbstractItemModelTester> m_tester;
+};

@@ -1,0 +1,392 @@
+#include "clouddoc/pagefixture.h"
+
+#include "clouddoc/ui/breadcrumbbar.h"
+#include "clouddoc/ui/clouddrag.h"
+#include "clouddoc/ui/conflictdialog.h"
+#include "clouddoc/ui/movedialog.h"
+#include "clouddoc/ui/transferlistview.h"
+#include "clouddoc/ui/transferpanel.h"
+
+#include <QClipboard>
+#include <QDragEnterEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QUrl>
+
+using zel::clouddoc::CarriedItems;
+
+static QString s(const char *latin)
+{
+    return QString::fromLatin1(latin);
+}
+
+/// The page with real keys, clicks and drops.
+class TestPage : public QObject, private PageFixture
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void cleanup() { clear(); }
+    void statesOfALoad();
+    void quickFoldersDoNotFlash();
+    void goesThroughFolders();
+    void renames();
+    void removesAndOffersUndo();
+    void newFolderIsNamedAtOnce();
+    void dropsGoWhereTheyFall_data();
+    void dropsGoWhereTheyFall();
+    void carriesByClipboard_data();
+    void carriesByClipboard();
+    void opensDocuments();
+    void asksAboutTakenNames();
+    void movesByDialog();
+    void transfersCanBeCancelled();
+    void staleRowsSaySo();
+
+private:
+    void drop(QWidget *target, const QPoint &pos, QMimeData *data)
+    {
+        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        QDragEnterEvent enter(pos, actions, data, Qt::LeftButton, {});
+        QApplication::sendEvent(target, &enter);
+        QDragMoveEvent move(pos, actions, data, Qt::LeftButton, {});
+        QApplication::sendEvent(target, &move);
+        QDropEvent event(pos, actions, data, Qt::LeftButton, {});
+        if (move.isAccepted())
+            QApplication::sendEvent(target, &event);
+    }
+    QString crumbs() const
+    {
+        QStringList names;
+        for (const BreadcrumbBar::Crumb &crumb : find<BreadcrumbBar>()->crumbs())
+            names << crumb.name;
+        return names.join(QLatin1Char('/'));
+    }
+    QStringList &wanted() { return m_cloud->wanted; }
+};
+
+void TestPage::statesOfALoad()
+{
+    make();
+    QCOMPARE(state(), State::Loading);
+    QVERIFY(answer(s("root"), {}));
+    QCOMPARE(state(), State::Empty);
+    QVERIFY(button("New Folder", page()->states()));
+    m_cloud->tellCreated(s("a.txt"));
+    QCOMPARE(state(), State::List);
+    page()->setFilterText(s("zebra"));
+    QCOMPARE(state(), State::NothingFound);
+    QTest::mouseClick(button("Clear"), Qt::LeftButton);
+    QCOMPARE(state(), State::List);
+
+    make();
+    m_cloud->disconnectNow();
+    QCOMPARE(state(), State::Offline);
+    m_cloud->connectNow();                                                          // comes back by itself
+    QVERIFY(m_cloud->answer("getInfoList", zel::vela::GetInfoListResult(), false)); // the one that was lost
+    QVERIFY(answer(s("root"), {s("a.txt")}));
+    QCOMPARE(state(), State::List);
+
+    make();
+    QVERIFY(m_cloud->refuse("getInfoList", zel::vela::GetInfoListResult(), 5));
+    QCOMPARE(state(), State::Failed);
+    QTest::mouseClick(button("Retry"), Qt::LeftButton);
+    QVERIFY(answer(s("root"), {s("a.txt")}));
+    QCOMPARE(state(), State::List);
+}
+
+void TestPage::quickFoldersDoNotFlash()
+{
+    load({s("a/"), s("b.txt")});
+    view()->setCurrentIndex(view()->model()->index(0, 0));
+    key(Qt::Key_Return);
+    QCOMPARE(view()->model()->rowCount(), 0);
+    QCOMPARE(state(), State::List);
+    QVERIFY(!view()->updatesEnabled()); // the picture of the rows before stays
+    QVERIFY(answer(s("a"), {s("c.txt")}));
+    QVERIFY(view()->updatesEnabled());
+    key(Qt::Key_Backspace);
+    QTRY_COMPARE(state(), State::Loading); // a slow one
+    QVERIFY(view()->updatesEnabled());
+}
+
+void TestPage::goesThroughFolders()
+{
+    load({s("a/"), s("b/"), s("c.txt")});
+    doubleClick(1);
+    QVERIFY(answer(s("b"), {s("d.txt")}));
+    QCOMPARE(crumbs(), s("Cloud documents/b"));
+    QVERIFY(view()->hasFocus());
+
+    key(Qt::Key_Up, Qt::AltModifier);
+    QVERIFY(answer(s("root"), {s("a/"), s("b/"), s("c.txt")}));
+    QCOMPARE(view()->selectedIds(), QStringList(s("b"))); // where one came from
+    key(Qt::Key_Left, Qt::AltModifier);
+    QVERIFY(answer(s("b"), {s("d.txt")}));
+    QTest::mouseClick(view()->viewport(), Qt::ForwardButton, {}, centre(0));
+    QVERIFY(answer(s("root"), {s("a/"), s("b/")}));
+    QTest::mouseClick(view()->viewport(), Qt::BackButton, {}, {20, 300});
+    QVERIFY(answer(s("b"), {s("d.txt")}));
+    const auto steps = find<BreadcrumbBar>()->findChildren<QAbstractButton *>();
+    for (QAbstractButton *step : steps) {
+        if (step->text() == s("Cloud documents") && step->isVisible())
+            QTest::mouseClick(step, Qt::LeftButton);
+    }
+    QVERIFY(answer(s("root"), {s("a/"), s("b/")}));
+    QCOMPARE(crumbs(), s("Cloud documents"));
+}
+
+void TestPage::renames()
+{
+    load({s("report.final.txt"), s("taken.txt")});
+    click(0);
+    key(Qt::Key_F2);
+    auto *edit = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    QVERIFY(edit);
+    QCOMPARE(edit->selectedText(), s("report.final"));
+    QTest::keyClicks(edit, s("taken"));
+    key(Qt::Key_Return);
+    QVERIFY(edit->isVisible()); // the name is taken
+    QVERIFY(wanted().isEmpty());
+    QTest::keyClick(edit, Qt::Key_Delete); // does not reach the document
+    edit->setText(s("  new.txt "));
+    key(Qt::Key_Return);
+    QTRY_COMPARE(wanted(), QStringList(s("rename report.final.txt -> new.txt")));
+    QVERIFY(m_cloud->refuse("rename", zel::vela::RenameResult(), 5));
+    QVERIFY2(notice().contains(s("permission")), qPrintable(notice()));
+    QVERIFY(view()->hasFocus());
+
+    key(Qt::Key_F2);
+    QTest::keyClicks(QApplication::focusWidget(), s("x"));
+    key(Qt::Key_Escape);
+    QCOMPARE(wanted().size(), 1);
+}
+
+void TestPage::removesAndOffersUndo()
+{
+    load({s("a.txt"), s("b.txt"), s("c.txt"), s("d.txt")});
+    click(1);
+    click(2, Qt::ShiftModifier);
+    key(Qt::Key_Delete);
+    QCOMPARE(wanted(), QStringList(s("remove b.txt c.txt")));
+    zel::vela::BatchRemoveResult removed;
+    removed.removedIds = {"b.txt", "c.txt"};
+    removed.extraParam = {{"b.txt", "bin1"}, {"c.txt", "bin2"}};
+    QVERIFY(m_cloud->answer("batchRemove", removed));
+    QCOMPARE(view()->model()->rowCount(), 2);
+    QCOMPARE(view()->currentId(), s("d.txt"));
+    QVERIFY(notice().startsWith(QLatin1Char('2')));
+    QTest::mouseClick(button("Undo"), Qt::LeftButton);
+    QCOMPARE(m_cloud->waiting("recoverRecycles"), 1);
+}
+
+void TestPage::newFolderIsNamedAtOnce()
+{
+    load({s("New Folder/")});
+    page()->actions()->newFolder->trigger();
+    QCOMPARE(wanted(), QStringList(s("folder New Folder (2)")));
+    zel::vela::CreateFolderResult made;
+    made.item = FakeCloud::item(s("New Folder (2)/"));
+    QVERIFY(m_cloud->answer("createFolder", made));
+    auto *edit = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+    QVERIFY(edit);
+    QCOMPARE(edit->selectedText(), s("New Folder (2)"));
+}
+
+void TestPage::dropsGoWhereTheyFall_data()
+{
+    QTest::addColumn<QStringList>("rows");
+    QTest::addColumn<int>("row"); // -1: below the rows; -2: the first step of the path
+    QTest::addColumn<QString>("dragged");
+    QTest::addColumn<QString>("expected");
+    const QStringList rows{s("a/"), s("b/"), s("c.txt")};
+    QTest::newRow("file onto folder") << rows << 1 << "file"
+                                      << "upload /x/f.txt -> b (0)";
+    QTest::newRow("file onto document") << rows << 2 << "file"
+                                        << "upload /x/f.txt -> here (0)";
+    QTest::newRow("file below") << rows << -1 << "file"
+                                << "upload /x/f.txt -> here (0)";
+    QTest::newRow("file onto empty page") << QStringList() << -1 << "file"
+                                          << "upload /x/f.txt -> here (0)";
+    QTest::newRow("file onto path") << rows << -2 << "file"
+                                    << "upload /x/f.txt -> root (0)";
+    QTest::newRow("item onto folder") << rows << 0 << "c.txt"
+                                      << "move c.txt -> a (0)";
+    QTest::newRow("item onto path") << rows << -2 << "c.txt"
+                                    << "move c.txt -> root (0)";
+    QTest::newRow("folder onto itself") << rows << 1 << "b"
+                                        << "";
+    QTest::newRow("item where it is") << rows << -1 << "c.txt"
+                                      << "";
+    QTest::newRow("text") << rows << 1 << "text"
+                          << "";
+}
+
+void TestPage::dropsGoWhereTheyFall()
+{
+    QFETCH(QStringList, rows);
+    QFETCH(int, row);
+    QFETCH(QString, dragged);
+    load({s("here/")});
+    click(0);
+    key(Qt::Key_Return);
+    QVERIFY(answer(s("here"), rows));
+    std::unique_ptr<QMimeData> data = zel::clouddoc::itemsMimeData({s("here"), {dragged}}, {});
+    if (dragged == s("file") || dragged == s("text"))
+        data = std::make_unique<QMimeData>();
+    if (dragged == s("file"))
+        data->setUrls({QUrl::fromLocalFile(s("/x/f.txt")), QUrl(s("https://example.org/f.txt"))});
+    if (dragged == s("text"))
+        data->setText(dragged);
+    QWidget *first = find<BreadcrumbBar>()->childAt(10, find<BreadcrumbBar>()->height() / 2);
+    if (row == -2)
+        drop(first, {5, 5}, data.get());
+    else if (rows.isEmpty())
+        drop(page(), {300, 300}, data.get());
+    else
+        drop(view()->viewport(), row < 0 ? QPoint(50, view()->height() - 10) : centre(row), data.get());
+    QTEST(wanted().join(QLatin1Char('\n')), "expected");
+}
+
+void TestPage::carriesByClipboard_data()
+{
+    QTest::addColumn<int>("take");
+    QTest::addColumn<bool>("elsewhere");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("cut") << int(Qt::Key_X) << true << "move c.txt -> a (0)";
+    QTest::newRow("cut, same place") << int(Qt::Key_X) << false << "";
+    QTest::newRow("copy") << int(Qt::Key_C) << true << "copy c.txt -> a (0)";
+    QTest::newRow("copy beside") << int(Qt::Key_C) << false << "copy c.txt -> root (1)";
+}
+
+void TestPage::carriesByClipboard()
+{
+    QFETCH(int, take);
+    QFETCH(bool, elsewhere);
+    load({s("a/"), s("c.txt")});
+    click(1);
+    key(take, Qt::ControlModifier);
+    if (elsewhere) {
+        click(0);
+        key(Qt::Key_Return);
+        QVERIFY(answer(s("a"), {s("d.txt")}));
+    }
+    key(Qt::Key_V, Qt::ControlModifier);
+    QTEST(wanted().join(QLatin1Char('\n')), "expected");
+    wanted().clear();
+    key(Qt::Key_V, Qt::ControlModifier);
+    QCOMPARE(wanted().isEmpty(), take == int(Qt::Key_X)); // what was moved is off the clipboard
+
+    auto *files = new QMimeData;
+    files->setUrls({QUrl::fromLocalFile(s("/x/f.txt"))});
+    QApplication::clipboard()->setMimeData(files);
+    key(Qt::Key_V, Qt::ControlModifier);
+    QVERIFY(wanted().last().startsWith(s("upload /x/f.txt")));
+}
+
+void TestPage::opensDocuments()
+{
+    make();
+    auto root = FakeCloud::page(s("root"), {s("far.txt"), s("here.txt")});
+    root.items[1].cache = "/drive/here.txt";
+    QVERIFY(m_cloud->answer("getInfoList", root));
+    doubleClick(1);
+    QCOMPARE(m_opener.asked, QStringList(s("/drive/here.txt")));
+    Q_EMIT m_opener.opened(s("/drive/here.txt"), KDocumentOpener::Outcome::NoProgram);
+    QVERIFY(notice().contains(s("program")));
+
+    click(0);
+    view()->setFocus();
+    key(Qt::Key_Return);
+    QCOMPARE(wanted(), QStringList(s("download far.txt")));
+    CloudTransfer other;
+    other.itemId = s("other.txt");
+    other.state = CloudTransfer::State::Done;
+    Q_EMIT page()->logic()->transferEnded(other);
+    CloudTransfer done = other;
+    done.itemId = s("far.txt");
+    done.localPath = s("/downloads/far.txt");
+    Q_EMIT page()->logic()->transferEnded(done);
+    Q_EMIT page()->logic()->transferEnded(done); // again, later, for another reason
+    QCOMPARE(m_opener.asked, QStringList({s("/drive/here.txt"), s("/downloads/far.txt")}));
+}
+
+void TestPage::asksAboutTakenNames()
+{
+    load({s("a/"), s("c.txt")});
+    page()->logic()->move({s("c.txt")}, s("a"));
+    zel::vela::CloudItemsMoveToResult taken;
+    taken.conflicts.resize(1);
+    taken.conflicts[0].item.id = "c.txt";
+    taken.conflicts[0].name = "c.txt";
+    QVERIFY(m_cloud->answer("cloudItemsMoveTo", taken));
+    auto *dialog = find<ConflictDialog>();
+    QVERIFY(dialog && dialog->isVisible());
+    QTest::mouseClick(button("Replace", dialog), Qt::LeftButton);
+    QCOMPARE(wanted().last(), s("move c.txt -> a (2)"));
+    QVERIFY(!dialog->isVisible());
+}
+
+void TestPage::movesByDialog()
+{
+    load({s("a/"), s("b/"), s("c.txt")});
+    click(1);
+    click(2, Qt::ControlModifier);
+    page()->actions()->moveTo->trigger();
+    auto *dialog = find<MoveDialog>();
+    QVERIFY(dialog && QTest::qWaitForWindowActive(dialog));
+    QVERIFY(answer(s("root"), {s("a/"), s("b/"), s("c.txt")}));
+    QCOMPARE(dialog->view()->model()->rowCount(), 1); // folders only, and not what is being moved
+    QVERIFY(!button("Move", dialog)->isEnabled());    // they are there
+    QTest::keyClick(dialog->view(), Qt::Key_Down);
+    QVERIFY(button("Move", dialog)->isEnabled());
+    QTest::keyClick(dialog->view(), Qt::Key_Right);
+    QVERIFY(answer(s("a"), {}));
+    QTest::keyClick(dialog->view(), Qt::Key_Return);
+    QCOMPARE(wanted(), QStringList(s("move b c.txt -> a (0)")));
+    QVERIFY(!dialog->isVisible());
+}
+
+void TestPage::transfersCanBeCancelled()
+{
+    load({s("a.txt")});
+    CloudTransfer first;
+    first.id = s("t1");
+    first.name = s("big.iso");
+    first.state = CloudTransfer::State::Running;
+    CloudTransfer second = first;
+    second.id = s("t2");
+    page()->logic()->transfers()->put({first, second});
+    Q_EMIT page()->logic()->transfersStarted(2);
+    click(0); // what is done in the list of transfers is not done to this
+    TransferListView *list = page()->transferPanel()->view();
+    QVERIFY(page()->transferPanel()->isOpen());
+    QTRY_VERIFY(list->viewport()->height() > list->rowHeight());
+    const QRect row = list->visualRect(list->model()->index(0, 0));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, {row.right() - 30, row.center().y()});
+    QCOMPARE(wanted().size(), 1);
+    list->setFocus();
+    list->setCurrentIndex(list->model()->index(1, 0));
+    QTest::keyClick(list, Qt::Key_Delete);
+    QCOMPARE(wanted().size(), 2);
+    wanted().sort();
+    QCOMPARE(wanted(), QStringList({s("transfer t1 step 3"), s("transfer t2 step 3")}));
+    QTest::keyClick(list, Qt::Key_Escape);
+    QVERIFY(!page()->transferPanel()->isOpen());
+}
+
+void TestPage::staleRowsSaySo()
+{
+    load({s("a.txt")});
+    m_cloud->disconnectNow();
+    QCOMPARE(state(), State::List); // what was there stays
+    QVERIFY(notice().contains(s("out of date")));
+    QVERIFY(!page()->actions()->trash->isEnabled());
+    m_cloud->connectNow();
+    QVERIFY(answer(s("root"), {s("a.txt")}));
+    QVERIFY(notice().isEmpty());
+}
+
+QTEST_MAIN(TestPage)
+#include "tst_page.moc"

@@ -1,0 +1,10 @@
+set(ui zelbox_clouddoc_ui zelplatform)
+
+zel_test(clouddoc_layout SOURCES tst_layout.cpp LINK ${ui})
+zel_test(clouddoc_page SOURCES tst_page.cpp fakecloud.h pagecloud.h pagefixture.h LINK ${ui})
+
+# Pictures of the page in all its states, for people; not registered as a test.
+add_executable(clouddoc_pictures pictures.cpp fakecloud.h)
+target_link_libraries(clouddoc_pictures PRIVATE ${ui} Qt5::Test)
+target_include_directories(clouddoc_pictures PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+set_target_properties(clouddoc_pictures PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
