@@ -10,20 +10,30 @@
 class MeasuredProcess
 {
 public:
-    explicit MeasuredProcess(const std::vector<std::string> &command); ///< started at once
+    enum class Output { Shown, Dropped };
+    /// Started at once.
+    explicit MeasuredProcess(const std::vector<std::string> &command, Output output = Output::Shown);
     ~MeasuredProcess();
     MeasuredProcess(const MeasuredProcess &) = delete;
     MeasuredProcess &operator=(const MeasuredProcess &) = delete;
 
     std::chrono::duration<double, std::milli> sinceExec() const;
-    long pssKilobytes() const; ///< proportional resident memory (smaps_rollup); -1 when not readable
+    pid_t pid() const { return m_pid; }
+    long pssKilobytes() const { return pssKilobytesOf(m_pid); }
+    int wait(); ///< exit code, -1 when it was killed
+
     struct Thread
     {
         std::string name;
         long sleeps = 0; ///< how often it has gone to sleep so far; each one is a wake-up
     };
-    std::map<std::string, Thread> threads() const; ///< by thread id
-    int wait();                                    ///< exit code, -1 when it was killed
+    using Threads = std::map<std::string, Thread>; ///< by thread id
+
+    // Of any process; empty or -1 when it is gone.
+    static long pssKilobytesOf(pid_t process); ///< proportional resident memory
+    static Threads threadsOf(pid_t process);
+    static std::map<std::string, long> wakeUpsSince(
+        pid_t process, const Threads &earlier); ///< by thread name, without those that slept on
 
 private:
     pid_t m_pid;

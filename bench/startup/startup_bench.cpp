@@ -6,6 +6,7 @@
 // files.
 
 #include "measuredprocess.h"
+#include "startrounds.h"
 #include "support/xscreen.h"
 
 #include <algorithm>
@@ -13,7 +14,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <poll.h>
 #include <unistd.h>
 
@@ -28,61 +28,6 @@ struct Settings
     int records = 1000;
 };
 
-struct Program
-{
-    std::string path;
-    std::string title;
-    std::vector<double> mapped;
-    std::vector<double> pss;
-};
-
-double median(std::vector<double> values)
-{
-    std::sort(values.begin(), values.end());
-    return values.empty() ? -1 : values[values.size() / 2];
-}
-
-// A desktop's list with real files, so that nothing of the box's work is spared.
-void writeRecentList(int records)
-{
-    const std::filesystem::path home = std::getenv("HOME");
-    const std::filesystem::path data = std::getenv("XDG_DATA_HOME");
-    std::filesystem::create_directories(data);
-    std::filesystem::create_directories(home / "Documents");
-    std::ofstream list(data / "recently-used.xbel");
-    list << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<xbel version=\"1.0\" "
-            "xmlns:bookmark=\"http://www.freedesktop.org/standards/desktop-bookmarks\" "
-            "xmlns:mime=\"http://www.freedesktop.org/standards/shared-mime-info\">\n";
-    const char *suffixes[] = {"odt", "pdf", "ods", "png", "txt"};
-    for (int i = 0; i < records; ++i) {
-        const std::string name = "Document " + std::to_string(i) + "." + suffixes[i % 5];
-        std::ofstream(home / "Documents" / name) << i;
-        char time[40];
-        std::snprintf(
-            time, sizeof time, "2026-%02d-%02dT%02d:%02d:00Z", 1 + i % 10, 1 + i % 28, i % 24, i % 60);
-        list << "<bookmark href=\"file://" << (home / "Documents").string() << "/Document%20" << i << "."
-             << suffixes[i % 5] << "\" added=\"" << time << "\" modified=\"" << time << "\" visited=\""
-             << time
-             << "\"><info><metadata owner=\"http://freedesktop.org\"><mime:mime-type "
-                "type=\"application/octet-stream\"/></metadata></info></bookmark>\n";
-    }
-    list << "</xbel>\n";
-}
-
-bool startOnce(zeltest::XScreen &screen, Program &program, bool measureMemory)
-{
-    MeasuredProcess process({program.path});
-    const auto window = screen.waitForTitle(program.title, 30s);
-    program.mapped.push_back(process.sinceExec().count());
-    if (window == 0)
-        return false;
-    if (measureMemory) {
-        screen.waitUntilPainted(window, 1500ms, 20s);
-        program.pss.push_back(double(process.pssKilobytes()) / 1024);
-    }
-    return true;
-}
-
 // Wake-ups of a started and settled program, by the voluntary context switches of all its threads.
 bool measureIdle(zeltest::XScreen &screen, const Program &program, int seconds)
 {
@@ -91,16 +36,13 @@ bool measureIdle(zeltest::XScreen &screen, const Program &program, int seconds)
     if (window == 0)
         return false;
     screen.waitUntilPainted(window, 3000ms, 30s);
-    const auto before = process.threads();
+    const MeasuredProcess::Threads before = MeasuredProcess::threadsOf(process.pid());
     ::poll(nullptr, 0, seconds * 1000); // the interval is what is measured
     std::printf("%-12s wake-ups in %d s:", program.title.c_str(), seconds);
     long sum = 0;
-    for (const auto &[id, thread] : process.threads()) {
-        const auto earlier = before.find(id);
-        const long wakeUps = thread.sleeps - (earlier == before.end() ? 0 : earlier->second.sleeps);
-        sum += wakeUps;
-        if (wakeUps > 0)
-            std::printf(" %s %ld,", thread.name.c_str(), wakeUps);
+    for (const auto &[thread, count] : MeasuredProcess::wakeUpsSince(process.pid(), before)) {
+        std::printf(" %s %ld,", thread.c_str(), count);
+        sum += count;
     }
     std::printf(" %ld in all\n", sum);
     return true;
@@ -156,20 +98,8 @@ int main(int argc, char **argv)
     Program bare{build / "bench/bare_window", "Bare window", {}, {}};
     Program box{build / "bin/zelbox", "ZEL Box", {}, {}};
 
-    // One unmeasured start each: caches warm, the box's database filled.
-    if (!startOnce(screen, bare, true) || !startOnce(screen, box, true))
+    if (!startTurnByTurn(screen, bare, box, settings.rounds))
         return 1;
-    bare.mapped.clear();
-    box.mapped.clear();
-    bare.pss.clear();
-    box.pss.clear();
-    const int memoryRounds = std::min(settings.rounds, 5);
-    for (int round = 0; round < settings.rounds; ++round) {
-        for (Program *program : {&bare, &box}) {
-            if (!startOnce(screen, *program, round < memoryRounds))
-                return 1;
-        }
-    }
     for (const Program *program : {&bare, &box})
         std::printf("%-12s exec to mapped: median %.1f ms, best %.1f ms; PSS %.1f MB\n",
             program->title.c_str(), median(program->mapped),

@@ -1,5 +1,6 @@
 #include "app/zelboxapplication.h"
 
+#include "app/startupnotice.h"
 #include "app/zelboxcore.h"
 #include "cloud/zelboxcloudsvr.h"
 
@@ -7,6 +8,7 @@ ZelBoxApplicationIndependentProcesses::ZelBoxApplicationIndependentProcesses(int
     : KCoreApplication(argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0")),
       m_cloudService(new ZelBoxCloudSvr(this))
 {
+    StartupToken::dropFromEnvironment();
     // The window's close is ours to answer; Qt would otherwise close every window to end a desktop session.
     setFallbackSessionManagementEnabled(false);
 }

@@ -2,6 +2,7 @@
 
 #include "app/commanddispatcher.h"
 #include "app/commandline.h"
+#include "app/desktopactivation.h"
 #include "app/selftest.h"
 #include "app/ui/kzelboxcloudsettingsdlg.h"
 #include "app/ui/zelboxminiwidget.h"
@@ -16,6 +17,7 @@
 #include "kcoreapplication.h"
 #include "kfileiconprovider.h"
 #include "kliteskin.h"
+#include "klitestyle.h"
 #include "krecentfile.h"
 #include "krt/kapptranslators.h"
 #include "krt/krt.h"
@@ -26,7 +28,6 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QFont>
 #include <QLibrary>
 
 namespace {
@@ -53,18 +54,10 @@ QStringList resourceDirs()
     return dirs;
 }
 
-const QFont &boxFont()
+// A start by the session or the bus: the box is there, but nobody has asked for a window yet.
+bool isStartInBackground(const QString &source)
 {
-    static const QFont font = [] {
-        const QString family = QStringLiteral("Microsoft YaHei");
-        // Where the family is not installed, a sans-serif that covers Latin and Chinese alike comes first.
-        QFont::insertSubstitutions(family,
-            {QStringLiteral("Noto Sans CJK SC"), QStringLiteral("Source Han Sans SC"),
-                QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("Noto Sans"),
-                QStringLiteral("DejaVu Sans")});
-        return QFont(family, 9);
-    }();
-    return font;
+    return source == QLatin1String("autostart") || source == QLatin1String("dbus");
 }
 
 } // namespace
@@ -90,6 +83,8 @@ ZelBoxCore::ZelBoxCore(ZelBoxCloudSvr *cloudService)
     connect(ZelBoxIpc::instance(), &ZelBoxIpc::ipcTransmission, this, &ZelBoxCore::onIpcTransmission);
     connect(this, &ZelBoxCore::firstMainWindowShown, this, &ZelBoxCore::onFirstMainWindowShown);
     connect(m_clientProxy, &ZelBoxClientSvrProxy::activateRequested, this, &ZelBoxCore::showMainWindow);
+    // Sizes are set when windows are made, so they are made anew; queued, because one of them may be asking.
+    connect(m_skin, &KSkin::metricsChanged, this, &ZelBoxCore::remakeWindows, Qt::QueuedConnection);
     ZelBoxCore::cloudService();
 }
 
@@ -114,8 +109,8 @@ ZelBoxCore::~ZelBoxCore()
 
 void ZelBoxCore::takeDown()
 {
-    delete m_tray;
-    m_tray = nullptr;
+    delete std::exchange(m_activation, nullptr);
+    delete std::exchange(m_tray, nullptr);
     for (const QPointer<QDialog> &dialog : qExchange(m_dialogs, {}))
         delete dialog;
     delete m_settings;
@@ -146,7 +141,7 @@ bool ZelBoxCore::init(const QString &cmdline)
     cloudService();
     describeLook();
     ensureTranslated();
-    QApplication::setFont(boxFont());
+    QApplication::setFont(KLiteStyle::applicationFont());
     loadIcons();
     m_pendingCommandLine = cmdline;
 
@@ -200,13 +195,18 @@ bool ZelBoxCore::openFirstWindow()
 {
     if (!waitForWebEngine())
         return false;
-    InitRecentFile(WorkMode::Full);
     ZelBoxMainWindow *window = ensureMainWindow();
     SelfTest::startIfAsked(this);
     const QString source = parseCommandLine(m_pendingCommandLine).value(QStringLiteral("from"));
-    if (!source.isEmpty())
-        window->setShowSource(source);
-    window->show();
+    if (isStartInBackground(source)) {
+        window->startHidden();
+        startPresence();
+        cloudService()->onFirstMainWindowShown();
+    } else {
+        if (!source.isEmpty())
+            window->setShowSource(source);
+        window->show();
+    }
     dispatch(m_pendingCommandLine, true);
     return true;
 }

@@ -6,6 +6,7 @@
 #include <QObject>
 #include <QPointer>
 
+class DesktopActivation;
 class KSkin;
 class KZelBoxCloudSettingsDlg;
 class QDialog;
@@ -46,7 +47,7 @@ public:
     // CommandTarget
     void setStartOrigin(StartOrigin origin) override;
     void selectPage(int number) override;
-    void openSettings(const QString &parameter) override;
+    void openSettings(const QString &parameter) override; // and of MainWindowHost
     void setTrayState(const QString &state) override;
     void quitLater() override;
     void showExitDialog() override;
@@ -58,7 +59,6 @@ public:
 
     // MainWindowHost
     void mainWindowFirstShown() override;
-    void openSettings() override { openSettings(QString()); }
     ZelBoxCloudSvr *cloudService() override;
 
 Q_SIGNALS:
@@ -72,7 +72,10 @@ public Q_SLOTS:
     void onThreadTimingInit();
     void onSendMiniWindowShowEvent();
     void onStashProcessMemory();
-    void onMainWindowClose(); ///< the close button: hides or asks, by the user's setting
+    void onMainWindowClose(); ///< the close button: hides, asks or ends, by the user's setting
+    /// Makes every window anew, where it was, in the language and at the sizes that hold now.
+    void remakeWindows();
+    void onLanguageChosen(); ///< the setting has been changed
 
 private:
     explicit ZelBoxCore(ZelBoxCloudSvr *cloudService);
@@ -86,7 +89,11 @@ private:
     bool waitForWebEngine();
     ZelBoxMainWindow *ensureMainWindow();
     void startRecentStore();
+    void startPresence(); ///< tray and bus name, by which the box is reached without a window
     void goToBackground();
+    void leaveScreen(); ///< hides the window, or minimises it where only the task bar could bring it back
+    void remakeMainWindow();
+    void remakeMiniWindow();
     void present(QDialog *dialog);
     template <typename Dialog> Dialog *openDialog() const; ///< null when none of this kind is open
 
@@ -104,6 +111,7 @@ private:
     QString m_pendingCommandLine;
 
     ZelBoxTray *m_tray = nullptr;
+    DesktopActivation *m_activation = nullptr;
     QString m_trayState;                  // told before there was a tray icon, too
     QVector<QPointer<QDialog>> m_dialogs; // open ones that no window owns
     bool m_translated = false;

@@ -2,6 +2,8 @@
 
 #include "app/zelboxcore.h"
 
+#include "app/desktopactivation.h"
+#include "app/memory.h"
 #include "app/ui/folderselectordlg.h"
 #include "app/ui/kzelboxcloudsettingsdlg.h"
 #include "app/ui/syncfolderdlg.h"
@@ -20,17 +22,32 @@
 #include "krt/krt.h"
 #include "ksettings.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
+#include "recentfile/recentsettings.h"
 
 #include <QDialog>
-#include <QSystemTrayIcon>
 #include <QTimer>
 #include <chrono>
 
 using namespace std::chrono_literals;
 
 namespace {
+
 constexpr auto StashDelay = 200ms;
 constexpr auto MiniShowEventDelay = 2000ms;
+
+bool isOwnProcess()
+{
+    return qobject_cast<ZelBoxApplicationIndependentProcesses *>(qApp);
+}
+
+QString closeAction()
+{
+    KSettings settings;
+    settings.beginGroup(zel::keys::Plugins);
+    settings.beginGroup(zel::keys::Zelbox);
+    return settings.value(zel::keys::CloseAction).toString();
+}
+
 } // namespace
 
 ZelBoxMainWindow *ZelBoxCore::mainWindow() const
@@ -41,6 +58,7 @@ ZelBoxMainWindow *ZelBoxCore::mainWindow() const
 // Roaming records come through the one cloud service that the box has.
 void ZelBoxCore::startRecentStore()
 {
+    SetRecentSources(zel::recent::storedSources());
     InitRecentFile(WorkMode::Full);
     KRecentFileProxy::instance()->setCloudService(cloudService());
 }
@@ -56,6 +74,10 @@ ZelBoxMainWindow *ZelBoxCore::ensureMainWindow()
             &ZelBoxClientSvrProxy::onWindowClose);
         connect(m_mainWindow, &ZelBoxMainWindow::windowShowToFront, m_clientProxy,
             &ZelBoxClientSvrProxy::onWindowOpened);
+        connect(m_mainWindow, &ZelBoxMainWindow::unreadCountChanged, this, [this](int count) {
+            if (m_tray)
+                m_tray->setUnread(count);
+        });
     }
     return m_mainWindow;
 }
@@ -83,9 +105,20 @@ void ZelBoxCore::mainWindowFirstShown()
 
 void ZelBoxCore::onFirstMainWindowShown()
 {
+    startPresence();
+}
+
+void ZelBoxCore::startPresence()
+{
     if (!m_tray)
         m_tray = new ZelBoxTray(this, this);
     m_tray->setState(m_trayState);
+    m_tray->setUnread(m_mainWindow ? m_mainWindow->unreadCount() : 0);
+    // As a guest, the bus name and the windows of the process are the host's affair.
+    if (!m_activation && isOwnProcess()) {
+        m_activation = new DesktopActivation(*this, this);
+        m_activation->start();
+    }
 }
 
 void ZelBoxCore::showMiniWindow(const QString &startFrom)
@@ -149,8 +182,9 @@ void ZelBoxCore::present(QDialog *dialog)
 void ZelBoxCore::openSettings(const QString &parameter)
 {
     if (!m_settings) {
-        m_settings = new KZelBoxCloudSettingsDlg(m_skin);
+        m_settings = new KZelBoxCloudSettingsDlg(m_skin, cloudService());
         m_settings->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_settings, &KZelBoxCloudSettingsDlg::languageChosen, this, &ZelBoxCore::onLanguageChosen);
     }
     m_settings->show();
     m_settings->raise();
@@ -180,7 +214,7 @@ void ZelBoxCore::showExitDialog()
         return present(open);
     auto *dialog = new ZelBoxExitDialog;
     connect(dialog, &ZelBoxExitDialog::exitChosen, this, &ZelBoxCore::quitLater);
-    connect(dialog, &ZelBoxExitDialog::backgroundChosen, this, &ZelBoxCore::goToBackground);
+    connect(dialog, &ZelBoxExitDialog::backgroundChosen, this, &ZelBoxCore::leaveScreen);
     connect(dialog, &QDialog::rejected, m_clientProxy, &ZelBoxClientSvrProxy::onWindowOpened);
     present(dialog);
 }
@@ -189,17 +223,24 @@ void ZelBoxCore::onMainWindowClose()
 {
     if (m_hiding)
         return; // the core's own notice
-    KSettings settings;
-    settings.beginGroup(zel::keys::Plugins);
-    settings.beginGroup(zel::keys::Zelbox);
-    const QString action = settings.value(zel::keys::CloseAction).toString();
-    // Without a tray a hidden box can only be reached by starting it again, which not everybody guesses: ask.
-    const bool hide =
-        action == QLatin1String("hide") || (action.isEmpty() && QSystemTrayIcon::isSystemTrayAvailable());
+    const QString action = closeAction();
+    if (action == QLatin1String("exit"))
+        return quitLater();
+    const bool hide = action == QLatin1String("hide") || (action.isEmpty() && m_tray && m_tray->reachable());
     if (hide)
-        goToBackground();
+        leaveScreen();
     else
         showExitDialog();
+}
+
+// Without a tray a hidden box can only be reached by starting it again, which not everybody guesses: the task
+// bar keeps it.
+void ZelBoxCore::leaveScreen()
+{
+    if (m_tray && m_tray->reachable())
+        goToBackground();
+    else if (m_mainWindow)
+        m_mainWindow->showMinimized();
 }
 
 void ZelBoxCore::sendToBackground()
@@ -225,8 +266,10 @@ void ZelBoxCore::goToBackground()
 void ZelBoxCore::onStashProcessMemory()
 {
     // Shown again in the meantime: what would be given back is in use.
-    if (m_mainWindow && !m_mainWindow->isVisible())
-        m_mainWindow->onStashProcessMemory();
+    if (!m_mainWindow || m_mainWindow->isVisible())
+        return;
+    m_mainWindow->onStashProcessMemory();
+    zel::memory::giveBack();
 }
 
 void ZelBoxCore::setStartOrigin(StartOrigin origin)
@@ -244,7 +287,7 @@ void ZelBoxCore::setTrayState(const QString &state)
 void ZelBoxCore::quitLater()
 {
     // As a guest, the loop is the host's: only the box's own windows go.
-    const bool ownProcess = qobject_cast<ZelBoxApplicationIndependentProcesses *>(qApp);
+    const bool ownProcess = isOwnProcess();
     if (ownProcess)
         ZelBoxIpc::instance()->setLeaving(true);
     QTimer::singleShot(0, this, [this, ownProcess] {

@@ -8,6 +8,7 @@
 #include "launcher/hostmessages.h"
 #include "launcher/instanceserver.h"
 #include "launcher/protocol.h"
+#include "launcher/startuptoken.h"
 #include "launcher/unicode.h"
 
 #include <cerrno>
@@ -78,6 +79,16 @@ int serve(SingleInstance &instance, int argc, char **argv, const std::wstring &c
     return result;
 }
 
+// The token goes first, because the box needs it when it performs the command. Without it the window may stay
+// behind others, nothing worse: what becomes of it does not matter here.
+Forwarding handOver(const std::string &socketPath, const std::u16string &command, posix::Deadline deadline)
+{
+    const std::string token = startupToken();
+    if (!token.empty())
+        forwardMessage(socketPath, {transmissionChannel, startupKey + toUtf16(decodeUtf8(token))}, deadline);
+    return forwardMessage(socketPath, {transmissionChannel, activateKey + command}, deadline);
+}
+
 } // namespace
 
 int runBox(int argc, char **argv, const CommandLine &commandLine)
@@ -86,7 +97,6 @@ int runBox(int argc, char **argv, const CommandLine &commandLine)
     if (folder.path.empty())
         return fail(folder.error);
     const std::u32string text = decodeUtf8(commandLine.text);
-    const Message message{transmissionChannel, activateKey + toUtf16(text)};
     const posix::Deadline deadline = posix::deadlineIn(startTime);
     SingleInstance instance(folder.path, "zelbox");
     pid_t lastOwner = 0;
@@ -100,7 +110,7 @@ int runBox(int argc, char **argv, const CommandLine &commandLine)
         case SingleInstance::Claim::Taken:
             break;
         }
-        const Forwarding forwarding = forwardMessage(instance.socketPath(), message, deadline);
+        const Forwarding forwarding = handOver(instance.socketPath(), toUtf16(text), deadline);
         if (forwarding.result != Forwarding::Result::Gone)
             return judge(forwarding);
         closed = forwarding.owner != 0 && forwarding.owner == lastOwner ? closed + 1 : 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QString>
+
 class ZelBoxCloudSvr;
 
 /// What the main window asks of the object that owns it (the core). GUI thread.
@@ -8,7 +10,7 @@ class MainWindowHost
 public:
     /// The window was shown for the first time; told exactly once per window.
     virtual void mainWindowFirstShown() = 0;
-    virtual void openSettings() = 0;
+    virtual void openSettings(const QString &page) = 0; ///< empty: where the user left them
     virtual void showExitDialog() = 0;
     virtual ZelBoxCloudSvr *cloudService() = 0; ///< never null
 

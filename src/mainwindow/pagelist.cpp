@@ -22,25 +22,28 @@ QString icon(const char *name)
 QVector<PageInfo> pageList()
 {
     return {
-        {source::RecentFile, text(QT_TRANSLATE_NOOP("Navigation", "Recent")), icon("nav_recent"), {}},
-        {source::CloudDoc, text(QT_TRANSLATE_NOOP("Navigation", "Cloud documents")), icon("nav_cloud"),
-            text(QT_TRANSLATE_NOOP(
-                "Navigation", "Your cloud documents will be listed here in a coming version."))},
+        {source::RecentFile, text(QT_TRANSLATE_NOOP("Navigation", "Recent")), icon("nav_recent"), {}, {}},
+        {source::CloudDoc, text(QT_TRANSLATE_NOOP("Navigation", "Cloud documents")), icon("nav_cloud"), {},
+            {}},
         {source::TeamFile, text(QT_TRANSLATE_NOOP("Navigation", "Team folders")), icon("nav_team"),
-            text(QT_TRANSLATE_NOOP(
-                "Navigation", "Folders shared with your team will be listed here in a coming version."))},
-        {source::DocMsg, text(QT_TRANSLATE_NOOP("Navigation", "Messages")), icon("nav_message"),
-            text(QT_TRANSLATE_NOOP(
-                "Navigation", "Messages about your documents will be listed here in a coming version."))},
-        {source::FileRadar, text(QT_TRANSLATE_NOOP("Navigation", "File radar")), icon("nav_radar"),
-            text(QT_TRANSLATE_NOOP(
-                "Navigation", "Received and downloaded files will be listed here in a coming version."))},
-        {source::MsgChannel, text(QT_TRANSLATE_NOOP("Navigation", "Channels")), icon("nav_channel"),
-            text(QT_TRANSLATE_NOOP(
-                "Navigation", "Message channels will be listed here in a coming version."))},
-        {source::DesktopSync, text(QT_TRANSLATE_NOOP("Navigation", "Desktop sync")), icon("nav_sync"),
+            icon("empty_team"),
             text(QT_TRANSLATE_NOOP("Navigation",
-                "The state of your synchronised desktop will be shown here in a coming version."))},
+                "Folders that a team shares need a cloud server, which this version cannot connect to."))},
+        {source::DocMsg, text(QT_TRANSLATE_NOOP("Navigation", "Messages")), icon("nav_message"),
+            icon("empty_message"),
+            text(
+                QT_TRANSLATE_NOOP("Navigation", "Messages about your documents come with a later version."))},
+        {source::FileRadar, text(QT_TRANSLATE_NOOP("Navigation", "File radar")), icon("nav_radar"),
+            icon("empty_radar"),
+            text(QT_TRANSLATE_NOOP(
+                "Navigation", "Files that you receive and download will be found here in a later version."))},
+        {source::MsgChannel, text(QT_TRANSLATE_NOOP("Navigation", "Channels")), icon("nav_channel"),
+            icon("empty_channel"),
+            text(QT_TRANSLATE_NOOP("Navigation", "Message channels come with a later version."))},
+        {source::DesktopSync, text(QT_TRANSLATE_NOOP("Navigation", "Desktop sync")), icon("nav_sync"),
+            icon("empty_sync"),
+            text(QT_TRANSLATE_NOOP("Navigation",
+                "Keeping your desktop folder in step with the cloud comes with a later version."))},
     };
 }
 

@@ -8,10 +8,11 @@ namespace zel {
 
 struct PageInfo
 {
-    QString key;         ///< source key
-    QString title;       ///< translated
-    QString icon;        ///< line icon resource
-    QString explanation; ///< translated; what the page will show, while its feature is not there yet
+    QString key;          ///< source key
+    QString title;        ///< translated
+    QString icon;         ///< line icon resource
+    QString illustration; ///< picture of the page while its feature is not there yet
+    QString explanation;  ///< translated; what the page will show, while its feature is not there yet
 };
 
 QVector<PageInfo> pageList();

@@ -64,6 +64,8 @@ private Q_SLOTS:
     void ordinaryRun();
     void waitsForThreadTiming();
     void background();
+    void startedInBackground();
+    void languageAtOnce();
     void guestOfAHost();
     void hostThatNeverRanALoop();
 
@@ -193,6 +195,46 @@ void TestCore::background()
     core->dispatch(QString(), false);
     QVERIFY(core->mainWindow()->isVisible());
     QVERIFY(!core->mainWindow()->isMinimized());
+}
+
+// By the session or the bus: nobody has asked for a window yet.
+void TestCore::startedInBackground()
+{
+    StandAloneBox box;
+    QSignalSpy firstShown(ZelBoxCore::instance(), &ZelBoxCore::firstMainWindowShown);
+    QVERIFY(box.application.start(QStringLiteral("/from=autostart")));
+    ZelBoxCore *core = ZelBoxCore::instance();
+    QVERIFY(!core->mainWindow()->isVisible());
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(firstShown.size(), 0);
+    core->dispatch(QString(), false);
+    QVERIFY(core->mainWindow()->isVisible());
+    QTRY_COMPARE(firstShown.size(), 1);
+}
+
+void TestCore::languageAtOnce()
+{
+    StandAloneBox box;
+    QVERIFY(box.application.start(QStringLiteral("/tab=4")));
+    ZelBoxCore *core = ZelBoxCore::instance();
+    QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
+    QTRY_COMPARE(firstShown.size(), 1);
+    core->dispatch(QStringLiteral("/options=settings"), false);
+    const QRect place = core->mainWindow()->geometry();
+    chooseLanguage(QStringLiteral("zh_CN"));
+    core->onLanguageChosen();
+    const auto titleOf = [&] {
+        return core->mainWindow()->findChild<QAbstractButton *>(QStringLiteral("page_RecentFile"))->text();
+    };
+    QTRY_COMPARE(titleOf(), QStringLiteral("最近"));
+    QVERIFY(core->mainWindow()->isVisible());
+    QCOMPARE(core->mainWindow()->geometry(), place);
+    QCOMPARE(core->mainWindow()->central()->currentPage(), 4);
+    QCoreApplication::sendPostedEvents();
+    QCOMPARE(firstShown.size(), 1); // to everybody else it is the same window
+    chooseLanguage(QString());
+    core->onLanguageChosen();
+    QTRY_COMPARE(titleOf(), QStringLiteral("Recent"));
 }
 
 void TestCore::guestOfAHost()

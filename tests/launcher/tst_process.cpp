@@ -37,6 +37,8 @@ private Q_SLOTS:
     void whereTheBoxLies();
     void forwardedCommandLine_data();
     void forwardedCommandLine();
+    void forwardedStartupToken_data();
+    void forwardedStartupToken();
     void startsAtOnce_data();
     void startsAtOnce();
     void startAfterKill();
@@ -94,6 +96,31 @@ void TestProcess::forwardedCommandLine()
     QCOMPARE(tree.texts(QStringLiteral("start")), QStringList{line});
     QCOMPARE(tree.texts(QStringLiteral("message")), QStringList{activate(line)});
     QVERIFY(tree.texts(QStringLiteral("arguments")).value(0).endsWith(QLatin1String(" terminated")));
+    QVERIFY(tree.end(*box));
+}
+
+void TestProcess::forwardedStartupToken_data()
+{
+    QTest::addColumn<QString>("startupId");
+    QTest::addColumn<QString>("activationToken");
+    QTest::newRow("X11") << QStringLiteral("panel/box/1_TIME77") << QString();
+    QTest::newRow("Wayland") << QString() << QStringLiteral("8f3c");
+    QTest::newRow("both") << QStringLiteral("id") << QStringLiteral("8f3c");
+}
+
+void TestProcess::forwardedStartupToken()
+{
+    QFETCH(QString, startupId);
+    QFETCH(QString, activationToken);
+    BoxTree tree;
+    const auto box = tree.startBox();
+    QVERIFY(box);
+    tree.set(QStringLiteral("DESKTOP_STARTUP_ID"), startupId);
+    tree.set(QStringLiteral("XDG_ACTIVATION_TOKEN"), activationToken);
+    QCOMPARE(tree.run({QStringLiteral("/show")}), 0);
+    // The record keeps one line a message.
+    const QString token = QStringLiteral("zelbox_startup?=") + startupId + QLatin1Char('|') + activationToken;
+    QCOMPARE(tree.texts(QStringLiteral("message")), (QStringList{token, activate(QStringLiteral("/show"))}));
     QVERIFY(tree.end(*box));
 }
 

@@ -8,9 +8,11 @@
 #include "mainwindow/mainwindowhost.h"
 #include "mainwindow/ui/kcentralwidget.h"
 #include "mainwindow/ui/navigationbar.h"
+#include "mainwindow/ui/searchbox.h"
 #include "mainwindow/ui/titlebar.h"
 #include "mainwindow/ui/windowtitlebuttons.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
+#include "recentfile/ui/recentfilewidget.h"
 #include "widgets/windowframe.h"
 
 #include <QAbstractButton>
@@ -24,12 +26,12 @@ class Host final : public MainWindowHost
 {
 public:
     void mainWindowFirstShown() override { ++firstShown; }
-    void openSettings() override { ++settings; }
+    void openSettings(const QString &page) override { settings << page; }
     void showExitDialog() override { ++exits; }
     ZelBoxCloudSvr *cloudService() override { return &cloud; }
 
     int firstShown = 0;
-    int settings = 0;
+    QStringList settings;
     int exits = 0;
     ZelBoxCloudSvr cloud;
 };
@@ -69,7 +71,8 @@ private Q_SLOTS:
     void maximisedAndBack();
     void closeOnlyTells();
     void navigationByKeyboard();
-    void everyControlHasAName();
+    void searchBelongsToThePage();
+    void unreadOfAllPages();
     void edges_data();
     void edges();
 };
@@ -178,22 +181,50 @@ void TestMainWindow::navigationByKeyboard()
     QVERIFY(!window.selectPage(-1));
     QCOMPARE(central->currentPage(), 0);
     QTest::keyClick(&window, Qt::Key_Comma, Qt::ControlModifier);
-    QCOMPARE(host.settings, 1);
+    QCOMPARE(host.settings, QStringList{QString()});
     QTest::keyClick(&window, Qt::Key_Q, Qt::ControlModifier);
     QCOMPARE(host.exits, 1);
 }
 
-void TestMainWindow::everyControlHasAName()
+void TestMainWindow::searchBelongsToThePage()
 {
     Host host;
     ZelBoxMainWindow window(&host);
     show(window);
-    QStringList nameless;
-    for (const QAbstractButton *button : window.findChildren<QAbstractButton *>()) {
-        if (button->isVisible() && button->accessibleName().isEmpty() && button->text().isEmpty())
-            nameless << button->objectName();
-    }
-    QCOMPARE(nameless, QStringList());
+    KCentralWidget *central = window.central();
+    SearchBox *search = central->titleBar()->searchBox();
+    QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
+    QVERIFY(search->hasFocus());
+    QTest::keyClicks(search, QStringLiteral("plan"));
+    QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier); // the cloud documents
+    QCOMPARE(central->currentPage(), 1);
+    QVERIFY(!search->hasFocus());
+    QCOMPARE(search->text(), QString());
+    QTest::keyClick(&window, Qt::Key_PageDown, Qt::ControlModifier);
+    QVERIFY(!search->isEnabled()); // a page that has nothing to search yet
+    QTest::keyClick(&window, Qt::Key_1, Qt::ControlModifier);
+    QCOMPARE(search->text(), QStringLiteral("plan"));
+    central->beginFinding(QStringLiteral("s"));
+    QCOMPARE(search->text(), QStringLiteral("plans"));
+    QTest::keyClick(search, Qt::Key_Escape);
+    QCOMPARE(search->text(), QString());
+    QVERIFY(search->hasFocus());
+    QTest::keyClick(search, Qt::Key_Escape);
+    QVERIFY(!search->hasFocus());
+}
+
+void TestMainWindow::unreadOfAllPages()
+{
+    Host host;
+    ZelBoxMainWindow window(&host);
+    QSignalSpy perPage(&window, &ZelBoxMainWindow::sigMsgCountChanged);
+    QSignalSpy together(&window, &ZelBoxMainWindow::unreadCountChanged);
+    Q_EMIT window.central()->recentPage()->recentFileUnreadMsgCount(3);
+    QCOMPARE(perPage.takeFirst(), QVariantList({0, 3, 1}));
+    QCOMPARE(together.takeFirst(), QVariantList{3});
+    Q_EMIT window.central()->recentPage()->recentFileUnreadMsgCount(0);
+    QCOMPARE(perPage.takeFirst(), QVariantList({0, 0, 0}));
+    QCOMPARE(window.unreadCount(), 0);
 }
 
 void TestMainWindow::edges_data()

@@ -31,6 +31,7 @@ XScreen::XScreen() : m_connection(xcb_connect(nullptr, nullptr))
         return;
     m_root = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data->root;
     m_netWmName = atom(m_connection, "_NET_WM_NAME");
+    m_netWmPid = atom(m_connection, "_NET_WM_PID");
     m_utf8 = atom(m_connection, "UTF8_STRING");
     xcb_get_extension_data(m_connection, &xcb_damage_id);
     owned(
@@ -82,13 +83,22 @@ std::string XScreen::titleOf(Window window)
     return {text, std::size_t(xcb_get_property_value_length(reply.get()))};
 }
 
-void XScreen::collect(Window window, const std::string &title, std::vector<Window> &found)
+std::uint32_t XScreen::processOf(Window window)
+{
+    const auto cookie = xcb_get_property(m_connection, 0, window, m_netWmPid, XCB_ATOM_CARDINAL, 0, 1);
+    const auto reply = owned(xcb_get_property_reply(m_connection, cookie, nullptr));
+    if (!reply || xcb_get_property_value_length(reply.get()) != sizeof(std::uint32_t))
+        return 0;
+    return *static_cast<const std::uint32_t *>(xcb_get_property_value(reply.get()));
+}
+
+void XScreen::collect(Window window, const Match &match, std::vector<Window> &found)
 {
     watchTree(window);
     if (window != m_root) {
         const auto cookie = xcb_get_window_attributes(m_connection, window);
         const auto attributes = owned(xcb_get_window_attributes_reply(m_connection, cookie, nullptr));
-        if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE && titleOf(window) == title)
+        if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE && match(window))
             found.push_back(window);
     }
     const auto tree =
@@ -97,26 +107,38 @@ void XScreen::collect(Window window, const std::string &title, std::vector<Windo
         return;
     const xcb_window_t *children = xcb_query_tree_children(tree.get());
     for (int i = 0; i < xcb_query_tree_children_length(tree.get()); ++i)
-        collect(children[i], title, found);
+        collect(children[i], match, found);
 }
 
 std::vector<XScreen::Window> XScreen::viewable(const std::string &title)
 {
     std::vector<Window> found;
-    collect(m_root, title, found);
+    collect(
+        m_root, [&](Window window) { return titleOf(window) == title; }, found);
     return found;
 }
 
-XScreen::Window XScreen::waitForTitle(const std::string &title, std::chrono::milliseconds limit)
+XScreen::Window XScreen::waitFor(const Match &match, std::chrono::milliseconds limit)
 {
     const auto deadline = std::chrono::steady_clock::now() + limit;
     for (;;) {
-        const std::vector<Window> found = viewable(title);
+        std::vector<Window> found;
+        collect(m_root, match, found);
         if (!found.empty())
             return found.front();
         if (!waitForEvent(deadline))
             return 0;
     }
+}
+
+XScreen::Window XScreen::waitForTitle(const std::string &title, std::chrono::milliseconds limit)
+{
+    return waitFor([&](Window window) { return titleOf(window) == title; }, limit);
+}
+
+XScreen::Window XScreen::waitForProcess(std::uint32_t pid, std::chrono::milliseconds limit)
+{
+    return waitFor([&](Window window) { return processOf(window) == pid; }, limit);
 }
 
 bool XScreen::waitUntilGone(const std::string &title, std::chrono::milliseconds limit)

@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -23,6 +24,8 @@ public:
 
     /// The viewable window with this title (_NET_WM_NAME), waiting for it; 0 when the time is over.
     Window waitForTitle(const std::string &title, std::chrono::milliseconds limit);
+    /// The viewable window that this process put its number on (_NET_WM_PID), waiting for it.
+    Window waitForProcess(std::uint32_t pid, std::chrono::milliseconds limit);
     /// Until no viewable window has this title; false when the time is over.
     bool waitUntilGone(const std::string &title, std::chrono::milliseconds limit);
     /// Until nothing was painted in the window for `quiet` (XDamage); false when the limit is over first.
@@ -44,14 +47,18 @@ public:
     std::vector<Window> viewable(const std::string &title);
 
 private:
+    using Match = std::function<bool(Window)>;
+    Window waitFor(const Match &match, std::chrono::milliseconds limit);
     bool waitForEvent(std::chrono::steady_clock::time_point deadline);
     void watchTree(Window window);
-    void collect(Window window, const std::string &title, std::vector<Window> &found);
+    void collect(Window window, const Match &match, std::vector<Window> &found);
     std::string titleOf(Window window);
+    std::uint32_t processOf(Window window);
 
     xcb_connection_t *m_connection;
     Window m_root = 0;
     std::uint32_t m_netWmName = 0;
+    std::uint32_t m_netWmPid = 0;
     std::uint32_t m_utf8 = 0;
 };
 

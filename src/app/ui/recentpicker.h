@@ -1,40 +1,63 @@
 #pragma once
 
+#include "recentfile/recentfilelogic.h"
+
 #include <QWidget>
 
-class KRecentFileLogic;
-class QLabel;
+class EmptyStateWidget;
+class NoticeBar;
+class QKeyEvent;
 class QLineEdit;
 class QListView;
-class QSortFilterProxyModel;
+class RecentFileActions;
+class RecentSortFilterModel;
 class ZelBoxRecentFileModel;
 
-/// A search field over the recent documents, newest first: type to narrow the list, Enter opens. GUI thread.
+/// A search field over the recent documents, newest first: type to narrow the list, Up and Down choose, Enter
+/// or a click opens, Ctrl+Enter shows the file in its folder. GUI thread. The keyboard stays in the field.
 class RecentPicker : public QWidget
 {
     Q_OBJECT
 public:
-    explicit RecentPicker(QWidget *parent = nullptr);
+    using Services = KRecentFileLogic::Services;
+
+    explicit RecentPicker(QWidget *parent = nullptr) : RecentPicker(Services(), parent) { }
+    explicit RecentPicker(const Services &services, QWidget *parent = nullptr);
     ~RecentPicker() override;
 
-    void focusInput();   ///< and selects what is in it
-    void startLoading(); ///< on the first show of the window that holds it
+    void focusInput();                   ///< and selects what is in it
+    bool clearInput();                   ///< false when nothing was in it
+    void startLoading();                 ///< on the first show of the window that holds it
+    void setPopupsAllowed(bool allowed); ///< false: the field opens no menu of its own
+
+    QLineEdit *input() const { return m_input; }
+    QListView *list() const { return m_list; }
 
 Q_SIGNALS:
     void documentOpened(); ///< the desktop was asked to open one
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override; // Up and Down in the field move in the list
+    bool eventFilter(QObject *watched, QEvent *event) override; // keys of the field that are the list's
 
 private:
-    void openCurrent();
+    void layOut();
+    void connectModels(KDocumentOpener *opener);
+    void connectInput();
+    bool handleKey(QKeyEvent *event);
+    QModelIndex chosen() const;
+    void openChosen();
+    void revealChosen();
+    void chooseFirst();
     void updateState();
+    void checkShownRows();
 
     ZelBoxRecentFileModel *m_model;
     KRecentFileLogic *m_logic;
-    QSortFilterProxyModel *m_filter;
+    RecentFileActions *m_actions;
+    RecentSortFilterModel *m_rows;
     QLineEdit *m_input;
     QListView *m_list;
-    QLabel *m_nothing;
+    NoticeBar *m_notice;
+    EmptyStateWidget *m_nothing;
     QString m_opening; // path of what the desktop was asked to open
 };

@@ -2,25 +2,39 @@
 
 #include "app/ui/recentpicker.h"
 #include "klitestyle.h"
+#include "klook.h"
 #include "kskin.h"
 #include "widgets/windowframe.h"
 
 #include <QIcon>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QPainter>
 #include <QVBoxLayout>
 
-ZelBoxMiniWidget::ZelBoxMiniWidget(QWidget *parent)
+ZelBoxMiniWidget::ZelBoxMiniWidget(QWidget *parent, const KRecentFileLogic::Services &services)
     : QWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint),
-      m_picker(new RecentPicker(this))
+      m_picker(new RecentPicker(services, this))
 {
     setWindowTitle(tr("Quick search"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/zelbox.ico")));
     setObjectName(QStringLiteral("ZelBoxMiniWidget"));
-    resize(KLiteStyle::dpiScaledSize({480, 320}));
+    resize(KLiteStyle::dpiScaledSize({520, 380}));
+    m_picker->input()->setMinimumHeight(KLiteStyle::dpiScaled(40));
+    QFont large = zel::look::font(zel::look::Type::Subtitle, font());
+    large.setWeight(QFont::Normal);
+    m_picker->input()->setFont(large);
+
+    auto *keys = new QLabel(tr("Enter opens  ·  Ctrl+Enter shows in folder  ·  Esc closes"), this);
+    keys->setFont(zel::look::font(zel::look::Type::Caption, font()));
+    keys->setForegroundRole(QPalette::PlaceholderText);
+    keys->setContentsMargins(KLiteStyle::dpiScaledMargins({24, 0, 24, 0}));
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({12, 12, 12, 12}));
-    layout->addWidget(m_picker);
+    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({1, 12, 1, 10}));
+    layout->setSpacing(KLiteStyle::dpiScaled(8));
+    layout->addWidget(m_picker, 1);
+    layout->addWidget(keys);
     connect(m_picker, &RecentPicker::documentOpened, this, &QWidget::hide);
 }
 
@@ -80,6 +94,6 @@ void ZelBoxMiniWidget::keyPressEvent(QKeyEvent *event)
 
 void ZelBoxMiniWidget::paintEvent(QPaintEvent *)
 {
-    QPainter(this).fillRect(rect(), KSkin::color(KSkin::Color::Window));
+    QPainter(this).fillRect(rect(), KSkin::color(KSkin::Color::Surface));
     zel::paintWindowBorder(this);
 }

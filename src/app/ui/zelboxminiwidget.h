@@ -1,5 +1,7 @@
 #pragma once
 
+#include "recentfile/recentfilelogic.h"
+
 #include <QWidget>
 
 class RecentPicker;
@@ -10,7 +12,7 @@ class ZelBoxMiniWidget : public QWidget
 {
     Q_OBJECT
 public:
-    explicit ZelBoxMiniWidget(QWidget *parent = nullptr);
+    explicit ZelBoxMiniWidget(QWidget *parent = nullptr, const KRecentFileLogic::Services &services = {});
 
     void setStartMode(const QString &mode) { m_startMode = mode; } ///< "mainbox" or "miniwidget"
     QString startMode() const { return m_startMode; }

@@ -1,7 +1,9 @@
 #include "mainwindow/ui/navigationbar.h"
 
 #include "klitestyle.h"
+#include "klook.h"
 #include "kskin.h"
+#include "widgets/focusring.h"
 #include "widgets/svgicon.h"
 
 #include <QAbstractButton>
@@ -9,6 +11,8 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QVBoxLayout>
+
+namespace look = zel::look;
 
 /// One page in the list: icon, title, badge.
 class NavigationButton final : public QAbstractButton
@@ -20,9 +24,10 @@ public:
         setAccessibleName(page.title);
         setObjectName(QStringLiteral("page_") + page.key);
         setCheckable(true);
+        setAutoExclusive(true); // it then calls itself one of several, not a switch
         setFocusPolicy(Qt::TabFocus);
         setAttribute(Qt::WA_Hover);
-        setFixedHeight(KLiteStyle::dpiScaled(36));
+        setFixedHeight(KLiteStyle::dpiScaled(look::SideRowHeight));
     }
 
     void setBadge(int count, int redPoints)
@@ -63,13 +68,13 @@ void NavigationButton::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const QRectF plate = QRectF(rect()).adjusted(1, 1, -1, -1);
-    const qreal radius = KLiteStyle::dpiScaledF(6);
+    const qreal radius = KLiteStyle::dpiScaledF(look::Radius);
     if (isChecked() || underMouse()) {
         painter.setPen(Qt::NoPen);
         painter.setBrush(KSkin::color(isChecked() ? KSkin::Color::Selected : KSkin::Color::Hover));
         painter.drawRoundedRect(plate, radius, radius);
     }
-    const int glyph = KLiteStyle::dpiScaled(18);
+    const int glyph = KLiteStyle::dpiScaled(look::Glyph);
     const int pad = KLiteStyle::dpiScaled(10);
     const QColor ink = KSkin::color(isChecked() ? KSkin::Color::Accent : KSkin::Color::TextSecondary);
     painter.drawPixmap(QPoint(pad, (height() - glyph) / 2),
@@ -84,11 +89,7 @@ void NavigationButton::paintEvent(QPaintEvent *)
     painter.drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft,
         painter.fontMetrics().elidedText(text(), Qt::ElideRight, textRect.width()));
     paintBadge(painter);
-    if (hasFocus() && window()->testAttribute(Qt::WA_KeyboardFocusChange)) {
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(QPen(KSkin::color(KSkin::Color::Accent), 2));
-        painter.drawRoundedRect(plate.adjusted(1, 1, -1, -1), radius, radius);
-    }
+    zel::paintFocusRing(&painter, this, plate, radius);
 }
 
 void NavigationButton::paintBadge(QPainter &painter) const

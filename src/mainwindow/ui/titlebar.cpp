@@ -2,6 +2,7 @@
 
 #include "klitestyle.h"
 #include "kskin.h"
+#include "mainwindow/ui/searchbox.h"
 #include "mainwindow/ui/windowtitlebuttons.h"
 
 #include <QApplication>
@@ -13,22 +14,31 @@
 TitleBar::TitleBar(const QString &title, QWidget *parent)
     : QWidget(parent),
       m_title(title),
+      m_search(new SearchBox(this)),
       m_menuButton(new IconButton(QStringLiteral(":/icons_svg/menu.svg"), tr("Menu"), this)),
       m_buttons(new KZelBoxWindowTitleButtonGroup(this))
 {
     m_menuButton->setObjectName(QStringLiteral("menuButton"));
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({16, 4, 6, 4}));
+    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({0, 6, 6, 6}));
     layout->setSpacing(0);
+    layout->addWidget(m_search, 3, Qt::AlignVCenter);
     layout->addStretch(1);
     layout->addWidget(m_menuButton);
     layout->addSpacing(KLiteStyle::dpiScaled(4));
     layout->addWidget(m_buttons);
 }
 
+void TitleBar::setSearchIndent(int left)
+{
+    QMargins margins = layout()->contentsMargins();
+    margins.setLeft(left);
+    layout()->setContentsMargins(margins);
+}
+
 QSize TitleBar::sizeHint() const
 {
-    return KLiteStyle::dpiScaledSize({200, 40});
+    return KLiteStyle::dpiScaledSize({200, 48});
 }
 
 void TitleBar::paintEvent(QPaintEvent *)
@@ -44,7 +54,7 @@ void TitleBar::paintEvent(QPaintEvent *)
     painter.setFont(bold);
     painter.setPen(KSkin::color(KSkin::Color::Text));
     const int textLeft = left + logo + KLiteStyle::dpiScaled(8);
-    const QRect textRect(textLeft, 0, m_menuButton->x() - textLeft, height());
+    const QRect textRect(textLeft, 0, m_search->x() - textLeft - KLiteStyle::dpiScaled(8), height());
     painter.drawText(textRect, Qt::AlignVCenter | Qt::AlignLeft,
         painter.fontMetrics().elidedText(m_title, Qt::ElideRight, textRect.width()));
 }
@@ -77,4 +87,9 @@ void TitleBar::mouseDoubleClickEvent(QMouseEvent *event)
     m_dragging = false;
     if (event->button() == Qt::LeftButton)
         Q_EMIT doubleClicked();
+}
+
+void TitleBar::contextMenuEvent(QContextMenuEvent *event)
+{
+    Q_EMIT windowMenuWanted(event->globalPos());
 }

@@ -5,9 +5,11 @@
 
 class IconButton;
 class KZelBoxWindowTitleButtonGroup;
+class SearchBox;
 
-/// The main window's own title bar: logo, title, menu button and window buttons. GUI thread.
-/// Dragging it moves the window, a double click maximises or restores it.
+/// The main window's header: logo and title, the search field, menu button and window buttons. GUI thread.
+/// Dragging it moves the window, a double click maximises or restores it, a right click asks for the window's
+/// menu.
 class TitleBar : public QWidget
 {
     Q_OBJECT
@@ -16,6 +18,8 @@ public:
 
     KZelBoxWindowTitleButtonGroup *buttons() const { return m_buttons; }
     IconButton *menuButton() const { return m_menuButton; }
+    SearchBox *searchBox() const { return m_search; }
+    void setSearchIndent(int left); ///< where the search field begins: above the text of the pages
 
     QSize sizeHint() const override;
 
@@ -23,6 +27,7 @@ Q_SIGNALS:
     void leftButtonPressed();             ///< a left press anywhere on the free part of the bar
     void dragStarted(QPoint globalStart); ///< the pointer moved far enough with the left button held
     void doubleClicked();
+    void windowMenuWanted(QPoint globalPos);
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -30,9 +35,11 @@ protected:
     void mouseMoveEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     QString m_title;
+    SearchBox *m_search;
     IconButton *m_menuButton;
     KZelBoxWindowTitleButtonGroup *m_buttons;
     QPoint m_pressed;

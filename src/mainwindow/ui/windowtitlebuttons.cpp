@@ -30,6 +30,8 @@ KZelBoxWindowTitleButtonGroup::KZelBoxWindowTitleButtonGroup(QWidget *parent)
     layout->addWidget(minimize);
     layout->addWidget(m_restoreMax);
     layout->addWidget(close);
+    setTabOrder(minimize, m_restoreMax); // which was made first
+    setTabOrder(m_restoreMax, close);
 
     connect(minimize, &QAbstractButton::clicked, this, &KZelBoxWindowTitleButtonGroup::minBtnClicked);
     connect(

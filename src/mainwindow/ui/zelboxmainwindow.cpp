@@ -16,17 +16,20 @@
 #include "mainwindow/ui/zelboxmainwindowmenu.h"
 #include "mainwindow/ui/zelboxspacebar.h"
 #include "mainwindow/windowgeometry.h"
-#include "recentfile/ui/recentfilelistview.h"
 #include "recentfile/ui/recentfilewidget.h"
+#include "widgets/shortcuts.h"
 #include "widgets/windowframe.h"
 
 #include <QCloseEvent>
 #include <QGuiApplication>
-#include <QPixmapCache>
+#include <QMenu>
 #include <QScreen>
 #include <QWindow>
+#include <numeric>
 
-#include <malloc.h>
+namespace {
+constexpr quint64 MostUnread = 99999;
+}
 
 ZelBoxMainWindow::ZelBoxMainWindow(MainWindowHost *host, QWidget *parent)
     : QMainWindow(parent,
@@ -44,17 +47,28 @@ ZelBoxMainWindow::ZelBoxMainWindow(MainWindowHost *host, QWidget *parent)
     resize(KLiteStyle::dpiScaledSize({900, 580}));
     new WidgetResizeHelper(this);
     connectTitleBar();
+    makeShortcuts();
 
     connect(this, &ZelBoxMainWindow::windowReadyToShow, this, &ZelBoxMainWindow::onWindowReadyToShow);
     connect(this, &ZelBoxMainWindow::windowTitleClicked, this, &ZelBoxMainWindow::onWindowTitleClicked);
     connect(this, &ZelBoxMainWindow::sigMsgCountChanged, m_central->navigation(), &NavigationBar::setBadge);
     connect(m_central->recentPage(), &ZelBoxRecentFileWidgetBase::sigSettingsWanted, this,
-        [this] { m_host->openSettings(); });
+        [this] { m_host->openSettings(QStringLiteral("cloud")); });
     connect(m_central->recentPage(), &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount, this,
-        [this](quint64 count) {
-            const int page = zel::pageNumber(zel::source::RecentFile);
-            Q_EMIT sigMsgCountChanged(page, int(qMin<quint64>(count, 99999)), count > 0 ? 1 : 0);
-        });
+        [this](quint64 count) { tellUnread(zel::pageNumber(zel::source::RecentFile), count); });
+}
+
+void ZelBoxMainWindow::tellUnread(int page, quint64 count)
+{
+    const int shown = int(qMin<quint64>(count, MostUnread));
+    m_unread[page] = shown;
+    Q_EMIT sigMsgCountChanged(page, shown, shown > 0 ? 1 : 0);
+    Q_EMIT unreadCountChanged(unreadCount());
+}
+
+int ZelBoxMainWindow::unreadCount() const
+{
+    return std::accumulate(m_unread.cbegin(), m_unread.cend(), 0);
 }
 
 void ZelBoxMainWindow::connectTitleBar()
@@ -70,36 +84,69 @@ void ZelBoxMainWindow::connectTitleBar()
     connect(bar, &TitleBar::doubleClicked, this, &ZelBoxMainWindow::onRestoreMaxBtnClicked);
     connect(bar, &TitleBar::dragStarted, this, [this] { windowHandle()->startSystemMove(); });
     connect(bar->menuButton(), &QAbstractButton::clicked, this, &ZelBoxMainWindow::showMenu);
-    connect(m_central->spaceBar(), &ZelBoxSpaceBar::loginRequested, this, [this] { m_host->openSettings(); });
-    connect(m_central->spaceBar(), &ZelBoxSpaceBar::dilatationRequested, this,
-        [this] { m_host->openSettings(); });
+    connect(bar, &TitleBar::windowMenuWanted, this, &ZelBoxMainWindow::showWindowMenu);
+    const auto openCloudSettings = [this] { m_host->openSettings(QStringLiteral("cloud")); };
+    connect(m_central->spaceBar(), &ZelBoxSpaceBar::loginRequested, this, openCloudSettings);
+    connect(m_central->spaceBar(), &ZelBoxSpaceBar::dilatationRequested, this, openCloudSettings);
+}
 
-    auto *settings = new QAction(this);
-    settings->setShortcut(QKeySequence(QStringLiteral("Ctrl+,")));
-    connect(settings, &QAction::triggered, this, [this] { m_host->openSettings(); });
-    auto *exit = new QAction(this);
-    exit->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
-    connect(exit, &QAction::triggered, this, [this] { m_host->showExitDialog(); });
-    auto *close = new QAction(this);
-    close->setShortcut(QKeySequence(QStringLiteral("Ctrl+W")));
-    connect(close, &QAction::triggered, this, &ZelBoxMainWindow::onCloseBtnClicked);
-    auto *menu = new QAction(this);
-    menu->setShortcut(QKeySequence(QStringLiteral("F10")));
-    connect(menu, &QAction::triggered, this, &ZelBoxMainWindow::showMenu);
-    addActions({settings, exit, close, menu});
+void ZelBoxMainWindow::makeShortcuts()
+{
+    const auto make = [this](const QString &id, auto slot) {
+        QAction *action = zel::Shortcuts::instance()->make(id, this);
+        connect(action, &QAction::triggered, this, slot);
+        addAction(action);
+    };
+    make(QStringLiteral("window.settings"), [this] { m_host->openSettings(QString()); });
+    make(QStringLiteral("window.exit"), [this] { m_host->showExitDialog(); });
+    make(QStringLiteral("window.close"), [this] { onCloseBtnClicked(); });
+    make(QStringLiteral("window.menu"), [this] { showMenu(); });
+    make(QStringLiteral("window.search"), [this] { m_central->beginFinding({}); });
+    const int pages = zel::pageList().size();
+    for (int page = 0; page < pages; ++page) {
+        make(QStringLiteral("page.%1").arg(page + 1), [this, page] {
+            m_central->selectPage(page);
+            m_central->focusPage();
+        });
+    }
+    const auto step = [this](const char *keys, int by) {
+        auto *action = new QAction(this);
+        action->setShortcut(QKeySequence(QLatin1String(keys)));
+        connect(action, &QAction::triggered, this, [this, by] { m_central->stepPage(by); });
+        addAction(action);
+    };
+    step("Ctrl+PgDown", 1);
+    step("Ctrl+PgUp", -1);
 }
 
 void ZelBoxMainWindow::showMenu()
 {
     if (!m_menu) {
-        m_menu = new ZelBoxMainWindowMenu(m_host, this);
+        m_menu = new ZelBoxMainWindowMenu(m_host, m_central->cloudSpace(), this);
         connect(m_menu, &ZelBoxMainWindowMenu::pageRequested, m_central,
             qOverload<const QString &>(&KCentralWidget::selectPage));
+        connect(m_menu, &ZelBoxMainWindowMenu::transfersRequested, m_central, &KCentralWidget::showTransfers);
         connect(this, &ZelBoxMainWindow::closePopupWindow, m_menu, &QMenu::close);
     }
     QWidget *button = m_central->titleBar()->menuButton();
     const QPoint below = button->mapToGlobal(QPoint(button->width(), button->height()));
     m_menu->popup(below - QPoint(m_menu->sizeHint().width(), 0));
+}
+
+// What a frame of the window manager would offer.
+void ZelBoxMainWindow::showWindowMenu(const QPoint &globalPos)
+{
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setAccessibleName(tr("Window"));
+    connect(this, &ZelBoxMainWindow::closePopupWindow, menu, &QMenu::close);
+    menu->addAction(tr("Minimize"), this, &ZelBoxMainWindow::onMinBtnClicked);
+    menu->addAction(
+        isMaximized() ? tr("Restore") : tr("Maximize"), this, &ZelBoxMainWindow::onRestoreMaxBtnClicked);
+    menu->addSeparator();
+    zel::Shortcuts::instance()->follow(QStringLiteral("window.close"),
+        menu->addAction(tr("Close"), this, &ZelBoxMainWindow::onCloseBtnClicked));
+    menu->popup(globalPos);
 }
 
 QRect ZelBoxMainWindow::normalRect() const
@@ -160,6 +207,11 @@ void ZelBoxMainWindow::restoreWindowState()
     setUpdatesEnabled(true);
 }
 
+void ZelBoxMainWindow::startHidden()
+{
+    m_central->recentPage()->onWindowFirstShown();
+}
+
 void ZelBoxMainWindow::showToFront()
 {
     if (isMinimized())
@@ -197,15 +249,16 @@ void ZelBoxMainWindow::onRestoreMaxBtnClicked()
 void ZelBoxMainWindow::onStashProcessMemory()
 {
     saveWindowState();
-    QPixmapCache::clear();
-    ::malloc_trim(0);
+    m_central->releaseMemory();
 }
 
 void ZelBoxMainWindow::onMainWindowFirstShown()
 {
-    KDcInfoC::postGeneralEvent(
-        QStringLiteral("zelbox_mainbox_show"), {{QStringLiteral("showSrc"), m_showSource}});
-    m_host->mainWindowFirstShown();
+    if (m_reportsFirstShow) {
+        KDcInfoC::postGeneralEvent(
+            QStringLiteral("zelbox_mainbox_show"), {{QStringLiteral("showSrc"), m_showSource}});
+        m_host->mainWindowFirstShown();
+    }
     Q_EMIT windowReadyToShow();
 }
 
@@ -219,9 +272,9 @@ void ZelBoxMainWindow::onWindowReadyToShow()
 {
     m_central->recentPage()->onWindowFirstShown();
     m_central->recentPage()->onWindowReadyToShow();
-    // The list, not the first button of the title bar, is where the keyboard starts.
+    // The page, not the header, is where the keyboard starts.
     if (!focusWidget() || m_central->titleBar()->isAncestorOf(focusWidget()))
-        m_central->recentPage()->view()->setFocus(Qt::OtherFocusReason);
+        m_central->focusPage();
 }
 
 void ZelBoxMainWindow::onWindowTitleClicked()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QMainWindow>
 
 class KCentralWidget;
@@ -24,6 +25,13 @@ public:
     /// Where the start came from, for the telemetry of the first show; "normal" unless told otherwise.
     void setShowSource(const QString &source) { m_showSource = source; }
 
+    /// It takes the place of a window that has reported its first show already: it will not.
+    void continueFrom() { m_reportsFirstShow = false; }
+    bool wasShown() const { return m_firstShown || !m_reportsFirstShow; }
+    /// Loads what is to be told without a window (unread counts); the first show is still to come.
+    void startHidden();
+
+    int unreadCount() const;     ///< of all pages
     void showToFront();          ///< shows, un-minimises, raises and activates the window
     bool selectPage(int number); ///< false when there is no such page
     KCentralWidget *central() const { return m_central; }
@@ -41,12 +49,13 @@ Q_SIGNALS:
     void closePopupWindow();
     void sigMsgCountChanged(int tabCode, int count, int redPointCount);
     void windowShowFromTaskIcon();
+    void unreadCountChanged(int count); ///< of all pages together
 
 public Q_SLOTS:
     void onMinBtnClicked();
     void onCloseBtnClicked(); ///< only tells: the core decides whether to hide or to ask
     void onRestoreMaxBtnClicked();
-    void onStashProcessMemory(); ///< saves the geometry and gives cached memory back to the system
+    void onStashProcessMemory(); ///< saves the geometry; the pages drop what they can make again
     void onMainWindowFirstShown();
     void onAppAboutToQuit(); ///< called by the core before it destroys the window
     void onWindowReadyToShow();
@@ -65,7 +74,10 @@ protected:
 
 private:
     void connectTitleBar();
+    void makeShortcuts();
     void showMenu();
+    void showWindowMenu(const QPoint &globalPos);
+    void tellUnread(int page, quint64 count);
     QRect normalRect() const;
     void forgetRestoredRect();
 
@@ -76,5 +88,7 @@ private:
     /// What was restored, until the window has been on the screen in its normal state: before the first show
     /// the window system knows no normal geometry, and a window that opens maximised has none at all.
     QRect m_restoredRect;
+    QHash<int, int> m_unread; ///< by page
     bool m_firstShown = false;
+    bool m_reportsFirstShow = true;
 };

@@ -1,47 +1,66 @@
 #include "mainwindow/ui/zelboxmainwindowmenu.h"
 
-#include "base/logging.h"
+#include "base/settingskeys.h"
 #include "base/sourcekeys.h"
+#include "cloud/upgradequery.h"
 #include "cloud/zelboxcloudsvr.h"
+#include "ksettings.h"
+#include "mainwindow/cloudspace.h"
 #include "mainwindow/mainwindowhost.h"
 #include "mainwindow/ui/zelboxspacebar.h"
+#include "widgets/shortcuts.h"
 #include "widgets/svgicon.h"
 
 #include <QWidgetAction>
 
-ZelBoxMainWindowMenu::ZelBoxMainWindowMenu(MainWindowHost *host, QWidget *parent)
-    : QMenu(parent), m_host(host), m_space(new ZelBoxCloudSpaceActionWidget(this))
-{
-    setAccessibleName(tr("Main menu"));
-    auto *space = new QWidgetAction(this);
-    space->setDefaultWidget(m_space);
-    addAction(space);
-    addSeparator();
+namespace {
 
-    const auto add = [this](const char *icon, const QString &text, auto slot) {
-        QAction *action = addAction(text, this, slot);
-        action->setIcon(zel::tintedIcon(QStringLiteral(":/icons_svg/%1.svg").arg(QLatin1String(icon))));
-        return action;
-    };
-    add("nav_cloud", tr("Cloud documents"), &ZelBoxMainWindowMenu::onCloudDiskAction);
-    m_accountActions << add("share", tr("Cloud website"), &ZelBoxMainWindowMenu::onCloudWebsiteAction)
-                     << add("nav_sync", tr("Transfers"), &ZelBoxMainWindowMenu::onTransferDetailAction)
-                     << add("info", tr("Upgrade membership"), &ZelBoxMainWindowMenu::onUpgradeVipAction);
-    addSeparator();
-    add("settings", tr("Settings"), &ZelBoxMainWindowMenu::onSettingsAction)
-        ->setShortcut(QKeySequence(QStringLiteral("Ctrl+,")));
-    m_accountActions << addAction(tr("Sign out"), this, &ZelBoxMainWindowMenu::onLogoutAction);
-    addSeparator();
-    addAction(tr("Exit"), this, &ZelBoxMainWindowMenu::onExitAction)
-        ->setShortcut(QKeySequence(QStringLiteral("Ctrl+Q")));
-    setLoggedIn(false);
+QString serverAddress()
+{
+    KSettings settings;
+    settings.beginGroup(zel::keys::Zelbox);
+    return settings.value(zel::keys::UserAgentTargetUrl).toString();
 }
 
-void ZelBoxMainWindowMenu::setLoggedIn(bool loggedIn)
+} // namespace
+
+ZelBoxMainWindowMenu::ZelBoxMainWindowMenu(MainWindowHost *host, CloudSpace *space, QWidget *parent)
+    : QMenu(parent), m_host(host), m_space(space), m_spaceText(new ZelBoxCloudSpaceActionWidget(this))
 {
-    for (QAction *action : qAsConst(m_accountActions))
-        action->setEnabled(loggedIn);
+    setAccessibleName(tr("Main menu"));
+    auto *account = new QWidgetAction(this);
+    account->setDefaultWidget(m_spaceText);
+    account->setText(tr("Cloud space")); // never seen, but read out
+    addAction(account);
+    addSeparator();
+    add("nav_cloud", tr("Cloud documents"), &ZelBoxMainWindowMenu::onCloudDiskAction);
+    add("transfer", tr("Transfers"), &ZelBoxMainWindowMenu::onTransferDetailAction);
+    addServerEntries();
+    addSeparator();
+    zel::Shortcuts::instance()->follow(QStringLiteral("window.settings"),
+        add("settings", tr("Settings"), &ZelBoxMainWindowMenu::onSettingsAction));
+    m_sign = add("sign", QString(), &ZelBoxMainWindowMenu::onLogoutAction);
+    addSeparator();
+    zel::Shortcuts::instance()->follow(
+        QStringLiteral("window.exit"), add("exit", tr("Exit"), &ZelBoxMainWindowMenu::onExitAction));
+    connect(m_space, &CloudSpace::changed, this, &ZelBoxMainWindowMenu::onUserVipInfoUpdate);
     onUserVipInfoUpdate();
+}
+
+QAction *ZelBoxMainWindowMenu::add(
+    const char *icon, const QString &text, void (ZelBoxMainWindowMenu::*slot)())
+{
+    QAction *action = addAction(text, this, slot);
+    action->setIcon(zel::tintedIcon(QStringLiteral(":/icons_svg/%1.svg").arg(QLatin1String(icon))));
+    return action;
+}
+
+void ZelBoxMainWindowMenu::addServerEntries()
+{
+    if (serverAddress().isEmpty())
+        return;
+    add("globe", tr("Cloud website"), &ZelBoxMainWindowMenu::onCloudWebsiteAction);
+    add("upgrade", tr("Upgrade membership"), &ZelBoxMainWindowMenu::onUpgradeVipAction);
 }
 
 void ZelBoxMainWindowMenu::onCloudDiskAction()
@@ -49,31 +68,34 @@ void ZelBoxMainWindowMenu::onCloudDiskAction()
     Q_EMIT pageRequested(zel::source::CloudDoc);
 }
 
-// The next four need an account; without one they are disabled, so a call can only come from a keyboard
-// shortcut of a later version or a script.
 void ZelBoxMainWindowMenu::onCloudWebsiteAction()
 {
-    qCInfo(lcMainWindow, "no cloud server is configured");
+    m_host->cloudService()->openAutoLoginUrl(serverAddress());
 }
 
 void ZelBoxMainWindowMenu::onTransferDetailAction()
 {
-    Q_EMIT pageRequested(zel::source::CloudDoc);
+    Q_EMIT transfersRequested();
 }
 
 void ZelBoxMainWindowMenu::onUpgradeVipAction()
 {
-    qCInfo(lcMainWindow, "no cloud server is configured");
+    m_host->cloudService()->showUpgradeVip(
+        zel::upgrade::query(QStringLiteral("mainmenu"), QString(), zel::upgrade::Offer::Super));
 }
 
 void ZelBoxMainWindowMenu::onLogoutAction()
 {
-    qCInfo(lcMainWindow, "nobody is signed in");
+    ZelBoxCloudSvr *cloud = m_host->cloudService();
+    if (m_space->isLoggedIn())
+        cloud->logout(QStringLiteral("menu"));
+    else
+        m_host->openSettings(QStringLiteral("cloud"));
 }
 
 void ZelBoxMainWindowMenu::onSettingsAction()
 {
-    m_host->openSettings();
+    m_host->openSettings(QString());
 }
 
 void ZelBoxMainWindowMenu::onExitAction()
@@ -83,5 +105,7 @@ void ZelBoxMainWindowMenu::onExitAction()
 
 void ZelBoxMainWindowMenu::onUserVipInfoUpdate()
 {
-    m_space->setText(tr("On this computer only"));
+    const bool signedIn = m_space->isLoggedIn();
+    m_spaceText->setText(signedIn ? m_space->accountName() : tr("Not signed in"));
+    m_sign->setText(signedIn ? tr("Sign out") : tr("Sign in…"));
 }

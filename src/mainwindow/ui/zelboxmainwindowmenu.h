@@ -2,33 +2,39 @@
 
 #include <QMenu>
 
+class CloudSpace;
 class MainWindowHost;
 class ZelBoxCloudSpaceActionWidget;
 
-/// The main window's menu. GUI thread. Entries whose feature needs a cloud account are disabled without one.
+/// The main window's menu. GUI thread. What needs a cloud server is there only when one is configured; what
+/// needs an account is disabled without one.
 class ZelBoxMainWindowMenu : public QMenu
 {
     Q_OBJECT
 public:
-    ZelBoxMainWindowMenu(MainWindowHost *host, QWidget *parent);
-
-    void setLoggedIn(bool loggedIn);
+    /// `space` must outlive the menu.
+    ZelBoxMainWindowMenu(MainWindowHost *host, CloudSpace *space, QWidget *parent);
 
 public Q_SLOTS:
-    void onCloudDiskAction();    ///< shows the cloud documents page
-    void onCloudWebsiteAction(); ///< opens the web page of the cloud server
-    void onTransferDetailAction();
+    void onCloudDiskAction();      ///< shows the cloud documents page
+    void onCloudWebsiteAction();   ///< opens the web page of the cloud server
+    void onTransferDetailAction(); ///< shows the transfers
     void onUpgradeVipAction();
     void onSettingsAction();
-    void onLogoutAction();
-    void onExitAction(); ///< asks by the exit dialog
+    void onLogoutAction(); ///< signs out, or in again with this computer's account
+    void onExitAction();   ///< asks by the exit dialog
     void onUserVipInfoUpdate();
 
 Q_SIGNALS:
     void pageRequested(const QString &sourceKey);
+    void transfersRequested();
 
 private:
+    QAction *add(const char *icon, const QString &text, void (ZelBoxMainWindowMenu::*slot)());
+    void addServerEntries();
+
     MainWindowHost *m_host;
-    ZelBoxCloudSpaceActionWidget *m_space;
-    QVector<QAction *> m_accountActions; ///< need an account
+    CloudSpace *m_space;
+    ZelBoxCloudSpaceActionWidget *m_spaceText;
+    QAction *m_sign = nullptr;
 };

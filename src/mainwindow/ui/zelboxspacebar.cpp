@@ -1,6 +1,7 @@
 #include "mainwindow/ui/zelboxspacebar.h"
 
 #include "klitestyle.h"
+#include "mainwindow/cloudspace.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -11,6 +12,8 @@
 #include <QVBoxLayout>
 
 namespace {
+
+constexpr int BarSteps = 1000;
 
 QLabel *quietLabel(QWidget *parent)
 {
@@ -30,32 +33,44 @@ QPushButton *linkButton(const QString &text, QWidget *parent)
 } // namespace
 
 ZelBoxLoginSpaceWidget::ZelBoxLoginSpaceWidget(QWidget *parent)
-    : QWidget(parent), m_text(quietLabel(this)), m_bar(new QProgressBar(this))
+    : QWidget(parent),
+      m_name(new QLabel(this)),
+      m_text(quietLabel(this)),
+      m_bar(new QProgressBar(this)),
+      m_more(linkButton(tr("More space"), this))
 {
+    m_name->setTextFormat(Qt::PlainText);
     m_bar->setTextVisible(false);
     m_bar->setAccessibleName(tr("Used cloud space"));
+    m_bar->setRange(0, BarSteps);
     m_bar->setFixedHeight(KLiteStyle::dpiScaled(4));
-    auto *more = linkButton(tr("More space"), this);
-    connect(more, &QPushButton::clicked, this, &ZelBoxLoginSpaceWidget::onDilatationLinkClicked);
+    connect(m_more, &QPushButton::clicked, this, &ZelBoxLoginSpaceWidget::onDilatationLinkClicked);
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_text);
+    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({6, 0, 6, 0}));
+    layout->setSpacing(KLiteStyle::dpiScaled(6));
+    layout->addWidget(m_name);
     layout->addWidget(m_bar);
-    layout->addWidget(more);
+    layout->addWidget(m_text);
+    layout->addWidget(m_more);
 }
 
-void ZelBoxLoginSpaceWidget::setSpace(qint64 usedBytes, qint64 totalBytes)
+void ZelBoxLoginSpaceWidget::setAccount(const CloudSpace &space)
 {
-    const QLocale locale;
-    const QString used = locale.formattedDataSize(usedBytes, 1);
-    m_bar->setVisible(totalBytes > 0);
-    if (totalBytes <= 0) {
-        m_text->setText(tr("%1 used").arg(used));
-        return;
-    }
-    m_bar->setRange(0, 1000);
-    m_bar->setValue(int(qBound<qint64>(0, usedBytes * 1000 / totalBytes, 1000)));
-    m_text->setText(tr("%1 of %2 used").arg(used, locale.formattedDataSize(totalBytes, 1)));
+    const auto sizeText = [](qint64 bytes) {
+        return QLocale().formattedDataSize(qMax<qint64>(0, bytes), 0, QLocale::DataSizeSIFormat);
+    };
+    const QString used = sizeText(space.usedBytes());
+    const qint64 total = space.totalBytes();
+    const QString free = sizeText(total - space.usedBytes());
+    const QString title = space.isLocalAccount() ? tr("On this computer") : space.accountName();
+    m_name->setText(m_name->fontMetrics().elidedText(title, Qt::ElideRight, KLiteStyle::dpiScaled(150)));
+    m_name->setToolTip(space.accountName());
+    m_bar->setVisible(space.isKnown() && total > 0);
+    m_text->setVisible(space.isKnown());
+    m_more->setVisible(!space.isLocalAccount());
+    if (total > 0)
+        m_bar->setValue(int(qBound<qint64>(0, space.usedBytes() * BarSteps / total, BarSteps)));
+    m_text->setText(total > 0 ? tr("%1 used, %2 free").arg(used, free) : tr("%1 used").arg(used));
 }
 
 void ZelBoxLoginSpaceWidget::onDilatationLinkClicked()

@@ -2,19 +2,21 @@
 
 #include <QWidget>
 
+class CloudSpace;
 class QLabel;
 class QProgressBar;
 class QPushButton;
 class QStackedLayout;
 
-/// How much cloud space is used, and the link that asks for more.
+/// Whose cloud space it is, how much of it is used, and the link that asks for more, which the space of this
+/// computer has not got.
 class ZelBoxLoginSpaceWidget : public QWidget
 {
     Q_OBJECT
 public:
     explicit ZelBoxLoginSpaceWidget(QWidget *parent = nullptr);
 
-    void setSpace(qint64 usedBytes, qint64 totalBytes); ///< a total of 0 means "no limit"
+    void setAccount(const CloudSpace &space);
 
 public Q_SLOTS:
     void onDilatationLinkClicked();
@@ -23,8 +25,10 @@ Q_SIGNALS:
     void dilatationRequested();
 
 private:
+    QLabel *m_name;
     QLabel *m_text;
     QProgressBar *m_bar;
+    QPushButton *m_more;
 };
 
 /// Shown while nobody is signed in: documents are on this computer only; a link to sign in.

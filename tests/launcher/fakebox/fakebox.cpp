@@ -2,6 +2,7 @@
 // "<process id> <what> <text>".
 #include "base/hostinterface.h"
 
+#include <algorithm>
 #include <condition_variable>
 #include <csignal>
 #include <cstdlib>
@@ -31,7 +32,9 @@ void record(const std::string &what, const std::string &text = {})
 {
     const int fd =
         ::open(environment("FAKEBOX_LOG").c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
-    const std::string line = std::to_string(::getpid()) + ' ' + what + ' ' + text + '\n';
+    std::string line = std::to_string(::getpid()) + ' ' + what + ' ' + text;
+    std::replace(line.begin(), line.end(), '\n', '|');
+    line += '\n';
     if (fd < 0 || ::write(fd, line.data(), line.size()) != static_cast<ssize_t>(line.size()))
         std::abort();
     ::close(fd);

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+class KCloudSvrProxy;
+namespace zel::vela {
+class DelRoamingRecordResult;
+}
+
+/// Clears the history of documents wherever the box keeps it: in the store and, while somebody is signed in,
+/// on the list that the service keeps for all of the user's devices. GUI thread.
+class HistoryCleaner final : public QObject
+{
+    Q_OBJECT
+public:
+    enum class Outcome {
+        Cleared,
+        DesktopListKept, ///< that list could not be written; what is on it is hidden in the box
+        ServiceKept,     ///< nobody is signed in, or the service did not answer or refused
+    };
+    Q_ENUM(Outcome)
+
+    /// `cloud` is not owned, may be null and may be destroyed first.
+    explicit HistoryCleaner(KCloudSvrProxy *cloud, QObject *parent = nullptr);
+
+    /// finished() follows exactly once; while it is under way further calls do nothing.
+    void clear();
+
+Q_SIGNALS:
+    void finished(HistoryCleaner::Outcome outcome);
+
+private Q_SLOTS:
+    void onRoamingCleared(
+        bool bOk, const QString &requestId, const zel::vela::DelRoamingRecordResult &result);
+
+private:
+    void onStoreCleared(bool completely);
+
+    QPointer<KCloudSvrProxy> m_cloud;
+    bool m_busy = false;
+    bool m_serviceKept = false;
+};

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <QWidget>
+
+class NoticeBar;
+class QLabel;
+class QScrollArea;
+class QVBoxLayout;
+class SettingsCard;
+
+/// One page of the settings: a heading, a place for notices, and cards that scroll when there is no room for
+/// them. GUI thread.
+class SettingsPage : public QWidget
+{
+    Q_OBJECT
+public:
+    explicit SettingsPage(const QString &title, QWidget *parent = nullptr);
+
+    /// The control that a command may name; null: the page has none of this name.
+    virtual QWidget *control(const QString &name) const;
+    /// Reads anew what others may have changed: the page was chosen, or the dialog became active.
+    virtual void refresh() { }
+
+protected:
+    /// A group with a heading, and a sentence under it if wanted.
+    SettingsCard *addCard(const QString &heading, const QString &text = {});
+    QLabel *addText(const QString &text); ///< a paragraph between the cards
+    void addWidget(QWidget *widget);      ///< anything else, as wide as it likes
+    void addFiller(QWidget *widget);      ///< takes what room is left
+    NoticeBar *notice() const { return m_notice; }
+
+private:
+    void followScrollBar(QScrollArea *scroller);
+
+    NoticeBar *m_notice;
+    QWidget *m_content;
+    QVBoxLayout *m_body;
+    QVBoxLayout *m_cards; ///< in the body, above what room is left
+};

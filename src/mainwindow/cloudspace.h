@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+#include <QTimer>
+
+class KCloudSvrProxy;
+namespace zel::vela {
+class GetStorageInfoResult;
+}
+
+/// How much of the user's cloud space is taken, kept current while somebody is signed in. GUI thread. Asks
+/// the service after each connect, each sign-in and each change of the drive that the service tells; many
+/// changes in a row are asked about once.
+class CloudSpace : public QObject
+{
+    Q_OBJECT
+public:
+    /// Without a `cloud` nobody is ever signed in.
+    explicit CloudSpace(KCloudSvrProxy *cloud, QObject *parent = nullptr);
+
+    bool isLoggedIn() const { return m_loggedIn; }
+    QString accountName() const { return m_account; } ///< empty while nobody is signed in
+    bool isLocalAccount() const { return m_local; }   ///< the space is this computer's
+    bool isKnown() const { return m_used >= 0; }
+    qint64 usedBytes() const { return m_used; }   ///< -1: not known
+    qint64 totalBytes() const { return m_total; } ///< 0: no limit
+
+Q_SIGNALS:
+    void changed();
+
+public Q_SLOTS:
+    void refresh(); ///< asks now, unless nobody is signed in
+
+private Q_SLOTS:
+    void onStorageInfo(bool bOk, const QString &requestId, const zel::vela::GetStorageInfoResult &result);
+
+private:
+    void onLogin();
+    void onPush(const QString &method);
+    void refreshSoon();
+
+    KCloudSvrProxy *m_cloud;
+    QTimer m_pause{this}; ///< between a change of the drive and the question
+    QString m_request;    ///< the one whose answer counts
+    QString m_account;
+    bool m_loggedIn = false;
+    bool m_local = false;
+    qint64 m_used = -1;
+    qint64 m_total = 0;
+};
