@@ -194,8 +194,16 @@ bool isCompanion(const CommandLine &command, const QString &name)
 
 } // namespace
 
+bool startsInBackground(const CommandLine &command)
+{
+    const QString source = command.value(From);
+    return source == QLatin1String("autostart") || source == QLatin1String("dbus");
+}
+
 bool leavesWindowAlone(const CommandLine &command)
 {
+    if (startsInBackground(command) && command.options.size() == 1)
+        return true;
     static const QSet<QString> addressing{
         QStringLiteral("id"), QStringLiteral("fid"), RadarId, QStringLiteral("groupid"), Category};
     if (command.options.size() == 1 && command.has(Options))

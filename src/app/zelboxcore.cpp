@@ -54,12 +54,6 @@ QStringList resourceDirs()
     return dirs;
 }
 
-// A start by the session or the bus: the box is there, but nobody has asked for a window yet.
-bool isStartInBackground(const QString &source)
-{
-    return source == QLatin1String("autostart") || source == QLatin1String("dbus");
-}
-
 } // namespace
 
 ZelBoxCore *ZelBoxCore::instance(ZelBoxCloudSvr *cloudService)
@@ -197,8 +191,9 @@ bool ZelBoxCore::openFirstWindow()
         return false;
     ZelBoxMainWindow *window = ensureMainWindow();
     SelfTest::startIfAsked(this);
-    const QString source = parseCommandLine(m_pendingCommandLine).value(QStringLiteral("from"));
-    if (isStartInBackground(source)) {
+    const CommandLine command = parseCommandLine(m_pendingCommandLine);
+    const QString source = command.value(QStringLiteral("from"));
+    if (startsInBackground(command)) {
         window->startHidden();
         startPresence();
         cloudService()->onFirstMainWindowShown();
@@ -223,11 +218,19 @@ void ZelBoxCore::dispatch(const QString &commandLine, bool isFirst)
     followApplication();
     ensureTranslated();
     first = true;
-    dispatchCommand(parseCommandLine(commandLine), isFirst, *this);
+    const CommandLine command = parseCommandLine(commandLine);
+    if (!isFirst && startsInBackground(command))
+        startPresence(); // the bus does not know that the box is there
+    dispatchCommand(command, isFirst, *this);
 }
 
+// What brings the token of a start comes before its command.
 void ZelBoxCore::onIpcTransmission(const QString &key, const QString &value)
 {
-    if (key == QLatin1String("zelbox_active_window"))
-        dispatch(value, false);
+    if (key == StartupToken::IpcKey)
+        m_startupToken = StartupToken::fromIpc(value);
+    if (key != QLatin1String("zelbox_active_window"))
+        return;
+    const StartupNotice notice(std::exchange(m_startupToken, {}));
+    dispatch(value, false);
 }

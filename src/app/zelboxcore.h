@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/commandtarget.h"
+#include "app/startupnotice.h"
 #include "mainwindow/mainwindowhost.h"
 
 #include <QObject>
@@ -112,6 +113,7 @@ private:
 
     ZelBoxTray *m_tray = nullptr;
     DesktopActivation *m_activation = nullptr;
+    StartupToken m_startupToken; // of the command that comes next
     QString m_trayState;                  // told before there was a tray icon, too
     QVector<QPointer<QDialog>> m_dialogs; // open ones that no window owns
     bool m_translated = false;

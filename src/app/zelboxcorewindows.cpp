@@ -115,10 +115,11 @@ void ZelBoxCore::startPresence()
     m_tray->setState(m_trayState);
     m_tray->setUnread(m_mainWindow ? m_mainWindow->unreadCount() : 0);
     // As a guest, the bus name and the windows of the process are the host's affair.
-    if (!m_activation && isOwnProcess()) {
+    if (!isOwnProcess())
+        return;
+    if (!m_activation)
         m_activation = new DesktopActivation(*this, this);
-        m_activation->start();
-    }
+    m_activation->start(); // again, if another program had the name
 }
 
 void ZelBoxCore::showMiniWindow(const QString &startFrom)

@@ -87,6 +87,7 @@ void TestDispatch::command_data()
     row("some words", "main");
     // Commands that produce no window send the box to the background, but not at start-up.
     row("/from=tray", "source=other origin-tray background");
+    row("/from=dbus", "source=other"); // the bus wants a box to be there, and there is one
     row("/from=tray", "source=other origin-tray", true);
     row("/FROM=traymenu", "source=traymenu background");
     row("/from=traystatus", "source=traystatus background");
