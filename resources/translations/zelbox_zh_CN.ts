@@ -367,7 +367,7 @@
     <name>CloudSettingsPage</name>
     <message>
         <source>Cloud</source>
-        <translation>云</translation>
+        <translation>云服务</translation>
     </message>
     <message>
         <source>Open folder</source>
@@ -518,10 +518,6 @@
 <context>
     <name>CloudSortMenu</name>
     <message>
-        <source>Order of the list</source>
-        <translation>列表排序</translation>
-    </message>
-    <message>
         <source>Name</source>
         <translation>名称</translation>
     </message>
@@ -536,30 +532,6 @@
     <message>
         <source>Type</source>
         <translation>类型</translation>
-    </message>
-    <message>
-        <source>Newest first</source>
-        <translation>从新到旧</translation>
-    </message>
-    <message>
-        <source>Oldest first</source>
-        <translation>从旧到新</translation>
-    </message>
-    <message>
-        <source>Largest first</source>
-        <translation>从大到小</translation>
-    </message>
-    <message>
-        <source>Smallest first</source>
-        <translation>从小到大</translation>
-    </message>
-    <message>
-        <source>A to Z</source>
-        <translation>升序</translation>
-    </message>
-    <message>
-        <source>Z to A</source>
-        <translation>降序</translation>
     </message>
 </context>
 <context>
@@ -640,6 +612,14 @@
     <message>
         <source>Replace moves files that are there to the recycle bin; folders are merged.</source>
         <translation>“替换”会将现有文件移到回收站；文件夹将会合并。</translation>
+    </message>
+    <message>
+        <source>Replace overwrites the files that are there; folders are merged.</source>
+        <translation>“替换”会覆盖现有文件；文件夹将会合并。</translation>
+    </message>
+    <message>
+        <source>Replace moves what is there to the recycle bin.</source>
+        <translation>“替换”会将那里的现有项目移到回收站。</translation>
     </message>
 </context>
 <context>
@@ -974,6 +954,37 @@
     <message>
         <source>Waiting for keys. Escape gives up, Backspace means none.</source>
         <translation>正在等待按键。按 Esc 放弃，按退格键表示不设置。</translation>
+    </message>
+</context>
+<context>
+    <name>ListSortMenu</name>
+    <message>
+        <source>Order of the list</source>
+        <translation>列表排序</translation>
+    </message>
+    <message>
+        <source>Newest first</source>
+        <translation>从新到旧</translation>
+    </message>
+    <message>
+        <source>Oldest first</source>
+        <translation>从旧到新</translation>
+    </message>
+    <message>
+        <source>Largest first</source>
+        <translation>从大到小</translation>
+    </message>
+    <message>
+        <source>Smallest first</source>
+        <translation>从小到大</translation>
+    </message>
+    <message>
+        <source>A to Z</source>
+        <translation>升序</translation>
+    </message>
+    <message>
+        <source>Z to A</source>
+        <translation>降序</translation>
     </message>
 </context>
 <context>
@@ -1340,10 +1351,6 @@
 <context>
     <name>RecentSortMenu</name>
     <message>
-        <source>Order of the list</source>
-        <translation>列表排序</translation>
-    </message>
-    <message>
         <source>Last opened</source>
         <translation>最近打开</translation>
     </message>
@@ -1358,30 +1365,6 @@
     <message>
         <source>Type</source>
         <translation>类型</translation>
-    </message>
-    <message>
-        <source>Newest first</source>
-        <translation>从新到旧</translation>
-    </message>
-    <message>
-        <source>Oldest first</source>
-        <translation>从旧到新</translation>
-    </message>
-    <message>
-        <source>Largest first</source>
-        <translation>从大到小</translation>
-    </message>
-    <message>
-        <source>Smallest first</source>
-        <translation>从小到大</translation>
-    </message>
-    <message>
-        <source>A to Z</source>
-        <translation>升序</translation>
-    </message>
-    <message>
-        <source>Z to A</source>
-        <translation>降序</translation>
     </message>
 </context>
 <context>
@@ -1480,6 +1463,153 @@
     <message>
         <source>Close</source>
         <translation>关闭</translation>
+    </message>
+</context>
+<context>
+    <name>Shortcuts</name>
+    <message>
+        <source>Go to %1</source>
+        <translation>转到“%1”</translation>
+    </message>
+    <message>
+        <source>Search</source>
+        <translation>搜索</translation>
+    </message>
+    <message>
+        <source>Settings</source>
+        <translation>设置</translation>
+    </message>
+    <message>
+        <source>Main menu</source>
+        <translation>主菜单</translation>
+    </message>
+    <message>
+        <source>Close window</source>
+        <translation>关闭窗口</translation>
+    </message>
+    <message>
+        <source>Exit</source>
+        <translation>退出</translation>
+    </message>
+    <message>
+        <source>Next page</source>
+        <translation>下一页面</translation>
+    </message>
+    <message>
+        <source>Previous page</source>
+        <translation>上一页面</translation>
+    </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
+    <message>
+        <source>Open folder</source>
+        <translation>打开文件夹</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Remove from the list</source>
+        <translation>从列表中移除</translation>
+    </message>
+    <message>
+        <source>Delete file</source>
+        <translation>删除文件</translation>
+    </message>
+    <message>
+        <source>Select or clear the row</source>
+        <translation>选中或取消选中该行</translation>
+    </message>
+    <message>
+        <source>Select all</source>
+        <translation>全选</translation>
+    </message>
+    <message>
+        <source>Menu of the row</source>
+        <translation>该行的菜单</translation>
+    </message>
+    <message>
+        <source>Undo the last removal</source>
+        <translation>撤销上次移除</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Back</source>
+        <translation>后退</translation>
+    </message>
+    <message>
+        <source>Forward</source>
+        <translation>前进</translation>
+    </message>
+    <message>
+        <source>To the folder above</source>
+        <translation>转到上级文件夹</translation>
+    </message>
+    <message>
+        <source>Upload files</source>
+        <translation>上传文件</translation>
+    </message>
+    <message>
+        <source>Upload a folder</source>
+        <translation>上传文件夹</translation>
+    </message>
+    <message>
+        <source>New folder</source>
+        <translation>新建文件夹</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Show in file manager</source>
+        <translation>在文件管理器中显示</translation>
+    </message>
+    <message>
+        <source>Cut</source>
+        <translation>剪切</translation>
+    </message>
+    <message>
+        <source>Paste</source>
+        <translation>粘贴</translation>
+    </message>
+    <message>
+        <source>Move to another folder</source>
+        <translation>移动到其他文件夹</translation>
+    </message>
+    <message>
+        <source>Rename</source>
+        <translation>重命名</translation>
+    </message>
+    <message>
+        <source>Move to recycle bin</source>
+        <translation>移到回收站</translation>
+    </message>
+    <message>
+        <source>Empty the search field, or hide</source>
+        <translation>清空搜索框或隐藏</translation>
+    </message>
+    <message>
+        <source>Dock to the left edge</source>
+        <translation>停靠到左边缘</translation>
+    </message>
+    <message>
+        <source>Dock to the right edge</source>
+        <translation>停靠到右边缘</translation>
+    </message>
+    <message>
+        <source>Dock to the top edge</source>
+        <translation>停靠到上边缘</translation>
+    </message>
+    <message>
+        <source>Leave the edge</source>
+        <translation>离开边缘</translation>
     </message>
 </context>
 <context>
@@ -1890,6 +2020,10 @@
     <message>
         <source>Actions for the folder</source>
         <translation>文件夹的操作</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>无法将文件夹移动到其自身中。</translation>
     </message>
 </context>
 <context>

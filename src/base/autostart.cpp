@@ -14,7 +14,7 @@
 namespace zel {
 namespace {
 
-constexpr qint64 LargestEntry = 1 << 20; // bytes
+constexpr qint64 LargestEntry = 1 << 18; // bytes
 
 const QString HiddenKey = QStringLiteral("Hidden");
 const QString OnlyShowInKey = QStringLiteral("OnlyShowIn");
@@ -26,12 +26,14 @@ const QString TryExecKey = QStringLiteral("TryExec");
 const QStringList EnabledKeys{
     QStringLiteral("X-GNOME-Autostart-enabled"), QStringLiteral("X-MATE-Autostart-enabled")};
 
+// Empty: there is no file that can be read, or it is too large for an entry.
 std::optional<QByteArray> contentOf(const QString &path)
 {
     QFile file(path);
     if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
         return {};
-    return file.read(LargestEntry);
+    const QByteArray text = file.read(LargestEntry + 1);
+    return text.size() <= LargestEntry ? std::optional(text) : std::nullopt;
 }
 
 bool isProgram(const QString &name)
@@ -115,12 +117,15 @@ bool Autostart::setOn(bool on)
 {
     if (on == isOn())
         return true;
+    if (QFileInfo::exists(userFile()) && !contentOf(userFile()))
+        return false; // nobody knows what would be lost
     return (on ? switchOn() : switchOff()) && on == isOn();
 }
 
 bool Autostart::switchOn()
 {
-    return write(switchedOn(contentOf(userFile()).value_or(QByteArray())));
+    const QByteArray text = switchedOn(contentOf(userFile()).value_or(QByteArray()));
+    return wouldStart(text) && write(text);
 }
 
 // What the user or the desktop's settings wrote beside the switches, such as a delay, stays.

@@ -29,7 +29,8 @@ public:
 
     bool isOn() const;
     /// Changes only what has to be changed: other keys of an entry stay, and a system-wide one is overruled
-    /// by one of the user. False when the file cannot be written or removed.
+    /// by one of the user. False when the file cannot be read, written or removed, or the box's program is
+    /// not there.
     bool setOn(bool on);
 
 private:

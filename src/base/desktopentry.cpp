@@ -7,9 +7,15 @@
 namespace zel {
 namespace {
 
-constexpr QLatin1String Group = latin1("[Desktop Entry]");
+constexpr char Group[] = "[Desktop Entry]";
+constexpr char ByteOrderMark[] = "\xef\xbb\xbf";
 constexpr QLatin1String ReservedCharacters = latin1(" \t\n\"'\\><~|&;$*?#()`");
 constexpr QLatin1String EscapedInQuotes = latin1("\"`$\\");
+
+bool isGroup(const QByteArray &line)
+{
+    return line.startsWith('[') && line.trimmed() == Group;
+}
 
 QString unescaped(const QString &text)
 {
@@ -70,39 +76,49 @@ QString quoted(const QString &argument)
 
 } // namespace
 
-DesktopEntry::DesktopEntry(const QByteArray &text) : m_lines(QString::fromUtf8(text).split(QLatin1Char('\n')))
+DesktopEntry::DesktopEntry(const QByteArray &text) : m_lines(text.split('\n'))
 {
-    if (!m_lines.isEmpty() && m_lines.constLast().isEmpty())
+    if (m_lines.constFirst().startsWith(ByteOrderMark))
+        m_lines.first().remove(0, int(qstrlen(ByteOrderMark)));
+    if (m_lines.constLast().isEmpty())
         m_lines.removeLast();
-    for (int i = 0; i < m_lines.size() && m_begin < 0; ++i) {
-        if (m_lines.at(i).trimmed() == Group)
-            m_begin = i;
-    }
+    const auto group = std::find_if(m_lines.cbegin(), m_lines.cend(), isGroup);
+    if (group != m_lines.cend())
+        m_begin = int(group - m_lines.cbegin());
 }
 
 // The line behind the group's last one.
 int DesktopEntry::end() const
 {
     int line = m_begin + 1;
-    while (line < m_lines.size() && !m_lines.at(line).startsWith(QLatin1Char('[')))
+    while (line < m_lines.size() && !m_lines.at(line).startsWith('['))
         ++line;
     return line;
 }
 
-int DesktopEntry::lineOf(const QString &key) const
+// The group may stand there twice.
+QVector<int> DesktopEntry::linesOf(const QString &key) const
 {
-    for (int i = m_begin + 1; isValid() && i < end(); ++i) {
-        const QString &line = m_lines.at(i);
-        if (line.startsWith(key) && line.mid(key.size()).trimmed().startsWith(QLatin1Char('=')))
-            return i;
+    const QByteArray name = key.toUtf8();
+    QVector<int> found;
+    bool inGroup = false;
+    for (int i = qMax(0, m_begin); i < m_lines.size(); ++i) {
+        const QByteArray &line = m_lines.at(i);
+        if (line.startsWith('['))
+            inGroup = isGroup(line);
+        else if (inGroup && line.startsWith(name) && line.mid(name.size()).trimmed().startsWith('='))
+            found.append(i);
     }
-    return -1;
+    return found;
 }
 
 QString DesktopEntry::value(const QString &key) const
 {
-    const int line = lineOf(key);
-    return line < 0 ? QString() : unescaped(m_lines.at(line).section(QLatin1Char('='), 1).trimmed());
+    const QVector<int> lines = linesOf(key);
+    if (lines.isEmpty())
+        return {};
+    const QByteArray &line = m_lines.at(lines.constLast());
+    return unescaped(QString::fromUtf8(line.mid(line.indexOf('=') + 1).trimmed()));
 }
 
 QStringList DesktopEntry::values(const QString &key) const
@@ -124,10 +140,10 @@ void DesktopEntry::setValue(const QString &key, const QString &value)
         m_begin = m_lines.size();
         m_lines.append(Group);
     }
-    const QString text = key + QLatin1Char('=') + escaped(value);
-    const int line = lineOf(key);
-    if (line >= 0) {
-        m_lines[line] = text;
+    const QByteArray text = key.toUtf8() + '=' + escaped(value).toUtf8();
+    const QVector<int> lines = linesOf(key);
+    if (!lines.isEmpty()) {
+        m_lines[lines.constLast()] = text;
         return;
     }
     int place = end();
@@ -138,13 +154,13 @@ void DesktopEntry::setValue(const QString &key, const QString &value)
 
 void DesktopEntry::remove(const QString &key)
 {
-    for (int line = lineOf(key); line >= 0; line = lineOf(key))
-        m_lines.removeAt(line);
+    const QVector<int> lines = linesOf(key);
+    std::for_each(lines.crbegin(), lines.crend(), [this](int line) { m_lines.removeAt(line); });
 }
 
 QByteArray DesktopEntry::toText() const
 {
-    return m_lines.isEmpty() ? QByteArray() : m_lines.join(QLatin1Char('\n')).toUtf8() + '\n';
+    return m_lines.isEmpty() ? QByteArray() : m_lines.join('\n') + '\n';
 }
 
 QString DesktopEntry::execLine(const QString &program, const QStringList &arguments)

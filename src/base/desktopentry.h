@@ -1,14 +1,16 @@
 #pragma once
 
-#include <QByteArray>
+#include <QByteArrayList>
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 namespace zel {
 
 /// The text of a desktop entry file (freedesktop Desktop Entry Specification 1.5), read and changed line by
 /// line: what is not touched stays as it is, comments and other programs' keys too. Only the group "[Desktop
-/// Entry]" is looked at. A value; any thread.
+/// Entry]" is looked at; of a key that stands there more than once the last one counts, as for the desktops.
+/// A value; any thread.
 class DesktopEntry
 {
 public:
@@ -16,7 +18,7 @@ public:
     explicit DesktopEntry(const QByteArray &text);
 
     bool isValid() const { return m_begin >= 0; } ///< it has the group
-    bool contains(const QString &key) const { return lineOf(key) >= 0; }
+    bool contains(const QString &key) const { return !linesOf(key).isEmpty(); }
     QString value(const QString &key) const; ///< of type string, without its escapes; empty without the key
     QStringList values(const QString &key) const;        ///< of a list
     bool flag(const QString &key, bool otherwise) const; ///< "true" or "false"; anything else: `otherwise`
@@ -32,11 +34,11 @@ public:
     static QString programOf(const QString &execLine);
 
 private:
-    int lineOf(const QString &key) const;
+    QVector<int> linesOf(const QString &key) const;
     int end() const;
 
-    QStringList m_lines;
-    int m_begin = -1; ///< line of the group
+    QByteArrayList m_lines; ///< as they are: old files mix encodings
+    int m_begin = -1;       ///< line of the group
 };
 
 } // namespace zel

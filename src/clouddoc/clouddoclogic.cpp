@@ -231,8 +231,7 @@ void CloudDocLogic::onRead(bool fits)
     m_complete = true;
     m_readingTook = m_reading.elapsed();
     m_touched.clear();
-    for (int row = 0; row < m_transfers->rowCount(); ++row)
-        showTransferOf(m_transfers->transfer(row));
+    showTransfers();
     Q_EMIT stateChanged();
     if (again)
         readAgainSoon();
@@ -251,6 +250,8 @@ void CloudDocLogic::onReadFailed(CloudProblem problem)
         setState(State::Failed, problem);
     else
         setState(State::Ready); // as it was known last
+    if (problem != CloudProblem::NotFound && m_link->isReached() && m_documents->totalCount() > 0)
+        Q_EMIT readingFailed(problem);
 }
 
 void CloudDocLogic::setCrumbs(const CloudCrumbs &crumbs)
@@ -274,7 +275,7 @@ void CloudDocLogic::checkCrumbs()
         const bool again = std::exchange(m_crumbsStale, false) || id != m_folder.id;
         if (id == m_folder.id && answer)
             setCrumbs(answer.value);
-        else if (id == m_folder.id && answer.problem == CloudProblem::NotFound)
+        if (id == m_folder.id && answer.problem == CloudProblem::NotFound)
             leaveGoneFolder();
         else if (again)
             checkCrumbs();

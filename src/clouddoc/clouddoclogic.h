@@ -117,6 +117,7 @@ Q_SIGNALS:
     void historyChanged(); ///< canGoUp(), canGoBack() or canGoForward()
     /// The folder on view was removed or is not there; the nearest one above it that is there is opened.
     void folderGone(const QString &name);
+    void readingFailed(CloudProblem problem); ///< while rows stay on view: they may be out of date
 
     void folderCreated(const QString &id);             ///< it is in the model already
     void trashed(int count, const QString &firstName); ///< undoTrash() brings them back
@@ -144,6 +145,7 @@ private:
     void go(const Place &place);
     Place place() const { return {m_folder.id, m_crumbs}; }
     bool isHere(const QString &id) const;
+    bool isRootUnknown() const { return m_folder.id.isEmpty(); } ///< its id comes with its first page
     CloudCrumbs crumbsOf(const QString &id) const;
     int crumbOf(const QString &id) const;
     void setCrumbs(const CloudCrumbs &crumbs);
@@ -166,13 +168,14 @@ private:
     void watchTransfers();
     void takeTransfers(CloudTransfers transfers);
     void showTransferOf(const CloudTransfer &transfer);
+    void showTransfers();
     void readRoom();
 
     // What the user does (clouddoclogicactions.cpp).
     void inParts(Operation operation, const QStringList &ids, const QString &target, const Step &step);
     void nextPart(Operation operation, const QStringList &ids, const QString &target, const Step &step,
         const CloudOutcome &before);
-    void take(Operation operation, const CloudOutcome &outcome);
+    void take(const CloudOutcome &outcome);
     void end(Operation operation, const CloudOutcome &outcome, const QString &target);
     void changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep step);
 
@@ -200,7 +203,6 @@ private:
     bool m_readingRoom = false;
     bool m_roomStale = false;
     QStringList m_trashed; ///< ids in the recycle bin
-    QString m_trashedName; ///< of the first
     qint64 m_spaceUsed = -1;
     qint64 m_spaceTotal = -1;
 };

@@ -59,7 +59,7 @@ void CloudDocLogic::rename(const QString &id, const QString &name)
     });
 }
 
-// The end never comes within the call, not even that of nothing.
+// The end never comes within the call, not even that of nothing. `target`: for the end to tell.
 void CloudDocLogic::inParts(
     Operation operation, const QStringList &ids, const QString &target, const Step &step)
 {
@@ -82,7 +82,7 @@ void CloudDocLogic::nextPart(Operation operation, const QStringList &ids, const 
         CloudOutcome outcome = before;
         append(outcome, answer.value);
         if (answer) {
-            take(operation, answer.value);
+            take(answer.value);
             nextPart(operation, ids.mid(LargestPart), target, step, outcome);
             return;
         }
@@ -95,20 +95,20 @@ void CloudDocLogic::nextPart(Operation operation, const QStringList &ids, const 
     });
 }
 
-void CloudDocLogic::take(Operation operation, const CloudOutcome &outcome)
+void CloudDocLogic::take(const CloudOutcome &outcome)
 {
     takePresent(outcome.documents);
     takeGone(outcome.removed);
     if (!outcome.transfers.isEmpty())
         takeTransfers(outcome.transfers);
-    if (operation == Operation::Trash)
-        m_trashed += outcome.recycled;
 }
 
 void CloudDocLogic::end(Operation operation, const CloudOutcome &outcome, const QString &target)
 {
+    if (operation == Operation::Trash)
+        m_trashed = outcome.recycled; // of this one alone, however many were asked for meanwhile
     if (operation == Operation::Trash && !outcome.removed.isEmpty())
-        Q_EMIT trashed(outcome.removed.size(), m_trashedName);
+        Q_EMIT trashed(outcome.removed.size(), target);
     if (operation == Operation::UndoTrash && !outcome.documents.isEmpty()) {
         QStringList ids;
         for (const CloudDocument &document : outcome.documents)
@@ -140,9 +140,7 @@ void CloudDocLogic::copy(const QStringList &ids, const QString &folderId, CloudN
 void CloudDocLogic::trash(const QStringList &ids)
 {
     const CloudDocument *first = ids.isEmpty() ? nullptr : m_documents->find(ids.first());
-    m_trashedName = first ? first->name : QString();
-    m_trashed.clear();
-    inParts(Operation::Trash, ids, {},
+    inParts(Operation::Trash, ids, first ? first->name : QString(),
         [this](const QStringList &part, const Then &then) { m_link->remove(part, then); });
 }
 

@@ -52,7 +52,7 @@ void CloudDocLogic::onNews(const CloudNews &news)
     if (!news.transfers.isEmpty())
         takeTransfers(news.transfers);
     for (const QString &id : news.unlisted) {
-        if (id == m_folder.id)
+        if (id == m_folder.id || isRootUnknown())
             readAgainSoon();
         else if (crumbOf(id) >= 0)
             checkCrumbs();
@@ -72,6 +72,10 @@ void CloudDocLogic::readAgainSoon()
 
 void CloudDocLogic::takePresent(const CloudDocuments &documents)
 {
+    if (isRootUnknown() && !documents.isEmpty()) { // they may lie in it
+        m_stale = true;
+        return;
+    }
     CloudDocuments here;
     QStringList elsewhere;
     for (const CloudDocument &document : documents) {
@@ -110,9 +114,15 @@ void CloudDocLogic::watchTransfers()
         if (!answer)
             return;
         m_transfers->replaceAll(answer.value);
-        for (const CloudTransfer &transfer : answer.value)
-            showTransferOf(transfer);
+        showTransfers();
     });
+}
+
+// The newest comes last: what ended before does not hide it.
+void CloudDocLogic::showTransfers()
+{
+    for (int row = m_transfers->rowCount() - 1; row >= 0; --row)
+        showTransferOf(m_transfers->transfer(row));
 }
 
 // A push does not tell when the transfer was asked for.

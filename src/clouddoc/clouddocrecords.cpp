@@ -152,6 +152,7 @@ RecoverRecyclesArg recoverRequest(const QStringList &recycleIds)
     RecoverRecyclesArg request;
     request.recycleIds = stringsOf(recycleIds);
     request.remakeParents = true;
+    request.conflictPolicy = int32_t(CloudNameChoice::KeepBoth); // nobody asks while undoing
     return request;
 }
 

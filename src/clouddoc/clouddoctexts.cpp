@@ -1,5 +1,6 @@
 #include "clouddoc/clouddoctexts.h"
 
+#include "base/sizetext.h"
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QLocale>
@@ -34,7 +35,7 @@ QString zel::clouddoc::spokenText(const CloudDocument &document)
 {
     QStringList parts{document.folder ? Texts::tr("folder") : Texts::tr("file")};
     if (!document.folder)
-        parts << QLocale().formattedDataSize(document.size, 1, QLocale::DataSizeTraditionalFormat);
+        parts << zel::sizeText(document.size);
     if (document.modifiedAt > 0) {
         const QDateTime time = QDateTime::fromMSecsSinceEpoch(document.modifiedAt);
         parts << Texts::tr("modified %1").arg(QLocale().toString(time, QLocale::ShortFormat));

@@ -119,7 +119,8 @@ void CloudTransferModel::put(const CloudTransfers &transfers)
         beginInsertRows({}, 0, fresh.size() - 1);
         std::reverse(fresh.begin(), fresh.end()); // as the service lists them
         m_transfers = fresh + m_transfers;
-        indexRows();
+        for (int row = 0; row < fresh.size(); ++row)
+            m_fromEnd.insert(fresh.at(row).id, m_transfers.size() - 1 - row);
         endInsertRows();
     }
     tellActivity();

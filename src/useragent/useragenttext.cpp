@@ -24,7 +24,7 @@ QString userAgentText(const QString &version, const QString &deviceId, const QBy
 
 QString cookieDomain(const QString &configured)
 {
-    const QString domain = configured.trimmed();
+    const QString domain = configured.trimmed().toLower(); // as URLs have it
     return domain.startsWith(QLatin1Char('.')) ? domain : QLatin1Char('.') + domain;
 }
 

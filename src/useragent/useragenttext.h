@@ -15,7 +15,7 @@ QString deviceId(const QString &hardwareAddress);
 /// "ZELUA/1.0 (pc-office:<version>; <device id>:<host name in URL-safe base64>)".
 QString userAgentText(const QString &version, const QString &deviceId, const QByteArray &hostName);
 
-/// The domain with the leading dot that makes a cookie hold for every host below it.
+/// The domain in small letters, with the leading dot that makes a cookie hold for every host below it.
 QString cookieDomain(const QString &configured);
 
 } // namespace zel::useragent

@@ -61,6 +61,7 @@ QString BoxDialog::headingName(const QString &fileName)
 QLabel *BoxDialog::addText(const QString &text)
 {
     auto *label = new QLabel(text, this);
+    label->setTextFormat(Qt::PlainText); // may hold names and places
     label->setWordWrap(true);
     label->setMinimumWidth(KLiteStyle::dpiScaled(340));
     m_body->addWidget(label);

@@ -30,6 +30,7 @@ void LoadingIndicator::hideEvent(QHideEvent *event)
 {
     m_delay.stop();
     m_animation.stop();
+    m_shows = false;
     QWidget::hideEvent(event);
 }
 
@@ -37,7 +38,9 @@ void LoadingIndicator::timerEvent(QTimerEvent *event)
 {
     if (event->timerId() == m_delay.timerId()) {
         m_delay.stop();
-        m_animation.start(Tick, this);
+        m_shows = true;
+        if (KSkin::animationsEnabled())
+            m_animation.start(Tick, this);
     }
     ++m_step;
     update();
@@ -45,7 +48,7 @@ void LoadingIndicator::timerEvent(QTimerEvent *event)
 
 void LoadingIndicator::paintEvent(QPaintEvent *)
 {
-    if (!m_animation.isActive())
+    if (!m_shows)
         return;
     const qreal size = KLiteStyle::dpiScaledF(8);
     const qreal pitch = size * 2;

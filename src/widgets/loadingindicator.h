@@ -4,7 +4,7 @@
 #include <QWidget>
 
 /// "Loading" as three quiet dots. GUI thread. Shows nothing for the first moment, so that a quick load does
-/// not flash; has no timer while hidden.
+/// not flash; has no timer while hidden. Stands still when nothing is to move.
 class LoadingIndicator : public QWidget
 {
     Q_OBJECT
@@ -23,4 +23,5 @@ private:
     QBasicTimer m_delay;
     QBasicTimer m_animation;
     int m_step = 0;
+    bool m_shows = false; ///< the first moment is over
 };

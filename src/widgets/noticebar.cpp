@@ -42,6 +42,7 @@ NoticeBar::NoticeBar(QWidget *parent)
     layout->addWidget(m_text, 1);
     layout->addWidget(m_action, 0, Qt::AlignVCenter);
     layout->addWidget(close, 0, Qt::AlignVCenter);
+    m_action->setAutoDefault(false); // Enter elsewhere in a dialog must not press it
     m_timer.setSingleShot(true);
     connect(m_action, &QPushButton::clicked, this, &NoticeBar::triggerAction);
     connect(&m_timer, &QTimer::timeout, this, &NoticeBar::onTimeout);

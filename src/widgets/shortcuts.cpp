@@ -6,6 +6,7 @@
 
 #include <QAction>
 #include <QCoreApplication>
+#include <QHash>
 #include <algorithm>
 
 namespace zel {
@@ -42,6 +43,25 @@ bool isFunctionKey(int key)
     return key >= Qt::Key_F1 && key <= Qt::Key_F35;
 }
 
+// The two keys mean the same wherever they are fixed.
+QKeySequence withoutKeypad(const QKeySequence &keys)
+{
+    const int key = keys[0] & ~int(Qt::KeyboardModifierMask);
+    return key == Qt::Key_Enter ? QKeySequence((keys[0] & int(Qt::KeyboardModifierMask)) | Qt::Key_Return)
+                                : keys;
+}
+
+/// The shortcut that has these keys for ever; null: there is none.
+const ShortcutRow *fixedHolder(const ShortcutRow &row, const QKeySequence &keys)
+{
+    const QVector<ShortcutRow> &table = shortcutTable();
+    const auto found = std::find_if(table.begin(), table.end(), [&](const ShortcutRow &other) {
+        return !other.changeable && shareKeys(row.group, other.group)
+            && other.standard == withoutKeypad(keys);
+    });
+    return found == table.end() ? nullptr : &*found;
+}
+
 // A key alone or with Shift types or moves about; so do these with any modifier, at least on some desktop.
 bool isForTyping(const QKeySequence &keys)
 {
@@ -52,6 +72,15 @@ bool isForTyping(const QKeySequence &keys)
         return true;
     const bool plain = (modifiers & ~int(Qt::ShiftModifier)) == 0;
     return plain && !isFunctionKey(key);
+}
+
+// One chord, of a key that has a name to be stored by.
+bool isUsable(const QKeySequence &keys)
+{
+    return keys.count() == 1 && (keys[0] & ~int(Qt::KeyboardModifierMask)) != Qt::Key_unknown
+        && !isForTyping(keys)
+        && QKeySequence::fromString(keys.toString(QKeySequence::PortableText), QKeySequence::PortableText)
+        == keys;
 }
 
 } // namespace
@@ -91,27 +120,38 @@ QVector<ShortcutInfo> Shortcuts::list() const
     return infos;
 }
 
+// The same keys for two would work for neither. It may be so by hand, or since a newer version has given them
+// to another shortcut: then what the user chose is stronger, and of equals the first.
 QKeySequence Shortcuts::keys(const QString &id) const
 {
     const ShortcutRow *row = rowOf(id);
-    if (!row)
-        return {};
-    return row->changeable ? storedKeys(id, row->standard) : row->standard;
+    if (!row || !row->changeable)
+        return row ? row->standard : QKeySequence();
+    const Wish wish = wishOf(*row);
+    for (const ShortcutRow &other : shortcutTable()) {
+        if (&other == row || !other.changeable || !shareKeys(row->group, other.group) || wish.keys.isEmpty())
+            continue;
+        const Wish theirs = wishOf(other);
+        const bool stronger = theirs.isChosen != wish.isChosen ? theirs.isChosen : &other < row;
+        if (stronger && theirs.keys == wish.keys)
+            return {};
+    }
+    return wish.keys;
 }
 
 // What somebody wrote into the settings by hand counts only when the dialog would have taken it.
-QKeySequence Shortcuts::storedKeys(const QString &id, const QKeySequence &standard) const
+Shortcuts::Wish Shortcuts::wishOf(const ShortcutRow &row) const
 {
+    const QString id = QLatin1String(row.id);
     KSettings settings;
     enterGroup(settings);
     if (!settings.contains(id))
-        return standard;
+        return {row.standard, false};
     const QString text = settings.value(id).toString();
     const auto keys = QKeySequence::fromString(text, QKeySequence::PortableText);
-    const bool usable = text.isEmpty()
-        || (keys.count() == 1 && (keys[0] & ~int(Qt::KeyboardModifierMask)) != Qt::Key_unknown
-            && !isForTyping(keys));
-    return usable ? keys : standard;
+    if (text.isEmpty() || (isUsable(keys) && !fixedHolder(row, keys)))
+        return {keys, true};
+    return {row.standard, false};
 }
 
 bool Shortcuts::isChanged(const QString &id) const
@@ -127,8 +167,10 @@ Shortcuts::Verdict Shortcuts::check(const QString &id, const QKeySequence &wante
         return {Refusal::Fixed, {}};
     if (wanted.isEmpty())
         return {};
-    if (wanted.count() != 1 || isForTyping(wanted))
+    if (!isUsable(wanted))
         return {Refusal::Typing, {}};
+    if (const ShortcutRow *holder = fixedHolder(*row, wanted))
+        return {Refusal::Taken, QLatin1String(holder->id)};
     for (const ShortcutRow &other : shortcutTable()) {
         const QString holder = QLatin1String(other.id);
         if (holder != id && shareKeys(row->group, other.group) && keys(holder) == wanted)
@@ -149,13 +191,19 @@ void Shortcuts::store(const QString &id, const QKeySequence &wanted)
 {
     if (keys(id) == wanted)
         return;
+    QHash<QString, QKeySequence> before; // a change may free keys that others would like
+    for (const ShortcutRow &row : shortcutTable())
+        before.insert(QLatin1String(row.id), keys(QLatin1String(row.id)));
     KSettings settings;
     enterGroup(settings);
     if (wanted == rowOf(id)->standard)
         settings.remove(id);
     else
         settings.setValue(id, wanted.toString(QKeySequence::PortableText));
-    Q_EMIT keysChanged(id);
+    for (auto it = before.cbegin(); it != before.cend(); ++it) {
+        if (keys(it.key()) != it.value())
+            Q_EMIT keysChanged(it.key());
+    }
 }
 
 void Shortcuts::reset(const QString &id)

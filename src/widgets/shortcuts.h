@@ -9,6 +9,8 @@ class QAction;
 
 namespace zel {
 
+struct ShortcutRow;
+
 /// Where a shortcut works. The parts of the main window share its keys; the small window has its own.
 enum class ShortcutGroup { MainWindow, Pages, RecentPage, CloudPage, MiniWindow };
 
@@ -69,7 +71,13 @@ Q_SIGNALS:
 private:
     Shortcuts() = default;
 
-    QKeySequence storedKeys(const QString &id, const QKeySequence &standard) const;
+    /// What a shortcut would like, whatever others have: the user's own choice, else the standard.
+    struct Wish
+    {
+        QKeySequence keys;
+        bool isChosen = false;
+    };
+    Wish wishOf(const ShortcutRow &row) const;
     void store(const QString &id, const QKeySequence &keys);
 };
 

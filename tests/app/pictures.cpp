@@ -6,17 +6,14 @@
 #include "app/ui/ministrip.h"
 #include "app/ui/zelboxminiwidget.h"
 #include "app/ui/zelboxminiwindow.h"
-#include "kliteskin.h"
-#include "klitestyle.h"
-#include "kskin.h"
 #include "recentfile/fakes.h"
+#include "support/picturerun.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QLineEdit>
 #include <QPainter>
 #include <QTest>
-#include <QTranslator>
 
 using namespace recenttest;
 
@@ -133,29 +130,9 @@ int main(int argc, char **argv)
 {
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    const bool dark = arguments.contains(QStringLiteral("dark"));
-    const QString locale = arguments.last().contains(QLatin1Char('_')) ? arguments.last() : QString();
-    QApplication::setStyle(new KLiteStyle);
-    KLitOfficeInfo office;
-    const QString resources = qEnvironmentVariable("ZEL_RESOURCES");
-    office.resourceDirs << resources;
-    KLiteSkin::setOfficeInfo(office);
-    KLiteSkin::setDefaultBaseSkinInfo(KLiteSkinInfo());
-    QApplication::setFont(QFont(QStringLiteral("Noto Sans CJK SC"), 9));
-    QApplication::setPalette(KLiteStyle::palette(dark));
-    KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
-    QTranslator translator;
-    const QString language = locale.isEmpty() ? QStringLiteral("en") : locale;
-    if (translator.load(QStringLiteral("zelbox"), resources + QStringLiteral("/../../mui/") + language))
-        QCoreApplication::installTranslator(&translator);
-    if (!locale.isEmpty())
-        QLocale::setDefault(QLocale(locale));
+    const PictureRun run;
     const FixedNow now(at(QStringLiteral("2024-03-20 14:30")));
-    Scene scene(arguments.value(1, QStringLiteral(".")),
-        (dark ? QStringLiteral("-dark") : QString())
-            + (locale.isEmpty() ? QString() : QLatin1Char('-') + locale)
-            + QStringLiteral("-%1x").arg(app.devicePixelRatio()));
+    Scene scene(run.folder(), run.suffix());
     const RecordInfoList content = records(zel::now());
     miniWindow(scene, content);
     quickSearch(scene, content);

@@ -5,17 +5,14 @@
 #include "app/ui/settings/keyfield.h"
 #include "faults/serviceprocess.h"
 #include "kcloudsvrproxy.h"
-#include "kliteskin.h"
-#include "klitestyle.h"
 #include "krt/krt.h"
-#include "kskin.h"
+#include "support/picturerun.h"
 #include "widgets/shortcuts.h"
 
 #include <QApplication>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
-#include <QTranslator>
 
 namespace {
 
@@ -57,8 +54,7 @@ void pages(const Pictures &pictures, KZelBoxCloudSettingsDlg &dialog)
     zel::Shortcuts::instance()->resetAll();
     dialog.setParameter(QStringLiteral("privacy"));
     for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
-        if (!button->isVisible() || !button->accessibleName().contains(QLatin1Char('"'))
-            || !button->isEnabled())
+        if (!button->isVisible() || !button->text().endsWith(QChar(0x2026)) || !button->isEnabled())
             continue;
         button->click();
         pictures.save(QStringLiteral("privacy-clear"), QApplication::activeModalWidget());
@@ -78,22 +74,7 @@ int main(int argc, char **argv)
 {
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    const bool dark = arguments.contains(QStringLiteral("dark"));
-    const QString locale = arguments.last().contains(QLatin1Char('_')) ? arguments.last() : QString();
-    QApplication::setStyle(new KLiteStyle);
-    QApplication::setFont(KLiteStyle::applicationFont());
-    KLitOfficeInfo office;
-    const QString resources = qEnvironmentVariable("ZEL_RESOURCES");
-    office.resourceDirs << resources;
-    KLiteSkin::setOfficeInfo(office);
-    KLiteSkin::setDefaultBaseSkinInfo({});
-    QApplication::setPalette(KLiteStyle::palette(dark));
-    KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
-    QTranslator translator;
-    const QString language = locale.isEmpty() ? QStringLiteral("en") : locale;
-    if (translator.load(QStringLiteral("zelbox"), resources + QStringLiteral("/../../mui/") + language))
-        QCoreApplication::installTranslator(&translator);
+    const PictureRun run;
     krt::init(
         QStringLiteral("Halvorn"), QStringLiteral("Office"), QStringLiteral("6.0"), QStringLiteral("zelbox"));
     qInfo("so that there is a log");
@@ -108,10 +89,6 @@ int main(int argc, char **argv)
     dialog.show();
     if (!QTest::qWaitForWindowActive(&dialog))
         qFatal("the window does not show");
-    pages(Pictures(arguments.value(1, QStringLiteral(".")),
-              (dark ? QStringLiteral("-dark") : QString())
-                  + (locale.isEmpty() ? QString() : QLatin1Char('-') + locale)
-                  + QStringLiteral("-%1x").arg(app.devicePixelRatio())),
-        dialog);
+    pages(Pictures(run.folder(), run.suffix()), dialog);
     return 0;
 }

@@ -1,5 +1,5 @@
 // The settings dialog with real events, and what its pages change.
-#include "app/settings/storage.h"
+#include "app/settings/historycleaner.h"
 #include "app/ui/kzelboxcloudsettingsdlg.h"
 #include "app/ui/settings/keyfield.h"
 #include "base/autostart.h"
@@ -208,6 +208,11 @@ void TestSettings::general()
     QSignalSpy language(&window.dialog, &KZelBoxCloudSettingsDlg::languageChosen);
     const QString entry =
         zel::AutostartPlaces::fromEnvironment().userFolder + QLatin1Char('/') + zel::Autostart::fileName();
+    auto *appearance = window.find<QComboBox>("Appearance");
+    QWheelEvent wheel({5, 5}, appearance->mapToGlobal(QPoint(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+        false); // the page scrolls below the pointer
+    QApplication::sendEvent(appearance, &wheel);
+    QCOMPARE(KSkin::theme(), KSkin::Theme::Auto);
     auto *start = window.find<Toggle>("Start with the session");
     QVERIFY(!start->isChecked());
     QTest::mouseClick(start->parentWidget(), Qt::LeftButton); // anywhere on the row
@@ -319,6 +324,12 @@ void TestSettings::cloud()
     window.click<QPushButton>("Try again"); // finds the service that runs
     QTRY_VERIFY_WITH_TIMEOUT(cloud.isLogined(), 20000);
     QTRY_VERIFY(window.canPress("Open folder"));
+    for (const QPushButton *button : window.dialog.findChildren<QPushButton *>()) // Enter presses none
+        QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->text()));
+    QSignalSpy cleared(RecentFileEventObject(), &KRecentFileEvents::historyCleared);
+    HistoryCleaner(&cloud).clear(); // and the dialog is closed at once
+    QTRY_COMPARE(cleared.size(), 1);
+    UninitRecentFile();
     window.click<QPushButton>("Sign out");
     QTRY_VERIFY(!cloud.isLogined());
     QTRY_VERIFY(window.canPress("Sign in"));
@@ -348,6 +359,9 @@ void TestSettings::fitsWithLongTexts()
             areas.begin(), areas.end(), [](const QScrollArea *area) { return area->isVisible(); });
         QTRY_VERIFY2((*shown)->widget()->minimumSizeHint().width() <= (*shown)->viewport()->width(), page);
     }
+    window.dialog.setParameter(QStringLiteral("language")); // at the end of its page
+    const QWidget *language = window.dialog.focusWidget();
+    QTRY_COMPARE(language->visibleRegion().boundingRect(), language->rect());
     QApplication::setFont(ordinary);
     QCoreApplication::removeTranslator(&texts);
 }

@@ -44,6 +44,7 @@ void TestShortcuts::refusedKeys_data()
     row("of another", "window.exit", "Ctrl+W", Refusal::Taken, "window.close");
     row("of a page inside the window", "window.exit", "F5", Refusal::Taken, "recent.refresh");
     row("of a list in it", "page.1", "Ctrl+C", Refusal::Taken, "recent.copy");
+    row("of a list, on the keypad", "page.1", "Ctrl+Enter", Refusal::Taken, "recent.folder");
     row("types a letter", "window.exit", "Shift+Q", Refusal::Typing, "");
     row("moves in lists", "window.exit", "Down", Refusal::Typing, "");
     row("moves between windows", "window.exit", "Ctrl+Tab", Refusal::Typing, "");
@@ -76,9 +77,17 @@ void TestShortcuts::keysAreFollowed()
     QVERIFY(all->keys(QStringLiteral("window.close")).isEmpty());
     all->resetAll();
     QCOMPARE(all->keys(QStringLiteral("window.close")), keys("Ctrl+W"));
-    for (const char *nonsense : {"Q", "Ctrl+K, Ctrl+L", "abc def"}) { // written by hand
+    const QString stored = QStringLiteral("plugins/zelbox/shortcuts/");
+    KSettings().setValue(stored + QStringLiteral("page.1"), QStringLiteral("Ctrl+Q")); // never for two
+    QCOMPARE(all->keys(QStringLiteral("page.1")), keys("Ctrl+Q"));
+    QVERIFY(all->keys(QStringLiteral("window.exit")).isEmpty());
+    all->reset(QStringLiteral("window.exit"));
+    QCOMPARE(action->shortcut(), keys("Ctrl+Q"));
+    QVERIFY(all->keys(QStringLiteral("page.1")).isEmpty());
+    KSettings().remove(QStringLiteral("plugins/zelbox/shortcuts"));
+    for (const char *nonsense : {"Q", "Ctrl+K, Ctrl+L", "abc def", "F5"}) { // written by hand
         KSettings settings;
-        settings.setValue(QStringLiteral("plugins/zelbox/shortcuts/window.exit"), QLatin1String(nonsense));
+        settings.setValue(stored + QStringLiteral("window.exit"), QLatin1String(nonsense));
         QCOMPARE(all->keys(QStringLiteral("window.exit")), keys("Ctrl+Q"));
         settings.remove(QStringLiteral("plugins/zelbox/shortcuts"));
     }

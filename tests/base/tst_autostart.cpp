@@ -55,6 +55,7 @@ private Q_SLOTS:
     void rules_data();
     void rules();
     void madeAnewAndTakenAway();
+    void tooLargeIsLeftAlone();
     void linkToTheMenu();
     void readOnlyFolder();
     void commandLines_data();
@@ -82,6 +83,10 @@ void TestAutostart::rules_data()
     row("other keys stay", "Hidden=true\n# mine\nX-Delay=3\n\n[Desktop Action a]\nHidden=true\n", "", false,
         "# mine\nX-Delay=3\n\n[Desktop Action a]\nHidden=true\n");
     row("what others wrote is not removed", "X-Delay=3\n", "", true, "X-Delay=3\nHidden=true\n");
+    row("the last one counts", "Hidden=false\nHidden=true\n", "", false, ".");
+    row("also when it is changed", "Hidden=false\nHidden=false\n", "", true, "Hidden=false\nHidden=true\n");
+    row("the group twice", "X-A=b\n[Desktop Entry]\nHidden=true\n", "", false, "X-A=b\n[Desktop Entry]\n");
+    row("line ends of another system", "Hidden=true\r\nX-A=b\r\n", "", false, "X-A=b\r\n");
     row("for another desktop", "OnlyShowIn=KDE;\n", ".", false, ".");
     row("not for this one", "NotShowIn=KDE;GNOME;\n", "", false, ".");
     row("the first name decides", "NotShowIn=Unity;\nOnlyShowIn=GNOME;\n", "", false, ".");
@@ -132,6 +137,17 @@ void TestAutostart::madeAnewAndTakenAway()
     QVERIFY(!QFile::exists(tree.user()));
 }
 
+void TestAutostart::tooLargeIsLeftAlone()
+{
+    Tree tree;
+    const QString text =
+        QStringLiteral("[Desktop Entry]\nHidden=true\n") + QString(1 << 18, QLatin1Char('\n'));
+    QVERIFY(put(tree.user(), text));
+    zel::Autostart autostart(tree.places);
+    QVERIFY(!autostart.setOn(true));
+    QCOMPARE(content(tree.user()), text);
+}
+
 void TestAutostart::linkToTheMenu()
 {
     Tree tree;
@@ -177,7 +193,9 @@ void TestAutostart::commandLines()
     QCOMPARE(zel::DesktopEntry::programOf(line), program);
     QCOMPARE(zel::DesktopEntry::programOf(QStringLiteral("\"/open ended")), QString());
     QCOMPARE(zel::DesktopEntry::execLine(QStringLiteral("/a=b/z"), {}), QString());
-    zel::DesktopEntry entry;
+    const QByteArray mixed = "[Desktop Entry]\nName[fr]=Bo\xeete\n"; // Latin-1, as some old files have it
+    zel::DesktopEntry entry(QByteArray("\xef\xbb\xbf") + mixed);
+    QCOMPARE(entry.toText(), mixed);
     entry.setValue(QStringLiteral("Exec"), line); // escaped once more in the file
     QCOMPARE(zel::DesktopEntry(entry.toText()).value(QStringLiteral("Exec")), line);
 }

@@ -51,6 +51,10 @@ public:
         if (method == QLatin1String("getInfoList"))
             listed << QString::fromStdString(
                 static_cast<const zel::vela::GetInfoListArg *>(arg.data())->parentId);
+        if (method == QLatin1String("recoverRecycles"))
+            for (const std::string &one :
+                static_cast<const zel::vela::RecoverRecyclesArg *>(arg.data())->recycleIds)
+                recovered << QString::fromStdString(one);
         const QString id = QString::number(++m_last);
         if (receiver)
             m_waiting.append({id, method, receiver, slot.toLatin1()});
@@ -105,8 +109,9 @@ public:
         push("notifyFileProperty", property);
     }
 
-    QStringList asked;  ///< methods
-    QStringList listed; ///< folders of "getInfoList"
+    QStringList asked;     ///< methods
+    QStringList listed;    ///< folders of "getInfoList"
+    QStringList recovered; ///< ids in the bin, of "recoverRecycles"
 
 private:
     struct Waiting

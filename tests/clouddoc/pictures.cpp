@@ -12,16 +12,13 @@
 #include "clouddoc/ui/movedialog.h"
 #include "clouddoc/ui/transferpanel.h"
 #include "clouddoc/ui/zelboxclouddocwidget.h"
-#include "kliteskin.h"
-#include "klitestyle.h"
-#include "kskin.h"
+#include "support/picturerun.h"
 
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QMenu>
 #include <QMimeData>
 #include <QTest>
-#include <QTranslator>
 #include <QUrl>
 
 namespace {
@@ -234,28 +231,9 @@ int main(int argc, char **argv)
 {
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    const bool dark = arguments.contains(QStringLiteral("dark"));
-    const QString locale = arguments.last().contains(QLatin1Char('_')) ? arguments.last() : QString();
-    QApplication::setStyle(new KLiteStyle);
-    KLitOfficeInfo office;
-    const QString resources = qEnvironmentVariable("ZEL_RESOURCES");
-    office.resourceDirs << resources;
-    KLiteSkin::setOfficeInfo(office);
-    KLiteSkin::setDefaultBaseSkinInfo({});
-    QApplication::setPalette(KLiteStyle::palette(dark));
-    KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
-    QTranslator translator;
-    const QString language = locale.isEmpty() ? QStringLiteral("en") : locale;
-    if (translator.load(QStringLiteral("zelbox"), resources + QStringLiteral("/../../mui/") + language))
-        QCoreApplication::installTranslator(&translator);
-    if (!locale.isEmpty())
-        QLocale::setDefault(QLocale(locale));
+    const PictureRun run;
     zel::setFixedNow(Now);
-    Scene scene(arguments.value(1, QStringLiteral(".")),
-        (dark ? QStringLiteral("-dark") : QString())
-            + (locale.isEmpty() ? QString() : QLatin1Char('-') + locale)
-            + QStringLiteral("-%1x").arg(app.devicePixelRatio()));
+    Scene scene(run.folder(), run.suffix());
     lists(scene);
     places(scene);
     transfers(scene);

@@ -28,6 +28,7 @@ private Q_SLOTS:
     void cleanup() { stop(); }
     void lateAnswersAreDropped();
     void newsBeatPages();
+    void newsBeforeTheRootIsKnown();
     void pagesThatDoNotFitAreReadAgain();
     void readsAnewByDifference();
     void waysThroughFolders();
@@ -72,6 +73,20 @@ void TestCloudDocLogic::newsBeatPages()
     QVERIFY(page(text("root"), {text("c"), text("d"), text("a")}));
     QCOMPARE(print(logic()), text("b c n"));
     QVERIFY(logic().isComplete());
+    QCOMPARE(cloud().waiting("getInfoList"), 0);
+}
+
+// Whether they are of the root cannot be told, and its list may have been made before or after them.
+void TestCloudDocLogic::newsBeforeTheRootIsKnown()
+{
+    cloud().connectNow();
+    logic().openRoot();
+    cloud().tellCreated(text("n"));
+    cloud().tellCreated(text("m"));
+    QVERIFY(page(text("root"), {text("a"), text("n")}));
+    QTRY_COMPARE(cloud().waiting("getInfoList"), 1);
+    QVERIFY(page(text("root"), {text("a"), text("m"), text("n")}));
+    QCOMPARE(print(logic()), text("a m n"));
     QCOMPARE(cloud().waiting("getInfoList"), 0);
 }
 
@@ -173,8 +188,11 @@ void TestCloudDocLogic::followsTheWayToTheFolder()
     QCOMPARE(crumbs(logic()), text("root/up/deep"));
     CloudItem renamed = FakeCloud::item(text("up/"));
     cloud().tellProperty(renamed, "name");
+    cloud().tellProperty(renamed, "name"); // again, before the answer
+    QVERIFY(cloud().answer("getItemInfoListV5", path({text("root"), text("uP"), text("deep")})));
     QVERIFY(cloud().answer("getItemInfoListV5", path({text("root"), text("UP"), text("deep")})));
     QCOMPARE(logic().crumbs().at(1).name, text("UP"));
+    QCOMPARE(cloud().waiting("getItemInfoListV5"), 0);
 }
 
 void TestCloudDocLogic::loadingFails_data()
@@ -205,16 +223,25 @@ void TestCloudDocLogic::loadingFails()
     QVERIFY(page(text("root"), {text("a")}));
     QCOMPARE(logic().state(), State::Ready);
     QVERIFY(logic().isComplete());
+    QSignalSpy told(&logic(), &CloudDocLogic::readingFailed);
+    logic().reload();
+    QVERIFY(cloud().refuse("getInfoList", GetInfoListResult(), Denied));
+    QCOMPARE(print(logic()), text("a")); // out of date, and said to be
+    QCOMPARE(told.count(), 1);
 }
 
 void TestCloudDocLogic::serviceGoesAndComes()
 {
     openRoot({text("a"), text("b")});
     TransferInfoListResult list;
-    list.tasks.resize(1);
+    list.tasks.resize(2);
     list.tasks[0].taskId = "t";
     list.tasks[0].transferState = 2;
+    list.tasks[1].taskId = "older";
+    list.tasks[1].transferState = 4;
+    list.tasks[0].item.id = list.tasks[1].item.id = "b";
     QVERIFY(cloud().answer("transferInfoList", list));
+    QCOMPARE(logic().documents()->document(1).transfer, CloudDocument::Transfer::Downloading);
     logic().reload();
     cloud().disconnectNow();
     QVERIFY(cloud().answer("getInfoList", GetInfoListResult(), false));

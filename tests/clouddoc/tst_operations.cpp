@@ -17,6 +17,7 @@ private Q_SLOTS:
     void operationsEndOnce_data();
     void operationsEndOnce();
     void whatIsDoneInPart();
+    void removalsOverlap();
     void takenNamesAreAsked();
 };
 
@@ -136,6 +137,28 @@ void TestCloudDocOperations::whatIsDoneInPart()
     QVERIFY(cloud().answer("cloudItemsMoveTo", moved));
     QCOMPARE(print(logic()), text("f b c"));
     QCOMPARE(conflicts.at(0).at(1).value<CloudConflicts>().at(0).source, text("b"));
+}
+
+// Each says its own name, and only the last one can be undone.
+void TestCloudDocOperations::removalsOverlap()
+{
+    openRoot({text("a"), text("b")});
+    QSignalSpy trashed(&logic(), &CloudDocLogic::trashed);
+    logic().trash({text("a")});
+    logic().trash({text("b")});
+    const auto removed = [](const char *id) {
+        BatchRemoveResult result;
+        result.removedIds = {id};
+        result.extraParam[id] = std::string("bin-") + id;
+        return result;
+    };
+    QVERIFY(cloud().answer("batchRemove", removed("a")));
+    QCOMPARE(trashed.at(0), (QVariantList{1, text("a")}));
+    QVERIFY(logic().canUndoTrash()); // although the other one is under way
+    QVERIFY(cloud().answer("batchRemove", removed("b")));
+    QCOMPARE(trashed.at(1), (QVariantList{1, text("b")}));
+    logic().undoTrash();
+    QCOMPARE(cloud().recovered, QStringList(text("bin-b")));
 }
 
 // An upload's answer names conflicts by the last part of a path, a download's by the item's id alone.

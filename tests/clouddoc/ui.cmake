@@ -2,6 +2,7 @@ set(ui zelbox_clouddoc_ui zelplatform)
 
 zel_test(clouddoc_layout SOURCES tst_layout.cpp LINK ${ui})
 zel_test(clouddoc_page SOURCES tst_page.cpp fakecloud.h pagecloud.h pagefixture.h LINK ${ui})
+zel_test(clouddoc_pageoutside SOURCES tst_pageoutside.cpp fakecloud.h pagecloud.h pagefixture.h LINK ${ui})
 
 # Pictures of the page in all its states, for people; not registered as a test.
 add_executable(clouddoc_pictures pictures.cpp fakecloud.h)

@@ -4,9 +4,6 @@
 #include "recentfile/fakecloud.h"
 #include "recentfile/fakes.h"
 
-#include "kliteskin.h"
-#include "klitestyle.h"
-#include "kskin.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
 #include "recentfile/ui/loadingouttime.h"
@@ -19,13 +16,13 @@
 #include "recentfile/ui/recentguides.h"
 #include "recentfile/ui/recentsortmenu.h"
 #include "recentfile/ui/sharedialog.h"
+#include "support/picturerun.h"
 #include "widgets/noticebar.h"
 
 #include <QApplication>
 #include <QDir>
 #include <QScrollBar>
 #include <QTest>
-#include <QTranslator>
 
 using namespace recenttest;
 
@@ -190,29 +187,9 @@ int main(int argc, char **argv)
 {
     QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     QApplication app(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    const bool dark = arguments.contains(QStringLiteral("dark"));
-    const QString locale = arguments.last().contains(QLatin1Char('_')) ? arguments.last() : QString();
-    QApplication::setStyle(new KLiteStyle);
-    KLiteSkinInfo skin;
-    KLitOfficeInfo office;
-    const QString resources = qEnvironmentVariable("ZEL_RESOURCES");
-    office.resourceDirs << resources;
-    KLiteSkin::setOfficeInfo(office);
-    KLiteSkin::setDefaultBaseSkinInfo(skin);
-    QApplication::setPalette(KLiteStyle::palette(dark));
-    KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
-    QTranslator translator;
-    const QString language = locale.isEmpty() ? QStringLiteral("en") : locale;
-    if (translator.load(QStringLiteral("zelbox"), resources + QStringLiteral("/../../mui/") + language))
-        QCoreApplication::installTranslator(&translator);
-    if (!locale.isEmpty())
-        QLocale::setDefault(QLocale(locale));
+    const PictureRun run;
     const FixedNow now(at(QStringLiteral("2024-03-20 14:30")));
-    Scene scene(arguments.value(1, QStringLiteral(".")),
-        (dark ? QStringLiteral("-dark") : QString())
-            + (locale.isEmpty() ? QString() : QLatin1Char('-') + locale)
-            + QStringLiteral("-%1x").arg(app.devicePixelRatio()));
+    Scene scene(run.folder(), run.suffix());
     lists(scene);
     popups(scene);
     emptyPages(scene);

@@ -14,6 +14,13 @@ HistoryCleaner::HistoryCleaner(KCloudSvrProxy *cloud, QObject *parent) : QObject
         RecentFileEventObject(), &KRecentFileEvents::historyCleared, this, &HistoryCleaner::onStoreCleared);
 }
 
+// The window may be closed while the service takes its time, but the user has said yes.
+HistoryCleaner::~HistoryCleaner()
+{
+    if (m_asking)
+        ClearRecentHistory(false);
+}
+
 // The service first: what it still has would come back into the store.
 void HistoryCleaner::clear()
 {
@@ -22,6 +29,7 @@ void HistoryCleaner::clear()
     m_serviceKept = !m_cloud || !m_cloud->isConnected() || !m_cloud->isLogined();
     if (m_serviceKept)
         return ClearRecentHistory(false);
+    m_asking = true;
     DelRoamingRecordArg arg;
     arg.allRecords = true;
     m_cloud->asynCallEx(QStringLiteral("delRoamingRecord"), Q_ARG(DelRoamingRecordArg, arg), this,
@@ -30,6 +38,7 @@ void HistoryCleaner::clear()
 
 void HistoryCleaner::onRoamingCleared(bool bOk, const QString &, const DelRoamingRecordResult &result)
 {
+    m_asking = false;
     m_serviceKept = !bOk || result.state != 0;
     ClearRecentHistory(!m_serviceKept);
 }

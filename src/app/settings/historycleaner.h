@@ -23,6 +23,7 @@ public:
 
     /// `cloud` is not owned, may be null and may be destroyed first.
     explicit HistoryCleaner(KCloudSvrProxy *cloud, QObject *parent = nullptr);
+    ~HistoryCleaner() override; ///< what was begun is done nevertheless, as far as the store goes
 
     /// finished() follows exactly once; while it is under way further calls do nothing.
     void clear();
@@ -39,5 +40,6 @@ private:
 
     QPointer<KCloudSvrProxy> m_cloud;
     bool m_busy = false;
+    bool m_asking = false; ///< the service; the store comes next
     bool m_serviceKept = false;
 };

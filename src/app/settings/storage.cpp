@@ -8,11 +8,16 @@
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
+#include <algorithm>
+#include <atomic>
 #include <mutex>
 #include <thread>
 
 namespace zel::settings {
 namespace {
+
+constexpr int MostThreads = 4; // more would gather on a dead network mount, one with each look
+std::atomic<int> runningThreads = 0;
 
 QString cacheHome()
 {
@@ -109,13 +114,20 @@ void StorageMeter::giveUp()
 void StorageMeter::measure(const QVector<StoragePlace> &places)
 {
     giveUp();
+    if (runningThreads >= MostThreads)
+        return;
+    QVector<StoragePlace> inOrder = places;
+    std::stable_partition(
+        inOrder.begin(), inOrder.end(), [](const StoragePlace &place) { return !place.patterns.isEmpty(); });
     m_job = std::make_shared<Job>();
     m_job->meter = this;
-    std::thread([job = m_job, places] {
-        for (const StoragePlace &place : places) {
+    ++runningThreads;
+    std::thread([job = m_job, inOrder] {
+        for (const StoragePlace &place : inOrder) {
             const StorageUse use = storageUse(place, [&job] { return job->isWanted(); });
             job->tell(place.kind, use);
         }
+        --runningThreads;
     }).detach();
 }
 

@@ -19,6 +19,7 @@ struct StoragePlace
     QString folder;
     QStringList patterns; ///< of files in the folder; empty: the whole folder with what is below it
 
+    bool operator==(const StoragePlace &) const = default;
     QString path() const; ///< to show: the folder, or the file that the first pattern names
 };
 
@@ -45,7 +46,8 @@ public:
     using QObject::QObject;
     ~StorageMeter() override;
 
-    /// measured() follows for each place in turn; a measurement under way is given up.
+    /// measured() follows for each place, whole folders last; a measurement under way is given up. Nothing
+    /// follows while several that were given up still hang.
     void measure(const QVector<StoragePlace> &places);
 
 Q_SIGNALS:

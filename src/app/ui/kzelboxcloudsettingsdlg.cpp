@@ -151,7 +151,7 @@ void CloudSettingsWidget::setParameter(const QString &parameter)
             continue;
         m_list->choose(each.page);
         if (QWidget *control = page(each.page)->control(parameter))
-            control->setFocus(Qt::TabFocusReason); // with a ring, to be seen
+            page(each.page)->lead(control);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "clouddoc/ui/clouddocdelegate.h"
 
+#include "base/sizetext.h"
 #include "clouddoc/clouddocmodel.h"
 #include "clouddoc/ui/cloudrowpainter.h"
 #include "klitestyle.h"
@@ -17,6 +18,7 @@ using Model = CloudDocModel;
 namespace {
 
 constexpr char EditedId[] = "zelEditedId";
+constexpr char OldName[] = "zelOldName";
 constexpr char StemLength[] = "zelStemLength"; // until it has been selected
 
 QString idOf(const QModelIndex &index)
@@ -79,7 +81,7 @@ QString CloudDocDelegate::toolTip(const QModelIndex &index) const
         lines << tr("Modified: %1").arg(QLocale().toString(time, QLocale::LongFormat));
     }
     if (!document.folder)
-        lines << tr("Size: %1").arg(sizeText(document.size));
+        lines << tr("Size: %1").arg(zel::sizeText(document.size));
     for (QString &line : lines)
         line = line.toHtmlEscaped();
     return QStringLiteral("<p style='white-space:pre-wrap'>") + lines.join(QStringLiteral("<br>"))
@@ -111,6 +113,7 @@ void CloudDocDelegate::setEditorData(QWidget *editor, const QModelIndex &index) 
         return; // the row has changed meanwhile; what was typed is worth more
     const QString name = index.data(Model::NameRole).toString();
     edit->setText(name);
+    edit->setProperty(OldName, name);
     edit->setProperty(StemLength, stemLength(name, index.data(Model::FolderRole).toBool()));
     edit->setModified(true);
 }
@@ -119,6 +122,8 @@ void CloudDocDelegate::setModelData(QWidget *editor, QAbstractItemModel *, const
 {
     const auto *edit = static_cast<const QLineEdit *>(editor);
     const QString name = cleanedName(edit->text());
+    if (edit->text() == edit->property(OldName).toString())
+        return; // nothing was typed, though the row may have another name by now
     if (name == index.data(Model::NameRole).toString() || !isFine(edit))
         return;
     m_newNames.insert(idOf(index), name);

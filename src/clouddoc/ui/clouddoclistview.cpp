@@ -67,6 +67,15 @@ QStringList CloudDocListView::selectedIds() const
     return ids;
 }
 
+int CloudDocListView::selectedCount() const
+{
+    int count = 0;
+    const QItemSelection ranges = selectionModel() ? selectionModel()->selection() : QItemSelection();
+    for (const QItemSelectionRange &range : ranges)
+        count += range.height();
+    return count;
+}
+
 QString CloudDocListView::currentId() const
 {
     return currentIndex().data(CloudDocModel::IdRole).toString();
@@ -74,21 +83,28 @@ QString CloudDocListView::currentId() const
 
 void CloudDocListView::selectIds(const QStringList &ids)
 {
-    QItemSelection selection;
-    QModelIndex first;
-    for (const QString &id : ids) {
-        const QModelIndex index = m_documents->index(m_documents->rowOf(id));
-        if (!index.isValid())
-            continue;
-        selection.select(index, index);
-        if (!first.isValid())
-            first = index;
-    }
-    if (!first.isValid())
+    QVector<int> rows;
+    for (const QString &id : ids)
+        rows << m_documents->rowOf(id);
+    rows.removeAll(-1);
+    if (rows.isEmpty())
         return;
+    const QModelIndex first = m_documents->index(rows.constFirst());
+    std::sort(rows.begin(), rows.end());
+    QItemSelection selection; // of as few ranges as it takes: each costs at every row that is painted
+    for (int from = 0, to = 0; from < rows.size(); from = to) {
+        for (to = from + 1; to < rows.size() && rows.at(to) == rows.at(to - 1) + 1;)
+            ++to;
+        selection.select(m_documents->index(rows.at(from)), m_documents->index(rows.at(to - 1)));
+    }
     selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
     selectionModel()->select(selection, QItemSelectionModel::ClearAndSelect);
     scrollTo(first);
+}
+
+void CloudDocListView::setLeaving(const QStringList &ids)
+{
+    m_leaving = QSet<QString>(ids.cbegin(), ids.cend());
 }
 
 void CloudDocListView::beginRename(const QModelIndex &index)
@@ -193,6 +209,7 @@ void CloudDocListView::rowsAboutToBeRemoved(const QModelIndex &parent, int start
     const int current = currentIndex().row();
     const bool goes = current >= start && current <= end;
     const int next = end + 1 < m_documents->rowCount() ? end + 1 : start - 1;
+    const bool sentAway = goes && m_leaving.contains(currentId());
     QListView::rowsAboutToBeRemoved(parent, start, end);
     if (!goes)
         return;
@@ -200,8 +217,8 @@ void CloudDocListView::rowsAboutToBeRemoved(const QModelIndex &parent, int start
     const bool nothingElse = std::all_of(ranges.cbegin(), ranges.cend(),
         [&](const QItemSelectionRange &range) { return range.top() >= start && range.bottom() <= end; });
     selectionModel()->setCurrentIndex(m_documents->index(next),
-        nothingElse && !ranges.isEmpty() ? QItemSelectionModel::ClearAndSelect
-                                         : QItemSelectionModel::NoUpdate);
+        sentAway && nothingElse && !ranges.isEmpty() ? QItemSelectionModel::ClearAndSelect
+                                                     : QItemSelectionModel::NoUpdate);
 }
 
 void CloudDocListView::changeEvent(QEvent *event)

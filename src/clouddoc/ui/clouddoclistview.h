@@ -2,6 +2,7 @@
 
 #include <QListView>
 #include <QPersistentModelIndex>
+#include <QSet>
 
 class CloudDocDelegate;
 class CloudDocModel;
@@ -21,8 +22,12 @@ public:
 
     void setFolderId(const QString &id); ///< that is shown
     QStringList selectedIds() const;     ///< in the order of the rows
+    int selectedCount() const;           ///< O(ranges)
     QString currentId() const;
     void selectIds(const QStringList &ids); ///< those that are here; the first becomes the current row
+    /// Items that the user sends away: when the current one of them goes, the row after it is selected. When
+    /// others take a row away nothing is, else the next key or an open menu would hit what nobody chose.
+    void setLeaving(const QStringList &ids);
     void beginRename(const QModelIndex &index);
     bool isRenaming() const { return state() == EditingState; }
 
@@ -60,6 +65,7 @@ private:
     CloudDocModel *m_documents = nullptr;
     CloudDocDelegate *m_delegate;
     QString m_folderId;
+    QSet<QString> m_leaving;
     QPersistentModelIndex m_dropRow;
     bool m_dropWhole = false;     // into the folder that is shown
     bool m_keyboardLeads = false; // the focus ring is shown

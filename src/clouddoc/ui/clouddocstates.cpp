@@ -21,7 +21,8 @@ void CloudDocStates::setState(State state)
 {
     if (m_state == state)
         return;
-    const bool hadFocus = currentWidget()->isAncestorOf(focusWidget()) || currentWidget()->hasFocus();
+    const QWidget *focused = window()->focusWidget(); // our own focusWidget() may have lost it long ago
+    const bool hadFocus = focused == currentWidget() || currentWidget()->isAncestorOf(focused);
     m_state = state;
     setCurrentWidget(widgetFor(state));
     if (hadFocus)

@@ -48,9 +48,7 @@ CloudDocToolBar::CloudDocToolBar(CloudDocActions *actions, QWidget *parent)
     for (int i = 1; i < order.size(); ++i)
         setTabOrder(order.at(i - 1), order.at(i));
     m_crumbs->setTabPredecessor(m_up);
-    QFont large = font();
-    large.setPointSizeF(large.pointSizeF() * 1.15);
-    m_crumbs->setFont(large);
+    setFonts();
 
     connect(m_upload, &QAbstractButton::clicked, this, [this] { popUpUploadMenu(m_upload); });
     connect(m_uploadIcon, &QAbstractButton::clicked, this, [this] { popUpUploadMenu(m_uploadIcon); });
@@ -130,6 +128,15 @@ void CloudDocToolBar::changeEvent(QEvent *event)
     QWidget::changeEvent(event);
     if (event->type() == QEvent::LanguageChange)
         retranslate();
+    if (event->type() == QEvent::FontChange)
+        setFonts();
+}
+
+void CloudDocToolBar::setFonts()
+{
+    QFont large = font();
+    large.setPointSizeF(large.pointSizeF() * 1.15);
+    m_crumbs->setFont(large);
 }
 
 void CloudDocToolBar::retranslate()

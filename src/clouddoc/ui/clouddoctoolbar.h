@@ -35,6 +35,7 @@ protected:
 private:
     IconButton *buttonFor(QAction *action);
     void retranslate();
+    void setFonts();
     void adapt();
 
     BreadcrumbBar *m_crumbs;

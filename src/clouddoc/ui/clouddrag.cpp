@@ -3,6 +3,7 @@
 #include "kfileiconprovider.h"
 #include "klitestyle.h"
 #include "kskin.h"
+#include "widgets/filedrag.h"
 #include "widgets/nametext.h"
 #include "widgets/rowpaint.h"
 
@@ -10,10 +11,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QLocale>
 #include <QMimeData>
 #include <QPainter>
-#include <QSysInfo>
 #include <QUrl>
 
 namespace zel::clouddoc {
@@ -23,24 +22,6 @@ namespace {
 QString itemsFormat()
 {
     return QStringLiteral("application/x-zelbox-cloud-items");
-}
-
-bool isOfThisHost(const QUrl &url)
-{
-    const QString host = url.host();
-    return host.isEmpty() || host == QLatin1String("localhost")
-        || host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
-}
-
-void paintCount(QPainter *painter, const QPoint &corner, int height, const QString &count)
-{
-    const int width = qMax(height, painter->fontMetrics().horizontalAdvance(count) + height / 2);
-    const QRect bubble(corner.x() - width, corner.y(), width, height);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(KSkin::color(KSkin::Color::Accent));
-    painter->drawRoundedRect(bubble, height / 2.0, height / 2.0);
-    painter->setPen(KSkin::color(KSkin::Color::OnAccent));
-    painter->drawText(bubble, Qt::AlignCenter | Qt::TextSingleLine, count);
 }
 
 } // namespace
@@ -76,30 +57,36 @@ CarriedItems itemsOf(const QMimeData *data)
 
 QStringList localFiles(const QMimeData *data)
 {
-    QStringList paths;
-    if (!data || data->hasFormat(itemsFormat()))
-        return paths;
-    const QList<QUrl> urls = data->urls();
-    for (const QUrl &url : urls) {
-        if (!url.isLocalFile() || !isOfThisHost(url))
-            continue;
-        QUrl here = url;
-        here.setHost({});
-        paths << here.toLocalFile();
-    }
-    paths.removeAll({});
-    paths.removeDuplicates();
-    return paths;
+    return data && data->hasFormat(itemsFormat()) ? QStringList() : zel::localFiles(data);
 }
+
+namespace {
+
+struct Dragged
+{
+    const QMimeData *data = nullptr; // never looked into
+    CarriedItems items;
+    bool files = false;
+};
+
+// Read when the drag comes and when it falls only: each reading waits for the program that it comes from.
+const Dragged &dragged(const QDropEvent *event)
+{
+    static Dragged known;
+    if (event->type() != QEvent::DragMove || known.data != event->mimeData())
+        known = {event->mimeData(), itemsOf(event->mimeData()), !localFiles(event->mimeData()).isEmpty()};
+    return known;
+}
+
+} // namespace
 
 // A source that offers to move only would delete the files once we have "taken" them.
 bool acceptDrag(QDropEvent *event, const QString &folderId)
 {
-    const CarriedItems items = itemsOf(event->mimeData());
+    const auto &[data, items, files] = dragged(event);
     const bool moves = !items.ids.isEmpty() && items.folderId != folderId && !items.ids.contains(folderId)
         && event->possibleActions().testFlag(Qt::MoveAction);
-    const bool copies =
-        event->possibleActions().testFlag(Qt::CopyAction) && !localFiles(event->mimeData()).isEmpty();
+    const bool copies = event->possibleActions().testFlag(Qt::CopyAction) && files;
     if (!moves && !copies)
         return false;
     event->setDropAction(moves ? Qt::MoveAction : Qt::CopyAction);
@@ -134,7 +121,7 @@ QPixmap dragPixmap(const QString &name, bool isFolder, int count, const QFont &f
     painter.setPen(KSkin::color(KSkin::Color::Text));
     zel::paintTextLine(&painter, card.adjusted(2 * margin + icon, 0, 0, 0), metrics, text);
     if (count > 1)
-        paintCount(&painter, {size.width(), 0}, bubble, QLocale().toString(count));
+        paintDragCount(&painter, {size.width(), 0}, bubble, count);
     return pixmap;
 }
 

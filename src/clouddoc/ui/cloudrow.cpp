@@ -1,6 +1,7 @@
 #include "clouddoc/ui/cloudrow.h"
 
 #include "base/clock.h"
+#include "base/sizetext.h"
 #include "clouddoc/clouddocmodel.h"
 #include "widgets/nametext.h"
 
@@ -68,7 +69,7 @@ CloudRow CloudRow::of(const QModelIndex &index)
     if (document.modifiedAt > 0)
         row.time = timeText(QDateTime::fromMSecsSinceEpoch(document.modifiedAt), zel::now());
     if (!document.folder)
-        row.size = sizeText(document.size);
+        row.size = zel::sizeText(document.size);
     QStringList details{row.time, row.size};
     details.removeAll({});
     row.detail = details.join(QStringLiteral(" · "));
@@ -124,17 +125,6 @@ QString timeText(const QDateTime &time, const QDateTime &now)
     if (date.year() == today.year())
         return QLocale().toString(date, RowTexts::tr("d MMMM", "format of a date within this year"));
     return date.toString(QStringLiteral("yyyy-MM-dd"));
-}
-
-QString sizeText(qint64 bytes)
-{
-    if (bytes < 0)
-        return {};
-    qreal value = bytes;
-    while (value >= 1024)
-        value /= 1024;
-    const int decimals = bytes >= 1024 && value < 10 ? 1 : 0;
-    return QLocale().formattedDataSize(bytes, decimals, QLocale::DataSizeTraditionalFormat);
 }
 
 QString remainingText(qint64 seconds)

@@ -47,9 +47,6 @@ namespace zel::clouddoc {
 /// invalid time. GUI thread (translated, locale).
 QString timeText(const QDateTime &time, const QDateTime &now);
 
-/// "512 bytes", "12 KB"; empty for a size that is not known (below 0). GUI thread (locale).
-QString sizeText(qint64 bytes);
-
 /// "less than a minute left", "3 minutes left", "2 hours left"; empty when that is not known (0 or less).
 QString remainingText(qint64 seconds);
 

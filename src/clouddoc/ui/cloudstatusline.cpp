@@ -1,22 +1,21 @@
 #include "clouddoc/ui/cloudstatusline.h"
 
+#include "base/sizetext.h"
 #include "clouddoc/ui/cloudrow.h"
 #include "klitestyle.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLocale>
-
-using zel::clouddoc::sizeText;
 
 static constexpr int RoomForSpace = 420;
 
 CloudStatusLine::CloudStatusLine(QWidget *parent)
     : QWidget(parent), m_counts(new QLabel(this)), m_space(new QLabel(this))
 {
-    const QFont small = CloudRowFonts(font()).small;
+    setFonts();
     for (QLabel *label : {m_counts, m_space}) {
-        label->setFont(small);
         label->setForegroundRole(QPalette::PlaceholderText);
         label->setTextFormat(Qt::PlainText);
     }
@@ -26,6 +25,20 @@ CloudStatusLine::CloudStatusLine(QWidget *parent)
     layout->addWidget(m_space);
 }
 
+void CloudStatusLine::setFonts()
+{
+    const QFont small = CloudRowFonts(font()).small;
+    m_counts->setFont(small);
+    m_space->setFont(small);
+}
+
+void CloudStatusLine::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        setFonts();
+}
+
 void CloudStatusLine::setCounts(int shown, int selected, qint64 selectedBytes)
 {
     QString text = selected > 0
@@ -33,15 +46,15 @@ void CloudStatusLine::setCounts(int shown, int selected, qint64 selectedBytes)
         : shown > 0 ? tr("%n item(s)", nullptr, shown)
                     : QString();
     if (selected > 0 && selectedBytes > 0)
-        text += QStringLiteral(" · ") + sizeText(selectedBytes);
+        text += QStringLiteral(" · ") + zel::sizeText(selectedBytes);
     m_counts->setText(text);
 }
 
 void CloudStatusLine::setSpace(qint64 used, qint64 total)
 {
     m_space->setText(used < 0 ? QString()
-            : total > 0       ? tr("%1 of %2 used").arg(sizeText(used), sizeText(total))
-                              : tr("%1 used").arg(sizeText(used)));
+            : total > 0       ? tr("%1 of %2 used").arg(zel::sizeText(used), zel::sizeText(total))
+                              : tr("%1 used").arg(zel::sizeText(used)));
 }
 
 void CloudStatusLine::resizeEvent(QResizeEvent *event)

@@ -17,8 +17,11 @@ public:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
 private:
+    void setFonts();
+
     QLabel *m_counts;
     QLabel *m_space;
 };

@@ -1,6 +1,7 @@
 #include "clouddoc/ui/conflictdialog.h"
 
 #include "base/clock.h"
+#include "base/sizetext.h"
 #include "clouddoc/ui/cloudrow.h"
 
 #include <QDialogButtonBox>
@@ -38,17 +39,21 @@ void ConflictDialog::explain(CloudDocLogic::Operation operation, const CloudConf
             names << headingName(conflict.name);
         if (const int more = conflicts.size() - MostNames; more > 0)
             names << tr("and %n more", nullptr, more);
-        addText(names.join(QLatin1Char('\n')));
+        addText(names.join(QLatin1Char('\n')))->setTextFormat(Qt::PlainText);
     } else if (first.existing.modifiedAt > 0 && !first.existing.folder) {
         const QDateTime time = QDateTime::fromMSecsSinceEpoch(first.existing.modifiedAt);
         addText(tr("The file that is there: %1, changed %2.", "size, time")
-                    .arg(zel::clouddoc::sizeText(first.existing.size),
-                        zel::clouddoc::timeText(time, zel::now())));
+                    .arg(zel::sizeText(first.existing.size), zel::clouddoc::timeText(time, zel::now())));
     }
     if (conflicts.size() == 1 && !first.suggestedName.isEmpty())
-        addText(tr("Keep Both gives the new one the name “%1”.").arg(headingName(first.suggestedName)));
-    if (operation != CloudDocLogic::Operation::Download)
+        addText(tr("Keep Both gives the new one the name “%1”.").arg(headingName(first.suggestedName)))
+            ->setTextFormat(Qt::PlainText);
+    if (operation == CloudDocLogic::Operation::Download)
+        addText(tr("Replace overwrites the files that are there; folders are merged."));
+    else if (operation == CloudDocLogic::Operation::Upload)
         addText(tr("Replace moves files that are there to the recycle bin; folders are merged."));
+    else
+        addText(tr("Replace moves what is there to the recycle bin."));
 }
 
 void ConflictDialog::addChoice(const QString &text, CloudNameChoice choice, bool preferred)

@@ -19,6 +19,7 @@ CrumbButton::CrumbButton(const QString &folderId, const QString &name, QWidget *
     : QAbstractButton(parent), m_folderId(folderId)
 {
     setText(zel::plainLine(name));
+    setShortcut({}); // of the folder "R&D"
     setAccessibleName(text());
     setFocusPolicy(Qt::TabFocus);
     setAttribute(Qt::WA_Hover);

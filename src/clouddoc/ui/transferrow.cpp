@@ -1,5 +1,6 @@
 #include "clouddoc/ui/transferrow.h"
 
+#include "base/sizetext.h"
 #include "clouddoc/ui/cloudproblemtext.h"
 #include "clouddoc/ui/cloudrow.h"
 #include "klitestyle.h"
@@ -22,11 +23,11 @@ QString runningText(const CloudTransfer &transfer)
     QStringList parts;
     if (transfer.totalBytes > 0)
         parts << Texts::tr("%1 of %2", "bytes done of bytes in all")
-                     .arg(sizeText(transfer.doneBytes), sizeText(transfer.totalBytes));
+                     .arg(zel::sizeText(transfer.doneBytes), zel::sizeText(transfer.totalBytes));
     else
-        parts << sizeText(transfer.doneBytes);
+        parts << zel::sizeText(transfer.doneBytes);
     if (transfer.bytesPerSecond > 0)
-        parts << Texts::tr("%1/s").arg(sizeText(transfer.bytesPerSecond));
+        parts << Texts::tr("%1/s").arg(zel::sizeText(transfer.bytesPerSecond));
     parts << remainingText(transfer.remainingMs < 0 ? 0 : qMax<qint64>(1, transfer.remainingMs / 1000));
     parts.removeAll({});
     return parts.join(QStringLiteral(" · "));

@@ -12,6 +12,7 @@
 #include "clouddoc/ui/transferpanel.h"
 #include "klitestyle.h"
 #include "kskin.h"
+#include "widgets/boxdialog.h"
 #include "widgets/noticebar.h"
 
 #include <QApplication>
@@ -26,6 +27,12 @@ using Logic = CloudDocLogic;
 
 // A folder that is read this fast follows the one before without anything in between.
 static constexpr int QuickLoad = 150; // ms
+
+static constexpr int UndoTime = 10000; // ms
+
+// The sizes of very many selected rows are not added up again at each of many changes.
+static constexpr int MostCountedAtOnce = 1000;
+static constexpr int CountPause = 200; // ms
 
 ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *parent)
     : QWidget(parent),
@@ -52,6 +59,8 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
         m_loadsLong = true;
         updateState();
     });
+    m_countSoon.setSingleShot(true);
+    connect(&m_countSoon, &QTimer::timeout, this, &ZelBoxCloudDocWidget::showCounts);
     setAcceptDrops(true);
     setAccessibleName(tr("Cloud documents"));
     m_toolBar->crumbs()->setCrumbs(namedCrumbs({}));
@@ -97,14 +106,13 @@ void ZelBoxCloudDocWidget::connectLogic()
 void ZelBoxCloudDocWidget::connectView()
 {
     using View = CloudDocListView;
-    const auto move = [this](const QString &folder, const QStringList &ids) { m_logic->move(ids, folder); };
     connect(m_view, &View::activated, this, &ZelBoxCloudDocWidget::openSelected);
     connect(m_view, &View::customContextMenuRequested, this, &ZelBoxCloudDocWidget::showMenu);
     connect(m_view, &View::sigUpRequested, m_actions->up, &QAction::trigger);
     connect(m_view, &View::sigSelectionChanged, this, &ZelBoxCloudDocWidget::updateActions);
-    connect(m_view, &View::sigItemsDropped, this, move);
+    connect(m_view, &View::sigItemsDropped, this, &ZelBoxCloudDocWidget::move);
     connect(m_view, &View::sigFilesDropped, this, &ZelBoxCloudDocWidget::upload);
-    connect(m_toolBar->crumbs(), &BreadcrumbBar::sigItemsDropped, this, move);
+    connect(m_toolBar->crumbs(), &BreadcrumbBar::sigItemsDropped, this, &ZelBoxCloudDocWidget::move);
     connect(m_toolBar->crumbs(), &BreadcrumbBar::sigFilesDropped, this, &ZelBoxCloudDocWidget::upload);
     CloudDocDelegate *delegate = m_view->rowDelegate();
     connect(delegate, &CloudDocDelegate::sigRenameRequested, m_logic, &Logic::rename);
@@ -115,10 +123,7 @@ void ZelBoxCloudDocWidget::connectView()
     connect(m_states, &CloudDocStates::newFolderWanted, this, &ZelBoxCloudDocWidget::makeFolder);
     connect(m_states, &CloudDocStates::retryWanted, m_logic, &Logic::reload);
     connect(m_states, &CloudDocStates::clearFilterWanted, this, [this] {
-        if (m_host)
-            m_host->clearFilter();
-        else
-            setFilterText({});
+        clearFilter();
         m_view->setFocus(Qt::OtherFocusReason);
     });
     connect(
@@ -202,19 +207,27 @@ void ZelBoxCloudDocWidget::onReady()
 void ZelBoxCloudDocWidget::updateActions()
 {
     CloudDocActions::Situation now;
-    const QStringList ids = m_view->selectedIds();
-    qint64 bytes = 0;
-    for (const QString &id : ids) {
-        const CloudDocument *document = m_logic->documents()->find(id);
-        bytes += document ? document->size : 0;
+    now.selected = m_view->selectedCount();
+    if (now.selected == 1) {
+        const CloudDocument *document = m_logic->documents()->find(m_view->selectedIds().constFirst());
         now.local = document && !document->localPath.isEmpty();
     }
-    now.selected = ids.size();
     now.inFolder = m_logic->state() == Logic::State::Ready;
     now.canGoBack = m_logic->canGoBack();
     now.canGoForward = m_logic->canGoForward();
     now.canGoUp = m_logic->canGoUp();
     m_actions->update(now);
+    if (!m_countSoon.isActive())
+        m_countSoon.start(now.selected > MostCountedAtOnce ? CountPause : 0);
+}
+
+void ZelBoxCloudDocWidget::showCounts()
+{
+    const QStringList ids = m_view->selectedIds();
+    qint64 bytes = 0;
+    for (const QString &id : ids)
+        if (const CloudDocument *document = m_logic->documents()->find(id))
+            bytes += document->size;
     m_status->setCounts(m_logic->documents()->rowCount(), ids.size(), bytes);
 }
 
@@ -223,6 +236,33 @@ void ZelBoxCloudDocWidget::updateTransfers()
     const CloudTransferModel &transfers = *m_logic->transfers();
     m_toolBar->transferButton()->setProgress(
         transfers.activeCount(), transfers.totalPercent(), m_failedTransfers);
+}
+
+void ZelBoxCloudDocWidget::tellProblem(const QString &text)
+{
+    m_notice->showText(text, NoticeBar::Tone::Problem);
+}
+
+void ZelBoxCloudDocWidget::onTrashed(int count, const QString &firstName)
+{
+    const QString text = count == 1 ? tr("“%1” is in the recycle bin.").arg(BoxDialog::headingName(firstName))
+                                    : tr("%n item(s) are in the recycle bin.", nullptr, count);
+    m_notice->showAction(text, tr("Undo"), NoticeBar::Tone::Info, UndoTime);
+}
+
+void ZelBoxCloudDocWidget::onOperationFailed(Logic::Operation operation, CloudProblem problem, int count)
+{
+    m_view->rowDelegate()->forgetNewNames();
+    m_view->viewport()->update();
+    if (operation == Logic::Operation::Download)
+        m_openNext.clear();
+    const QString text = failureText(operation, problem, count);
+    if (operation == Logic::Operation::Trash && m_logic->canUndoTrash()) // of what was done
+        m_notice->showAction(text, tr("Undo"), NoticeBar::Tone::Problem, UndoTime);
+    else if (operation == Logic::Operation::UndoTrash && m_logic->canUndoTrash())
+        m_notice->showAction(text, tr("Retry"), NoticeBar::Tone::Problem, UndoTime);
+    else
+        tellProblem(text);
 }
 
 // Only our own clipboard is looked at: to ask another program means to wait for it.
@@ -239,6 +279,13 @@ void ZelBoxCloudDocWidget::setFilterText(const QString &text)
     m_logic->documents()->setFilterText(text);
     m_view->scrollToTop(); // the first hits are what was looked for
     updateState();
+}
+
+void ZelBoxCloudDocWidget::clearFilter()
+{
+    if (m_host)
+        m_host->clearFilter();
+    setFilterText({});
 }
 
 // Not by a focus proxy: the Tab key would never come to what was made before the list.

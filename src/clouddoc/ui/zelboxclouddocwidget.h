@@ -58,7 +58,9 @@ private:
     void updateState();
     void keepForAMoment();
     void updateActions();
+    void showCounts();
     void updateTransfers();
+    void clearFilter();
     void onFolderChanged();
     void onReady();
     void onClipboardChanged();
@@ -77,6 +79,7 @@ private:
     void downloadSelected();
     void carry(bool cut);
     void paste();
+    void move(const QString &folderId, const QStringList &ids);
     void moveSelected();
     void renameCurrent();
     void makeFolder();
@@ -98,7 +101,8 @@ private:
     CloudStatusLine *m_status;
     TransferPanel *m_panel;
     BoxPageHost *m_host = nullptr;
-    QTimer m_loadingSoon;           // until it is over, what was on view stays
+    QTimer m_loadingSoon; // until it is over, what was on view stays
+    QTimer m_countSoon;
     QSet<QString> m_openNext;       // items that are being downloaded to be opened
     QSet<QString> m_opening;        // paths that the opener has
     bool m_failedTransfers = false; // since the user looked

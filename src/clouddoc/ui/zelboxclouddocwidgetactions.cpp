@@ -29,7 +29,6 @@ using Logic = CloudDocLogic;
 
 namespace {
 
-constexpr int UndoTime = 10000; // ms
 constexpr int MostOpenedAtOnce = 10;
 
 QString downloadFolder()
@@ -57,7 +56,11 @@ void ZelBoxCloudDocWidget::connectActions()
     on(m_actions->paste, [this] { paste(); });
     on(m_actions->moveTo, [this] { moveSelected(); });
     on(m_actions->rename, [this] { renameCurrent(); });
-    on(m_actions->trash, [this] { m_logic->trash(m_view->selectedIds()); });
+    on(m_actions->trash, [this] {
+        const QStringList ids = m_view->selectedIds();
+        m_view->setLeaving(ids);
+        m_logic->trash(ids);
+    });
 }
 
 void ZelBoxCloudDocWidget::connectResults()
@@ -73,10 +76,15 @@ void ZelBoxCloudDocWidget::connectResults()
     connect(m_logic, &Logic::folderGone, this, [this](const QString &name) {
         tellProblem(tr("The folder “%1” is no longer there.").arg(BoxDialog::headingName(name)));
     });
+    connect(m_logic, &Logic::readingFailed, this,
+        [this](CloudProblem problem) { tellProblem(problemText(problem)); });
     connect(m_logic, &Logic::transfersStarted, this, [this] { m_panel->setOpen(true); });
     connect(m_logic, &Logic::transferEnded, this, &ZelBoxCloudDocWidget::onTransferEnded);
     connect(m_notice, &NoticeBar::actionTriggered, m_logic, &Logic::undoTrash);
-    connect(m_offline, &NoticeBar::actionTriggered, m_logic, &Logic::reload);
+    connect(m_offline, &NoticeBar::actionTriggered, this, [this] {
+        m_stale = false; // it is told again when this does not help
+        m_logic->reload();
+    });
     connect(KDocumentOpener::instance(), &KDocumentOpener::opened, this, &ZelBoxCloudDocWidget::onOpened);
 
     TransferButton *button = m_toolBar->transferButton();
@@ -93,27 +101,6 @@ void ZelBoxCloudDocWidget::connectResults()
     connect(transfers, &TransferListView::sigOpenRequested, this, [this](const QModelIndex &index) {
         openLocal(index.data(CloudTransferModel::LocalPathRole).toString());
     });
-}
-
-void ZelBoxCloudDocWidget::tellProblem(const QString &text)
-{
-    m_notice->showText(text, NoticeBar::Tone::Problem);
-}
-
-void ZelBoxCloudDocWidget::onTrashed(int count, const QString &firstName)
-{
-    const QString text = count == 1 ? tr("“%1” is in the recycle bin.").arg(BoxDialog::headingName(firstName))
-                                    : tr("%n item(s) are in the recycle bin.", nullptr, count);
-    m_notice->showAction(text, tr("Undo"), NoticeBar::Tone::Info, UndoTime);
-}
-
-void ZelBoxCloudDocWidget::onOperationFailed(Logic::Operation operation, CloudProblem problem, int count)
-{
-    m_view->rowDelegate()->forgetNewNames();
-    m_view->viewport()->update();
-    if (operation == Logic::Operation::Download)
-        m_openNext.clear();
-    tellProblem(failureText(operation, problem, count));
 }
 
 void ZelBoxCloudDocWidget::openSelected()
@@ -241,9 +228,19 @@ void ZelBoxCloudDocWidget::paste()
         const bool beside = items.folderId == folder;
         return m_logic->copy(items.ids, folder, beside ? CloudNameChoice::KeepBoth : CloudNameChoice::Ask);
     }
+    const CloudCrumbs way = m_logic->crumbs();
+    if (std::any_of(
+            way.cbegin(), way.cend(), [&](const CloudCrumb &one) { return items.ids.contains(one.id); }))
+        return tellProblem(tr("A folder cannot be moved into itself."));
     QApplication::clipboard()->clear();
     if (items.folderId != folder)
         m_logic->move(items.ids, folder);
+}
+
+void ZelBoxCloudDocWidget::move(const QString &folderId, const QStringList &ids)
+{
+    m_view->setLeaving(ids);
+    m_logic->move(ids, folderId);
 }
 
 void ZelBoxCloudDocWidget::moveSelected()
@@ -256,7 +253,7 @@ void ZelBoxCloudDocWidget::moveSelected()
     auto *dialog = new MoveDialog(m_proxy, ids, first->name, mayMove, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &MoveDialog::folderChosen, m_logic,
-        [this, ids](const QString &folder) { m_logic->move(ids, folder); });
+        [this, ids](const QString &folder) { move(folder, ids); });
     dialog->openFolder(m_logic->folderId());
     dialog->open();
 }
@@ -269,7 +266,7 @@ void ZelBoxCloudDocWidget::renameCurrent()
 
 void ZelBoxCloudDocWidget::makeFolder()
 {
-    setFilterText({}); // else it might not be seen
+    clearFilter(); // else it might not be seen
     m_logic->createFolder(m_logic->freeFolderName(tr("New Folder")));
 }
 

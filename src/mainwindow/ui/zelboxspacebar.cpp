@@ -1,11 +1,11 @@
 #include "mainwindow/ui/zelboxspacebar.h"
 
+#include "base/sizetext.h"
 #include "klitestyle.h"
 #include "mainwindow/cloudspace.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QStackedLayout>
@@ -56,12 +56,9 @@ ZelBoxLoginSpaceWidget::ZelBoxLoginSpaceWidget(QWidget *parent)
 
 void ZelBoxLoginSpaceWidget::setAccount(const CloudSpace &space)
 {
-    const auto sizeText = [](qint64 bytes) {
-        return QLocale().formattedDataSize(qMax<qint64>(0, bytes), 0, QLocale::DataSizeSIFormat);
-    };
-    const QString used = sizeText(space.usedBytes());
+    const QString used = zel::sizeText(qMax<qint64>(0, space.usedBytes()));
     const qint64 total = space.totalBytes();
-    const QString free = sizeText(total - space.usedBytes());
+    const QString free = zel::sizeText(qMax<qint64>(0, total - space.usedBytes()));
     const QString title = space.isLocalAccount() ? tr("On this computer") : space.accountName();
     m_name->setText(m_name->fontMetrics().elidedText(title, Qt::ElideRight, KLiteStyle::dpiScaled(150)));
     m_name->setToolTip(space.accountName());

@@ -14,8 +14,8 @@ constexpr int SpaceL = 16;  ///< from the edge of a page or card to its content
 constexpr int SpaceXL = 24; ///< from the edge of a dialog; between sections
 
 // Corners.
-constexpr qreal RadiusSmall = 4; ///< check boxes, rows, menu items
-constexpr qreal Radius = 6;      ///< buttons, fields, notices, navigation
+constexpr qreal RadiusSmall = 4; ///< check boxes, rows of plain lists, menu items
+constexpr qreal Radius = 6;      ///< buttons, fields, notices, navigation, rows of documents
 constexpr qreal RadiusLarge = 8; ///< cards, popups
 
 // Heights and widths.

@@ -3,12 +3,11 @@
 #include "klitestyle.h"
 #include "kskin.h"
 #include "recentfile/ui/recentrowpainter.h"
+#include "widgets/filedrag.h"
 
 #include <QDropEvent>
-#include <QLocale>
 #include <QMimeData>
 #include <QPainter>
-#include <QSysInfo>
 #include <QUrl>
 
 namespace zel::recent {
@@ -23,24 +22,6 @@ void paintCard(QPainter *painter, const QRectF &card)
     painter->setBrush(KSkin::color(KSkin::Color::Surface));
     const qreal radius = KLiteStyle::dpiScaledF(6);
     painter->drawRoundedRect(card.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-}
-
-void paintCount(QPainter *painter, const QPoint &corner, int height, const QString &count)
-{
-    const int width = qMax(height, painter->fontMetrics().horizontalAdvance(count) + height / 2);
-    const QRect bubble(corner.x() - width, corner.y(), width, height);
-    painter->setPen(Qt::NoPen);
-    painter->setBrush(KSkin::color(KSkin::Color::Accent));
-    painter->drawRoundedRect(bubble, height / 2.0, height / 2.0);
-    painter->setPen(KSkin::color(KSkin::Color::OnAccent));
-    painter->drawText(bubble, Qt::AlignCenter | Qt::TextSingleLine, count);
-}
-
-bool isOfThisHost(const QUrl &url)
-{
-    const QString host = url.host();
-    return host.isEmpty() || host == QLatin1String("localhost")
-        || host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
 }
 
 } // namespace
@@ -83,26 +64,8 @@ QPixmap dragPixmap(RecentRow row, int count, const QFont &font, qreal ratio)
         card.adjusted(2 * margin + icon, 0, 0, 0), Qt::AlignVCenter | Qt::TextSingleLine, row.name);
     painter.setFont(fonts.small);
     if (count > 1)
-        paintCount(&painter, {size.width(), 0}, bubble, QLocale().toString(count));
+        paintDragCount(&painter, {size.width(), 0}, bubble, count);
     return pixmap;
-}
-
-QStringList localFiles(const QMimeData *data)
-{
-    QStringList paths;
-    if (!data)
-        return paths;
-    const QList<QUrl> urls = data->urls();
-    for (const QUrl &url : urls) {
-        if (!url.isLocalFile() || !isOfThisHost(url))
-            continue;
-        QUrl here = url;
-        here.setHost({});
-        paths << here.toLocalFile();
-    }
-    paths.removeAll({});
-    paths.removeDuplicates();
-    return paths;
 }
 
 // A source that offers to move only would delete the files once we have "taken" them.

@@ -19,9 +19,6 @@ std::unique_ptr<QMimeData> fileMimeData(const QStringList &paths);
 /// What the pointer carries: icon and name of `row`, which is one of `count` files.
 QPixmap dragPixmap(RecentRow row, int count, const QFont &font, qreal ratio);
 
-/// Paths of the local files in `data`, each once; nothing that lies on another host.
-QStringList localFiles(const QMimeData *data);
-
 /// Whether another program offers local files that it lets us have without giving them away.
 bool isAcceptable(const QDropEvent *event);
 

@@ -1,5 +1,6 @@
 #include "recentfile/ui/recentfiledelegate.h"
 
+#include "base/sizetext.h"
 #include "recentfile/recentfilemodel.h"
 
 #include <QAbstractItemView>
@@ -77,7 +78,7 @@ QString ZelBoxRecentFileDelegate::toolTip(const QModelIndex &index) const
             : path);
     lines << labelled(m_texts.value(QStringLiteral("text-time")),
         QLocale().toString(index.data(Model::LastAccessRole).toDateTime(), QLocale::LongFormat));
-    if (const QString size = sizeText(index.data(Model::SizeRole).toLongLong()); !size.isEmpty())
+    if (const QString size = zel::sizeText(index.data(Model::SizeRole).toLongLong()); !size.isEmpty())
         lines << labelled(tr("Size"), size);
     if (const QString device = index.data(Model::DeviceNameRole).toString(); !device.isEmpty())
         lines << labelled(tr("Device"), plainLine(device));

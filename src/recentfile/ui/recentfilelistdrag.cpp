@@ -3,6 +3,7 @@
 #include "recentfile/ui/recentdrag.h"
 #include "recentfile/ui/recentfiledelegate.h"
 #include "recentfile/ui/recentfilelistview.h"
+#include "widgets/filedrag.h"
 
 #include <QDrag>
 #include <QDragEnterEvent>
@@ -82,7 +83,7 @@ void View::dropEvent(QDropEvent *event)
     }
     event->setDropAction(event->possibleActions() & Qt::CopyAction ? Qt::CopyAction : Qt::LinkAction);
     event->accept();
-    Q_EMIT sigFilesDropped(zel::recent::localFiles(event->mimeData()));
+    Q_EMIT sigFilesDropped(zel::localFiles(event->mimeData()));
 }
 
 void View::setDropFrame(bool shown)

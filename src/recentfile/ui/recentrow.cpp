@@ -1,11 +1,11 @@
 #include "recentfile/ui/recentrow.h"
 
+#include "base/sizetext.h"
 #include "recentfile/recentfilemodel.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
-#include <QLocale>
 #include <QModelIndex>
 
 using namespace zel::recent;
@@ -41,7 +41,7 @@ QString detailText(const QModelIndex &index, RecentDetail detail, const QString 
     case RecentDetail::Time:
         return {};
     case RecentDetail::Size:
-        return sizeText(index.data(Model::SizeRole).toLongLong());
+        return zel::sizeText(index.data(Model::SizeRole).toLongLong());
     case RecentDetail::Type:
         return typeText(name);
     }
@@ -120,14 +120,6 @@ RecentCell RecentRow::fit(const QRect &rect, const RecentRowFonts &fonts, bool b
 }
 
 namespace zel::recent {
-
-QString sizeText(qint64 bytes)
-{
-    if (bytes < 0)
-        return {};
-    const int decimals = bytes >= 1024 && bytes < 10 * 1024 ? 1 : 0;
-    return QLocale().formattedDataSize(bytes, decimals, QLocale::DataSizeTraditionalFormat);
-}
 
 QString typeText(const QString &name)
 {

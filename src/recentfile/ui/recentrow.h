@@ -49,9 +49,6 @@ private:
 
 namespace zel::recent {
 
-/// "512 bytes", "12 KB"; empty for a size that is not known. GUI thread (locale).
-QString sizeText(qint64 bytes);
-
 /// What kind of file the name promises, "DOCX"; empty for a name without suffix.
 QString typeText(const QString &name);
 

@@ -2,6 +2,7 @@
 
 #include "kfileiconprovider.h"
 #include "klitestyle.h"
+#include "klook.h"
 #include "kskin.h"
 #include "kthumbnailcache.h"
 #include "widgets/rowpaint.h"
@@ -15,14 +16,20 @@ namespace {
 
 using Button = RecentCell::Button;
 
-void paintBadge(QPainter *painter, const QRect &rect, const RecentRowFonts &fonts, const RecentRow &row)
+// On the ground of a selected row the text would be too weak.
+void paintBadge(QPainter *painter, const QRect &rect, const RecentRowFonts &fonts, const RecentRow &row,
+    const RecentRowOption &option)
 {
     const QColor color = KSkin::color(row.missing ? KSkin::Color::TextSecondary : KSkin::Color::Accent);
-    QColor ground = color;
-    ground.setAlphaF(0.14);
+    QColor tint = color;
+    tint.setAlphaF(look::SoftTint);
+    const qreal radius = rect.height() / 2.0;
     painter->setPen(Qt::NoPen);
-    painter->setBrush(ground);
-    painter->drawRoundedRect(rect, rect.height() / 2.0, rect.height() / 2.0);
+    painter->setBrush(KSkin::color(KSkin::Color::Surface));
+    if (option.state.testFlag(QStyle::State_Selected))
+        painter->drawRoundedRect(rect, radius, radius);
+    painter->setBrush(tint);
+    painter->drawRoundedRect(rect, radius, radius);
     painter->setPen(color);
     paintTextLine(painter, rect.adjusted(fonts.cell.badgePadding, 0, 0, 0), fonts.smallMetrics, row.badge);
 }
@@ -73,7 +80,8 @@ QImage thumbnailOf(const RecentRow &row, int pixels)
     return cache && !row.path.isEmpty() && !row.missing ? cache->thumbnail(row.path, pixels) : QImage();
 }
 
-void paintTexts(QPainter *painter, const RecentRow &row, const RecentCell &cell, const RecentRowFonts &fonts)
+void paintTexts(QPainter *painter, const RecentRow &row, const RecentCell &cell, const RecentRowFonts &fonts,
+    const RecentRowOption &option)
 {
     const QColor quiet = KSkin::color(row.missing ? KSkin::Color::TextDisabled : KSkin::Color::TextSecondary);
     painter->setFont(fonts.name);
@@ -92,7 +100,7 @@ void paintTexts(QPainter *painter, const RecentRow &row, const RecentCell &cell,
     if (!cell.cloud.isNull())
         paintGlyph(painter, cell.cloud, QStringLiteral(":/icons_svg/row_cloud.svg"), quiet);
     if (!cell.badge.isNull())
-        paintBadge(painter, cell.badge, fonts, row);
+        paintBadge(painter, cell.badge, fonts, row, option);
 }
 
 } // namespace
@@ -120,7 +128,7 @@ void paintRow(QPainter *painter, const RecentRow &row, const RecentCell &cell, c
     painter->setRenderHint(QPainter::Antialiasing);
     paintRowGround(painter, cell.ground, option);
     paintFileIcon(painter, cell.icon, row);
-    paintTexts(painter, row, cell, fonts);
+    paintTexts(painter, row, cell, fonts, option);
     for (const Button button : {Button::Share, Button::More}) {
         if (const QRect rect = cell.rectOf(button); !rect.isNull())
             paintButton(painter, rect, button, option);

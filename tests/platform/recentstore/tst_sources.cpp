@@ -115,6 +115,21 @@ private Q_SLOTS:
         QTRY_COMPARE(store.shown(), QStringLiteral("a:32"));
     }
 
+    // In the background nobody has asked for the list yet.
+    void clearedBeforeAnythingWasRead()
+    {
+        Home home;
+        QVERIFY(home.setDesktop({{A, 1, {}}}));
+        Store store(home);
+        QSignalSpy cleared(&store.events, &KRecentFileEvents::historyCleared);
+        store.proxy.clearHistory(false);
+        QVERIFY(cleared.wait());
+        QVERIFY(!contentOf(home.places.desktopList).contains("nowhere"));
+        QCOMPARE(store.initFinished.size(), 0);
+        QVERIFY(store.load());
+        QCOMPARE(store.shown(), QString());
+    }
+
     void aListThatCannotBeWritten()
     {
         Home home;

@@ -95,6 +95,17 @@ private Q_SLOTS:
         }
     }
 
+    // Badges stand on the grounds of rows, but never on that of a selected one.
+    void badges()
+    {
+        for (const Color below : {Color::Surface, Color::Hover}) {
+            for (const Color text : {Color::Accent, Color::TextSecondary}) {
+                const QColor ground = mixed(KSkin::color(below), KSkin::color(text), zel::look::SoftTint);
+                verifyText(KSkin::color(text), ground, int(text), int(below));
+            }
+        }
+    }
+
     // What the style really paints under a label.
     void pressedButtons()
     {

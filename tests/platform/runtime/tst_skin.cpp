@@ -148,6 +148,10 @@ private Q_SLOTS:
         QTest::newRow("motion off as text") << one(kde, "AnimationDurationFactor", QStringLiteral("0"))
                                             << DesktopChoices{{}, false, false, 1};
         QTest::newRow("motion fast") << one(kde, "AnimationDurationFactor", 0.25) << DesktopChoices();
+        QTest::newRow("motion of the wrong type")
+            << one(gnome(), "enable-animations", QStringList()) << DesktopChoices();
+        QTest::newRow("contrast of the wrong type") << one(QStringLiteral("org.gnome.desktop.a11y.interface"),
+            "high-contrast", QStringLiteral("no")) << DesktopChoices();
         QTest::newRow("scale out of range")
             << one(gnome(), "text-scaling-factor", 40.0) << DesktopChoices{{}, false, true, 3};
         for (const QVariant &bad :

@@ -1,6 +1,7 @@
 #include "kcoreapplication.h"
 #include "klitestyle.h"
 #include "kskin.h"
+#include "skinstate.h"
 #include "style/busyanimation.h"
 
 #include <QAbstractEventDispatcher>
@@ -156,12 +157,17 @@ private Q_SLOTS:
         bar.installEventFilter(&paints);
         bar.show();
         QTRY_VERIFY(paints.count > 6);
-        bar.hide();
         const auto timers = [] {
             return QAbstractEventDispatcher::instance()->registeredTimers(
                 &zel::style::BusyAnimation::instance());
         };
         QCOMPARE(timers().size(), 1);
+        zel::platform::SkinState::instance().setDesktop({{}, false, false, 1}); // wants no motion
+        QTRY_COMPARE(timers().size(), 0);
+        zel::platform::SkinState::instance().setDesktop({});
+        bar.repaint();
+        QCOMPARE(timers().size(), 1);
+        bar.hide();
         QTRY_COMPARE(timers().size(), 0);
     }
 };

@@ -2,10 +2,10 @@
 
 #include "app/ui/settings/confirmdialog.h"
 #include "app/ui/settings/settingscard.h"
+#include "base/sizetext.h"
 #include "kdocumentopener.h"
 #include "widgets/noticebar.h"
 
-#include <QLocale>
 #include <QPushButton>
 
 using State = CloudAccount::State;
@@ -34,10 +34,9 @@ QString usedText(const CloudSpace &space)
 {
     if (!space.isKnown())
         return CloudSettingsPage::tr("Not known at the moment.");
-    const QLocale locale;
-    const QString used = locale.formattedDataSize(space.usedBytes());
+    const QString used = zel::sizeText(space.usedBytes());
     return space.totalBytes() > 0
-        ? CloudSettingsPage::tr("%1 of %2 used.").arg(used, locale.formattedDataSize(space.totalBytes()))
+        ? CloudSettingsPage::tr("%1 of %2 used.").arg(used, zel::sizeText(space.totalBytes()))
         : CloudSettingsPage::tr("%1 used.").arg(used);
 }
 

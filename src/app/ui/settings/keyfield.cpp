@@ -24,8 +24,13 @@ bool isModifier(int key)
     case Qt::Key_AltGr:
     case Qt::Key_Super_L:
     case Qt::Key_Super_R:
+    case Qt::Key_Hyper_L:
+    case Qt::Key_Hyper_R:
+    case Qt::Key_Mode_switch:
+    case Qt::Key_Multi_key:
     case Qt::Key_CapsLock:
     case Qt::Key_NumLock:
+    case Qt::Key_ScrollLock:
     case Qt::Key_unknown:
     case 0:
         return true;
@@ -51,6 +56,7 @@ Qt::KeyboardModifiers modifiersOf(const QKeyEvent &event)
 KeyField::KeyField(QWidget *parent) : QPushButton(parent)
 {
     setAutoDefault(false);
+    setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed); // narrower where there is no room
     connect(this, &QPushButton::clicked, this, [this] { wait(!m_waiting); });
     showText();
 }

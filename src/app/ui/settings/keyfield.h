@@ -16,6 +16,7 @@ public:
     bool isWaiting() const { return m_waiting; }
 
     QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return QPushButton::sizeHint(); }
 
 Q_SIGNALS:
     void keysChosen(const QKeySequence &keys); ///< empty: none. What is shown changes with setKeys() only.

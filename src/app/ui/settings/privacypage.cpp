@@ -85,7 +85,7 @@ PrivacyPage::PrivacyPage(KCloudSvrProxy *cloud, QWidget *parent)
 void PrivacyPage::fillStorage()
 {
     const QVector<StoragePlace> places = zel::settings::storagePlaces(m_account.folder());
-    if (places.size() == m_places.size())
+    if (places == m_places)
         return;
     m_places = places;
     qDeleteAll(m_rows);

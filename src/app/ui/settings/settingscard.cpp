@@ -9,12 +9,19 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPushButton>
 
 namespace look = zel::look;
 
 namespace {
 
 constexpr int RoomForTexts = 200; // beside the control
+
+// A label with a buddy would make a shortcut of what follows "&".
+QString withoutMnemonic(QString text)
+{
+    return text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+}
 
 QLabel *wrappedLabel(const QString &text, QWidget *parent)
 {
@@ -54,6 +61,10 @@ SettingsRow::SettingsRow(const QString &title, const QString &explanation, QWidg
     m_layout->setSpacing(KLiteStyle::dpiScaled(look::SpaceL));
     m_layout->addWidget(control, 0, Qt::AlignVCenter | Qt::AlignLeft);
     m_title->setBuddy(control);
+    setTitle(title);
+    // Enter elsewhere in the dialog must not press it.
+    if (auto *push = qobject_cast<QPushButton *>(control))
+        push->setAutoDefault(false);
     const auto *button = qobject_cast<const QAbstractButton *>(control);
     const bool saysItself = button && !button->text().isEmpty();
     if (control->accessibleName().isEmpty() && !saysItself)
@@ -64,7 +75,7 @@ SettingsRow::SettingsRow(const QString &title, const QString &explanation, QWidg
 
 void SettingsRow::setTitle(const QString &title)
 {
-    m_title->setText(title);
+    m_title->setText(m_control ? withoutMnemonic(title) : title);
 }
 
 void SettingsRow::setExplanation(const QString &text)

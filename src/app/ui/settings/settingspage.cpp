@@ -37,15 +37,17 @@ QLabel *heading(const QString &text, look::Type type, QWidget *parent)
 SettingsPage::SettingsPage(const QString &title, QWidget *parent)
     : QWidget(parent),
       m_notice(new NoticeBar(this)),
+      m_scroller(new QScrollArea(this)),
       m_content(new QWidget),
       m_body(new QVBoxLayout(m_content)),
       m_cards(new QVBoxLayout)
 {
     const int side = KLiteStyle::dpiScaled(look::SpaceXL);
     auto *top = new QVBoxLayout;
-    top->setContentsMargins(side, KLiteStyle::dpiScaled(20), side, KLiteStyle::dpiScaled(look::SpaceM));
+    top->setContentsMargins(
+        side, KLiteStyle::dpiScaled(look::SpaceL + look::SpaceXS), side, KLiteStyle::dpiScaled(look::SpaceM));
     top->setSpacing(KLiteStyle::dpiScaled(look::SpaceM));
-    top->addWidget(heading(title, look::Type::Display, this));
+    top->addWidget(heading(title, look::Type::Title, this));
     top->addWidget(m_notice);
 
     m_body->setContentsMargins(side, 0, side, side);
@@ -53,31 +55,38 @@ SettingsPage::SettingsPage(const QString &title, QWidget *parent)
     m_body->addLayout(m_cards);
     m_body->addStretch(0);
     m_content->setMaximumWidth(KLiteStyle::dpiScaled(MostWidth) + 2 * side);
-    auto *scroller = new QScrollArea(this);
-    scroller->setFrameShape(QFrame::NoFrame);
-    scroller->setFocusPolicy(Qt::NoFocus); // the controls inside bring themselves into view
-    scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    scroller->setWidgetResizable(true);
-    scroller->setWidget(m_content);
+    m_scroller->setFrameShape(QFrame::NoFrame);
+    m_scroller->setFocusPolicy(Qt::NoFocus); // the controls inside bring themselves into view
+    m_scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroller->setWidgetResizable(true);
+    m_scroller->setWidget(m_content);
 
-    followScrollBar(scroller);
+    followScrollBar();
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
     layout->addLayout(top);
-    layout->addWidget(scroller, 1);
+    layout->addWidget(m_scroller, 1);
 }
 
 // The scroll bar stands in the margin, so that nothing moves when it comes.
-void SettingsPage::followScrollBar(QScrollArea *scroller)
+void SettingsPage::followScrollBar()
 {
-    const QScrollBar *bar = scroller->verticalScrollBar();
+    const QScrollBar *bar = m_scroller->verticalScrollBar();
     connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int, int last) {
         QMargins margins = m_body->contentsMargins();
         margins.setRight(margins.left() - (last > 0 ? bar->sizeHint().width() : 0));
         m_body->setContentsMargins(margins);
     });
+}
+
+// A page that was made just now is laid out later.
+void SettingsPage::lead(QWidget *control)
+{
+    control->setFocus(Qt::TabFocusReason);
+    QMetaObject::invokeMethod(
+        control, [this, control] { m_scroller->ensureWidgetVisible(control); }, Qt::QueuedConnection);
 }
 
 QWidget *SettingsPage::control(const QString &) const

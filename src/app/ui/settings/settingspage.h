@@ -18,6 +18,8 @@ public:
 
     /// The control that a command may name; null: the page has none of this name.
     virtual QWidget *control(const QString &name) const;
+    /// Gives a control() the focus with a ring, and brings it into view.
+    void lead(QWidget *control);
     /// Reads anew what others may have changed: the page was chosen, or the dialog became active.
     virtual void refresh() { }
 
@@ -30,9 +32,10 @@ protected:
     NoticeBar *notice() const { return m_notice; }
 
 private:
-    void followScrollBar(QScrollArea *scroller);
+    void followScrollBar();
 
     NoticeBar *m_notice;
+    QScrollArea *m_scroller;
     QWidget *m_content;
     QVBoxLayout *m_body;
     QVBoxLayout *m_cards; ///< in the body, above what room is left

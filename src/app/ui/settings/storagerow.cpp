@@ -1,12 +1,12 @@
 #include "app/ui/settings/storagerow.h"
 
+#include "base/sizetext.h"
 #include "klitestyle.h"
 #include "klook.h"
 #include "widgets/iconbutton.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLocale>
 #include <QPushButton>
 
 namespace look = zel::look;
@@ -111,7 +111,7 @@ StorageRow::StorageRow(const zel::settings::StoragePlace &place, QWidget *parent
 
 void StorageRow::setUse(const zel::settings::StorageUse &use)
 {
-    m_size->setText(use.exists ? QLocale().formattedDataSize(use.bytes) : tr("Nothing"));
+    m_size->setText(use.exists ? zel::sizeText(use.bytes) : tr("Nothing"));
     if (m_clear)
         m_clear->setEnabled(use.exists);
 }

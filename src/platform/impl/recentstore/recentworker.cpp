@@ -85,11 +85,11 @@ void RecentWorker::open()
 void RecentWorker::load()
 {
     open();
-    const bool first = !m_handedOver && !m_importer;
+    m_wanted = true;
     // With nothing known yet an empty list would only flash up before the desktop's list has been read.
-    if (m_handedOver || m_mode == WorkMode::ReadOnly || !m_repository.isFresh())
+    if (m_scanned || m_mode == WorkMode::ReadOnly || !m_repository.isFresh())
         handOver();
-    if (first && m_mode == WorkMode::Full)
+    if (!m_importer && m_mode == WorkMode::Full)
         followLists();
 }
 
@@ -118,8 +118,11 @@ void RecentWorker::followLists()
     m_importer = std::make_unique<XbelImporter>(m_places, known);
     connect(m_importer.get(), &XbelImporter::imported, this, &RecentWorker::take);
     connect(m_importer.get(), &XbelImporter::scanned, this, [this] {
-        if (!m_handedOver)
+        m_scanned = true;
+        if (m_wanted && !m_handedOver)
             handOver();
+        if (m_clearWanted)
+            eraseHistory(*std::exchange(m_clearWanted, std::nullopt));
     });
     m_importer->scan();
 }
@@ -267,6 +270,8 @@ void RecentWorker::finish()
     if (m_importer)
         m_importer->stop();
     m_retry.stop();
+    if (m_clearWanted)
+        eraseHistory(*std::exchange(m_clearWanted, std::nullopt));
     writeDesktopList();
     m_checker.end();
     m_repository.close();

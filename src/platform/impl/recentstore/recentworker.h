@@ -23,8 +23,9 @@ public:
     void checkPresence(const QStringList &ids);
     void lookUpSizes();
     void setPinned(const QStringList &ids, bool pinned);
-    void setSources(int sources);               ///< replaced() follows when a list was handed over
-    void clearHistory(bool serviceListCleared); ///< historyCleared() follows
+    void setSources(int sources); ///< replaced() follows when a list was handed over
+    /// historyCleared() follows, after the lists have been read: what is not known cannot be taken off them.
+    void clearHistory(bool serviceListCleared);
 
     void takeRoaming(const RoamingList &list);
     void keepRoamingOf(const QString &user); ///< empty: of nobody
@@ -48,6 +49,7 @@ Q_SIGNALS:
 
 private:
     void open();
+    void eraseHistory(bool serviceListCleared);
     void followLists();
     void handOver();
     void take(const XbelImport &import);
@@ -70,8 +72,11 @@ private:
     QHash<QString, QString> m_idByPlace; ///< of records without a local one that are looked for
     QHash<QString, qint64> m_usesToTell; ///< times by path, until the file was looked at
     RecordInfoList m_firstList;
-    XbelEdit m_edit; ///< for the desktop's list
-    QTimer m_retry;  ///< runs only while the database is busy
+    XbelEdit m_edit;                   ///< for the desktop's list
+    QTimer m_retry;                    ///< runs only while the database is busy
+    std::optional<bool> m_clearWanted; ///< clearHistory() with this, once the lists have been read
+    bool m_scanned = false;            ///< the lists have been read once
+    bool m_wanted = false;             ///< somebody has asked for the records
     bool m_open = false;
     bool m_editPlanned = false;
     bool m_editFailed = false; ///< said once

@@ -36,6 +36,17 @@ void RecentWorker::setSources(int sources)
 void RecentWorker::clearHistory(bool serviceListCleared)
 {
     open();
+    if (m_mode == WorkMode::Full && !m_scanned) {
+        m_clearWanted = serviceListCleared;
+        if (!m_importer)
+            followLists();
+        return;
+    }
+    eraseHistory(serviceListCleared);
+}
+
+void RecentWorker::eraseHistory(bool serviceListCleared)
+{
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
     const QStringList ids = m_repository.state().keys();
     change([&](const RecentState &state, SourceTable &) { return markRemoved(state, ids, now); },

@@ -35,6 +35,8 @@ ReplaceResult replace(const QString &path, const QByteArray &data, const std::op
     const std::function<void()> &beforeReplace)
 {
     const QString place = QFileInfo(path).isSymLink() ? QFileInfo(path).canonicalFilePath() : path;
+    if (place.isEmpty()) // a link that leads nowhere
+        return ReplaceResult::Failed;
     QTemporaryFile file(place + QLatin1String(".XXXXXX")); // made with mode 0600
     // The slow part comes before the comparison, so that only the renaming stands behind it.
     if (!file.open() || file.write(data) != data.size() || !file.flush() || ::fdatasync(file.handle()) != 0)

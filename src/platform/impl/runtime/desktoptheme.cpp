@@ -62,6 +62,11 @@ std::optional<qreal> number(const QVariant &value)
     return result;
 }
 
+std::optional<bool> flag(const QVariant &value)
+{
+    return value.userType() == QMetaType::Bool ? std::optional(value.toBool()) : std::nullopt;
+}
+
 } // namespace
 
 DesktopChoices choicesFrom(const PortalSettings &settings)
@@ -72,10 +77,9 @@ DesktopChoices choicesFrom(const PortalSettings &settings)
     DesktopChoices choices;
     choices.dark = darkFrom(value(Appearance, "color-scheme"));
     choices.highContrast = value(Appearance, "contrast").toUInt() == HigherContrast
-        || value(GnomeAccess, "high-contrast").toBool();
-    const QVariant animations = value(GnomeInterface, "enable-animations");
+        || flag(value(GnomeAccess, "high-contrast")).value_or(false);
     const bool stopped = number(value(KdeGlobals, "AnimationDurationFactor")) == 0;
-    choices.animations = !stopped && (!animations.isValid() || animations.toBool());
+    choices.animations = !stopped && flag(value(GnomeInterface, "enable-animations")).value_or(true);
     const qreal scale = number(value(GnomeInterface, "text-scaling-factor")).value_or(1);
     choices.textScale = scale > 0 ? qBound(SmallestText, scale, LargestText) : 1;
     return choices;

@@ -11,7 +11,8 @@ class QWidget;
 namespace zel::style {
 
 /// Drives the bars that show "busy without a known end". The timer runs only while such a bar was painted
-/// since the last tick, so a hidden or finished one wakes nobody. GUI thread.
+/// since the last tick, so a hidden or finished one wakes nobody, and never when the desktop wants no motion.
+/// GUI thread.
 class BusyAnimation : public QObject
 {
 public:

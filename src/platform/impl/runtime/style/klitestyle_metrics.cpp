@@ -97,6 +97,7 @@ int KLiteStyle::styleHint(
     case SH_ComboBox_Popup:
     case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_ScrollBar_Transient:
+    case SH_ComboBox_AllowWheelScrolling: // it would change what the pointer passes while a page scrolls
         return 0;
     case SH_Menu_MouseTracking:
     case SH_ItemView_ShowDecorationSelected:

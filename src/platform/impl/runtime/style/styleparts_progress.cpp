@@ -16,6 +16,7 @@ namespace {
 constexpr int FrameInterval = 33; // ms
 constexpr int BusyPeriod = 1400;  // ms
 constexpr int BarThickness = 6;
+constexpr qreal RestingPhase = 0.5;
 constexpr qreal BusyShare = 0.3; // of the bar's length
 
 QRectF barOf(const QStyleOptionProgressBar &option)
@@ -61,6 +62,8 @@ BusyAnimation &BusyAnimation::instance()
 
 qreal BusyAnimation::phaseFor(const QWidget *widget)
 {
+    if (!KSkin::animationsEnabled())
+        return RestingPhase;
     if (!m_clock.isValid())
         m_clock.start();
     QPointer<QWidget> target(const_cast<QWidget *>(widget));

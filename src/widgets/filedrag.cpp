@@ -1,0 +1,53 @@
+#include "widgets/filedrag.h"
+
+#include "kskin.h"
+
+#include <QLocale>
+#include <QMimeData>
+#include <QPainter>
+#include <QSysInfo>
+#include <QUrl>
+
+namespace zel {
+namespace {
+
+bool isOfThisHost(const QUrl &url)
+{
+    const QString host = url.host();
+    return host.isEmpty() || host == QLatin1String("localhost")
+        || host.compare(QSysInfo::machineHostName(), Qt::CaseInsensitive) == 0;
+}
+
+} // namespace
+
+QStringList localFiles(const QMimeData *data)
+{
+    QStringList paths;
+    if (!data)
+        return paths;
+    const QList<QUrl> urls = data->urls();
+    for (const QUrl &url : urls) {
+        if (!url.isLocalFile() || !isOfThisHost(url))
+            continue;
+        QUrl here = url;
+        here.setHost({});
+        paths << here.toLocalFile();
+    }
+    paths.removeAll({});
+    paths.removeDuplicates();
+    return paths;
+}
+
+void paintDragCount(QPainter *painter, const QPoint &corner, int height, int count)
+{
+    const QString text = QLocale().toString(count);
+    const int width = qMax(height, painter->fontMetrics().horizontalAdvance(text) + height / 2);
+    const QRect bubble(corner.x() - width, corner.y(), width, height);
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(KSkin::color(KSkin::Color::Accent));
+    painter->drawRoundedRect(bubble, height / 2.0, height / 2.0);
+    painter->setPen(KSkin::color(KSkin::Color::OnAccent));
+    painter->drawText(bubble, Qt::AlignCenter | Qt::TextSingleLine, text);
+}
+
+} // namespace zel

@@ -1,0 +1,140 @@
+#include "clouddoc/pagefixture.h"
+
+#include "clouddoc/ui/movedialog.h"
+
+#include <QDragEnterEvent>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPointer>
+#include <QScopeGuard>
+
+static QString s(const char *latin)
+{
+    return QString::fromLatin1(latin);
+}
+
+/// Files of another program, which takes its time for each answer.
+class ForeignFiles : public QMimeData
+{
+    Q_OBJECT
+public:
+    mutable int answers = 0;
+
+protected:
+    QStringList formats() const override { return {s("text/uri-list")}; }
+    QVariant retrieveData(const QString &, QVariant::Type) const override
+    {
+        ++answers;
+        return QByteArray("file:///x/f.txt\r\n");
+    }
+};
+
+/// What others do while the user is at the page: the service, other programs, the box itself.
+class TestPageOutside : public QObject, private PageFixture
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void cleanup() { clear(); }
+    void rowsThatOthersRemove();
+    void filterLeavesTheFocusAlone();
+    void staleRowsSaySo();
+    void dragsAreReadOnce();
+    void goesWithAllOpen_data();
+    void goesWithAllOpen();
+};
+
+// The next key, or a menu that is open, must not hit what nobody chose.
+void TestPageOutside::rowsThatOthersRemove()
+{
+    load({s("a.txt"), s("b.txt"), s("c.txt")});
+    click(1);
+    m_cloud->tellRemoved(s("b.txt"));
+    QCOMPARE(view()->currentId(), s("c.txt"));
+    key(Qt::Key_Delete);
+    QCOMPARE(m_cloud->wanted, QStringList());
+}
+
+void TestPageOutside::filterLeavesTheFocusAlone()
+{
+    QWidget window;
+    const auto before = qScopeGuard([this] { clear(); }); // the window would take the page along
+    load({s("a.txt")});
+    QLineEdit search(&window);
+    page()->setParent(&window);
+    page()->show();
+    search.show();
+    window.show();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    view()->setFocus();
+    search.setFocus();
+    page()->setFilterText(s("zebra"));
+    QCOMPARE(state(), State::NothingFound);
+    QVERIFY(search.hasFocus());
+}
+
+void TestPageOutside::staleRowsSaySo()
+{
+    load({s("a.txt")});
+    m_cloud->disconnectNow();
+    QCOMPARE(state(), State::List); // what was there stays
+    QTest::mouseClick(button("Retry"), Qt::LeftButton);
+    QVERIFY(m_cloud->answer("getInfoList", zel::vela::GetInfoListResult(), false));
+    QVERIFY(notice().contains(s("out of date")));
+    QVERIFY(!page()->actions()->trash->isEnabled());
+    m_cloud->connectNow();
+    QVERIFY(answer(s("root"), {s("a.txt")}));
+    QVERIFY(notice().isEmpty());
+}
+
+void TestPageOutside::dragsAreReadOnce()
+{
+    load({s("a/"), s("b.txt")});
+    ForeignFiles data;
+    QDragEnterEvent enter(centre(0), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(view()->viewport(), &enter);
+    const int before = data.answers;
+    for (int row = 0; row < 2; ++row) {
+        QDragMoveEvent move(centre(row), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(view()->viewport(), &move);
+        QVERIFY(move.isAccepted());
+    }
+    QCOMPARE(data.answers, before);
+}
+
+void TestPageOutside::goesWithAllOpen_data()
+{
+    QTest::addColumn<int>("keys");
+    QTest::newRow("editor") << int(Qt::Key_F2);
+    QTest::newRow("menu") << int(Qt::Key_Menu);
+    QTest::newRow("dialog to move") << int(Qt::CTRL) + int(Qt::SHIFT) + int(Qt::Key_M);
+    QTest::newRow("dialog of files") << int(Qt::CTRL) + int(Qt::Key_D);
+    QTest::newRow("removal on its way") << int(Qt::Key_Delete);
+}
+
+// The windows are made anew when the language changes, whatever the user is about.
+void TestPageOutside::goesWithAllOpen()
+{
+    QFETCH(int, keys);
+    load({s("a/"), s("b.txt"), s("c.txt")});
+    click(1);
+    CloudTransfer running;
+    running.state = CloudTransfer::State::Running;
+    page()->logic()->transfers()->put({running});
+    Q_EMIT page()->logic()->transfersStarted(1); // the panel slides
+    const auto modifiers = Qt::KeyboardModifiers(keys & int(Qt::KeyboardModifierMask));
+    if (keys == int(Qt::Key_Menu))
+        Q_EMIT view()->customContextMenuRequested(centre(1));
+    else
+        key(keys & ~int(Qt::KeyboardModifierMask), modifiers);
+    answer(s("root"), {s("a/")}); // of the dialog that reads folders itself
+    if (auto *dialog = find<MoveDialog>())
+        QTest::keyClick(dialog->view(), Qt::Key_Down);
+    const QPointer<QWidget> popup = QApplication::activePopupWidget();
+    clear();
+    QVERIFY(!popup);
+    QTest::qWait(0); // what was put off
+    QVERIFY(!QApplication::activeModalWidget());
+}
+
+QTEST_MAIN(TestPageOutside)
+#include "tst_pageoutside.moc"
