@@ -192,14 +192,13 @@ bool ZelBoxCore::openFirstWindow()
     ZelBoxMainWindow *window = ensureMainWindow();
     SelfTest::startIfAsked(this);
     const CommandLine command = parseCommandLine(m_pendingCommandLine);
-    const QString source = command.value(QStringLiteral("from"));
+    if (const QString source = command.value(QStringLiteral("from")); !source.isEmpty())
+        window->setShowSource(source);
     if (startsInBackground(command)) {
         window->startHidden();
         startPresence();
         cloudService()->onFirstMainWindowShown();
     } else {
-        if (!source.isEmpty())
-            window->setShowSource(source);
         window->show();
     }
     dispatch(m_pendingCommandLine, true);

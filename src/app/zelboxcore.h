@@ -74,8 +74,10 @@ public Q_SLOTS:
     void onSendMiniWindowShowEvent();
     void onStashProcessMemory();
     void onMainWindowClose(); ///< the close button: hides, asks or ends, by the user's setting
-    /// Makes every window anew, where it was, in the language and at the sizes that hold now.
+    /// Makes every window anew, where it was, in the language and at the sizes that hold now. Waits for the
+    /// end of what the user is in the middle of.
     void remakeWindows();
+    void leaveHost();        ///< the box's own windows go
     void onLanguageChosen(); ///< the setting has been changed
 
 private:
@@ -91,8 +93,13 @@ private:
     ZelBoxMainWindow *ensureMainWindow();
     void startRecentStore();
     void startPresence(); ///< tray and bus name, by which the box is reached without a window
+    void makeMiniWindow();
     void goToBackground();
     void leaveScreen(); ///< hides the window, or minimises it where only the task bar could bring it back
+    QVector<QWidget *> ownWindows() const; ///< that are made anew
+    QObject *runningDrag() const;          ///< null: none
+    QObject *runningTask() const;          ///< a drag, or a dialog that a window waits for
+    void onTaskEnded();
     void remakeMainWindow();
     void remakeMiniWindow();
     void present(QDialog *dialog);
@@ -113,9 +120,10 @@ private:
 
     ZelBoxTray *m_tray = nullptr;
     DesktopActivation *m_activation = nullptr;
-    StartupToken m_startupToken; // of the command that comes next
+    StartupToken m_startupToken;          // of the command that comes next
     QString m_trayState;                  // told before there was a tray icon, too
     QVector<QPointer<QDialog>> m_dialogs; // open ones that no window owns
     bool m_translated = false;
+    bool m_remakingWaits = false;
     bool m_hiding = false; // the core itself is hiding the main window
 };

@@ -122,15 +122,20 @@ void ZelBoxCore::startPresence()
     m_activation->start(); // again, if another program had the name
 }
 
+void ZelBoxCore::makeMiniWindow()
+{
+    startRecentStore();
+    m_miniWindow = new ZelBoxMiniWindow;
+    connect(m_miniWindow, &ZelBoxMiniWindow::mainWindowRequested, this, &ZelBoxCore::showMainWindow);
+}
+
 void ZelBoxCore::showMiniWindow(const QString &startFrom)
 {
     m_startFrom = startFrom;
     if (!m_miniWindow) {
-        startRecentStore();
-        m_miniWindow = new ZelBoxMiniWindow;
+        makeMiniWindow();
         connect(
             m_miniWindow, &ZelBoxMiniWindow::sigMiniWindowFirstShow, this, &ZelBoxCore::firstMiniWindowShown);
-        connect(m_miniWindow, &ZelBoxMiniWindow::mainWindowRequested, this, &ZelBoxCore::showMainWindow);
         QTimer::singleShot(MiniShowEventDelay, this, &ZelBoxCore::onSendMiniWindowShowEvent);
     }
     m_miniWindow->showToFront();
@@ -295,6 +300,15 @@ void ZelBoxCore::quitLater()
         if (ownProcess)
             QCoreApplication::quit();
         else
-            takeDown();
+            leaveHost();
     });
+}
+
+void ZelBoxCore::leaveHost()
+{
+    if (QObject *drag = runningDrag())
+        connect(drag, &QObject::destroyed, this, &ZelBoxCore::leaveHost,
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
+    else
+        takeDown();
 }

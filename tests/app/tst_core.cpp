@@ -16,6 +16,8 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
+#include <QDrag>
 #include <QSignalSpy>
 #include <QTimer>
 #include <QtTest>
@@ -66,6 +68,7 @@ private Q_SLOTS:
     void background();
     void startedInBackground();
     void languageAtOnce();
+    void remakingWaits();
     void guestOfAHost();
     void hostThatNeverRanALoop();
 
@@ -220,6 +223,7 @@ void TestCore::languageAtOnce()
     QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
     QTRY_COMPARE(firstShown.size(), 1);
     core->dispatch(QStringLiteral("/options=settings"), false);
+    core->mainWindow()->move(-50, 40); // where a start would not put it
     const QRect place = core->mainWindow()->geometry();
     chooseLanguage(QStringLiteral("zh_CN"));
     core->onLanguageChosen();
@@ -235,6 +239,39 @@ void TestCore::languageAtOnce()
     chooseLanguage(QString());
     core->onLanguageChosen();
     QTRY_COMPARE(titleOf(), QStringLiteral("Recent"));
+}
+
+// What is under way, and would be in the code of a window that goes, comes to its end first.
+void TestCore::remakingWaits()
+{
+    StandAloneBox box;
+    QVERIFY(box.application.start(QString()));
+    ZelBoxCore *core = ZelBoxCore::instance();
+    QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
+    QPointer<ZelBoxMainWindow> window = core->mainWindow();
+    core->remakeWindows(); // before the first show was told
+    QVERIFY(!window);
+    QTRY_COMPARE(firstShown.size(), 1);
+
+    window = core->mainWindow();
+    auto *drag = new QDrag(window->centralWidget());
+    core->remakeWindows();
+    QVERIFY(window);
+    delete drag;
+    QTRY_VERIFY(!window);
+
+    window = core->mainWindow();
+    QVERIFY(window->isVisible());
+    auto *question = new QDialog(window);
+    question->open();
+    core->remakeWindows();
+    QVERIFY(window);
+    question->reject();
+    QTRY_VERIFY(!window);
+    window = core->mainWindow();
+    QCoreApplication::sendPostedEvents();
+    QVERIFY(window); // once
+    QCOMPARE(firstShown.size(), 1);
 }
 
 void TestCore::guestOfAHost()

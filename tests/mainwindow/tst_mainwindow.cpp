@@ -211,6 +211,10 @@ void TestMainWindow::searchBelongsToThePage()
     QVERIFY(search->hasFocus());
     QTest::keyClick(search, Qt::Key_Escape);
     QVERIFY(!search->hasFocus());
+    central->beginFinding({});
+    auto *other = central->navigation()->findChild<QAbstractButton *>(QStringLiteral("page_TeamFile"));
+    QTest::mouseClick(other, Qt::LeftButton);
+    QVERIFY(!central->titleBar()->isAncestorOf(QApplication::focusWidget()));
 }
 
 void TestMainWindow::unreadOfAllPages()

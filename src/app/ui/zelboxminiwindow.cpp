@@ -222,6 +222,8 @@ void ZelBoxMiniWindow::beginDrag(const QPoint &globalPos)
         windowHandle()->startSystemMove();
         return;
     }
+    if (m_screen < 0)
+        return;
     m_dragged = outRect(); // a layer surface knows no geometry
     m_grabbed = globalPos - m_dragged.topLeft();
     if (!m_surface->canFollowPointer())
@@ -245,7 +247,8 @@ void ZelBoxMiniWindow::endDrag()
     unsetCursor();
     m_screens = currentScreens();
     m_screen = screenOf(m_dragged, m_screens);
-    keepPlace(placeOf(m_dragged, m_screens.at(m_screen).available, KLiteStyle::dpiScaled(SnapDistance)));
+    if (m_screen >= 0)
+        keepPlace(placeOf(m_dragged, m_screens.at(m_screen).available, KLiteStyle::dpiScaled(SnapDistance)));
     m_tuck->setHeld(false);
 }
 

@@ -75,12 +75,15 @@ bool KCentralWidget::selectPage(int number)
     const Page page = m_pages.value(number);
     m_navigation->setCurrentPage(number);
     SearchBox *search = m_titleBar->searchBox();
+    const bool searched = search->hasFocus();
     search->setPage(page.page ? zel::pageList().at(number).title : QString());
     search->setEnabled(page.page);
     search->setText(page.filter);
     m_stack->setCurrentWidget(page.widget);
     if (page.page)
         page.page->pageShown();
+    else if (searched)
+        focusPage(); // not the button beside the field, which a space would press
     Q_EMIT currentPageChanged(number);
     return true;
 }

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QSvgRenderer>
 
@@ -41,13 +42,14 @@ QSize TitleBar::sizeHint() const
     return KLiteStyle::dpiScaledSize({200, 48});
 }
 
-void TitleBar::paintEvent(QPaintEvent *)
+void TitleBar::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
     const int logo = KLiteStyle::dpiScaled(18);
     const int left = KLiteStyle::dpiScaled(16);
     const QRectF logoRect(left, (height() - logo) / 2.0, logo, logo);
-    QSvgRenderer(QStringLiteral(":/icons/zelbox.svg")).render(&painter, logoRect);
+    if (logoRect.intersects(event->rect())) // not for every blink of the search field's cursor
+        QSvgRenderer(QStringLiteral(":/icons/zelbox.svg")).render(&painter, logoRect);
 
     QFont bold = font();
     bold.setWeight(QFont::DemiBold);

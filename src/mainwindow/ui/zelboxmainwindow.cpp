@@ -26,6 +26,7 @@
 #include <QScreen>
 #include <QWindow>
 #include <numeric>
+#include <utility>
 
 namespace {
 constexpr quint64 MostUnread = 99999;
@@ -207,6 +208,17 @@ void ZelBoxMainWindow::restoreWindowState()
     setUpdatesEnabled(true);
 }
 
+void ZelBoxMainWindow::continueFrom(const ZelBoxMainWindow &old)
+{
+    m_reportsFirstShow = old.m_reportsFirstShow;
+    m_showSource = old.m_showSource;
+    setGeometry(old.normalRect());
+    m_restoredRect = geometry();
+    setWindowState(old.windowState() & ~Qt::WindowActive);
+    setAttribute(Qt::WA_ShowWithoutActivating, !old.isActiveWindow());
+    m_central->selectPage(old.central()->currentPage());
+}
+
 void ZelBoxMainWindow::startHidden()
 {
     m_central->recentPage()->onWindowFirstShown();
@@ -254,7 +266,7 @@ void ZelBoxMainWindow::onStashProcessMemory()
 
 void ZelBoxMainWindow::onMainWindowFirstShown()
 {
-    if (m_reportsFirstShow) {
+    if (std::exchange(m_reportsFirstShow, false)) {
         KDcInfoC::postGeneralEvent(
             QStringLiteral("zelbox_mainbox_show"), {{QStringLiteral("showSrc"), m_showSource}});
         m_host->mainWindowFirstShown();

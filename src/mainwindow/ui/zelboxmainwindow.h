@@ -25,9 +25,9 @@ public:
     /// Where the start came from, for the telemetry of the first show; "normal" unless told otherwise.
     void setShowSource(const QString &source) { m_showSource = source; }
 
-    /// It takes the place of a window that has reported its first show already: it will not.
-    void continueFrom() { m_reportsFirstShow = false; }
-    bool wasShown() const { return m_firstShown || !m_reportsFirstShow; }
+    /// Takes the place of `old` on its screen, in its state and on its page, before the first show. What that
+    /// one has reported is not reported again.
+    void continueFrom(const ZelBoxMainWindow &old);
     /// Loads what is to be told without a window (unread counts); the first show is still to come.
     void startHidden();
 
@@ -90,5 +90,5 @@ private:
     QRect m_restoredRect;
     QHash<int, int> m_unread; ///< by page
     bool m_firstShown = false;
-    bool m_reportsFirstShow = true;
+    bool m_reportsFirstShow = true; ///< until it has been reported
 };
