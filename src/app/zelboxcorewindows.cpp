@@ -34,6 +34,7 @@ namespace {
 
 constexpr auto StashDelay = 200ms;
 constexpr auto MiniShowEventDelay = 2000ms;
+constexpr auto TrayAwayDelay = 10s;
 
 bool isOwnProcess()
 {
@@ -110,8 +111,10 @@ void ZelBoxCore::onFirstMainWindowShown()
 
 void ZelBoxCore::startPresence()
 {
-    if (!m_tray)
+    if (!m_tray) {
         m_tray = new ZelBoxTray(this, this);
+        connect(m_tray, &ZelBoxTray::reachableChanged, this, &ZelBoxCore::onTrayReachable);
+    }
     m_tray->setState(m_trayState);
     m_tray->setUnread(m_mainWindow ? m_mainWindow->unreadCount() : 0);
     // As a guest, the bus name and the windows of the process are the host's affair.
@@ -127,6 +130,18 @@ void ZelBoxCore::makeMiniWindow()
     startRecentStore();
     m_miniWindow = new ZelBoxMiniWindow;
     connect(m_miniWindow, &ZelBoxMiniWindow::mainWindowRequested, this, &ZelBoxCore::showMainWindow);
+}
+
+// A panel that crashes comes back at once; one that stays away takes the way to a hidden window with it.
+void ZelBoxCore::onTrayReachable(bool reachable)
+{
+    if (reachable)
+        return;
+    QTimer::singleShot(TrayAwayDelay, this, [this] {
+        const bool hidden = m_mainWindow && !m_mainWindow->isVisible();
+        if (hidden && m_tray && !m_tray->reachable())
+            m_mainWindow->showMinimized();
+    });
 }
 
 void ZelBoxCore::showMiniWindow(const QString &startFrom)

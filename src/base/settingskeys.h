@@ -15,8 +15,12 @@ inline constexpr QLatin1String WindowIsMaximized = latin1("WindowIsMaximized");
 inline constexpr QLatin1String Plugins = latin1("plugins"); // group, holds group "zelbox"
 inline constexpr QLatin1String Zelbox = latin1("zelbox");   // group, also at the top level
 inline constexpr QLatin1String UpdateRoamingFilesInterval =
-    latin1("updateRoamingFilesInterval");                     // ms as text
-inline constexpr QLatin1String Theme = latin1("theme");       // "auto", "light", "dark"
+    latin1("updateRoamingFilesInterval");                           // ms as text
+inline constexpr QLatin1String Theme = latin1("theme");             // "auto", "light", "dark"
+inline constexpr QLatin1String DesktopLook = latin1("desktopLook"); // group: what the desktop said last
+inline constexpr QLatin1String DesktopDark = latin1("dark");        // bool; absent: no preference
+inline constexpr QLatin1String DesktopContrast = latin1("highContrast");
+inline constexpr QLatin1String DesktopTextScale = latin1("textScale");
 inline constexpr QLatin1String Language = latin1("language"); // locale name, empty: the desktop's
 inline constexpr QLatin1String TelemetryEnabled = latin1("telemetryEnabled");
 inline constexpr QLatin1String Enterprise = latin1("enterprise");

@@ -6,8 +6,7 @@ class CloudSpace;
 class MainWindowHost;
 class ZelBoxCloudSpaceActionWidget;
 
-/// The main window's menu. GUI thread. What needs a cloud server is there only when one is configured; what
-/// needs an account is disabled without one.
+/// The main window's menu. GUI thread. What needs a cloud server is there only when one is configured.
 class ZelBoxMainWindowMenu : public QMenu
 {
     Q_OBJECT

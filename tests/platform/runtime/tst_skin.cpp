@@ -4,6 +4,7 @@
 #include "ksettings.h"
 #include "kskin.h"
 #include "privatebus.h"
+#include "skinstate.h"
 
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -130,6 +131,26 @@ private Q_SLOTS:
         QCOMPARE(colors.count(), 1);
         portal.change(appearance(), "contrast", 0U);
         QTRY_COMPARE(colors.count(), 2);
+    }
+
+    // The desktop's answer comes late: until then it is taken to be the one of the last time.
+    void lastAnswerHoldsAtTheStart()
+    {
+        KSkin::setTheme(KSkin::Theme::Auto);
+        QApplication::setPalette(KLiteStyle::palette(false));
+        KSettings settings;
+        settings.beginGroup(QStringLiteral("plugins"));
+        settings.beginGroup(QStringLiteral("zelbox"));
+        settings.beginGroup(QStringLiteral("desktopLook"));
+        settings.setValue(QStringLiteral("dark"), true);
+        settings.setValue(QStringLiteral("textScale"), QStringLiteral("nan"));
+        zel::platform::SkinState::instance().adoptPlatformPalette();
+        QVERIFY(KSkin::isDark());
+        QCOMPARE(KSkin::textScale(), 1.0);
+        settings.remove(QStringLiteral("dark"));
+        QApplication::setPalette(KLiteStyle::palette(false));
+        zel::platform::SkinState::instance().adoptPlatformPalette();
+        QVERIFY(!KSkin::isDark());
     }
 
     void choices_data()

@@ -85,6 +85,11 @@ DesktopChoices choicesFrom(const PortalSettings &settings)
     return choices;
 }
 
+bool isTextScale(qreal scale)
+{
+    return scale >= SmallestText && scale <= LargestText;
+}
+
 // The first use of the bus waits for it to answer. Nobody waits for the thread: with a dead bus it may take
 // long.
 void DesktopTheme::start()
@@ -100,7 +105,7 @@ void DesktopTheme::ask()
 {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected())
-        return;
+        return tell();
     // Without a service name: naming it would make Qt look up its owner and wait for the answer.
     bus.connect(QString(), Path, Interface, QStringLiteral("SettingChanged"), this,
         SLOT(onSettingChanged(QString, QString, QDBusVariant)));
@@ -113,10 +118,10 @@ void DesktopTheme::ask()
         const QVariant all = reply.arguments().value(0);
         if (reply.type() != QDBusMessage::ReplyMessage || all.userType() != qMetaTypeId<QDBusArgument>()) {
             qCDebug(lcPlatform, "no settings from the desktop: %ls", qUtf16Printable(reply.errorName()));
-            return;
+            return tell();
         }
         if (all.value<QDBusArgument>().currentSignature() != QLatin1String("a{sa{sv}}"))
-            return;
+            return tell();
         const auto answered = qdbus_cast<PortalSettings>(all);
         for (auto group = answered.cbegin(); group != answered.cend(); ++group) {
             for (auto entry = group->cbegin(); entry != group->cend(); ++entry)
@@ -137,8 +142,9 @@ void DesktopTheme::onSettingChanged(const QString &group, const QString &key, co
 void DesktopTheme::tell()
 {
     const DesktopChoices choices = choicesFrom(m_settings);
-    if (choices == std::exchange(m_choices, choices))
+    if (choices == std::exchange(m_choices, choices) && m_told)
         return;
+    m_told = true;
     Q_EMIT changed(choices);
 }
 

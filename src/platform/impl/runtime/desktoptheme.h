@@ -18,14 +18,16 @@ struct DesktopChoices
     bool operator==(const DesktopChoices &) const = default;
 };
 
+bool isTextScale(qreal scale); ///< one that is in range
+
 /// Values of the settings portal by group and key.
 using PortalSettings = QMap<QString, QVariantMap>;
 
 /// Makes sense of the portal's values; those of wrong type or range count as not given.
 DesktopChoices choicesFrom(const PortalSettings &settings);
 
-/// Follows the desktop's choices through the settings portal of the session bus. GUI thread; without a bus or
-/// a portal nothing is ever told.
+/// Follows the desktop's choices through the settings portal of the session bus. GUI thread. The first answer
+/// is always told; without a bus or a portal it is that of a desktop that chooses nothing.
 class DesktopTheme : public QObject
 {
     Q_OBJECT
@@ -46,6 +48,7 @@ private:
 
     PortalSettings m_settings;
     DesktopChoices m_choices;
+    bool m_told = false;
 };
 
 } // namespace zel::platform

@@ -43,6 +43,36 @@ QString nameOf(KSkin::Theme theme)
     return QStringLiteral("auto");
 }
 
+// What the desktop said last time. Its answer comes when the window is long on the screen, which in a dark
+// desktop would flash in white at every start.
+DesktopChoices storedChoices()
+{
+    KSettings settings;
+    enterBoxGroup(settings);
+    settings.beginGroup(keys::DesktopLook);
+    DesktopChoices choices;
+    if (settings.contains(keys::DesktopDark))
+        choices.dark = settings.value(keys::DesktopDark).toBool();
+    choices.highContrast = settings.value(keys::DesktopContrast, false).toBool();
+    const qreal scale = settings.value(keys::DesktopTextScale, 1).toReal();
+    if (isTextScale(scale))
+        choices.textScale = scale;
+    return choices;
+}
+
+void storeChoices(const DesktopChoices &choices)
+{
+    KSettings settings;
+    enterBoxGroup(settings);
+    settings.beginGroup(keys::DesktopLook);
+    if (choices.dark)
+        settings.setValue(keys::DesktopDark, *choices.dark);
+    else
+        settings.remove(keys::DesktopDark);
+    settings.setValue(keys::DesktopContrast, choices.highContrast);
+    settings.setValue(keys::DesktopTextScale, choices.textScale);
+}
+
 // In a host with a style of its own the host's palette is not ours to change.
 bool ownsApplicationPalette()
 {
@@ -79,6 +109,7 @@ void SkinState::adoptPlatformPalette()
     m_theme.reset();
     m_guess.reset();
     m_dark.reset();
+    m_choices = storedChoices();
     guessFromPalette();
     applyPalette();
 }
@@ -127,7 +158,8 @@ void SkinState::setTheme(KSkin::Theme theme)
 void SkinState::setDesktop(const DesktopChoices &choices)
 {
     const bool contrastChanged = choices.highContrast != m_choices.highContrast;
-    m_choices = choices;
+    if (choices != std::exchange(m_choices, choices))
+        storeChoices(choices);
     updateColors(contrastChanged);
     updateMetrics();
 }
