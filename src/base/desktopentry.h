@@ -27,8 +27,8 @@ public:
     void remove(const QString &key);
     QByteArray toText() const;
 
-    /// The command line of an Exec key for this program and its arguments, quoted as the specification says.
-    /// Empty when the program's name holds "=", which no entry can name.
+    /// The command line of an Exec key for this program and its arguments, quoted by the rules of the Desktop
+    /// Entry standard. Empty when the program's name holds "=", which no entry can name.
     static QString execLine(const QString &program, const QStringList &arguments);
     /// The program that an Exec line names; empty when it names none or its quotes do not close.
     static QString programOf(const QString &execLine);
