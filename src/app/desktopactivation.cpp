@@ -2,13 +2,13 @@
 
 #include "app/commandtarget.h"
 #include "app/startupnotice.h"
+#include "base/dbus/sessionbus.h"
 #include "base/logging.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QThread>
 
 namespace {
 
@@ -55,17 +55,12 @@ DesktopActivation::~DesktopActivation()
     bus.unregisterObject(Path);
 }
 
-// The first use of the bus waits for it to answer. Nobody waits for the thread: with a dead bus it may take
-// long.
 void DesktopActivation::start()
 {
     if (m_owner || m_trying)
         return;
     m_trying = true;
-    auto *opener = QThread::create([] { QDBusConnection::sessionBus(); });
-    connect(opener, &QThread::finished, this, &DesktopActivation::onBusOpened);
-    connect(opener, &QThread::finished, opener, &QObject::deleteLater);
-    opener->start();
+    zel::sessionbus::open(this, [this] { onBusOpened(); });
 }
 
 void DesktopActivation::onBusOpened()

@@ -1,6 +1,7 @@
 #include "app/tray/traylink.h"
 
 #include "app/tray/statusnotifieritem.h"
+#include "base/dbus/sessionbus.h"
 #include "base/logging.h"
 
 #include <QCoreApplication>
@@ -9,7 +10,6 @@
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
-#include <QThread>
 
 namespace {
 
@@ -49,14 +49,9 @@ TrayLink::~TrayLink()
     bus.unregisterObject(ItemPath);
 }
 
-// The first use of the bus waits for it to answer. Nobody waits for the thread: with a dead bus it may take
-// long.
 void TrayLink::start()
 {
-    auto *opener = QThread::create([] { QDBusConnection::sessionBus(); });
-    connect(opener, &QThread::finished, this, &TrayLink::onBusOpened);
-    connect(opener, &QThread::finished, opener, &QObject::deleteLater);
-    opener->start();
+    zel::sessionbus::open(this, [this] { onBusOpened(); });
 }
 
 void TrayLink::onBusOpened()

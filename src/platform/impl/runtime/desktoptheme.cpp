@@ -1,5 +1,6 @@
 #include "desktoptheme.h"
 
+#include "base/dbus/sessionbus.h"
 #include "base/logging.h"
 
 #include <QDBusArgument>
@@ -7,7 +8,6 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QThread>
 #include <cmath>
 
 namespace zel::platform {
@@ -90,14 +90,9 @@ bool isTextScale(qreal scale)
     return scale >= SmallestText && scale <= LargestText;
 }
 
-// The first use of the bus waits for it to answer. Nobody waits for the thread: with a dead bus it may take
-// long.
 void DesktopTheme::start()
 {
-    auto *opener = QThread::create([] { QDBusConnection::sessionBus(); });
-    connect(opener, &QThread::finished, this, &DesktopTheme::ask);
-    connect(opener, &QThread::finished, opener, &QObject::deleteLater);
-    opener->start();
+    sessionbus::open(this, [this] { ask(); });
 }
 
 // One question for all groups: every answer wakes the window.
