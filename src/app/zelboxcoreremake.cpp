@@ -81,6 +81,7 @@ void ZelBoxCore::remakeWindows()
         const QRect place = m_settings->geometry();
         delete m_settings;
         openSettings(page);
+        m_settings->resize(place.size().expandedTo(m_settings->minimumSizeHint()));
         m_settings->move(place.topLeft());
     }
 }

@@ -3,6 +3,7 @@
 #include "base/clock.h"
 #include "base/sizetext.h"
 #include "clouddoc/clouddocmodel.h"
+#include "klook.h"
 #include "widgets/nametext.h"
 
 #include <QCoreApplication>
@@ -17,15 +18,6 @@ struct RowTexts
 {
     Q_DECLARE_TR_FUNCTIONS(CloudRow)
 };
-
-QFont smallFont(QFont font)
-{
-    if (font.pointSizeF() > 0)
-        font.setPointSizeF(font.pointSizeF() * 0.9);
-    else
-        font.setPixelSize(qMax(1, qRound(font.pixelSize() * 0.9)));
-    return font;
-}
 
 void describeTransfer(const CloudDocument &document, CloudRow *row)
 {
@@ -52,7 +44,7 @@ void describeTransfer(const CloudDocument &document, CloudRow *row)
 
 CloudRowFonts::CloudRowFonts(const QFont &font)
     : name(font),
-      small(smallFont(font)),
+      small(zel::look::font(zel::look::Type::Caption, font)),
       nameMetrics(name),
       smallMetrics(small),
       cell(CloudCellMetrics::of(nameMetrics, smallMetrics))

@@ -1,6 +1,7 @@
 #include "recentfile/ui/recentrow.h"
 
 #include "base/sizetext.h"
+#include "klook.h"
 #include "recentfile/recentfilemodel.h"
 
 #include <QCoreApplication>
@@ -17,15 +18,6 @@ struct RowTexts
 {
     Q_DECLARE_TR_FUNCTIONS(ZelBoxRecentFileDelegate)
 };
-
-QFont smallFont(QFont font)
-{
-    if (font.pointSizeF() > 0)
-        font.setPointSizeF(font.pointSizeF() * 0.9);
-    else
-        font.setPixelSize(qMax(1, qRound(font.pixelSize() * 0.9)));
-    return font;
-}
 
 QString placeText(const QModelIndex &index, const QString &path)
 {
@@ -63,7 +55,7 @@ QString badgeText(const QModelIndex &index, bool missing, const RecentRow::Texts
 
 RecentRowFonts::RecentRowFonts(const QFont &font)
     : name(font),
-      small(smallFont(font)),
+      small(zel::look::font(zel::look::Type::Caption, font)),
       nameMetrics(name),
       smallMetrics(small),
       cell(RecentCellMetrics::of(nameMetrics, smallMetrics))
