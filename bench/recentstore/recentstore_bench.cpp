@@ -1,8 +1,8 @@
 // Figures of the recent-file store with 50,000 records; each benchmark checks its outcome.
 #include "platform/recentstore/recentfixture.h"
 
-#include "platform/impl/recentstore/recentlist.h"
-#include "platform/impl/recentstore/xbelreader.h"
+#include "platform/impl/recentstore/records/recentlist.h"
+#include "platform/impl/recentstore/xbel/xbelreader.h"
 
 #include <QBuffer>
 #include <QCoreApplication>

@@ -1,6 +1,6 @@
 #include "service/cloudservice.h"
 
-#include "service/methods/messagenews.h"
+#include "service/methods/messages/messagenews.h"
 
 #include <QSysInfo>
 

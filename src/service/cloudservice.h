@@ -2,11 +2,11 @@
 
 #include "service/dispatch/methodtable.h"
 #include "service/dispatch/transfersubscriptions.h"
-#include "service/methods/accountmethods.h"
-#include "service/methods/envelopemethods.h"
+#include "service/methods/account/accountmethods.h"
+#include "service/methods/envelope/envelopemethods.h"
 #include "service/methods/identity.h"
-#include "service/methods/messagelists.h"
-#include "service/methods/messagemethods.h"
+#include "service/methods/messages/messagelists.h"
+#include "service/methods/messages/messagemethods.h"
 #include "service/server/cloudserver.h"
 
 namespace zel::service {

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "service/methods/drivecontext.h"
-#include "service/methods/driveevents.h"
-#include "service/methods/localtrash.h"
-#include "service/methods/roamingmessages.h"
-#include "service/methods/roamingmethods.h"
+#include "service/methods/drive/drivecontext.h"
+#include "service/methods/drive/driveevents.h"
+#include "service/methods/recycle/localtrash.h"
+#include "service/methods/roaming/roamingmessages.h"
+#include "service/methods/roaming/roamingmethods.h"
 #include "service/methods/servicehooks.h"
-#include "service/methods/transfermethods.h"
+#include "service/methods/transfers/transfermethods.h"
 
 namespace zel::service {
 

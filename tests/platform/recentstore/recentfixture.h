@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/impl/recentstore/recentproxy.h"
-#include "platform/impl/recentstore/xbelsources.h"
+#include "platform/impl/recentstore/xbel/xbelsources.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/impl/recentstore/recenttypes.h"
+#include "platform/impl/recentstore/records/recenttypes.h"
 
 #include <QRegularExpression>
 #include <QTest>

@@ -2,8 +2,8 @@
 
 #include "recentfixture.h"
 
-#include "platform/impl/recentstore/recentmerge.h"
-#include "platform/impl/recentstore/recentrepository.h"
+#include "platform/impl/recentstore/merge/recentmerge.h"
+#include "platform/impl/recentstore/repository/recentrepository.h"
 
 namespace zel::recent::test {
 

@@ -1,8 +1,8 @@
 // The whole store with its thread, real files and real notices.
 #include "repositoryfixture.h"
 
-#include "platform/impl/recentstore/xbelwatcher.h"
-#include "platform/impl/recentstore/xbelwriter.h"
+#include "platform/impl/recentstore/xbel/xbelwatcher.h"
+#include "platform/impl/recentstore/xbel/xbelwriter.h"
 
 #include "base/paths.h"
 

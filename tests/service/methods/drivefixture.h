@@ -1,10 +1,10 @@
 #pragma once
 
 #include "methodclient.h"
-#include "service/methods/drivecontext.h"
-#include "service/methods/driveevents.h"
-#include "service/methods/localtrash.h"
-#include "service/methods/roamingmethods.h"
+#include "service/methods/drive/drivecontext.h"
+#include "service/methods/drive/driveevents.h"
+#include "service/methods/recycle/localtrash.h"
+#include "service/methods/roaming/roamingmethods.h"
 #include "service/transfer/localdrivesource.h"
 
 #include <QDir>

@@ -1,8 +1,8 @@
 #include "recentproxy.h"
 
-#include "recentlist.h"
+#include "platform/impl/recentstore/records/recentlist.h"
+#include "platform/impl/recentstore/roaming/roamingsource.h"
 #include "recentthread.h"
-#include "roamingsource.h"
 
 #include "base/clock.h"
 #include "base/logging.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "recenttypes.h"
-#include "xbelsources.h"
+#include "platform/impl/recentstore/records/recenttypes.h"
+#include "platform/impl/recentstore/xbel/xbelsources.h"
 
 #include <memory>
 

@@ -1,7 +1,7 @@
 #include "recentworker.h"
 
-#include "recentmerge.h"
-#include "roamingmerge.h"
+#include "platform/impl/recentstore/merge/recentmerge.h"
+#include "platform/impl/recentstore/merge/roamingmerge.h"
 
 #include "base/logging.h"
 

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "presencechecker.h"
-#include "recentrepository.h"
-#include "recentview.h"
-#include "xbelimporter.h"
-#include "xbelwriter.h"
+#include "platform/impl/recentstore/presence/presencechecker.h"
+#include "platform/impl/recentstore/records/recentview.h"
+#include "platform/impl/recentstore/repository/recentrepository.h"
+#include "platform/impl/recentstore/xbel/xbelimporter.h"
+#include "platform/impl/recentstore/xbel/xbelwriter.h"
 
 namespace zel::recent {
 

@@ -1,8 +1,8 @@
 #include "recentworker.h"
 
 #include "mounts.h"
-#include "recentmerge.h"
-#include "roamingmerge.h"
+#include "platform/impl/recentstore/merge/recentmerge.h"
+#include "platform/impl/recentstore/merge/roamingmerge.h"
 
 #include <QDateTime>
 

@@ -1,0 +1,254 @@
+// The pure part of the store: old state and news give a delta; a delta keeps the shown list up to date.
+#include "platform/recentstore/recentfixture.h"
+#include "platform/recentstore/recordtext.h"
+
+#include "platform/impl/recentstore/merge/recentmerge.h"
+#include "platform/impl/recentstore/mounts.h"
+#include "platform/impl/recentstore/records/recentlist.h"
+
+#include <QRandomGenerator>
+#include <QTest>
+
+using namespace zel::recent;
+using namespace zel::recent::test;
+
+namespace {
+
+// News as "list a1 b2", "part a1" (a damaged list), "undated a1" (time guessed), "sandbox a1", "open a 5",
+// "remove a b", "removeat 5 a" (by a clock at 5), "pin a", "unpin a", "forget 7", "missing a 9 5" (found at
+// 9, long gone before 5), "limit 2".
+RecentDelta perform(const RecentState &state, const QString &news)
+{
+    const QStringList words = news.split(QLatin1Char(' '));
+    const QString &verb = words.at(0);
+    if (verb == QLatin1String("open"))
+        return markOpened(state, QLatin1Char('/') + words.at(1), words.at(2).toLongLong());
+    if (verb == QLatin1String("forget"))
+        return forgetRemovals(state, words.at(1).toLongLong());
+    if (verb == QLatin1String("limit"))
+        return limitBoxOnly(state, words.at(1).toInt());
+    if (verb.endsWith(QLatin1String("pin")))
+        return markPinned(state, {idOf(words.at(1))}, verb == QLatin1String("pin"));
+    if (verb == QLatin1String("missing"))
+        return markLooks(state, {{QLatin1Char('/') + words.at(1), {RecentFileInfo::Presence::Missing}}},
+            words.at(2).toLongLong(), words.at(3).toLongLong());
+    if (verb.startsWith(QLatin1String("remove"))) {
+        const bool timed = verb == QLatin1String("removeat");
+        const qint64 now = timed ? words.at(1).toLongLong() : 1000;
+        QStringList paths;
+        for (const QString &word : words.mid(timed ? 2 : 1))
+            paths.append(QLatin1Char('/') + word);
+        return markRemoved(state, paths, now);
+    }
+    QVector<XbelEntry> entries;
+    for (const QString &word : words.mid(1)) {
+        XbelEntry entry;
+        entry.path = QLatin1Char('/') + word.at(0);
+        entry.time = word.mid(1).toLongLong();
+        entry.isTimeGuessed = verb == QLatin1String("undated");
+        entries.append(entry);
+    }
+    const int source = verb == QLatin1String("sandbox") ? SandboxSource : DesktopSource;
+    return mergeImport(state, source, entries, verb != QLatin1String("part"));
+}
+
+RecentState randomState(QRandomGenerator &random)
+{
+    RecentState state;
+    for (int i = 0; i < 30; ++i) {
+        const QString letter = QString(QChar(ushort('a' + random.bounded(26))));
+        const auto time = [&] { return QString::number(random.bounded(1, 8)); };
+        QString text = letter;
+        for (const char *kind : {" d", " s", " o", " r"}) {
+            if (random.bounded(3) == 0)
+                text += QLatin1String(kind) + time();
+        }
+        if (random.bounded(4) == 0)
+            text += QLatin1String(" c:") + letter + time();
+        if (random.bounded(4) == 0)
+            text += QLatin1String(" p8");
+        const StoredRecord record = toRecord(text);
+        if (record.isNeeded())
+            state.insert(record.id, record);
+    }
+    return state;
+}
+
+} // namespace
+
+class MergeTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void news_data()
+    {
+        const auto row = newsTable();
+        row("first list", "", "list a1 b2", "+a32@1 +b32@2", "a d1;b d2");
+        row("twice in one list", "", "list a1 a3 a2", "+a32@3", "a d3");
+        row("newer access", "a d1", "list a4", "~a32@4", "a d4");
+        row("vanished", "a d1;b d2", "list b2", "-a", "b d2");
+        row("damaged list removes nothing", "a d1;b d2", "part b3", "~b32@3", "a d1;b d3");
+        row("vanished but opened in the box", "a d5 o3", "list", "~a8@3", "a o3");
+        row("vanished, other source has it", "a d5 s3", "list", "~a64@3", "a s3");
+        row("a sandbox's list leaves the desktop's alone", "a d5;b s1", "sandbox c2", "+c64@2 -b",
+            "a d5;c s2");
+        row("newer access of another source", "a d5", "sandbox a7", "~a64@7", "a d5 s7");
+        row("equal times: desktop wins over sandbox", "a s5", "list a5", "~a32@5", "a d5 s5");
+        row("own note read back from the list", "a o5", "list a5", "", "a d5 o5");
+        row("opened anew", "", "open a 3", "+a8@3", "a o3");
+        row("opened, though a list is ahead of the clock", "a d9", "open a 5", "~a8@9", "a d9 o9");
+        row("removed", "a d5 o3;b d1", "remove a x", "-a", "a d5 r5;b d1");
+        row("removed, the list still has it", "a d5 r5", "list a5", "", "a d5 r5");
+        row("removed, used again", "a d5 r5", "list a6", "+a32@6", "a d6 r5");
+        row("removed, then gone from the list", "a d5 r5", "list", "", "a r5");
+        row("removed, opened again at the same time", "a d5 r5", "open a 5", "+a8@6", "a d5 o6 r5");
+        row("removed without any time", "a d0", "remove a", "-a", "a d0 r0");
+        row("removed by a clock behind the list's", "a d9", "removeat 5 a", "-a", "a d-9 r5");
+        row("that list is read again unchanged", "a d-9 r5", "list a9", "", "a d-9 r5");
+        row("then the file is used", "a d-9 r5", "list a6", "+a32@6", "a d6 r5");
+        row("opened by a clock behind the list's, removed, opened", "a d-9 r5", "open a 6", "+a8@6",
+            "a d-9 o6 r5");
+        row("without a date: the first guess holds", "a d5;b d5 r5", "undated a7 b7 c7", "+c32@7",
+            "a d5;b d5 r5;c d7");
+        row("found missing", "a o3", "missing a 9 5", "~a8@3", "a o3 m9");
+        row("missing not long enough", "a o3 m6", "missing a 9 5", "~a8@3", "a o3 m6");
+        row("missing for long", "a o3 m4", "missing a 9 5", "-a", "");
+        row("missing for long, a list names it", "a d1 o3 m4", "missing a 9 5", "~a8@3", "a d1 o3 m4");
+        row("too many of the box's alone", "a o1;b o2;c o3;d d1 o1;e d1", "limit 2", "-a",
+            "b o2;c o3;d d1 o1;e d1");
+        row("pinned", "a d5;b r3", "pin a", "~a32@5", "a d5 p5;b r3");
+        row("pinned, no list has it any more", "a d5 p5", "list", "~a8@5", "a p5");
+        row("pinned, used again", "a d5 p5", "list a7", "~a32@7", "a d7 p7");
+        row("unpinned, nobody else tells of it", "a p5", "unpin a", "~a8@5", "a o5");
+        row("removed though pinned", "a d5 p5", "remove a", "-a", "a d5 r5");
+        row("pinned ones are beyond the limit", "a o1 p1;b o2;c o3;d o4", "limit 2", "-b",
+            "a o1 p1;c o3;d o4");
+        row("pinned and missing for long", "a o3 p3 m4", "missing a 9 5", "~a8@3", "a o3 p3 m4");
+        row("old removals are forgotten, unless contradicted", "a r5;b r5 d5;c r9;d o1", "forget 7", "",
+            "b d5 r5;c r9;d o1");
+    }
+    void news()
+    {
+        QFETCH(QString, state);
+        QFETCH(QString, news);
+        RecentState records = toState(state);
+        const RecentDelta delta = perform(records, news);
+        QTEST(shownText(delta), "shown");
+        apply(records, delta);
+        QTEST(toText(records), "after");
+        QVERIFY2(perform(records, news).showsNothing() || news.startsWith(QLatin1String("open")),
+            "same news again");
+    }
+
+    void mimeTypeOfTheNewestAccess()
+    {
+        XbelEntry entry;
+        entry.path = QStringLiteral("/a");
+        entry.time = 5;
+        entry.mimeType = QStringLiteral("text/plain");
+        RecentState state = toState(QStringLiteral("a s3"));
+        apply(state, mergeImport(state, DesktopSource, {entry}, true));
+        QCOMPARE(state.value(entry.path).mimeType, QStringLiteral("text/plain"));
+        entry.mimeType = QStringLiteral("text/old");
+        entry.time = 4;
+        apply(state, mergeImport(state, SandboxSource, {entry}, true));
+        QCOMPARE(state.value(entry.path).mimeType, QStringLiteral("text/plain"));
+    }
+
+    void privateEntriesOfOthers()
+    {
+        const auto entry = [](const char *path, bool isPrivate, const QStringList &applications) {
+            return XbelEntry{QString::fromLatin1(path), {}, 1, isPrivate, applications};
+        };
+        const QString us = QStringLiteral("ZEL Box");
+        const auto kept =
+            withoutForeignPrivate({entry("/open", false, {}), entry("/theirs", true, {QStringLiteral("X")}),
+                                      entry("/ours", true, {QStringLiteral("X"), us})},
+                us);
+        QCOMPARE(kept.size(), 2);
+        QCOMPARE(kept.at(1).path, QStringLiteral("/ours"));
+    }
+
+    // Whatever the two states: the difference leads from one to the other, in the store and in the shown
+    // list.
+    void differenceLeadsToTheOther()
+    {
+        QRandomGenerator random(4711);
+        for (int round = 0; round < 300; ++round) {
+            RecentState before = randomState(random);
+            const RecentState after = randomState(random);
+            const RecentDelta delta = difference(before, after);
+            RecordInfoList list = visibleRecords(before);
+            update(list, delta);
+            apply(before, delta);
+            QCOMPARE(before, after);
+            QCOMPARE(byId(list), byId(visibleRecords(after)));
+            QVERIFY(std::is_sorted(
+                list.cbegin(), list.cend(), [](const RecentFileInfo &a, const RecentFileInfo &b) {
+                    return a.lastAccess > b.lastAccess;
+                }));
+        }
+    }
+
+    void unwrittenRecordsAgainstTheDatabase()
+    {
+        const char *const cases[][3] = {
+            {"a d5", "a d5 o7", "a d5 o7"},       // opened here
+            {"a d5 o9", "a d5 o7", "a d5 o9"},    // opened there later
+            {"a d5 o6", "a d5 r6", "a d5 r6"},    // opened there, removed here
+            {"a d5 r5", "a d5 o7", "a d5 o7 r5"}, // removed there, opened here since
+        };
+        for (const auto &[database, mine, result] : cases)
+            QCOMPARE(toText(combined(toRecord(QLatin1String(database)), toRecord(QLatin1String(mine)))),
+                QLatin1String(result));
+    }
+
+    void deadPlaces_data()
+    {
+        QTest::addColumn<QString>("mounts");
+        QTest::addColumn<QString>("folder");
+        const auto row = [](const char *path, const char *mounts, const char *folder) {
+            QTest::newRow(path) << QString::fromLatin1(mounts) << QString::fromLatin1(folder);
+        };
+        row("nas/a/b", "%1/nas", "");
+        row("nas2/a", "", "%1/nas2");
+        row("my disk/a", "%1/my disk", "");
+        row("home/docs/a", "%1/nas %1/home/docs", ""); // by a link
+        row("home/far/a", "%1/nas %1/home/far", "");   // by two, one of them relative
+        row("home/near/a", "", "%1/home/near");
+        row("home/loop/a", "", "%1/home/loop");
+        row("hidden/a", "", "%1/hidden"); // a local one is mounted over a remote one
+    }
+    // What a hanging look condemns: never more than the mount that can hang.
+    void deadPlaces()
+    {
+        zel::recent::test::Home home;
+        const QString root = QFileInfo(home.folder.path()).canonicalFilePath();
+        const auto in = [&](QString text) { return text.replace(QLatin1String("%1"), root); };
+        QVERIFY(QDir().mkpath(root + QStringLiteral("/home")));
+        const auto link = [&](const QString &name, const QString &target) {
+            return QFile::link(target, root + QStringLiteral("/home/") + name);
+        };
+        QVERIFY(link(QStringLiteral("docs"), root + QStringLiteral("/nas/docs")));
+        QVERIFY(link(QStringLiteral("far"), QStringLiteral("../home/docs/x")));
+        QVERIFY(link(QStringLiteral("near"), QStringLiteral("..")));
+        QVERIFY(link(QStringLiteral("loop"), QStringLiteral("loop")));
+        const QByteArray table = in(QStringLiteral("21 1 8:1 / / rw shared:1 - ext4 /dev/a rw\n"
+                                                   "40 21 0:5 / %1/nas rw - nfs4 s:/x rw\n"
+                                                   "41 21 0:6 / %1/my\\040disk rw - cifs s:/y rw\n"
+                                                   "42 21 0:7 / %1/hidden rw - nfs s:/z rw\n"
+                                                   "43 42 0:8 / %1/hidden rw - tmpfs t rw\n\n"))
+                                     .toUtf8();
+        QFETCH(QString, mounts);
+        QFETCH(QString, folder);
+        const DeadPlace dead =
+            deadPlaceOf(root + QLatin1Char('/') + QString::fromLatin1(QTest::currentDataTag()), table);
+        QCOMPARE(dead.mounts.join(QLatin1Char(' ')), in(mounts));
+        QCOMPARE(dead.folder, in(folder));
+        QCOMPARE(deadPlaceOf(QStringLiteral("/a"), "21 1 0:1 / / rw - nfs s:/ rw\n").mounts, QStringList());
+    }
+};
+
+QTEST_GUILESS_MAIN(MergeTest)
+#include "tst_merge.moc"

@@ -1,0 +1,162 @@
+// Looking whether files exist, also where a file system never answers.
+#include "platform/recentstore/recentfixture.h"
+
+#include "platform/impl/recentstore/presence/presencechecker.h"
+
+#include <QElapsedTimer>
+#include <QMutex>
+#include <QSemaphore>
+#include <QTest>
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+using namespace zel::recent;
+using Presence = RecentFileInfo::Presence;
+
+namespace {
+
+// Hangs at paths that contain "dead" until it is let go.
+struct Mount
+{
+    QSemaphore entered;
+    QSemaphore letGo;
+    QSemaphore returned;
+};
+
+PresenceChecker::Probe probeOf(const std::shared_ptr<Mount> &mount)
+{
+    return [mount](const QString &path) {
+        if (path.contains(QLatin1String("dead"))) {
+            mount->entered.release();
+            mount->letGo.acquire();
+            mount->returned.release();
+        }
+        return FileLook{Presence::Present};
+    };
+}
+
+FileLooks collected(const QSignalSpy &spy)
+{
+    FileLooks all;
+    for (const QList<QVariant> &call : spy)
+        all.insert(call.at(0).value<FileLooks>());
+    return all;
+}
+
+} // namespace
+
+class PresenceTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void paths_data()
+    {
+        QTest::addColumn<int>("presence");
+        QTest::addColumn<qint64>("size");
+        const auto row = [](const char *name, Presence presence, qint64 size = -1) {
+            QTest::newRow(name) << int(presence) << size;
+        };
+        row("file", Presence::Present, 3);
+        row("link", Presence::Present, 3);
+        row("locked", Presence::Present);
+        row("none", Presence::Missing);
+        row("dangling", Presence::Missing);
+        row("loop", Presence::Missing);
+        row("file/below", Presence::Missing);
+        if (::geteuid() != 0)
+            row("locked/file", Presence::Unknown);
+    }
+    void paths()
+    {
+        QFETCH(int, presence);
+        test::Home home;
+        const auto name = [&](const char *relative) {
+            return QFile::encodeName(home.path(QLatin1String(relative)));
+        };
+        QVERIFY(test::replaceFile(home.path(QStringLiteral("file")), "xyz"));
+        QVERIFY(test::replaceFile(home.path(QStringLiteral("locked/file")), "x"));
+        QCOMPARE(::symlink(name("file").constData(), name("link").constData()), 0);
+        QCOMPARE(::symlink(name("nowhere").constData(), name("dangling").constData()), 0);
+        QCOMPARE(::symlink(name("loop").constData(), name("loop").constData()), 0);
+        QCOMPARE(::chmod(name("locked").constData(), 0), 0);
+        const FileLook found = lookAt(home.path(QString::fromLatin1(QTest::currentDataTag())));
+        ::chmod(name("locked").constData(), 0700);
+        QCOMPARE(int(found.presence), presence);
+        QTEST(found.size, "size");
+    }
+
+    void everythingIsToldOnceUrgentFirst()
+    {
+        QStringList order;
+        QMutex mutex;
+        const auto mount = std::make_shared<Mount>();
+        PresenceChecker checker(nullptr, [&](const QString &path) {
+            if (path == QLatin1String("/first")) {
+                mount->entered.release();
+                mount->letGo.acquire();
+            }
+            const QMutexLocker lock(&mutex);
+            order.append(path);
+            return FileLook{Presence::Present};
+        });
+        QSignalSpy found(&checker, &PresenceChecker::found);
+        QStringList many{QStringLiteral("/first")};
+        for (int i = 0; i < 10000; ++i)
+            many.append(QStringLiteral("/n%1").arg(i));
+        checker.check(many, false);
+        QVERIFY(mount->entered.tryAcquire(1, 30000)); // before that, an urgent one would be looked at at once
+        checker.check({QStringLiteral("/urgent")}, true);
+        checker.check({QStringLiteral("/n7"), QStringLiteral("/urgent")}, false); // they wait already
+        checker.check({QStringLiteral("/urgent")}, true);
+        mount->letGo.release();
+        QTRY_COMPARE(collected(found).size(), 10002);
+        QCOMPARE(order.indexOf(QStringLiteral("/urgent")), 1);
+        QCOMPARE(order.mid(2), many.mid(1));
+        QCOMPARE(order.size(), 10002);
+        QVERIFY2(found.size() < 20, "told in batches");
+        checker.check({QStringLiteral("/n1")}, false); // the thread has ended; a new one begins
+        QTRY_COMPARE(order.size(), 10003);
+    }
+
+    void aDeadMountHoldsUpNeitherTheRestNorTheEnd()
+    {
+        const auto mount = std::make_shared<Mount>();
+        QElapsedTimer watch;
+        {
+            PresenceChecker checker(nullptr, probeOf(mount), 1000); // a busy machine is not a dead one
+            QSignalSpy found(&checker, &PresenceChecker::found);
+            checker.check({QStringLiteral("/a"), QStringLiteral("/proc/dead/b"), QStringLiteral("/proc/c"),
+                              QStringLiteral("/z")},
+                false);
+            QTRY_COMPARE_WITH_TIMEOUT(collected(found).size(), 2, 30000);
+            checker.check({QStringLiteral("/proc/d"), QStringLiteral("/y")}, true);
+            QTRY_COMPARE_WITH_TIMEOUT(collected(found).size(), 3, 30000);
+            QStringList told = collected(found).keys();
+            told.sort();
+            QCOMPARE(told.join(QLatin1Char(' ')), QStringLiteral("/a /y /z")); // nothing below /proc any more
+            watch.start();
+        }
+        QVERIFY(watch.elapsed() < 5000);
+        mount->letGo.release(); // the thread that was given up ends by itself and touches nothing
+        QVERIFY(mount->returned.tryAcquire(1, 10000));
+    }
+
+    void theEndWaitsOnlyAWhile()
+    {
+        const auto mount = std::make_shared<Mount>();
+        auto checker = std::make_unique<PresenceChecker>(nullptr, probeOf(mount));
+        checker->check({QStringLiteral("/dead")}, false);
+        QVERIFY(mount->entered.tryAcquire(1, 10000));
+        QElapsedTimer watch;
+        watch.start();
+        checker.reset();
+        QVERIFY(watch.elapsed() < 10000); // and not until the mount answers
+        mount->letGo.release();
+        QVERIFY(mount->returned.tryAcquire(1, 10000));
+    }
+};
+
+QTEST_GUILESS_MAIN(PresenceTest)
+#include "tst_presence.moc"

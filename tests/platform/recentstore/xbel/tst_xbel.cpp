@@ -1,0 +1,183 @@
+// What the store makes of other programs' recently-used lists.
+#include "xbelfixture.h"
+
+#include "platform/impl/recentstore/xbel/fileurl.h"
+#include "platform/impl/recentstore/xbel/isotime.h"
+#include "platform/impl/recentstore/xbel/listfile.h"
+
+#include <QTest>
+
+#include <sys/stat.h>
+
+using namespace zel::recent;
+using namespace zel::recent::test;
+
+namespace {
+
+QByteArray bomb()
+{
+    QByteArray text("<?xml version=\"1.0\"?><!DOCTYPE xbel [<!ENTITY a0 \"xxxxxxxxxx\">");
+    for (int i = 1; i < 10; ++i) {
+        const QByteArray inner = "&a" + QByteArray::number(i - 1) + ";";
+        text += "<!ENTITY a" + QByteArray::number(i) + " \"" + inner.repeated(10) + "\">";
+    }
+    return text + "]><xbel><bookmark href=\"file:///a\"><title>&a9;</title></bookmark></xbel>";
+}
+
+} // namespace
+
+class XbelTest : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void addresses_data()
+    {
+        QTest::addColumn<QString>("path");
+        QTest::newRow("file:///a/b.txt") << "/a/b.txt";
+        QTest::newRow("file:///a%20b/%E6%96%87.txt") << QString::fromUtf8("/a b/文.txt");
+        QTest::newRow("file://localhost/a") << "/a";
+        QTest::newRow("FILE:/a/./b//c/../d") << "/a/b/d";
+        QTest::newRow("file:///100%25") << "/100%";
+        QTest::newRow("file:///a?b") << "/a?b";
+        for (const char *bad : {"file://server/a", "http://x/a", "file:a", "file:", "", "/a", "file:///a#b",
+                 "file:///a%2Fb", "file:///a%00", "file:///a%4", "file:///a%G1", "file:///a%E9", "file://"})
+            QTest::newRow(bad) << "";
+    }
+    void addresses()
+    {
+        QFETCH(QString, path);
+        QCOMPARE(localPathOf(QString::fromUtf8(QTest::currentDataTag())), path);
+    }
+
+    void times_data()
+    {
+        QTest::addColumn<qint64>("ms");
+        QTest::newRow("2024-05-06T12:01:00Z") << timeOf(1);
+        QTest::newRow("2024-05-06T12:01:00.123456Z") << timeOf(1) + 123;
+        QTest::newRow("2024-05-06T12:01:00.5Z") << timeOf(1) + 500;
+        QTest::newRow("2024-05-06T14:01:00+02:00") << timeOf(1);
+        QTest::newRow("2024-02-29T00:00:00Z") << qint64(1709164800000);
+        for (const char *bad : {"", "Z", "2023-02-29T00:00:00Z", "2024-05-06T25:00:00Z",
+                 "1850-01-01T00:00:00Z", "2024-05-06T12:01:00.xZ", "yesterday",
+                 "9999999999999999999999999999999999999999999999999999999Z"})
+            QTest::newRow(bad) << qint64(0);
+    }
+    void times()
+    {
+        QFETCH(qint64, ms);
+        QCOMPARE(parseIsoTime(QString::fromLatin1(QTest::currentDataTag())), ms);
+    }
+
+    void reading_data()
+    {
+        QTest::addColumn<QByteArray>("data");
+        QTest::addColumn<bool>("intact");
+        QTest::addColumn<QString>("entries");
+        const auto row = [](const char *name, const QString &text, bool intact, const char *entries) {
+            QTest::newRow(name) << text.toUtf8() << intact << QString::fromUtf8(entries);
+        };
+        const QString a = good("/a", 1);
+        const QString b = good("/b", 2);
+        row("newest of three times",
+            inList(
+                QStringLiteral("<bookmark href=\"file:///a\" added=\"%1\" modified=\"%3\" visited=\"%2\"/>")
+                    .arg(isoOf(1), isoOf(2), isoOf(3))),
+            true, "/a@3");
+        row("a wrong clock's time is left out",
+            inList(QStringLiteral(
+                "<bookmark href=\"file:///a\" added=\"%1\" modified=\"2999-01-01T00:00:00Z\"/>")
+                       .arg(isoOf(1))),
+            true, "/a@1");
+        row("only wrong clocks: the earliest",
+            inList(QStringLiteral("<bookmark href=\"file:///a\" added=\"2024-05-08T12:00:00Z\""
+                                  " modified=\"2999-01-01T00:00:00Z\"/>")),
+            true, "/a@2880");
+        row("no times: the file's", inList(QStringLiteral("<bookmark href=\"file:///a\"/>")), true, "/a@0?");
+        row("private", inList(good("/a", 1, QStringLiteral("<bookmark:private/>")) + b), true, "/a@1!;/b@2");
+        row("folder left out",
+            inList(QString(a).replace(QLatin1String("text/plain"), QLatin1String("inode/directory")) + b),
+            true, "/b@2");
+        row("private of another's metadata",
+            inList(QString(a).replace(
+                QLatin1String("owner=\"http://freedesktop.org\""), QLatin1String("owner=\"http://other\""))),
+            true, "/a@1");
+        row("undeclared prefixes", QStringLiteral("<xbel>") + a + QStringLiteral("</xbel>"), true, "/a@1");
+        row("cut off inside the second", inList(a + b).left(inList(a).size() + 40), false, "/a@1");
+        row("wrong nesting", inList(a + QStringLiteral("<bookmark href=\"file:///x\"></info>") + b), false,
+            "/a@1");
+        row("second root", inList(a) + inList(b), false, "/a@1");
+        row("wrong root", QStringLiteral("<html>") + a + QStringLiteral("</html>"), false, "");
+        row("empty file", QString(), false, "");
+        row("unknown entity", inList(a + QStringLiteral("<bookmark href=\"file:///&nope;\"/>") + b), false,
+            "/a@1");
+        row("deep nesting", inList(a + QStringLiteral("<x>").repeated(100000)), false, "/a@1");
+        row("an address of ten megabytes",
+            inList(a
+                + QStringLiteral("<bookmark href=\"file:///%1\"/>").arg(QString(10 << 20, QLatin1Char('x')))
+                + b),
+            true, "/a@1;/b@2");
+        row("a path longer than paths are",
+            inList(good(QByteArray(5000, 'x').prepend('/').constData(), 1) + b), true, "/b@2");
+        QTest::newRow("entity bomb") << bomb() << false << QString();
+        // The parser decodes in blocks, so what stands in the same one is lost.
+        const QString block = QStringLiteral("<!--%1-->").arg(QString(10000, QLatin1Char(' ')));
+        QTest::newRow("not UTF-8") << inList(a + block + b).toUtf8().replace("file:///b", "file:///\xff\xfe")
+                                   << false << "/a@1";
+        QByteArray latin = inList(good("/a", 1)).toLatin1();
+        latin.replace("UTF-8", "ISO-8859-1").replace("file:///a", "file:///\xe4");
+        QTest::newRow("Latin-1 as declared") << latin << true << QString::fromUtf8("/ä@1");
+        QTest::newRow("zero bytes") << inList(a).toUtf8() + QByteArray(100, '\0') << false << "/a@1";
+    }
+    void reading()
+    {
+        QFETCH(QByteArray, data);
+        const Outcome outcome = readAll(data);
+        QTEST(outcome.entries, "entries");
+        QTEST(outcome.intact, "intact");
+        QCOMPARE(outcome.problem.isEmpty(), outcome.intact);
+        QVERIFY2(!outcome.problem.contains(QLatin1Char('/')), qPrintable(outcome.problem));
+    }
+
+    void limits_data()
+    {
+        QTest::addColumn<QByteArray>("data");
+        const QString a = good("/a", 1);
+        const QString filler(100000, QLatin1Char('<'));
+        QTest::newRow("comment")
+            << inList(a + QStringLiteral("<!--") + filler + QStringLiteral("-->")).toUtf8();
+        QTest::newRow("text") << inList(a + QString(100000, QLatin1Char('x'))).toUtf8();
+        QTest::newRow("attribute")
+            << inList(a + QStringLiteral("<t u=\"%1\"/>").arg(QString(100000, QLatin1Char('x')))).toUtf8();
+        QTest::newRow("whole") << inList(a + QStringLiteral("<t/>").repeated(60000)).toUtf8();
+        QTest::newRow("entries") << inList(a + good("/b", 1) + good("/c", 1)).toUtf8();
+    }
+    void limits()
+    {
+        QFETCH(QByteArray, data);
+        XbelLimits limits;
+        limits.tokenBytes = 20000;
+        limits.bytes = 200000;
+        limits.entries = 2;
+        const Outcome outcome = readAll(data, limits);
+        QVERIFY(!outcome.intact);
+        QVERIFY2(outcome.problem.startsWith(QLatin1String("too ")), qPrintable(outcome.problem));
+        QVERIFY(outcome.entries.startsWith(QLatin1String("/a@1")));
+    }
+
+    void onlyRegularFilesAreOpened()
+    {
+        Home home;
+        QFile file;
+        FileStamp stamp;
+        QCOMPARE(openListFile(home.path(QStringLiteral("none")), file, stamp), ListFileState::Missing);
+        QCOMPARE(openListFile(home.folder.path(), file, stamp), ListFileState::Unusable);
+        const QString pipe = home.path(QStringLiteral("pipe"));
+        QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
+        QCOMPARE(
+            openListFile(pipe, file, stamp), ListFileState::Unusable); // would wait for a writer for ever
+    }
+};
+
+QTEST_GUILESS_MAIN(XbelTest)
+#include "tst_xbel.moc"
