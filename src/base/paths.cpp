@@ -3,6 +3,7 @@
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <sys/stat.h>
 
@@ -53,6 +54,11 @@ QString dataDir()
 QString stateDir()
 {
     return ownFolder(stateHome() + QStringLiteral("/zelbox"));
+}
+
+void makeFolderOf(const QString &file)
+{
+    ownFolder(QFileInfo(file).path());
 }
 
 QString keepAside(const QString &path)

@@ -15,6 +15,9 @@ QString settingsDir(); ///< <config>/Halvorn
 QString dataDir();     ///< <data>/zelbox
 QString stateDir();    ///< <state>/zelbox: logs, telemetry
 
+/// Makes the folder that the file is to stand in, mode 0700, when there is none.
+void makeFolderOf(const QString &file);
+
 /// `path` moved aside as "<path>.damaged-<yyyyMMddThhmmss>[-n]"; returns the new name, empty when it could
 /// not be renamed.
 QString keepAside(const QString &path);

@@ -14,6 +14,13 @@ ALLOWED = {
     "cloud/wire": ["base/posix"],
     "platform/api": [PLATFORM, "cloud/wire"],
     "platform/impl": [PLATFORM, "base", "cloud/wire"],
+    "platform/impl/recentstore/records": [PLATFORM, "base"],
+    "platform/impl/recentstore/merge": ["platform/impl/recentstore/records"],
+    "platform/impl/recentstore/presence": ["base", "platform/impl/recentstore/records"],
+    "platform/impl/recentstore/xbel": ["base", "platform/impl/recentstore/records"],
+    "platform/impl/recentstore/roaming": [PLATFORM, "base", "cloud/wire", "platform/impl/recentstore/records"],
+    "platform/impl/recentstore/repository": [
+        "base", "platform/impl/recentstore/records", "platform/impl/recentstore/merge"],
     "cloud": [PLATFORM, "base", "cloud/wire"],
     "radar": ["base"],
     "message": ["base"],

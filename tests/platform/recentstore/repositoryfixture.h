@@ -3,6 +3,7 @@
 #include "recentfixture.h"
 
 #include "platform/impl/recentstore/merge/recentmerge.h"
+#include "platform/impl/recentstore/records/recentlist.h"
 #include "platform/impl/recentstore/repository/recentrepository.h"
 
 namespace zel::recent::test {

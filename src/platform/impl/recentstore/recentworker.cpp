@@ -96,8 +96,8 @@ void RecentWorker::load()
 void RecentWorker::handOver()
 {
     RecordInfoList records = std::exchange(m_firstList, {});
-    if (records.isEmpty() || !m_view.isWhole())
-        records = m_view.records(m_repository.state());
+    if (records.isEmpty() || !m_filter.isWhole())
+        records = m_filter.records(m_repository.state());
     const bool first = !std::exchange(m_handedOver, true);
     Q_EMIT loaded(records);
     if (!first)
@@ -156,11 +156,11 @@ void RecentWorker::publish(const RecentDelta &delta)
         m_firstList.clear();
     if (!m_handedOver)
         return;
-    const RecentDelta shown = m_view.shown(delta, m_repository.state());
+    const RecentDelta shown = m_filter.visiblePart(delta, m_repository.state());
     if (shown.showsNothing())
         return;
     if (shown.shownCount() > LargestDelta)
-        Q_EMIT replaced(m_view.records(m_repository.state()));
+        Q_EMIT replaced(m_filter.records(m_repository.state()));
     else
         Q_EMIT updated({{}, {}, shown.added, shown.removed, shown.changed});
 }

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/impl/recentstore/presence/presencechecker.h"
-#include "platform/impl/recentstore/records/recentview.h"
+#include "platform/impl/recentstore/records/sourcefilter.h"
 #include "platform/impl/recentstore/repository/recentrepository.h"
 #include "platform/impl/recentstore/xbel/xbelimporter.h"
 #include "platform/impl/recentstore/xbel/xbelwriter.h"
@@ -66,7 +66,7 @@ private:
     const RecentPlaces m_places;
     const WorkMode m_mode;
     RecentRepository m_repository;
-    RecentView m_view;
+    SourceFilter m_filter;
     std::unique_ptr<XbelImporter> m_importer;
     PresenceChecker m_checker;
     QHash<QString, QString> m_idByPlace; ///< of records without a local one that are looked for

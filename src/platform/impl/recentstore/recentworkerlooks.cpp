@@ -1,10 +1,11 @@
 #include "recentworker.h"
 
-#include "mounts.h"
+#include "base/posix/mounts.h"
 #include "platform/impl/recentstore/merge/recentmerge.h"
 #include "platform/impl/recentstore/merge/roamingmerge.h"
 
 #include <QDateTime>
+#include <QFile>
 
 #include <algorithm>
 
@@ -26,11 +27,11 @@ void RecentWorker::setPinned(const QStringList &ids, bool pinned)
 
 void RecentWorker::setSources(int sources)
 {
-    if (sources == m_view.sources())
+    if (sources == m_filter.sources())
         return;
-    m_view.setSources(sources);
+    m_filter.setSources(sources);
     if (m_handedOver)
-        Q_EMIT replaced(m_view.records(m_repository.state()));
+        Q_EMIT replaced(m_filter.records(m_repository.state()));
 }
 
 void RecentWorker::clearHistory(bool serviceListCleared)
@@ -144,7 +145,9 @@ void RecentWorker::tellUses(const FileLooks &looks)
             ++it;
             continue;
         }
-        const auto isAround = [&](const QString &folder) { return isBelow(it.key(), folder); };
+        const auto isAround = [path = QFile::encodeName(it.key())](const QString &folder) {
+            return posix::isBelow(path.constData(), QFile::encodeName(folder).constData());
+        };
         const auto &temporary = m_places.temporaryFolders;
         if (look->size >= 0 && std::none_of(temporary.cbegin(), temporary.cend(), isAround))
             uses.append({it.key(), it.value(), look->size, look->mtime});

@@ -1,7 +1,6 @@
 #include "thumbnailstore.h"
 
 #include "detachedjob.h"
-#include "platform/impl/recentstore/mounts.h"
 
 #include <QFile>
 
@@ -12,12 +11,6 @@ namespace {
 
 constexpr int MostThreads = 4;
 constexpr int PictureOverhead = 256; // bytes, about
-
-QByteArray mountTable()
-{
-    QFile table(QStringLiteral("/proc/self/mountinfo"));
-    return table.open(QIODevice::ReadOnly) ? table.readAll() : QByteArray();
-}
 
 } // namespace
 
@@ -94,7 +87,7 @@ void ThumbnailStore::start(const ThumbnailKey &key)
         const bool isWanted = m_current == key;
         m_current = {};
         if (!inTime)
-            leaveOut(key.path);
+            m_dead.add(QFile::encodeName(key.path).toStdString());
         next();
         if (inTime && isWanted)
             take(key, *image); // last: a slot may do anything
@@ -118,19 +111,9 @@ void ThumbnailStore::take(const ThumbnailKey &key, const QImage &image)
         Q_EMIT loaded(key.path);
 }
 
-void ThumbnailStore::leaveOut(const QString &path)
-{
-    const recent::DeadPlace dead = recent::deadPlaceOf(path, mountTable());
-    if (!dead.folder.isEmpty())
-        m_deadFolders.append(dead.folder);
-    m_deadMounts += dead.mounts;
-}
-
 bool ThumbnailStore::isLeftOut(const QString &path) const
 {
-    const auto isDead = [&](const QString &mount) { return recent::isBelow(path, mount); };
-    return (!m_deadFolders.isEmpty() && m_deadFolders.contains(recent::folderOf(path)))
-        || std::any_of(m_deadMounts.cbegin(), m_deadMounts.cend(), isDead);
+    return !m_dead.isEmpty() && m_dead.contains(QFile::encodeName(path).toStdString());
 }
 
 } // namespace zel::platform

@@ -1,10 +1,11 @@
 #pragma once
 
+#include "base/posix/mounts.h"
+
 #include <QCache>
 #include <QDeadlineTimer>
 #include <QImage>
 #include <QObject>
-#include <QStringList>
 
 #include <atomic>
 #include <chrono>
@@ -63,7 +64,6 @@ private:
     void next();
     void start(const ThumbnailKey &key);
     void take(const ThumbnailKey &key, const QImage &image);
-    void leaveOut(const QString &path);
     bool isLeftOut(const QString &path) const;
 
     const Reader m_reader;
@@ -73,8 +73,7 @@ private:
     std::vector<ThumbnailKey> m_waiting;         ///< latest at the end
     DetachedJob *m_job = nullptr;
     ThumbnailKey m_current; ///< what the job looks for; empty: its result is not wanted any more
-    QStringList m_deadFolders;
-    QStringList m_deadMounts;
+    posix::DeadPlaces m_dead;
     std::shared_ptr<std::atomic_int> m_threads =
         std::make_shared<std::atomic_int>(0); ///< with those given up
 };

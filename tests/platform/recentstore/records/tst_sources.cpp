@@ -3,7 +3,7 @@
 #include "platform/recentstore/recordtext.h"
 
 #include "platform/impl/recentstore/merge/recentmerge.h"
-#include "platform/impl/recentstore/records/recentview.h"
+#include "platform/impl/recentstore/records/sourcefilter.h"
 
 #include <QTest>
 
@@ -62,15 +62,15 @@ private Q_SLOTS:
             part.item.deviceName = QStringLiteral("Tablet");
             record.roaming = part;
         }
-        RecentView view;
+        SourceFilter view;
         view.setSources(sources);
         RecentDelta change;
         for (const StoredRecord &record : qAsConst(records))
             change.stored.append(record);
-        QTEST(shownText(view.shown(change, records)), "shown");
-        QVERIFY(view.shown(change, records).showsNothing()); // it knows what it told
+        QTEST(shownText(view.visiblePart(change, records)), "shown");
+        QVERIFY(view.visiblePart(change, records).showsNothing()); // it knows what it told
         change.erased = std::exchange(change.stored, {});
-        QCOMPARE(view.shown(change, {}).removed.size(), view.records(records).size());
+        QCOMPARE(view.visiblePart(change, {}).removed.size(), view.records(records).size());
     }
 
     void switchedWhileItRuns()

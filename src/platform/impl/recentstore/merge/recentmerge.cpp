@@ -237,19 +237,6 @@ void apply(RecentState &state, const RecentDelta &delta)
         state.remove(record.id);
 }
 
-RecordInfoList visibleRecords(const RecentState &state)
-{
-    RecordInfoList list;
-    list.reserve(state.size());
-    for (const StoredRecord &record : state) {
-        if (record.isVisible())
-            list.append(record.toInfo());
-    }
-    std::sort(list.begin(), list.end(),
-        [](const RecentFileInfo &a, const RecentFileInfo &b) { return a.lastAccess > b.lastAccess; });
-    return list;
-}
-
 QVector<XbelEntry> withoutForeignPrivate(QVector<XbelEntry> entries, const QString &application)
 {
     const auto isForeign = [&](const XbelEntry &e) {

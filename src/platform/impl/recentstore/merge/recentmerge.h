@@ -46,9 +46,6 @@ StoredRecord combined(const StoredRecord &database, const StoredRecord &mine);
 
 void apply(RecentState &state, const RecentDelta &delta);
 
-/// The records to show, newest first.
-RecordInfoList visibleRecords(const RecentState &state);
-
 /// Entries that concern this application: private ones only when it registered them.
 QVector<XbelEntry> withoutForeignPrivate(QVector<XbelEntry> entries, const QString &application);
 

@@ -1,7 +1,5 @@
 #include "presencechecker.h"
 
-#include "platform/impl/recentstore/mounts.h"
-
 #include "base/logging.h"
 
 #include <QElapsedTimer>
@@ -34,12 +32,6 @@ void keepLibraryLoaded()
     Dl_info info{};
     if (::dladdr(reinterpret_cast<const void *>(&keepLibraryLoaded), &info) && info.dli_fname)
         ::dlopen(info.dli_fname, RTLD_LAZY | RTLD_NOLOAD | RTLD_NODELETE);
-}
-
-QByteArray mountTable()
-{
-    QFile table(QStringLiteral("/proc/self/mountinfo"));
-    return table.open(QIODevice::ReadOnly) ? table.readAll() : QByteArray();
 }
 
 } // namespace
@@ -184,9 +176,7 @@ void PresenceChecker::check(const QStringList &paths, bool urgent)
 
 bool PresenceChecker::isLeftOut(const QString &path) const
 {
-    const auto isDead = [&](const QString &mount) { return isBelow(path, mount); };
-    return (!m_deadFolders.isEmpty() && m_deadFolders.contains(folderOf(path)))
-        || std::any_of(m_deadMounts.cbegin(), m_deadMounts.cend(), isDead);
+    return !m_dead.isEmpty() && m_dead.contains(QFile::encodeName(path).toStdString());
 }
 
 void PresenceChecker::start()
@@ -248,10 +238,7 @@ void PresenceChecker::lookForProgress()
 // Under the lock, so that the look that is condemned is the one that hangs.
 void PresenceChecker::giveUp(QStringList &rest)
 {
-    const DeadPlace dead = deadPlaceOf(m_shared->current, mountTable());
-    if (!dead.folder.isEmpty())
-        m_deadFolders.insert(dead.folder);
-    m_deadMounts += dead.mounts;
+    m_dead.add(QFile::encodeName(m_shared->current).toStdString());
     for (const QString &path : std::as_const(m_shared->queue)) {
         if (m_shared->waiting.remove(path) > 0)
             rest.append(path);

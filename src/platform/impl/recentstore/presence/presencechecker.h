@@ -1,5 +1,6 @@
 #pragma once
 
+#include "base/posix/mounts.h"
 #include "platform/impl/recentstore/records/recenttypes.h"
 
 #include <QObject>
@@ -21,10 +22,10 @@ FileLook lookAt(const QString &path);
 ///
 /// A dead network mount can hold that thread for ever. When nothing came of one look for as long as the
 /// patience (at most twice that), the thread is given up: it ends by itself if the look ever returns,
-/// touching nothing of ours, and the rest goes on with a new thread. What deadPlaceOf() names for that file
-/// is left out from then on: everything on its mount, or on a local file system just the files of its folder.
-/// After several threads given up nothing is looked at any more. Destruction waits a second at most and does
-/// the same.
+/// touching nothing of ours, and the rest goes on with a new thread. What posix::deadPlaceOf() names for that
+/// file is left out from then on: everything on its mount, or on a local file system just the files of its
+/// folder. After several threads given up nothing is looked at any more. Destruction waits a second at most
+/// and does the same.
 class PresenceChecker final : public QObject
 {
     Q_OBJECT
@@ -55,8 +56,7 @@ private:
     std::thread m_thread;
     QTimer m_patience; ///< runs only while files are looked at
     qint64 m_seenProgress = -1;
-    QSet<QString> m_deadFolders; ///< their own files, not what is deeper
-    QStringList m_deadMounts;    ///< everything below
+    posix::DeadPlaces m_dead;
     int m_givenUp = 0;
 };
 

@@ -57,11 +57,6 @@ RecordInfoList takeMoving(RecordInfoList &list, QHash<QString, News> news)
     return moving;
 }
 
-bool newerFirst(const RecentFileInfo &a, const RecentFileInfo &b)
-{
-    return a.lastAccess > b.lastAccess;
-}
-
 // A few changes that move nothing need no pass over the list. False: that is not the case, or not easily told
 // among many of the same time; what was changed until then is right all the same.
 bool updateInPlace(RecordInfoList &list, const RecentDelta &delta)
@@ -82,6 +77,23 @@ bool updateInPlace(RecordInfoList &list, const RecentDelta &delta)
 }
 
 } // namespace
+
+bool newerFirst(const RecentFileInfo &a, const RecentFileInfo &b)
+{
+    return a.lastAccess > b.lastAccess;
+}
+
+RecordInfoList visibleRecords(const RecentState &state)
+{
+    RecordInfoList list;
+    list.reserve(state.size());
+    for (const StoredRecord &record : state) {
+        if (record.isVisible())
+            list.append(record.toInfo());
+    }
+    std::sort(list.begin(), list.end(), newerFirst);
+    return list;
+}
 
 void update(RecordInfoList &list, const RecentDelta &delta)
 {

@@ -1,7 +1,7 @@
 #include "recentrepository.h"
 
 #include "platform/impl/recentstore/merge/recentmerge.h"
-#include "platform/impl/recentstore/xbel/listfile.h"
+#include "platform/impl/recentstore/records/recentlist.h"
 #include "recentschema.h"
 
 #include "base/logging.h"
@@ -77,7 +77,7 @@ RecordInfoList RecentRepository::open()
 {
     QElapsedTimer watch;
     watch.start();
-    makeFolderOf(m_file);
+    paths::makeFolderOf(m_file);
     QVector<StoredRecord> records;
     if (openDatabase() && !loadAll(records, m_sources)) {
         const bool damaged = m_connection.failure() == Failure::Damaged;

@@ -1,6 +1,5 @@
 #include "listfile.h"
 
-#include <QDir>
 #include <QFileInfo>
 
 #include <cerrno>
@@ -34,14 +33,6 @@ ListFileState openListFile(const QString &path, QFile &file, FileStamp &stamp)
     }
     stamp = toStamp(status);
     return ListFileState::Opened;
-}
-
-void makeFolderOf(const QString &file)
-{
-    const QString folder = QFileInfo(file).path();
-    if (!QFileInfo::exists(folder) && QDir().mkpath(folder))
-        QFile::setPermissions(
-            folder, QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ExeOwner);
 }
 
 FileStamp stampOf(const QFile &file)

@@ -12,9 +12,6 @@ enum class ListFileState { Opened, Missing, Unusable };
 /// opened, so a pipe or device in its place cannot hang the reader. Links are followed.
 ListFileState openListFile(const QString &path, QFile &file, FileStamp &stamp);
 
-/// Makes the folder that the file is to stand in, mode 0700, when there is none.
-void makeFolderOf(const QString &file);
-
 /// Stamp of the opened file as it is now.
 FileStamp stampOf(const QFile &file);
 

@@ -1,5 +1,6 @@
 #include "xbelwriter.h"
 
+#include "base/paths.h"
 #include "listfile.h"
 
 #include <QFileInfo>
@@ -57,7 +58,7 @@ ReplaceResult replace(const QString &path, const QByteArray &data, const std::op
 
 XbelEditResult editXbel(const QString &file, const XbelEdit &edit, const std::function<void()> &beforeReplace)
 {
-    makeFolderOf(file);
+    paths::makeFolderOf(file);
     for (int attempt = 0; attempt < Attempts; ++attempt) {
         QByteArray data;
         std::optional<FileStamp> stamp;

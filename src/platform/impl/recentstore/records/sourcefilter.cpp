@@ -1,6 +1,6 @@
-#include "recentview.h"
+#include "sourcefilter.h"
 
-#include "platform/impl/recentstore/merge/recentmerge.h"
+#include "recentlist.h"
 
 #include <algorithm>
 
@@ -37,7 +37,7 @@ std::optional<RecentFileInfo> seenThrough(const StoredRecord &record, int source
     return info;
 }
 
-RecordInfoList RecentView::records(const RecentState &state)
+RecordInfoList SourceFilter::records(const RecentState &state)
 {
     m_shown.clear();
     if (isWhole())
@@ -49,12 +49,11 @@ RecordInfoList RecentView::records(const RecentState &state)
             list.append(std::move(*info));
         }
     }
-    std::sort(list.begin(), list.end(),
-        [](const RecentFileInfo &a, const RecentFileInfo &b) { return a.lastAccess > b.lastAccess; });
+    std::sort(list.begin(), list.end(), newerFirst);
     return list;
 }
 
-RecentDelta RecentView::shown(const RecentDelta &change, const RecentState &after)
+RecentDelta SourceFilter::visiblePart(const RecentDelta &change, const RecentState &after)
 {
     if (isWhole())
         return change;
@@ -66,7 +65,7 @@ RecentDelta RecentView::shown(const RecentDelta &change, const RecentState &afte
     return delta;
 }
 
-void RecentView::note(RecentDelta &delta, const QString &id, const RecentState &after)
+void SourceFilter::note(RecentDelta &delta, const QString &id, const RecentState &after)
 {
     const auto record = after.constFind(id);
     const auto was = m_shown.find(id);

@@ -7,9 +7,9 @@ namespace zel::recent {
 /// The record as these sources (bits of RecentSource) tell of it; none when it is not shown then.
 std::optional<RecentFileInfo> seenThrough(const StoredRecord &record, int sources);
 
-/// What is shown of the store's state while the user has switched some sources off. Costs nothing while none
-/// is. Store's thread.
-class RecentView
+/// The visible part of the store's state while the user has switched some sources off. Costs nothing while
+/// none is. Store's thread.
+class SourceFilter
 {
 public:
     void setSources(int sources) { m_sources = sources; } ///< records() is to be asked for next
@@ -17,8 +17,8 @@ public:
     bool isWhole() const { return m_sources == RecentSource::All; }
 
     RecordInfoList records(const RecentState &state); ///< newest first
-    /// What a change of the store changes in what is shown. `after` is the state with it.
-    RecentDelta shown(const RecentDelta &change, const RecentState &after);
+    /// Visible part of a store change. `after` is the state with it.
+    RecentDelta visiblePart(const RecentDelta &change, const RecentState &after);
 
 private:
     void note(RecentDelta &delta, const QString &id, const RecentState &after);
