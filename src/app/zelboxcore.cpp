@@ -4,10 +4,6 @@
 #include "app/commandline.h"
 #include "app/desktopactivation.h"
 #include "app/selftest.h"
-#include "app/ui/kzelboxcloudsettingsdlg.h"
-#include "app/ui/zelboxminiwidget.h"
-#include "app/ui/zelboxminiwindow.h"
-#include "app/ui/zelboxtray.h"
 #include "app/zelboxiconthememgr.h"
 #include "app/zelboxipc.h"
 #include "base/logging.h"
@@ -25,6 +21,10 @@
 #include "kthreadtiming.h"
 #include "kxcefpluginstate.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
+#include "mini/ui/zelboxminiwidget.h"
+#include "mini/ui/zelboxminiwindow.h"
+#include "settings/ui/kzelboxcloudsettingsdlg.h"
+#include "tray/ui/zelboxtray.h"
 
 #include <QApplication>
 #include <QDialog>

@@ -94,6 +94,7 @@ private:
     void startRecentStore();
     void startPresence(); ///< tray and bus name, by which the box is reached without a window
     void makeMiniWindow();
+    void onTrayActivated();
     void onTrayReachable(bool reachable);
     void goToBackground();
     void leaveScreen(); ///< hides the window, or minimises it where only the task bar could bring it back

@@ -4,14 +4,14 @@
 
 #include "app/zelboxcore.h"
 
-#include "app/ui/kzelboxcloudsettingsdlg.h"
-#include "app/ui/zelboxminiwidget.h"
-#include "app/ui/zelboxminiwindow.h"
-#include "app/ui/zelboxtray.h"
 #include "cloud/zelboxclientsvrproxy.h"
 #include "krt/kapptranslators.h"
 #include "krt/krt.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
+#include "mini/ui/zelboxminiwidget.h"
+#include "mini/ui/zelboxminiwindow.h"
+#include "settings/ui/kzelboxcloudsettingsdlg.h"
+#include "tray/ui/zelboxtray.h"
 
 #include <QDialog>
 #include <QDrag>

@@ -5,12 +5,8 @@
 #include "app/desktopactivation.h"
 #include "app/memory.h"
 #include "app/ui/folderselectordlg.h"
-#include "app/ui/kzelboxcloudsettingsdlg.h"
 #include "app/ui/syncfolderdlg.h"
 #include "app/ui/zelboxexitdialog.h"
-#include "app/ui/zelboxminiwidget.h"
-#include "app/ui/zelboxminiwindow.h"
-#include "app/ui/zelboxtray.h"
 #include "app/zelboxapplication.h"
 #include "app/zelboxipc.h"
 #include "base/logging.h"
@@ -22,7 +18,11 @@
 #include "krt/krt.h"
 #include "ksettings.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
+#include "mini/ui/zelboxminiwidget.h"
+#include "mini/ui/zelboxminiwindow.h"
 #include "recentfile/recentsettings.h"
+#include "settings/ui/kzelboxcloudsettingsdlg.h"
+#include "tray/ui/zelboxtray.h"
 
 #include <QDialog>
 #include <QTimer>
@@ -112,7 +112,13 @@ void ZelBoxCore::onFirstMainWindowShown()
 void ZelBoxCore::startPresence()
 {
     if (!m_tray) {
-        m_tray = new ZelBoxTray(this, this);
+        m_tray = new ZelBoxTray(this);
+        connect(m_tray, &ZelBoxTray::activated, this, &ZelBoxCore::onTrayActivated);
+        connect(m_tray, &ZelBoxTray::mainWindowRequested, this, &ZelBoxCore::showMainWindow);
+        connect(m_tray, &ZelBoxTray::miniWindowRequested, this,
+            [this] { showMiniWindow(QStringLiteral("tray")); });
+        connect(m_tray, &ZelBoxTray::settingsRequested, this, [this] { openSettings(QString()); });
+        connect(m_tray, &ZelBoxTray::exitRequested, this, &ZelBoxCore::quitLater);
         connect(m_tray, &ZelBoxTray::reachableChanged, this, &ZelBoxCore::onTrayReachable);
     }
     m_tray->setState(m_trayState);
@@ -130,6 +136,15 @@ void ZelBoxCore::makeMiniWindow()
     startRecentStore();
     m_miniWindow = new ZelBoxMiniWindow;
     connect(m_miniWindow, &ZelBoxMiniWindow::mainWindowRequested, this, &ZelBoxCore::showMainWindow);
+}
+
+// Away only with the window that the person is looking at; one that others cover is brought to the front.
+void ZelBoxCore::onTrayActivated()
+{
+    if (m_mainWindow && m_mainWindow->isActiveWindow())
+        sendToBackground();
+    else
+        showMainWindow();
 }
 
 // A panel that crashes comes back at once; one that stays away takes the way to a hidden window with it.

@@ -1,9 +1,9 @@
 // A program of its own, because Qt opens the session bus only once.
 #include "app/commandrecorder.h"
 #include "app/desktopactivation.h"
-#include "app/tray/statusnotifieritem.h"
-#include "app/tray/traylink.h"
 #include "base/posix/unixsocket.h"
+#include "tray/statusnotifieritem.h"
+#include "tray/traylink.h"
 
 #include <QSocketNotifier>
 #include <QtTest>

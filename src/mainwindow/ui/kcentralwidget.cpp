@@ -1,11 +1,11 @@
 #include "mainwindow/ui/kcentralwidget.h"
 
 #include "base/sourcekeys.h"
+#include "cloud/cloudspace.h"
 #include "clouddoc/ui/transferpanel.h"
 #include "clouddoc/ui/zelboxclouddocwidget.h"
 #include "klitestyle.h"
 #include "kskin.h"
-#include "mainwindow/cloudspace.h"
 #include "mainwindow/pagelist.h"
 #include "mainwindow/ui/navigationbar.h"
 #include "mainwindow/ui/searchbox.h"

@@ -2,10 +2,10 @@
 
 #include "base/settingskeys.h"
 #include "base/sourcekeys.h"
+#include "cloud/cloudspace.h"
 #include "cloud/upgradequery.h"
 #include "cloud/zelboxcloudsvr.h"
 #include "ksettings.h"
-#include "mainwindow/cloudspace.h"
 #include "mainwindow/mainwindowhost.h"
 #include "mainwindow/ui/zelboxspacebar.h"
 #include "widgets/shortcuts.h"

@@ -1,8 +1,8 @@
 #include "mainwindow/ui/zelboxspacebar.h"
 
 #include "base/sizetext.h"
+#include "cloud/cloudspace.h"
 #include "klitestyle.h"
-#include "mainwindow/cloudspace.h"
 
 #include <QHBoxLayout>
 #include <QLabel>

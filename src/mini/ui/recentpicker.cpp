@@ -1,0 +1,239 @@
+#include "mini/ui/recentpicker.h"
+
+#include "klitestyle.h"
+#include "recentfile/recentfileactions.h"
+#include "recentfile/recentfilelogic.h"
+#include "recentfile/recentfilemodel.h"
+#include "recentfile/recentsortfiltermodel.h"
+#include "recentfile/ui/recentfiledelegate.h"
+#include "widgets/emptystate.h"
+#include "widgets/noticebar.h"
+#include "widgets/svgicon.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+namespace {
+
+QString problemText(KRecentFileLogic::OpenProblem problem)
+{
+    using Problem = KRecentFileLogic::OpenProblem;
+    switch (problem) {
+    case Problem::Missing:
+        return RecentPicker::tr("This file is no longer there.");
+    case Problem::NotReadable:
+        return RecentPicker::tr("This file cannot be read.");
+    case Problem::NoProgram:
+        return RecentPicker::tr("No program is set up to open this kind of file.");
+    case Problem::NotOnThisDevice:
+        return RecentPicker::tr("This file is on another device.");
+    }
+    return {};
+}
+
+} // namespace
+
+RecentPicker::RecentPicker(const Services &services, QWidget *parent)
+    : QWidget(parent),
+      m_model(new ZelBoxRecentFileModel(this)),
+      m_logic(new KRecentFileLogic(services, this)),
+      m_actions(new RecentFileActions({services.store, services.opener}, this)),
+      m_rows(new RecentSortFilterModel(this)),
+      m_input(new QLineEdit(this)),
+      m_list(new QListView(this)),
+      m_notice(new NoticeBar(this)),
+      m_nothing(new EmptyStateWidget(QStringLiteral(":/icons_svg/empty_recent.svg"), {}, {}, this))
+{
+    m_logic->setModel(m_model);
+    m_rows->setSourceModel(m_model);
+    m_input->setPlaceholderText(tr("Search recent documents"));
+    m_input->setAccessibleName(tr("Search recent documents"));
+    m_input->setClearButtonEnabled(true);
+    m_input
+        ->addAction(zel::tintedIcon(QStringLiteral(":/icons_svg/search.svg"), KSkin::Color::TextSecondary),
+            QLineEdit::LeadingPosition)
+        ->setText(tr("Search")); // never seen, but read out
+    // The glyph is a picture, and the clear button works with the keyboard anyway: neither is a stop.
+    for (QToolButton *button : m_input->findChildren<QToolButton *>())
+        button->setFocusPolicy(Qt::NoFocus);
+    m_list->setAccessibleName(tr("Recent documents"));
+    m_list->setModel(m_rows);
+    m_list->setItemDelegate(new ZelBoxRecentFileDelegate(m_list));
+    m_list->setUniformItemSizes(true);
+    m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setFocusPolicy(Qt::NoFocus);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setMouseTracking(true);
+    layOut();
+    connectModels(services.opener ? services.opener : KDocumentOpener::instance());
+    connectInput();
+    updateState();
+}
+
+RecentPicker::~RecentPicker() = default;
+
+void RecentPicker::layOut()
+{
+    const int side = KLiteStyle::dpiScaled(12);
+    auto *field = new QVBoxLayout;
+    field->setContentsMargins(side, 0, side, 0);
+    field->setSpacing(KLiteStyle::dpiScaled(8));
+    field->addWidget(m_input);
+    field->addWidget(m_notice);
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(KLiteStyle::dpiScaled(8));
+    layout->addLayout(field);
+    layout->addWidget(m_list, 1);
+    layout->addWidget(m_nothing, 1);
+}
+
+void RecentPicker::connectModels(KDocumentOpener *opener)
+{
+    // What the pages and the store tell comes in steps; the list is looked at once all of them are done.
+    for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
+        connect(m_rows, signal, this, &RecentPicker::updateState, Qt::QueuedConnection);
+    connect(
+        m_rows, &QAbstractItemModel::rowsInserted, this, &RecentPicker::checkShownRows, Qt::QueuedConnection);
+    connect(m_logic, &KRecentFileLogic::firstLoadingFinish, this, &RecentPicker::updateState);
+    connect(m_logic, &KRecentFileLogic::itemsBatchArrived, this, &RecentPicker::updateState);
+    connect(m_logic, &KRecentFileLogic::openFailed, this,
+        [this](const QString &, KRecentFileLogic::OpenProblem problem) {
+            m_notice->showText(problemText(problem));
+        });
+    connect(m_actions, &RecentFileActions::folderNotShown, this,
+        [this] { m_notice->showText(tr("The folder of this file cannot be shown.")); });
+    connect(opener, &KDocumentOpener::opened, this,
+        [this](const QString &path, KDocumentOpener::Outcome outcome) {
+            if (outcome == KDocumentOpener::Outcome::Opened && path == m_opening)
+                Q_EMIT documentOpened();
+        });
+}
+
+void RecentPicker::connectInput()
+{
+    m_input->installEventFilter(this);
+    connect(m_input, &QLineEdit::textChanged, this, [this](const QString &text) {
+        RecentFilter filter;
+        filter.text = text;
+        m_rows->setFilter(filter);
+        chooseFirst();
+        updateState();
+    });
+    connect(m_list, &QListView::clicked, this, &RecentPicker::openChosen);
+}
+
+void RecentPicker::focusInput()
+{
+    m_input->setFocus(Qt::OtherFocusReason);
+    m_input->selectAll();
+}
+
+bool RecentPicker::clearInput()
+{
+    const bool filled = !m_input->text().isEmpty();
+    m_input->clear();
+    return filled;
+}
+
+void RecentPicker::startLoading()
+{
+    m_logic->onWindowFirstShown();
+}
+
+void RecentPicker::setPopupsAllowed(bool allowed)
+{
+    m_input->setContextMenuPolicy(allowed ? Qt::DefaultContextMenu : Qt::PreventContextMenu);
+}
+
+QModelIndex RecentPicker::chosen() const
+{
+    return m_list->currentIndex().isValid() ? m_list->currentIndex() : m_rows->index(0);
+}
+
+void RecentPicker::openChosen()
+{
+    const QModelIndex row = chosen();
+    if (!row.isValid())
+        return;
+    m_notice->hide();
+    m_opening = row.data(ZelBoxRecentFileModel::PathRole).toString();
+    m_logic->open(m_rows->mapToSource(row));
+}
+
+void RecentPicker::revealChosen()
+{
+    const QModelIndex row = chosen();
+    if (!row.isValid())
+        return;
+    if (row.data(ZelBoxRecentFileModel::PathRole).toString().isEmpty())
+        return m_notice->showText(problemText(KRecentFileLogic::OpenProblem::NotOnThisDevice));
+    m_notice->hide();
+    m_actions->openFolder(m_rows->record(row.row()));
+}
+
+void RecentPicker::chooseFirst()
+{
+    m_list->setCurrentIndex(m_rows->index(0));
+    m_list->scrollToTop();
+}
+
+// Nothing is said about an empty list before it was loaded.
+void RecentPicker::updateState()
+{
+    const bool loading = m_logic->isWaitingForFirstLoad() || m_logic->isReloading();
+    const bool empty = m_rows->rowCount() == 0 && !loading;
+    m_list->setVisible(!empty);
+    m_nothing->setVisible(empty);
+    if (m_input->text().trimmed().isEmpty())
+        m_nothing->setTexts(tr("No recent documents"), tr("Documents that you open will be listed here."));
+    else
+        m_nothing->setTexts(tr("Nothing found"), tr("No recent document matches these words."));
+    if (!m_list->currentIndex().isValid())
+        chooseFirst();
+}
+
+void RecentPicker::checkShownRows()
+{
+    const int rowHeight = m_list->sizeHintForRow(0);
+    if (rowHeight <= 0)
+        return;
+    const int last = m_list->viewport()->height() / rowHeight;
+    QModelIndexList rows;
+    for (int row = 0; row < m_rows->rowCount() && row <= last; ++row)
+        rows << m_rows->mapToSource(m_rows->index(row));
+    m_logic->checkPresence(rows);
+}
+
+bool RecentPicker::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched == m_input && event->type() == QEvent::KeyPress && handleKey(static_cast<QKeyEvent *>(event)))
+        return true;
+    return QWidget::eventFilter(watched, event);
+}
+
+bool RecentPicker::handleKey(QKeyEvent *event)
+{
+    switch (event->key()) {
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        QCoreApplication::sendEvent(m_list, event);
+        return true;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        if (event->modifiers() & Qt::ControlModifier)
+            revealChosen();
+        else
+            openChosen();
+        return true;
+    default:
+        return false;
+    }
+}

@@ -1,0 +1,138 @@
+#include "settings/ui/cloudsettingspage.h"
+
+#include "base/sizetext.h"
+#include "kdocumentopener.h"
+#include "settings/ui/confirmdialog.h"
+#include "settings/ui/settingscard.h"
+#include "widgets/noticebar.h"
+
+#include <QPushButton>
+
+using State = CloudAccount::State;
+
+namespace {
+
+QString stateText(State state, bool busy)
+{
+    if (busy)
+        return CloudSettingsPage::tr("One moment…");
+    switch (state) {
+    case State::Away:
+        return CloudSettingsPage::tr(
+            "The cloud service is not running. Your documents in the folder stay usable.");
+    case State::Asking:
+        return CloudSettingsPage::tr("One moment…");
+    case State::SignedOut:
+        return CloudSettingsPage::tr("Signed out. Recent documents of your devices are not kept together.");
+    case State::SignedIn:
+        return CloudSettingsPage::tr("Signed in. Everything stays on this computer.");
+    }
+    return {};
+}
+
+QString usedText(const CloudSpace &space)
+{
+    if (!space.isKnown())
+        return CloudSettingsPage::tr("Not known at the moment.");
+    const QString used = zel::sizeText(space.usedBytes());
+    return space.totalBytes() > 0
+        ? CloudSettingsPage::tr("%1 of %2 used.").arg(used, zel::sizeText(space.totalBytes()))
+        : CloudSettingsPage::tr("%1 used.").arg(used);
+}
+
+} // namespace
+
+CloudSettingsPage::CloudSettingsPage(KCloudSvrProxy *cloud, QWidget *parent)
+    : SettingsPage(tr("Cloud"), parent),
+      m_account(cloud),
+      m_sign(new QPushButton(this)),
+      m_open(new QPushButton(tr("Open folder"), this))
+{
+    addAccount();
+    addDrive();
+    addServer();
+    connect(&m_account, &CloudAccount::changed, this, &CloudSettingsPage::update);
+    connect(&m_account, &CloudAccount::failed, this, &CloudSettingsPage::onFailed);
+    connect(m_sign, &QPushButton::clicked, this, &CloudSettingsPage::act);
+    connect(m_open, &QPushButton::clicked, this,
+        [this] { KDocumentOpener::instance()->open(m_account.folder()); });
+    connect(KDocumentOpener::instance(), &KDocumentOpener::opened, this,
+        [this](const QString &path, KDocumentOpener::Outcome outcome) {
+            if (path == m_account.folder() && outcome != KDocumentOpener::Outcome::Opened)
+                notice()->showText(tr("The folder cannot be opened."));
+        });
+    update();
+}
+
+void CloudSettingsPage::addAccount()
+{
+    SettingsCard *card = addCard(tr("Account on this computer"));
+    m_accountRow = card->addRow(tr("Local account"), QString(), m_sign);
+}
+
+void CloudSettingsPage::addDrive()
+{
+    SettingsCard *card = addCard(tr("Drive"));
+    m_folderRow = card->addRow(tr("Folder"), QString(), m_open);
+    m_spaceRow = card->addRow(tr("Space"), QString());
+}
+
+void CloudSettingsPage::addServer()
+{
+    SettingsCard *card = addCard(tr("Server"));
+    card->addRow(tr("Cloud server"),
+        tr("Connecting a server is not available in this version. Nothing is sent anywhere."));
+}
+
+void CloudSettingsPage::update()
+{
+    const State state = m_account.state();
+    const bool known = !m_account.name().isEmpty();
+    m_accountRow->setTitle(known ? m_account.name() : tr("Local account"));
+    m_accountRow->setExplanation(stateText(state, m_account.isBusy()));
+    m_sign->setText(state == State::Away ? tr("Try again")
+            : state == State::SignedIn   ? tr("Sign out")
+                                         : tr("Sign in"));
+    m_sign->setAccessibleName(m_sign->text());
+    m_sign->setEnabled(!m_account.isBusy() && state != State::Asking);
+    const QString folder = m_account.folder();
+    m_folderRow->setExplanation(folder.isEmpty() ? tr("Not known at the moment.") : folder);
+    m_open->setEnabled(!folder.isEmpty());
+    m_spaceRow->setExplanation(usedText(m_account.space()));
+}
+
+void CloudSettingsPage::act()
+{
+    switch (m_account.state()) {
+    case State::Away:
+        return m_account.startService();
+    case State::SignedOut:
+        return m_account.signIn();
+    case State::SignedIn:
+        return m_account.signOut();
+    case State::Asking:
+        return;
+    }
+}
+
+void CloudSettingsPage::onFailed(CloudAccount::Problem problem, int waitingUploads)
+{
+    if (problem == CloudAccount::Problem::UploadsWait)
+        askToDropUploads(waitingUploads);
+    else
+        notice()->showText(tr("The cloud service did not do it. Please try again."));
+}
+
+void CloudSettingsPage::askToDropUploads(int count)
+{
+    auto *dialog = new ConfirmDialog(tr("Sign out"), tr("Sign out although uploads still wait?"),
+        tr("Sign out and drop uploads"), window());
+    dialog->addText(tr("%n upload(s) will not be done.", nullptr, count));
+    connect(dialog, &QDialog::accepted, this, [this] { m_account.signOut(true); });
+    dialog->open();
+}
+
+QWidget *CloudSettingsPage::control(const QString &name) const
+{
+    return name == QLatin1String("account") ? m_sign : nullptr;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "settings/cloudaccount.h"
+#include "settings/ui/settingspage.h"
+
+class QPushButton;
+class SettingsRow;
+
+/// Account, drive and server. GUI thread. Follows the service: also while it is away.
+class CloudSettingsPage final : public SettingsPage
+{
+    Q_OBJECT
+public:
+    explicit CloudSettingsPage(KCloudSvrProxy *cloud, QWidget *parent = nullptr);
+
+    QWidget *control(const QString &name) const override; ///< "account"
+
+private:
+    void addAccount();
+    void addDrive();
+    void addServer();
+    void update();
+    void act();
+    void onFailed(CloudAccount::Problem problem, int waitingUploads);
+    void askToDropUploads(int count);
+
+    CloudAccount m_account;
+    QPushButton *m_sign;
+    QPushButton *m_open;
+    SettingsRow *m_accountRow = nullptr;
+    SettingsRow *m_folderRow = nullptr;
+    SettingsRow *m_spaceRow = nullptr;
+};

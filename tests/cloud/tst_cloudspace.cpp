@@ -1,0 +1,90 @@
+#include "cloud/cloudspace.h"
+#include "recentfile/fakecloud.h"
+
+#include <QSignalSpy>
+#include <QtTest>
+
+using zel::vela::GetStorageInfoResult;
+
+namespace {
+
+GetStorageInfoResult storage(qint64 used, qint64 total, int state = 0)
+{
+    GetStorageInfoResult result;
+    result.usedSize = used;
+    result.totalSize = total;
+    result.state = state;
+    return result;
+}
+
+const auto Result = "zel::vela::GetStorageInfoResult";
+
+} // namespace
+
+class TestCloudSpace : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void followsTheSignIn();
+    void whichAnswersCount_data();
+    void whichAnswersCount();
+    void manyChangesAreOneQuestion();
+};
+
+void TestCloudSpace::followsTheSignIn()
+{
+    FakeCloud cloud;
+    CloudSpace space(&cloud);
+    QVERIFY(!space.isLoggedIn());
+    QVERIFY(!cloud.isAnyWaiting());
+    cloud.logIn(QStringLiteral("me"));
+    QVERIFY(space.isLoggedIn() && space.isLocalAccount() && !space.isKnown());
+    QSignalSpy changed(&space, &CloudSpace::changed);
+    QVERIFY(cloud.answer(true, Result, storage(30, 100)));
+    QCOMPARE(changed.size(), 1);
+    QCOMPARE(space.usedBytes(), 30);
+    QCOMPARE(space.totalBytes(), 100);
+    cloud.logIn(QString());
+    QVERIFY(!space.isLoggedIn() && !space.isKnown());
+}
+
+void TestCloudSpace::whichAnswersCount_data()
+{
+    QTest::addColumn<bool>("ok");
+    QTest::addColumn<int>("state");
+    QTest::addColumn<bool>("signedOutMeanwhile");
+    QTest::addColumn<qint64>("used");
+    QTest::newRow("good") << true << 0 << false << qint64(30);
+    QTest::newRow("service away") << false << 0 << false << qint64(-1);
+    QTest::newRow("refused") << true << 7 << false << qint64(-1);
+    QTest::newRow("signed out meanwhile") << true << 0 << true << qint64(-1);
+}
+
+void TestCloudSpace::whichAnswersCount()
+{
+    QFETCH(bool, ok);
+    QFETCH(int, state);
+    QFETCH(bool, signedOutMeanwhile);
+    FakeCloud cloud;
+    CloudSpace space(&cloud);
+    cloud.logIn(QStringLiteral("me"));
+    if (signedOutMeanwhile)
+        cloud.logIn(QString());
+    QVERIFY(cloud.answer(ok, Result, storage(30, 100, state)));
+    QTEST(space.usedBytes(), "used");
+}
+
+void TestCloudSpace::manyChangesAreOneQuestion()
+{
+    FakeCloud cloud;
+    CloudSpace space(&cloud);
+    cloud.logIn(QStringLiteral("me"));
+    cloud.asked.clear();
+    for (int i = 0; i < 50; ++i)
+        Q_EMIT cloud.velaEventObject()->signal_pushArrived(QStringLiteral("notifyFileAction"), {});
+    QVERIFY(cloud.asked.isEmpty());
+    QTRY_COMPARE(cloud.asked.size(), 1);
+}
+
+QTEST_GUILESS_MAIN(TestCloudSpace)
+#include "tst_cloudspace.moc"

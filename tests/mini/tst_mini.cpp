@@ -1,0 +1,227 @@
+// The mini window and the quick search, with real events.
+
+#include "mini/miniplaces.h"
+#include "mini/ui/minipanel.h"
+#include "mini/ui/recentpicker.h"
+#include "mini/ui/zelboxminiwidget.h"
+#include "mini/ui/zelboxminiwindow.h"
+#include "recentfile/fakes.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QListView>
+#include <QScreen>
+#include <QWindow>
+#include <QtTest>
+
+using namespace recenttest;
+using zel::mini::Edge;
+
+class TestMini : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init();
+    void search();
+    void keys();
+    void quickSearchHides();
+    void docksWhereDropped();
+    void tucksAwayAndComesBack();
+    void staysOutWhenPinned();
+    void remembersItsPlace();
+
+private:
+    KRecentFileLogic::Services services() { return {&m_store, &m_events, &m_opener}; }
+    static QStringList shown(const QWidget &window);
+    static void dragHeader(ZelBoxMiniWindow &window, const QPoint &to);
+
+    FakeStore m_store;
+    KRecentFileEvents m_events;
+    FakeOpener m_opener;
+};
+
+namespace {
+
+QRect screen()
+{
+    return QGuiApplication::primaryScreen()->availableGeometry();
+}
+
+/// Takes the keyboard, as another program's window would.
+struct OtherWindow : QWidget
+{
+    OtherWindow()
+    {
+        show();
+        activateWindow();
+    }
+};
+
+void leave(QWidget &window)
+{
+    QEvent event(QEvent::Leave);
+    QCoreApplication::sendEvent(&window, &event);
+}
+
+void touch(QWidget &window)
+{
+    const QPointF at(1, 1);
+    QEnterEvent event(at, at, at);
+    QCoreApplication::sendEvent(&window, &event);
+}
+
+} // namespace
+
+void TestMini::init()
+{
+    m_opener.asked.clear();
+    m_opener.revealed.clear();
+    m_store.content = {record(QStringLiteral("Résumé"), 3), record(QStringLiteral("Budget"), 2),
+        record(QStringLiteral("Letter"), 1)};
+    zel::mini::places::setPinned(false);
+    zel::mini::places::remember(QGuiApplication::primaryScreen()->name(), {Edge::None, {200, 100}});
+}
+
+QStringList TestMini::shown(const QWidget &window)
+{
+    const auto *model = window.findChild<QListView *>()->model();
+    QStringList names;
+    for (int row = 0; row < model->rowCount(); ++row)
+        names << model->index(row, 0).data().toString();
+    return names;
+}
+
+void TestMini::dragHeader(ZelBoxMiniWindow &window, const QPoint &to)
+{
+    // As the desktop sends them: to the window, wherever that is by then.
+    const QPoint grip(60, 20);
+    QWindow *handle = window.windowHandle();
+    const auto local = [&](const QPoint &global) { return global - window.pos(); };
+    const QPoint from = window.pos() + grip;
+    QTest::mousePress(handle, Qt::LeftButton, {}, grip);
+    QTest::mouseMove(handle, local((from + to + grip) / 2));
+    QTest::mouseMove(handle, local(to + grip));
+    QCOMPARE(window.pos(), to);
+    QTest::mouseRelease(handle, Qt::LeftButton, {}, local(to + grip));
+}
+
+void TestMini::search()
+{
+    ZelBoxMiniWidget widget(nullptr, services());
+    widget.showWithFocus();
+    QTRY_COMPARE(shown(widget).size(), 3);
+    auto *field = widget.findChild<QLineEdit *>();
+    QTest::keyClicks(field, QStringLiteral("RESUME"));
+    QCOMPARE(shown(widget), QStringList(QStringLiteral("Résumé.odt")));
+    field->setText(QStringLiteral("no such name"));
+    QVERIFY(!widget.findChild<QListView *>()->isVisible());
+    field->clear();
+    QVERIFY(widget.findChild<QListView *>()->isVisible());
+}
+
+void TestMini::keys()
+{
+    ZelBoxMiniWindow window(nullptr, services());
+    window.showToFront();
+    QTRY_COMPARE(shown(window).size(), 3);
+    auto *field = window.findChild<QLineEdit *>();
+    QTest::keyClick(field, Qt::Key_Return);
+    QTest::keyClick(field, Qt::Key_Down);
+    QTest::keyClick(field, Qt::Key_Return);
+    QTest::keyClick(field, Qt::Key_Return, Qt::ControlModifier);
+    QCOMPARE(m_opener.asked, (QStringList{m_store.content.at(0).path, m_store.content.at(1).path}));
+    QCOMPARE(m_opener.revealed, QStringList(m_store.content.at(1).path));
+    QTest::keyClicks(field, QStringLiteral("x"));
+    QTest::keyClick(field, Qt::Key_Escape);
+    QVERIFY(window.isVisible() && field->text().isEmpty());
+    QTest::keyClick(field, Qt::Key_Escape);
+    QVERIFY(!window.isVisible());
+}
+
+void TestMini::quickSearchHides()
+{
+    ZelBoxMiniWidget widget(nullptr, services());
+    QSignalSpy hiding(&widget, &ZelBoxMiniWidget::sigMiniWindowAboutToHide);
+    widget.showWithFocus();
+    QTRY_COMPARE(shown(widget).size(), 3);
+    QTest::keyClick(widget.findChild<QLineEdit *>(), Qt::Key_Return);
+    QVERIFY(widget.isVisible()); // it may still turn out that nothing opens it
+    m_opener.answer(m_store.content.first().path, KDocumentOpener::Outcome::Opened);
+    QVERIFY(!widget.isVisible());
+    widget.showWithFocus();
+    QVERIFY(QTest::qWaitForWindowActive(&widget));
+    const OtherWindow other;
+    QTRY_VERIFY(!widget.isVisible());
+    QCOMPARE(hiding.size(), 2);
+}
+
+void TestMini::docksWhereDropped()
+{
+    ZelBoxMiniWindow window(nullptr, services());
+    window.showToFront();
+    dragHeader(window, screen().topLeft() + QPoint(10, 90));
+    QCOMPARE(window.edge(), Edge::Left);
+    QCOMPARE(window.pos(), screen().topLeft() + QPoint(0, 90));
+    dragHeader(window, screen().topLeft() + QPoint(150, 3));
+    QCOMPARE(window.edge(), Edge::Top);
+    dragHeader(window, screen().topLeft() + QPoint(150, 200));
+    QCOMPARE(window.edge(), Edge::None);
+    QTest::keyClick(window.findChild<QLineEdit *>(), Qt::Key_Right, Qt::AltModifier);
+    QCOMPARE(window.edge(), Edge::Right);
+    QCOMPARE(window.geometry().right(), screen().right());
+}
+
+void TestMini::tucksAwayAndComesBack()
+{
+    ZelBoxMiniWindow window(nullptr, services());
+    window.showToFront();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    window.dockAt(Edge::Right);
+    const QRect out = window.geometry();
+    touch(window);
+    leave(window);
+    QTest::qWait(600); // longer than its patience: while it has the keyboard, it stays
+    QCOMPARE(window.geometry(), out);
+
+    const OtherWindow other;
+    QTRY_VERIFY(!window.isActiveWindow());
+    QTRY_VERIFY(window.isTuckedAway());
+    QVERIFY(window.width() < 10);
+    QVERIFY(screen().contains(window.geometry()));
+    QVERIFY(window.isVisible());
+    touch(window);
+    QTRY_COMPARE(window.geometry(), out);
+    leave(window);
+    QTRY_VERIFY(window.isTuckedAway());
+    window.showToFront();
+    QTRY_COMPARE(window.geometry(), out);
+}
+
+void TestMini::staysOutWhenPinned()
+{
+    ZelBoxMiniWindow window(nullptr, services());
+    window.showToFront();
+    window.dockAt(Edge::Left);
+    leave(window);
+    const OtherWindow other;
+    QTRY_VERIFY(window.isTuckedAway());
+    window.setPinned(true);
+    QTRY_COMPARE(window.width(), window.findChild<MiniPanel *>()->width());
+    QVERIFY(ZelBoxMiniWindow(nullptr, services()).isPinned()); // the next one, too
+}
+
+void TestMini::remembersItsPlace()
+{
+    {
+        ZelBoxMiniWindow window(nullptr, services());
+        window.showToFront();
+        dragHeader(window, screen().topLeft() + QPoint(5, 120));
+    }
+    ZelBoxMiniWindow window(nullptr, services());
+    window.showToFront();
+    QCOMPARE(window.edge(), Edge::Left);
+    QCOMPARE(window.pos(), screen().topLeft() + QPoint(0, 120));
+}
+
+QTEST_MAIN(TestMini)
+#include "tst_mini.moc"

@@ -1,0 +1,370 @@
+// The settings dialog with real events, and what its pages change.
+#include "base/autostart.h"
+#include "base/settingskeys.h"
+#include "faults/serviceprocess.h"
+#include "kcloudsvrproxy.h"
+#include "kdcinfoc.h"
+#include "kliteskin.h"
+#include "klitestyle.h"
+#include "krecentfile.h"
+#include "krt/krt.h"
+#include "ksettings.h"
+#include "kskin.h"
+#include "recentfile/recentsettings.h"
+#include "settings/historycleaner.h"
+#include "settings/ui/keyfield.h"
+#include "settings/ui/kzelboxcloudsettingsdlg.h"
+#include "widgets/noticebar.h"
+#include "widgets/shortcuts.h"
+#include "widgets/sidelist.h"
+#include "widgets/toggle.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSignalSpy>
+#include <QTranslator>
+#include <QtTest>
+
+using zel::Shortcuts;
+
+namespace {
+
+QVariant stored(const QString &key)
+{
+    KSettings settings;
+    settings.beginGroup(zel::keys::Plugins);
+    settings.beginGroup(zel::keys::Zelbox);
+    return settings.value(key);
+}
+
+QKeySequence keys(const char *text)
+{
+    return QKeySequence(QLatin1String(text));
+}
+
+/// A dialog on the screen, and its controls by what assistive programs call them.
+struct Window
+{
+    KSkin skin;
+    KZelBoxCloudSettingsDlg dialog;
+
+    explicit Window(const char *page, KCloudSvrProxy *cloud = nullptr) : dialog(&skin, cloud)
+    {
+        dialog.setParameter(QLatin1String(page));
+        dialog.show();
+        if (!QTest::qWaitForWindowActive(&dialog))
+            qFatal("the dialog does not show");
+    }
+    template <class Control> Control *look(const char *name) const // null: there is none
+    {
+        for (Control *each : dialog.findChildren<Control *>()) {
+            const auto *button = qobject_cast<const QAbstractButton *>(each);
+            const bool byText = button && each->accessibleName().isEmpty();
+            const QString text = byText ? button->text() : each->accessibleName();
+            if (each->isVisible() && text == QString::fromUtf8(name))
+                return each;
+        }
+        return nullptr;
+    }
+    template <class Control> Control *find(const char *name) const
+    {
+        auto *found = look<Control>(name);
+        if (!found)
+            qFatal("there is no %s", name);
+        return found;
+    }
+    bool canPress(const char *name) const
+    {
+        const auto *button = look<QPushButton>(name);
+        return button && button->isEnabled();
+    }
+    template <class Control> Control *click(const char *name) const
+    {
+        auto *control = find<Control>(name);
+        QTest::mouseClick(control, Qt::LeftButton);
+        return control;
+    }
+    QString notice() const
+    {
+        const auto all = dialog.findChildren<NoticeBar *>();
+        for (const NoticeBar *each : all) {
+            if (each->isVisible())
+                return each->text();
+        }
+        return {};
+    }
+};
+
+/// Says yes to the question that a dialog asks.
+void sayYes(const char *text)
+{
+    QWidget *question = nullptr;
+    QTRY_VERIFY((question = QApplication::activeModalWidget()) != nullptr);
+    for (QPushButton *button : question->findChildren<QPushButton *>()) {
+        if (button->text() == QLatin1String(text))
+            return QTest::mouseClick(button, Qt::LeftButton);
+    }
+    QFAIL("there is no such button");
+}
+
+/// Texts twice as long, of words that do not break, as some languages have them.
+class LongTexts final : public QTranslator
+{
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char *, const char *text, const char *, int) const override
+    {
+        const QString once = QString::fromUtf8(text);
+        QString word = once;
+        return once + QLatin1Char(' ') + word.replace(QLatin1Char(' '), QLatin1Char('x')).left(40);
+    }
+};
+
+} // namespace
+
+class TestSettings : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void pagesByKeyboard();
+    void namesOfCommands_data();
+    void namesOfCommands();
+    void general();
+    void recent();
+    void shortcuts();
+    void clearing();
+    void cloud();
+    void fitsWithLongTexts();
+};
+
+void TestSettings::initTestCase()
+{
+    QApplication::setStyle(new KLiteStyle);
+    QApplication::setFont(KLiteStyle::applicationFont());
+    KLitOfficeInfo office;
+    office.resourceDirs << qEnvironmentVariable("ZEL_BUILD_DIR")
+            + QStringLiteral("/share/zelbox/res/2019zelbox");
+    KLiteSkin::setOfficeInfo(office);
+    KLiteSkin::setDefaultBaseSkinInfo({});
+    krt::init(
+        QStringLiteral("Halvorn"), QStringLiteral("Office"), QStringLiteral("6.0"), QStringLiteral("zelbox"));
+}
+
+void TestSettings::pagesByKeyboard()
+{
+    Window window("general");
+    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Down);
+    QCOMPARE(window.dialog.currentPage(), QStringLiteral("recent"));
+    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_End);
+    QCOMPARE(window.dialog.currentPage(), QStringLiteral("shortcuts"));
+    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Tab);
+    QVERIFY(qobject_cast<KeyField *>(window.dialog.focusWidget()));
+    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Return);
+    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Escape); // ends the waiting only
+    QVERIFY(window.dialog.isVisible());
+    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Escape);
+    QVERIFY(!window.dialog.isVisible());
+}
+
+void TestSettings::namesOfCommands_data()
+{
+    QTest::addColumn<QString>("page");
+    QTest::addColumn<QString>("control");
+    for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"})
+        QTest::newRow(page) << page << "";
+    QTest::newRow("theme") << "general"
+                           << "Appearance";
+    QTest::newRow("close") << "general"
+                           << "When the window is closed";
+    QTest::newRow("telemetry") << "privacy"
+                               << "Write usage events to a file on this computer";
+    QTest::newRow("nonsense") << "radar"
+                              << "";
+}
+
+void TestSettings::namesOfCommands()
+{
+    QFETCH(const QString, page);
+    QFETCH(const QString, control);
+    Window window("radar");
+    window.dialog.setParameter(QLatin1String(QTest::currentDataTag()));
+    QCOMPARE(window.dialog.currentPage(), page);
+    if (!control.isEmpty())
+        QCOMPARE(window.dialog.focusWidget()->accessibleName(), control);
+    for (const QWidget *each : window.dialog.findChildren<QWidget *>()) {
+        const bool isStop = each->isVisible() && (each->focusPolicy() & Qt::TabFocus);
+        const auto *button = qobject_cast<const QAbstractButton *>(each);
+        QVERIFY2(!isStop || !each->accessibleName().isEmpty() || (button && !button->text().isEmpty()),
+            each->metaObject()->className());
+    }
+}
+
+void TestSettings::general()
+{
+    Window window("general");
+    QSignalSpy language(&window.dialog, &KZelBoxCloudSettingsDlg::languageChosen);
+    const QString entry =
+        zel::AutostartPlaces::fromEnvironment().userFolder + QLatin1Char('/') + zel::Autostart::fileName();
+    auto *appearance = window.find<QComboBox>("Appearance");
+    QWheelEvent wheel({5, 5}, appearance->mapToGlobal(QPoint(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+        false); // the page scrolls below the pointer
+    QApplication::sendEvent(appearance, &wheel);
+    QCOMPARE(KSkin::theme(), KSkin::Theme::Auto);
+    auto *start = window.find<Toggle>("Start with the session");
+    QVERIFY(!start->isChecked());
+    QTest::mouseClick(start->parentWidget(), Qt::LeftButton); // anywhere on the row
+    QVERIFY(start->isChecked() && QFile::exists(entry));
+    QVERIFY(QFile::remove(entry)); // by the desktop's own settings
+    QEvent activation(QEvent::WindowActivate);
+    QApplication::sendEvent(&window.dialog, &activation);
+    QVERIFY(!start->isChecked());
+    QFile blocker(entry);
+    QVERIFY(QDir().mkpath(entry)); // a folder in the entry's place
+    QTest::mouseClick(start, Qt::LeftButton);
+    QVERIFY(!start->isChecked() && !window.notice().isEmpty());
+
+    QTest::keyClick(window.find<QComboBox>("When the window is closed"), Qt::Key_End);
+    QCOMPARE(stored(zel::keys::CloseAction), QVariant(QStringLiteral("exit")));
+    QTest::keyClick(window.find<QComboBox>("Appearance"), Qt::Key_End);
+    QCOMPARE(KSkin::theme(), KSkin::Theme::Dark);
+    KSkin::setTheme(KSkin::Theme::Light); // by a command
+    QCOMPARE(window.find<QComboBox>("Appearance")->currentText(), QStringLiteral("Light"));
+    QTest::keyClick(window.find<QComboBox>("Language"), Qt::Key_End);
+    QCOMPARE(stored(zel::keys::Language), QVariant(QStringLiteral("zh_CN")));
+    QCOMPARE(language.size(), 1);
+    KSettings().remove(QStringLiteral("plugins/zelbox/language"));
+}
+
+void TestSettings::recent()
+{
+    Window window("recent");
+    QCOMPARE(zel::recent::storedSources(), int(RecentSource::All));
+    window.click<Toggle>("This desktop's list");
+    QCOMPARE(zel::recent::storedSources(), RecentSource::Box | RecentSource::Devices);
+    QCOMPARE(RecentSources(), RecentSource::Box | RecentSource::Devices);
+    QVERIFY(!window.find<Toggle>("Last used in sandboxed programs")->isEnabled());
+    QVERIFY(window.find<Toggle>("Last used in ZEL Box")->isEnabled());
+    window.click<Toggle>("Last used in ZEL Box");
+    QCOMPARE(zel::recent::kindMask(), zel::recent::AllKinds & ~RecentRecordKind::Opened);
+    window.click<Toggle>("This desktop's list");
+    window.click<Toggle>("Last used in ZEL Box");
+    QCOMPARE(RecentSources(), int(RecentSource::All));
+    zel::recent::setRemindersOn(false); // in the page's menu
+    QVERIFY(!window.find<Toggle>("Remind of changes on other devices")->isChecked());
+}
+
+void TestSettings::shortcuts()
+{
+    Window window("shortcuts");
+    Shortcuts *all = Shortcuts::instance();
+    QAction action;
+    all->follow(QStringLiteral("window.exit"), &action);
+    auto *field = window.click<KeyField>("Exit");
+    QTest::keyClick(field, Qt::Key_Q, Qt::ControlModifier | Qt::ShiftModifier);
+    QCOMPARE(action.shortcut(), keys("Ctrl+Shift+Q"));
+    QTest::mouseClick(field, Qt::LeftButton);
+    QTest::keyClick(field, Qt::Key_Backspace);
+    QVERIFY(action.shortcut().isEmpty());
+    QTest::mouseClick(field, Qt::LeftButton);
+    QTest::keyClick(field, Qt::Key_W, Qt::ControlModifier); // of another, which gives it up
+    QVERIFY(action.shortcut().isEmpty() && window.notice().contains(QStringLiteral("Close window")));
+    for (QPushButton *button : window.dialog.findChildren<QPushButton *>()) {
+        if (button->isVisible() && button->text() == QStringLiteral("Use here"))
+            QTest::mouseClick(button, Qt::LeftButton);
+    }
+    QCOMPARE(action.shortcut(), keys("Ctrl+W"));
+    QVERIFY(all->keys(QStringLiteral("window.close")).isEmpty());
+    window.click<QPushButton>("Reset all…");
+    sayYes("Reset all");
+    QCOMPARE(action.shortcut(), keys("Ctrl+Q"));
+    QVERIFY(!all->isChanged(QStringLiteral("window.close")));
+}
+
+void TestSettings::clearing()
+{
+    const QString logs = krt::log::filePath();
+    QFile old(logs + QStringLiteral(".2"));
+    QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old lines") > 0);
+    old.close();
+    qInfo("a line before");
+    Window window("privacy");
+    QTRY_VERIFY(window.canPress("Clear \"Logs\"…"));
+    window.click<QPushButton>("Clear \"Logs\"…");
+    sayYes("Clear");
+    QTRY_COMPARE(window.notice(), QStringLiteral("Cleared."));
+    QVERIFY(!old.exists());
+    qInfo("a line after");
+    QFile log(logs);
+    QVERIFY(log.open(QIODevice::ReadOnly));
+    const QByteArray content = log.readAll();
+    QVERIFY(!content.contains("a line before") && content.contains("a line after"));
+
+    QVERIFY(!KDcInfoC::isEnabled()); // at first
+    window.click<Toggle>("Write usage events to a file on this computer");
+    KDcInfoC::postGeneralEvent(QStringLiteral("some_event"));
+    QVERIFY(QFile::exists(KDcInfoC::filePath()));
+    window.dialog.setParameter(QStringLiteral("general"));
+    window.dialog.setParameter(QStringLiteral("privacy")); // looked at again
+    QTRY_VERIFY(window.canPress("Clear \"Usage events\"…"));
+    window.click<QPushButton>("Clear \"Usage events\"…");
+    sayYes("Clear");
+    QVERIFY(!QFile::exists(KDcInfoC::filePath()));
+    KDcInfoC::setEnabled(false);
+}
+
+void TestSettings::cloud()
+{
+    ServiceProcess service;
+    QVERIFY(service.start());
+    KCloudSvrProxy cloud;
+    Window window("cloud", &cloud);
+    window.click<QPushButton>("Try again"); // finds the service that runs
+    QTRY_VERIFY_WITH_TIMEOUT(cloud.isLogined(), 20000);
+    QTRY_VERIFY(window.canPress("Open folder"));
+    for (const QPushButton *button : window.dialog.findChildren<QPushButton *>()) // Enter presses none
+        QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->text()));
+    QSignalSpy cleared(RecentFileEventObject(), &KRecentFileEvents::historyCleared);
+    HistoryCleaner(&cloud).clear(); // and the dialog is closed at once
+    QTRY_COMPARE(cleared.size(), 1);
+    UninitRecentFile();
+    window.click<QPushButton>("Sign out");
+    QTRY_VERIFY(!cloud.isLogined());
+    QTRY_VERIFY(window.canPress("Sign in"));
+    window.click<QPushButton>("Sign in");
+    QTRY_VERIFY(cloud.isLogined());
+    QTRY_VERIFY(window.canPress("Sign out"));
+    service.kill();
+    QTRY_VERIFY(!window.canPress("Sign out"));
+    QTRY_VERIFY_WITH_TIMEOUT(window.canPress("Sign out"), 30000); // the link starts another one
+}
+
+void TestSettings::fitsWithLongTexts()
+{
+    LongTexts texts;
+    QCoreApplication::installTranslator(&texts);
+    QFont large = QApplication::font();
+    large.setPointSizeF(large.pointSizeF() * 1.5);
+    const QFont ordinary = QApplication::font();
+    QApplication::setFont(large);
+    Window window("general");
+    window.dialog.resize(640, 480);
+    QCOMPARE(window.dialog.size(), QSize(640, 480));
+    for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"}) {
+        window.dialog.setParameter(QLatin1String(page));
+        const auto areas = window.dialog.findChildren<QScrollArea *>();
+        const auto shown = std::find_if(
+            areas.begin(), areas.end(), [](const QScrollArea *area) { return area->isVisible(); });
+        QTRY_VERIFY2((*shown)->widget()->minimumSizeHint().width() <= (*shown)->viewport()->width(), page);
+    }
+    window.dialog.setParameter(QStringLiteral("language")); // at the end of its page
+    const QWidget *language = window.dialog.focusWidget();
+    QTRY_COMPARE(language->visibleRegion().boundingRect(), language->rect());
+    QApplication::setFont(ordinary);
+    QCoreApplication::removeTranslator(&texts);
+}
+
+QTEST_MAIN(TestSettings)
+#include "tst_settings.moc"

@@ -1,0 +1,277 @@
+// The tray icon on a private session bus, with a tray of the test's own at the other end.
+
+#include "tray/statusnotifieritem.h"
+#include "tray/trayimage.h"
+#include "tray/ui/zelboxtray.h"
+
+#include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusVariant>
+#include <QProcess>
+#include <QtTest>
+
+namespace {
+
+const QString WatcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
+
+} // namespace
+
+/// The tray: a watcher with or without a host, on a connection of its own. Its end is a panel's crash.
+class FakeWatcher : public QObject
+{
+    Q_OBJECT
+    Q_CLASSINFO("D-Bus Interface", "org.kde.StatusNotifierWatcher")
+    Q_PROPERTY(bool IsStatusNotifierHostRegistered READ hasHost SCRIPTABLE true)
+public:
+    explicit FakeWatcher(bool host) : m_host(host), m_name(QStringLiteral("tray%1").arg(quintptr(this)))
+    {
+        m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_name);
+        m_bus.registerObject(
+            QStringLiteral("/StatusNotifierWatcher"), this, QDBusConnection::ExportScriptableContents);
+        m_bus.registerService(WatcherName);
+    }
+    ~FakeWatcher() override { QDBusConnection::disconnectFromBus(m_name); }
+
+    bool hasHost() const { return m_host; }
+    void setHost(bool host)
+    {
+        m_host = host;
+        Q_EMIT StatusNotifierHostRegistered();
+    }
+
+    /// Without blocking: the item answers from this very thread.
+    QVariantList ask(const QString &path, const QString &interface, const QString &method,
+        const QVariantList &arguments = {})
+    {
+        QDBusMessage call =
+            QDBusMessage::createMethodCall(items.value(items.size() - 1), path, interface, method);
+        call.setArguments(arguments);
+        QDBusPendingCallWatcher pending(m_bus.asyncCall(call));
+        QSignalSpy finished(&pending, &QDBusPendingCallWatcher::finished);
+        finished.wait();
+        error = pending.reply().errorName();
+        return pending.reply().arguments();
+    }
+    QVariantList item(const char *method, const QVariantList &arguments = {0, 0})
+    {
+        return ask(QStringLiteral("/StatusNotifierItem"), QStringLiteral("org.kde.StatusNotifierItem"),
+            QLatin1String(method), arguments);
+    }
+    QVariant property(const char *name)
+    {
+        const QVariantList answer =
+            ask(QStringLiteral("/StatusNotifierItem"), QStringLiteral("org.freedesktop.DBus.Properties"),
+                QStringLiteral("Get"), {QStringLiteral("org.kde.StatusNotifierItem"), QLatin1String(name)});
+        return answer.value(0).value<QDBusVariant>().variant();
+    }
+
+    QStringList items;
+    QString error;
+
+public Q_SLOTS:
+    Q_SCRIPTABLE void RegisterStatusNotifierItem(const QString &service) { items.append(service); }
+
+Q_SIGNALS:
+    Q_SCRIPTABLE void StatusNotifierHostRegistered();
+
+private:
+    bool m_host;
+    QString m_name;
+    QDBusConnection m_bus{QString()};
+};
+
+/// What the tray asked for, in order.
+struct Asked
+{
+    explicit Asked(ZelBoxTray &tray)
+    {
+        const auto note = [&](auto signal, const char *name) {
+            QObject::connect(&tray, signal, &tray, [this, name] { names.append(QLatin1String(name)); });
+        };
+        note(&ZelBoxTray::activated, "activated");
+        note(&ZelBoxTray::mainWindowRequested, "main");
+        note(&ZelBoxTray::miniWindowRequested, "mini");
+        note(&ZelBoxTray::settingsRequested, "settings");
+        note(&ZelBoxTray::exitRequested, "exit");
+    }
+    QStringList names;
+};
+
+class TestTray : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void cleanupTestCase();
+    void watcherComesAndGoes();
+    void leavesTheTray();
+    void badge();
+    void clicks();
+    void menu();
+    void badgeTexts_data();
+    void badgeTexts();
+
+private:
+    QProcess m_daemon;
+};
+
+void TestTray::initTestCase()
+{
+    m_daemon.start(QStringLiteral("dbus-daemon"),
+        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
+    QVERIFY(m_daemon.waitForReadyRead(10'000));
+    qputenv("DBUS_SESSION_BUS_ADDRESS", m_daemon.readLine().trimmed());
+}
+
+void TestTray::cleanupTestCase()
+{
+    m_daemon.kill();
+    m_daemon.waitForFinished(10'000);
+}
+
+void TestTray::watcherComesAndGoes()
+{
+    ZelBoxTray tray(nullptr);
+    QSignalSpy changed(&tray, &ZelBoxTray::reachableChanged);
+    QVERIFY(!tray.reachable()); // the box was started before the panel
+
+    auto watcher = std::make_unique<FakeWatcher>(false);
+    QTRY_COMPARE(watcher->items.size(), 1);
+    QVERIFY(watcher->items.first().startsWith(QLatin1String("org.kde.StatusNotifierItem-")));
+    QTRY_COMPARE(watcher->property("Id").toString(), QStringLiteral("zelbox"));
+    QVERIFY(!tray.reachable()); // registered, but nobody shows it
+    watcher->setHost(true);
+    QVERIFY(changed.wait());
+    QVERIFY(tray.reachable());
+
+    watcher.reset();
+    QVERIFY(changed.wait());
+    QVERIFY(!tray.reachable());
+    FakeWatcher again(true);
+    QVERIFY(changed.wait());
+    QCOMPARE(again.items.size(), 1);
+    QVERIFY(tray.reachable());
+}
+
+// The core makes a new tray icon after a change of language: the old one goes and the new one is told.
+void TestTray::leavesTheTray()
+{
+    FakeWatcher watcher(true);
+    auto tray = std::make_unique<ZelBoxTray>(nullptr);
+    QTRY_VERIFY(tray->reachable());
+    tray.reset();
+    watcher.property("Id");
+    QVERIFY(!watcher.error.isEmpty()); // its name is free
+    tray = std::make_unique<ZelBoxTray>(nullptr);
+    QTRY_VERIFY(tray->reachable());
+    QCOMPARE(watcher.items.size(), 2);
+    QCOMPARE(watcher.property("Id").toString(), QStringLiteral("zelbox"));
+}
+
+void TestTray::badge()
+{
+    FakeWatcher watcher(true);
+    ZelBoxTray tray(nullptr);
+    QTRY_VERIFY(tray.reachable());
+    const auto pictures = [&] { return qdbus_cast<TrayPixmapList>(watcher.property("IconPixmap")); };
+    const auto plain = pictures();
+    tray.setUnread(3);
+    const auto three = pictures();
+    tray.setUnread(100);
+    const auto many = pictures();
+    QVERIFY(plain.size() >= 4 && three.size() == plain.size());
+    for (int i = 0; i < plain.size(); ++i) {
+        QCOMPARE(plain.at(i).argb.size(), plain.at(i).width * plain.at(i).height * 4);
+        QVERIFY2(plain.at(i).argb != three.at(i).argb, qPrintable(QString::number(plain.at(i).width)));
+    }
+    QCOMPARE(three.first().argb, many.first().argb); // too small for numbers: a dot
+    QVERIFY(three.last().argb != many.last().argb);
+
+    QCOMPARE(watcher.property("Status").toString(), QStringLiteral("NeedsAttention"));
+    watcher.item("Activate");
+    QCOMPARE(watcher.property("Status").toString(), QStringLiteral("Active"));
+    tray.setUnread(99); // one was read elsewhere
+    QCOMPARE(watcher.property("Status").toString(), QStringLiteral("Active"));
+    tray.setUnread(0);
+    QCOMPARE(pictures().last().argb, plain.last().argb);
+    tray.setState(QStringLiteral("a < b"));
+    QCOMPARE(qdbus_cast<TrayToolTip>(watcher.property("ToolTip")).text, QStringLiteral("a &lt; b"));
+}
+
+void TestTray::clicks()
+{
+    FakeWatcher watcher(true);
+    ZelBoxTray tray(nullptr);
+    const Asked asked(tray);
+    QTRY_VERIFY(tray.reachable());
+    watcher.item("Activate");
+    watcher.item("SecondaryActivate");
+    watcher.item("Scroll", {120, QStringLiteral("vertical")});
+    QCOMPARE(asked.names, (QStringList{QStringLiteral("activated"), QStringLiteral("mini")}));
+}
+
+void TestTray::menu()
+{
+    FakeWatcher watcher(true);
+    ZelBoxTray tray(nullptr);
+    const Asked asked(tray);
+    QTRY_VERIFY(tray.reachable());
+    const QString path = watcher.property("Menu").value<QDBusObjectPath>().path();
+    const QString interface = QStringLiteral("com.canonical.dbusmenu");
+    const QVariantList layout =
+        watcher.ask(path, interface, QStringLiteral("GetLayout"), {0, -1, QStringList()});
+    QCOMPARE(layout.size(), 2);
+    // (revision, (id, properties, children as variants))
+    const auto root = layout.at(1).value<QDBusArgument>();
+    QHash<QString, int> ids;
+    int rootId = 0;
+    QVariantMap properties;
+    QVariantList children;
+    root.beginStructure();
+    root >> rootId >> properties >> children;
+    root.endStructure();
+    for (const QVariant &child : qAsConst(children)) {
+        const auto entry = child.value<QDBusArgument>();
+        int id = 0;
+        entry.beginStructure();
+        entry >> id >> properties;
+        ids.insert(properties.value(QStringLiteral("label")).toString().remove(QLatin1Char('_')), id);
+    }
+    for (const char *label : {"Show ZEL Box", "Mini window", "Settings", "Exit"}) {
+        QVERIFY2(ids.contains(QLatin1String(label)), label);
+        watcher.ask(path, interface, QStringLiteral("Event"),
+            {ids.value(QLatin1String(label)), QStringLiteral("clicked"), QVariant::fromValue(QDBusVariant(0)),
+                0U});
+    }
+    QTRY_COMPARE(asked.names,
+        (QStringList{QStringLiteral("main"), QStringLiteral("mini"), QStringLiteral("settings"),
+            QStringLiteral("exit")}));
+}
+
+void TestTray::badgeTexts_data()
+{
+    QTest::addColumn<int>("unread");
+    QTest::addColumn<int>("size");
+    QTest::addColumn<QString>("text");
+    const auto row = [](int unread, int size, const char *text) {
+        QTest::addRow("%d at %d px", unread, size) << unread << size << QString::fromLatin1(text);
+    };
+    row(0, 48, "");
+    row(-1, 48, "");
+    row(5, 16, ""); // a dot
+    row(9, 22, "9");
+    row(10, 24, "9+");
+    row(99, 32, "99");
+    row(100, 32, "99+");
+}
+
+void TestTray::badgeTexts()
+{
+    QFETCH(const int, unread);
+    QFETCH(const int, size);
+    QTEST(zel::tray::badgeText(unread, size), "text");
+}
+
+QTEST_MAIN(TestTray)
+#include "tst_tray.moc"
