@@ -1423,6 +1423,14 @@
     </message>
 </context>
 <context>
+    <name>SectionListView</name>
+    <message>
+        <source>%1 of %2</source>
+        <comment>place of a row in its list</comment>
+        <translation>第 %1 项，共 %2 项</translation>
+    </message>
+</context>
+<context>
     <name>ShareDialog</name>
     <message>
         <source>Share document</source>

@@ -61,4 +61,17 @@ void paintButtonVeil(QPainter *painter, const QRect &rect, bool pressed)
     painter->drawRoundedRect(rect, radius, radius);
 }
 
+void paintDropGround(QPainter *painter, const QRect &rect, bool quiet)
+{
+    const QColor accent = KSkin::color(KSkin::Color::Accent);
+    QColor veil = accent;
+    veil.setAlphaF(quiet ? 0.05 : 0.12);
+    const qreal width = KLiteStyle::dpiScaledF(1.5);
+    const qreal radius = KLiteStyle::dpiScaledF(look::Radius);
+    painter->setBrush(veil);
+    painter->setPen(QPen(accent, width));
+    painter->drawRoundedRect(
+        QRectF(rect).adjusted(width / 2, width / 2, -width / 2, -width / 2), radius, radius);
+}
+
 } // namespace zel

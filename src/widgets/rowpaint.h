@@ -20,6 +20,10 @@ void paintTextLine(QPainter *painter, const QRect &rect, const QFontMetrics &met
 /// A line icon that fills `rect`.
 void paintGlyph(QPainter *painter, const QRect &rect, const QString &icon, const QColor &color);
 
+/// Ground and frame of what takes the things that are dragged: a row, a step of a path, or (`quiet`) a whole
+/// list, whose rows stay readable. Needs antialiasing.
+void paintDropGround(QPainter *painter, const QRect &rect, bool quiet = false);
+
 /// The veil under a row's button that the pointer is on.
 void paintButtonVeil(QPainter *painter, const QRect &rect, bool pressed);
 

@@ -1,0 +1,65 @@
+#include "lists/rowselection.h"
+
+#include "lists/listmodel.h"
+
+#include <algorithm>
+
+namespace zel {
+
+QVector<int> selectedRowNumbers(const QItemSelectionModel *selection)
+{
+    QVector<int> rows;
+    const QItemSelection ranges = selection ? selection->selection() : QItemSelection();
+    for (const QItemSelectionRange &range : ranges) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows << row;
+    }
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    return rows;
+}
+
+QStringList selectedRowIds(const ListModel *model, const QItemSelectionModel *selection)
+{
+    const QVector<int> rows = selectedRowNumbers(selection);
+    QStringList ids;
+    ids.reserve(rows.size());
+    for (const int row : rows)
+        ids << model->idOf(row);
+    return ids;
+}
+
+int selectedRowCount(const QItemSelectionModel *selection)
+{
+    int count = 0;
+    const QItemSelection ranges = selection ? selection->selection() : QItemSelection();
+    for (const QItemSelectionRange &range : ranges)
+        count += range.height();
+    return count;
+}
+
+QItemSelection selectionOf(const ListModel &model, QVector<int> rows)
+{
+    std::sort(rows.begin(), rows.end());
+    rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
+    QItemSelection selection;
+    for (auto from = std::lower_bound(rows.cbegin(), rows.cend(), 0); from != rows.cend();) {
+        auto to = from;
+        while (std::next(to) != rows.cend() && *std::next(to) == *to + 1)
+            ++to;
+        selection.select(model.index(*from), model.index(*to));
+        from = std::next(to);
+    }
+    return selection;
+}
+
+QItemSelection selectionOf(const ListModel &model, const QStringList &ids)
+{
+    QVector<int> rows;
+    rows.reserve(ids.size());
+    for (const QString &id : ids)
+        rows << model.rowOf(id);
+    return selectionOf(model, std::move(rows));
+}
+
+} // namespace zel

@@ -1,0 +1,51 @@
+#include "lists/ui/listkeyboard.h"
+
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <algorithm>
+
+void ListKeyboard::bind(const QKeySequence &keys, Needs needs, const Command &command)
+{
+    const int stroke = keys[0];
+    const auto same = std::find_if(m_bindings.begin(), m_bindings.end(),
+        [stroke](const Binding &known) { return known.stroke == stroke; });
+    if (same == m_bindings.end())
+        m_bindings.append({stroke, needs, command});
+    else
+        *same = {stroke, needs, command};
+}
+
+void ListKeyboard::bind(QKeySequence::StandardKey keys, Needs needs, const Command &command)
+{
+    const QList<QKeySequence> strokes = QKeySequence::keyBindings(keys);
+    for (const QKeySequence &stroke : strokes)
+        bind(stroke, needs, command);
+}
+
+bool ListKeyboard::run(const QKeyEvent &event, const QItemSelectionModel *selection) const
+{
+    const int stroke = event.key() | int(event.modifiers() & ~Qt::KeypadModifier);
+    const auto bound = std::find_if(m_bindings.cbegin(), m_bindings.cend(),
+        [stroke](const Binding &known) { return known.stroke == stroke; });
+    if (bound == m_bindings.cend())
+        return false;
+    const bool has = bound->needs == Needs::Nothing
+        || (selection
+            && (bound->needs == Needs::Current ? selection->currentIndex().isValid()
+                                               : selection->hasSelection()));
+    if (has && !event.isAutoRepeat())
+        bound->command();
+    return true;
+}
+
+bool ListKeyboard::isModifier(int key)
+{
+    return key == Qt::Key_Control || key == Qt::Key_Shift || key == Qt::Key_Alt || key == Qt::Key_AltGr
+        || key == Qt::Key_Meta;
+}
+
+bool ListKeyboard::isPrintable(const QString &typed)
+{
+    const QVector<uint> characters = typed.toUcs4();
+    return !characters.isEmpty() && QChar::isPrint(characters.constFirst());
+}

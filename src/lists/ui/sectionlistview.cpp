@@ -1,0 +1,397 @@
+#include "lists/ui/sectionlistview.h"
+
+#include "klitestyle.h"
+#include "lists/listmodel.h"
+#include "lists/rowselection.h"
+#include "lists/ui/listaccessible.h"
+
+#include <QDragEnterEvent>
+#include <QHelpEvent>
+#include <QStyle>
+
+namespace {
+
+constexpr int MenuIndent = 40; // of a menu by keyboard, from the row's left edge
+
+bool opensOnOneClick(const QWidget *widget)
+{
+    return widget->style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, widget);
+}
+
+} // namespace
+
+using View = SectionListView;
+
+SectionListView::SectionListView(QWidget *parent) : SectionListArea(parent)
+{
+    ListAccessible::install();
+    setSelectionMode(ExtendedSelection);
+    setEditTriggers(NoEditTriggers); // beginRename()
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    viewport()->setMouseTracking(true);
+    acceptInputMethods();
+    bindKeys();
+    connect(&m_drop, &ListDropTarget::changed, viewport(), qOverload<>(&QWidget::update));
+    connect(&m_drop, &ListDropTarget::rowLingered, this, &View::dragLingered);
+}
+
+void View::reset()
+{
+    m_memory.clear();
+    m_drop.leave();
+    SectionListArea::reset();
+}
+
+QModelIndexList View::selectedRows() const
+{
+    QModelIndexList rows;
+    const QVector<int> numbers = zel::selectedRowNumbers(selectionModel());
+    rows.reserve(numbers.size());
+    for (const int row : numbers)
+        rows << listModel()->index(row);
+    return rows;
+}
+
+QString View::currentId() const
+{
+    return currentIndex().isValid() ? listModel()->idOf(currentIndex().row()) : QString();
+}
+
+void View::selectIds(const QStringList &ids)
+{
+    const auto here = std::find_if(
+        ids.cbegin(), ids.cend(), [this](const QString &id) { return listModel()->rowOf(id) >= 0; });
+    if (here == ids.cend())
+        return;
+    const QModelIndex first = listModel()->index(listModel()->rowOf(*here));
+    selectionModel()->setCurrentIndex(first, QItemSelectionModel::NoUpdate);
+    selectionModel()->select(zel::selectionOf(*listModel(), ids), QItemSelectionModel::ClearAndSelect);
+    scrollTo(first);
+}
+
+void View::rowsInserted(const QModelIndex &parent, int start, int end)
+{
+    SectionListArea::rowsInserted(parent, start, end);
+    if (start == 0 && end == listModel()->rowCount() - 1)
+        m_memory.giveBack(*listModel(), selectionModel());
+}
+
+// A reload takes all rows away and brings most of them back at once.
+void View::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
+{
+    if (start == 0 && end == listModel()->rowCount() - 1)
+        m_memory.keep(*listModel(), *selectionModel());
+    else
+        m_leaving.leave(*listModel(), selectionModel(), start, end);
+    SectionListArea::rowsAboutToBeRemoved(parent, start, end);
+}
+
+void View::currentChanged(const QModelIndex &current, const QModelIndex &previous)
+{
+    SectionListArea::currentChanged(current, previous);
+    acceptInputMethods();
+    updateRow(previous);
+    updateRow(current);
+    ListAccessible::tellCurrent(this);
+}
+
+void View::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
+{
+    SectionListArea::selectionChanged(selected, deselected);
+    ListAccessible::tellSelection(this);
+    Q_EMIT selectedRowsChanged();
+}
+
+void View::beginRename(const QModelIndex &index)
+{
+    if (!index.isValid())
+        return;
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
+    scrollTo(index);
+    edit(index);
+}
+
+// The state of the base class says no once a row has moved.
+bool View::isRenaming() const
+{
+    return isPersistentEditorOpen(currentIndex());
+}
+
+// One row has its buttons: where the pointer is, else where the keyboard is.
+void View::fillOption(ListRowOption *option, const QModelIndex &index) const
+{
+    SectionListArea::fillOption(option, index);
+    option->state.setFlag(QStyle::State_MouseOver, m_hover.row() == index);
+    option->state.setFlag(QStyle::State_HasFocus, leads(index));
+    option->buttons = m_hover.row().isValid() ? m_hover.row() == index : leads(index);
+    option->dropTarget = m_drop.row().isValid() && m_drop.row() == index;
+    m_hover.fill(option, index);
+}
+
+bool View::leads(const QModelIndex &index) const
+{
+    return m_keyboardLeads && hasFocus() && currentIndex() == index;
+}
+
+void View::setKeyboardLeads(bool leads)
+{
+    if (std::exchange(m_keyboardLeads, leads) == leads)
+        return;
+    updateHover();
+    updateRow(currentIndex());
+}
+
+void View::hoverMoved(bool toOtherRow)
+{
+    if (toOtherRow && m_keyboardLeads) // the buttons leave the current row, or come back to it
+        updateRow(currentIndex());
+}
+
+// Rows also move under a pointer that stays where it is. Who works with the keyboard has left it somewhere.
+void View::updateHover()
+{
+    const bool hovers = !m_keyboardLeads && viewport()->underMouse();
+    hoverMoved(hovers ? m_hover.moveTo(viewport()->mapFromGlobal(QCursor::pos())) : m_hover.leave());
+}
+
+void View::mousePressEvent(QMouseEvent *event)
+{
+    if (event->button() == Qt::BackButton || event->button() == Qt::ForwardButton) {
+        event->ignore(); // the page's
+        return;
+    }
+    const bool left = event->button() == Qt::LeftButton;
+    const ListHover::Spot button =
+        left ? m_hover.buttonAt(event->pos()) : ListHover::Spot(); // that was to be seen
+    setKeyboardLeads(false);
+    m_press.begin(*event, left && !button.isButton() ? indexAt(event->pos()) : QModelIndex());
+    m_hover.press(button);
+    if (!button.isButton())
+        SectionListArea::mousePressEvent(event);
+}
+
+// On desktops where the first click already opens, the second has nothing left to do. Two clicks on a button
+// are two.
+void View::mouseDoubleClickEvent(QMouseEvent *event)
+{
+    if (event->button() != Qt::LeftButton) {
+        event->accept();
+        return;
+    }
+    const QModelIndex index = indexAt(event->pos());
+    if (!m_press.isSecondHalf(*event, index) || m_hover.buttonAt(event->pos()).isButton()) {
+        QMouseEvent press(QEvent::MouseButtonPress, event->localPos(), event->windowPos(), event->screenPos(),
+            event->button(), event->buttons(), event->modifiers(), event->source());
+        mousePressEvent(&press);
+        return;
+    }
+    m_press.beginSecondHalf();
+    if (!opensOnOneClick(this))
+        Q_EMIT doubleClicked(index);
+}
+
+void View::mouseReleaseEvent(QMouseEvent *event)
+{
+    const bool left = event->button() == Qt::LeftButton;
+    if (left && m_hover.pressed().isButton()) {
+        const ListHover::Spot pressed = m_hover.release();
+        if (m_hover.buttonAt(event->pos()) == pressed)
+            Q_EMIT buttonClicked(pressed.row, pressed.button, m_hover.below(pressed));
+        return;
+    }
+    // The base class opens on single-click desktops whichever button comes up, and whatever it was for.
+    if (m_press.endsDoubleClick() || !left) {
+        setState(NoState);
+    } else if (ListPress::picksRows(*event) && opensOnOneClick(this)) {
+        setState(NoState);
+        if (m_press.row().isValid() && m_press.row() == indexAt(event->pos()))
+            Q_EMIT clicked(m_press.row());
+    } else {
+        SectionListArea::mouseReleaseEvent(event);
+    }
+}
+
+// The base class would want every row to say that it can be dragged, and picks rows under a band that nobody
+// sees.
+void View::mouseMoveEvent(QMouseEvent *event)
+{
+    hoverMoved(m_hover.moveTo(event->pos()));
+    if (event->buttons() == Qt::NoButton) {
+        SectionListArea::mouseMoveEvent(event);
+        return;
+    }
+    if (!dragEnabled() || !m_press.isDrag(*event) || !selectionModel()->isSelected(m_press.row()))
+        return;
+    startDrag(dragActions());
+    m_press.forget();
+}
+
+void View::startDrag(Qt::DropActions actions)
+{
+    if (rowDelegate())
+        runDrag(this, *rowDelegate(), selectedRows(), m_press.row(), actions);
+}
+
+void View::dragEnterEvent(QDragEnterEvent *event)
+{
+    m_drop.enter(event, indexAt(event->pos()));
+}
+
+void View::dragMoveEvent(QDragMoveEvent *event)
+{
+    m_drop.move(event, indexAt(event->pos()));
+    startAutoScroll();
+}
+
+void View::dragLeaveEvent(QDragLeaveEvent *event)
+{
+    stopAutoScroll();
+    m_drop.leave();
+    event->accept();
+}
+
+void View::dropEvent(QDropEvent *event)
+{
+    stopAutoScroll();
+    m_drop.drop(event, indexAt(event->pos()));
+    setState(NoState);
+}
+
+void View::bindKeys()
+{
+    using Needs = ListKeyboard::Needs;
+    const auto open = [this] { Q_EMIT activated(currentIndex()); };
+    for (const int keys : {int(Qt::Key_Return), int(Qt::Key_Enter), int(Qt::SHIFT) + int(Qt::Key_Return)})
+        m_keyboard.bind(keys, Needs::Current, open);
+    const auto toggle = [this] { selectionModel()->select(currentIndex(), QItemSelectionModel::Toggle); };
+    for (const int keys : {int(Qt::Key_Space), int(Qt::CTRL) + int(Qt::Key_Space)})
+        m_keyboard.bind(keys, Needs::Current, toggle);
+    m_keyboard.bind(int(Qt::SHIFT) + int(Qt::Key_F10), Needs::Nothing, [this] { requestMenuOfCurrent(); });
+}
+
+void View::keyPressEvent(QKeyEvent *event)
+{
+    if (!ListKeyboard::isModifier(event->key())) // that may be on its way to a click
+        setKeyboardLeads(true);
+    if (m_keyboard.run(*event, selectionModel())) {
+        event->accept();
+    } else if (event->key() == Qt::Key_Escape) {
+        const bool selected = selectionModel() && selectionModel()->hasSelection();
+        clearSelection();
+        event->setAccepted(selected); // somebody else's, with nothing selected here
+    } else {
+        SectionListArea::keyPressEvent(event);
+    }
+}
+
+void View::setTypeToFilter(bool on)
+{
+    m_typeToFilter = on;
+    acceptInputMethods();
+}
+
+// The base class wants input methods for rows that can be edited only, and says so again and again.
+void View::acceptInputMethods()
+{
+    if (m_typeToFilter)
+        setAttribute(Qt::WA_InputMethodEnabled);
+}
+
+// The base class calls this with whatever a key has brought, control characters too.
+void View::keyboardSearch(const QString &text)
+{
+    if (!ListKeyboard::isPrintable(text))
+        return;
+    if (m_typeToFilter)
+        Q_EMIT textTyped(text);
+    else
+        SectionListArea::keyboardSearch(text);
+}
+
+void View::inputMethodEvent(QInputMethodEvent *event)
+{
+    keyboardSearch(event->commitString());
+    event->accept();
+}
+
+// The place is where an input method shows what may be meant.
+QVariant View::inputMethodQuery(Qt::InputMethodQuery query) const
+{
+    if (query == Qt::ImEnabled)
+        return m_typeToFilter;
+    if (query != Qt::ImCursorRectangle)
+        return SectionListArea::inputMethodQuery(query);
+    const QRect current = visualRect(currentIndex()) & viewport()->rect();
+    return current.isEmpty() ? QRect(0, 0, 1, layout().headerHeight()) : current;
+}
+
+void View::focusInEvent(QFocusEvent *event)
+{
+    const auto reason = event->reason();
+    if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
+        setKeyboardLeads(true);
+    SectionListArea::focusInEvent(event);
+    acceptInputMethods();
+    if (listModel() && !currentIndex().isValid())
+        selectionModel()->setCurrentIndex(listModel()->index(0), QItemSelectionModel::NoUpdate);
+}
+
+// A menu by keyboard belongs to the current row, wherever the pointer is.
+bool View::event(QEvent *event)
+{
+    if (event->type() == QEvent::ContextMenu && contextMenuPolicy() == Qt::CustomContextMenu
+        && static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard) {
+        requestMenuOfCurrent();
+        event->accept();
+        return true;
+    }
+    return SectionListArea::event(event);
+}
+
+void View::requestMenuOfCurrent()
+{
+    const QModelIndex current = currentIndex();
+    if (!current.isValid()) {
+        Q_EMIT customContextMenuRequested({0, -1});
+        return;
+    }
+    if (!selectionModel()->isSelected(current))
+        selectionModel()->select(current, QItemSelectionModel::ClearAndSelect);
+    scrollTo(current);
+    const QRect rect = visualRect(current);
+    Q_EMIT customContextMenuRequested({rect.left() + KLiteStyle::dpiScaled(MenuIndent), rect.center().y()});
+}
+
+bool View::viewportEvent(QEvent *event)
+{
+    switch (event->type()) {
+    case QEvent::Leave:
+        hoverMoved(m_hover.leave());
+        break;
+    case QEvent::Enter:
+        Q_EMIT userReturned();
+        break;
+    case QEvent::WindowActivate: // what rows stand for may have gone, or come back
+        Q_EMIT userReturned();
+        viewport()->update();
+        settleSoon();
+        break;
+    case QEvent::ToolTip: {
+        auto *help = static_cast<QHelpEvent *>(event);
+        if (const QModelIndex index = indexAt(help->pos()); index.isValid())
+            return itemDelegate()->helpEvent(help, this, rowOption(index), index);
+        break;
+    }
+    default:
+        break;
+    }
+    return SectionListArea::viewportEvent(event);
+}
+
+// A hidden page is not told that its window has become active.
+void View::showEvent(QShowEvent *event)
+{
+    Q_EMIT userReturned();
+    SectionListArea::showEvent(event);
+    settleSoon();
+}

@@ -1,0 +1,263 @@
+#include "lists/listfixture.h"
+
+#include "klitestyle.h"
+#include "klook.h"
+
+#include <QAccessible>
+#include <QScreen>
+
+using namespace listtest;
+
+/// Where rows are, what is painted of them, and what stays while they change.
+class TestListView : public QObject, private ListFixture
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { open(); }
+    void cleanup() { close(); }
+    void scrollToKeepsRowsBelowTheTitle();
+    void rowsEndWithTheColumn();
+    void onlyExposedRowsArePainted();
+    void scrolledPictureIsThePaintedOne();
+    void lookedAtRowsStayInPlace_data();
+    void lookedAtRowsStayInPlace();
+    void selectionAndPlaceSurvive_data();
+    void selectionAndPlaceSurvive();
+    void visibleRowsAreToldOnce();
+    void editorsGoWithTheirRow();
+    void assistivePrograms();
+};
+
+void TestListView::scrollToKeepsRowsBelowTheTitle()
+{
+    const int title = topOf(index(0));
+    QVERIFY(title > 0);
+    m_view->scrollTo(index(50), View::PositionAtTop);
+    QCOMPARE(topOf(index(50)), title);
+    m_view->scrollTo(index(50), View::PositionAtBottom);
+    QCOMPARE(m_view->visualRect(index(50)).bottom() + 1, m_view->viewport()->height());
+    const int before = scroll();
+    m_view->scrollTo(index(49)); // in view already
+    QCOMPARE(scroll(), before);
+    m_view->scrollTo(index(20));
+    QCOMPARE(topOf(index(20)), title);
+    QVERIFY(!m_view->indexAt({50, title - 1}).isValid()); // it covers the row before
+    m_view->setSectionsShown(false);
+    m_view->scrollTo(index(0));
+    QCOMPARE(topOf(index(0)), 0);
+}
+
+// What is beside the rows of a wide window is no row, and the scroll bar does not move them.
+void TestListView::rowsEndWithTheColumn()
+{
+    m_view->resize(1600, 400);
+    const QRect row = m_view->visualRect(index(1));
+    QCOMPARE(row.width(), KLiteStyle::dpiScaled(zel::look::ContentWidth));
+    QCOMPARE(row.center().x(), m_view->rect().center().x());
+    QVERIFY(m_view->indexAt(row.center()).isValid());
+    QVERIFY(!m_view->indexAt({row.left() - 1, row.center().y()}).isValid());
+    QVERIFY(!m_view->indexAt({row.right() + 1, row.center().y()}).isValid());
+    m_model->load(names(2));
+    QCOMPARE(m_view->visualRect(index(1)).left(), row.left());
+}
+
+void TestListView::onlyExposedRowsArePainted()
+{
+    m_model->load(names(2000));
+    m_view->verticalScrollBar()->setValue(40000);
+    m_delegate.painted.clear();
+    m_view->viewport()->repaint();
+    QVERIFY(m_delegate.painted.size() >= 8 && m_delegate.painted.size() <= 12);
+
+    QCoreApplication::processEvents(); // what was due before
+    m_delegate.painted.clear();
+    m_view->verticalScrollBar()->setValue(40020);
+    QTRY_VERIFY(!m_delegate.painted.isEmpty());
+    QVERIFY2(m_delegate.painted.size() <= 4, qPrintable(QString::number(m_delegate.painted.size())));
+}
+
+void TestListView::scrolledPictureIsThePaintedOne()
+{
+    const auto window = [this] {
+        QCoreApplication::processEvents();
+        return m_view->screen()->grabWindow(m_view->winId()).toImage().copy(m_view->viewport()->rect());
+    };
+    if (window().isNull())
+        QSKIP("this platform gives no picture of a window");
+    int at = 0;
+    for (const int step : {7, 60, 300, -33, 1, -250, 52}) {
+        m_view->verticalScrollBar()->setValue(at += step);
+        const QImage moved = window();
+        m_view->viewport()->update();
+        QCOMPARE(moved, window());
+    }
+}
+
+void TestListView::lookedAtRowsStayInPlace_data()
+{
+    QTest::addColumn<int>("scroll");
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<bool>("stays");
+    QTest::newRow("new row above") << 1000 << QStringLiteral("insert") << true;
+    QTest::newRow("a row further down goes to the top") << 1000 << QStringLiteral("90") << true;
+    QTest::newRow("the row at the top edge does") << 1000 << QStringLiteral("first") << true;
+    QTest::newRow("at the very top new rows show") << 0 << QStringLiteral("insert") << false;
+}
+
+void TestListView::lookedAtRowsStayInPlace()
+{
+    QFETCH(int, scroll);
+    QFETCH(QString, what);
+    QFETCH(bool, stays);
+    m_view->verticalScrollBar()->setValue(scroll);
+    const QPersistentModelIndex watched = m_view->indexAt({50, 150});
+    QVERIFY(watched.isValid());
+    const int before = topOf(watched);
+    int first = 0;
+    while (m_view->visualRect(index(first)).bottom() < 0)
+        ++first;
+    if (what == QLatin1String("insert"))
+        m_model->insert(0, QStringLiteral("a new one"));
+    else
+        m_model->moveToTop(what == QLatin1String("first") ? first : what.toInt());
+    QCOMPARE(topOf(watched) == before, stays);
+    QCOMPARE(this->scroll() == 0, scroll == 0);
+}
+
+void TestListView::selectionAndPlaceSurvive_data()
+{
+    QTest::addColumn<QString>("what");
+    QTest::addColumn<bool>("all"); // are selected, else e35 and two more
+    QTest::addColumn<QString>("after");
+    QTest::addColumn<bool>("placeStays");
+    const QString some = QStringLiteral("e35 e37 e38");
+    QTest::newRow("reload") << "reload" << false << some << true;
+    QTest::newRow("reload, all") << "reload" << true << names(60).join(QLatin1Char(' ')) << true;
+    QTest::newRow("all that was found")
+        << "found" << true << names(100).filter(QStringLiteral("5")).join(QLatin1Char(' ')) << false;
+    QTest::newRow("filter") << "filter" << false << some << false;
+    QTest::newRow("filter and back") << "back" << false << some << false;
+    QTest::newRow("order") << "order" << false << "e38 e37 e35" << true;
+}
+
+void TestListView::selectionAndPlaceSurvive()
+{
+    QFETCH(QString, what);
+    QFETCH(bool, all);
+    QFETCH(bool, placeStays);
+    click(1);
+    m_view->scrollTo(index(35), View::PositionAtCenter);
+    click(35);
+    click(37, Qt::LeftButton, Qt::ControlModifier);
+    click(38, Qt::LeftButton, Qt::ControlModifier);
+    QCOMPARE(selection(), QStringLiteral("e35 e37 e38"));
+    if (what == QLatin1String("found"))
+        m_model->filter(QStringLiteral("5"));
+    if (all)
+        key(Qt::Key_A, Qt::ControlModifier);
+    const QString current = m_view->currentId();
+    const int before = topOf(m_view->currentIndex());
+    if (what == QLatin1String("reload"))
+        m_model->load(names(60));
+    else if (what == QLatin1String("order"))
+        m_model->turnOver();
+    else if (what != QLatin1String("found"))
+        m_model->filter(QStringLiteral("e3"));
+    if (what == QLatin1String("back") || what == QLatin1String("found"))
+        m_model->filter({});
+    QTEST(selection(), "after");
+    QCOMPARE(m_view->currentId(), current);
+    if (placeStays)
+        QCOMPARE(topOf(m_view->currentIndex()), before);
+
+    m_model->load({});
+    m_model->load({QStringLiteral("other")});
+    QVERIFY(!m_view->currentIndex().isValid());
+    QCOMPARE(scroll(), 0);
+}
+
+void TestListView::visibleRowsAreToldOnce()
+{
+    qRegisterMetaType<QModelIndexList>("QModelIndexList");
+    QSignalSpy settled(m_view.get(), &View::visibleRowsSettled);
+    for (int i = 0; i < 20; ++i)
+        m_view->verticalScrollBar()->setValue(1000 + i);
+    QVERIFY(settled.wait());
+    QCOMPARE(settled.size(), 1);
+    const auto rows = settled.at(0).at(0).value<QModelIndexList>();
+    const QRect viewport = m_view->viewport()->rect();
+    for (const QModelIndex &row : rows)
+        QVERIFY(viewport.intersects(m_view->visualRect(row)));
+    QVERIFY(!viewport.intersects(m_view->visualRect(index(rows.first().row() - 1))));
+    QVERIFY(!viewport.intersects(m_view->visualRect(index(rows.last().row() + 1))));
+
+    QSignalSpy returned(m_view.get(), &View::userReturned);
+    send(QEvent::WindowActivate);
+    send(QEvent::Enter);
+    QCOMPARE(returned.size(), 2);
+    QVERIFY(settled.wait());
+}
+
+void TestListView::editorsGoWithTheirRow()
+{
+    m_view->beginRename(index(4));
+    QWidget *editor = QApplication::focusWidget();
+    QVERIFY(editor != m_view.get() && m_view->isRenaming());
+    QTest::keyClick(editor, Qt::Key_Delete); // no key of the list
+    const auto isAtItsRow = [&] { return editor->geometry() == m_view->visualRect(m_view->currentIndex()); };
+    m_model->moveToTop(30);
+    QVERIFY(isAtItsRow() && m_view->isRenaming());
+    m_view->verticalScrollBar()->setValue(37);
+    QVERIFY(isAtItsRow());
+    QTest::keyClick(editor, Qt::Key_Escape);
+    QVERIFY(!m_view->isRenaming() && m_view->hasFocus());
+}
+
+void TestListView::assistivePrograms()
+{
+    QAccessibleInterface *list = QAccessible::queryAccessibleInterface(m_view.get());
+    QVERIFY(list);
+    QCOMPARE(list->role(), QAccessible::List);
+    QVERIFY(list->state().multiSelectable);
+    QCOMPARE(list->childCount(), 100);
+    QVERIFY(!list->child(100));
+
+    m_view->setCurrentIndex(index(1));
+    QAccessibleInterface *row = list->child(1);
+    QCOMPARE(row->role(), QAccessible::ListItem);
+    QCOMPARE(row->text(QAccessible::Name), QStringLiteral("a1"));
+    QCOMPARE(row->text(QAccessible::Description), QStringLiteral("a, 2 of 100"));
+    QVERIFY(row->state().focused && row->state().selected);
+    QCOMPARE(list->focusChild(), row);
+    QCOMPARE(list->childAt(row->rect().center().x(), row->rect().center().y()), row);
+    QVERIFY(list->child(90)->state().offscreen);
+
+    QSignalSpy activated(m_view.get(), &View::activated);
+    row->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    QCOMPARE(activated.size(), 1);
+    QSignalSpy menu(m_view.get(), &View::customContextMenuRequested);
+    list->child(2)->actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    QCOMPARE(m_view->indexAt(menu.value(0).value(0).toPoint()).row(), 2);
+
+    // What was made for a row stays with it, and goes with it.
+    m_model->remove(QStringLiteral("a0"));
+    QCOMPARE(list->indexOfChild(row), 0);
+    const auto idOf = [list](int child) { return QAccessible::uniqueId(list->child(child)); };
+    const QAccessible::Id first = idOf(0);
+    const QAccessible::Id second = idOf(1);
+    m_model->remove(QStringLiteral("a1"));
+    QVERIFY(!QAccessible::accessibleInterface(first));
+    QCOMPARE(idOf(0), second);
+    m_model->load({});
+    QVERIFY(!QAccessible::accessibleInterface(second));
+
+    Names other;
+    other.load(names(2));
+    m_view->setModel(&other);
+    QCOMPARE(list->childCount(), 2);
+    m_view->setModel(m_model.get());
+    QCOMPARE(list->childCount(), 0);
+}
+
+QTEST_MAIN(TestListView)
+#include "tst_listview.moc"
