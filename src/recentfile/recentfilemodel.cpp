@@ -1,11 +1,7 @@
 #include "recentfile/recentfilemodel.h"
 
 #include "base/clock.h"
-#include "recentfile/documentkind.h"
-#include "recentfile/recordtexts.h"
-#include "recentfile/timetext.h"
 
-#include <QFileInfo>
 #include <QSet>
 
 using namespace zel::recent;
@@ -41,62 +37,7 @@ QVariant ZelBoxRecentFileModel::data(const QModelIndex &index, int role) const
 
 QVariant ZelBoxRecentFileModel::recordData(const RecentFileInfo &record, int role) const
 {
-    switch (role) {
-    case Qt::DisplayRole:
-        return shownName(record);
-    case Qt::ToolTipRole:
-        return toolTip(record);
-    case Qt::AccessibleTextRole:
-        return accessibleText(record);
-    }
-    return role < Qt::UserRole ? QVariant() : roleData(record, Role(role));
-}
-
-QVariant ZelBoxRecentFileModel::roleData(const RecentFileInfo &record, Role role) const
-{
-    switch (role) {
-    case IdRole:
-        return record.id;
-    case DisplayTextRole:
-        return record.displayText;
-    case PathRole:
-        return record.path;
-    case SuffixRole:
-        return QFileInfo(record.path).suffix();
-    case BaseNameRole:
-        return QFileInfo(record.path).completeBaseName();
-    case CloudNameRole:
-        return record.cloudName;
-    case NameRole:
-        return shownName(record);
-    case LastAccessRole:
-        return QDateTime::fromMSecsSinceEpoch(record.lastAccess);
-    case TimeTextRole:
-        return timeText(QDateTime::fromMSecsSinceEpoch(record.lastAccess), zel::now());
-    case CloudBackedRole:
-        return record.cloudBacked;
-    case RoamingRole:
-        return record.roaming;
-    case UnreadRole:
-        return record.unread;
-    case CloudFileIdRole:
-        return record.cloudFileId;
-    case PresenceRole:
-        return int(record.presence);
-    case GroupKindRole:
-        return timeGroupKind(m_edges, record.lastAccess);
-    case SizeRole:
-        return record.size;
-    case PinnedRole:
-        return record.pinned;
-    case DeviceNameRole:
-        return record.deviceName;
-    case RoamingIdRole:
-        return record.roamingId;
-    case DocumentKindRole:
-        return int(documentKind(shownName(record)));
-    }
-    return {};
+    return role == GroupKindRole ? timeGroupKind(m_edges, record.lastAccess) : roleValue(record, role);
 }
 
 bool ZelBoxRecentFileModel::setData(const QModelIndex &index, const QVariant &value, int role)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "recentfile/recentroles.h"
 #include "recentfile/recentrows.h"
 #include "recentfile/timegroups.h"
 
@@ -10,37 +11,10 @@
 /// records. Texts are made when asked for, so loading costs next to nothing per row. groups() is up to date
 /// whenever a signal about rows is emitted. Signals of one change: the row signals, groupsChanged(),
 /// rowCountChanged().
-class ZelBoxRecentFileModel final : public QAbstractListModel
+class ZelBoxRecentFileModel final : public QAbstractListModel, public RecentRoles
 {
     Q_OBJECT
 public:
-    /// The numbers are fixed: other pages and scripts know them.
-    enum Role {
-        IdRole = Qt::UserRole,
-        DisplayTextRole = Qt::UserRole + 1,
-        PathRole = Qt::UserRole + 2,
-        SuffixRole = Qt::UserRole + 3,
-        BaseNameRole = Qt::UserRole + 4,
-        CloudNameRole = Qt::UserRole + 6,
-        NameRole = Qt::UserRole + 8,
-        LastAccessRole = Qt::UserRole + 11, ///< QDateTime, local time
-        TimeTextRole = Qt::UserRole + 12,
-        CloudBackedRole = Qt::UserRole + 13,
-        RoamingRole = Qt::UserRole + 14,
-        UnreadRole = Qt::UserRole + 15, ///< UnreadMark
-        CloudFileIdRole = Qt::UserRole + 16,
-        PresenceRole = Qt::UserRole + 20,  ///< RecentFileInfo::Presence as int
-        GroupKindRole = Qt::UserRole + 21, ///< 1 to 7
-        SizeRole = Qt::UserRole + 22,      ///< qint64, bytes; -1: not known
-        PinnedRole = Qt::UserRole + 23,
-        DeviceNameRole = Qt::UserRole + 24, ///< where it was used last when that was not here
-        RoamingIdRole = Qt::UserRole + 25,
-        DocumentKindRole = Qt::UserRole + 26, ///< zel::recent::DocumentKind as int
-    };
-    Q_ENUM(Role)
-    enum UnreadMark { NotUnread = -1, New = 0, Modified = 1 };
-    Q_ENUM(UnreadMark)
-
     /// What a pass over reported ids did.
     struct MarkResult
     {
@@ -97,7 +71,6 @@ Q_SIGNALS:
     void groupsChanged();
 
 private:
-    QVariant roleData(const RecentFileInfo &record, Role role) const;
     void setUnread(int row, UnreadMark mark);
     void markRoaming(const ZELBOX_ROAMING_MSGLIST &messages, UnreadMark mark, MarkResult &result);
     void regroup();

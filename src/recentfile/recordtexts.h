@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QString>
-#include <QVector>
 
 struct RecentFileInfo;
 
@@ -15,8 +14,5 @@ QString shownName(const RecentFileInfo &record);
 QString toolTip(const RecentFileInfo &record);
 /// The row as a screen reader says it: name, time, then what else there is to know.
 QString accessibleText(const RecentFileInfo &record);
-
-/// Roles of ZelBoxRecentFileModel that answer otherwise for `after` than for `before`.
-QVector<int> changedRoles(const RecentFileInfo &before, const RecentFileInfo &after);
 
 } // namespace zel::recent

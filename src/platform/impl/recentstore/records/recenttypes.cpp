@@ -14,11 +14,9 @@ void addRoaming(RecentFileInfo &info, const RoamingPart &part, qint64 lastUseHer
 {
     using Presence = RecentFileInfo::Presence;
     const RoamingItem &item = part.item;
-    info.roamingId = item.roamingId;
-    info.cloudName = item.name;
+    copyShown(RoamingItemFields, item, info);
     info.cloudFileId = item.fileId.toLongLong();
     info.cloudBacked = !item.fileId.isEmpty();
-    info.unread = item.unread;
     if (item.time > lastUseHere)
         info.deviceName = item.deviceName;
     if (info.size < 0)
@@ -121,13 +119,10 @@ void StoredRecord::dropAccess(int source)
 RecentFileInfo StoredRecord::toInfo() const
 {
     RecentFileInfo info;
-    info.id = id;
+    copyShown(StoredRecordFields, *this, info);
     info.kind = kind();
-    info.mimeType = mimeType;
     info.lastAccess = lastAccess();
-    info.size = size;
     info.pinned = pinTime > 0;
-    info.presence = presence;
     if (!isRoamingOnly()) {
         info.path = id;
         info.displayText = id.mid(id.lastIndexOf(QLatin1Char('/')) + 1);

@@ -77,6 +77,17 @@ struct StoredRecord
     RecentFileInfo toInfo() const;
 };
 
+inline constexpr std::tuple StoredRecordFields{
+    Field("path", &StoredRecord::id).shownAs(&RecentFileInfo::id),
+    Field("mime_type", &StoredRecord::mimeType).shownAs(&RecentFileInfo::mimeType),
+    Field("opened_at", &StoredRecord::openedAt),
+    Field("removed_time", &StoredRecord::removedTime),
+    Field("presence", &StoredRecord::presence).shownAs(&RecentFileInfo::presence),
+    Field("missing_since", &StoredRecord::missingSince).since(2),
+    Field("size", &StoredRecord::size).shownAs(&RecentFileInfo::size).since(3),
+    Field("pin_time", &StoredRecord::pinTime).since(3),
+};
+
 QString roamingRecordId(const QString &roamingId);
 
 using RecentState = QHash<QString, StoredRecord>; ///< by id

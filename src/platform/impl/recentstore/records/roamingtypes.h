@@ -1,5 +1,7 @@
 #pragma once
 
+#include "field.h"
+
 #include <QMetaType>
 #include <QString>
 #include <QVector>
@@ -26,6 +28,19 @@ struct RoamingItem
     bool operator==(const RoamingItem &) const = default;
 };
 
+inline constexpr std::tuple RoamingItemFields{
+    Field("user", &RoamingItem::user),
+    Field("roaming_id", &RoamingItem::roamingId).shownAs(&RecentFileInfo::roamingId),
+    Field("file_id", &RoamingItem::fileId),
+    Field("name", &RoamingItem::name).shownAs(&RecentFileInfo::cloudName),
+    Field("device_name", &RoamingItem::deviceName), // shown only while the last use was there
+    Field("used_path", &RoamingItem::usedPath),
+    Field("cache_path", &RoamingItem::cachePath),
+    Field("time", &RoamingItem::time),
+    Field("size", &RoamingItem::size),
+    Field("unread", &RoamingItem::unread).shownAs(&RecentFileInfo::unread),
+};
+
 /// One answer of the service, all pages of it.
 struct RoamingList
 {
@@ -44,6 +59,12 @@ struct RoamingPart
     bool operator==(const RoamingPart &) const = default;
 
     qint64 time() const { return item.time > forgottenTime ? item.time : -1; } ///< -1: there is no use left
+};
+
+inline constexpr std::tuple RoamingPartFields{
+    Field("found_path", &RoamingPart::foundPath),
+    Field("forgotten_time", &RoamingPart::forgottenTime),
+    Field("read_untold", &RoamingPart::isReadUntold),
 };
 
 /// A part that most records do not have; copies share it.

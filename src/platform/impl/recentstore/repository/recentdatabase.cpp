@@ -1,96 +1,119 @@
 #include "recentdatabase.h"
 
+#include <QByteArrayList>
 #include <QSet>
 
 namespace zel::recent {
 namespace {
 
-constexpr const char *SelectRecords =
-    "SELECT id,path,mime_type,opened_at,removed_time,presence,missing_since,size,pin_time FROM record "
-    "ORDER BY time DESC";
-constexpr const char *SelectRoaming =
-    "SELECT "
-    "record_id,user,roaming_id,file_id,name,device_name,used_path,cache_path,found_path,time,size,unread,"
-    "forgotten_time,read_untold FROM roaming";
 constexpr const char *SelectAccesses = "SELECT record_id,source_id,time FROM access ORDER BY record_id";
 constexpr const char *SelectSources = "SELECT name,id,mtime_ns,size,inode FROM source";
-constexpr const char *InsertRecord =
-    "INSERT INTO record(path,mime_type,time,opened_at,removed_time,presence,missing_since,size,pin_time) "
-    "VALUES(?1,?2,?3,?4,?5,?6,?7,?8,?9)";
-constexpr const char *UpdateRecord =
-    "UPDATE record SET path=?1,mime_type=?2,time=?3,opened_at=?4,removed_time=?5,"
-    "presence=?6,missing_since=?7,size=?8,pin_time=?9 WHERE id=?10";
-constexpr const char *InsertRoaming =
-    "INSERT INTO "
-    "roaming(record_id,user,roaming_id,file_id,name,device_name,used_path,cache_path,found_path,time,"
-    "size,unread,forgotten_time,read_untold) VALUES(?1,?2,?3,?4,?5,?6,?7,?8,?9,?10,?11,?12,?13,?14)";
 constexpr const char *DeleteRoaming = "DELETE FROM roaming WHERE record_id=?1";
 constexpr const char *DeleteRecord = "DELETE FROM record WHERE id=?1";
 constexpr const char *InsertAccess = "INSERT INTO access(record_id,source_id,time) VALUES(?1,?2,?3)";
 constexpr const char *DeleteAccesses = "DELETE FROM access WHERE record_id=?1";
 constexpr const char *InsertSource = "INSERT INTO source(name,id,mtime_ns,size,inode) VALUES(?1,?2,?3,?4,?5)";
 
-RecentFileInfo::Presence toPresence(qint64 value)
+template <class... Fields> QByteArray columnsOf(const Fields &...tables)
 {
-    using Presence = RecentFileInfo::Presence;
-    return value == 1 ? Presence::Present : value == 2 ? Presence::Missing : Presence::Unknown;
+    QByteArrayList names;
+    (forEachField(tables, [&](const auto &field) { names.append(field.column); }), ...);
+    return names.join(',');
 }
 
-qint64 toNumber(RecentFileInfo::Presence presence)
+// "?1,?2,?3" for three columns.
+QByteArray placesFor(const QByteArray &columns)
 {
-    using Presence = RecentFileInfo::Presence;
-    return presence == Presence::Present ? 1 : presence == Presence::Missing ? 2 : 0;
+    QByteArrayList places;
+    for (int i = 1; i <= columns.count(',') + 1; ++i)
+        places.append('?' + QByteArray::number(i));
+    return places.join(',');
 }
 
-void bindRecord(sqlite::Statement &statement, const StoredRecord &record)
+/// What follows from the tables of fields.
+struct FieldStatements
 {
-    statement.bind(1, record.id)
-        .bind(2, record.mimeType)
-        .bind(3, record.lastAccess())
-        .bind(4, record.openedAt)
-        .bind(5, record.removedTime)
-        .bind(6, toNumber(record.presence))
-        .bind(7, record.missingSince)
-        .bind(8, record.size)
-        .bind(9, record.pinTime);
+    const QByteArray record = columnsOf(StoredRecordFields);
+    const QByteArray written = "time," + record; ///< the time is derived, to be sorted by
+    const QByteArray selectRecords = "SELECT id," + record + " FROM record ORDER BY time DESC";
+    const QByteArray insertRecord = "INSERT INTO record(" + written + ") VALUES(" + placesFor(written) + ')';
+    const QByteArray updateRecord = "UPDATE record SET(" + written + ")=(" + placesFor(written)
+        + ") WHERE id=?" + QByteArray::number(written.count(',') + 2);
+
+    const QByteArray roaming = "record_id," + columnsOf(RoamingItemFields, RoamingPartFields);
+    const QByteArray selectRoaming = "SELECT " + roaming + " FROM roaming";
+    const QByteArray insertRoaming =
+        "INSERT INTO roaming(" + roaming + ") VALUES(" + placesFor(roaming) + ')';
+};
+
+const FieldStatements &statements()
+{
+    static const FieldStatements made;
+    return made;
+}
+
+void bindValue(sqlite::Statement &statement, int place, const QString &value)
+{
+    statement.bind(place, value);
+}
+
+template <class Number> void bindValue(sqlite::Statement &statement, int place, Number value)
+{
+    statement.bind(place, qint64(value));
+}
+
+void readValue(const sqlite::Statement &row, int column, QString &value)
+{
+    value = row.text(column);
+}
+
+template <class Number> void readValue(const sqlite::Statement &row, int column, Number &value)
+{
+    value = Number(row.number(column));
+}
+
+void readValue(const sqlite::Statement &row, int column, RecentFileInfo::Presence &value)
+{
+    using Presence = RecentFileInfo::Presence;
+    static_assert(int(Presence::Present) == 1 && int(Presence::Missing) == 2); // so they are stored
+    const qint64 number = row.number(column);
+    const bool isKnown = number == qint64(Presence::Present) || number == qint64(Presence::Missing);
+    value = isKnown ? Presence(number) : Presence::Unknown;
+}
+
+/// Binds the members to the places from this one on; the next place.
+template <class Fields, class Record>
+int bindFields(sqlite::Statement &statement, int place, const Fields &fields, const Record &record)
+{
+    forEachField(fields, [&](const auto &field) { bindValue(statement, place++, record.*field.member); });
+    return place;
+}
+
+/// Reads the members from the columns from this one on; the next column.
+template <class Fields, class Record>
+int readFields(const sqlite::Statement &row, int column, const Fields &fields, Record &record)
+{
+    forEachField(fields, [&](const auto &field) { readValue(row, column++, record.*field.member); });
+    return column;
+}
+
+int bindRecord(sqlite::Statement &statement, const StoredRecord &record)
+{
+    statement.bind(1, record.lastAccess());
+    return bindFields(statement, 2, StoredRecordFields, record);
 }
 
 void insertRoaming(sqlite::Statement &statement, qint64 rowId, const RoamingPart &part)
 {
-    const RoamingItem &item = part.item;
-    statement.bind(1, rowId)
-        .bind(2, item.user)
-        .bind(3, item.roamingId)
-        .bind(4, item.fileId)
-        .bind(5, item.name)
-        .bind(6, item.deviceName)
-        .bind(7, item.usedPath)
-        .bind(8, item.cachePath)
-        .bind(9, part.foundPath)
-        .bind(10, item.time)
-        .bind(11, item.size)
-        .bind(12, qint64(item.unread))
-        .bind(13, part.forgottenTime)
-        .bind(14, qint64(part.isReadUntold))
-        .run();
+    statement.bind(1, rowId);
+    bindFields(statement, bindFields(statement, 2, RoamingItemFields, part.item), RoamingPartFields, part);
+    statement.run();
 }
 
 RoamingPart readRoaming(const sqlite::Statement &row)
 {
     RoamingPart part;
-    part.item.user = row.text(1);
-    part.item.roamingId = row.text(2);
-    part.item.fileId = row.text(3);
-    part.item.name = row.text(4);
-    part.item.deviceName = row.text(5);
-    part.item.usedPath = row.text(6);
-    part.item.cachePath = row.text(7);
-    part.foundPath = row.text(8);
-    part.item.time = row.number(9);
-    part.item.size = row.number(10);
-    part.item.unread = int(row.number(11));
-    part.forgottenTime = row.number(12);
-    part.isReadUntold = row.number(13) != 0;
+    readFields(row, readFields(row, 1, RoamingItemFields, part.item), RoamingPartFields, part);
     return part;
 }
 
@@ -118,18 +141,12 @@ QVector<StoredRecord> RecentDatabase::loadRecords()
 {
     QVector<StoredRecord> records;
     QSet<QString> mimeTypes; // a few texts that all records share
-    sqlite::Statement select(m_database, SelectRecords);
+    sqlite::Statement select(m_database, statements().selectRecords.constData());
     while (select.step()) {
         StoredRecord record;
         record.rowId = select.number(0);
-        record.id = select.text(1);
-        record.mimeType = *mimeTypes.insert(select.text(2));
-        record.openedAt = select.number(3);
-        record.removedTime = select.number(4);
-        record.presence = toPresence(select.number(5));
-        record.missingSince = select.number(6);
-        record.size = select.number(7);
-        record.pinTime = select.number(8);
+        readFields(select, 1, StoredRecordFields, record);
+        record.mimeType = *mimeTypes.insert(record.mimeType);
         records.append(std::move(record));
     }
     return records;
@@ -147,7 +164,7 @@ void RecentDatabase::loadAccesses(QVector<StoredRecord> &records, const QHash<qi
 
 void RecentDatabase::loadRoaming(QVector<StoredRecord> &records, const QHash<qint64, int> &places)
 {
-    sqlite::Statement select(m_database, SelectRoaming);
+    sqlite::Statement select(m_database, statements().selectRoaming.constData());
     while (select.step()) {
         const int place = places.value(select.number(0), -1);
         if (place >= 0)
@@ -168,20 +185,20 @@ SourceTable RecentDatabase::loadSources()
 
 void RecentDatabase::write(QVector<StoredRecord> &records)
 {
-    sqlite::Statement insert(m_database, InsertRecord);
-    sqlite::Statement update(m_database, UpdateRecord);
+    sqlite::Statement insert(m_database, statements().insertRecord.constData());
+    sqlite::Statement update(m_database, statements().updateRecord.constData());
     sqlite::Statement clear(m_database, DeleteAccesses);
     sqlite::Statement access(m_database, InsertAccess);
     sqlite::Statement clearRoaming(m_database, DeleteRoaming);
-    sqlite::Statement roaming(m_database, InsertRoaming);
+    sqlite::Statement roaming(m_database, statements().insertRoaming.constData());
     for (StoredRecord &record : records) {
         if (record.rowId == 0) {
             bindRecord(insert, record);
             insert.run();
             record.rowId = m_database.lastRowId();
         } else {
-            bindRecord(update, record);
-            update.bind(10, record.rowId).run();
+            const int key = bindRecord(update, record);
+            update.bind(key, record.rowId).run();
             clear.bind(1, record.rowId).run();
             clearRoaming.bind(1, record.rowId).run();
         }

@@ -1,12 +1,17 @@
 #include "recentschema.h"
 
-#include <iterator>
+#include "platform/impl/recentstore/records/recenttypes.h"
+
+#include <QByteArray>
+
+#include <vector>
 
 namespace zel::recent {
 namespace {
 
-// Entry n leads from version n to n + 1. Never change one that was delivered; append.
-constexpr const char *Migrations[] = {
+// What a version begins with; the columns that it adds to known tables follow from their fields. Version n's
+// text stands at n - 1. Never change one that was delivered; for a new table, append.
+constexpr const char *Tables[] = {
     R"sql(
 CREATE TABLE source(
     id INTEGER PRIMARY KEY,
@@ -29,10 +34,8 @@ CREATE TABLE access(
     time INTEGER NOT NULL,
     PRIMARY KEY(record_id, source_id)) WITHOUT ROWID;
 )sql",
-    "ALTER TABLE record ADD COLUMN missing_since INTEGER NOT NULL DEFAULT 0",
+    "",
     R"sql(
-ALTER TABLE record ADD COLUMN size INTEGER NOT NULL DEFAULT -1;
-ALTER TABLE record ADD COLUMN pin_time INTEGER NOT NULL DEFAULT 0;
 CREATE TABLE roaming(
     record_id INTEGER PRIMARY KEY,
     user TEXT NOT NULL,
@@ -50,18 +53,59 @@ CREATE TABLE roaming(
     read_untold INTEGER NOT NULL);
 )sql",
 };
-static_assert(std::size(Migrations) == SchemaVersion);
+
+QByteArray literal(const QString &text)
+{
+    return '\'' + text.toUtf8().replace('\'', "''") + '\'';
+}
+
+template <class Number> QByteArray literal(Number number)
+{
+    return QByteArray::number(qint64(number));
+}
+
+template <class Value> constexpr const char *typeOf(const Value &)
+{
+    return std::is_same_v<Value, QString> ? "TEXT" : "INTEGER";
+}
+
+template <class Record, class... Values>
+void addColumns(
+    std::vector<QByteArray> &versions, const char *table, const std::tuple<Field<Record, Values>...> &fields)
+{
+    forEachField(fields, [&](const auto &field) {
+        if (field.version == 0)
+            return;
+        versions.resize(std::max(versions.size(), size_t(field.version)));
+        const auto initial = Record{}.*field.member;
+        versions[size_t(field.version) - 1] += QByteArray("ALTER TABLE ") + table + " ADD COLUMN "
+            + field.column + ' ' + typeOf(initial) + " NOT NULL DEFAULT " + literal(initial) + ';';
+    });
+}
+
+std::vector<QByteArray> migrationTexts()
+{
+    std::vector<QByteArray> versions(std::begin(Tables), std::end(Tables));
+    addColumns(versions, "record", StoredRecordFields);
+    addColumns(versions, "roaming", RoamingItemFields);
+    addColumns(versions, "roaming", RoamingPartFields);
+    return versions;
+}
 
 } // namespace
 
 sqlite::SchemaState prepareSchema(sqlite::Database &database)
 {
-    if (database.number("PRAGMA user_version") > SchemaVersion)
+    static const std::vector<QByteArray> texts = migrationTexts();
+    std::vector<const char *> migrations;
+    for (const QByteArray &text : texts)
+        migrations.push_back(text.constData());
+    if (database.number("PRAGMA user_version") > qint64(migrations.size()))
         return sqlite::SchemaState::Newer;
     database.useWriteAheadLog();
     database.exec("PRAGMA synchronous=NORMAL");
     database.exec("PRAGMA journal_size_limit=4194304");
-    return sqlite::migrateFile(database, Migrations);
+    return sqlite::migrateFile(database, migrations);
 }
 
 } // namespace zel::recent

@@ -4,9 +4,8 @@
 
 namespace zel::recent {
 
-inline constexpr int SchemaVersion = 3; ///< kept in the database's user_version
-
-/// Sets the connection up and brings the tables to the present version.
+/// Sets the connection up and brings the tables to the present version, which is kept in the database's
+/// user_version.
 sqlite::SchemaState prepareSchema(sqlite::Database &database);
 
 } // namespace zel::recent
