@@ -2,6 +2,7 @@
 
 #include "klitestyle.h"
 #include "klook.h"
+#include "widgets/nametext.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -14,7 +15,8 @@ BoxDialog::BoxDialog(const QString &title, const QString &heading, QWidget *pare
 {
     setWindowTitle(title);
     setWindowIcon(QIcon(QStringLiteral(":/icons/zelbox.ico")));
-    setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
+    setMinimumWidth(KLiteStyle::dpiScaled(look::DialogWidth));
     auto *headingLabel = new QLabel(heading, this);
     headingLabel->setFont(look::font(look::Type::Title, font()));
     headingLabel->setTextFormat(Qt::PlainText); // may hold the name of a file
@@ -45,17 +47,7 @@ QDialogButtonBox *BoxDialog::buttons()
 
 QString BoxDialog::headingName(const QString &fileName)
 {
-    constexpr int Most = 48;
-    constexpr int Tail = 20; // with the suffix
-    QString name = fileName;
-    if (name.size() > Most)
-        name = name.left(Most - Tail - 1).trimmed() + QChar(0x2026) + name.right(Tail).trimmed();
-    // Line breaks and marks of direction could make it read as something else.
-    for (QChar &c : name) {
-        if (c.category() == QChar::Other_Control || c.category() == QChar::Other_Format)
-            c = QLatin1Char(' ');
-    }
-    return name;
+    return zel::shortName(fileName);
 }
 
 QLabel *BoxDialog::addText(const QString &text)
@@ -63,7 +55,6 @@ QLabel *BoxDialog::addText(const QString &text)
     auto *label = new QLabel(text, this);
     label->setTextFormat(Qt::PlainText); // may hold names and places
     label->setWordWrap(true);
-    label->setMinimumWidth(KLiteStyle::dpiScaled(340));
     m_body->addWidget(label);
     return label;
 }

@@ -6,7 +6,8 @@ class QDialogButtonBox;
 class QLabel;
 class QVBoxLayout;
 
-/// Common shape of the box's small dialogs: icon, heading, body, buttons. GUI thread.
+/// The frame of all dialogs of the box: heading, body, and the buttons in the order of the platform; at least
+/// look::DialogWidth wide, and its window can be closed only. GUI thread.
 class BoxDialog : public QDialog
 {
     Q_OBJECT

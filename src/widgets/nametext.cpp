@@ -21,6 +21,16 @@ QString plainLine(QString text)
     return text;
 }
 
+QString shortName(const QString &name)
+{
+    constexpr int Most = 48;
+    constexpr int Tail = 20; // with the suffix
+    const QString line = plainLine(name);
+    if (line.size() <= Most)
+        return line;
+    return line.left(Most - Tail - 1).trimmed() + QChar(0x2026) + line.right(Tail).trimmed();
+}
+
 QString elidedName(const QString &name, const QFontMetrics &metrics, int width)
 {
     constexpr int LongestSuffix = 9; // with its dot; longer ones are part of a sentence rather than a type

@@ -10,6 +10,9 @@ namespace zel {
 /// characters that turn the direction of writing, with which a name can pretend to end in another suffix.
 QString plainLine(QString text);
 
+/// plainLine(`name`) as a sentence can carry it: the middle of a long one is left out.
+QString shortName(const QString &name);
+
 /// plainLine(`name`) in at most `width`: the middle of the base name goes first, the suffix stays readable.
 QString elidedName(const QString &name, const QFontMetrics &metrics, int width);
 

@@ -71,6 +71,16 @@ void NoticeBar::showAction(const QString &text, const QString &action, Tone tone
     present(text, tone, milliseconds);
 }
 
+void NoticeBar::addLink(const QString &text, std::function<void()> clicked)
+{
+    auto *link = new QPushButton(text, this);
+    link->setFlat(true);
+    link->setAutoDefault(false);
+    auto *row = static_cast<QBoxLayout *>(layout());
+    row->insertWidget(row->indexOf(m_action), link, 0, Qt::AlignVCenter);
+    connect(link, &QPushButton::clicked, this, std::move(clicked));
+}
+
 void NoticeBar::present(const QString &text, Tone tone, int milliseconds)
 {
     m_text->setText(text);
@@ -106,6 +116,18 @@ QString NoticeBar::text() const
     return m_text->text();
 }
 
+int NoticeBar::naturalWidth() const
+{
+    int beside = layout()->contentsMargins().left() + layout()->contentsMargins().right() + 2;
+    for (int i = 0; i < layout()->count(); ++i) {
+        const QWidget *part = layout()->itemAt(i)->widget();
+        if (part != m_text && !part->isHidden())
+            beside += layout()->itemAt(i)->sizeHint().width() + layout()->spacing();
+    }
+    return qMin(KLiteStyle::dpiScaled(look::NoticeWidth),
+        beside + m_text->fontMetrics().horizontalAdvance(m_text->text()));
+}
+
 void NoticeBar::onTimeout()
 {
     if (underMouse() || isAncestorOf(QApplication::focusWidget()))
@@ -128,13 +150,15 @@ void NoticeBar::paintEvent(QPaintEvent *)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const qreal radius = KLiteStyle::dpiScaledF(look::Radius);
+    const QRectF plate = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
     painter.setPen(Qt::NoPen);
-    if (KSkin::highContrast())
-        painter.setPen(KSkin::color(colorOf(m_tone)));
-    QColor ground = KSkin::color(colorOf(m_tone));
-    ground.setAlphaF(look::SoftTint);
-    painter.setBrush(ground);
-    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.setBrush(KSkin::color(KSkin::Color::Surface)); // what is below must not show through
+    painter.drawRoundedRect(plate, radius, radius);
+    QColor tint = KSkin::color(colorOf(m_tone));
+    painter.setPen(KSkin::highContrast() ? tint : KSkin::color(KSkin::Color::ControlBorder));
+    tint.setAlphaF(look::SoftTint);
+    painter.setBrush(tint);
+    painter.drawRoundedRect(plate, radius, radius);
 }
 
 void NoticeBar::keyPressEvent(QKeyEvent *event)

@@ -2,14 +2,15 @@
 
 #include <QFrame>
 #include <QTimer>
+#include <functional>
 
 class QLabel;
 class QPushButton;
 
-/// A notice across the top of a page or dialog, for what went wrong, was done or should be known and needs no
-/// decision at once; with a button, if wanted. GUI thread. Goes by its close button, by Escape while the
-/// focus is on it, or after a time (not while the pointer or the focus is on it). Hidden at first; read out
-/// by assistive programs when it appears.
+/// A notice for what went wrong, was done or should be known and needs no decision at once; with a button, if
+/// wanted. It floats in a NoticeArea. GUI thread. Goes by its close button, by Escape while the focus is on
+/// it, or after a time (not while the pointer or the focus is on it). Hidden at first; read out by assistive
+/// programs when it appears.
 class NoticeBar : public QFrame
 {
     Q_OBJECT
@@ -24,8 +25,13 @@ public:
     /// With a button: `actionTriggered` when it is clicked, `dismissed` when the notice goes without that.
     void showAction(
         const QString &text, const QString &action, Tone tone = Tone::Info, int milliseconds = defaultTime());
+    /// Another, weaker button before the other, for as long as the notice lives.
+    void addLink(const QString &text, std::function<void()> clicked);
     QString text() const;
     void triggerAction(); ///< as if its button were clicked; nothing while it has none
+    /// It shows, offers nothing and would go by itself.
+    bool isPassing() const { return !isHidden() && !m_offering && m_timer.isActive(); }
+    int naturalWidth() const; ///< for its text in one line, look::NoticeWidth at most; pixels
 
 Q_SIGNALS:
     void actionTriggered();

@@ -22,8 +22,13 @@ const ShortcutRow *rowOf(const QString &id)
 
 QString textOf(const ShortcutRow &row)
 {
-    const QString text = QCoreApplication::translate("Shortcuts", row.text);
+    const QString text = QCoreApplication::translate(row.context, row.text);
     return row.page ? text.arg(QCoreApplication::translate("Navigation", row.page)) : text;
+}
+
+QString headingOf(const ShortcutRow &row)
+{
+    return row.heading ? QCoreApplication::translate(row.context, row.heading) : QString();
 }
 
 void enterGroup(KSettings &settings)
@@ -110,12 +115,17 @@ void Shortcuts::follow(const QString &id, QAction *action)
     });
 }
 
+void Shortcuts::addPage(const ActionTable &table)
+{
+    addToShortcutTable(table);
+}
+
 QVector<ShortcutInfo> Shortcuts::list() const
 {
     QVector<ShortcutInfo> infos;
     for (const ShortcutRow &row : shortcutTable()) {
         const QString id = QLatin1String(row.id);
-        infos.append({id, row.group, textOf(row), row.standard, keys(id), row.changeable});
+        infos.append({id, row.group, headingOf(row), textOf(row), row.standard, keys(id), row.changeable});
     }
     return infos;
 }

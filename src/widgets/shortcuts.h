@@ -9,16 +9,24 @@ class QAction;
 
 namespace zel {
 
+struct ActionTable;
 struct ShortcutRow;
 
 /// Where a shortcut works. The parts of the main window share its keys; the small window has its own.
-enum class ShortcutGroup { MainWindow, Pages, RecentPage, CloudPage, MiniWindow };
+enum class ShortcutGroup {
+    MainWindow,
+    Pages,
+    Lists,    ///< every list of documents
+    ListPage, ///< one page; its actions come from its own table
+    MiniWindow,
+};
 
 /// One keyboard shortcut as a list of them shows it.
 struct ShortcutInfo
 {
     QString id; ///< "window.search"
     ShortcutGroup group = ShortcutGroup::MainWindow;
+    QString heading;       ///< of the page, translated; empty but for ListPage
     QString text;          ///< what it does, translated
     QKeySequence standard; ///< as delivered
     QKeySequence keys;     ///< in force; empty: none
@@ -41,6 +49,9 @@ public:
     QAction *make(const QString &id, QObject *parent);
     /// The same for an action that is there already (an entry of a menu): only its keys are set.
     void follow(const QString &id, QAction *action);
+
+    /// The actions of a page belong to the shortcuts from now on; more than once is as good as once.
+    static void addPage(const ActionTable &table);
 
     QVector<ShortcutInfo> list() const; ///< in the order of groups
     QKeySequence keys(const QString &id) const;

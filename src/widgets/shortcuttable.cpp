@@ -1,19 +1,25 @@
 #include "widgets/shortcuttable.h"
 
 #include <QtGlobal>
+#include <algorithm>
 
 namespace zel {
 namespace {
 
 using Group = ShortcutGroup;
 
-// What is not changeable stands here as the widgets have it; whoever changes a key there changes it here.
+// What is not changeable stands here as the widgets have it; whoever changes a key there changes it here. The
+// actions of pages come from their own tables.
 QVector<ShortcutRow> makeTable()
 {
     const auto keys = [](const char *text) { return QKeySequence(QLatin1String(text)); };
     const auto page = [&](const char *id, const char *number, const char *name) {
         return ShortcutRow{
             id, Group::Pages, QT_TRANSLATE_NOOP("Shortcuts", "Go to %1"), keys(number), name, true};
+    };
+    const auto cloud = [&](const char *id, const char *text, const char *cloudKeys) {
+        return ShortcutRow{id, Group::ListPage, text, keys(cloudKeys), nullptr, false,
+            QT_TRANSLATE_NOOP("Shortcuts", "Cloud documents")};
     };
     return {
         {"window.search", Group::MainWindow, QT_TRANSLATE_NOOP("Shortcuts", "Search"), keys("Ctrl+F"),
@@ -35,42 +41,26 @@ QVector<ShortcutRow> makeTable()
         page("page.7", "Ctrl+7", QT_TRANSLATE_NOOP("Navigation", "Desktop sync")),
         {"pages.next", Group::Pages, QT_TRANSLATE_NOOP("Shortcuts", "Next page"), keys("Ctrl+PgDown")},
         {"pages.previous", Group::Pages, QT_TRANSLATE_NOOP("Shortcuts", "Previous page"), keys("Ctrl+PgUp")},
-        {"recent.open", Group::RecentPage, QT_TRANSLATE_NOOP("Shortcuts", "Open"), keys("Return")},
-        {"recent.folder", Group::RecentPage, QT_TRANSLATE_NOOP("Shortcuts", "Open folder"),
-            keys("Ctrl+Return")},
-        {"recent.copy", Group::RecentPage, QT_TRANSLATE_NOOP("Shortcuts", "Copy"), keys("Ctrl+C")},
-        {"recent.remove", Group::RecentPage, QT_TRANSLATE_NOOP("Shortcuts", "Remove from the list"),
-            keys("Del")},
-        {"recent.delete", Group::RecentPage, QT_TRANSLATE_NOOP("Shortcuts", "Delete file"),
-            keys("Shift+Del")},
-        {"recent.select", Group::RecentPage, QT_TRANSLATE_NOOP("Shortcuts", "Select or clear the row"),
+        {"list.select", Group::Lists, QT_TRANSLATE_NOOP("Shortcuts", "Select or clear the row"),
             keys("Space")},
-        {"recent.selectall", Group::RecentPage, QT_TRANSLATE_NOOP("Shortcuts", "Select all"), keys("Ctrl+A")},
-        {"recent.menu", Group::RecentPage, QT_TRANSLATE_NOOP("Shortcuts", "Menu of the row"),
-            keys("Shift+F10")},
-        {"recent.undo", Group::RecentPage, QT_TRANSLATE_NOOP("Shortcuts", "Undo the last removal"),
-            keys("Ctrl+Z")},
-        {"recent.refresh", Group::RecentPage, QT_TRANSLATE_NOOP("Shortcuts", "Refresh"), keys("F5")},
-        {"cloud.open", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Open"), keys("Return")},
-        {"cloud.back", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Back"), keys("Alt+Left")},
-        {"cloud.forward", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Forward"), keys("Alt+Right")},
-        {"cloud.up", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "To the folder above"), keys("Alt+Up")},
-        {"cloud.upload", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Upload files"), keys("Ctrl+U")},
-        {"cloud.uploadfolder", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Upload a folder"),
-            keys("Ctrl+Shift+U")},
-        {"cloud.newfolder", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "New folder"),
-            keys("Ctrl+Shift+N")},
-        {"cloud.download", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Download"), keys("Ctrl+D")},
-        {"cloud.reveal", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Show in file manager"),
-            keys("Ctrl+Return")},
-        {"cloud.cut", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Cut"), keys("Ctrl+X")},
-        {"cloud.copy", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Copy"), keys("Ctrl+C")},
-        {"cloud.paste", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Paste"), keys("Ctrl+V")},
-        {"cloud.move", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Move to another folder"),
-            keys("Ctrl+Shift+M")},
-        {"cloud.rename", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Rename"), keys("F2")},
-        {"cloud.trash", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Move to recycle bin"), keys("Del")},
-        {"cloud.refresh", Group::CloudPage, QT_TRANSLATE_NOOP("Shortcuts", "Refresh"), keys("F5")},
+        {"list.selectall", Group::Lists, QT_TRANSLATE_NOOP("Shortcuts", "Select all"), keys("Ctrl+A")},
+        {"list.menu", Group::Lists, QT_TRANSLATE_NOOP("Shortcuts", "Menu of the row"), keys("Shift+F10")},
+        cloud("cloud.open", QT_TRANSLATE_NOOP("Shortcuts", "Open"), "Return"),
+        cloud("cloud.back", QT_TRANSLATE_NOOP("Shortcuts", "Back"), "Alt+Left"),
+        cloud("cloud.forward", QT_TRANSLATE_NOOP("Shortcuts", "Forward"), "Alt+Right"),
+        cloud("cloud.up", QT_TRANSLATE_NOOP("Shortcuts", "To the folder above"), "Alt+Up"),
+        cloud("cloud.upload", QT_TRANSLATE_NOOP("Shortcuts", "Upload files"), "Ctrl+U"),
+        cloud("cloud.uploadfolder", QT_TRANSLATE_NOOP("Shortcuts", "Upload a folder"), "Ctrl+Shift+U"),
+        cloud("cloud.newfolder", QT_TRANSLATE_NOOP("Shortcuts", "New folder"), "Ctrl+Shift+N"),
+        cloud("cloud.download", QT_TRANSLATE_NOOP("Shortcuts", "Download"), "Ctrl+D"),
+        cloud("cloud.reveal", QT_TRANSLATE_NOOP("Shortcuts", "Show in file manager"), "Ctrl+Return"),
+        cloud("cloud.cut", QT_TRANSLATE_NOOP("Shortcuts", "Cut"), "Ctrl+X"),
+        cloud("cloud.copy", QT_TRANSLATE_NOOP("Shortcuts", "Copy"), "Ctrl+C"),
+        cloud("cloud.paste", QT_TRANSLATE_NOOP("Shortcuts", "Paste"), "Ctrl+V"),
+        cloud("cloud.move", QT_TRANSLATE_NOOP("Shortcuts", "Move to another folder"), "Ctrl+Shift+M"),
+        cloud("cloud.rename", QT_TRANSLATE_NOOP("Shortcuts", "Rename"), "F2"),
+        cloud("cloud.trash", QT_TRANSLATE_NOOP("Shortcuts", "Move to recycle bin"), "Del"),
+        cloud("cloud.refresh", QT_TRANSLATE_NOOP("Shortcuts", "Refresh"), "F5"),
         {"mini.open", Group::MiniWindow, QT_TRANSLATE_NOOP("Shortcuts", "Open"), keys("Return")},
         {"mini.folder", Group::MiniWindow, QT_TRANSLATE_NOOP("Shortcuts", "Open folder"),
             keys("Ctrl+Return")},
@@ -86,12 +76,36 @@ QVector<ShortcutRow> makeTable()
     };
 }
 
+QVector<ShortcutRow> &table()
+{
+    static QVector<ShortcutRow> rows = makeTable();
+    return rows;
+}
+
 } // namespace
 
 const QVector<ShortcutRow> &shortcutTable()
 {
-    static const QVector<ShortcutRow> table = makeTable();
-    return table;
+    return table();
+}
+
+void addToShortcutTable(const ActionTable &actions)
+{
+    QVector<ShortcutRow> &all = table();
+    const auto has = [&](const char *id) {
+        return std::any_of(all.cbegin(), all.cend(),
+            [id](const ShortcutRow &row) { return QLatin1String(row.id) == QLatin1String(id); });
+    };
+    auto place = std::find_if(
+        all.begin(), all.end(), [](const ShortcutRow &row) { return row.group > Group::ListPage; });
+    int at = int(place - all.begin());
+    for (const ActionRow &row : actions.rows) {
+        if (row.keys.isEmpty() || has(row.id))
+            continue;
+        all.insert(at++,
+            {row.id, Group::ListPage, row.explained ? row.explained : row.text, row.keys.constFirst(),
+                nullptr, false, actions.heading, actions.context});
+    }
 }
 
 } // namespace zel

@@ -26,7 +26,7 @@ ALLOWED = {
     "message": ["base"],
     "useragent": [PLATFORM, "base"],
     "widgets": [PLATFORM, "base"],
-    "lists": ["base"],
+    "lists": [PLATFORM, "base"],
     "lists/ui": [PLATFORM, "base", "widgets", "lists"],
     "recentfile": [PLATFORM, "base", "cloud/wire", "lists"],
     "recentfile/ui": [PLATFORM, "base", "widgets", "lists", "recentfile"],

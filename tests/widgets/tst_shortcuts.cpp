@@ -1,5 +1,6 @@
 // The registry of shortcuts.
 #include "ksettings.h"
+#include "widgets/actiontable.h"
 #include "widgets/shortcuts.h"
 
 #include <QAction>
@@ -20,10 +21,22 @@ class TestShortcuts : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
+    void initTestCase();
     void refusedKeys_data();
     void refusedKeys();
     void keysAreFollowed();
 };
+
+// A page brings its own.
+void TestShortcuts::initTestCase()
+{
+    static const zel::ActionTable page{"Test", "A page",
+        {{0, "page.refresh", "Refresh", nullptr, {Qt::Key_F7}},
+            {1, "page.copy", "Copy", nullptr, {QKeySequence(QStringLiteral("Ctrl+K"))}},
+            {2, "page.folder", "Folder", nullptr, {QKeySequence(QStringLiteral("Alt+Return"))}}}};
+    for (int i = 0; i < 2; ++i)
+        Shortcuts::addPage(page);
+}
 
 void TestShortcuts::refusedKeys_data()
 {
@@ -42,14 +55,14 @@ void TestShortcuts::refusedKeys_data()
     row("its own", "window.exit", "Ctrl+Q", Refusal::None, "");
     row("function key", "window.exit", "F12", Refusal::None, "");
     row("of another", "window.exit", "Ctrl+W", Refusal::Taken, "window.close");
-    row("of a page inside the window", "window.exit", "F5", Refusal::Taken, "recent.refresh");
-    row("of a list in it", "page.1", "Ctrl+C", Refusal::Taken, "recent.copy");
-    row("of a list, on the keypad", "page.1", "Ctrl+Enter", Refusal::Taken, "recent.folder");
+    row("of a page inside the window", "window.exit", "F7", Refusal::Taken, "page.refresh");
+    row("of a list in it", "page.1", "Ctrl+K", Refusal::Taken, "page.copy");
+    row("of a list, on the keypad", "page.1", "Alt+Enter", Refusal::Taken, "page.folder");
     row("types a letter", "window.exit", "Shift+Q", Refusal::Typing, "");
     row("moves in lists", "window.exit", "Down", Refusal::Typing, "");
     row("moves between windows", "window.exit", "Ctrl+Tab", Refusal::Typing, "");
     row("two in a row", "window.exit", "Ctrl+K, Ctrl+Q", Refusal::Typing, "");
-    row("cannot be changed", "recent.copy", "Ctrl+Shift+C", Refusal::Fixed, "");
+    row("cannot be changed", "page.copy", "Ctrl+Shift+C", Refusal::Fixed, "");
     row("no such", "window.nothing", "Ctrl+Shift+C", Refusal::Fixed, "");
 }
 
@@ -85,7 +98,7 @@ void TestShortcuts::keysAreFollowed()
     QCOMPARE(action->shortcut(), keys("Ctrl+Q"));
     QVERIFY(all->keys(QStringLiteral("page.1")).isEmpty());
     KSettings().remove(QStringLiteral("plugins/zelbox/shortcuts"));
-    for (const char *nonsense : {"Q", "Ctrl+K, Ctrl+L", "abc def", "F5"}) { // written by hand
+    for (const char *nonsense : {"Q", "Ctrl+K, Ctrl+L", "abc def", "F7"}) { // written by hand
         KSettings settings;
         settings.setValue(stored + QStringLiteral("window.exit"), QLatin1String(nonsense));
         QCOMPARE(all->keys(QStringLiteral("window.exit")), keys("Ctrl+Q"));

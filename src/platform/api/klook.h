@@ -23,6 +23,8 @@ constexpr int ControlHeight = 32; ///< buttons, fields, icon buttons (square)
 constexpr int RowHeight = 28;     ///< rows of plain lists; menu items are as tall as controls
 constexpr int SideRowHeight = 36; ///< rows of navigation
 constexpr int MinButtonWidth = 80;
+constexpr int DialogWidth = 420;   ///< of a dialog at least
+constexpr int NoticeWidth = 560;   ///< of a notice at most
 constexpr int ContentWidth = 1100; ///< of what a page shows at most; headers stand on the same edges
 
 // Line icons, drawn on a grid of 24 with a stroke of 1.5: one pixel at the size they are meant for.

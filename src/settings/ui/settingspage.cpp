@@ -3,6 +3,7 @@
 #include "klitestyle.h"
 #include "klook.h"
 #include "settings/ui/settingscard.h"
+#include "widgets/noticearea.h"
 #include "widgets/noticebar.h"
 
 #include <QLabel>
@@ -36,19 +37,17 @@ QLabel *heading(const QString &text, look::Type type, QWidget *parent)
 
 SettingsPage::SettingsPage(const QString &title, QWidget *parent)
     : QWidget(parent),
-      m_notice(new NoticeBar(this)),
       m_scroller(new QScrollArea(this)),
       m_content(new QWidget),
       m_body(new QVBoxLayout(m_content)),
-      m_cards(new QVBoxLayout)
+      m_cards(new QVBoxLayout),
+      m_notice((new NoticeArea(this, m_scroller))->addBar())
 {
     const int side = KLiteStyle::dpiScaled(look::SpaceXL);
     auto *top = new QVBoxLayout;
     top->setContentsMargins(
         side, KLiteStyle::dpiScaled(look::SpaceL + look::SpaceXS), side, KLiteStyle::dpiScaled(look::SpaceM));
-    top->setSpacing(KLiteStyle::dpiScaled(look::SpaceM));
     top->addWidget(heading(title, look::Type::Title, this));
-    top->addWidget(m_notice);
 
     m_body->setContentsMargins(side, 0, side, side);
     m_cards->setSpacing(KLiteStyle::dpiScaled(look::SpaceS));

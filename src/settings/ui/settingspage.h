@@ -8,8 +8,8 @@ class QScrollArea;
 class QVBoxLayout;
 class SettingsCard;
 
-/// One page of the settings: a heading, a place for notices, and cards that scroll when there is no room for
-/// them. GUI thread.
+/// One page of the settings: a heading, and cards that scroll when there is no room for them; notices float
+/// over them. GUI thread.
 class SettingsPage : public QWidget
 {
     Q_OBJECT
@@ -34,9 +34,9 @@ protected:
 private:
     void followScrollBar();
 
-    NoticeBar *m_notice;
     QScrollArea *m_scroller;
     QWidget *m_content;
     QVBoxLayout *m_body;
     QVBoxLayout *m_cards; ///< in the body, above what room is left
+    NoticeBar *m_notice;
 };

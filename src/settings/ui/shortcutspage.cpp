@@ -19,17 +19,17 @@ using zel::Shortcuts;
 
 namespace {
 
-QString heading(ShortcutGroup group)
+QString headingOf(const ShortcutInfo &info)
 {
-    switch (group) {
+    switch (info.group) {
     case ShortcutGroup::MainWindow:
         return ShortcutsPage::tr("Main window");
     case ShortcutGroup::Pages:
         return ShortcutsPage::tr("Pages");
-    case ShortcutGroup::RecentPage:
-        return ShortcutsPage::tr("Recent documents");
-    case ShortcutGroup::CloudPage:
-        return ShortcutsPage::tr("Cloud documents");
+    case ShortcutGroup::Lists:
+        return ShortcutsPage::tr("Lists");
+    case ShortcutGroup::ListPage:
+        return info.heading;
     case ShortcutGroup::MiniWindow:
         return ShortcutsPage::tr("Mini window");
     }
@@ -74,11 +74,11 @@ ShortcutsPage::ShortcutsPage(QWidget *parent)
 void ShortcutsPage::addRows()
 {
     SettingsCard *card = nullptr;
-    ShortcutGroup group = {};
+    QString heading;
     for (const ShortcutInfo &info : Shortcuts::instance()->list()) {
-        if (!card || info.group != group) {
-            group = info.group;
-            card = addCard(heading(group));
+        if (!card || heading != headingOf(info)) {
+            heading = headingOf(info);
+            card = addCard(heading);
         }
         QWidget *control = info.changeable ? changeable(info.id, info.text) : fixed(info.text, info.keys);
         card->addRow(info.text, QString(), control);

@@ -1,0 +1,89 @@
+#include "lists/documentopening.h"
+
+#include <QFileInfo>
+
+DocumentOpening::DocumentOpening(KDocumentOpener *opener, QObject *parent) : QObject(parent), m_opener(opener)
+{
+    qRegisterMetaType<Problem>();
+}
+
+KDocumentOpener *DocumentOpening::opener()
+{
+    KDocumentOpener *const used = m_opener ? m_opener : KDocumentOpener::instance();
+    connect(used, &KDocumentOpener::opened, this, &DocumentOpening::onOpened, Qt::UniqueConnection);
+    connect(
+        used, &KDocumentOpener::programsFound, this, &DocumentOpening::onProgramsFound, Qt::UniqueConnection);
+    return used;
+}
+
+void DocumentOpening::open(const QString &path, const QString &name)
+{
+    if (begin(path, name))
+        opener()->open(path);
+}
+
+void DocumentOpening::openWith(const QString &path, const QString &programId)
+{
+    if (begin(path, {}))
+        opener()->openWith(path, programId);
+}
+
+bool DocumentOpening::begin(const QString &path, const QString &name)
+{
+    if (path.isEmpty()) {
+        Q_EMIT failed(name, Problem::NotOnThisDevice, path);
+        return false;
+    }
+    if (m_opening.contains(path))
+        return false;
+    m_opening.insert(path);
+    return true;
+}
+
+void DocumentOpening::reveal(const QString &path)
+{
+    if (path.isEmpty())
+        return;
+    m_revealed = path;
+    opener()->reveal(path);
+}
+
+void DocumentOpening::findPrograms(const QString &path)
+{
+    m_programsOf = path;
+    opener()->findPrograms(path);
+}
+
+void DocumentOpening::onProgramsFound(const QString &path, const KProgramList &programs)
+{
+    if (path == m_programsOf)
+        Q_EMIT programsFound(path, programs);
+}
+
+void DocumentOpening::onOpened(const QString &path, KDocumentOpener::Outcome outcome)
+{
+    using Outcome = KDocumentOpener::Outcome;
+    if (!m_opening.remove(path)) { // then it is about the folder, or somebody else's
+        if (path != m_revealed || outcome == Outcome::Opened)
+            return;
+        m_revealed.clear();
+        Q_EMIT revealFailed(path, outcome == Outcome::Missing);
+        return;
+    }
+    switch (outcome) {
+    case Outcome::Opened:
+        Q_EMIT opened(path);
+        return;
+    case Outcome::Missing:
+        return fail(path, Problem::Missing);
+    case Outcome::NotReadable:
+        return fail(path, Problem::NotReadable);
+    case Outcome::NoProgram:
+        return fail(path, Problem::NoProgram);
+    }
+}
+
+void DocumentOpening::fail(const QString &path, Problem problem)
+{
+    Q_EMIT failed(QFileInfo(path).fileName(), problem, path);
+}

@@ -1,0 +1,50 @@
+#include "lists/ui/openingnotices.h"
+
+#include "widgets/nametext.h"
+#include "widgets/noticebar.h"
+
+#include <QFileInfo>
+
+QString openProblemText(DocumentOpening::Problem problem, const QString &name)
+{
+    const QString shown = zel::shortName(name);
+    switch (problem) {
+    case DocumentOpening::Problem::Missing:
+        return OpeningNotices::tr("“%1” is no longer there.").arg(shown);
+    case DocumentOpening::Problem::NotReadable:
+        return OpeningNotices::tr("You do not have permission to read “%1”.").arg(shown);
+    case DocumentOpening::Problem::NoProgram:
+        return OpeningNotices::tr("No program on this computer opens “%1”.").arg(shown);
+    case DocumentOpening::Problem::NotOnThisDevice:
+        return shown.isEmpty() ? OpeningNotices::tr("This file is on another device only.")
+                               : OpeningNotices::tr("“%1” is on another device only.").arg(shown);
+    }
+    return {};
+}
+
+OpeningNotices::OpeningNotices(DocumentOpening *opening, NoticeBar *notice, QObject *parent)
+    : QObject(parent), m_notice(notice)
+{
+    connect(opening, &DocumentOpening::failed, this, &OpeningNotices::tell);
+    connect(opening, &DocumentOpening::revealFailed, this, &OpeningNotices::tellFolder);
+}
+
+bool OpeningNotices::mayOpen(int documents)
+{
+    constexpr int Most = DocumentOpening::MostAtOnce;
+    if (documents > Most)
+        m_notice->showText(tr("At most %n documents are opened at once.", nullptr, Most));
+    return documents <= Most;
+}
+
+void OpeningNotices::tell(const QString &name, DocumentOpening::Problem problem)
+{
+    m_notice->showText(openProblemText(problem, name));
+}
+
+void OpeningNotices::tellFolder(const QString &path, bool missing)
+{
+    const QString name = zel::shortName(QFileInfo(path).fileName());
+    m_notice->showText(missing ? tr("The folder of “%1” is no longer there.").arg(name)
+                               : tr("The folder of “%1” cannot be shown.").arg(name));
+}

@@ -1,0 +1,315 @@
+// What a list page is made of besides its list.
+#include "klitestyle.h"
+#include "klook.h"
+#include "lists/ui/filterbar.h"
+#include "lists/ui/listactions.h"
+#include "lists/ui/openingnotices.h"
+#include "lists/ui/statestack.h"
+#include "lists/ui/undooffer.h"
+#include "widgets/contentcolumn.h"
+#include "widgets/noticearea.h"
+#include "widgets/shortcuts.h"
+
+#include <QAction>
+#include <QListView>
+#include <QMenu>
+#include <QPushButton>
+#include <QStringListModel>
+#include <QtTest>
+
+namespace {
+
+enum Command { Open, Copy, Rename, Refresh, Undo };
+
+const zel::ActionTable &table()
+{
+    using zel::ActionKeys;
+    using zel::ActionNeeds;
+    static const zel::ActionTable actions{"Test", "A page",
+        {{Open, "test.open", "Open", nullptr, {Qt::Key_Return}, ActionNeeds::Rows, 0, ActionKeys::OfList},
+            {Copy, "test.copy", "Copy", nullptr, {QKeySequence(QStringLiteral("Ctrl+K"))}, ActionNeeds::Rows,
+                0},
+            {Rename, "test.rename", "Rename", nullptr, {}, ActionNeeds::OneRow, 1},
+            {Refresh, "test.refresh", "Refresh", nullptr, {Qt::Key_F5}, ActionNeeds::Nothing, 1,
+                ActionKeys::InPage, "Read it again"},
+            {Undo, "test.undo", "Undo", nullptr, {QKeySequence(QStringLiteral("Ctrl+Z"))},
+                ActionNeeds::Nothing, 2, ActionKeys::InPage}}};
+    return actions;
+}
+
+/// A page with sixty rows, of which every tenth is missing.
+class Page : public QWidget
+{
+public:
+    Page()
+    {
+        QStringList names;
+        for (int i = 0; i < 60; ++i)
+            names << (i % 10 == 9 ? QStringLiteral("gone %1") : QStringLiteral("there %1")).arg(i);
+        model.setStringList(names);
+        view->setModel(&model);
+        view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+        states->setGeometry(0, 40, 1600, 400);
+        states->setState(StateStack::State::List);
+        actions.setList(view, [this] { return view->selectionModel()->selectedRows(); });
+        actions.bind(
+            Copy, [this](const QModelIndexList &rows) { ran << rows.size(); },
+            [](const QModelIndex &row) { return row.data().toString().startsWith(QLatin1String("there")); });
+        actions.bind(Rename, [this](const QModelIndexList &rows) { ran << rows.size(); });
+        actions.bind(Undo, [this](const QModelIndexList &) { offer.undo(); });
+        actions.bind(Refresh, [this](const QModelIndexList &rows) { ran << -1 - rows.size(); });
+        resize(1600, 500);
+        show();
+        view->setFocus();
+    }
+
+    QStringListModel model;
+    QListView *view = new QListView;
+    StateStack *states = new StateStack(view, QStringLiteral("Loading"), this);
+    NoticeArea notices{this, states};
+    NoticeBar *notice = notices.addBar();
+    NoticeBar *offered = notices.addBar();
+    ListActions actions{table(), this};
+    UndoOffer offer{offered, actions.action(Undo)};
+    QVector<int> ran; ///< how many rows each time; below zero: without
+};
+
+QPushButton *buttonIn(QWidget *widget)
+{
+    return widget->findChild<QPushButton *>();
+}
+
+} // namespace
+
+class TestPageParts : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void actionsWorkOnWhatTheyCan_data();
+    void actionsWorkOnWhatTheyCan();
+    void oneTableForMenusKeysAndShortcuts();
+    void noticesFloat();
+    void undoLastsUntilTheNextAction_data();
+    void undoLastsUntilTheNextAction();
+    void keyboardStaysInThePage();
+    void openingTellsWhatItRunsInto();
+};
+
+void TestPageParts::actionsWorkOnWhatTheyCan_data()
+{
+    QTest::addColumn<int>("command");
+    QTest::addColumn<int>("first");
+    QTest::addColumn<int>("last");
+    QTest::addColumn<bool>("enabled");
+    QTest::addColumn<QVector<int>>("ran");
+    QTest::addColumn<int>("leftOut");
+    QTest::newRow("some are missing") << int(Copy) << 0 << 59 << true << QVector<int>{54} << 6;
+    QTest::newRow("all are missing") << int(Copy) << 9 << 9 << false << QVector<int>{} << 1;
+    QTest::newRow("no rows") << int(Copy) << 0 << -1 << false << QVector<int>{} << 0;
+    QTest::newRow("one row wanted") << int(Rename) << 3 << 3 << true << QVector<int>{1} << 0;
+    QTest::newRow("one row wanted, two there") << int(Rename) << 3 << 4 << false << QVector<int>{} << 0;
+    QTest::newRow("no rows wanted") << int(Refresh) << 0 << -1 << true << QVector<int>{-1} << 0;
+}
+
+void TestPageParts::actionsWorkOnWhatTheyCan()
+{
+    QFETCH(int, command);
+    QFETCH(int, first);
+    QFETCH(int, last);
+    Page page;
+    QModelIndexList rows;
+    for (int i = first; i <= last; ++i)
+        rows << page.model.index(i);
+    QTEST(page.actions.canRun(command, rows), "enabled");
+    QSignalSpy leftOut(&page.actions, &ListActions::leftOut);
+    page.actions.run(command, rows);
+    QTEST(page.ran, "ran");
+    QTEST(leftOut.isEmpty() ? 0 : leftOut.constFirst().at(1).value<QModelIndexList>().size(), "leftOut");
+    page.actions.action(command)->setEnabled(false);
+    page.ran.clear();
+    page.actions.run(command, rows);
+    QVERIFY(page.ran.isEmpty() && !page.actions.canRun(command, rows));
+}
+
+void TestPageParts::oneTableForMenusKeysAndShortcuts()
+{
+    Page page;
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    page.view->selectAll();
+    QTest::keyClick(page.view, Qt::Key_K, Qt::ControlModifier);
+    QTest::keyClick(&page, Qt::Key_F5);
+    QCOMPARE(page.ran, (QVector<int>{54, -1}));
+    QMenu menu;
+    page.actions.fill(&menu, {Open, Copy, Refresh}, page.view->selectionModel()->selectedRows());
+    QStringList entries;
+    for (const QAction *action : menu.actions())
+        entries << (action->isSeparator()
+                ? QStringLiteral("-")
+                : action->text() + QLatin1Char(' ') + action->shortcut().toString());
+    QCOMPARE(entries,
+        QStringList({QStringLiteral("Open Return"), QStringLiteral("Copy Ctrl+K"), QStringLiteral("-"),
+            QStringLiteral("Refresh F5")}));
+    QVERIFY(!menu.actions().constFirst()->isEnabled()); // nobody has said what it does
+    page.model.removeRows(0, 50);                       // while the menu is open
+    menu.actions().at(1)->trigger();
+    QCOMPARE(page.ran.constLast(), 9);
+    QCOMPARE(page.actions.action(Refresh)->toolTip(), QStringLiteral("Read it again (F5)"));
+    QStringList shortcuts;
+    for (const zel::ShortcutInfo &info : zel::Shortcuts::instance()->list()) {
+        if (info.heading == QLatin1String("A page"))
+            shortcuts << info.text + QLatin1Char(' ') + info.keys.toString();
+    }
+    QCOMPARE(shortcuts,
+        QStringList({QStringLiteral("Open Return"), QStringLiteral("Copy Ctrl+K"),
+            QStringLiteral("Read it again F5"), QStringLiteral("Undo Ctrl+Z")}));
+    const auto verdict = zel::Shortcuts::instance()->check(
+        QStringLiteral("window.exit"), QKeySequence(QStringLiteral("Ctrl+K")));
+    QCOMPARE(verdict.holder, QStringLiteral("test.copy"));
+}
+
+void TestPageParts::noticesFloat()
+{
+    Page page;
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    const QRect before = page.view->geometry();
+    page.notice->showText(QStringLiteral("“a.odt” is no longer there."));
+    QTRY_VERIFY(page.notices.y() > page.states->y() + 200);
+    QCOMPARE(page.view->geometry(), before);
+    const QRect column = zel::contentRect(page.states->geometry());
+    QCOMPARE(column.width(), KLiteStyle::dpiScaled(zel::look::ContentWidth));
+    QVERIFY(column.contains(page.notices.geometry()));
+    QVERIFY(page.notices.width() < column.width() / 2); // no wider than its sentence
+
+    page.view->setCurrentIndex(page.model.index(59)); // the keyboard comes to where the notice is
+    page.view->scrollToBottom();
+    const auto row = [&] {
+        const QRect rect = page.view->visualRect(page.view->currentIndex());
+        return QRect(page.view->viewport()->mapTo(&page, rect.topLeft()), rect.size());
+    };
+    QTRY_VERIFY(page.notices.geometry().bottom() < row().top());
+    page.view->setCurrentIndex(page.model.index(50));
+    QTRY_VERIFY(page.notices.geometry().bottom() > row().bottom());
+
+    page.notice->showText(QStringLiteral("Not for good"), NoticeBar::Tone::Problem, NoticeBar::Stay);
+    page.notices.retire();
+    QVERIFY(page.notice->isVisible()); // it stands for something that lasts
+    page.notice->showText(QStringLiteral("Said"));
+    page.notices.retire();
+    QVERIFY(!page.notice->isVisible());
+    QTRY_VERIFY(page.notices.isHidden()); // and is in nobody's way
+}
+
+void TestPageParts::undoLastsUntilTheNextAction_data()
+{
+    QTest::addColumn<QString>("meanwhile");
+    QTest::addColumn<QString>("by");
+    QTest::addColumn<QString>("undone");
+    QTest::newRow("button") << ""
+                            << "button"
+                            << "first";
+    QTest::newRow("key") << ""
+                         << "key"
+                         << "first";
+    QTest::newRow("after another notice") << "notice"
+                                          << "button"
+                                          << "first";
+    QTest::newRow("after the notice has gone") << "closed"
+                                               << "key"
+                                               << "first";
+    QTest::newRow("another offer") << "offer"
+                                   << "key"
+                                   << "second";
+    QTest::newRow("another offer without a notice") << "silent"
+                                                    << "key"
+                                                    << "second";
+    QTest::newRow("withdrawn") << "withdrawn"
+                               << "key"
+                               << "";
+}
+
+void TestPageParts::undoLastsUntilTheNextAction()
+{
+    QFETCH(QString, meanwhile);
+    QFETCH(QString, by);
+    Page page;
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    QString undone;
+    const auto offer = [&](const QString &what, const QString &said) {
+        page.offer.offer(said, QStringLiteral("Undo Removal"), [&undone, what] { undone += what; });
+    };
+    QVERIFY(!page.actions.action(Undo)->isEnabled());
+    offer(QStringLiteral("first"), QStringLiteral("“a.odt” was removed."));
+    QCOMPARE(page.actions.action(Undo)->text(), QStringLiteral("Undo Removal"));
+    if (meanwhile == QLatin1String("notice"))
+        page.notice->showText(QStringLiteral("Something else"));
+    if (meanwhile == QLatin1String("closed"))
+        page.offered->hide();
+    if (meanwhile == QLatin1String("offer") || meanwhile == QLatin1String("silent"))
+        offer(QStringLiteral("second"),
+            meanwhile == QLatin1String("offer") ? QStringLiteral("“b.odt” was removed.") : QString());
+    if (meanwhile == QLatin1String("withdrawn"))
+        page.offer.withdraw();
+    page.notices.retire();
+    for (int i = 0; i < 2; ++i) { // the second time does nothing
+        if (by == QLatin1String("button"))
+            buttonIn(page.offered)->click();
+        else
+            QTest::keyClick(page.view, Qt::Key_Z, Qt::ControlModifier);
+    }
+    QTEST(undone, "undone");
+    QVERIFY(!page.offered->isVisible() && !page.actions.action(Undo)->isEnabled());
+    QCOMPARE(page.actions.action(Undo)->text(), QStringLiteral("Undo"));
+}
+
+void TestPageParts::keyboardStaysInThePage()
+{
+    Page page;
+    QVERIFY(QTest::qWaitForWindowActive(&page));
+    QSignalSpy retries(page.states, &StateStack::retryRequested);
+    QSignalSpy clears(page.states, &StateStack::clearFilterRequested);
+    for (const StateStack::State state :
+        {StateStack::State::TimedOut, StateStack::State::Failed, StateStack::State::NothingFound}) {
+        page.states->setState(state);
+        QPushButton *button = buttonIn(page.states->widgetOf(state));
+        QVERIFY(button->hasFocus());
+        QTest::keyClick(button, Qt::Key_Space);
+    }
+    QCOMPARE(retries.size(), 2);
+    QCOMPARE(clears.size(), 1);
+    page.states->setState(StateStack::State::List);
+    QVERIFY(page.view->hasFocus());
+}
+
+void TestPageParts::openingTellsWhatItRunsInto()
+{
+    class Opener : public KDocumentOpener
+    {
+    public:
+        void open(const QString &path) override { asked << path; }
+        void reveal(const QString &path) override { asked << path; }
+        QStringList asked;
+    } opener;
+    Page page;
+    DocumentOpening opening(&opener);
+    OpeningNotices notices(&opening, page.notice);
+    QSignalSpy opened(&opening, &DocumentOpening::opened);
+    const QString path = QStringLiteral("/docs/a.odt");
+    opening.open(path);
+    opening.open(path); // impatiently
+    QCOMPARE(opener.asked, QStringList(path));
+    Q_EMIT opener.opened(QStringLiteral("/docs/of another page"), KDocumentOpener::Outcome::Missing);
+    QVERIFY(!page.notice->isVisible());
+    Q_EMIT opener.opened(path, KDocumentOpener::Outcome::Missing);
+    QVERIFY(page.notice->text().contains(QStringLiteral("“a.odt” is no longer there")));
+    opening.open(path);
+    Q_EMIT opener.opened(path, KDocumentOpener::Outcome::Opened);
+    QCOMPARE(opened.size(), 1);
+    opening.reveal(path);
+    Q_EMIT opener.opened(path, KDocumentOpener::Outcome::NoProgram);
+    QVERIFY(page.notice->text().contains(QStringLiteral("folder of “a.odt”")));
+    QVERIFY(notices.mayOpen(10) && !notices.mayOpen(11));
+    QVERIFY(page.notice->text().contains(QLatin1String("10")));
+}
+
+QTEST_MAIN(TestPageParts)
+#include "tst_pageparts.moc"
