@@ -64,12 +64,36 @@
     </message>
 </context>
 <context>
-    <name>ZelBoxRecentFileWidgetBase</name>
+    <name>OpeningNotices</name>
     <message numerus="yes">
         <source>At most %n documents are opened at once.</source>
         <translation>
             <numerusform>At most %n document is opened at once.</numerusform>
             <numerusform>At most %n documents are opened at once.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>RecentCommands</name>
+    <message numerus="yes">
+        <source>%n document(s) were removed from the list.</source>
+        <translation>
+            <numerusform>%n document was removed from the list.</numerusform>
+            <numerusform>%n documents were removed from the list.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo brings back %n of them, on this device only.</source>
+        <translation>
+            <numerusform>Undo brings back one of them, on this device only.</numerusform>
+            <numerusform>Undo brings back %n of them, on this device only.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n document(s) are back on the list.</source>
+        <translation>
+            <numerusform>%n document is back on the list.</numerusform>
+            <numerusform>%n documents are back on the list.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -80,10 +104,10 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) moved to the recycle bin.</source>
+        <source>%n file(s) are in the recycle bin.</source>
         <translation>
-            <numerusform>%n file moved to the recycle bin.</numerusform>
-            <numerusform>%n files moved to the recycle bin.</numerusform>
+            <numerusform>%n file is in the recycle bin.</numerusform>
+            <numerusform>%n files are in the recycle bin.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -94,10 +118,17 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) brought back.</source>
+        <source>%n file(s) are back.</source>
         <translation>
-            <numerusform>%n file brought back.</numerusform>
-            <numerusform>%n files brought back.</numerusform>
+            <numerusform>%n file is back.</numerusform>
+            <numerusform>%n files are back.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n document(s) were left out: they are not on this device.</source>
+        <translation>
+            <numerusform>%n document was left out: it is not on this device.</numerusform>
+            <numerusform>%n documents were left out: they are not on this device.</numerusform>
         </translation>
     </message>
 </context>

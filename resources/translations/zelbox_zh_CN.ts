@@ -2,6 +2,14 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>ActionTable</name>
+    <message>
+        <source>%1 (%2)</source>
+        <comment>what a button does, its keys</comment>
+        <translation>%1（%2）</translation>
+    </message>
+</context>
+<context>
     <name>BreadcrumbBar</name>
     <message>
         <source>Path</source>
@@ -888,6 +896,26 @@
         <source>No program found</source>
         <translation>未找到程序</translation>
     </message>
+    <message>
+        <source>Remove from the list</source>
+        <translation>从列表中移除</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Undo the last change of the list</source>
+        <translation>撤销对列表的上一次更改</translation>
+    </message>
+    <message>
+        <source>Refresh</source>
+        <translation>刷新</translation>
+    </message>
+    <message>
+        <source>Recent documents</source>
+        <translation>最近文档</translation>
+    </message>
 </context>
 <context>
     <name>KRecentFileTitleMenu</name>
@@ -898,10 +926,6 @@
     <message>
         <source>More for recent files</source>
         <translation>最近文件的更多操作</translation>
-    </message>
-    <message>
-        <source>Refresh</source>
-        <translation>刷新</translation>
     </message>
     <message>
         <source>close reminder</source>
@@ -1119,6 +1143,43 @@
     </message>
 </context>
 <context>
+    <name>OpeningNotices</name>
+    <message>
+        <source>“%1” is no longer there.</source>
+        <translation>“%1”已不存在。</translation>
+    </message>
+    <message>
+        <source>You do not have permission to read “%1”.</source>
+        <translation>您没有读取“%1”的权限。</translation>
+    </message>
+    <message>
+        <source>No program on this computer opens “%1”.</source>
+        <translation>此电脑上没有可以打开“%1”的程序。</translation>
+    </message>
+    <message>
+        <source>This file is on another device only.</source>
+        <translation>此文件仅在其他设备上。</translation>
+    </message>
+    <message>
+        <source>“%1” is on another device only.</source>
+        <translation>“%1”仅在其他设备上。</translation>
+    </message>
+    <message numerus="yes">
+        <source>At most %n documents are opened at once.</source>
+        <translation>
+            <numerusform>一次最多打开 %n 个文档。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The folder of “%1” is no longer there.</source>
+        <translation>“%1”所在的文件夹已不存在。</translation>
+    </message>
+    <message>
+        <source>The folder of “%1” cannot be shown.</source>
+        <translation>无法显示“%1”所在的文件夹。</translation>
+    </message>
+</context>
+<context>
     <name>PrivacyPage</name>
     <message>
         <source>Privacy</source>
@@ -1190,6 +1251,117 @@
     </message>
 </context>
 <context>
+    <name>RecentCommands</name>
+    <message>
+        <source>Undo Pinning</source>
+        <translation>撤销置顶</translation>
+    </message>
+    <message>
+        <source>Undo Unpinning</source>
+        <translation>撤销取消置顶</translation>
+    </message>
+    <message>
+        <source>“%1” was removed from the list.</source>
+        <translation>“%1”已从列表中移除。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n document(s) were removed from the list.</source>
+        <translation>
+            <numerusform>已从列表中移除 %n 个文档。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>This cannot be undone.</source>
+        <translation>此操作无法撤销。</translation>
+    </message>
+    <message numerus="yes">
+        <source>Undo brings back %n of them, on this device only.</source>
+        <translation>
+            <numerusform>撤销可恢复其中 %n 个，且仅在此设备上。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Undo works on this device only.</source>
+        <translation>撤销仅对此设备有效。</translation>
+    </message>
+    <message>
+        <source>Undo Removal</source>
+        <translation>撤销移除</translation>
+    </message>
+    <message>
+        <source>“%1” is back on the list.</source>
+        <translation>“%1”已回到列表中。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n document(s) are back on the list.</source>
+        <translation>
+            <numerusform>%n 个文档已回到列表中。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” could not be deleted.</source>
+        <translation>无法删除“%1”。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) could not be deleted.</source>
+        <translation>
+            <numerusform>%n 个文件无法删除。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” is in the recycle bin.</source>
+        <translation>“%1”已移到回收站。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) are in the recycle bin.</source>
+        <translation>
+            <numerusform>%n 个文件已移到回收站。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Undo Deletion</source>
+        <translation>撤销删除</translation>
+    </message>
+    <message>
+        <source>“%1” could not be brought back.</source>
+        <translation>无法恢复“%1”。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) could not be brought back.</source>
+        <translation>
+            <numerusform>%n 个文件无法恢复。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” is back.</source>
+        <translation>“%1”已恢复。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n file(s) are back.</source>
+        <translation>
+            <numerusform>已恢复 %n 个文件。</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n document(s) were left out: they are not on this device.</source>
+        <translation>
+            <numerusform>有 %n 个文档不在此设备上，未处理。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” is on the clipboard.</source>
+        <translation>“%1”已复制到剪贴板。</translation>
+    </message>
+    <message>
+        <source>The path of “%1” is on the clipboard.</source>
+        <translation>“%1”的路径已复制到剪贴板。</translation>
+    </message>
+    <message>
+        <source>“%1” was reported.</source>
+        <translation>已举报“%1”。</translation>
+    </message>
+</context>
+<context>
     <name>RecentFilterBar</name>
     <message>
         <source>Kind of document</source>
@@ -1198,21 +1370,6 @@
     <message>
         <source>All</source>
         <translation>全部</translation>
-    </message>
-</context>
-<context>
-    <name>RecentNothingFoundWidget</name>
-    <message>
-        <source>Nothing found</source>
-        <translation>未找到</translation>
-    </message>
-    <message>
-        <source>No recent file has this name or is of this kind.</source>
-        <translation>没有符合此名称或类型的最近文件。</translation>
-    </message>
-    <message>
-        <source>Show All</source>
-        <translation>显示全部</translation>
     </message>
 </context>
 <context>
@@ -1228,26 +1385,6 @@
     <message>
         <source>Documents that you open will be listed here.</source>
         <translation>您打开的文档将显示在这里。</translation>
-    </message>
-    <message>
-        <source>This file is no longer there.</source>
-        <translation>文件已不存在。</translation>
-    </message>
-    <message>
-        <source>This file cannot be read.</source>
-        <translation>无法读取此文件。</translation>
-    </message>
-    <message>
-        <source>No program is set up to open this kind of file.</source>
-        <translation>没有可打开此类文件的程序。</translation>
-    </message>
-    <message>
-        <source>This file is on another device.</source>
-        <translation>此文件在其他设备上。</translation>
-    </message>
-    <message>
-        <source>The folder of this file cannot be shown.</source>
-        <translation>无法显示此文件所在的文件夹。</translation>
     </message>
     <message>
         <source>No recent documents</source>
@@ -1399,6 +1536,10 @@
         <source>Cancel</source>
         <translation>取消</translation>
     </message>
+    <message>
+        <source>It goes from the lists of your other devices, too, which cannot be undone.</source>
+        <translation>它也会从您其他设备的列表中移除，且无法撤销。</translation>
+    </message>
 </context>
 <context>
     <name>SearchBox</name>
@@ -1520,14 +1661,6 @@
         <translation>复制</translation>
     </message>
     <message>
-        <source>Remove from the list</source>
-        <translation>从列表中移除</translation>
-    </message>
-    <message>
-        <source>Delete file</source>
-        <translation>删除文件</translation>
-    </message>
-    <message>
         <source>Select or clear the row</source>
         <translation>选中或取消选中该行</translation>
     </message>
@@ -1538,10 +1671,6 @@
     <message>
         <source>Menu of the row</source>
         <translation>该行的菜单</translation>
-    </message>
-    <message>
-        <source>Undo the last removal</source>
-        <translation>撤销上次移除</translation>
     </message>
     <message>
         <source>Refresh</source>
@@ -1619,6 +1748,10 @@
         <source>Leave the edge</source>
         <translation>离开边缘</translation>
     </message>
+    <message>
+        <source>Cloud documents</source>
+        <translation>云文档</translation>
+    </message>
 </context>
 <context>
     <name>ShortcutsPage</name>
@@ -1667,20 +1800,16 @@
         <translation>页面</translation>
     </message>
     <message>
-        <source>Recent documents</source>
-        <translation>最近文档</translation>
-    </message>
-    <message>
-        <source>Cloud documents</source>
-        <translation>云文档</translation>
-    </message>
-    <message>
         <source>Mini window</source>
         <translation>迷你窗口</translation>
     </message>
     <message>
         <source>Use here</source>
         <translation>用于此处</translation>
+    </message>
+    <message>
+        <source>Lists</source>
+        <translation>列表</translation>
     </message>
 </context>
 <context>
@@ -1689,6 +1818,29 @@
         <source>%1%, %2</source>
         <comment>progress, details</comment>
         <translation>%1%，%2</translation>
+    </message>
+</context>
+<context>
+    <name>StateStack</name>
+    <message>
+        <source>This takes longer than usual</source>
+        <translation>加载时间比平常长</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>未找到</translation>
+    </message>
+    <message>
+        <source>This list cannot be shown</source>
+        <translation>无法显示此列表</translation>
+    </message>
+    <message>
+        <source>Show All</source>
+        <translation>显示全部</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
     </message>
 </context>
 <context>
@@ -1949,6 +2101,13 @@
     <message>
         <source>Cancelled</source>
         <translation>已取消</translation>
+    </message>
+</context>
+<context>
+    <name>UndoOffer</name>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
     </message>
 </context>
 <context>
@@ -2351,10 +2510,6 @@ Last used on %2</source>
         <source>How It Works</source>
         <translation>了解详情</translation>
     </message>
-    <message>
-        <source>Close notice</source>
-        <translation>关闭提示</translation>
-    </message>
 </context>
 <context>
     <name>ZelBoxRecentFileTitleWidget</name>
@@ -2388,82 +2543,20 @@ Last used on %2</source>
 <context>
     <name>ZelBoxRecentFileWidgetBase</name>
     <message>
-        <source>This file is no longer there.</source>
-        <translation>此文件已不存在。</translation>
-    </message>
-    <message>
-        <source>You do not have permission to read this file.</source>
-        <translation>您没有读取此文件的权限。</translation>
-    </message>
-    <message>
-        <source>No program on this computer opens this kind of file.</source>
-        <translation>本机没有可打开此类文件的程序。</translation>
-    </message>
-    <message>
-        <source>This file is on another device only.</source>
-        <translation>此文件仅在其他设备上。</translation>
-    </message>
-    <message>
-        <source>The folder is no longer there.</source>
-        <translation>文件夹已不存在。</translation>
-    </message>
-    <message>
-        <source>The folder cannot be shown.</source>
-        <translation>无法显示文件夹。</translation>
-    </message>
-    <message numerus="yes">
-        <source>At most %n documents are opened at once.</source>
-        <translation>
-            <numerusform>一次最多打开 %n 个文档。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>The document was reported.</source>
-        <translation>已举报该文档。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n file(s) could not be deleted.</source>
-        <translation>
-            <numerusform>%n 个文件无法删除。</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n file(s) moved to the recycle bin.</source>
-        <translation>
-            <numerusform>已将 %n 个文件移到回收站。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>撤销</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n file(s) could not be brought back.</source>
-        <translation>
-            <numerusform>%n 个文件无法恢复。</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n file(s) brought back.</source>
-        <translation>
-            <numerusform>已恢复 %n 个文件。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>The file is on the clipboard.</source>
-        <translation>文件已复制到剪贴板。</translation>
-    </message>
-    <message>
-        <source>The path is on the clipboard.</source>
-        <translation>路径已复制到剪贴板。</translation>
-    </message>
-    <message>
         <source>Open a File</source>
         <translation>打开文件</translation>
     </message>
     <message>
         <source>Loading recent files</source>
         <translation>正在加载最近文件</translation>
+    </message>
+    <message>
+        <source>Nothing found</source>
+        <translation>未找到</translation>
+    </message>
+    <message>
+        <source>No recent file has this name or is of this kind.</source>
+        <translation>没有此名称或此类型的最近文件。</translation>
     </message>
 </context>
 <context>

@@ -21,18 +21,6 @@ RecentFileActions::RecentFileActions(const Services &services, QObject *parent)
         [this](const QString &trashId, const QString &, KFileTrash::Outcome outcome) {
             noteRestored(trashId, outcome == KFileTrash::Outcome::Done);
         });
-    connect(opener(), &KDocumentOpener::programsFound, this,
-        [this](const QString &path, const KProgramList &programs) {
-            if (path == m_programsOf)
-                Q_EMIT programsFound(programs);
-        });
-    connect(opener(), &KDocumentOpener::opened, this,
-        [this](const QString &path, KDocumentOpener::Outcome outcome) {
-            if (path != m_revealed || outcome == KDocumentOpener::Outcome::Opened)
-                return;
-            m_revealed.clear();
-            Q_EMIT folderNotShown(outcome);
-        });
     if (!m_services.cloud)
         return;
     connect(m_services.cloud, &RecentCloud::removeEnded, this, &RecentFileActions::onRemoveEnded);
@@ -51,25 +39,6 @@ KRecentFileProxy *RecentFileActions::store() const
 KFileTrash *RecentFileActions::trash() const
 {
     return m_services.trash ? m_services.trash : KFileTrash::instance();
-}
-
-KDocumentOpener *RecentFileActions::opener() const
-{
-    return m_services.opener ? m_services.opener : KDocumentOpener::instance();
-}
-
-void RecentFileActions::findPrograms(const RecentFileInfo &record)
-{
-    m_programsOf = record.path;
-    opener()->findPrograms(record.path);
-}
-
-void RecentFileActions::openFolder(const RecentFileInfo &record)
-{
-    if (record.path.isEmpty())
-        return;
-    m_revealed = record.path;
-    opener()->reveal(record.path);
 }
 
 void RecentFileActions::lookUpSizes()
@@ -104,6 +73,12 @@ void RecentFileActions::removeRecords(const RecordInfoList &records)
         m_services.cloud->forget(records);
     if (store())
         store()->removeRecords(idsOf(records));
+}
+
+void RecentFileActions::restoreRecords(const RecordInfoList &records)
+{
+    if (store())
+        store()->undoRemoval(records);
 }
 
 void RecentFileActions::deleteFiles(const RecordInfoList &records)
@@ -198,7 +173,7 @@ void RecentFileActions::undoDelete()
 {
     const QVector<Deleted> deleted = std::exchange(m_deleted, {});
     m_restored.clear();
-    m_notRestored = 0;
+    m_notRestored.clear();
     for (const Deleted &each : deleted)
         m_restoring.insert(each.recycleId, each.record);
     for (const Deleted &each : deleted) {
@@ -217,11 +192,10 @@ void RecentFileActions::noteRestored(const QString &recycleId, bool ok)
     if (ok)
         m_restored << *asked;
     else
-        ++m_notRestored;
+        m_notRestored << *asked;
     m_restoring.erase(asked);
     if (!m_restoring.isEmpty())
         return;
-    if (store())
-        store()->undoRemoval(m_restored);
-    Q_EMIT filesRestored(m_restored.size(), m_notRestored);
+    restoreRecords(m_restored);
+    Q_EMIT filesRestored(m_restored, m_notRestored);
 }

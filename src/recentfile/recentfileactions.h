@@ -1,6 +1,5 @@
 #pragma once
 
-#include "kdocumentopener.h"
 #include "kfiletrash.h"
 #include "krecentfile.h"
 #include "recentfile/recentcloud.h"
@@ -22,37 +21,31 @@ public:
     struct Services
     {
         KRecentFileProxy *store = nullptr;
-        KDocumentOpener *opener = nullptr;
         KFileTrash *trash = nullptr;
         RecentCloud *cloud = nullptr;
     };
 
     explicit RecentFileActions(const Services &services, QObject *parent = nullptr);
 
-    void findPrograms(const RecentFileInfo &record); ///< programsFound() follows
-    /// In the file manager, the file selected; folderNotShown() follows when that does not work out.
-    void openFolder(const RecentFileInfo &record);
     void setPinned(const RecordInfoList &records, bool pinned);
     void lookUpSizes();                        ///< of all records; they come as changes of the store
     void report(const RecentFileInfo &record); ///< tells the cloud service that the document is harmful
     void addFiles(const QStringList &paths);   ///< puts local files on the list, as used now
     /// Takes them off the list, here and on other devices; the files stay.
     void removeRecords(const RecordInfoList &records);
+    /// Puts those of local files back where they stood, on this device.
+    void restoreRecords(const RecordInfoList &records);
     /// Puts the files into the recycle bin and takes the records of those that went there off the list.
     /// filesDeleted() follows exactly once. Another deletion waits for the one under way; records that either
     /// is about already are left out.
     void deleteFiles(const RecordInfoList &records);
-    bool canUndo() const { return !m_deleted.isEmpty(); }
-    /// Brings back what the last filesDeleted() told of; filesRestored() follows exactly once. Does nothing
-    /// without canUndo().
+    /// Brings back what the last filesDeleted() told of; filesRestored() follows exactly once. Nothing
+    /// follows when that was nothing, or was brought back before.
     void undoDelete();
-    void giveUpUndo() { m_deleted.clear(); } ///< the offer has run out
 
 Q_SIGNALS:
     void filesDeleted(const RecordInfoList &deleted, const RecordInfoList &failed);
-    void folderNotShown(KDocumentOpener::Outcome why);
-    void programsFound(const KProgramList &programs);
-    void filesRestored(int restored, int failed);
+    void filesRestored(const RecordInfoList &restored, const RecordInfoList &failed);
 
 private:
     /// A file in a recycle bin.
@@ -65,7 +58,6 @@ private:
 
     KRecentFileProxy *store() const;
     KFileTrash *trash() const;
-    KDocumentOpener *opener() const;
     void onRemoveEnded(const RecentFileInfo &record, RecentCloud::Ended ended, const QString &recycleId);
     void onTrashed(const QString &path, const QString &trashId, KFileTrash::Outcome outcome);
     void noteDeleted(const Deleted &deleted);
@@ -75,8 +67,6 @@ private:
     void noteRestored(const QString &recycleId, bool ok);
 
     Services m_services;
-    QString m_programsOf;                           // path whose programs were asked for last
-    QString m_revealed;                             // path whose folder was asked for last
     int m_waitingFor = 0;                           // files of the deletion under way that have not ended
     QSet<QString> m_deletingIds;                    // of the deletion under way and of those that wait
     QQueue<RecordInfoList> m_nextDeletions;         // wait for the one under way
@@ -86,5 +76,5 @@ private:
     QVector<Deleted> m_deleted;                 // what an undo brings back
     QHash<QString, RecentFileInfo> m_restoring; // by recycle id
     RecordInfoList m_restored;
-    int m_notRestored = 0;
+    RecordInfoList m_notRestored;
 };

@@ -37,11 +37,12 @@ ZELBOX_ROAMING_MSGLIST newsIn(const ZELBOX_ROAMING_MSGLIST &now, const ZELBOX_RO
 KRecentFileLogic::KRecentFileLogic(QObject *parent) : KRecentFileLogic(Services{}, parent) { }
 
 KRecentFileLogic::KRecentFileLogic(const Services &services, QObject *parent)
-    : QObject(parent), m_services(services)
+    : QObject(parent), m_services(services), m_opening(new DocumentOpening(services.opener, this))
 {
     qRegisterMetaType<RecentFileInfo>();
     qRegisterMetaType<RecordInfoList>();
-    qRegisterMetaType<OpenProblem>();
+    connect(m_opening, &DocumentOpening::opened, this, &KRecentFileLogic::onOpened);
+    connect(m_opening, &DocumentOpening::failed, this, &KRecentFileLogic::onOpenFailed);
     m_roamingTimer.setObjectName(QStringLiteral("roamingRefresh"));
     m_roamingTimer.setTimerType(Qt::CoarseTimer); // VeryCoarse would make 0 of less than half a second
     connect(&m_roamingTimer, &QTimer::timeout, this, &KRecentFileLogic::onTimingUpdateRoamingFiles);

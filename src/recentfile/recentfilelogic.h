@@ -1,7 +1,7 @@
 #pragma once
 
-#include "kdocumentopener.h"
 #include "krecentfile.h"
+#include "lists/documentopening.h"
 
 #include <QHash>
 #include <QModelIndex>
@@ -28,8 +28,6 @@ public:
         RecentCloud *cloud = nullptr; ///< null: nobody is logged in
         int unreadSyncDelay = 4000;   ///< ms from a notice of unread items to the update it leads to
     };
-    enum class OpenProblem { Missing, NotReadable, NoProgram, NotOnThisDevice };
-    Q_ENUM(OpenProblem)
 
     explicit KRecentFileLogic(QObject *parent = nullptr);
     explicit KRecentFileLogic(const Services &services, QObject *parent = nullptr);
@@ -44,10 +42,12 @@ public:
     /// True while all rows are being replaced: the counts told meanwhile are not the last ones,
     /// itemsBatchArrived() follows.
     bool isReloading() const { return m_reloading; }
+    /// Opens its documents, and tells when that fails; also for their folders and programs.
+    DocumentOpening *opening() const { return m_opening; }
 
     void loadAll(); ///< full load; asks the store to get ready first when it is not
     // These take indexes of the model.
-    void open(const QModelIndex &index); ///< openFailed() follows when it does not work out
+    void open(const QModelIndex &index); ///< opening() tells when it does not work out
     void openPath(const QString &path);  ///< the same, for a file that need not be on the list
     void openWith(const QModelIndex &index, const QString &programId); ///< the same, with this program
     /// Asks the cloud service to show its dialog. Dropped silently when nobody is logged in.
@@ -68,7 +68,6 @@ Q_SIGNALS:
     void firstLoadingFinish();
     /// The service did not show its dialog for sharing.
     void shareNotServed(const RecentFileInfo &record);
-    void openFailed(const QString &path, KRecentFileLogic::OpenProblem problem);
 
 public Q_SLOTS:
     void onRecentRecordInitFinished();
@@ -97,9 +96,9 @@ private:
     void rememberPending(const QStringList &ids);
     bool takeChange(const RecentFileInfo &record);
     void logOut();
-    bool beginOpening(const RecentFileInfo &record);
-    KDocumentOpener *opener();
-    void onOpened(const QString &path, KDocumentOpener::Outcome outcome);
+    const RecentFileInfo *recordToOpen(const QModelIndex &index);
+    void onOpened(const QString &path);
+    void onOpenFailed(const QString &name, DocumentOpening::Problem problem, const QString &path);
     RecentFileInfo askedAbout(const RecentFileInfo &record) const;
     RecordInfoList shownRecords() const;
 
@@ -110,6 +109,7 @@ private:
     bool m_waitingForFirstLoad = true;
     bool m_windowNotYetShown = true;
     bool m_reloading = false;
-    QHash<QString, QString> m_opening; ///< path -> record id of what the opener has not answered yet
     Services m_services;
+    DocumentOpening *m_opening;
+    QHash<QString, QString> m_openingIds; ///< path -> record id of what is being opened
 };

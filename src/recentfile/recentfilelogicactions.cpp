@@ -27,76 +27,47 @@ void KRecentFileLogic::share(const QModelIndex &index)
         m_services.cloud->share(m_model->record(index.row()));
 }
 
-KDocumentOpener *KRecentFileLogic::opener()
+const RecentFileInfo *KRecentFileLogic::recordToOpen(const QModelIndex &index)
 {
-    KDocumentOpener *const used = m_services.opener ? m_services.opener : KDocumentOpener::instance();
-    connect(used, &KDocumentOpener::opened, this, &KRecentFileLogic::onOpened, Qt::UniqueConnection);
-    return used;
+    if (!m_model || index.model() != m_model || !index.isValid())
+        return nullptr;
+    const RecentFileInfo &record = m_model->record(index.row());
+    if (!record.path.isEmpty())
+        m_openingIds.insert(record.path, record.id);
+    return &record;
 }
 
 void KRecentFileLogic::open(const QModelIndex &index)
 {
-    if (!m_model || index.model() != m_model || !index.isValid())
-        return;
-    const RecentFileInfo record = m_model->record(index.row());
-    if (beginOpening(record))
-        opener()->open(record.path);
+    if (const RecentFileInfo *record = recordToOpen(index))
+        m_opening->open(record->path, index.data(ZelBoxRecentFileModel::NameRole).toString());
 }
 
 void KRecentFileLogic::openPath(const QString &path)
 {
-    RecentFileInfo record;
-    record.id = record.path = path;
-    if (beginOpening(record))
-        opener()->open(path);
+    m_openingIds.insert(path, path);
+    m_opening->open(path);
 }
 
 void KRecentFileLogic::openWith(const QModelIndex &index, const QString &programId)
 {
-    if (!m_model || index.model() != m_model || !index.isValid())
-        return;
-    const RecentFileInfo record = m_model->record(index.row());
-    if (beginOpening(record))
-        opener()->openWith(record.path, programId);
+    if (const RecentFileInfo *record = recordToOpen(index))
+        m_opening->openWith(record->path, programId);
 }
 
-// False for what cannot be opened, and for an impatient second request.
-bool KRecentFileLogic::beginOpening(const RecentFileInfo &record)
+void KRecentFileLogic::onOpened(const QString &path)
 {
-    if (record.path.isEmpty()) {
-        Q_EMIT openFailed(record.path, OpenProblem::NotOnThisDevice);
-        return false;
-    }
-    if (m_opening.contains(record.path))
-        return false;
-    m_opening.insert(record.path, record.id);
-    return true;
+    const QString id = m_openingIds.take(path);
+    if (m_model)
+        clearUnread(m_model->index(m_model->rowOf(id)));
+    if (store())
+        store()->noteOpened(path);
 }
 
-// The opener serves every page; only what was asked for here counts here.
-void KRecentFileLogic::onOpened(const QString &path, KDocumentOpener::Outcome outcome)
+void KRecentFileLogic::onOpenFailed(const QString &, DocumentOpening::Problem problem, const QString &path)
 {
-    if (!m_opening.contains(path))
-        return;
-    const QString id = m_opening.take(path);
-    qCInfo(lcRecent) << "open:" << outcome;
-    switch (outcome) {
-    case KDocumentOpener::Outcome::Opened:
-        if (m_model)
-            clearUnread(m_model->index(m_model->rowOf(id)));
-        if (store())
-            store()->noteOpened(path);
-        return;
-    case KDocumentOpener::Outcome::Missing:
-        if (store())
-            store()->checkPresence({id}); // the answer greys the row out
-        Q_EMIT openFailed(path, OpenProblem::Missing);
-        return;
-    case KDocumentOpener::Outcome::NotReadable:
-        Q_EMIT openFailed(path, OpenProblem::NotReadable);
-        return;
-    case KDocumentOpener::Outcome::NoProgram:
-        Q_EMIT openFailed(path, OpenProblem::NoProgram);
-        return;
-    }
+    qCInfo(lcRecent) << "open:" << problem;
+    const QString id = m_openingIds.take(path);
+    if (problem == DocumentOpening::Problem::Missing && store())
+        store()->checkPresence({id}); // the answer greys the row out
 }

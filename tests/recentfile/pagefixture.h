@@ -96,7 +96,7 @@ protected:
     ZelBoxRecentFileListView *view() const { return page()->view(); }
     QModelIndex row(int number) const { return view()->model()->index(number, 0); }
     QPoint centreOf(int number) const { return view()->visualRect(row(number)).center(); }
-    NoticeBar *notice() const { return page()->findChild<NoticeBar *>(); }
+    NoticeBar *notice() const { return page()->findChild<NoticeBar *>(QStringLiteral("notice")); }
 
     FakeStore m_store;
     std::unique_ptr<KRecentFileEvents> m_events;

@@ -90,6 +90,7 @@ public:
     ZelBoxRecentFileWidget *page() const { return m_recent->page(); }
     ZelBoxRecentFileListView *view() const { return page()->view(); }
     template <class Widget> Widget *find() const { return page()->findChild<Widget *>(); }
+    NoticeBar *notice() const { return page()->findChild<NoticeBar *>(QStringLiteral("notice")); }
 
     void save(const char *name, QWidget *widget = nullptr) const
     {
@@ -125,10 +126,10 @@ void lists(Scene &scene)
     scene.save("many");
     QTest::keyClick(scene.view(), Qt::Key_Down);
     scene.view()->verticalScrollBar()->setValue(690);
-    scene.find<NoticeBar>()->showText(QStringLiteral("This file is no longer there."));
+    scene.notice()->showText(QStringLiteral("“Letter to the editor.doc” is no longer there."));
     scene.save("scrolled");
-    scene.find<NoticeBar>()->showAction(
-        QStringLiteral("3 files moved to the recycle bin."), QStringLiteral("Undo"));
+    scene.page()->findChildren<NoticeBar *>().constLast()->showAction(
+        QStringLiteral("3 files are in the recycle bin."), QStringLiteral("Undo"));
     scene.save("undo");
     scene.page()->resize(440, 400);
     scene.save("narrow");

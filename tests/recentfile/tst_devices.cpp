@@ -32,7 +32,7 @@ private:
         KCloudSvrProxy proxy;
         RecentCloud cloud{&proxy};
         KRecentFileLogic logic{KRecentFileLogic::Services{nullptr, nullptr, nullptr, &cloud, 0}};
-        RecentFileActions actions{RecentFileActions::Services{nullptr, nullptr, nullptr, &cloud}};
+        RecentFileActions actions{RecentFileActions::Services{nullptr, nullptr, &cloud}};
         Model model;
     };
 

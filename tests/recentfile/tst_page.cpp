@@ -3,7 +3,6 @@
 #include "recentfile/ui/recentfiletitlemenu.h"
 #include "recentfile/ui/recentfiletitlewidget.h"
 #include "recentfile/ui/recentguides.h"
-#include "widgets/iconbutton.h"
 #include "widgets/loadingindicator.h"
 
 #include <QLabel>
@@ -24,8 +23,6 @@ private Q_SLOTS:
     void whoIsSignedInAlreadyIsKnown();
     void loadingShowsNothingAtFirst();
     void reloadNeverShowsTheEmptyPage();
-    void failuresAreSaidAndGoAway_data();
-    void failuresAreSaidAndGoAway();
     void unreadIsShownAndCleared();
     void remindersOff();
     void guides();
@@ -33,10 +30,6 @@ private Q_SLOTS:
 
 private:
     void markUnread(int row, int mark);
-    static QTimer *timerOf(NoticeBar *notice)
-    {
-        return notice->findChild<QTimer *>({}, Qt::FindDirectChildrenOnly);
-    }
 };
 
 void TestPage::statesOfAFirstLoad_data()
@@ -156,37 +149,6 @@ void TestPage::reloadNeverShowsTheEmptyPage()
     QCOMPARE(page()->state(), State::Empty);
 }
 
-void TestPage::failuresAreSaidAndGoAway_data()
-{
-    using Outcome = KDocumentOpener::Outcome;
-    QTest::addColumn<KDocumentOpener::Outcome>("outcome");
-    QTest::addColumn<QString>("word");
-    QTest::addColumn<bool>("byKey");
-    QTest::newRow("missing") << Outcome::Missing << QStringLiteral("no longer there") << false;
-    QTest::newRow("not readable") << Outcome::NotReadable << QStringLiteral("permission") << true;
-}
-
-void TestPage::failuresAreSaidAndGoAway()
-{
-    QFETCH(KDocumentOpener::Outcome, outcome);
-    QFETCH(QString, word);
-    QFETCH(bool, byKey);
-    load(3);
-    NoticeBar *notice = this->notice();
-    QVERIFY(!notice->isVisible());
-    page()->onItemDoubleClicked(row(0));
-    m_opener.answer(m_opener.asked.value(0), outcome);
-    QVERIFY(notice->isVisible());
-    QVERIFY2(notice->text().contains(word), qPrintable(notice->text()));
-    auto *close = notice->findChild<IconButton *>();
-    if (byKey)
-        QTest::keyClick(close, Qt::Key_Escape);
-    else
-        QTest::mouseClick(close, Qt::LeftButton);
-    QVERIFY(!notice->isVisible());
-    QVERIFY(!timerOf(notice)->isActive()); // nothing runs for a notice that is gone
-}
-
 void TestPage::telemetry()
 {
     KDcInfoC::setEnabled(true);
@@ -287,13 +249,15 @@ void TestPage::guides()
     QVERIFY(m_proxy->answer(true, "zel::vela::GetCurrentDefaultRoamingBoxResult", off));
     auto *strip = page()->findChild<Guide *>();
     QVERIFY(strip->isVisible());
-    QTest::mouseClick(button(QStringLiteral("Switch On"), strip), Qt::LeftButton);
-    QCOMPARE(settings.size(), 1);
     QTest::mouseClick(button(QStringLiteral("How It Works"), strip), Qt::LeftButton);
     auto *guide = page()->findChild<ZelBoxRecentFileGuideDialog *>();
     QVERIFY(guide && guide->isVisible());
     guide->reject();
     m_proxy->logIn({});
+    QVERIFY(!strip->isVisible());
+    page()->onNotifyNeedOpenRoaming();
+    QTest::mouseClick(button(QStringLiteral("Switch On"), strip), Qt::LeftButton);
+    QCOMPARE(settings.size(), 1);
     QVERIFY(!strip->isVisible());
 }
 

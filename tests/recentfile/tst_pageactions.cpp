@@ -26,7 +26,8 @@ private Q_SLOTS:
     void removalAsksFirst_data();
     void removalAsksFirst();
     void deletingOffersUndo();
-    void secondDeletionCanBeUndone();
+    void removalCanBeUndone_data();
+    void removalCanBeUndone();
     void finding();
     void chipsNarrow();
     void menuOffersWhatIsPossible_data();
@@ -125,18 +126,42 @@ void TestPageActions::deletingOffersUndo()
     QCOMPARE(m_proxy->asked.last(), QStringLiteral("recoverRecycles bin"));
 }
 
-// The offer of the second takes the place of the first one's, and has to undo something.
-void TestPageActions::secondDeletionCanBeUndone()
+void TestPageActions::removalCanBeUndone_data()
 {
-    load(3);
-    for (int i = 0; i < 2; ++i) {
-        page()->onMenuRemoveFileAction(row(i));
-        QTest::mouseClick(button(QStringLiteral("Delete"), dialog<DeleteFileDialog>()), Qt::LeftButton);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY(m_proxy->answerRemove(true));
-    }
-    QTest::mouseClick(button(QStringLiteral("Undo")), Qt::LeftButton);
-    QCOMPARE(m_proxy->asked.last(), QStringLiteral("recoverRecycles bin"));
+    QTest::addColumn<bool>("elsewhereOnly");
+    QTest::addColumn<bool>("roams");
+    QTest::addColumn<QString>("says");
+    QTest::addColumn<QString>("undone");
+    QTest::newRow("here") << false << false << "“1.odt” was removed from the list."
+                          << "unforget 1";
+    QTest::newRow("on all devices") << false << true << "on this device only"
+                                    << "unforget 1";
+    QTest::newRow("of another device") << true << true << "cannot be undone"
+                                       << "";
+}
+
+void TestPageActions::removalCanBeUndone()
+{
+    QFETCH(bool, elsewhereOnly);
+    QFETCH(bool, roams);
+    QFETCH(QString, says);
+    make(3);
+    if (roams)
+        m_store.content[1].roamingId = QStringLiteral("r1");
+    if (elsewhereOnly)
+        m_store.content[1].path.clear();
+    page()->onWindowFirstShown();
+    view()->setFocus();
+    page()->onMenuRemoveRecordAction(row(1));
+    QVERIFY(dialog<RemoveRecordDialog>()->findChildren<QLabel *>().size() == (roams ? 4 : 3));
+    dialog<RemoveRecordDialog>()->accept();
+    QString said;
+    for (const NoticeBar *each : page()->findChildren<NoticeBar *>())
+        said += each->isVisible() ? each->text() : QString();
+    QVERIFY2(said.contains(says), qPrintable(said));
+    m_log.clear();
+    QTest::keyClick(view(), Qt::Key_Z, Qt::ControlModifier);
+    QTEST(m_log.join(QLatin1Char(';')), "undone");
 }
 
 void TestPageActions::finding()
@@ -203,6 +228,7 @@ void TestPageActions::menuOffersWhatIsPossible_data()
     QTest::newRow("in the cloud only")
         << QStringLiteral("cloud") << 1 << QStringList(needFile.mid(0, 5)) << nothing;
     QTest::newRow("several files") << QStringLiteral("file") << 2 << nothing << single;
+    QTest::newRow("a missing one among them") << QStringLiteral("missing") << 2 << nothing << single;
 }
 
 void TestPageActions::menuOffersWhatIsPossible()
@@ -321,6 +347,10 @@ void TestPageActions::openingSeveral()
     QTest::keyClick(view(), Qt::Key_Return);
     QCOMPARE(m_opener.asked,
         QStringList({QStringLiteral("/data/docs/0.odt"), QStringLiteral("/data/docs/2.odt")}));
+    m_opener.answer(m_opener.asked.constFirst(), KDocumentOpener::Outcome::Missing);
+    QVERIFY(notice()->text().contains(QLatin1String("0.odt")));
+    page()->setFilterText(QStringLiteral("1")); // the user does something else
+    QVERIFY(!notice()->isVisible());
 }
 
 void TestPageActions::everyControlHasAName()

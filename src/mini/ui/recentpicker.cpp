@@ -1,12 +1,13 @@
 #include "mini/ui/recentpicker.h"
 
 #include "klitestyle.h"
-#include "recentfile/recentfileactions.h"
+#include "lists/ui/openingnotices.h"
 #include "recentfile/recentfilelogic.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsortfiltermodel.h"
 #include "recentfile/ui/recentfiledelegate.h"
 #include "widgets/emptystate.h"
+#include "widgets/noticearea.h"
 #include "widgets/noticebar.h"
 #include "widgets/svgicon.h"
 
@@ -18,36 +19,15 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
-namespace {
-
-QString problemText(KRecentFileLogic::OpenProblem problem)
-{
-    using Problem = KRecentFileLogic::OpenProblem;
-    switch (problem) {
-    case Problem::Missing:
-        return RecentPicker::tr("This file is no longer there.");
-    case Problem::NotReadable:
-        return RecentPicker::tr("This file cannot be read.");
-    case Problem::NoProgram:
-        return RecentPicker::tr("No program is set up to open this kind of file.");
-    case Problem::NotOnThisDevice:
-        return RecentPicker::tr("This file is on another device.");
-    }
-    return {};
-}
-
-} // namespace
-
 RecentPicker::RecentPicker(const Services &services, QWidget *parent)
     : QWidget(parent),
       m_model(new ZelBoxRecentFileModel(this)),
       m_logic(new KRecentFileLogic(services, this)),
-      m_actions(new RecentFileActions({services.store, services.opener}, this)),
       m_rows(new RecentSortFilterModel(this)),
       m_input(new QLineEdit(this)),
       m_list(new QListView(this)),
-      m_notice(new NoticeBar(this)),
-      m_nothing(new EmptyStateWidget(QStringLiteral(":/icons_svg/empty_recent.svg"), {}, {}, this))
+      m_nothing(new EmptyStateWidget(QStringLiteral(":/icons_svg/empty_recent.svg"), {}, {}, this)),
+      m_notice((new NoticeArea(this))->addBar())
 {
     m_logic->setModel(m_model);
     m_rows->setSourceModel(m_model);
@@ -70,7 +50,7 @@ RecentPicker::RecentPicker(const Services &services, QWidget *parent)
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setMouseTracking(true);
     layOut();
-    connectModels(services.opener ? services.opener : KDocumentOpener::instance());
+    connectModels();
     connectInput();
     updateState();
 }
@@ -84,7 +64,6 @@ void RecentPicker::layOut()
     field->setContentsMargins(side, 0, side, 0);
     field->setSpacing(KLiteStyle::dpiScaled(8));
     field->addWidget(m_input);
-    field->addWidget(m_notice);
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(KLiteStyle::dpiScaled(8));
@@ -93,7 +72,7 @@ void RecentPicker::layOut()
     layout->addWidget(m_nothing, 1);
 }
 
-void RecentPicker::connectModels(KDocumentOpener *opener)
+void RecentPicker::connectModels()
 {
     // What the pages and the store tell comes in steps; the list is looked at once all of them are done.
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
@@ -102,17 +81,8 @@ void RecentPicker::connectModels(KDocumentOpener *opener)
         m_rows, &QAbstractItemModel::rowsInserted, this, &RecentPicker::checkShownRows, Qt::QueuedConnection);
     connect(m_logic, &KRecentFileLogic::firstLoadingFinish, this, &RecentPicker::updateState);
     connect(m_logic, &KRecentFileLogic::itemsBatchArrived, this, &RecentPicker::updateState);
-    connect(m_logic, &KRecentFileLogic::openFailed, this,
-        [this](const QString &, KRecentFileLogic::OpenProblem problem) {
-            m_notice->showText(problemText(problem));
-        });
-    connect(m_actions, &RecentFileActions::folderNotShown, this,
-        [this] { m_notice->showText(tr("The folder of this file cannot be shown.")); });
-    connect(opener, &KDocumentOpener::opened, this,
-        [this](const QString &path, KDocumentOpener::Outcome outcome) {
-            if (outcome == KDocumentOpener::Outcome::Opened && path == m_opening)
-                Q_EMIT documentOpened();
-        });
+    new OpeningNotices(m_logic->opening(), m_notice, this);
+    connect(m_logic->opening(), &DocumentOpening::opened, this, &RecentPicker::documentOpened);
 }
 
 void RecentPicker::connectInput()
@@ -162,7 +132,6 @@ void RecentPicker::openChosen()
     if (!row.isValid())
         return;
     m_notice->hide();
-    m_opening = row.data(ZelBoxRecentFileModel::PathRole).toString();
     m_logic->open(m_rows->mapToSource(row));
 }
 
@@ -172,9 +141,10 @@ void RecentPicker::revealChosen()
     if (!row.isValid())
         return;
     if (row.data(ZelBoxRecentFileModel::PathRole).toString().isEmpty())
-        return m_notice->showText(problemText(KRecentFileLogic::OpenProblem::NotOnThisDevice));
+        return m_notice->showText(openProblemText(
+            DocumentOpening::Problem::NotOnThisDevice, row.data(ZelBoxRecentFileModel::NameRole).toString()));
     m_notice->hide();
-    m_actions->openFolder(m_rows->record(row.row()));
+    m_logic->opening()->reveal(row.data(ZelBoxRecentFileModel::PathRole).toString());
 }
 
 void RecentPicker::chooseFirst()

@@ -9,7 +9,6 @@ class NoticeBar;
 class QKeyEvent;
 class QLineEdit;
 class QListView;
-class RecentFileActions;
 class RecentSortFilterModel;
 class ZelBoxRecentFileModel;
 
@@ -41,7 +40,7 @@ protected:
 
 private:
     void layOut();
-    void connectModels(KDocumentOpener *opener);
+    void connectModels();
     void connectInput();
     bool handleKey(QKeyEvent *event);
     QModelIndex chosen() const;
@@ -53,11 +52,9 @@ private:
 
     ZelBoxRecentFileModel *m_model;
     KRecentFileLogic *m_logic;
-    RecentFileActions *m_actions;
     RecentSortFilterModel *m_rows;
     QLineEdit *m_input;
     QListView *m_list;
-    NoticeBar *m_notice;
     EmptyStateWidget *m_nothing;
-    QString m_opening; // path of what the desktop was asked to open
+    NoticeBar *m_notice;
 };

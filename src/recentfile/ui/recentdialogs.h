@@ -1,5 +1,6 @@
 #pragma once
 
+#include "krecentfile.h"
 #include "widgets/boxdialog.h"
 
 /// Asks before records are taken off the list. GUI thread; accepted() is the yes.
@@ -7,8 +8,8 @@ class RemoveRecordDialog : public BoxDialog
 {
     Q_OBJECT
 public:
-    /// `name` of the only file; empty for several.
-    RemoveRecordDialog(const QString &name, int count, QWidget *parent = nullptr);
+    /// Says so where it cannot be taken back everywhere.
+    explicit RemoveRecordDialog(const RecordInfoList &records, QWidget *parent = nullptr);
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -19,6 +20,7 @@ class DeleteFileDialog : public BoxDialog
 {
     Q_OBJECT
 public:
+    /// `name` of the only file.
     DeleteFileDialog(const QString &name, int count, QWidget *parent = nullptr);
 
 protected:

@@ -7,7 +7,7 @@ ZelBoxRecentFile::ZelBoxRecentFile(const Services &services, QWidget *pageParent
     : QObject(parent),
       m_cloud(new RecentCloud(services.cloud, this)),
       m_logic(new KRecentFileLogic({services.store, services.events, services.opener, m_cloud}, this)),
-      m_actions(new RecentFileActions({services.store, services.opener, services.trash, m_cloud}, this)),
+      m_actions(new RecentFileActions({services.store, services.trash, m_cloud}, this)),
       m_page(new ZelBoxRecentFileWidget(m_logic, m_actions, pageParent))
 {
     using Page = ZelBoxRecentFileWidget;

@@ -1,66 +1,89 @@
 #include "recentfile/ui/recentfilemenu.h"
 
+#include "lists/ui/listactions.h"
 #include "recentfile/recenttelemetry.h"
-#include "widgets/svgicon.h"
 
 #include <QIcon>
+#include <algorithm>
 
 namespace telemetry = zel::recent::telemetry;
 using telemetry::Event;
 
-static QIcon lineIcon(const char *name)
-{
-    return zel::tintedIcon(QStringLiteral(":/icons_svg/%1.svg").arg(QLatin1String(name)));
-}
+using Command = RecentCommand;
 
-KRecentFileMenu::KRecentFileMenu(const QPersistentModelIndex &index, const Rows &rows, QWidget *parent)
+KRecentFileMenu::KRecentFileMenu(const QPersistentModelIndex &index, const ListActions &actions,
+    const QModelIndexList &rows, bool pinned, QWidget *parent)
     : QMenu(parent), m_index(index)
 {
     setAccessibleName(tr("Actions for the document"));
-    addOpening(rows);
-    addSeparator();
-    addKeeping(rows);
-    addSeparator();
-    addRemoving(rows);
+    QVector<int> commands;
+    const auto add = [&](std::initializer_list<Command> some) {
+        for (const Command command : some)
+            commands << int(command);
+    };
+    add({Command::Open});
+    if (rows.size() == 1)
+        add({Command::OpenWith, Command::OpenFolder, Command::Share});
+    add({Command::Pin, Command::Copy, Command::CopyPath, Command::Remove, Command::DeleteFile});
+    for (const Command command : {Command::TipOff, Command::Undo}) {
+        if (actions.canRun(int(command), rows))
+            add({command});
+    }
+    actions.table().fill(
+        this, commands, [&](int command) { return actions.canRun(command, rows); },
+        [this](int command) { choose(Command(command)); });
+    setDefaultAction(entry(Command::Open));
+    if (pinned)
+        entry(Command::Pin)->setText(tr("Unpin"));
+    if (QAction *undo = entry(Command::Undo)) // it says what would be undone
+        undo->setText(actions.action(int(Command::Undo))->text());
+    if (QAction *programs = entry(Command::OpenWith))
+        addPrograms(programs);
 }
 
-void KRecentFileMenu::addOpening(const Rows &rows)
+QAction *KRecentFileMenu::entry(RecentCommand command) const
 {
-    QAction *open = addAction(tr("Open"), this, &KRecentFileMenu::onOpenFileAction, Qt::Key_Return);
-    open->setEnabled(rows.haveFiles);
-    setDefaultAction(open);
-    if (rows.count > 1)
-        return;
-    m_programs = addMenu(tr("Open With"));
-    m_programs->setEnabled(rows.haveFiles);
+    const QList<QAction *> entries = actions();
+    const auto found = std::find_if(entries.cbegin(), entries.cend(),
+        [&](const QAction *each) { return each->data().isValid() && each->data().toInt() == int(command); });
+    return found == entries.cend() ? nullptr : *found;
+}
+
+void KRecentFileMenu::addPrograms(QAction *entry)
+{
+    m_programs = new QMenu(this);
     m_programs->addAction(tr("Looking for programs…"))->setEnabled(false);
-    QAction *folder = addAction(lineIcon("folder_open"), tr("Open Folder"), this,
-        &KRecentFileMenu::onOpenFilePathAction, int(Qt::CTRL) | int(Qt::Key_Return));
-    folder->setEnabled(rows.haveFiles);
-    addAction(lineIcon("16x16/zelbox_share"), tr("share doc"), this, &KRecentFileMenu::onShareDocAction);
+    entry->setMenu(m_programs);
 }
 
-void KRecentFileMenu::addKeeping(const Rows &rows)
+bool KRecentFileMenu::wantsPrograms() const
 {
-    addAction(lineIcon("pin"), rows.pinned ? tr("Unpin") : tr("Pin to Top"), this,
-        [this, rows] { Q_EMIT pinToggled(m_index, !rows.pinned); });
-    QAction *copy = addAction(
-        tr("Copy"), this, [this] { Q_EMIT copyFile(m_index); }, QKeySequence::Copy);
-    copy->setEnabled(rows.haveFiles);
-    QAction *path = addAction(tr("Copy Path"), this, [this] { Q_EMIT copyPath(m_index); });
-    path->setEnabled(rows.haveFiles);
+    return m_programs && m_programs->menuAction()->isEnabled();
 }
 
-void KRecentFileMenu::addRemoving(const Rows &rows)
+void KRecentFileMenu::choose(RecentCommand command)
 {
-    addAction(tr("Remove"), this, &KRecentFileMenu::onRemoveRecordAction, QKeySequence::Delete);
-    QAction *remove = addAction(lineIcon("trash"), tr("Delete File"), this,
-        &KRecentFileMenu::onRemoveFileAction, int(Qt::SHIFT) | int(Qt::Key_Delete));
-    remove->setEnabled(rows.canDelete);
-    if (!rows.inCloud || rows.count > 1)
-        return;
-    addSeparator();
-    addAction(tr("Tip-Off"), this, &KRecentFileMenu::onTipOffFileAction);
+    switch (command) {
+    case Command::Open:
+        return onOpenFileAction();
+    case Command::OpenFolder:
+        return onOpenFilePathAction();
+    case Command::Share:
+        return onShareDocAction();
+    case Command::Remove:
+        return onRemoveRecordAction();
+    case Command::DeleteFile:
+        return onRemoveFileAction();
+    case Command::TipOff:
+        return onTipOffFileAction();
+    case Command::OpenWith: // a submenu
+    case Command::Pin:
+    case Command::Copy:
+    case Command::CopyPath:
+    case Command::Undo:
+    case Command::Refresh:
+        Q_EMIT commandChosen(m_index, command);
+    }
 }
 
 void KRecentFileMenu::setPrograms(const KProgramList &programs)

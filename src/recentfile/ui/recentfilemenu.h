@@ -1,28 +1,24 @@
 #pragma once
 
 #include "kdocumentopener.h"
+#include "recentfile/ui/recentactiontable.h"
 
 #include <QMenu>
 #include <QPersistentModelIndex>
 
-/// The menu of the rows that are selected. GUI thread. Its signals carry the row that it was opened on; the
-/// page decides which other rows are meant with it.
+class ListActions;
+
+/// The menu of the rows that are selected; its entries come from the page's table of actions. GUI thread. Its
+/// signals carry the row that it was opened on; the page decides which other rows are meant with it.
 class KRecentFileMenu : public QMenu
 {
     Q_OBJECT
 public:
-    /// What can be done with the rows.
-    struct Rows
-    {
-        int count = 1;
-        bool haveFiles = true; ///< all of them, on this device
-        bool canDelete = true;
-        bool pinned = false; ///< all of them
-        bool inCloud = false;
-    };
+    /// `rows` are those that are meant; `pinned`: all of them are.
+    KRecentFileMenu(const QPersistentModelIndex &index, const ListActions &actions,
+        const QModelIndexList &rows, bool pinned, QWidget *parent = nullptr);
 
-    KRecentFileMenu(const QPersistentModelIndex &index, const Rows &rows, QWidget *parent = nullptr);
-
+    bool wantsPrograms() const; ///< there is a file to open with one
     /// Fills the submenu of programs; it says that it is looking for them until then.
     void setPrograms(const KProgramList &programs);
 
@@ -34,9 +30,7 @@ Q_SIGNALS:
     void removeFile(QPersistentModelIndex index);
     void sigShareDoc(QPersistentModelIndex index, bool bFromMenu);
     void sigTipOffFile(QPersistentModelIndex index);
-    void pinToggled(QPersistentModelIndex index, bool pinned);
-    void copyFile(QPersistentModelIndex index);
-    void copyPath(QPersistentModelIndex index);
+    void commandChosen(QPersistentModelIndex index, RecentCommand command); ///< any other
 
 public Q_SLOTS:
     void onOpenFileAction();
@@ -50,9 +44,9 @@ protected:
     void showEvent(QShowEvent *event) override;
 
 private:
-    void addOpening(const Rows &rows);
-    void addKeeping(const Rows &rows);
-    void addRemoving(const Rows &rows);
+    QAction *entry(RecentCommand command) const; ///< null: not in this menu
+    void choose(RecentCommand command);
+    void addPrograms(QAction *entry);
 
     QPersistentModelIndex m_index;
     QMenu *m_programs = nullptr;

@@ -13,9 +13,13 @@ KRecentFileTitleMenu::KRecentFileTitleMenu(QWidget *parent)
 {
     setAccessibleName(tr("More for recent files"));
     m_reminder->setCheckable(true);
-    addSeparator();
-    addAction(tr("Refresh"), this, &KRecentFileTitleMenu::refreshRequested, QKeySequence::Refresh);
     update();
+}
+
+void KRecentFileTitleMenu::addCommands(const QList<QAction *> &commands)
+{
+    addSeparator();
+    addActions(commands);
 }
 
 void KRecentFileTitleMenu::setUnreadCount(int count)

@@ -11,11 +11,11 @@ public:
     explicit KRecentFileTitleMenu(QWidget *parent = nullptr);
 
     void setUnreadCount(int count);
+    void addCommands(const QList<QAction *> &commands); ///< of the page, below; not owned
 
 Q_SIGNALS:
     void remindersChanged(bool on); ///< and stored
     void clearUnreadMsg();
-    void refreshRequested();
 
 public Q_SLOTS:
     void onLoginStatusChanged(bool bLogin);

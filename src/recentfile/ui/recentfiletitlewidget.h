@@ -1,8 +1,7 @@
 #pragma once
 
+#include "lists/ui/listheader.h"
 #include "recentfile/recentfilter.h"
-
-#include <QWidget>
 
 class IconButton;
 class KRecentFileTitleMenu;
@@ -11,7 +10,7 @@ class RecentSortMenu;
 
 /// Header strip of the Recent page: its name, how many files it lists and how many of them are unread, the
 /// order, and what else there is. GUI thread.
-class ZelBoxRecentFileTitleWidget : public QWidget
+class ZelBoxRecentFileTitleWidget : public ListHeader
 {
     Q_OBJECT
 public:
@@ -21,12 +20,12 @@ public:
     void setCount(int count);       ///< 0 shows none
     void setUnreadCount(int count); ///< likewise
     void setSort(const RecentSort &sort);
+    void addCommands(const QList<QAction *> &commands); ///< of the page, to the menu; not owned
 
 Q_SIGNALS:
     void clearUnreadMsg();
     void sortChosen(const RecentSort &sort);
     void remindersChanged(bool on);
-    void refreshRequested();
     void roamingGuideWanted(); ///< the user asks how files of other devices come here
     void needOpenRoaming(bool need);
 
@@ -38,22 +37,10 @@ public Q_SLOTS:
     void onChangeIgnoreStatus();    ///< switches the reminders over
     void onUpdateIgnoreBtnStatue(); ///< the reminders were switched elsewhere
 
-protected:
-    void changeEvent(QEvent *event) override;
-
 private:
-    void makeButtons();
-    void updateTexts();
-    void updateUnread();
-    void popUp(IconButton *button, class QMenu *menu);
-
-    QLabel *m_title;
-    QLabel *m_countLabel;
     QLabel *m_unreadLabel;
     IconButton *m_sortButton;
-    IconButton *m_moreButton;
     RecentSortMenu *m_sortMenu;
     KRecentFileTitleMenu *m_moreMenu;
-    int m_count = 0;
     int m_unread = 0;
 };

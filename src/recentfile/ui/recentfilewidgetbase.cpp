@@ -1,23 +1,22 @@
 #include "recentfile/ui/recentfilewidgetbase.h"
 
-#include "klitestyle.h"
 #include "kskin.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
 #include "recentfile/recenttelemetry.h"
 #include "recentfile/ui/loadingouttime.h"
+#include "recentfile/ui/recentcommands.h"
 #include "recentfile/ui/recentfilelistview.h"
 #include "recentfile/ui/recentfilemenu.h"
 #include "recentfile/ui/recentfiletitlewidget.h"
 #include "recentfile/ui/recentfilterbar.h"
 #include "recentfile/ui/recentguides.h"
-#include "widgets/loadingindicator.h"
-#include "widgets/noticebar.h"
+#include "widgets/noticearea.h"
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QShortcut>
 #include <QVBoxLayout>
 
 using namespace zel::recent;
@@ -32,24 +31,26 @@ ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase(
       m_rows(new RecentSortFilterModel(this)),
       m_title(new ZelBoxRecentFileTitleWidget(this)),
       m_filterBar(new RecentFilterBar(this)),
-      m_roamingGuide(new ZelBoxRecentFileRoamingGuideWidget(this)),
-      m_notice(new NoticeBar(this)),
-      m_undo(new NoticeBar(this)),
       m_view(new ZelBoxRecentFileListView(this)),
-      m_stack(new QStackedLayout),
+      m_states(new StateStack(m_view, tr("Loading recent files"), this)),
+      m_notices(new NoticeArea(this, m_states)),
+      m_roamingGuide(new ZelBoxRecentFileRoamingGuideWidget(m_notices)),
       m_outtime(new LoadingOuttime(loadingTimeout(), this))
 {
-    layOut();
+    m_notices->addBar(m_roamingGuide);
     m_rows->setSourceModel(m_model);
+    m_view->setModel(m_rows);
+    m_commands = new RecentCommands(m_logic, m_actions, m_view, m_notices, this);
+    layOut();
+    makeStates();
     const RecentSort sort = storedSort();
     m_title->setSort(sort);
     applySort(sort);
-    m_view->setModel(m_rows);
     m_logic->setModel(m_model);
     connectLogic();
     connectView();
     connectTitle();
-    connectActions();
+    connectCommands();
     m_title->onLoginStatusChanged(m_logic->isLoggedIn());
 }
 
@@ -60,19 +61,35 @@ void ZelBoxRecentFileWidgetBase::layOut()
     layout->setSpacing(0);
     layout->addWidget(m_title);
     layout->addWidget(m_filterBar);
-    auto *notices = new QVBoxLayout;
-    notices->setContentsMargins(KLiteStyle::dpiScaledMargins({12, 0, 12, 0}));
-    notices->setSpacing(KLiteStyle::dpiScaled(6));
-    notices->addWidget(m_roamingGuide);
-    notices->addWidget(m_notice);
-    notices->addWidget(m_undo);
-    layout->addLayout(notices);
-    layout->addLayout(m_stack, 1);
-    m_widgets[int(State::List)] = m_view;
-    m_stack->addWidget(m_view);
-    m_stack->setCurrentWidget(widgetFor(m_state));
-    showListTools(false);
+    layout->addWidget(m_states, 1);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    m_title->addCommands(
+        {m_commands->action(RecentCommand::Undo), m_commands->action(RecentCommand::Refresh)});
+    onStateChanged();
+}
+
+void ZelBoxRecentFileWidgetBase::makeStates()
+{
+    using Self = ZelBoxRecentFileWidgetBase;
+    using Guide = ZelBoxRecentFileEmptyGuideWidget;
+    m_states->setTexts(
+        State::NothingFound, tr("Nothing found"), tr("No recent file has this name or is of this kind."));
+    m_states->setMaker(State::TimedOut, [this] {
+        auto *outtime = new ZelBoxLoadingOuttimeWidget(this);
+        connect(outtime, &ZelBoxLoadingOuttimeWidget::sigRetry, this, &Self::onRetry);
+        connect(outtime, &ZelBoxLoadingOuttimeWidget::sigFeedBack, this, &Self::onFeedBack);
+        return outtime;
+    });
+    m_states->setMaker(State::Empty, [this] {
+        auto *guide = new Guide(this);
+        connect(guide, &Guide::openFileRequested, this, &Self::openChosenFile);
+        connect(guide, &Guide::loginRequested, this, &Self::sigSettingsWanted);
+        connect(guide, &Guide::enableRoamingRequested, this, &Self::sigSettingsWanted);
+        guide->setReason(emptyReason());
+        return guide;
+    });
+    connect(m_states, &StateStack::clearFilterRequested, this, &Self::clearFilter);
+    connect(m_states, &StateStack::stateChanged, this, &Self::onStateChanged);
 }
 
 void ZelBoxRecentFileWidgetBase::connectLogic()
@@ -83,7 +100,6 @@ void ZelBoxRecentFileWidgetBase::connectLogic()
     connect(m_logic, &Logic::needToWaitFirstLoading, this, &Self::beginWaiting);
     connect(m_logic, &Logic::itemsBatchArrived, this, &Self::updateState);
     connect(m_logic, &Logic::itemStateChanged, this, &Self::updateState); // it may pass the filter no more
-    connect(m_logic, &Logic::openFailed, this, &Self::onOpenFailed);
     connect(m_model, &ZelBoxRecentFileModel::rowCountChanged, this, &Self::onRowCountChanged);
     connect(m_outtime, &LoadingOuttime::sigTimeout, this, &Self::onLoadingTimeout);
 }
@@ -94,7 +110,7 @@ void ZelBoxRecentFileWidgetBase::connectTitle()
     using Self = ZelBoxRecentFileWidgetBase;
     using Guide = ZelBoxRecentFileRoamingGuideWidget;
     connect(m_title, &Title::clearUnreadMsg, this, &Self::onClearUnreadMsg);
-    connect(m_filterBar, &RecentFilterBar::kindsChanged, this, &Self::applyFilter);
+    connect(m_filterBar, &FilterBar::chipChosen, this, &Self::applyFilter);
     connect(m_title, &Title::sortChosen, this, [this](const RecentSort &sort) {
         storeSort(sort);
         applySort(sort);
@@ -102,19 +118,47 @@ void ZelBoxRecentFileWidgetBase::connectTitle()
     });
     connect(zel::recent::SettingsEvents::instance(), &zel::recent::SettingsEvents::remindersChanged, this,
         [this] { tellUnread(quint64(m_model->unreadCount())); });
-    connect(m_title, &Title::refreshRequested, m_logic,
-        &KRecentFileLogic::onUpdateRecentRoamingFileItemsWithSync);
     connect(m_title, &Title::roamingGuideWanted, this, &Self::showRoamingGuide);
     connect(m_title, &Title::needOpenRoaming, m_roamingGuide, &Guide::setNeeded);
     connect(m_roamingGuide, &Guide::explanationRequested, m_title, &Title::onRoamingGuideLinkClicked);
     connect(m_roamingGuide, &Guide::enableRoamingRequested, this, &Self::sigSettingsWanted);
-    const auto shortcut = [this](const QKeySequence &keys, auto *receiver, auto slot) {
-        auto *made = new QShortcut(keys, this);
-        made->setContext(Qt::WidgetWithChildrenShortcut);
-        connect(made, &QShortcut::activated, receiver, slot);
-    };
-    shortcut(QKeySequence::Refresh, m_logic, &KRecentFileLogic::onUpdateRecentRoamingFileItemsWithSync);
-    shortcut(QKeySequence::Undo, m_undo, &NoticeBar::triggerAction);
+}
+
+void ZelBoxRecentFileWidgetBase::connectCommands()
+{
+    using Self = ZelBoxRecentFileWidgetBase;
+    using Commands = RecentCommands;
+    connect(m_commands, &Commands::openRequested, this, &Self::sigRecentFileItemOpen);
+    connect(m_commands, &Commands::folderRequested, this, &Self::sigRecentFileItemOpenPath);
+    connect(m_commands, &Commands::shareRequested, this, &Self::sigRecentFileItemShare);
+    connect(m_commands, &Commands::otherRequested, this, &Self::sigRecentFileItemOtherMenuTriggered);
+}
+
+void ZelBoxRecentFileWidgetBase::connectView()
+{
+    using View = ZelBoxRecentFileListView;
+    using Self = ZelBoxRecentFileWidgetBase;
+    connect(m_view, &View::clicked, this, &Self::onItemClicked);
+    connect(m_view, &View::doubleClicked, this, &Self::onItemDoubleClicked);
+    connect(m_view, &View::activated, this,
+        [this](const QModelIndex &index) { m_commands->open(rowsFor(index)); });
+    connect(m_view, &View::customContextMenuRequested, this, &Self::onCustomContextMenuRequested);
+    connect(m_view, &View::sigMoreRequested, this, [this](const QPersistentModelIndex &index, QPoint pos) {
+        telemetry::post(Event::ListMoreClick);
+        showMenu(index, pos);
+    });
+    connect(m_view, &View::sigShareDoc, this, [this](const QPersistentModelIndex &index) {
+        telemetry::post(Event::ListShareClick);
+        onShareDoc(index, false);
+    });
+    connect(m_view, &View::sigVisibleRowsSettled, this, &Self::checkPresence);
+    connect(m_view, &View::sigFilesDropped, m_commands, &RecentCommands::addFiles);
+    connect(m_view, &View::sigTextTyped, this, [this](const QString &typed) {
+        if (m_host)
+            m_host->beginFinding(typed);
+    });
+    m_clickTimer.setSingleShot(true);
+    connect(&m_clickTimer, &QTimer::timeout, this, &Self::onClickTimeout);
 }
 
 void ZelBoxRecentFileWidgetBase::applySort(const RecentSort &sort)
@@ -128,6 +172,7 @@ void ZelBoxRecentFileWidgetBase::applySort(const RecentSort &sort)
 
 void ZelBoxRecentFileWidgetBase::applyFilter()
 {
+    m_notices->retire();
     m_rows->setFilter({m_filterText, m_filterBar->kinds()});
     m_view->scrollToTop(); // the first hits are what was looked for
     updateState();
@@ -138,7 +183,7 @@ void ZelBoxRecentFileWidgetBase::clearFilter()
     setFilterText({});
     if (m_host)
         m_host->clearFilter();
-    m_filterBar->chooseAll();
+    m_filterBar->chooseFirst();
     m_view->setFocus(Qt::OtherFocusReason);
 }
 
@@ -150,7 +195,7 @@ void ZelBoxRecentFileWidgetBase::setFilterText(const QString &text)
 
 QWidget *ZelBoxRecentFileWidgetBase::focusTarget()
 {
-    return m_stack->currentWidget();
+    return m_states->currentWidget();
 }
 
 void ZelBoxRecentFileWidgetBase::findEnded(bool toFirstRow)
@@ -167,7 +212,7 @@ KRecentFileMenu *ZelBoxRecentFileWidgetBase::openMenu() const
 
 void ZelBoxRecentFileWidgetBase::onWindowFirstShown()
 {
-    if (m_state == State::Waiting && kindMask() != 0)
+    if (state() == State::Waiting && kindMask() != 0)
         m_outtime->start();
     m_logic->onWindowFirstShown();
     if (m_rows->sort().key == RecentSort::Key::Size)
@@ -268,72 +313,17 @@ void ZelBoxRecentFileWidgetBase::updateState()
     const State wanted = wantedState();
     if (wanted != State::Waiting && wanted != State::TimedOut)
         m_outtime->stop();
-    setState(wanted);
-}
-
-void ZelBoxRecentFileWidgetBase::setState(State state)
-{
-    if (state == m_state)
-        return;
-    m_state = state;
-    const QWidget *left = m_stack->currentWidget();
-    const bool hadFocus =
-        left == QApplication::focusWidget() || left->isAncestorOf(QApplication::focusWidget());
-    showListTools(state == State::List || state == State::NothingFound);
-    m_stack->setCurrentWidget(widgetFor(state));
-    if (hadFocus) // else it would go to whatever comes next in the window
-        focusTarget()->setFocus(Qt::OtherFocusReason);
-    if (isVisible())
-        tellShown();
+    m_states->setState(wanted);
 }
 
 // Where there is no list, there is nothing to find, to narrow or to order.
-void ZelBoxRecentFileWidgetBase::showListTools(bool shown)
+void ZelBoxRecentFileWidgetBase::onStateChanged()
 {
-    m_filterBar->setVisible(shown);
-    m_title->setListTools(shown);
-}
-
-QWidget *ZelBoxRecentFileWidgetBase::widgetFor(State state)
-{
-    QWidget *&widget = m_widgets[int(state)];
-    if (!widget) {
-        widget = makeWidget(state);
-        m_stack->addWidget(widget);
-    }
-    return widget;
-}
-
-QWidget *ZelBoxRecentFileWidgetBase::makeWidget(State state)
-{
-    using Self = ZelBoxRecentFileWidgetBase;
-    switch (state) {
-    case State::Waiting:
-        return new LoadingIndicator(tr("Loading recent files"), this);
-    case State::TimedOut: {
-        auto *outtime = new ZelBoxLoadingOuttimeWidget(this);
-        connect(outtime, &ZelBoxLoadingOuttimeWidget::sigRetry, this, &Self::onRetry);
-        connect(outtime, &ZelBoxLoadingOuttimeWidget::sigFeedBack, this, &Self::onFeedBack);
-        return outtime;
-    }
-    case State::Empty: {
-        using Guide = ZelBoxRecentFileEmptyGuideWidget;
-        auto *guide = new Guide(this);
-        connect(guide, &Guide::openFileRequested, this, &Self::openChosenFile);
-        connect(guide, &Guide::loginRequested, this, &Self::sigSettingsWanted);
-        connect(guide, &Guide::enableRoamingRequested, this, &Self::sigSettingsWanted);
-        guide->setReason(emptyReason());
-        return guide;
-    }
-    case State::NothingFound: {
-        auto *nothing = new RecentNothingFoundWidget(this);
-        connect(nothing, &RecentNothingFoundWidget::clearRequested, this, &Self::clearFilter);
-        return nothing;
-    }
-    case State::List:
-        break;
-    }
-    return m_view; // there from the beginning
+    const bool listed = state() == State::List || state() == State::NothingFound;
+    m_filterBar->setVisible(listed);
+    m_title->setListTools(listed);
+    if (isVisible())
+        tellShown();
 }
 
 // Until the service is there nobody knows who is logged in, and a button to sign in would only flash.
@@ -349,7 +339,7 @@ ZelBoxRecentFileEmptyGuideWidget::Reason ZelBoxRecentFileWidgetBase::emptyReason
 
 void ZelBoxRecentFileWidgetBase::updateEmptyGuide()
 {
-    if (auto *guide = static_cast<ZelBoxRecentFileEmptyGuideWidget *>(m_widgets[int(State::Empty)]))
+    if (auto *guide = static_cast<ZelBoxRecentFileEmptyGuideWidget *>(m_states->widgetOf(State::Empty)))
         guide->setReason(emptyReason());
 }
 
@@ -365,17 +355,148 @@ void ZelBoxRecentFileWidgetBase::showEvent(QShowEvent *event)
 // The page's own event carries the number of rows, so it waits until they are known.
 void ZelBoxRecentFileWidgetBase::tellShown()
 {
-    if (m_state == State::Waiting)
+    if (state() == State::Waiting)
         return;
     if (std::exchange(m_pageShowToTell, false)) {
         const bool loggedIn = m_logic->isLoggedIn();
         telemetry::pageShown(
             {loggedIn, loggedIn && m_roamingOn, m_model->unreadCount(), m_model->rowCount()});
     }
-    if (m_state == State::List && !std::exchange(m_listShowTold, true))
+    if (state() == State::List && !std::exchange(m_listShowTold, true))
         telemetry::post(Event::ListShow);
-    if (m_state == State::Empty)
+    if (state() == State::Empty)
         telemetry::post(Event::EmptyPageShow);
+}
+
+QModelIndexList ZelBoxRecentFileWidgetBase::rowsFor(const QModelIndex &index) const
+{
+    if (!index.isValid())
+        return {};
+    const QModelIndexList selected = m_view->selectedRows();
+    return selected.contains(index) ? selected : QModelIndexList{index};
+}
+
+void ZelBoxRecentFileWidgetBase::checkPresence(const QModelIndexList &rows)
+{
+    QModelIndexList sources;
+    for (const QModelIndex &row : rows)
+        sources << m_rows->mapToSource(row);
+    m_logic->checkPresence(sources);
+}
+
+void ZelBoxRecentFileWidgetBase::onItemClicked(const QModelIndex &index)
+{
+    m_clicked = index;
+    m_clickTimer.start(QApplication::doubleClickInterval());
+}
+
+void ZelBoxRecentFileWidgetBase::onClickTimeout()
+{
+    if (m_clicked.isValid())
+        telemetry::clicked(m_clicked.row(), m_commands->recordAt(m_clicked));
+}
+
+void ZelBoxRecentFileWidgetBase::onItemDoubleClicked(const QModelIndex &index)
+{
+    m_clickTimer.stop();
+    if (!index.isValid())
+        return;
+    telemetry::doubleClicked(index.row(), m_commands->recordAt(index));
+    m_commands->open({index});
+}
+
+void ZelBoxRecentFileWidgetBase::onCustomContextMenuRequested(const QPoint &pos)
+{
+    const QModelIndex index = m_view->indexAt(pos);
+    if (!index.isValid())
+        return;
+    telemetry::post(Event::ListRightClick);
+    showMenu(index, m_view->viewport()->mapToGlobal(pos));
+}
+
+void ZelBoxRecentFileWidgetBase::onMoreBtnCustomContextMenuRequested(const QPoint &globalPos)
+{
+    if (m_view->currentIndex().isValid())
+        showMenu(m_view->currentIndex(), globalPos);
+}
+
+void ZelBoxRecentFileWidgetBase::showMenu(const QModelIndex &index, const QPoint &globalPos)
+{
+    delete m_menu;
+    m_menu = m_commands->makeMenu(index, rowsFor(index));
+    connectMenu(m_menu);
+    m_menu->popup(globalPos);
+}
+
+void ZelBoxRecentFileWidgetBase::connectMenu(KRecentFileMenu *menu)
+{
+    using Menu = KRecentFileMenu;
+    using Self = ZelBoxRecentFileWidgetBase;
+    connect(menu, &QMenu::aboutToShow, this, &Self::sigRecentFileMenuAboutToShow);
+    connect(menu, &QMenu::aboutToHide, this, &Self::sigRecentFileMenuAboutToHide);
+    connect(menu, &Menu::openFile, this, &Self::onMenuOpenFileAction);
+    connect(menu, &Menu::openFileWith, m_commands, &RecentCommands::openWith);
+    connect(menu, &Menu::openFilePath, this, &Self::onMenuOpenFilePathAction);
+    connect(menu, &Menu::removeRecord, this, &Self::onMenuRemoveRecordAction);
+    connect(menu, &Menu::removeFile, this, &Self::onMenuRemoveFileAction);
+    connect(menu, &Menu::sigShareDoc, this, &Self::onShareDoc);
+    connect(menu, &Menu::sigTipOffFile, this, &Self::onMenuTipOffFileAction);
+    connect(menu, &Menu::commandChosen, this,
+        [this](const QPersistentModelIndex &index, RecentCommand command) { run(command, index); });
+}
+
+void ZelBoxRecentFileWidgetBase::run(RecentCommand command, const QModelIndex &index)
+{
+    m_commands->run(command, rowsFor(index));
+}
+
+void ZelBoxRecentFileWidgetBase::onMenuOpenFileAction(const QPersistentModelIndex &index)
+{
+    m_commands->open(rowsFor(index));
+}
+
+void ZelBoxRecentFileWidgetBase::onMenuOpenFilePathAction(const QPersistentModelIndex &index)
+{
+    run(RecentCommand::OpenFolder, index);
+}
+
+void ZelBoxRecentFileWidgetBase::onMenuRemoveRecordAction(const QPersistentModelIndex &index)
+{
+    run(RecentCommand::Remove, index);
+}
+
+void ZelBoxRecentFileWidgetBase::onMenuRemoveFileAction(const QPersistentModelIndex &index)
+{
+    run(RecentCommand::DeleteFile, index);
+}
+
+void ZelBoxRecentFileWidgetBase::onMenuTipOffFileAction(const QPersistentModelIndex &index)
+{
+    run(RecentCommand::TipOff, index);
+}
+
+void ZelBoxRecentFileWidgetBase::onShareDoc(const QPersistentModelIndex &index, bool)
+{
+    if (index.isValid())
+        m_commands->run(RecentCommand::Share, {index});
+}
+
+void ZelBoxRecentFileWidgetBase::openChosenFile()
+{
+    auto *dialog = new QFileDialog(this, tr("Open a File"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    connect(dialog, &QFileDialog::fileSelected, m_logic, &KRecentFileLogic::openPath);
+    dialog->open();
+}
+
+void ZelBoxRecentFileWidgetBase::showRoamingGuide()
+{
+    auto *dialog = new ZelBoxRecentFileGuideDialog(this);
+    connect(dialog, &ZelBoxRecentFileGuideDialog::settingsRequested, this,
+        &ZelBoxRecentFileWidgetBase::sigSettingsWanted);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
 }
 
 void ZelBoxRecentFileWidgetBase::paintEvent(QPaintEvent *event)

@@ -1,39 +1,40 @@
 #pragma once
 
+#include "lists/ui/statestack.h"
 #include "recentfile/recentfileactions.h"
 #include "recentfile/recentfilelogic.h"
 #include "recentfile/recentsortfiltermodel.h"
+#include "recentfile/ui/recentactiontable.h"
 #include "recentfile/ui/recentguides.h"
 #include "widgets/boxpage.h"
 
 #include <QPersistentModelIndex>
-#include <QStackedLayout>
 #include <QTimer>
 #include <QWidget>
 
-class NoticeBar;
 class KRecentFileMenu;
 class LoadingOuttime;
+class NoticeArea;
+class RecentCommands;
 class RecentFilterBar;
 class ZelBoxRecentFileListView;
 class ZelBoxRecentFileModel;
 class ZelBoxRecentFileTitleWidget;
 
-/// The Recent page: title strip, filter chips, notices, and below them one of five states. GUI thread. Owns
-/// the models and gives the source one to the logic; loading begins with onWindowFirstShown(). Indexes in its
-/// signals and slots are those of the view, unless said otherwise.
+/// The Recent page: title strip, filter chips, and below them the list or why there is none. GUI thread. Owns
+/// the models and gives the source one to the logic; loading begins with onWindowFirstShown(). What is done
+/// with rows is the business of its RecentCommands. Indexes in its signals and slots are those of the view.
 class ZelBoxRecentFileWidgetBase : public QWidget, public BoxPage
 {
     Q_OBJECT
 public:
-    enum class State { Waiting, TimedOut, Empty, NothingFound, List };
-    Q_ENUM(State)
+    using State = StateStack::State;
 
     /// Outlived by `logic` and `actions`.
     ZelBoxRecentFileWidgetBase(
         KRecentFileLogic *logic, RecentFileActions *actions, QWidget *parent = nullptr);
 
-    State state() const { return m_state; }
+    State state() const { return m_states->state(); }
     ZelBoxRecentFileListView *view() const { return m_view; }
     KRecentFileMenu *openMenu() const; ///< the one that is on the screen; null when there is none
 
@@ -82,32 +83,21 @@ protected:
 
 private:
     void layOut();
+    void makeStates();
     void connectLogic();
     void connectView();
     void connectTitle();
-    void connectActions();
+    void connectCommands();
     void applySort(const RecentSort &sort);
     void applyFilter();
     void clearFilter();
     void checkPresence(const QModelIndexList &rows);
     void tellUnread(quint64 count);
 
-    QModelIndex toSource(const QModelIndex &index) const;
-    const RecentFileInfo &recordAt(const QModelIndex &index) const;
     QModelIndexList rowsFor(const QModelIndex &index) const; ///< the selection, when it holds the row
-    QModelIndex actedOn() const;
-    RecordInfoList recordsFor(const QModelIndex &index) const;
-    QStringList filesFor(const QModelIndex &index) const;
-    void open(const QModelIndex &index);
-    void openRows(const QModelIndexList &rows);
-    void openWith(const QModelIndex &index, const QString &programId);
-    void copyFiles(const QModelIndex &index);
-    void copyPaths(const QModelIndex &index);
+    void run(RecentCommand command, const QModelIndex &index);
     void showMenu(const QModelIndex &index, const QPoint &globalPos);
     void connectMenu(KRecentFileMenu *menu);
-    void showShareDialog(const RecentFileInfo &record);
-    void onFilesDeleted(const RecordInfoList &deleted, const RecordInfoList &failed);
-    void onFilesRestored(int restored, int failed);
     void openChosenFile();
     void showRoamingGuide();
 
@@ -115,13 +105,9 @@ private:
     void onLoadingTimeout();
     void onRetry();
     void onFeedBack();
-    void onOpenFailed(const QString &path, KRecentFileLogic::OpenProblem problem);
     State wantedState() const;
     void updateState();
-    void setState(State state);
-    void showListTools(bool shown);
-    QWidget *widgetFor(State state);
-    QWidget *makeWidget(State state);
+    void onStateChanged();
     ZelBoxRecentFileEmptyGuideWidget::Reason emptyReason() const;
     void updateEmptyGuide();
     void tellShown();
@@ -132,17 +118,15 @@ private:
     RecentSortFilterModel *m_rows; ///< m_model as the view shows it
     ZelBoxRecentFileTitleWidget *m_title;
     RecentFilterBar *m_filterBar;
-    ZelBoxRecentFileRoamingGuideWidget *m_roamingGuide;
-    NoticeBar *m_notice;
-    NoticeBar *m_undo; ///< the offer to bring back, in a place of its own so that no notice takes it away
     ZelBoxRecentFileListView *m_view;
-    QStackedLayout *m_stack;
+    StateStack *m_states;
+    NoticeArea *m_notices;
+    ZelBoxRecentFileRoamingGuideWidget *m_roamingGuide;
+    RecentCommands *m_commands;
     LoadingOuttime *m_outtime;
     QPointer<KRecentFileMenu> m_menu;
-    QWidget *m_widgets[5] = {}; // by State; made when first shown
     BoxPageHost *m_host = nullptr;
     QString m_filterText;
-    State m_state = State::Waiting;
     bool m_timedOut = false;
     bool m_pageShowToTell = false;
     bool m_listShowTold = false;

@@ -1,14 +1,8 @@
 #include "recentfile/ui/recentguides.h"
 
-#include "klitestyle.h"
-#include "kskin.h"
 #include "recentfile/recenttelemetry.h"
-#include "widgets/iconbutton.h"
 
 #include <QDialogButtonBox>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QPainter>
 #include <QPushButton>
 
 namespace telemetry = zel::recent::telemetry;
@@ -58,54 +52,24 @@ void ZelBoxRecentFileEmptyGuideWidget::onOffered()
     }
 }
 
-RecentNothingFoundWidget::RecentNothingFoundWidget(QWidget *parent)
-    : EmptyStateWidget(QStringLiteral(":/icons_svg/empty_generic.svg"), tr("Nothing found"),
-        tr("No recent file has this name or is of this kind."), parent)
+ZelBoxRecentFileRoamingGuideWidget::ZelBoxRecentFileRoamingGuideWidget(QWidget *parent) : NoticeBar(parent)
 {
-    QPushButton *clear = addAction(tr("Show All"));
-    connect(clear, &QPushButton::clicked, this, &RecentNothingFoundWidget::clearRequested);
-}
-
-ZelBoxRecentFileRoamingGuideWidget::ZelBoxRecentFileRoamingGuideWidget(QWidget *parent) : QFrame(parent)
-{
-    auto *text = new QLabel(tr("Files that you open on your other devices can appear here as well."), this);
-    text->setWordWrap(true);
-    auto *enable = new QPushButton(tr("Switch On"), this);
-    auto *explain = new QPushButton(tr("How It Works"), this);
-    explain->setFlat(true);
-    auto *close = new IconButton(QStringLiteral(":/icons_svg/window_close.svg"), tr("Close notice"), this);
-    close->setGlyphSize(12);
-    auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({16, 6, 6, 6}));
-    layout->addWidget(text, 1);
-    for (QWidget *button :
-        {static_cast<QWidget *>(explain), static_cast<QWidget *>(enable), static_cast<QWidget *>(close)})
-        layout->addWidget(button, 0, Qt::AlignVCenter);
-    connect(explain, &QPushButton::clicked, this, &ZelBoxRecentFileRoamingGuideWidget::explanationRequested);
-    connect(enable, &QPushButton::clicked, this, [this] {
+    addLink(tr("How It Works"), [this] { Q_EMIT explanationRequested(); });
+    connect(this, &NoticeBar::actionTriggered, this, [this] {
         telemetry::post(Event::EnableCarryClick);
         Q_EMIT enableRoamingRequested();
     });
-    connect(close, &QAbstractButton::clicked, this, [this] {
-        m_closed = true;
-        hide();
-    });
-    hide();
+    connect(this, &NoticeBar::dismissed, this, [this] { m_closed = m_closed || m_needed; });
 }
 
 void ZelBoxRecentFileRoamingGuideWidget::setNeeded(bool needed)
 {
-    setVisible(needed && !m_closed);
-}
-
-void ZelBoxRecentFileRoamingGuideWidget::paintEvent(QPaintEvent *)
-{
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(KSkin::color(KSkin::Color::Hover));
-    const qreal radius = KLiteStyle::dpiScaledF(6);
-    painter.drawRoundedRect(rect(), radius, radius);
+    m_needed = needed;
+    if (!needed)
+        hide();
+    else if (!m_closed)
+        showAction(tr("Files that you open on your other devices can appear here as well."), tr("Switch On"),
+            Tone::Info, Stay);
 }
 
 ZelBoxRecentFileGuideDialog::ZelBoxRecentFileGuideDialog(QWidget *parent)

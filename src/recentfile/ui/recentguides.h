@@ -2,10 +2,8 @@
 
 #include "widgets/boxdialog.h"
 #include "widgets/emptystate.h"
+#include "widgets/noticebar.h"
 
-#include <QFrame>
-
-class QLabel;
 class QPushButton;
 
 /// What the page shows when there is no recent file. GUI thread.
@@ -32,20 +30,9 @@ private:
     QPushButton *m_offer; ///< signs in or switches roaming on
 };
 
-/// What the page shows when no file passes the filter.
-class RecentNothingFoundWidget : public EmptyStateWidget
-{
-    Q_OBJECT
-public:
-    explicit RecentNothingFoundWidget(QWidget *parent = nullptr);
-
-Q_SIGNALS:
-    void clearRequested();
-};
-
-/// A strip above the list for who has switched roaming off: what it would do, and the switch. Hidden at
-/// first; a strip that was closed stays closed for this run.
-class ZelBoxRecentFileRoamingGuideWidget : public QFrame
+/// A notice for who has switched roaming off: what it would do, and the switch. Hidden at first; once closed
+/// it stays closed for this run.
+class ZelBoxRecentFileRoamingGuideWidget : public NoticeBar
 {
     Q_OBJECT
 public:
@@ -57,10 +44,8 @@ Q_SIGNALS:
     void enableRoamingRequested();
     void explanationRequested();
 
-protected:
-    void paintEvent(QPaintEvent *event) override;
-
 private:
+    bool m_needed = false;
     bool m_closed = false;
 };
 

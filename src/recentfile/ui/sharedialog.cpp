@@ -1,9 +1,7 @@
 #include "recentfile/ui/sharedialog.h"
 
-#include "klitestyle.h"
-#include "widgets/svgicon.h"
+#include "widgets/choicebutton.h"
 
-#include <QCommandLinkButton>
 #include <QDialogButtonBox>
 #include <QFileInfo>
 #include <QPushButton>
@@ -31,11 +29,7 @@ ShareDialog::ShareDialog(const RecentFileInfo &record, QWidget *parent)
 void ShareDialog::addChoice(
     const QString &icon, const QString &text, const QString &explanation, void (ShareDialog::*chosen)())
 {
-    auto *button = new QCommandLinkButton(text, explanation, this);
-    button->setIcon(zel::tintedIcon(QStringLiteral(":/icons_svg/%1.svg").arg(icon)));
-    button->setIconSize(KLiteStyle::dpiScaledSize({20, 20}));
-    button->setAccessibleName(text);
-    button->setAccessibleDescription(explanation);
+    auto *button = new ChoiceButton(QStringLiteral(":/icons_svg/%1.svg").arg(icon), text, explanation, this);
     connect(button, &QAbstractButton::clicked, this, [this, chosen] {
         Q_EMIT(this->*chosen)();
         accept();

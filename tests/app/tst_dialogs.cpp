@@ -1,0 +1,174 @@
+// Every dialog of the box, as it is painted: one frame, and texts that can be read.
+#include "app/ui/folderselectordlg.h"
+#include "app/ui/syncfolderdlg.h"
+#include "app/ui/zelboxexitdialog.h"
+#include "clouddoc/ui/conflictdialog.h"
+#include "clouddoc/ui/movedialog.h"
+#include "klitestyle.h"
+#include "klook.h"
+#include "kskin.h"
+#include "recentfile/fakecloud.h"
+#include "recentfile/ui/recentdialogs.h"
+#include "recentfile/ui/recentguides.h"
+#include "recentfile/ui/sharedialog.h"
+#include "settings/ui/confirmdialog.h"
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QPushButton>
+#include <QtTest>
+#include <cmath>
+
+namespace {
+
+constexpr int Scale = 3; // so that strokes have a pixel without an edge
+
+qreal luminance(QRgb color)
+{
+    const auto part = [](int value) {
+        const qreal v = value / 255.0;
+        return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * part(qRed(color)) + 0.7152 * part(qGreen(color)) + 0.0722 * part(qBlue(color));
+}
+
+qreal contrast(QRgb one, QRgb other)
+{
+    const qreal a = luminance(one);
+    const qreal b = luminance(other);
+    return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
+}
+
+/// Between the ground of a part of the picture and what stands out from it most.
+qreal contrastIn(const QImage &picture, const QRect &part)
+{
+    QHash<QRgb, int> counts;
+    for (int y = part.top(); y <= part.bottom(); ++y) {
+        for (int x = part.left(); x <= part.right(); ++x)
+            ++counts[picture.pixel(x, y)];
+    }
+    QRgb ground = 0;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
+        if (it.value() > counts.value(ground))
+            ground = it.key();
+    }
+    qreal best = 1;
+    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
+        if (it.value() >= Scale * Scale)
+            best = qMax(best, contrast(it.key(), ground));
+    }
+    return best;
+}
+
+RecentFileInfo document()
+{
+    RecentFileInfo record;
+    record.id = record.path = QStringLiteral("/docs/A report with a name that is not exactly short.odt");
+    record.roamingId = QStringLiteral("r1");
+    return record;
+}
+
+CloudConflicts conflicts()
+{
+    CloudConflict one;
+    one.name = QStringLiteral("report.odt");
+    one.suggestedName = QStringLiteral("report (2).odt");
+    return {one};
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(std::function<BoxDialog *()>)
+
+class TestDialogs : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void initTestCase();
+    void oneFrame_data();
+    void oneFrame();
+
+private:
+    FakeCloud m_cloud;
+};
+
+void TestDialogs::initTestCase()
+{
+    QApplication::setStyle(new KLiteStyle);
+    QApplication::setFont(KLiteStyle::applicationFont());
+}
+
+void TestDialogs::oneFrame_data()
+{
+    using Make = std::function<BoxDialog *()>;
+    QTest::addColumn<Make>("make");
+    QTest::addColumn<bool>("dark");
+    const QVector<std::pair<const char *, Make>> dialogs{
+        {"remove", [] { return new RemoveRecordDialog({document()}); }},
+        {"delete", [] { return new DeleteFileDialog(QStringLiteral("a.odt"), 1); }},
+        {"share", [] { return new ShareDialog(document()); }},
+        {"roaming guide", [] { return new ZelBoxRecentFileGuideDialog; }},
+        {"conflict", [] { return new ConflictDialog(CloudDocLogic::Operation::Copy, conflicts()); }},
+        {"move",
+            [this] {
+                return new MoveDialog(
+                    &m_cloud, {}, QStringLiteral("a"), [](const QString &) { return true; });
+            }},
+        {"exit", [] { return new ZelBoxExitDialog; }},
+        {"folder", [] { return new FolderSelectorDlg; }},
+        {"synchronise", [] { return new SyncFolderDlg; }},
+        {"confirm",
+            [] {
+                return new ConfirmDialog(QStringLiteral("Title"), QStringLiteral("Clear it all?"),
+                    QStringLiteral("Clear"), nullptr);
+            }},
+    };
+    for (const auto &[name, make] : dialogs) {
+        for (const bool dark : {false, true})
+            QTest::addRow("%s, %s", name, dark ? "dark" : "light") << make << dark;
+    }
+}
+
+void TestDialogs::oneFrame()
+{
+    QFETCH(std::function<BoxDialog *()>, make);
+    QFETCH(bool, dark);
+    KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
+    QApplication::setPalette(KLiteStyle::palette(dark));
+    const std::unique_ptr<BoxDialog> dialog(make());
+    dialog->setAttribute(Qt::WA_DeleteOnClose, false);
+    dialog->show();
+    QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
+    QVERIFY(dialog->width() >= KLiteStyle::dpiScaled(zel::look::DialogWidth));
+    QVERIFY(!(dialog->windowFlags() & (Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint)));
+    int defaults = 0;
+    for (const QPushButton *button : dialog->findChildren<QPushButton *>())
+        defaults += button->isDefault() ? 1 : 0;
+    QVERIFY(defaults <= 1);
+
+    QImage picture(dialog->size() * Scale, QImage::Format_RGB32);
+    picture.setDevicePixelRatio(Scale);
+    dialog->render(&picture);
+    int texts = 0;
+    for (const QWidget *widget : dialog->findChildren<QWidget *>()) {
+        const auto *label = qobject_cast<const QLabel *>(widget);
+        const auto *button = qobject_cast<const QAbstractButton *>(widget);
+        const QString text = label ? label->text() : button ? button->text() : QString();
+        if (text.isEmpty() || !widget->isVisible() || !widget->isEnabled())
+            continue;
+        ++texts;
+        if (label && label->wordWrap())
+            QVERIFY2(label->heightForWidth(label->width()) <= label->height(), qPrintable(text));
+        else
+            QVERIFY2(widget->sizeHint().width() <= widget->width(), qPrintable(text));
+        const int edge = button ? 4 : 0; // what is painted around the text
+        const QRect part =
+            QRect(widget->mapTo(dialog.get(), QPoint()), widget->size()).adjusted(edge, edge, -edge, -edge);
+        const qreal measured = contrastIn(picture, {part.topLeft() * Scale, part.size() * Scale});
+        QVERIFY2(measured >= 4.5, qPrintable(QStringLiteral("%1: %2").arg(text).arg(measured)));
+    }
+    QVERIFY(texts >= 3);
+}
+
+QTEST_MAIN(TestDialogs)
+#include "tst_dialogs.moc"
