@@ -564,6 +564,13 @@
     </message>
 </context>
 <context>
+    <name>ColumnHeadings</name>
+    <message>
+        <source>Columns of the list</source>
+        <translation>列表的列</translation>
+    </message>
+</context>
+<context>
     <name>ConfirmDialog</name>
     <message>
         <source>Cancel</source>
@@ -2024,11 +2031,7 @@
     </message>
 </context>
 <context>
-    <name>TransferListView</name>
-    <message>
-        <source>Transfers</source>
-        <translation>传输</translation>
-    </message>
+    <name>TransferDelegate</name>
     <message>
         <source>Cancel</source>
         <translation>取消</translation>
@@ -2036,6 +2039,13 @@
     <message>
         <source>Try again</source>
         <translation>重试</translation>
+    </message>
+</context>
+<context>
+    <name>TransferListView</name>
+    <message>
+        <source>Transfers</source>
+        <translation>传输</translation>
     </message>
 </context>
 <context>

@@ -4,12 +4,6 @@
 
 namespace {
 
-// The order that a person means by naming the key alone.
-Qt::SortOrder usualOrder(ListSortMenu::Kind kind)
-{
-    return kind == ListSortMenu::Kind::Text ? Qt::AscendingOrder : Qt::DescendingOrder;
-}
-
 Qt::SortOrder turned(Qt::SortOrder order)
 {
     return order == Qt::AscendingOrder ? Qt::DescendingOrder : Qt::AscendingOrder;
@@ -65,19 +59,27 @@ void ListSortMenu::setSort(int key, Qt::SortOrder order)
     const auto keys = m_keys->actions();
     for (QAction *action : keys)
         action->setChecked(action->data().toInt() == key);
-    switch (kindOf(key)) {
+    const Kind kind = kindOf(key);
+    m_usual->setText(orderText(kind, usualOrder(kind)));
+    m_other->setText(orderText(kind, turned(usualOrder(kind))));
+    (order == usualOrder(kind) ? m_usual : m_other)->setChecked(true);
+}
+
+Qt::SortOrder ListSortMenu::usualOrder(Kind kind)
+{
+    return kind == Kind::Text ? Qt::AscendingOrder : Qt::DescendingOrder;
+}
+
+QString ListSortMenu::orderText(Kind kind, Qt::SortOrder order)
+{
+    const bool ascending = order == Qt::AscendingOrder;
+    switch (kind) {
     case Kind::Time:
-        m_usual->setText(tr("Newest first"));
-        m_other->setText(tr("Oldest first"));
-        break;
+        return ascending ? tr("Oldest first") : tr("Newest first");
     case Kind::Size:
-        m_usual->setText(tr("Largest first"));
-        m_other->setText(tr("Smallest first"));
-        break;
+        return ascending ? tr("Smallest first") : tr("Largest first");
     case Kind::Text:
-        m_usual->setText(tr("A to Z"));
-        m_other->setText(tr("Z to A"));
         break;
     }
-    (order == usualOrder(kindOf(key)) ? m_usual : m_other)->setChecked(true);
+    return ascending ? tr("A to Z") : tr("Z to A");
 }

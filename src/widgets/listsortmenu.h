@@ -18,6 +18,9 @@ public:
     void addKey(int key, Kind kind, const QString &text);
     void setSort(int key, Qt::SortOrder order); ///< shows it; emits nothing
 
+    static Qt::SortOrder usualOrder(Kind kind); ///< the one that a person means by naming the key alone
+    static QString orderText(Kind kind, Qt::SortOrder order); ///< "Newest first"
+
 Q_SIGNALS:
     void chosen(int key, Qt::SortOrder order); ///< another key comes in its usual direction
 

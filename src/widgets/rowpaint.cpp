@@ -61,6 +61,37 @@ void paintButtonVeil(QPainter *painter, const QRect &rect, bool pressed)
     painter->drawRoundedRect(rect, radius, radius);
 }
 
+void paintProgress(QPainter *painter, const QRect &rect, int percent)
+{
+    QColor ground = KSkin::color(KSkin::Color::Text);
+    ground.setAlphaF(0.14);
+    const qreal radius = rect.height() / 2.0;
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(ground);
+    painter->drawRoundedRect(rect, radius, radius);
+    if (percent <= 0)
+        return;
+    QRectF done(rect);
+    done.setWidth(qMax<qreal>(rect.height(), rect.width() * qMin(percent, 100) / 100.0));
+    painter->setBrush(KSkin::color(KSkin::Color::Accent));
+    painter->drawRoundedRect(done, radius, radius);
+}
+
+// On the ground of a selected row the text would be too weak.
+void paintBadge(QPainter *painter, const QRect &rect, const QColor &color, bool selected)
+{
+    QColor tint = color;
+    tint.setAlphaF(look::SoftTint);
+    const qreal radius = rect.height() / 2.0;
+    painter->setPen(Qt::NoPen);
+    painter->setBrush(KSkin::color(KSkin::Color::Surface));
+    if (selected)
+        painter->drawRoundedRect(rect, radius, radius);
+    painter->setBrush(tint);
+    painter->drawRoundedRect(rect, radius, radius);
+    painter->setPen(color);
+}
+
 void paintDropGround(QPainter *painter, const QRect &rect, bool quiet)
 {
     const QColor accent = KSkin::color(KSkin::Color::Accent);

@@ -20,6 +20,13 @@ void paintTextLine(QPainter *painter, const QRect &rect, const QFontMetrics &met
 /// A line icon that fills `rect`.
 void paintGlyph(QPainter *painter, const QRect &rect, const QString &icon, const QColor &color);
 
+/// A thin bar; at 0 percent an empty one.
+void paintProgress(QPainter *painter, const QRect &rect, int percent);
+
+/// Ground of a badge whose text is in `color`, which is left as the pen; `selected`: its row is. Needs
+/// antialiasing.
+void paintBadge(QPainter *painter, const QRect &rect, const QColor &color, bool selected);
+
 /// Ground and frame of what takes the things that are dragged: a row, a step of a path, or (`quiet`) a whole
 /// list, whose rows stay readable. Needs antialiasing.
 void paintDropGround(QPainter *painter, const QRect &rect, bool quiet = false);

@@ -40,7 +40,7 @@ void TestViewDrag::dragsBeginPastTheDistance()
     QCOMPARE(drag(centreOf(2), far, Qt::RightButton), 0);
     QCOMPARE(drag({100, 5}, far), 0); // from a header
     move(centreOf(1));
-    QCOMPARE(drag(buttonRect(1, RecentCell::Button::Share).center(), far), 0);
+    QCOMPARE(drag(buttonRect(1, RecentButton::Share).center(), far), 0);
 }
 
 void TestViewDrag::draggedFiles()

@@ -250,14 +250,14 @@ void TestViewInput::rowButtons()
     QSignalSpy doubled(m_view.get(), &View::doubleClicked);
     click(0);
     clicked.clear();
-    QVERIFY(buttonRect(1, RecentCell::Button::Share).isNull());
+    QVERIFY(buttonRect(1, RecentButton::Share).isNull());
     move(centreOf(1));
-    const QRect share = buttonRect(1, RecentCell::Button::Share);
-    const QRect rest = buttonRect(1, RecentCell::Button::More);
+    const QRect share = buttonRect(1, RecentButton::Share);
+    const QRect rest = buttonRect(1, RecentButton::More);
     move(share.center());
-    QCOMPARE(painted(1).hovered, RecentCell::Button::Share);
+    QCOMPARE(painted(1).hovered, RecentButton::Share);
     QTest::mousePress(m_view->viewport(), Qt::LeftButton, {}, share.center());
-    QCOMPARE(painted(1).pressed, RecentCell::Button::Share);
+    QCOMPARE(painted(1).pressed, RecentButton::Share);
     QTest::mouseRelease(m_view->viewport(), Qt::LeftButton, {}, share.center());
     QTest::mouseDClick(m_view->viewport(), Qt::LeftButton, {}, share.center());
     QTest::mouseRelease(m_view->viewport(), Qt::LeftButton, {}, share.center());
@@ -283,7 +283,7 @@ void TestViewInput::rowButtonsNeedTheirRow()
     QSignalSpy shared(m_view.get(), &View::sigShareDoc);
     move(centreOf(1));
     QVERIFY(painted(1).state.testFlag(QStyle::State_MouseOver));
-    const QPoint share = buttonRect(1, RecentCell::Button::Share).center();
+    const QPoint share = buttonRect(1, RecentButton::Share).center();
     send(QEvent::Leave, m_view->viewport());
     QVERIFY(!painted(1).state.testFlag(QStyle::State_MouseOver));
     QTest::mouseClick(m_view->viewport(), Qt::LeftButton, {}, share);

@@ -18,11 +18,11 @@ class CountingDelegate : public ZelBoxRecentFileDelegate
 {
 public:
     mutable QVector<int> painted;
-    mutable QMap<int, RecentRowOption> options; ///< row -> of its last painting
+    mutable QMap<int, ListRowOption> options; ///< row -> of its last painting
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override
     {
         painted << index.row();
-        options[index.row()] = *qstyleoption_cast<const RecentRowOption *>(&option);
+        options[index.row()] = *qstyleoption_cast<const ListRowOption *>(&option);
         ZelBoxRecentFileDelegate::paint(painter, option, index);
     }
 };
@@ -131,15 +131,15 @@ protected:
         QCoreApplication::sendEvent(receiver, &event);
     }
 
-    RecentRowOption painted(int row)
+    ListRowOption painted(int row)
     {
         m_view->viewport()->repaint();
         return m_delegate.options.value(row);
     }
 
-    QRect buttonRect(int row, RecentCell::Button button)
+    QRect buttonRect(int row, RecentButton::Number button)
     {
-        return m_delegate.cell(painted(row), index(row)).rectOf(button);
+        return m_delegate.buttonRect(painted(row), index(row), button);
     }
 
     /// "0 2-4"

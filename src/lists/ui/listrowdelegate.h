@@ -35,6 +35,10 @@ class ListRowDelegate : public QStyledItemDelegate
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    /// Whether rows have buttons in this list; without them their room goes to the texts. True at first.
+    void setOffersButtons(bool offers) { m_offersButtons = offers; }
+    bool offersButtons() const { return m_offersButtons; }
+
     virtual int rowHeight(const QFont &font) const = 0; ///< of every row alike, pixels
     /// The button at `pos`, as the row is painted with this option; ListRowOption::NoButton for none.
     virtual int buttonAt(const ListRowOption &option, const QModelIndex &index, const QPoint &pos) const;
@@ -43,4 +47,11 @@ public:
     virtual QString toolTip(const QModelIndex &index) const;                ///< rich text, safe for any name
     /// What the pointer carries while `count` rows are dragged, of which `index` is shown.
     virtual QPixmap dragPixmap(const QModelIndex &index, int count, const QFont &font, qreal ratio) const = 0;
+
+    /// Tool tips: of a button its name, else toolTip().
+    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
+        const QModelIndex &index) override;
+
+private:
+    bool m_offersButtons = true;
 };

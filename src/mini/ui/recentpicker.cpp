@@ -43,7 +43,9 @@ RecentPicker::RecentPicker(const Services &services, QWidget *parent)
         button->setFocusPolicy(Qt::NoFocus);
     m_list->setAccessibleName(tr("Recent documents"));
     m_list->setModel(m_rows);
-    m_list->setItemDelegate(new ZelBoxRecentFileDelegate(m_list));
+    auto *delegate = new ZelBoxRecentFileDelegate(m_list);
+    delegate->setOffersButtons(false);
+    m_list->setItemDelegate(delegate);
     m_list->setUniformItemSizes(true);
     m_list->setFrameShape(QFrame::NoFrame);
     m_list->setFocusPolicy(Qt::NoFocus);

@@ -2,27 +2,15 @@
 
 #include "base/sizetext.h"
 #include "recentfile/recentfilemodel.h"
+#include "widgets/nametext.h"
 
-#include <QAbstractItemView>
 #include <QDir>
-#include <QHelpEvent>
 #include <QLocale>
-#include <QToolTip>
 
-using namespace zel::recent;
 using Model = ZelBoxRecentFileModel;
+using zel::plainLine;
 
-namespace {
-
-RecentRowOption rowOption(const QStyleOptionViewItem &option)
-{
-    const auto *ours = qstyleoption_cast<const RecentRowOption *>(&option);
-    return ours ? *ours : RecentRowOption(option);
-}
-
-} // namespace
-
-ZelBoxRecentFileDelegate::ZelBoxRecentFileDelegate(QObject *parent) : QStyledItemDelegate(parent)
+ZelBoxRecentFileDelegate::ZelBoxRecentFileDelegate(QObject *parent) : RowDelegate(parent)
 {
     retranslate();
 }
@@ -37,33 +25,9 @@ void ZelBoxRecentFileDelegate::retranslate()
     };
 }
 
-const RecentRowFonts &ZelBoxRecentFileDelegate::fonts(const QFont &font) const
+RecentRow ZelBoxRecentFileDelegate::rowOf(const QModelIndex &index) const
 {
-    if (!m_fonts || m_fonts->name != font)
-        m_fonts.emplace(font);
-    return *m_fonts;
-}
-
-QSize ZelBoxRecentFileDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
-{
-    const RecentCellMetrics &metrics = fonts(option.font).cell;
-    return {metrics.leastNameWidth * 2, metrics.rowHeight};
-}
-
-RecentCell ZelBoxRecentFileDelegate::cell(const QStyleOptionViewItem &option, const QModelIndex &index) const
-{
-    const RecentRowOption ours = rowOption(option);
-    return RecentRow::of(index, ours.detail, m_texts).fit(ours.rect, fonts(ours.font), ours.buttons);
-}
-
-void ZelBoxRecentFileDelegate::paint(
-    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
-{
-    const RecentRowOption ours = rowOption(option);
-    RecentRow row = RecentRow::of(index, ours.detail, m_texts);
-    const RecentRowFonts &rowFonts = fonts(ours.font);
-    const RecentCell cell = row.fit(ours.rect, rowFonts, ours.buttons);
-    paintRow(painter, row, cell, rowFonts, ours);
+    return RecentRow::of(index, m_detail, m_texts);
 }
 
 QString ZelBoxRecentFileDelegate::toolTip(const QModelIndex &index) const
@@ -88,17 +52,7 @@ QString ZelBoxRecentFileDelegate::toolTip(const QModelIndex &index) const
         + QStringLiteral("</p>");
 }
 
-bool ZelBoxRecentFileDelegate::helpEvent(
-    QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option, const QModelIndex &index)
+QString ZelBoxRecentFileDelegate::buttonName(const QModelIndex &, int button) const
 {
-    if (event->type() != QEvent::ToolTip || !index.isValid())
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
-    const RecentCell cell = this->cell(option, index);
-    const RecentCell::Button button = cell.buttonAt(event->pos());
-    const QString text = button == RecentCell::Button::Share ? tr("Share")
-        : button == RecentCell::Button::More                 ? tr("More")
-                                                             : toolTip(index);
-    const QRect area = button == RecentCell::Button::None ? option.rect : cell.rectOf(button);
-    QToolTip::showText(event->globalPos(), text, view->viewport(), area);
-    return true;
+    return button == RecentButton::Share ? tr("Share") : tr("More");
 }

@@ -44,8 +44,7 @@ void View::startDrag(Qt::DropActions actions)
     const QModelIndex shown = canGo(pressed) ? pressed : *std::find_if(rows.cbegin(), rows.cend(), canGo);
 
     auto *drag = new QDrag(this); // deletes itself
-    drag->setPixmap(zel::recent::dragPixmap(
-        RecentRow::of(shown, m_detail, {}), files->urls().size(), font(), devicePixelRatioF()));
+    drag->setPixmap(rowDelegate()->dragPixmap(shown, files->urls().size(), font(), devicePixelRatioF()));
     drag->setHotSpot({-12, -8}); // beside the pointer, so that it hides no drop target
     drag->setMimeData(files.release());
     drag->exec(actions, Qt::CopyAction);

@@ -11,7 +11,6 @@
 #include <QTimerEvent>
 
 using View = ZelBoxRecentFileListView;
-using Button = RecentCell::Button;
 
 namespace {
 
@@ -35,8 +34,8 @@ View::ButtonSpot View::buttonAt(const QPoint &point) const
     const ZelBoxRecentFileDelegate *delegate = rowDelegate();
     if (!index.isValid() || !delegate || !showsButtons(index))
         return {};
-    const Button button = delegate->cell(rowOption(index), index).buttonAt(point);
-    return button == Button::None ? ButtonSpot() : ButtonSpot{index, button};
+    const int button = delegate->buttonAt(rowOption(index), index, point);
+    return button == ListRowOption::NoButton ? ButtonSpot() : ButtonSpot{index, button};
 }
 
 void View::mousePressEvent(QMouseEvent *event)
@@ -47,7 +46,7 @@ void View::mousePressEvent(QMouseEvent *event)
     m_releaseEndsDoubleClick = false;
     m_pressPos = event->pos();
     m_pressed = left ? indexAt(event->pos()) : QModelIndex();
-    if (m_pressedButton.button == Button::None) {
+    if (m_pressedButton.button == ListRowOption::NoButton) {
         QAbstractItemView::mousePressEvent(event);
         return;
     }
@@ -68,7 +67,7 @@ void View::mouseDoubleClickEvent(QMouseEvent *event)
     }
     const QModelIndex index = indexAt(event->pos());
     if (!index.isValid() || m_pressed != index || extendsSelection(*event)
-        || buttonAt(event->pos()).button != Button::None) {
+        || buttonAt(event->pos()).button != ListRowOption::NoButton) {
         QMouseEvent press(QEvent::MouseButtonPress, event->localPos(), event->windowPos(), event->screenPos(),
             event->button(), event->buttons(), event->modifiers(), event->source());
         mousePressEvent(&press);
@@ -82,7 +81,7 @@ void View::mouseDoubleClickEvent(QMouseEvent *event)
 void View::mouseReleaseEvent(QMouseEvent *event)
 {
     const bool left = event->button() == Qt::LeftButton;
-    if (left && m_pressedButton.button != Button::None) {
+    if (left && m_pressedButton.button != ListRowOption::NoButton) {
         const ButtonSpot pressed = std::exchange(m_pressedButton, {});
         updateRow(pressed.row);
         if (buttonAt(event->pos()) == pressed)
@@ -103,11 +102,11 @@ void View::mouseReleaseEvent(QMouseEvent *event)
 
 void View::clickButton(const ButtonSpot &spot)
 {
-    if (spot.button == Button::Share) {
+    if (spot.button == RecentButton::Share) {
         Q_EMIT sigShareDoc(spot.row);
         return;
     }
-    const QRect rect = rowDelegate()->cell(rowOption(spot.row), spot.row).rectOf(spot.button);
+    const QRect rect = rowDelegate()->buttonRect(rowOption(spot.row), spot.row, spot.button);
     Q_EMIT sigMoreRequested(spot.row, viewport()->mapToGlobal(rect.bottomLeft() + QPoint(0, 1)));
 }
 

@@ -14,8 +14,9 @@ using View = ZelBoxRecentFileListView;
 
 void View::setShownDetail(Detail detail)
 {
-    if (std::exchange(m_detail, detail) != detail)
-        viewport()->update();
+    if (ZelBoxRecentFileDelegate *delegate = rowDelegate())
+        delegate->setShownDetail(detail);
+    viewport()->update();
 }
 
 ZelBoxRecentFileDelegate *View::rowDelegate() const
@@ -31,15 +32,14 @@ bool View::showsButtons(const QModelIndex &index) const
     return m_keyboardLeads && hasFocus() && currentIndex() == index;
 }
 
-RecentRowOption View::rowOption(const QModelIndex &index) const
+ListRowOption View::rowOption(const QModelIndex &index) const
 {
-    RecentRowOption option(viewOptions());
+    ListRowOption option(viewOptions());
     option.rect = visualRect(index);
     option.widget = this;
     option.state.setFlag(QStyle::State_Selected, selectionModel()->isSelected(index));
     option.state.setFlag(QStyle::State_MouseOver, m_hover == index);
     option.state.setFlag(QStyle::State_HasFocus, m_keyboardLeads && hasFocus() && currentIndex() == index);
-    option.detail = m_detail;
     option.buttons = showsButtons(index);
     if (m_hotButton.row == index)
         option.hovered = m_hotButton.button;
@@ -105,7 +105,7 @@ void View::paintHead(QPainter *painter, const RecentListLayout::Head &head)
         return;
     }
     painter->fillRect(rect, KSkin::color(KSkin::Color::Surface));
-    QFont font = RecentRowFonts(this->font()).small;
+    QFont font = RowFonts(this->font()).small;
     font.setWeight(QFont::DemiBold);
     painter->setFont(font);
     painter->setPen(KSkin::color(KSkin::Color::TextSecondary));

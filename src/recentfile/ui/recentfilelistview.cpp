@@ -81,9 +81,9 @@ void View::relayout()
     {
         const QScopedValueRollback guard(m_layingOut, true);
         const int scroll = verticalOffset();
-        const RecentRowFonts fonts(font());
+        const RowFonts fonts(font());
         RecentListLayout::Sizes sizes;
-        sizes.row = fonts.cell.rowHeight;
+        sizes.row = fonts.sizes.rowHeight;
         sizes.header = qMax(KLiteStyle::dpiScaled(HeaderHeight), fonts.smallMetrics.height() + 8);
         sizes.gap = KLiteStyle::dpiScaled(SectionGap);
         sizes.bottom = KLiteStyle::dpiScaled(BottomMargin);

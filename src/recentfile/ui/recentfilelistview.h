@@ -2,7 +2,7 @@
 
 #include "recentfile/ui/recentlistlayout.h"
 #include "recentfile/ui/recentlistmemory.h"
-#include "recentfile/ui/recentrowpainter.h"
+#include "recentfile/ui/recentrowtexts.h"
 
 #include <QAbstractItemView>
 #include <QBasicTimer>
@@ -97,7 +97,7 @@ private:
     struct ButtonSpot
     {
         QPersistentModelIndex row;
-        RecentCell::Button button = RecentCell::Button::None;
+        int button = ListRowOption::NoButton;
         bool operator==(const ButtonSpot &other) const { return row == other.row && button == other.button; }
     };
 
@@ -112,7 +112,7 @@ private:
     std::pair<int, int> visibleRows() const;
 
     ZelBoxRecentFileDelegate *rowDelegate() const;
-    RecentRowOption rowOption(const QModelIndex &index) const;
+    ListRowOption rowOption(const QModelIndex &index) const;
     bool showsButtons(const QModelIndex &index) const;
     ButtonSpot buttonAt(const QPoint &point) const;
     void updateRow(const QModelIndex &index);
@@ -135,7 +135,6 @@ private:
 
     RecentSortFilterModel *m_model = nullptr;
     RecentListLayout m_layout;
-    Detail m_detail = Detail::Time;
     QPersistentModelIndex m_anchor; // row at the top edge; stays there when rows come and go above it
     int m_anchorOffset = 0;
     RecentListMemory m_memory;

@@ -1,8 +1,8 @@
-#include "recentfile/ui/recentrow.h"
+#include "recentfile/ui/recentrowtexts.h"
 
 #include "base/sizetext.h"
-#include "klook.h"
 #include "recentfile/recentfilemodel.h"
+#include "widgets/nametext.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -11,6 +11,7 @@
 
 using namespace zel::recent;
 using Model = ZelBoxRecentFileModel;
+using zel::plainLine;
 
 namespace {
 
@@ -18,6 +19,13 @@ struct RowTexts
 {
     Q_DECLARE_TR_FUNCTIONS(ZelBoxRecentFileDelegate)
 };
+
+const RowButtons &rowButtons()
+{
+    static const RowButtons buttons{{RecentButton::Share, QStringLiteral(":/icons_svg/share.svg")},
+        {RecentButton::More, QStringLiteral(":/icons_svg/more.svg")}};
+    return buttons;
+}
 
 QString placeText(const QModelIndex &index, const QString &path)
 {
@@ -53,62 +61,26 @@ QString badgeText(const QModelIndex &index, bool missing, const RecentRow::Texts
 
 } // namespace
 
-RecentRowFonts::RecentRowFonts(const QFont &font)
-    : name(font),
-      small(zel::look::font(zel::look::Type::Caption, font)),
-      nameMetrics(name),
-      smallMetrics(small),
-      cell(RecentCellMetrics::of(nameMetrics, smallMetrics))
-{
-}
-
 RecentRow RecentRow::of(const QModelIndex &index, RecentDetail detail, const Texts &texts)
 {
     RecentRow row;
     row.fileName = index.data(Model::NameRole).toString();
     row.name = plainLine(row.fileName);
-    row.path = index.data(Model::PathRole).toString();
+    row.picture = index.data(Model::PathRole).toString();
     row.time = index.data(Model::TimeTextRole).toString();
     row.missing = index.data(Model::PresenceRole).toInt() == int(RecentFileInfo::Presence::Missing);
-    row.pinned = index.data(Model::PinnedRole).toBool();
-    row.cloud = index.data(Model::CloudBackedRole).toBool();
-    row.folder = placeText(index, row.path);
+    if (index.data(Model::PinnedRole).toBool())
+        row.nameGlyph = QStringLiteral(":/icons_svg/row_pin.svg");
+    if (index.data(Model::CloudBackedRole).toBool())
+        row.placeGlyph = QStringLiteral(":/icons_svg/row_cloud.svg");
+    row.place = placeText(index, row.picture);
     row.detail = detailText(index, detail, row.fileName);
     if (!row.detail.isEmpty())
         row.detail.prepend(QStringLiteral("· "));
     row.badge = badgeText(index, row.missing, texts);
+    row.buttons = rowButtons();
+    row.buttonRoom = row.buttons.size();
     return row;
-}
-
-RecentCell::Wishes RecentRow::wishes(const RecentRowFonts &fonts, bool buttons) const
-{
-    const auto width = [](const QFontMetrics &metrics, const QString &text) {
-        return text.isEmpty() ? 0 : metrics.horizontalAdvance(text) + 1;
-    };
-    RecentCell::Wishes wishes;
-    wishes.name = width(fonts.nameMetrics, name);
-    wishes.badge = width(fonts.smallMetrics, badge);
-    wishes.folder = width(fonts.smallMetrics, folder);
-    wishes.detail = width(fonts.smallMetrics, detail);
-    wishes.time = width(fonts.smallMetrics, time);
-    wishes.pin = pinned;
-    wishes.cloud = cloud;
-    wishes.buttons = buttons;
-    return wishes;
-}
-
-// Twice where a text is too long: what stands behind it follows what is left of it.
-RecentCell RecentRow::fit(const QRect &rect, const RecentRowFonts &fonts, bool buttons)
-{
-    const RecentCell::Wishes wanted = wishes(fonts, buttons);
-    const RecentCell cell = RecentCell::layout(rect, fonts.cell, wanted);
-    if (cell.name.width() == wanted.name && cell.folder.width() == wanted.folder)
-        return cell;
-    if (cell.name.width() < wanted.name)
-        name = elidedName(name, fonts.nameMetrics, cell.name.width());
-    if (cell.folder.width() < wanted.folder)
-        folder = fonts.smallMetrics.elidedText(folder, Qt::ElideMiddle, cell.folder.width());
-    return RecentCell::layout(rect, fonts.cell, wishes(fonts, buttons));
 }
 
 namespace zel::recent {
@@ -116,6 +88,17 @@ namespace zel::recent {
 QString typeText(const QString &name)
 {
     return plainLine(QFileInfo(name).suffix().toUpper());
+}
+
+QString folderText(const QString &path, const QString &home)
+{
+    const int slash = path.lastIndexOf(QLatin1Char('/'));
+    if (slash < 0)
+        return {};
+    const QString folder = plainLine(slash == 0 ? QStringLiteral("/") : path.left(slash));
+    if (home.size() > 1 && (folder == home || folder.startsWith(home + QLatin1Char('/'))))
+        return QLatin1Char('~') + folder.mid(home.size());
+    return folder;
 }
 
 } // namespace zel::recent

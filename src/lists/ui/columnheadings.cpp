@@ -1,0 +1,161 @@
+#include "lists/ui/columnheadings.h"
+
+#include "klitestyle.h"
+#include "klook.h"
+#include "lists/ui/columnheading.h"
+#include "widgets/contentcolumn.h"
+
+#include <QAbstractScrollArea>
+#include <QKeyEvent>
+
+namespace look = zel::look;
+using Kind = ListSortMenu::Kind;
+
+namespace {
+
+Kind kindOf(RowColumn column)
+{
+    switch (column) {
+    case RowColumn::Time:
+        return Kind::Time;
+    case RowColumn::Size:
+        return Kind::Size;
+    }
+    return Kind::Text;
+}
+
+} // namespace
+
+ColumnHeadings::ColumnHeadings(QWidget *parent) : QWidget(parent)
+{
+    setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+    setAccessibleName(tr("Columns of the list"));
+}
+
+ColumnHeading *ColumnHeadings::addHeading(int key, Kind kind, const QString &title)
+{
+    auto *heading = new ColumnHeading(key, kind, title, this);
+    heading->installEventFilter(this);
+    connect(heading, &QAbstractButton::clicked, this, [this, heading] { choose(*heading); });
+    return heading;
+}
+
+void ColumnHeadings::setName(int key, const QString &title)
+{
+    m_headings.prepend(addHeading(key, Kind::Text, title));
+}
+
+void ColumnHeadings::addColumn(RowColumn column, int key, const QString &title)
+{
+    m_columns << column;
+    m_headings << addHeading(key, kindOf(column), title);
+}
+
+// One stop of the Tab key for all of them.
+void ColumnHeadings::setSort(int key, Qt::SortOrder order)
+{
+    m_key = key;
+    m_order = order;
+    for (ColumnHeading *heading : std::as_const(m_headings)) {
+        const bool sorted = heading->key() == key;
+        heading->setSorted(sorted, order);
+        heading->setFocusPolicy(sorted ? Qt::TabFocus : Qt::NoFocus);
+    }
+}
+
+void ColumnHeadings::choose(const ColumnHeading &heading)
+{
+    const Qt::SortOrder usual = ListSortMenu::usualOrder(heading.kind());
+    const bool turns = heading.key() == m_key && m_order == Qt::AscendingOrder;
+    const bool turnsBack = heading.key() == m_key && m_order == Qt::DescendingOrder;
+    setSort(heading.key(), turns ? Qt::DescendingOrder : turnsBack ? Qt::AscendingOrder : usual);
+    Q_EMIT chosen(m_key, m_order);
+}
+
+void ColumnHeadings::follow(QAbstractScrollArea *list)
+{
+    m_list = list;
+    list->viewport()->installEventFilter(this);
+    place();
+}
+
+QSize ColumnHeadings::sizeHint() const
+{
+    int height = KLiteStyle::dpiScaled(look::RowHeight);
+    for (const ColumnHeading *heading : m_headings)
+        height = qMax(height, heading->sizeHint().height());
+    return {KLiteStyle::dpiScaled(200), height};
+}
+
+// Like a row of the list, whose scroll bar may take a part of the page's column.
+QRect ColumnHeadings::rowArea() const
+{
+    const QRect column = zel::contentRect({0, 0, m_list ? m_list->width() : width(), height()});
+    if (!m_list)
+        return column;
+    const QWidget *rows = m_list->viewport();
+    const int left = mapFromGlobal(rows->mapToGlobal(QPoint())).x();
+    return (column & QRect(0, 0, rows->width(), height())).translated(left, 0);
+}
+
+void ColumnHeadings::place()
+{
+    const QRect row = rowArea();
+    const RowMetrics sizes = RowFonts(font()).sizes;
+    const int padding = ColumnHeading::sidePadding();
+    const bool wide = RowCell::isWide(row.width(), sizes, m_columns);
+    const RowCell cell = RowCell::oneLine(row, sizes, {row.width()}, m_columns);
+    int x = cell.name.left() - padding;
+    for (int i = 0; i < m_headings.size(); ++i) {
+        ColumnHeading *heading = m_headings.at(i);
+        heading->setAtEnd(wide && i > 0 && m_columns.at(i - 1) == RowColumn::Size);
+        const QRect column = i == 0 ? cell.name : cell.columns[i - 1];
+        const int wanted = qMin(heading->sizeHint().width(), qMax(0, row.right() + 1 - x));
+        const QRect place = wide ? column.adjusted(-padding, 0, padding, 0) : QRect(x, 0, wanted, height());
+        heading->setGeometry(place.left(), 0, place.width(), height());
+        x += wanted;
+    }
+}
+
+void ColumnHeadings::resizeEvent(QResizeEvent *)
+{
+    place();
+}
+
+void ColumnHeadings::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        updateGeometry();
+        place();
+    }
+}
+
+bool ColumnHeadings::eventFilter(QObject *watched, QEvent *event)
+{
+    const int from = m_headings.indexOf(static_cast<ColumnHeading *>(watched));
+    if (from >= 0 && event->type() == QEvent::KeyPress)
+        return step(from, static_cast<QKeyEvent *>(event)->key());
+    if (from < 0 && event->type() == QEvent::Resize)
+        place();
+    return QWidget::eventFilter(watched, event);
+}
+
+bool ColumnHeadings::step(int from, int key)
+{
+    const bool leftToRight = layoutDirection() == Qt::LeftToRight;
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        m_headings.at(from)->click();
+        return true;
+    case Qt::Key_Left:
+    case Qt::Key_Right: {
+        const int to = from + ((key == Qt::Key_Right) == leftToRight ? 1 : -1);
+        m_headings.at(qBound(0, to, m_headings.size() - 1))->setFocus(Qt::TabFocusReason);
+        return true;
+    }
+    default:
+        return false;
+    }
+}
