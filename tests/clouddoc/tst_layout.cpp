@@ -1,59 +1,18 @@
-#include "clouddoc/ui/cloudcell.h"
-#include "clouddoc/ui/cloudrow.h"
+#include "clouddoc/ui/cloudrowtexts.h"
 #include "clouddoc/ui/crumbfit.h"
 
 #include <QTest>
 
-/// Where things are in rows and in the path, and what their texts say.
+/// Where things are in the path, and what the texts of rows say.
 class TestLayout : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void rows_data();
-    void rows();
     void crumbs_data();
     void crumbs();
     void times_data();
     void times();
 };
-
-void TestLayout::rows_data()
-{
-    QTest::addColumn<int>("width");
-    QTest::addColumn<int>("state"); // wish for the text of a transfer
-    QTest::addColumn<bool>("wide");
-    for (const int width : {0, 120, 320, 440, 900, 2000}) {
-        for (const int state : {0, 60, 4000})
-            QTest::addRow("%d, state %d", width, state) << width << state << (width >= 900);
-    }
-}
-
-void TestLayout::rows()
-{
-    QFETCH(int, width);
-    QFETCH(int, state);
-    QFETCH(bool, wide);
-    const CloudRowFonts fonts{QFont()};
-    const QRect row(0, 100, width, fonts.cell.rowHeight);
-    const CloudCell cell = CloudCell::layout(row, fonts.cell, {5000, 100, state, true, state > 0});
-    QCOMPARE(!cell.time.isNull(), wide);
-    QCOMPARE(!cell.size.isNull(), wide);
-    if (width < 320)
-        return; // it must not crash, no more
-    const QVector<QRect> places{
-        cell.icon, cell.name, cell.glyph, cell.detail, cell.state, cell.progress, cell.time, cell.size};
-    for (int i = 0; i < places.size(); ++i) {
-        if (places.at(i).isEmpty())
-            continue;
-        QVERIFY2(cell.ground.contains(places.at(i)), qPrintable(QString::number(i)));
-        for (int j = 0; j < i; ++j)
-            QVERIFY2(
-                !places.at(i).intersects(places.at(j)), qPrintable(QStringLiteral("%1 %2").arg(i).arg(j)));
-    }
-    QVERIFY(cell.name.width() >= 80);
-    QCOMPARE(!cell.detail.isEmpty(), !wide && state == 0); // the transfer takes the place of time and size
-    QCOMPARE(!cell.state.isEmpty(), state > 0);
-}
 
 void TestLayout::crumbs_data()
 {

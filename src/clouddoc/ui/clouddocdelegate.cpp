@@ -2,12 +2,10 @@
 
 #include "base/sizetext.h"
 #include "clouddoc/clouddocmodel.h"
-#include "clouddoc/ui/cloudrowpainter.h"
 #include "klitestyle.h"
 #include "widgets/nametext.h"
 
-#include <QAbstractItemView>
-#include <QHelpEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QLocale>
 #include <QToolTip>
@@ -28,23 +26,11 @@ QString idOf(const QModelIndex &index)
 
 } // namespace
 
-CloudDocDelegate::CloudDocDelegate(QObject *parent) : QStyledItemDelegate(parent) { }
+CloudDocDelegate::CloudDocDelegate(QObject *parent) : RowDelegate(parent) { }
 
 void CloudDocDelegate::setCutIds(const QStringList &ids)
 {
     m_cut = QSet<QString>(ids.cbegin(), ids.cend());
-}
-
-const CloudRowFonts &CloudDocDelegate::fonts(const QFont &font) const
-{
-    if (!m_fonts || m_fonts->name != font)
-        m_fonts.emplace(font);
-    return *m_fonts;
-}
-
-QSize CloudDocDelegate::sizeHint(const QStyleOptionViewItem &option, const QModelIndex &) const
-{
-    return {1, fonts(option.font).cell.rowHeight}; // as wide as the view
 }
 
 CloudRow CloudDocDelegate::rowOf(const QModelIndex &index) const
@@ -53,7 +39,6 @@ CloudRow CloudDocDelegate::rowOf(const QModelIndex &index) const
     const QString id = idOf(index);
     row.faded = m_cut.contains(id);
     if (const auto renamed = m_newNames.constFind(id); renamed != m_newNames.cend()) {
-        row.fileName = *renamed;
         row.name = zel::plainLine(*renamed);
         row.faded = true;
     }
@@ -63,13 +48,11 @@ CloudRow CloudDocDelegate::rowOf(const QModelIndex &index) const
 void CloudDocDelegate::paint(
     QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    CloudRow row = rowOf(index);
-    const CloudRowFonts &rowFonts = fonts(option.font);
-    const CloudCell cell = row.fit(option.rect, rowFonts);
-    QStyleOptionViewItem ours = option;
+    ListRowOption ours(option);
     if (!m_showsFocus)
         ours.state &= ~QStyle::State_HasFocus;
-    paintRow(painter, row, cell, rowFonts, ours, !m_dropTarget.isEmpty() && idOf(index) == m_dropTarget);
+    ours.dropTarget = ours.dropTarget || (!m_dropTarget.isEmpty() && idOf(index) == m_dropTarget);
+    RowDelegate::paint(painter, ours, index);
 }
 
 QString CloudDocDelegate::toolTip(const QModelIndex &index) const
@@ -86,15 +69,6 @@ QString CloudDocDelegate::toolTip(const QModelIndex &index) const
         line = line.toHtmlEscaped();
     return QStringLiteral("<p style='white-space:pre-wrap'>") + lines.join(QStringLiteral("<br>"))
         + QStringLiteral("</p>");
-}
-
-bool CloudDocDelegate::helpEvent(
-    QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option, const QModelIndex &index)
-{
-    if (event->type() != QEvent::ToolTip || !index.isValid())
-        return QStyledItemDelegate::helpEvent(event, view, option, index);
-    QToolTip::showText(event->globalPos(), toolTip(index), view->viewport(), option.rect);
-    return true;
 }
 
 QWidget *CloudDocDelegate::createEditor(
@@ -139,10 +113,10 @@ bool CloudDocDelegate::isFine(const QLineEdit *editor) const
 void CloudDocDelegate::updateEditorGeometry(
     QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
-    const CloudCell cell = rowOf(index).fit(option.rect, fonts(option.font));
+    const RowCell cell = this->cell(option, index);
     const int height = editor->sizeHint().height();
     const int frame = KLiteStyle::dpiScaled(8); // the text stays where it was
-    const int right = cell.time.isNull() ? cell.ground.right() : cell.time.left();
+    const int right = cell.columns.isEmpty() ? cell.ground.right() : cell.columns.first().left();
     editor->setGeometry(
         cell.name.left() - frame, cell.ground.center().y() - height / 2, right - cell.name.left(), height);
 }
@@ -174,7 +148,7 @@ bool CloudDocDelegate::eventFilter(QObject *editor, QEvent *event)
         edit->setAccessibleDescription(why);
         return true;
     }
-    return QStyledItemDelegate::eventFilter(editor, event);
+    return RowDelegate::eventFilter(editor, event);
 }
 
 QString zel::clouddoc::problemText(NameProblem problem)

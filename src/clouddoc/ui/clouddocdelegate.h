@@ -1,18 +1,17 @@
 #pragma once
 
 #include "clouddoc/clouddocnames.h"
-#include "clouddoc/ui/cloudrow.h"
+#include "clouddoc/ui/cloudrowtexts.h"
+#include "lists/ui/rowdelegate.h"
 
 #include <QHash>
 #include <QSet>
-#include <QStyledItemDelegate>
-#include <optional>
 
 class QLineEdit;
 
 /// Shows a row of the cloud list and lets its name be edited. GUI thread. A name that cannot be given keeps
 /// the editor open and says why.
-class CloudDocDelegate : public QStyledItemDelegate
+class CloudDocDelegate : public RowDelegate<CloudRow>
 {
     Q_OBJECT
 public:
@@ -31,9 +30,7 @@ public:
 
     void paint(
         QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    bool helpEvent(QHelpEvent *event, QAbstractItemView *view, const QStyleOptionViewItem &option,
-        const QModelIndex &index) override;
+    QString toolTip(const QModelIndex &index) const override;
     QWidget *createEditor(
         QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     void setEditorData(QWidget *editor, const QModelIndex &index) const override;
@@ -41,17 +38,14 @@ public:
     void updateEditorGeometry(
         QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
-    const CloudRowFonts &fonts(const QFont &font) const;
-    QString toolTip(const QModelIndex &index) const; ///< as rich text, safe for any file name
-
 Q_SIGNALS:
     void sigRenameRequested(const QString &id, const QString &name);
 
 protected:
     bool eventFilter(QObject *editor, QEvent *event) override;
+    CloudRow rowOf(const QModelIndex &index) const override;
 
 private:
-    CloudRow rowOf(const QModelIndex &index) const;
     bool isFine(const QLineEdit *editor) const;
     static void selectStem(QLineEdit *editor);
 
@@ -59,8 +53,7 @@ private:
     QString m_dropTarget;
     QSet<QString> m_cut;
     bool m_showsFocus = false;
-    mutable QHash<QString, QString> m_newNames;   // asked for, by id
-    mutable std::optional<CloudRowFonts> m_fonts; // of the font that was last asked for
+    mutable QHash<QString, QString> m_newNames; // asked for, by id
 };
 
 namespace zel::clouddoc {

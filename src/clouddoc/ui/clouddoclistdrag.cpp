@@ -24,8 +24,7 @@ void View::startDrag(Qt::DropActions)
     }
     const QModelIndex shown = currentIndex().isValid() ? currentIndex() : indexAt({0, 0});
     auto *drag = new QDrag(this); // deletes itself
-    drag->setPixmap(dragPixmap(shown.data(CloudDocModel::NameRole).toString(),
-        shown.data(CloudDocModel::FolderRole).toBool(), items.ids.size(), font(), devicePixelRatioF()));
+    drag->setPixmap(m_delegate->dragPixmap(shown, items.ids.size(), font(), devicePixelRatioF()));
     drag->setHotSpot({-12, -8}); // beside the pointer, so that it hides no drop target
     drag->setMimeData(itemsMimeData(items, paths).release());
     // Other programs get copies, unless the user asks for a move; within the drive it is always one.

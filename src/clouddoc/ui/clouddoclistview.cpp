@@ -2,8 +2,8 @@
 
 #include "clouddoc/clouddocmodel.h"
 #include "clouddoc/ui/clouddocdelegate.h"
-#include "clouddoc/ui/clouddrag.h"
 #include "klitestyle.h"
+#include "widgets/rowpaint.h"
 
 #include <QContextMenuEvent>
 #include <QPainter>
@@ -239,5 +239,5 @@ void CloudDocListView::paintEvent(QPaintEvent *event)
     QPainter painter(viewport());
     painter.setRenderHint(QPainter::Antialiasing);
     const int inset = KLiteStyle::dpiScaled(6);
-    zel::clouddoc::paintDropGround(&painter, viewport()->rect().adjusted(inset, inset, -inset, -inset), true);
+    zel::paintDropGround(&painter, viewport()->rect().adjusted(inset, inset, -inset, -inset), true);
 }

@@ -1,10 +1,10 @@
 #include "clouddoc/ui/clouddocstates.h"
 
-#include "clouddoc/ui/clouddrag.h"
 #include "clouddoc/ui/cloudproblemtext.h"
 #include "klitestyle.h"
 #include "widgets/emptystate.h"
 #include "widgets/loadingindicator.h"
+#include "widgets/rowpaint.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -134,5 +134,5 @@ void CloudDocStates::paintEvent(QPaintEvent *event)
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const int inset = KLiteStyle::dpiScaled(6);
-    zel::clouddoc::paintDropGround(&painter, rect().adjusted(inset, inset, -inset, -inset), true);
+    zel::paintDropGround(&painter, rect().adjusted(inset, inset, -inset, -inset), true);
 }

@@ -1,18 +1,12 @@
 #include "clouddoc/ui/clouddrag.h"
 
-#include "kfileiconprovider.h"
-#include "klitestyle.h"
-#include "kskin.h"
 #include "widgets/filedrag.h"
-#include "widgets/nametext.h"
-#include "widgets/rowpaint.h"
 
 #include <QDropEvent>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMimeData>
-#include <QPainter>
 #include <QUrl>
 
 namespace zel::clouddoc {
@@ -92,50 +86,6 @@ bool acceptDrag(QDropEvent *event, const QString &folderId)
     event->setDropAction(moves ? Qt::MoveAction : Qt::CopyAction);
     event->accept();
     return true;
-}
-
-QPixmap dragPixmap(const QString &name, bool isFolder, int count, const QFont &font, qreal ratio)
-{
-    const QFontMetrics metrics(font);
-    const int margin = KLiteStyle::dpiScaled(8);
-    const int bubble = metrics.height();
-    const int icon = KLiteStyle::dpiScaled(24);
-    const QString text = zel::elidedName(name, metrics, KLiteStyle::dpiScaled(220));
-    const QRect card(
-        0, bubble / 2, 3 * margin + icon + metrics.horizontalAdvance(text) + 1, 2 * margin + icon);
-    const QSize size(card.width() + bubble / 2, card.bottom() + 1);
-
-    QPixmap pixmap(size * ratio);
-    pixmap.setDevicePixelRatio(ratio);
-    pixmap.fill(Qt::transparent);
-    QPainter painter(&pixmap);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(KSkin::color(KSkin::Color::Border));
-    painter.setBrush(KSkin::color(KSkin::Color::Surface));
-    const qreal radius = KLiteStyle::dpiScaledF(6);
-    painter.drawRoundedRect(QRectF(card).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-    KFileIconProvider::instance()
-        ->icon(isFolder ? name + QLatin1Char('/') : name)
-        .paint(&painter, QRect(card.left() + margin, card.top() + margin, icon, icon));
-    painter.setFont(font);
-    painter.setPen(KSkin::color(KSkin::Color::Text));
-    zel::paintTextLine(&painter, card.adjusted(2 * margin + icon, 0, 0, 0), metrics, text);
-    if (count > 1)
-        paintDragCount(&painter, {size.width(), 0}, bubble, count);
-    return pixmap;
-}
-
-void paintDropGround(QPainter *painter, const QRect &rect, bool quiet)
-{
-    const QColor accent = KSkin::color(KSkin::Color::Accent);
-    QColor veil = accent;
-    veil.setAlphaF(quiet ? 0.05 : 0.12);
-    const qreal width = KLiteStyle::dpiScaledF(1.5);
-    const qreal radius = KLiteStyle::dpiScaledF(6);
-    painter->setBrush(veil);
-    painter->setPen(QPen(accent, width));
-    painter->drawRoundedRect(
-        QRectF(rect).adjusted(width / 2, width / 2, -width / 2, -width / 2), radius, radius);
 }
 
 } // namespace zel::clouddoc

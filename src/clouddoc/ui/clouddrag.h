@@ -1,13 +1,10 @@
 #pragma once
 
-#include <QPixmap>
 #include <QStringList>
 #include <memory>
 
 class QDropEvent;
-class QFont;
 class QMimeData;
-class QPainter;
 
 /// Cloud items and local files on drags and on the clipboard. GUI thread; no file is looked at.
 namespace zel::clouddoc {
@@ -30,12 +27,5 @@ QStringList localFiles(const QMimeData *data);
 /// Whether what is dragged may be dropped into `folderId`: items of another folder as a move, files of other
 /// programs as a copy. Sets the action and accepts the event when it may, does nothing else.
 bool acceptDrag(QDropEvent *event, const QString &folderId);
-
-/// What the pointer carries: icon and name of one of `count` items.
-QPixmap dragPixmap(const QString &name, bool isFolder, int count, const QFont &font, qreal ratio);
-
-/// Ground and frame of what takes the things that are dragged: a folder, a step of the path, or (`quiet`) the
-/// whole list, whose rows stay readable. Needs antialiasing.
-void paintDropGround(QPainter *painter, const QRect &rect, bool quiet = false);
 
 } // namespace zel::clouddoc

@@ -1,8 +1,8 @@
 #include "clouddoc/ui/cloudstatusline.h"
 
 #include "base/sizetext.h"
-#include "clouddoc/ui/cloudrow.h"
 #include "klitestyle.h"
+#include "klook.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -27,7 +27,7 @@ CloudStatusLine::CloudStatusLine(QWidget *parent)
 
 void CloudStatusLine::setFonts()
 {
-    const QFont small = CloudRowFonts(font()).small;
+    const QFont small = zel::look::font(zel::look::Type::Caption, font());
     m_counts->setFont(small);
     m_space->setFont(small);
 }

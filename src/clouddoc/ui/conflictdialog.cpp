@@ -2,7 +2,7 @@
 
 #include "base/clock.h"
 #include "base/sizetext.h"
-#include "clouddoc/ui/cloudrow.h"
+#include "clouddoc/ui/cloudrowtexts.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

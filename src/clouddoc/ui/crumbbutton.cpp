@@ -56,7 +56,7 @@ void CrumbButton::paintEvent(QPaintEvent *)
     const QRect ground = rect().adjusted(0, 1, 0, -1);
     const bool active = underMouse() || isDown();
     if (m_dropTarget)
-        zel::clouddoc::paintDropGround(&painter, ground);
+        zel::paintDropGround(&painter, ground);
     else if (active && !m_last)
         zel::paintButtonVeil(&painter, ground, isDown());
     const bool strong = m_last || active || m_dropTarget;

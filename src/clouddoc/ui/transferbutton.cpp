@@ -1,7 +1,8 @@
 #include "clouddoc/ui/transferbutton.h"
 
-#include "clouddoc/ui/cloudrowpainter.h"
 #include "klitestyle.h"
+#include "kskin.h"
+#include "widgets/rowpaint.h"
 
 #include <QPainter>
 
@@ -33,7 +34,7 @@ void TransferButton::paintEvent(QPaintEvent *event)
         const int height = KLiteStyle::dpiScaled(3);
         const QRect bar(
             margin, this->height() - height - KLiteStyle::dpiScaled(2), width() - 2 * margin, height);
-        zel::clouddoc::paintProgress(&painter, bar, m_percent, KSkin::color(KSkin::Color::Accent));
+        zel::paintProgress(&painter, bar, m_percent);
     }
     if (!m_failed)
         return;

@@ -1,19 +1,9 @@
 #include "clouddoc/ui/transferlistview.h"
 
 #include "clouddoc/cloudtransfermodel.h"
-#include "clouddoc/ui/cloudrow.h"
-#include "clouddoc/ui/cloudrowpainter.h"
-#include "clouddoc/ui/transferrow.h"
-#include "kfileiconprovider.h"
-#include "klitestyle.h"
-#include "kskin.h"
-#include "widgets/nametext.h"
-#include "widgets/rowpaint.h"
+#include "clouddoc/ui/transferdelegate.h"
 
-#include <QHelpEvent>
 #include <QMouseEvent>
-#include <QPainter>
-#include <QToolTip>
 
 using Button = TransferRow::Button;
 
@@ -41,17 +31,12 @@ int placeOf(CloudTransfer::State state)
     return 3;
 }
 
-TransferCell cellOf(const QRect &rect, const QFont &font, const TransferRow &row)
-{
-    const CloudRowFonts fonts(font);
-    return TransferCell::layout(rect, fonts.nameMetrics, fonts.smallMetrics, row);
-}
-
 } // namespace
 
-TransferListView::TransferListView(QWidget *parent) : QListView(parent)
+TransferListView::TransferListView(QWidget *parent)
+    : QListView(parent), m_delegate(new TransferDelegate(this))
 {
-    setItemDelegate(new TransferDelegate(this));
+    setItemDelegate(m_delegate);
     setUniformItemSizes(true);
     setFrameShape(NoFrame);
     setSelectionMode(ExtendedSelection);
@@ -65,8 +50,7 @@ TransferListView::TransferListView(QWidget *parent) : QListView(parent)
 
 int TransferListView::rowHeight() const
 {
-    const CloudRowFonts fonts(font());
-    return TransferCell::rowHeight(fonts.nameMetrics, fonts.smallMetrics);
+    return m_delegate->rowHeight(font());
 }
 
 QModelIndex TransferListView::buttonAt(const QPoint &pos) const
@@ -74,8 +58,9 @@ QModelIndex TransferListView::buttonAt(const QPoint &pos) const
     const QModelIndex index = indexAt(pos);
     if (!index.isValid())
         return {};
-    const TransferCell cell = cellOf(visualRect(index), font(), TransferRow::of(transferOf(index)));
-    return cell.button.contains(pos) ? index : QModelIndex();
+    ListRowOption option(viewOptions());
+    option.rect = visualRect(index);
+    return m_delegate->buttonAt(option, index, pos) == ListRowOption::NoButton ? QModelIndex() : index;
 }
 
 void TransferListView::setHot(const QModelIndex &index)
@@ -170,16 +155,7 @@ bool TransferListView::viewportEvent(QEvent *event)
 {
     if (event->type() == QEvent::Leave)
         setHot({});
-    if (event->type() != QEvent::ToolTip)
-        return QListView::viewportEvent(event);
-    const auto *help = static_cast<QHelpEvent *>(event);
-    const QModelIndex index = indexAt(help->pos());
-    const TransferRow row = index.isValid() ? TransferRow::of(transferOf(index)) : TransferRow();
-    QString text = row.name.toHtmlEscaped();
-    if (buttonAt(help->pos()).isValid())
-        text = row.button == Button::Cancel ? tr("Cancel") : tr("Try again");
-    QToolTip::showText(help->globalPos(), text, viewport(), visualRect(index));
-    return true;
+    return QListView::viewportEvent(event);
 }
 
 ShownTransfers::ShownTransfers(CloudTransferModel *transfers, QObject *parent) : QSortFilterProxyModel(parent)
@@ -200,47 +176,5 @@ QVariant ShownTransfers::data(const QModelIndex &index, int role) const
     if (role != Qt::AccessibleDescriptionRole || !index.isValid())
         return QSortFilterProxyModel::data(index, role);
     const TransferRow row = TransferRow::of(transferOf(index));
-    return row.percent < 0 ? row.status : tr("%1%, %2", "progress, details").arg(row.percent).arg(row.status);
-}
-
-TransferDelegate::TransferDelegate(TransferListView *view) : QStyledItemDelegate(view), m_view(view) { }
-
-QSize TransferDelegate::sizeHint(const QStyleOptionViewItem &, const QModelIndex &) const
-{
-    return {1, m_view->rowHeight()};
-}
-
-void TransferDelegate::paint(
-    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
-{
-    const CloudTransfer transfer = transferOf(index);
-    const TransferRow row = TransferRow::of(transfer);
-    const CloudRowFonts fonts(option.font);
-    const TransferCell cell = TransferCell::layout(option.rect, fonts.nameMetrics, fonts.smallMetrics, row);
-    painter->save();
-    painter->setRenderHint(QPainter::Antialiasing);
-    zel::paintRowGround(painter, cell.ground, option);
-    const QString iconName = transfer.folder ? QString(transfer.name + QLatin1Char('/')) : transfer.name;
-    KFileIconProvider::instance()->icon(iconName).paint(painter, cell.icon);
-    painter->setFont(fonts.name);
-    painter->setPen(KSkin::color(KSkin::Color::Text));
-    zel::paintTextLine(painter, cell.name, fonts.nameMetrics,
-        zel::elidedName(row.name, fonts.nameMetrics, cell.name.width()));
-    painter->setFont(fonts.small);
-    painter->setPen(KSkin::color(row.failed ? KSkin::Color::Badge : KSkin::Color::TextSecondary));
-    zel::paintTextLine(painter, cell.status, fonts.smallMetrics,
-        fonts.smallMetrics.elidedText(row.status, Qt::ElideRight, cell.status.width()));
-    if (!cell.progress.isNull())
-        zel::clouddoc::paintProgress(painter, cell.progress, row.percent, KSkin::color(KSkin::Color::Accent));
-    if (!cell.button.isNull()) {
-        const bool hot = m_view->hotRow() == index;
-        if (hot)
-            zel::paintButtonVeil(painter, cell.button, m_view->isHotPressed());
-        const int inset = KLiteStyle::dpiScaled(row.button == Button::Cancel ? 8 : 6);
-        zel::paintGlyph(painter, cell.button.adjusted(inset, inset, -inset, -inset),
-            row.button == Button::Cancel ? QStringLiteral(":/icons_svg/window_close.svg")
-                                         : QStringLiteral(":/icons_svg/retry.svg"),
-            KSkin::color(hot ? KSkin::Color::Text : KSkin::Color::TextSecondary));
-    }
-    painter->restore();
+    return row.progress < 0 ? row.state : tr("%1%, %2", "progress, details").arg(row.progress).arg(row.state);
 }

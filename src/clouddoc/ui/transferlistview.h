@@ -3,9 +3,9 @@
 #include <QListView>
 #include <QPersistentModelIndex>
 #include <QSortFilterProxyModel>
-#include <QStyledItemDelegate>
 
 class CloudTransferModel;
+class TransferDelegate;
 
 /// The rows of the transfer list with their buttons. GUI thread. By keyboard: Delete cancels the selected
 /// rows, Enter tries the current one again or opens what it brought.
@@ -38,6 +38,7 @@ private:
     void press(const QModelIndex &index);
     void choose(const QModelIndex &index);
 
+    TransferDelegate *m_delegate;
     QPersistentModelIndex m_hot;
     QPersistentModelIndex m_pressed;
 };
@@ -54,19 +55,4 @@ public:
 
 protected:
     bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
-};
-
-/// Paints one row of it.
-class TransferDelegate : public QStyledItemDelegate
-{
-    Q_OBJECT
-public:
-    explicit TransferDelegate(TransferListView *view);
-
-    void paint(
-        QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override;
-
-private:
-    TransferListView *m_view;
 };

@@ -1,9 +1,8 @@
-#include "clouddoc/ui/cloudrow.h"
+#include "clouddoc/ui/cloudrowtexts.h"
 
 #include "base/clock.h"
 #include "base/sizetext.h"
 #include "clouddoc/clouddocmodel.h"
-#include "klook.h"
 #include "widgets/nametext.h"
 
 #include <QCoreApplication>
@@ -35,69 +34,28 @@ void describeTransfer(const CloudDocument &document, CloudRow *row)
         return;
     case Transfer::Failed:
         row->state = RowTexts::tr("Failed", "a transfer");
-        row->failed = true;
+        row->problem = true;
+        row->nameGlyph = QStringLiteral(":/icons_svg/row_problem.svg");
         return;
     }
 }
 
 } // namespace
 
-CloudRowFonts::CloudRowFonts(const QFont &font)
-    : name(font),
-      small(zel::look::font(zel::look::Type::Caption, font)),
-      nameMetrics(name),
-      smallMetrics(small),
-      cell(CloudCellMetrics::of(nameMetrics, smallMetrics))
-{
-}
-
 CloudRow CloudRow::of(const QModelIndex &index)
 {
+    static const RowColumns timeAndSize{RowColumn::Time, RowColumn::Size};
     const auto document = index.data(CloudDocModel::DocumentRole).value<CloudDocument>();
     CloudRow row;
-    row.fileName = document.name;
+    row.kind = Kind::Columns;
+    row.fileName = document.folder ? QString(document.name + QLatin1Char('/')) : document.name;
     row.name = zel::plainLine(document.name);
-    row.isFolder = document.folder;
-    if (document.modifiedAt > 0)
-        row.time = timeText(QDateTime::fromMSecsSinceEpoch(document.modifiedAt), zel::now());
-    if (!document.folder)
-        row.size = zel::sizeText(document.size);
-    QStringList details{row.time, row.size};
-    details.removeAll({});
-    row.detail = details.join(QStringLiteral(" · "));
+    const auto modified = QDateTime::fromMSecsSinceEpoch(document.modifiedAt);
+    row.columns = timeAndSize;
+    row.columnTexts = QStringList{document.modifiedAt > 0 ? timeText(modified, zel::now()) : QString(),
+        document.folder ? QString() : zel::sizeText(document.size)};
     describeTransfer(document, &row);
     return row;
-}
-
-CloudCell::Wishes CloudRow::wishes(const CloudRowFonts &fonts) const
-{
-    const auto width = [](const QFontMetrics &metrics, const QString &text) {
-        return text.isEmpty() ? 0 : metrics.horizontalAdvance(text) + 1;
-    };
-    CloudCell::Wishes wishes;
-    wishes.name = width(fonts.nameMetrics, name);
-    wishes.detail = width(fonts.smallMetrics, detail);
-    wishes.state = width(fonts.smallMetrics, state);
-    wishes.glyph = failed;
-    wishes.progress = progress >= 0;
-    return wishes;
-}
-
-// Twice where the name is too long: the glyph behind it follows what is left of it.
-CloudCell CloudRow::fit(const QRect &rect, const CloudRowFonts &fonts)
-{
-    const CloudCell::Wishes wanted = wishes(fonts);
-    const CloudCell cell = CloudCell::layout(rect, fonts.cell, wanted);
-    const auto shorten = [&fonts](QString *text, int wish, int room) {
-        if (room < wish)
-            *text = fonts.smallMetrics.elidedText(*text, Qt::ElideRight, room);
-    };
-    shorten(&detail, wanted.detail, cell.detail.width());
-    shorten(&state, wanted.state, cell.state.width());
-    if (cell.name.width() >= wanted.name)
-        return cell;
-    name = zel::elidedName(name, fonts.nameMetrics, cell.name.width());
-    return CloudCell::layout(rect, fonts.cell, wishes(fonts));
 }
 
 namespace zel::clouddoc {
