@@ -67,18 +67,20 @@ void CloudSpace::refresh()
         return;
     GetStorageInfoArg arg;
     arg.refresh = true;
-    m_request = m_cloud->asynCallEx(QStringLiteral("getStorageInfo"), Q_ARG(GetStorageInfoArg, arg), this,
-        QStringLiteral("onStorageInfo"));
+    m_asking.cancel(); // the answer would be older than this one's
+    m_asking = zel::ask<GetStorageInfoResult>(
+        m_cloud, "getStorageInfo", arg, this, [this](const CloudReply<GetStorageInfoResult> &reply) {
+            if (reply && m_loggedIn)
+                take(reply.record);
+        });
 }
 
-void CloudSpace::onStorageInfo(bool bOk, const QString &requestId, const GetStorageInfoResult &result)
+void CloudSpace::take(const GetStorageInfoResult &room)
 {
-    if (requestId != m_request || !bOk || result.state != 0 || !m_loggedIn)
+    const qint64 total = qMax<qint64>(0, room.totalSize);
+    if (m_used == room.usedSize && m_total == total)
         return;
-    const qint64 total = qMax<qint64>(0, result.totalSize);
-    if (m_used == result.usedSize && m_total == total)
-        return;
-    m_used = result.usedSize;
+    m_used = room.usedSize;
     m_total = total;
     Q_EMIT changed();
 }

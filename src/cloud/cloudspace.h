@@ -1,5 +1,7 @@
 #pragma once
 
+#include "kcloudask.h"
+
 #include <QObject>
 #include <QTimer>
 
@@ -31,17 +33,15 @@ Q_SIGNALS:
 public Q_SLOTS:
     void refresh(); ///< asks now, unless nobody is signed in
 
-private Q_SLOTS:
-    void onStorageInfo(bool bOk, const QString &requestId, const zel::vela::GetStorageInfoResult &result);
-
 private:
     void onLogin();
     void onPush(const QString &method);
     void refreshSoon();
+    void take(const zel::vela::GetStorageInfoResult &room);
 
     KCloudSvrProxy *m_cloud;
     QTimer m_pause{this}; ///< between a change of the drive and the question
-    QString m_request;    ///< the one whose answer counts
+    CloudCall m_asking;   ///< the one whose answer counts
     QString m_account;
     bool m_loggedIn = false;
     bool m_local = false;

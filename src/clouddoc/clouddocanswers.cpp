@@ -1,6 +1,7 @@
 #include "clouddoc/clouddocrecords.h"
 
 #include "cloud/wire/serviceerror.h"
+#include "cloud/wire/texts.h"
 
 #include <QSet>
 #include <algorithm>
@@ -17,12 +18,8 @@ Q_DECLARE_METATYPE(zel::vela::NotifyFileTransferArg)
 namespace zel::clouddoc {
 namespace {
 
+using wire::toQt;
 using Errors = std::map<std::string, ServerErrorInfo>;
-
-QString text(const std::string &value)
-{
-    return QString::fromStdString(value);
-}
 
 CloudProblem problemNamed(const std::string &name)
 {
@@ -38,13 +35,13 @@ void addFailed(const Errors &errors, CloudOutcome &outcome)
         if (outcome.failed++ > 0)
             continue;
         outcome.problem = problemNamed(error.errResult);
-        outcome.detail = text(error.errString);
+        outcome.detail = toQt(error.errString);
     }
 }
 
 CloudConflict conflictOf(const ConflictItem &item)
 {
-    return {text(item.item.id), text(item.name), text(item.suggestedName), documentOf(item.existing)};
+    return {toQt(item.item.id), toQt(item.name), toQt(item.suggestedName), documentOf(item.existing)};
 }
 
 template <class Result> CloudOutcome placedOf(const Result &result)
@@ -61,11 +58,11 @@ template <class Result> CloudOutcome placedOf(const Result &result)
 CloudTransfer transferOf(const TransferOpertionInfo &info)
 {
     CloudTransfer transfer;
-    transfer.id = text(info.taskId);
-    transfer.itemId = text(info.item.id);
-    transfer.folderId = text(info.item.parentId);
-    transfer.name = text(info.name);
-    transfer.localPath = text(info.localPath);
+    transfer.id = toQt(info.taskId);
+    transfer.itemId = toQt(info.item.id);
+    transfer.folderId = toQt(info.item.parentId);
+    transfer.name = toQt(info.name);
+    transfer.localPath = toQt(info.localPath);
     transfer.direction =
         info.transferType == 1 ? CloudTransfer::Direction::Up : CloudTransfer::Direction::Down;
     transfer.state = transferStateOf(info.transferState);
@@ -105,7 +102,7 @@ CloudNews actionNews(const NotifyFileActionArg &push)
 {
     CloudNews news;
     if (push.action == "remove")
-        news.gone.append(text(push.item.id));
+        news.gone.append(toQt(push.item.id));
     else if (push.action == "rename" || push.action == "move" || push.action == "save")
         news.present.append(documentOf(push.item));
     news.room = push.action == "remove" || push.action == "save";
@@ -120,7 +117,7 @@ CloudNews propertyNews(const NotifyFilePropertyArg &push)
     const bool size = std::find(fields.begin(), fields.end(), "size") != fields.end();
     for (const CloudItem &item : push.items) {
         if (children)
-            news.unlisted.append(text(item.id));
+            news.unlisted.append(toQt(item.id));
         else
             news.present.append(documentOf(item));
     }
@@ -141,14 +138,14 @@ CloudTransfer::State transferStateOf(int number)
 CloudDocument documentOf(const CloudItem &item)
 {
     CloudDocument document;
-    document.id = text(item.id);
-    document.parentId = text(item.parentId);
-    document.groupId = text(item.groupId);
-    document.name = text(item.name);
+    document.id = toQt(item.id);
+    document.parentId = toQt(item.parentId);
+    document.groupId = toQt(item.groupId);
+    document.name = toQt(item.name);
     document.folder = item.type == "folder";
     document.size = document.folder ? 0 : item.size;
     document.modifiedAt = item.mtime;
-    document.localPath = text(item.cache);
+    document.localPath = toQt(item.cache);
     return document;
 }
 
@@ -171,7 +168,7 @@ CloudCrumbs crumbsOf(const GetItemInfoListV5Result &result)
     if (result.paths.empty())
         return crumbs;
     for (const CloudItemPathInfo &step : result.paths.front().steps)
-        crumbs.append({text(step.id), text(step.name)});
+        crumbs.append({toQt(step.id), toQt(step.name)});
     return crumbs;
 }
 
@@ -194,10 +191,10 @@ CloudOutcome outcomeOf(const BatchRemoveResult &result)
 {
     CloudOutcome outcome;
     for (const std::string &id : result.removedIds) {
-        outcome.removed.append(text(id));
+        outcome.removed.append(toQt(id));
         const auto place = result.extraParam.find(id);
         if (place != result.extraParam.end())
-            outcome.recycled.append(text(place->second));
+            outcome.recycled.append(toQt(place->second));
     }
     addFailed(result.failedItems, outcome);
     return outcome;
@@ -209,10 +206,10 @@ CloudOutcome outcomeOf(const UploadItemsResult &result, const QStringList &paths
     QSet<QString> settled;
     for (const TransferOpertionInfo &task : result.tasks) {
         outcome.transfers.append(transferOf(task));
-        settled.insert(text(task.localPath));
+        settled.insert(toQt(task.localPath));
     }
     for (const auto &[path, error] : result.failedItems)
-        settled.insert(text(path));
+        settled.insert(toQt(path));
     addFailed(result.failedItems, outcome);
     QStringList open;
     for (const QString &path : paths)
@@ -237,18 +234,18 @@ CloudOutcome outcomeOf(const DownloadItemsResult &result)
     Errors failed;
     for (const auto &[id, error] : result.failedItems) {
         if (problemNamed(error.errResult) == CloudProblem::Exists)
-            outcome.conflicts.append({text(id), {}, {}, {}});
+            outcome.conflicts.append({toQt(id), {}, {}, {}});
         else
             failed[id] = error;
     }
     addFailed(failed, outcome);
     for (const DownloadFileInfo &file : result.files) {
         CloudTransfer transfer;
-        transfer.id = text(file.taskId);
-        transfer.itemId = text(file.item.id);
-        transfer.folderId = text(file.item.parentId);
-        transfer.name = text(file.name);
-        transfer.localPath = text(file.localPath);
+        transfer.id = toQt(file.taskId);
+        transfer.itemId = toQt(file.item.id);
+        transfer.folderId = toQt(file.item.parentId);
+        transfer.name = toQt(file.name);
+        transfer.localPath = toQt(file.localPath);
         transfer.direction = CloudTransfer::Direction::Down;
         transfer.state = transferStateOf(file.transferState);
         transfer.totalBytes = file.size;
@@ -264,7 +261,7 @@ CloudOutcome outcomeOf(const UpdateTransferInfoResult &result)
     for (const TransferOpertionInfo &task : result.tasks)
         outcome.transfers.append(transferOf(task));
     for (const std::string &id : result.removedTaskIds)
-        outcome.removed.append(text(id));
+        outcome.removed.append(toQt(id));
     addFailed(result.failedItems, outcome);
     return outcome;
 }

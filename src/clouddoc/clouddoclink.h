@@ -2,13 +2,14 @@
 
 #include "clouddoc/clouddocrecords.h"
 
-#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <functional>
 
 class KCloudSvrProxy;
-class QGenericArgument;
+namespace zel {
+class CloudRequestData;
+}
 
 /// What came of a request: a value, or why there is none.
 template <class Value> struct CloudAnswer
@@ -59,35 +60,12 @@ Q_SIGNALS:
     void reachedChanged(bool reached); ///< after a loss, before the requests that it ended tell so
     void news(const CloudNews &news);
 
-public Q_SLOTS: // answers, by the name that the request gave
-    void onPage(bool bOk, const QString &requestId, const zel::vela::GetInfoListResult &result);
-    void onPath(bool bOk, const QString &requestId, const zel::vela::GetItemInfoListV5Result &result);
-    void onFolder(bool bOk, const QString &requestId, const zel::vela::CreateFolderResult &result);
-    void onRenamed(bool bOk, const QString &requestId, const zel::vela::RenameResult &result);
-    void onMoved(bool bOk, const QString &requestId, const zel::vela::CloudItemsMoveToResult &result);
-    void onCopied(bool bOk, const QString &requestId, const zel::vela::CloudItemsCopyToResult &result);
-    void onRemoved(bool bOk, const QString &requestId, const zel::vela::BatchRemoveResult &result);
-    void onRecovered(bool bOk, const QString &requestId, const zel::vela::RecoverRecyclesResult &result);
-    void onUpload(bool bOk, const QString &requestId, const zel::vela::UploadItemsResult &result);
-    void onDownload(bool bOk, const QString &requestId, const zel::vela::DownloadItemsResult &result);
-    void onTransfers(bool bOk, const QString &requestId, const zel::vela::TransferInfoListResult &result);
-    void onTransferStep(
-        bool bOk, const QString &requestId, const zel::vela::UpdateTransferInfoResult &result);
-    void onRoom(bool bOk, const QString &requestId, const zel::vela::GetStorageInfoResult &result);
-
 private:
-    /// Gets the answer's record, null without one.
-    using Ending = std::function<void(const void *record)>;
-
-    template <class Record, class Value, class Read>
-    void ask(
-        const char *method, const QGenericArgument &request, const char *slot, Then<Value> then, Read read);
-    void end(const QString &requestId, const void *record);
-    void endAll();
+    template <class Answer, class Value, class Read>
+    void ask(const char *method, const zel::CloudRequestData &request, Then<Value> then, Read valueOf);
     void setReached(bool reached);
     void onPush(const QString &method, const QVariant &record);
 
     QPointer<KCloudSvrProxy> m_proxy;
-    QHash<QString, Ending> m_waiting; ///< by request
     bool m_reached = false;
 };

@@ -1,6 +1,7 @@
 #include "clouddoc/clouddocrecords.h"
 
 #include "cloud/wire/serviceerror.h"
+#include "cloud/wire/texts.h"
 
 // Requests; what is read from answers and pushes is in clouddocanswers.cpp.
 
@@ -9,12 +10,14 @@ using namespace zel::vela;
 namespace zel::clouddoc {
 namespace {
 
+using wire::fromQt;
+
 const auto SourcePage = "clouddoc";
 
 CloudItemId idOf(const QString &id)
 {
     CloudItemId item;
-    item.id = id.toStdString();
+    item.id = fromQt(id);
     return item;
 }
 
@@ -25,15 +28,6 @@ std::vector<CloudItemId> idsOf(const QStringList &ids)
     for (const QString &id : ids)
         items.push_back(idOf(id));
     return items;
-}
-
-std::vector<std::string> stringsOf(const QStringList &texts)
-{
-    std::vector<std::string> strings;
-    strings.reserve(size_t(texts.size()));
-    for (const QString &text : texts)
-        strings.push_back(text.toStdString());
-    return strings;
 }
 
 const char *orderName(CloudSort::Key key)
@@ -56,7 +50,7 @@ Request placeRequest(const QStringList &ids, const QString &folderId, CloudNameC
 {
     Request request;
     request.items = idsOf(ids);
-    request.targetParentId = folderId.toStdString();
+    request.targetParentId = fromQt(folderId);
     request.conflictPolicy = int32_t(choice);
     return request;
 }
@@ -94,7 +88,7 @@ CloudProblem problemOf(int state)
 GetInfoListArg listRequest(const QString &folderId, int offset, int count, CloudSort sort, qint64 version)
 {
     GetInfoListArg request;
-    request.parentId = folderId.toStdString();
+    request.parentId = fromQt(folderId);
     request.offset = offset;
     request.count = count;
     request.orderBy = orderName(sort.key);
@@ -117,8 +111,8 @@ GetItemInfoListV5Arg pathRequest(const QString &id)
 CreateFolderArg createFolderRequest(const QString &parentId, const QString &name)
 {
     CreateFolderArg request;
-    request.parentId = parentId.toStdString();
-    request.name = name.toStdString();
+    request.parentId = fromQt(parentId);
+    request.name = fromQt(name);
     return request;
 }
 
@@ -126,7 +120,7 @@ RenameArg renameRequest(const QString &id, const QString &name)
 {
     RenameArg request;
     request.item = idOf(id);
-    request.newName = name.toStdString();
+    request.newName = fromQt(name);
     return request;
 }
 
@@ -150,7 +144,7 @@ BatchRemoveArg removeRequest(const QStringList &ids)
 RecoverRecyclesArg recoverRequest(const QStringList &recycleIds)
 {
     RecoverRecyclesArg request;
-    request.recycleIds = stringsOf(recycleIds);
+    request.recycleIds = fromQt(recycleIds);
     request.remakeParents = true;
     request.conflictPolicy = int32_t(CloudNameChoice::KeepBoth); // nobody asks while undoing
     return request;
@@ -159,8 +153,8 @@ RecoverRecyclesArg recoverRequest(const QStringList &recycleIds)
 UploadItemsArg uploadRequest(const QStringList &paths, const QString &folderId, CloudNameChoice choice)
 {
     UploadItemsArg request;
-    request.localPaths = stringsOf(paths);
-    request.parentId = folderId.toStdString();
+    request.localPaths = fromQt(paths);
+    request.parentId = fromQt(folderId);
     request.conflictPolicy = int32_t(choice);
     request.includeHidden = true; // of a folder all that is in it
     request.sourcePage = SourcePage;
@@ -171,7 +165,7 @@ DownloadItemsArg downloadRequest(const QStringList &ids, const QString &targetFo
 {
     DownloadItemsArg request;
     request.items = idsOf(ids);
-    request.targetDir = targetFolder.toStdString();
+    request.targetDir = fromQt(targetFolder);
     request.conflictPolicy = int32_t(choice);
     request.sourcePage = SourcePage;
     return request;
@@ -187,7 +181,7 @@ TransferInfoListArg transfersRequest(int count)
 UpdateTransferInfoArg transferStepRequest(const QStringList &ids, TransferStep step)
 {
     UpdateTransferInfoArg request;
-    request.taskIds = stringsOf(ids);
+    request.taskIds = fromQt(ids);
     request.operation = int32_t(step);
     return request;
 }

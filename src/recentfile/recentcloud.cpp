@@ -1,17 +1,27 @@
 #include "recentfile/recentcloud.h"
 
 #include "base/logging.h"
+#include "common_types.h"
+#include "drive_types.h"
+#include "kcloudask.h"
 #include "kcloudsvrproxy.h"
+#include "kvelautil.h"
+#include "link_types.h"
+#include "recent_types.h"
+#include "recycle_types.h"
 
 #include <QDateTime>
 #include <QFileInfo>
 
 using namespace zel::vela;
+using zel::ask;
+using zel::tell;
+using zel::wire::fromQt;
+using zel::wire::toQt;
 
 namespace {
 
 const auto Caller = "zelbox";
-constexpr QLatin1Char IdSeparator('|');
 
 std::string cloudId(const RecentFileInfo &record)
 {
@@ -29,11 +39,11 @@ QString userOf(KCloudSvrProxy *proxy)
     return proxy->isLogined() && proxy->getUserLoginInfo(&login) ? login.userId : QString();
 }
 
-RecentCloud::Ended endOf(bool ok, int state)
+template <class Answer> RecentCloud::Ended endOf(const CloudReply<Answer> &reply)
 {
-    if (!ok)
+    if (!reply.wasReached())
         return RecentCloud::Ended::NotReached;
-    return state == 0 ? RecentCloud::Ended::Done : RecentCloud::Ended::Refused;
+    return reply ? RecentCloud::Ended::Done : RecentCloud::Ended::Refused;
 }
 
 } // namespace
@@ -74,34 +84,18 @@ KCloudSvrProxy *RecentCloud::proxy() const
     return m_proxy;
 }
 
-QString RecentCloud::call(const char *method, const QGenericArgument &request, const char *slot)
-{
-    if (!m_proxy)
-        return {};
-    return m_proxy->asynCallEx(
-        QLatin1String(method), request, *slot ? this : nullptr, QString::fromLatin1(slot));
-}
-
 void RecentCloud::share(const RecentFileInfo &record)
 {
     if (!isLoggedIn())
         return;
     ShowFileShareDlgArg request;
     request.fileId = cloudId(record);
-    request.fileName = shownName(record).toStdString();
-    request.filePath = record.path.toStdString();
+    request.fileName = fromQt(shownName(record));
+    request.filePath = fromQt(record.path);
     request.accessTime = QDateTime::fromMSecsSinceEpoch(record.lastAccess).toSecsSinceEpoch();
     request.caller = Caller;
-    const QString id =
-        call("showFileShareDlg", {"ShowFileShareDlgArg", &request}, "onShowFileShareDlgFinished");
-    m_sharing.insert(id, record);
-}
-
-void RecentCloud::onShowFileShareDlgFinished(
-    bool bOk, const QString &requestId, const ShowFileShareDlgResult &result)
-{
-    const RecentFileInfo record = m_sharing.take(requestId);
-    Q_EMIT shareEnded(record, endOf(bOk, result.state));
+    ask<ShowFileShareDlgResult>(m_proxy, "showFileShareDlg", request, this,
+        [this, record](const auto &reply) { Q_EMIT shareEnded(record, endOf(reply)); });
 }
 
 // A file of this machine goes by its path, also when the cloud has a copy: what the user sees is what is
@@ -112,48 +106,28 @@ void RecentCloud::remove(const RecentFileInfo &record)
     if (record.path.isEmpty())
         request.item.id = cloudId(record);
     else
-        request.extraParam["path"] = record.path.toStdString();
-    const QString id = call("remove", {"RemoveArg", &request}, "onRemoveFinished");
-    if (!id.isEmpty()) {
-        m_removing.insert(id, record);
-        return;
-    }
-    QMetaObject::invokeMethod(
-        this, [this, record] { Q_EMIT removeEnded(record, Ended::NotReached, {}); }, Qt::QueuedConnection);
+        request.extraParam["path"] = fromQt(record.path);
+    ask<RemoveResult>(m_proxy, "remove", request, this,
+        [this, record](const auto &reply) { onRemoveFinished(record, reply); });
 }
 
-void RecentCloud::onRemoveFinished(bool bOk, const QString &requestId, const RemoveResult &result)
+void RecentCloud::onRemoveFinished(const RecentFileInfo &record, const CloudReply<RemoveResult> &reply)
 {
-    const RecentFileInfo record = m_removing.take(requestId);
-    const Ended ended = endOf(bOk, result.state);
-    if (ended == Ended::Refused)
-        qCWarning(lcRecent, "a file was not removed: %s", result.errorInfo.errResult.c_str());
-    Q_EMIT removeEnded(
-        record, ended, ended == Ended::Done ? QString::fromStdString(result.recycleId) : QString());
+    if (reply.end == CloudEnd::Refused)
+        qCWarning(lcRecent, "a file was not removed: %s", reply.record.errorInfo.errResult.c_str());
+    Q_EMIT removeEnded(record, endOf(reply), reply ? toQt(reply.record.recycleId) : QString());
 }
 
 void RecentCloud::recover(const QString &recycleId)
 {
     RecoverRecyclesArg request;
-    request.recycleIds.push_back(recycleId.toStdString());
+    request.recycleIds.push_back(fromQt(recycleId));
     request.remakeParents = true;
-    const QString id = call("recoverRecycles", {"RecoverRecyclesArg", &request}, "onRecoverRecyclesFinished");
-    if (!id.isEmpty()) {
-        m_recovering.insert(id, recycleId);
-        return;
-    }
-    QMetaObject::invokeMethod(
-        this, [this, recycleId] { Q_EMIT recoverEnded(recycleId, Ended::NotReached); }, Qt::QueuedConnection);
-}
-
-void RecentCloud::onRecoverRecyclesFinished(
-    bool bOk, const QString &requestId, const RecoverRecyclesResult &result)
-{
-    const QString recycleId = m_recovering.take(requestId);
-    Ended ended = endOf(bOk, result.state);
-    if (ended == Ended::Done && result.recoveredIds.empty())
-        ended = Ended::Refused;
-    Q_EMIT recoverEnded(recycleId, ended);
+    ask<RecoverRecyclesResult>(m_proxy, "recoverRecycles", request, this,
+        [this, recycleId](const CloudReply<RecoverRecyclesResult> &reply) {
+            const bool nothing = reply && reply.record.recoveredIds.empty();
+            Q_EMIT recoverEnded(recycleId, nothing ? Ended::Refused : endOf(reply));
+        });
 }
 
 void RecentCloud::forget(const RecordInfoList &records)
@@ -163,36 +137,27 @@ void RecentCloud::forget(const RecordInfoList &records)
         if (!record.roamingId.isEmpty())
             roamingIds << record.roamingId;
     }
-    if (roamingIds.isEmpty())
-        return;
-    VelaIpcArg envelope;
-    envelope.nameSpace = "KVelaIpcCallObj";
-    envelope.method = "delRoamingFileRecord";
-    envelope.argMap["roamingIds"] = roamingIds.join(IdSeparator).toStdString();
-    call("velaIpcCall", {"VelaIpcArg", &envelope});
+    if (!roamingIds.isEmpty())
+        tell(m_proxy, "velaIpcCall",
+            KVelaUtil::ipcArg(QStringLiteral("delRoamingFileRecord"),
+                {{QStringLiteral("roamingIds"), KVelaUtil::joinIds(roamingIds)}}));
 }
 
 void RecentCloud::report(const RecentFileInfo &record)
 {
-    VelaIpcArg envelope;
-    envelope.nameSpace = "KVelaIpcCallObj";
-    envelope.method = "reportCloudDoc";
-    envelope.argMap["file"] = cloudId(record);
-    call("velaIpcCall", {"VelaIpcArg", &envelope});
+    tell(m_proxy, "velaIpcCall",
+        KVelaUtil::ipcArg(
+            QStringLiteral("reportCloudDoc"), {{QStringLiteral("file"), toQt(cloudId(record))}}));
 }
 
 void RecentCloud::askForRoaming()
 {
     if (!isLoggedIn())
         return;
-    const GetCurrentDefaultRoamingBoxArg request;
-    call("getCurrentDefaultRoamingBox", {"GetCurrentDefaultRoamingBoxArg", &request},
-        "onGetCurrentDefaultRoamingBoxFinished");
-}
-
-void RecentCloud::onGetCurrentDefaultRoamingBoxFinished(
-    bool bOk, const QString &, const GetCurrentDefaultRoamingBoxResult &result)
-{
-    if (endOf(bOk, result.state) == Ended::Done)
-        Q_EMIT roamingTold(result.roamingOn);
+    ask<GetCurrentDefaultRoamingBoxResult>(m_proxy, "getCurrentDefaultRoamingBox",
+        GetCurrentDefaultRoamingBoxArg(), this,
+        [this](const CloudReply<GetCurrentDefaultRoamingBoxResult> &reply) {
+            if (reply)
+                Q_EMIT roamingTold(reply.record.roamingOn);
+        });
 }

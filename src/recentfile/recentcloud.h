@@ -2,19 +2,15 @@
 
 #include "krecentfile.h"
 
-#include "common_types.h"
-#include "drive_types.h"
-#include "link_types.h"
-#include "recent_types.h"
-#include "recycle_types.h"
-
-#include <QHash>
 #include <QObject>
 #include <QPointer>
 #include <QStringList>
 
 class KCloudSvrProxy;
-class QGenericArgument;
+template <class Answer> struct CloudReply;
+namespace zel::vela {
+class RemoveResult;
+}
 
 /// What the Recent page asks of the cloud service, in its own terms: the only place here that names fields of
 /// wire records. GUI thread; nothing blocks, and every answer comes on a later turn of the loop. Without a
@@ -58,22 +54,10 @@ Q_SIGNALS:
     void recoverEnded(const QString &recycleId, RecentCloud::Ended ended);
     void roamingTold(bool on); ///< whether uses of files reach the user's other devices
 
-public Q_SLOTS:
-    void onShowFileShareDlgFinished(
-        bool bOk, const QString &requestId, const zel::vela::ShowFileShareDlgResult &result);
-    void onRemoveFinished(bool bOk, const QString &requestId, const zel::vela::RemoveResult &result);
-    void onRecoverRecyclesFinished(
-        bool bOk, const QString &requestId, const zel::vela::RecoverRecyclesResult &result);
-    void onGetCurrentDefaultRoamingBoxFinished(
-        bool bOk, const QString &requestId, const zel::vela::GetCurrentDefaultRoamingBoxResult &result);
-
 private:
     void onLoginStatusChanged();
-    QString call(const char *method, const QGenericArgument &request, const char *slot = "");
+    void onRemoveFinished(const RecentFileInfo &record, const CloudReply<zel::vela::RemoveResult> &reply);
 
     QPointer<KCloudSvrProxy> m_proxy;
-    QString m_user;                            ///< empty: nobody is logged in
-    QHash<QString, RecentFileInfo> m_sharing;  // by request
-    QHash<QString, RecentFileInfo> m_removing; // by request
-    QHash<QString, QString> m_recovering;      // request -> recycle id
+    QString m_user; ///< empty: nobody is logged in
 };

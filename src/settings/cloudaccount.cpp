@@ -2,6 +2,7 @@
 
 #include "account_types.h"
 #include "cloud/wire/serviceerror.h"
+#include "common_types.h"
 #include "drive_types.h"
 #include "kcloudsvrproxy.h"
 #include "kvelaeventobject.h"
@@ -11,6 +12,7 @@ using zel::vela::GetInfoArg;
 using zel::vela::GetInfoResult;
 using zel::vela::LogoutArg;
 using zel::vela::LogoutResult;
+using zel::vela::VelaIpcResult;
 
 CloudAccount::CloudAccount(KCloudSvrProxy *cloud, QObject *parent)
     : QObject(parent), m_cloud(cloud), m_space(cloud)
@@ -57,8 +59,9 @@ void CloudAccount::signIn()
 {
     if (!isReached() || isBusy())
         return;
-    m_request = m_cloud->asyncCall(QStringLiteral("login"), {QStringLiteral("local"), QString(), QString()},
-        this, QStringLiteral("onSignedIn"));
+    m_signing =
+        zel::ask<VelaIpcResult>(m_cloud, "login", QStringList{QStringLiteral("local"), QString(), QString()},
+            this, [this](const CloudReply<VelaIpcResult> &reply) { end(bool(reply)); });
     Q_EMIT changed();
 }
 
@@ -69,33 +72,23 @@ void CloudAccount::signOut(bool dropUploads)
     LogoutArg arg;
     arg.force = dropUploads;
     arg.reason = "settings";
-    m_request = m_cloud->asynCallEx(
-        QStringLiteral("logout"), Q_ARG(LogoutArg, arg), this, QStringLiteral("onSignedOut"));
+    m_signing = zel::ask<LogoutResult>(
+        m_cloud, "logout", arg, this, [this](const auto &reply) { onSignedOut(reply); });
     Q_EMIT changed();
 }
 
-void CloudAccount::onSignedIn(bool bOk, const QString &requestId, const KRpcResponse &response)
+void CloudAccount::onSignedOut(const CloudReply<LogoutResult> &reply)
 {
-    if (requestId == m_request)
-        end(bOk && response.state() == 0);
-}
-
-void CloudAccount::onSignedOut(bool bOk, const QString &requestId, const LogoutResult &result)
-{
-    if (requestId != m_request)
-        return;
-    const bool uploadsWait = bOk && result.state == int(zel::wire::ServiceError::Conflict);
-    if (!uploadsWait)
-        return end(bOk && result.state == 0);
-    m_request.clear();
+    if (reply.error != int(zel::wire::ServiceError::Conflict))
+        return end(bool(reply));
+    const int waiting = int(reply.record.waitingTaskIds.size());
     Q_EMIT changed();
-    Q_EMIT failed(Problem::UploadsWait, int(result.waitingTaskIds.size()));
+    Q_EMIT failed(Problem::UploadsWait, waiting);
 }
 
 // What the new state is comes by the service's own notice, to all who want to know.
 void CloudAccount::end(bool done)
 {
-    m_request.clear();
     Q_EMIT changed();
     if (!done)
         Q_EMIT failed(Problem::Failed, 0);
@@ -106,14 +99,11 @@ void CloudAccount::askFolder()
 {
     if (!isReached())
         return;
-    const GetInfoArg arg;
-    m_cloud->asynCallEx(QStringLiteral("getInfo"), Q_ARG(GetInfoArg, arg), this, QStringLiteral("onFolder"));
-}
-
-void CloudAccount::onFolder(bool bOk, const QString &, const GetInfoResult &result)
-{
-    if (!bOk || result.state != 0)
-        return;
-    m_folder = QString::fromStdString(result.item.cache);
-    Q_EMIT changed();
+    zel::ask<GetInfoResult>(
+        m_cloud, "getInfo", GetInfoArg(), this, [this](const CloudReply<GetInfoResult> &reply) {
+            if (!reply)
+                return;
+            m_folder = zel::wire::toQt(reply.record.item.cache);
+            Q_EMIT changed();
+        });
 }

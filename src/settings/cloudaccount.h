@@ -6,11 +6,9 @@
 #include <QPointer>
 
 class KCloudSvrProxy;
-class KRpcResponse;
 namespace zel::vela {
-class GetInfoResult;
 class LogoutResult;
-} // namespace zel::vela
+}
 
 /// The account as the settings show it: whether the service is there, who is signed in, where the drive lies
 /// and how much is in it, kept current. GUI thread.
@@ -35,7 +33,7 @@ public:
     explicit CloudAccount(KCloudSvrProxy *cloud, QObject *parent = nullptr);
 
     State state() const;
-    bool isBusy() const { return !m_request.isEmpty(); } ///< signing in or out
+    bool isBusy() const { return m_signing.isWaiting(); } ///< signing in or out
     QString name() const { return m_space.accountName(); }
     QString folder() const { return m_folder; } ///< of the drive on this computer; empty: not known
     const CloudSpace &space() const { return m_space; }
@@ -48,18 +46,14 @@ Q_SIGNALS:
     void changed();
     void failed(CloudAccount::Problem problem, int waitingUploads);
 
-private Q_SLOTS:
-    void onSignedIn(bool bOk, const QString &requestId, const KRpcResponse &response);
-    void onSignedOut(bool bOk, const QString &requestId, const zel::vela::LogoutResult &result);
-    void onFolder(bool bOk, const QString &requestId, const zel::vela::GetInfoResult &result);
-
 private:
     bool isReached() const;
     void askFolder();
+    void onSignedOut(const CloudReply<zel::vela::LogoutResult> &reply);
     void end(bool done);
 
     QPointer<KCloudSvrProxy> m_cloud;
     CloudSpace m_space;
-    QString m_request; ///< that signs in or out
+    CloudCall m_signing; ///< in or out
     QString m_folder;
 };

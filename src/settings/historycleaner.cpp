@@ -17,7 +17,7 @@ HistoryCleaner::HistoryCleaner(KCloudSvrProxy *cloud, QObject *parent) : QObject
 // The window may be closed while the service takes its time, but the user has said yes.
 HistoryCleaner::~HistoryCleaner()
 {
-    if (m_asking)
+    if (m_asking.isWaiting())
         ClearRecentHistory(false);
 }
 
@@ -29,18 +29,13 @@ void HistoryCleaner::clear()
     m_serviceKept = !m_cloud || !m_cloud->isConnected() || !m_cloud->isLogined();
     if (m_serviceKept)
         return ClearRecentHistory(false);
-    m_asking = true;
     DelRoamingRecordArg arg;
     arg.allRecords = true;
-    m_cloud->asynCallEx(QStringLiteral("delRoamingRecord"), Q_ARG(DelRoamingRecordArg, arg), this,
-        QStringLiteral("onRoamingCleared"));
-}
-
-void HistoryCleaner::onRoamingCleared(bool bOk, const QString &, const DelRoamingRecordResult &result)
-{
-    m_asking = false;
-    m_serviceKept = !bOk || result.state != 0;
-    ClearRecentHistory(!m_serviceKept);
+    m_asking = zel::ask<DelRoamingRecordResult>(
+        m_cloud, "delRoamingRecord", arg, this, [this](const CloudReply<DelRoamingRecordResult> &reply) {
+            m_serviceKept = !reply;
+            ClearRecentHistory(!m_serviceKept);
+        });
 }
 
 void HistoryCleaner::onStoreCleared(bool completely)

@@ -1,12 +1,11 @@
 #pragma once
 
+#include "kcloudask.h"
+
 #include <QObject>
 #include <QPointer>
 
 class KCloudSvrProxy;
-namespace zel::vela {
-class DelRoamingRecordResult;
-}
 
 /// Clears the history of documents wherever the box keeps it: in the store and, while somebody is signed in,
 /// on the list that the service keeps for all of the user's devices. GUI thread.
@@ -31,15 +30,11 @@ public:
 Q_SIGNALS:
     void finished(HistoryCleaner::Outcome outcome);
 
-private Q_SLOTS:
-    void onRoamingCleared(
-        bool bOk, const QString &requestId, const zel::vela::DelRoamingRecordResult &result);
-
 private:
     void onStoreCleared(bool completely);
 
     QPointer<KCloudSvrProxy> m_cloud;
     bool m_busy = false;
-    bool m_asking = false; ///< the service; the store comes next
+    CloudCall m_asking; ///< the service; the store comes next
     bool m_serviceKept = false;
 };

@@ -7,11 +7,11 @@
 #include "klitestyle.h"
 #include "klook.h"
 #include "kskin.h"
-#include "recentfile/fakecloud.h"
 #include "recentfile/ui/recentdialogs.h"
 #include "recentfile/ui/recentguides.h"
 #include "recentfile/ui/sharedialog.h"
 #include "settings/ui/confirmdialog.h"
+#include "support/fakecloud.h"
 
 #include <QAbstractButton>
 #include <QLabel>

@@ -1,5 +1,5 @@
 #include "cloud/cloudspace.h"
-#include "recentfile/fakecloud.h"
+#include "support/fakecloud.h"
 
 #include <QSignalSpy>
 #include <QtTest>
@@ -16,8 +16,6 @@ GetStorageInfoResult storage(qint64 used, qint64 total, int state = 0)
     result.state = state;
     return result;
 }
-
-const auto Result = "zel::vela::GetStorageInfoResult";
 
 } // namespace
 
@@ -40,7 +38,7 @@ void TestCloudSpace::followsTheSignIn()
     cloud.logIn(QStringLiteral("me"));
     QVERIFY(space.isLoggedIn() && space.isLocalAccount() && !space.isKnown());
     QSignalSpy changed(&space, &CloudSpace::changed);
-    QVERIFY(cloud.answer(true, Result, storage(30, 100)));
+    QVERIFY(cloud.answer("getStorageInfo", storage(30, 100)));
     QCOMPARE(changed.size(), 1);
     QCOMPARE(space.usedBytes(), 30);
     QCOMPARE(space.totalBytes(), 100);
@@ -70,7 +68,7 @@ void TestCloudSpace::whichAnswersCount()
     cloud.logIn(QStringLiteral("me"));
     if (signedOutMeanwhile)
         cloud.logIn(QString());
-    QVERIFY(cloud.answer(ok, Result, storage(30, 100, state)));
+    QVERIFY(cloud.answer("getStorageInfo", storage(30, 100, state), ok));
     QTEST(space.usedBytes(), "used");
 }
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "clouddoc/clouddoclogic.h"
-#include "fakecloud.h"
+#include "support/fakecloud.h"
 
 #include <QAbstractItemModelTester>
 #include <QTest>

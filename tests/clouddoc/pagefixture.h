@@ -1,9 +1,9 @@
 #pragma once
 
-#include "clouddoc/pagecloud.h"
 #include "clouddoc/ui/clouddocactions.h"
 #include "clouddoc/ui/clouddoclistview.h"
 #include "clouddoc/ui/zelboxclouddocwidget.h"
+#include "support/fakecloud.h"
 #include "widgets/noticebar.h"
 
 #include <QApplication>
@@ -30,7 +30,7 @@ protected:
     void make()
     {
         m_page.reset();
-        m_cloud = std::make_unique<PageCloud>();
+        m_cloud = std::make_unique<FakeCloud>();
         m_opener.asked.clear();
         KDocumentOpener::setInstance(&m_opener);
         m_page = std::make_unique<ZelBoxCloudDocWidget>(m_cloud.get());
@@ -93,7 +93,7 @@ protected:
     ZelBoxCloudDocWidget *page() const { return m_page.get(); }
     CloudDocListView *view() const { return m_page->view(); }
 
-    std::unique_ptr<PageCloud> m_cloud;
+    std::unique_ptr<FakeCloud> m_cloud;
     std::unique_ptr<ZelBoxCloudDocWidget> m_page;
     FakeOpener m_opener;
 };

@@ -1,7 +1,7 @@
 // Paints the page of cloud documents in its states into PNG files, for people to look at.
 // ZEL_RESOURCES=<folder of the resource bundle> clouddoc_pictures <folder> [dark] [locale]; the catalogues
 // of a locale are looked for in ZEL_RESOURCES/../../mui. QT_SCALE_FACTOR=2 for high resolution.
-#include "clouddoc/fakecloud.h"
+#include "support/fakecloud.h"
 
 #include "base/clock.h"
 #include "clouddoc/ui/breadcrumbbar.h"

@@ -140,7 +140,7 @@ void TestCloudDocLogic::waysThroughFolders()
     QVERIFY(!logic().canGoBack() && logic().canGoForward());
     logic().forward();
     QCOMPARE(crumbs(logic()), text("root/a"));
-    QCOMPARE(cloud().listed.mid(1).join(QLatin1Char(' ')), text("a root a root a"));
+    QCOMPARE(cloud().askedFor("getInfoList").mid(1).join(QLatin1Char(' ')), text("a root a root a"));
 }
 
 void TestCloudDocLogic::leavesFoldersThatAreGone()
@@ -254,7 +254,7 @@ void TestCloudDocLogic::serviceGoesAndComes()
     QCOMPARE(print(logic()), text("b c"));
     QVERIFY(cloud().answer("transferInfoList", list));
     QCOMPARE(logic().transfers()->transfer(0).state, CloudTransfer::State::Running);
-    QCOMPARE(cloud().asked.count(text("velaIpcCall")), 2); // progress is told to each connection anew
+    QCOMPARE(cloud().askedFor("velaIpcCall").size(), 2); // progress is told to each connection anew
 }
 
 void TestCloudDocLogic::transfersAreFollowed()

@@ -158,7 +158,7 @@ void TestCloudDocOperations::removalsOverlap()
     QVERIFY(cloud().answer("batchRemove", removed("b")));
     QCOMPARE(trashed.at(1), (QVariantList{1, text("b")}));
     logic().undoTrash();
-    QCOMPARE(cloud().recovered, QStringList(text("bin-b")));
+    QCOMPARE(cloud().askedFor("recoverRecycles"), QStringList(text("bin-b")));
 }
 
 // An upload's answer names conflicts by the last part of a path, a download's by the item's id alone.

@@ -174,7 +174,7 @@ void TestPage::removesAndOffersUndo()
     click(1);
     click(2, Qt::ShiftModifier);
     key(Qt::Key_Delete);
-    QCOMPARE(wanted(), QStringList(s("remove b.txt c.txt")));
+    QCOMPARE(wanted(), QStringList(s("batchRemove b.txt c.txt")));
     zel::vela::BatchRemoveResult removed;
     removed.removedIds = {"b.txt", "c.txt"};
     removed.extraParam = {{"b.txt", "bin1"}, {"c.txt", "bin2"}};
@@ -194,14 +194,14 @@ void TestPage::removesAndOffersUndo()
     QVERIFY(m_cloud->answer("batchRemove", removed));
     QVERIFY2(notice().contains(s("permission")), qPrintable(notice()));
     QTest::mouseClick(button("Undo"), Qt::LeftButton); // what was removed can be had back all the same
-    QCOMPARE(m_cloud->recovered, QStringList({s("bin1"), s("bin2"), s("bin3")}));
+    QCOMPARE(m_cloud->askedFor("recoverRecycles"), QStringList({s("bin1 bin2"), s("bin3")}));
 }
 
 void TestPage::newFolderIsNamedAtOnce()
 {
     load({s("New Folder/")});
     page()->actions()->newFolder->trigger();
-    QCOMPARE(wanted(), QStringList(s("folder New Folder (2)")));
+    QCOMPARE(wanted(), QStringList(s("createFolder New Folder (2)")));
     zel::vela::CreateFolderResult made;
     made.item = FakeCloud::item(s("New Folder (2)/"));
     QVERIFY(m_cloud->answer("createFolder", made));
@@ -218,19 +218,19 @@ void TestPage::dropsGoWhereTheyFall_data()
     QTest::addColumn<QString>("expected");
     const QStringList rows{s("a/"), s("b/"), s("c.txt")};
     QTest::newRow("file onto folder") << rows << 1 << "file"
-                                      << "upload /x/f.txt -> b (0)";
+                                      << "uploadItems /x/f.txt -> b (0)";
     QTest::newRow("file onto document") << rows << 2 << "file"
-                                        << "upload /x/f.txt -> here (0)";
+                                        << "uploadItems /x/f.txt -> here (0)";
     QTest::newRow("file below") << rows << -1 << "file"
-                                << "upload /x/f.txt -> here (0)";
+                                << "uploadItems /x/f.txt -> here (0)";
     QTest::newRow("file onto empty page") << QStringList() << -1 << "file"
-                                          << "upload /x/f.txt -> here (0)";
+                                          << "uploadItems /x/f.txt -> here (0)";
     QTest::newRow("file onto path") << rows << -2 << "file"
-                                    << "upload /x/f.txt -> root (0)";
+                                    << "uploadItems /x/f.txt -> root (0)";
     QTest::newRow("item onto folder") << rows << 0 << "c.txt"
-                                      << "move c.txt -> a (0)";
+                                      << "cloudItemsMoveTo c.txt -> a (0)";
     QTest::newRow("item onto path") << rows << -2 << "c.txt"
-                                    << "move c.txt -> root (0)";
+                                    << "cloudItemsMoveTo c.txt -> root (0)";
     QTest::newRow("folder onto itself") << rows << 1 << "b"
                                         << "";
     QTest::newRow("item where it is") << rows << -1 << "c.txt"
@@ -270,11 +270,11 @@ void TestPage::carriesByClipboard_data()
     QTest::addColumn<int>("take");
     QTest::addColumn<bool>("elsewhere");
     QTest::addColumn<QString>("expected");
-    QTest::newRow("cut") << int(Qt::Key_X) << true << "move c.txt -> a (0)";
+    QTest::newRow("cut") << int(Qt::Key_X) << true << "cloudItemsMoveTo c.txt -> a (0)";
     QTest::newRow("cut, same place") << int(Qt::Key_X) << false << "";
-    QTest::newRow("copy") << int(Qt::Key_C) << true << "copy c.txt -> a (0)";
+    QTest::newRow("copy") << int(Qt::Key_C) << true << "cloudItemsCopyTo c.txt -> a (0)";
     QTest::newRow("cut, into itself") << int(Qt::Key_X) << true << "";
-    QTest::newRow("copy beside") << int(Qt::Key_C) << false << "copy c.txt -> root (1)";
+    QTest::newRow("copy beside") << int(Qt::Key_C) << false << "cloudItemsCopyTo c.txt -> root (1)";
 }
 
 void TestPage::carriesByClipboard()
@@ -301,7 +301,7 @@ void TestPage::carriesByClipboard()
     files->setUrls({QUrl::fromLocalFile(s("/x/f.txt"))});
     QApplication::clipboard()->setMimeData(files);
     key(Qt::Key_V, Qt::ControlModifier);
-    QVERIFY(wanted().last().startsWith(s("upload /x/f.txt")));
+    QVERIFY(wanted().last().startsWith(s("uploadItems /x/f.txt")));
 }
 
 void TestPage::opensDocuments()
@@ -318,7 +318,7 @@ void TestPage::opensDocuments()
     click(0);
     view()->setFocus();
     key(Qt::Key_Return);
-    QCOMPARE(wanted(), QStringList(s("download far.txt")));
+    QCOMPARE(wanted(), QStringList(s("downloadItems far.txt")));
     CloudTransfer other;
     other.itemId = s("other.txt");
     other.state = CloudTransfer::State::Done;
@@ -343,7 +343,7 @@ void TestPage::asksAboutTakenNames()
     auto *dialog = find<ConflictDialog>();
     QVERIFY(dialog && dialog->isVisible());
     QTest::mouseClick(button("Replace", dialog), Qt::LeftButton);
-    QCOMPARE(wanted().last(), s("move c.txt -> a (2)"));
+    QCOMPARE(wanted().last(), s("cloudItemsMoveTo c.txt -> a (2)"));
     QVERIFY(!dialog->isVisible());
 }
 
@@ -363,7 +363,7 @@ void TestPage::movesByDialog()
     QTest::keyClick(dialog->view(), Qt::Key_Right);
     QVERIFY(answer(s("a"), {}));
     QTest::keyClick(dialog->view(), Qt::Key_Return);
-    QCOMPARE(wanted(), QStringList(s("move b c.txt -> a (0)")));
+    QCOMPARE(wanted(), QStringList(s("cloudItemsMoveTo b c.txt -> a (0)")));
     QVERIFY(!dialog->isVisible());
 }
 
@@ -390,7 +390,7 @@ void TestPage::transfersCanBeCancelled()
     QTest::keyClick(list, Qt::Key_Delete);
     QCOMPARE(wanted().size(), 2);
     wanted().sort();
-    QCOMPARE(wanted(), QStringList({s("transfer t1 step 3"), s("transfer t2 step 3")}));
+    QCOMPARE(wanted(), QStringList({s("updateTransferInfo t1 step 3"), s("updateTransferInfo t2 step 3")}));
     QTest::keyClick(list, Qt::Key_Escape);
     QVERIFY(!page()->transferPanel()->isOpen());
 }

@@ -2,13 +2,13 @@
 
 #include "kdcinfoc.h"
 #include "ksettings.h"
-#include "recentfile/fakecloud.h"
 #include "recentfile/fakes.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
 #include "recentfile/ui/recentfile.h"
 #include "recentfile/ui/recentfilelistview.h"
 #include "recentfile/ui/recentfilewidget.h"
+#include "support/fakecloud.h"
 #include "widgets/noticebar.h"
 
 #include <QFile>

@@ -1,8 +1,8 @@
 // Paints the Recent page in its states into PNG files, for people to look at.
 // ZEL_RESOURCES=<folder of the resource bundle> recentfile_pictures <folder> [dark] [locale]; the catalogues
 // of a locale are looked for in ZEL_RESOURCES/../../mui. QT_SCALE_FACTOR=2 for high resolution.
-#include "recentfile/fakecloud.h"
 #include "recentfile/fakes.h"
+#include "support/fakecloud.h"
 
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"

@@ -1,7 +1,7 @@
 #include "recentfile/recentfileactions.h"
 
-#include "recentfile/fakecloud.h"
 #include "recentfile/fakes.h"
+#include "support/fakecloud.h"
 
 #include <QSignalSpy>
 #include <QTest>
@@ -186,7 +186,7 @@ void TestActions::undoBringsBackWhatWent()
         zel::vela::RecoverRecyclesResult result;
         if (works)
             result.recoveredIds.push_back("bin");
-        QVERIFY(m_proxy->answer(true, "zel::vela::RecoverRecyclesResult", result));
+        QVERIFY(m_proxy->answer("recoverRecycles", result));
     }
     QCOMPARE(restored.size(), 1);
     QCOMPARE(names(restored.at(0).at(works ? 0 : 1)), file);
@@ -225,7 +225,7 @@ void TestActions::sharing()
     QCOMPARE(m_proxy->asked.last(), QStringLiteral("showFileShareDlg 7,b.doc,/data/docs/b.odt,5,zelbox"));
     zel::vela::ShowFileShareDlgResult result;
     result.state = 1;
-    QVERIFY(m_proxy->answer(true, "zel::vela::ShowFileShareDlgResult", result));
+    QVERIFY(m_proxy->answer("showFileShareDlg", result));
     QCOMPARE(ended.at(0).at(0).value<RecentFileInfo>().id, file);
     QCOMPARE(ended.at(0).at(1).value<Ended>(), Ended::Refused);
     m_proxy->logIn({});

@@ -1,11 +1,11 @@
 #include "recentfile/recentfilelogic.h"
 
 #include "ksettings.h"
-#include "recentfile/fakecloud.h"
 #include "recentfile/fakes.h"
 #include "recentfile/recentcloud.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
+#include "support/fakecloud.h"
 
 #include <QSignalSpy>
 #include <QTest>

@@ -112,7 +112,7 @@ void TestPage::whoIsSignedInAlreadyIsKnown()
     load(0);
     zel::vela::GetCurrentDefaultRoamingBoxResult off;
     off.roamingOn = false;
-    QVERIFY(m_proxy->answer(true, "zel::vela::GetCurrentDefaultRoamingBoxResult", off));
+    QVERIFY(m_proxy->answer("getCurrentDefaultRoamingBox", off));
     QVERIFY(page()->findChild<ZelBoxRecentFileRoamingGuideWidget *>()->isVisible());
     const auto actions = page()->findChild<KRecentFileTitleMenu *>()->actions();
     QVERIFY(actions.first()->isEnabled()); // the reminder
@@ -246,7 +246,7 @@ void TestPage::guides()
     m_proxy->logIn(QStringLiteral("me"));
     zel::vela::GetCurrentDefaultRoamingBoxResult off;
     off.roamingOn = false;
-    QVERIFY(m_proxy->answer(true, "zel::vela::GetCurrentDefaultRoamingBoxResult", off));
+    QVERIFY(m_proxy->answer("getCurrentDefaultRoamingBox", off));
     auto *strip = page()->findChild<Guide *>();
     QVERIFY(strip->isVisible());
     QTest::mouseClick(button(QStringLiteral("How It Works"), strip), Qt::LeftButton);

@@ -322,10 +322,10 @@ void TestPageActions::sharingWithoutServer()
     QCOMPARE(m_proxy->asked.size(), 1);
     QVERIFY(!dialog<ShareDialog>());                      // until the service says that it does not
     zel::vela::GetCurrentDefaultRoamingBoxResult roaming; // asked for at the login
-    QVERIFY(m_proxy->answer(false, "zel::vela::GetCurrentDefaultRoamingBoxResult", roaming));
+    QVERIFY(m_proxy->answer("getCurrentDefaultRoamingBox", roaming, false));
     zel::vela::ShowFileShareDlgResult result;
     result.state = 1;
-    QVERIFY(m_proxy->answer(true, "zel::vela::ShowFileShareDlgResult", result));
+    QVERIFY(m_proxy->answer("showFileShareDlg", result));
     auto *own = dialog<ShareDialog>();
     QVERIFY(own);
     Q_EMIT own->copyFileChosen();

@@ -74,8 +74,8 @@ template <class Record> void failRecord(void *object, int32_t state, const vela:
 template <class Record> constexpr RecordType recordType(const char *name, const char *spacedName)
 {
     const bool isAnswer = std::string_view(name).ends_with("Result");
-    return {name, spacedName, makeRecord<Record>, destroyRecord<Record>, baseOfRecord<Record>,
-        equalRecords<Record>, printRecord<Record>, registerRecord<Record>,
+    return {name, spacedName, &typeid(Record), makeRecord<Record>, destroyRecord<Record>,
+        baseOfRecord<Record>, equalRecords<Record>, printRecord<Record>, registerRecord<Record>,
         isAnswer ? failRecord<Record> : nullptr};
 }
 

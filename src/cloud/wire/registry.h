@@ -5,6 +5,7 @@
 #include <iosfwd>
 #include <span>
 #include <string_view>
+#include <typeinfo>
 #include <utility>
 
 namespace apache::thrift {
@@ -22,10 +23,11 @@ namespace zel::wire {
 /// itself.
 struct RecordType
 {
-    std::string_view name;   ///< "CloudItem"
-    const char *spacedName;  ///< "zel::vela::CloudItem"
-    void *(*make)();         ///< a new record with default values
-    void (*destroy)(void *); ///< null is allowed
+    std::string_view name;      ///< "CloudItem"
+    const char *spacedName;     ///< "zel::vela::CloudItem"
+    const std::type_info *type; ///< the record's class
+    void *(*make)();            ///< a new record with default values
+    void (*destroy)(void *);    ///< null is allowed
     apache::thrift::TBase *(*base)(void *object);
     bool (*equal)(const void *left, const void *right);
     void (*print)(std::ostream &out, const void *object); ///< "CloudItem(groupId=…, …)"

@@ -1,3 +1,4 @@
+#include "kcloudask.h"
 #include "linkfixture.h"
 #include "listener.h"
 
@@ -6,7 +7,10 @@
 
 using namespace std::chrono_literals;
 using namespace zel;
-using Fixture = LinkFixture<KCloudSvrProxy>;
+struct Fixture : LinkFixture<KCloudSvrProxy>
+{
+    CloudCall asked;
+};
 using Act = void (*)(Fixture &);
 using Serve = void (*)(FakeService &, const FakeService::Head &);
 Q_DECLARE_METATYPE(Act)
@@ -93,6 +97,12 @@ void answerHalf(FakeService &service, const Head &head)
 
 void nothing(FakeService &, const Head &) { }
 
+QString endName(CloudEnd end)
+{
+    const char *names[] = {"Answered", "Refused", "Rejected", "TimedOut", "Cancelled", "Gone"};
+    return QLatin1String(names[int(end)]);
+}
+
 Listener *listenerOf(Fixture &f)
 {
     return f.proxy->findChild<Listener *>();
@@ -107,6 +117,7 @@ void answerLate(Fixture &f)
 void cancel(Fixture &f)
 {
     QVERIFY(f.proxy->cancelCall(f.proxy->property("id").toString()));
+    f.asked.cancel();
     QVERIFY(listenerOf(f)->endings.isEmpty());
 }
 
@@ -129,6 +140,7 @@ class TestCalls : public QObject
 private Q_SLOTS:
     void everyRequestEndsOnce_data();
     void everyRequestEndsOnce();
+    void askedOfNobody();
     void waitsForTheFirstConnection_data();
     void waitsForTheFirstConnection();
     void manyInFlight_data();
@@ -139,33 +151,37 @@ void TestCalls::everyRequestEndsOnce_data()
 {
     QTest::addColumn<Serve>("serve");
     QTest::addColumn<Act>("act");
-    QTest::addColumn<QString>("end"); // empty: none
+    QTest::addColumn<QString>("slot");  // what it is told; empty: nothing
+    QTest::addColumn<QString>("reply"); // what who asked is told; empty: nothing
     QTest::addColumn<bool>("staysConnected");
-    const auto row = [](const char *name, Serve serve, const char *end, bool stays, Act act = nullptr) {
-        QTest::newRow(name) << serve << act << QString::fromLatin1(end) << stays;
+    const auto row = [](const char *name, Serve serve, const char *slot, const char *reply, bool stays,
+                         Act act = nullptr) {
+        QTest::newRow(name) << serve << act << QString::fromLatin1(slot) << QString::fromLatin1(reply)
+                            << stays;
     };
-    row("answer", answer, "state 0", true);
-    row("service error", answerWithError, "state 1", true);
-    row("answered twice", answerTwice, "state 0", true);
-    row("refused", refuse, "failed", true);
-    row("answer that does not parse", answerDamaged, "failed", false);
-    row("answer to another method", answerOther, "failed", false);
-    row("frame that does not parse", sendGarbage, "failed", false);
-    row("frame of four gigabytes", sendHugeLength, "failed", false);
-    row("a request of the service", sendRequest, "failed", false);
-    row("connection lost", hangUp, "failed", false);
-    row("half an answer, then lost", answerHalf, "failed", false);
-    row("time-out, then the answer", nothing, "failed", true, answerLate);
-    row("cancelled, then the answer", answer, "failed", true, cancel);
-    row("receiver destroyed", answer, "", true, destroyReceiver);
-    row("proxy destroyed", answer, "", false, destroyProxy);
+    row("answer", answer, "state 0", "Answered", true);
+    row("service error", answerWithError, "state 1", "Refused", true);
+    row("answered twice", answerTwice, "state 0", "Answered", true);
+    row("refused", refuse, "failed", "Rejected", true);
+    row("answer that does not parse", answerDamaged, "failed", "Gone", false);
+    row("answer to another method", answerOther, "failed", "Gone", false);
+    row("frame that does not parse", sendGarbage, "failed", "Gone", false);
+    row("frame of four gigabytes", sendHugeLength, "failed", "Gone", false);
+    row("a request of the service", sendRequest, "failed", "Gone", false);
+    row("connection lost", hangUp, "failed", "Gone", false);
+    row("half an answer, then lost", answerHalf, "failed", "Gone", false);
+    row("time-out, then the answer", nothing, "failed", "TimedOut", true, answerLate);
+    row("cancelled, then the answer", answer, "failed", "Cancelled", true, cancel);
+    row("receiver destroyed", answer, "", "", true, destroyReceiver);
+    row("proxy destroyed", answer, "", "Gone", false, destroyProxy);
 }
 
 void TestCalls::everyRequestEndsOnce()
 {
     QFETCH(Serve, serve);
     QFETCH(Act, act);
-    QFETCH(QString, end);
+    QFETCH(QString, slot);
+    QFETCH(QString, reply);
     QFETCH(bool, staysConnected);
     Fixture f;
     f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) { serve(*f.service, head); };
@@ -180,23 +196,51 @@ void TestCalls::everyRequestEndsOnce()
     const QString id = f.call(listener, "onResult");
     QVERIFY(!id.isEmpty());
     f.proxy->setProperty("id", id);
-    QVERIFY2(listener->endings.isEmpty(), "never inside the request");
+    vela::VelaIpcArg envelope;
+    QStringList replies;
+    f.asked = ask<vela::VelaIpcResult>(
+        f.proxy.get(), "velaIpcCall", envelope, listener, [&](const CloudReply<vela::VelaIpcResult> &came) {
+            QVERIFY(!f.asked.isWaiting());
+            QCOMPARE(came.error, came.end == CloudEnd::Refused ? 1 : 0);
+            replies << endName(came.end);
+        });
+    QVERIFY2(listener->endings.isEmpty() && replies.isEmpty(), "never inside the request");
     if (act)
         act(f);
-    QTRY_VERIFY(!listener || end.isEmpty() || !listener->endings.isEmpty());
+    QTRY_VERIFY(!listener || slot.isEmpty() || !listener->endings.isEmpty());
+    QTRY_VERIFY(reply.isEmpty() || !replies.isEmpty());
     QTest::qWait(30); // for whatever should not come
     QCOMPARE(proxy && proxy->isConnected(), staysConnected);
+    QCOMPARE(replies.join(QLatin1Char(' ')), reply);
     if (!listener)
         return;
-    QCOMPARE(listener->endings.size(), end.isEmpty() ? 0 : 1);
-    if (end.isEmpty())
+    QCOMPARE(listener->endings.size(), slot.isEmpty() ? 0 : 1);
+    if (slot.isEmpty())
         return;
     const auto &ending = listener->endings.first();
     QCOMPARE(ending.id, id);
-    QCOMPARE(ending.ok ? QStringLiteral("state %1").arg(ending.state) : QStringLiteral("failed"), end);
+    QCOMPARE(ending.ok ? QStringLiteral("state %1").arg(ending.state) : QStringLiteral("failed"), slot);
     QCOMPARE(lost.size(), staysConnected ? 0 : 1);
     QVERIFY2(!f.proxy->cancelCall(id), "it has ended");
     f.proxy.reset();
+}
+
+// Without a proxy, and with records that are not the method's.
+void TestCalls::askedOfNobody()
+{
+    QStringList replies;
+    const auto note = [&replies](const auto &reply) { replies << endName(reply.end); };
+    ask<vela::VelaIpcResult>(nullptr, "velaIpcCall", vela::VelaIpcArg(), this, note);
+    for (int i = 0; i < 3; ++i)
+        QTest::ignoreMessage(
+            QtCriticalMsg, QRegularExpression(QStringLiteral("is no method of these records")));
+    KCloudSvrProxy proxy;
+    ask<vela::VelaIpcResult>(&proxy, "cloudDocSearch", vela::CloudDocSearchArg(), this, note);
+    ask<vela::VelaIpcResult>(&proxy, "velaIpcCall", QStringList(), this, note);
+    tell(&proxy, "nothing", vela::VelaIpcArg());
+    QVERIFY(replies.isEmpty());
+    QTRY_COMPARE(replies,
+        QStringList({QStringLiteral("Gone"), QStringLiteral("Rejected"), QStringLiteral("Rejected")}));
 }
 
 void TestCalls::waitsForTheFirstConnection_data()

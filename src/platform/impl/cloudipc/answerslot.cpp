@@ -18,6 +18,8 @@ AnswerSlot fittingSlot(const QMetaMethod &method)
     const QByteArray answer = method.parameterTypes().at(2);
     if (answer == "KRpcResponse")
         return {AnswerSlot::Form::Response, method.methodIndex(), nullptr};
+    if (answer == "zel::CloudEnding")
+        return {AnswerSlot::Form::Ending, method.methodIndex(), nullptr};
     const wire::RecordType *record = wire::findRecord({answer.constData(), size_t(answer.size())});
     if (!record)
         return {};
@@ -60,9 +62,11 @@ void AnswerSlot::call(QObject *receiver, bool ok, const QString &requestId, cons
     QMetaObject::metacall(receiver, QMetaObject::InvokeMetaMethod, index, arguments);
 }
 
-void AnswerSlot::callFailed(QObject *receiver, const QString &requestId) const
+void AnswerSlot::callFailed(QObject *receiver, const QString &requestId, const CloudEnding &ending) const
 {
-    if (form == Form::Response) {
+    if (form == Form::Ending) {
+        call(receiver, false, requestId, &ending);
+    } else if (form == Form::Response) {
         const KRpcResponse response;
         call(receiver, false, requestId, &response);
     } else if (form == Form::Record) {

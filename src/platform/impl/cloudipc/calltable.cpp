@@ -15,6 +15,12 @@ QString idText(quint64 number)
     return QString::number(number);
 }
 
+const wire::RecordType *answerOf(const std::string &method)
+{
+    const wire::MethodType *type = wire::findMethod(method);
+    return type ? type->answer : nullptr;
+}
+
 } // namespace
 
 CallTable::CallTable(AskGate gate, Send send) : m_gate(std::move(gate)), m_send(std::move(send))
@@ -46,15 +52,19 @@ QString CallTable::call(
     if (receiver && !slot.isEmpty()) {
         pending.receiver = receiver;
         pending.slot = findAnswerSlot(*receiver->metaObject(), slot);
+        if (pending.slot.form == AnswerSlot::Form::Ending)
+            pending.slot.record = answerOf(method);
     }
     const QString id = idText(pending.number);
     QByteArray frame = makeFrame(sequenceOf(pending.number));
-    if (frame.isEmpty())
+    if (frame.isEmpty()) {
         qCWarning(lcPlatform, "cannot write the request %s", method.c_str());
-    if (frame.isEmpty() || m_gate() == Gate::Closed)
-        fail(std::move(pending));
-    else
+        fail(std::move(pending), CloudEnd::Rejected, QStringLiteral("It cannot be written."));
+    } else if (m_gate() == Gate::Closed) {
+        fail(std::move(pending), CloudEnd::Gone, QStringLiteral("There is no connection."));
+    } else {
         wait(std::move(pending), std::move(frame));
+    }
     return id;
 }
 
@@ -80,7 +90,7 @@ bool CallTable::cancel(const QString &requestId)
     const auto it = m_pending.find(sequenceOf(number));
     if (it == m_pending.end() || it->second.number != number)
         return false;
-    fail(take(it));
+    fail(take(it), CloudEnd::Cancelled, QStringLiteral("It was cancelled."));
     return true;
 }
 
@@ -95,7 +105,7 @@ void CallTable::sendWaiting()
 void CallTable::endAll()
 {
     while (!m_pending.empty())
-        fail(take(m_pending.begin()));
+        fail(take(m_pending.begin()), CloudEnd::Gone, QStringLiteral("The connection was lost."));
 }
 
 bool CallTable::takeReply(const wire::MessageHead &head, wire::MessageReader &reader)
@@ -123,7 +133,12 @@ bool CallTable::takeReply(const wire::MessageHead &head, wire::MessageReader &re
     if (!reader.readAnswer(answer.base()))
         return false;
     const Pending pending = take(it);
-    slot.call(pending.receiver, true, idText(pending.number), answer.object());
+    if (slot.form == AnswerSlot::Form::Ending) {
+        const CloudEnding ending{CloudEnd::Answered, {}, answer.object()};
+        slot.call(pending.receiver, true, idText(pending.number), &ending);
+    } else {
+        slot.call(pending.receiver, true, idText(pending.number), answer.object());
+    }
     return true;
 }
 
@@ -137,7 +152,7 @@ bool CallTable::takeRefusal(const wire::MessageHead &head, wire::MessageReader &
         int(refusal));
     const auto it = m_pending.find(head.sequence);
     if (it != m_pending.end())
-        fail(take(it));
+        fail(take(it), CloudEnd::Rejected, text);
     return true;
 }
 
@@ -152,10 +167,11 @@ CallTable::Pending CallTable::take(Table::iterator it)
 }
 
 // Each has an event of its own, so that an event loop inside one slot goes on with the others.
-void CallTable::fail(Pending pending)
+void CallTable::fail(Pending pending, CloudEnd end, const QString &detail)
 {
     if (pending.slot.form == AnswerSlot::Form::None)
         return;
+    pending.ending = {end, detail, nullptr};
     m_failed.push_back(std::move(pending));
     QMetaObject::invokeMethod(this, &CallTable::callNextFailed, Qt::QueuedConnection);
 }
@@ -165,7 +181,7 @@ void CallTable::callNextFailed()
     const Pending pending = std::move(m_failed.front());
     m_failed.pop_front();
     if (pending.receiver)
-        pending.slot.callFailed(pending.receiver, idText(pending.number));
+        pending.slot.callFailed(pending.receiver, idText(pending.number), pending.ending);
 }
 
 void CallTable::arm()
@@ -183,7 +199,7 @@ void CallTable::onTimeout()
         const auto it = m_pending.find(m_deadlines.begin()->second);
         if (++count == 1)
             first = it->second.method;
-        fail(take(it));
+        fail(take(it), CloudEnd::TimedOut, QStringLiteral("It took too long."));
     }
     if (count > 0)
         qCWarning(lcPlatform, "the cloud service did not answer %d requests in time, the first %s", count,

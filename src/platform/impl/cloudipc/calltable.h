@@ -51,7 +51,8 @@ private:
         QPointer<QObject> receiver;
         AnswerSlot slot;
         Time deadline;
-        QByteArray frame; ///< until it is sent
+        QByteArray frame;   ///< until it is sent
+        CloudEnding ending; ///< of one that failed
     };
     using Table = std::map<int32_t, Pending>;
 
@@ -59,7 +60,7 @@ private:
     static int32_t sequenceOf(quint64 number);
     void wait(Pending pending, QByteArray frame);
     Pending take(Table::iterator it);
-    void fail(Pending pending);
+    void fail(Pending pending, CloudEnd end, const QString &detail);
     void callNextFailed();
     void arm();
     void onTimeout();

@@ -1,5 +1,6 @@
 #include "kvelautil.h"
 
+#include "cloud/wire/texts.h"
 #include "common_types.h"
 #include "proxylist.h"
 
@@ -32,8 +33,7 @@ zel::vela::VelaIpcArg KVelaUtil::ipcArg(const QString &method, const QMap<QStrin
 {
     zel::vela::VelaIpcArg arg;
     arg.nameSpace = "KVelaIpcCallObj";
-    arg.method = method.toStdString();
-    for (auto it = arguments.begin(); it != arguments.end(); ++it)
-        arg.argMap[it.key().toStdString()] = it.value().toStdString();
+    arg.method = zel::wire::fromQt(method);
+    arg.argMap = zel::wire::fromQt(arguments);
     return arg;
 }

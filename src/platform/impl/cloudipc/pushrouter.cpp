@@ -2,12 +2,12 @@
 
 #include "base/logging.h"
 #include "cloud/wire/registry.h"
+#include "cloud/wire/texts.h"
 #include "kclientsvrproxy.h"
 #include "kvelaeventobject.h"
 #include "loginkeeper.h"
 #include "message_types.h"
 #include "notify_types.h"
-#include "rpcresponse.h"
 
 #include <algorithm>
 #include <iterator>
@@ -16,17 +16,18 @@ namespace zel::cloudipc {
 namespace {
 
 using wire::AnyRecord;
+using wire::toQt;
 
 constexpr int MostUnknown = 64; // a service that makes up names shall not fill the memory
 
 QMap<QString, QString> discussionMap(const vela::NotifyShareDiscussionArg &push)
 {
     QMap<QString, QString> map = toQt(push.actionsMap);
-    map.insert(QStringLiteral("action"), QString::fromStdString(push.action));
-    map.insert(QStringLiteral("groupId"), QString::fromStdString(push.groupId));
-    map.insert(QStringLiteral("fileId"), QString::fromStdString(push.fileId));
-    map.insert(QStringLiteral("discussionId"), QString::fromStdString(push.discussionId));
-    map.insert(QStringLiteral("content"), QString::fromStdString(push.content));
+    map.insert(QStringLiteral("action"), toQt(push.action));
+    map.insert(QStringLiteral("groupId"), toQt(push.groupId));
+    map.insert(QStringLiteral("fileId"), toQt(push.fileId));
+    map.insert(QStringLiteral("discussionId"), toQt(push.discussionId));
+    map.insert(QStringLiteral("content"), toQt(push.content));
     return map;
 }
 
@@ -34,7 +35,7 @@ QVariant variantMap(const std::map<std::string, std::string> &map)
 {
     QVariantMap values;
     for (const auto &[key, value] : map)
-        values.insert(QString::fromStdString(key), QString::fromStdString(value));
+        values.insert(toQt(key), toQt(value));
     return values;
 }
 
@@ -88,10 +89,10 @@ bool ask(KClientSvrProxy &client, const vela::NotifyActionArg &action)
 {
     const auto url = [&action] {
         const auto it = action.params.find("url");
-        return it == action.params.end() ? QString() : QString::fromStdString(it->second);
+        return it == action.params.end() ? QString() : toQt(it->second);
     };
     if (action.action == "activateWindow")
-        return client.activateWindow(QString::fromStdString(action.targetWindow));
+        return client.activateWindow(toQt(action.targetWindow));
     if (action.action == "addBrowserPage")
         return client.addBrowserPage(url());
     return action.action == "addPlumePage" && client.addPlumePage(url());
@@ -109,7 +110,7 @@ bool PushRouter::takePush(const wire::MessageHead &head, wire::MessageReader &re
 {
     const wire::MethodType *push = wire::findPush(head.method);
     if (!push) {
-        const QString name = QString::fromStdString(head.method);
+        const QString name = toQt(head.method);
         if (m_unknown.size() < MostUnknown && !m_unknown.contains(name)) {
             m_unknown.append(name);
             qCInfo(lcPlatform, "the cloud service tells %s, which this program does not know",

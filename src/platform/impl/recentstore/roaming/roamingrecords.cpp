@@ -1,5 +1,7 @@
 #include "roamingrecords.h"
 
+#include "cloud/wire/texts.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QHash>
@@ -7,28 +9,26 @@
 namespace zel::recent {
 namespace {
 
-constexpr qint64 BelievableMs = 24LL * 3600 * 1000;
+using wire::fromQt;
+using wire::toQt;
 
-QString text(const std::string &bytes)
-{
-    return QString::fromStdString(bytes);
-}
+constexpr qint64 BelievableMs = 24LL * 3600 * 1000;
 
 // Empty unless it can name a file.
 QString pathOf(const std::string &bytes)
 {
-    const QString path = text(bytes);
+    const QString path = toQt(bytes);
     const bool isPath = QDir::isAbsolutePath(path) && !path.contains(QChar::Null);
     return isPath ? QDir::cleanPath(path) : QString();
 }
 
 QString nameOf(const vela::RecentFileItem &record)
 {
-    QString name = text(record.name);
+    QString name = toQt(record.name);
     if (name.isEmpty())
         name = QString::fromUtf8(QByteArray::fromBase64(QByteArray::fromStdString(record.b64fName)));
     if (name.isEmpty())
-        name = QFileInfo(text(record.path)).fileName();
+        name = QFileInfo(toQt(record.path)).fileName();
     return name;
 }
 
@@ -54,17 +54,17 @@ int unreadOf(const vela::RecentFileItem &record)
 std::optional<RoamingItem> toItem(const vela::RecentFileItem &record, const RoamingReader &reader)
 {
     RoamingItem item;
-    item.roamingId = text(record.roamingId);
+    item.roamingId = toQt(record.roamingId);
     item.user = reader.user;
-    item.fileId = text(record.fileId);
+    item.fileId = toQt(record.fileId);
     item.name = nameOf(record);
-    const bool isForeign = !record.userId.empty() && text(record.userId) != reader.user;
+    const bool isForeign = !record.userId.empty() && toQt(record.userId) != reader.user;
     if (record.deleted || isForeign || item.roamingId.isEmpty() || item.name.isEmpty())
         return {};
-    if (!reader.deviceId.isEmpty() && text(record.curDeviceId) == reader.deviceId)
+    if (!reader.deviceId.isEmpty() && toQt(record.curDeviceId) == reader.deviceId)
         item.usedPath = pathOf(record.path);
     else
-        item.deviceName = text(record.curDeviceName);
+        item.deviceName = toQt(record.curDeviceName);
     item.cachePath = pathOf(record.cachePath);
     item.time = timeOf(record, reader.now);
     item.size = record.size > 0 ? record.size : -1; // services that do not know it say 0
@@ -78,7 +78,7 @@ void addCachePaths(QVector<RoamingItem> &items, const vela::GetRecentFileInfoLis
     for (const vela::RecentFileItemInfo &info : answer.items) {
         const QString path = pathOf(info.cloudItem.cache);
         if (!path.isEmpty())
-            paths.insert(text(info.fileInfo.roamingId), path);
+            paths.insert(toQt(info.fileInfo.roamingId), path);
     }
     for (RoamingItem &item : items) {
         if (item.cachePath.isEmpty())
@@ -91,7 +91,7 @@ vela::GetRecentFilesArg pageRequest(const QString &filter, int offset, int count
     vela::GetRecentFilesArg request;
     request.offset = offset;
     request.count = count;
-    request.keyword = filter.toStdString();
+    request.keyword = fromQt(filter);
     request.refresh = refresh;
     return request;
 }
@@ -100,7 +100,7 @@ vela::GetRecentFileInfoListArg infoRequest(const QStringList &roamingIds)
 {
     vela::GetRecentFileInfoListArg request;
     for (const QString &id : roamingIds)
-        request.roamingIds.push_back(id.toStdString());
+        request.roamingIds.push_back(fromQt(id));
     return request;
 }
 
@@ -109,11 +109,11 @@ vela::SetCloudItemReadArg readRequest(const QVector<ReadMark> &marks)
     vela::SetCloudItemReadArg request;
     for (const ReadMark &mark : marks) {
         if (mark.fileId.isEmpty()) {
-            request.roamingIds.push_back(mark.roamingId.toStdString());
+            request.roamingIds.push_back(fromQt(mark.roamingId));
             continue;
         }
         vela::CloudItemId item;
-        item.id = mark.fileId.toStdString();
+        item.id = fromQt(mark.fileId);
         request.items.push_back(item);
     }
     return request;
@@ -125,13 +125,13 @@ vela::AddRoamingRecordArg useRequest(const QVector<FileUse> &uses)
     for (const FileUse &use : uses) {
         const QString name = QFileInfo(use.path).fileName();
         vela::FileRecordItem record;
-        record.path = use.path.toStdString();
-        record.name = name.toStdString();
+        record.path = fromQt(use.path);
+        record.name = fromQt(name);
         record.size = use.size;
         record.mtime = use.mtime;
         record.actionTime = use.time;
         record.operation = "open";
-        record.appType = appTypeOf(name).toStdString();
+        record.appType = fromQt(appTypeOf(name));
         request.records.push_back(record);
     }
     return request;

@@ -116,16 +116,17 @@ void RoamingSource::askPage()
     const bool first = m_reading->offset == 0 && m_reading->beginnings == 0;
     auto page =
         pageRequest(m_reading->wish.filter, m_reading->offset, PageSize, first && m_reading->wish.refresh);
-    m_reading->requestId = m_cloud->asynCallEx(QStringLiteral("getRecentFiles"),
-        QGenericArgument("GetRecentFilesArg", &page), this, QStringLiteral("onPage"));
+    m_reading->call = ask<vela::GetRecentFilesResult>(
+        m_cloud, "getRecentFiles", page, this, [this](const auto &reply) { onPage(reply); });
 }
 
-void RoamingSource::onPage(bool bOk, const QString &requestId, const vela::GetRecentFilesResult &page)
+void RoamingSource::onPage(const CloudReply<vela::GetRecentFilesResult> &reply)
 {
-    if (!m_reading || m_reading->requestId != requestId)
-        return;
-    if (!bOk || page.state != 0)
-        return giveUp("the recent list", page.state);
+    if (reply.end == CloudEnd::Cancelled)
+        return; // that was another reading
+    if (!reply)
+        return giveUp("the recent list", reply.error);
+    const vela::GetRecentFilesResult &page = reply.record;
     RoamingList &list = m_reading->list;
     if (!isSameVersion(page.opv))
         return;
@@ -157,29 +158,28 @@ void RoamingSource::askPlaces()
         return finish();
     auto infos = infoRequest(m_reading->cloudIds.mid(0, PlacesAtOnce));
     m_reading->cloudIds = m_reading->cloudIds.mid(PlacesAtOnce);
-    m_reading->requestId = m_cloud->asynCallEx(QStringLiteral("getRecentFileInfoList"),
-        QGenericArgument("GetRecentFileInfoListArg", &infos), this, QStringLiteral("onPlaces"));
+    m_reading->call = ask<vela::GetRecentFileInfoListResult>(
+        m_cloud, "getRecentFileInfoList", infos, this, [this](const auto &reply) { onPlaces(reply); });
 }
 
-void RoamingSource::onPlaces(
-    bool bOk, const QString &requestId, const vela::GetRecentFileInfoListResult &answer)
+void RoamingSource::onPlaces(const CloudReply<vela::GetRecentFileInfoListResult> &reply)
 {
-    if (!m_reading || m_reading->requestId != requestId)
+    if (reply.end == CloudEnd::Cancelled)
         return;
-    if (bOk && answer.state == int(wire::ServiceError::NotServed))
+    if (reply.error == int(wire::ServiceError::NotServed))
         return finish(); // a service without files of its own
-    if (!bOk || answer.state != 0)
-        return giveUp("the places of its files", answer.state);
-    if (!isSameVersion(answer.opv))
+    if (!reply)
+        return giveUp("the places of its files", reply.error);
+    if (!isSameVersion(reply.record.opv))
         return;
-    addCachePaths(m_reading->list.items, answer);
+    addCachePaths(m_reading->list.items, reply.record);
     askPlaces();
 }
 
 // Otherwise begins anew.
 bool RoamingSource::isSameVersion(const std::string &version)
 {
-    const QString found = QString::fromStdString(version);
+    const QString found = wire::toQt(version);
     if (!m_reading->version)
         m_reading->version = found;
     if (m_reading->version == found)
@@ -223,8 +223,8 @@ void RoamingSource::rest()
 // What was read, asked for or noted for one user is nothing for the next.
 void RoamingSource::forgetUser()
 {
-    if (m_reading && m_cloud)
-        m_cloud->cancelCall(m_reading->requestId);
+    if (m_reading)
+        m_reading->call.cancel();
     m_reading.reset();
     m_version.clear();
     m_wish.reset();
@@ -245,19 +245,15 @@ void RoamingSource::tellRead(const QVector<ReadMark> &marks)
         [&](const ReadMark &mark) { return underWay.value(mark.roamingId, -1) != mark.time; });
     if (untold.isEmpty() || !isSignedIn())
         return;
-    auto request = readRequest(untold);
-    const QString id = m_cloud->asynCallEx(QStringLiteral("setCloudItemRead"),
-        QGenericArgument("SetCloudItemReadArg", &request), this, QStringLiteral("onRead"));
-    m_telling.insert(id, untold);
-}
-
-void RoamingSource::onRead(bool bOk, const QString &requestId, const vela::SetCloudItemReadResult &answer)
-{
-    const QVector<ReadMark> marks = m_telling.take(requestId);
-    if (bOk && answer.state == 0)
-        Q_EMIT told(marks);
-    else
-        qCInfo(lcRecent) << marks.size() << "read marks wait, state" << answer.state;
+    m_telling.append(untold);
+    ask<vela::SetCloudItemReadResult>(m_cloud, "setCloudItemRead", readRequest(untold), this,
+        [this, untold](const CloudReply<vela::SetCloudItemReadResult> &reply) {
+            m_telling.removeOne(untold);
+            if (reply)
+                Q_EMIT told(untold);
+            else
+                qCInfo(lcRecent) << untold.size() << "read marks wait, state" << reply.error;
+        });
 }
 
 void RoamingSource::tellUses(const QVector<FileUse> &uses)
@@ -279,9 +275,7 @@ void RoamingSource::sendUses()
         m_useTimer.start();
     if (uses.isEmpty() || !isSignedIn())
         return;
-    auto request = useRequest(uses);
-    m_cloud->asynCallEx(QStringLiteral("addRoamingRecord"), QGenericArgument("AddRoamingRecordArg", &request),
-        nullptr, QString());
+    tell(m_cloud, "addRoamingRecord", useRequest(uses));
 }
 
 } // namespace zel::recent

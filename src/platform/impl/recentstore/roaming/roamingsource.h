@@ -1,5 +1,6 @@
 #pragma once
 
+#include "kcloudask.h"
 #include "platform/impl/recentstore/records/roamingtypes.h"
 
 #include <QHash>
@@ -14,7 +15,6 @@ class KCloudSvrProxy;
 namespace zel::vela {
 class GetRecentFilesResult;
 class GetRecentFileInfoListResult;
-class SetCloudItemReadResult;
 } // namespace zel::vela
 
 namespace zel::recent {
@@ -48,11 +48,6 @@ Q_SIGNALS:
     void ready(); ///< the service listens: what is still untold may be told now
     void told(const QVector<zel::recent::ReadMark> &marks);
 
-private Q_SLOTS:
-    void onPage(bool bOk, const QString &requestId, const zel::vela::GetRecentFilesResult &page);
-    void onPlaces(bool bOk, const QString &requestId, const zel::vela::GetRecentFileInfoListResult &answer);
-    void onRead(bool bOk, const QString &requestId, const zel::vela::SetCloudItemReadResult &answer);
-
 private:
     struct Wish
     {
@@ -66,7 +61,7 @@ private:
         std::optional<QString> version; ///< of the list; none before the first page
         int offset = 0;                 ///< of the next page, in the service's list
         QStringList cloudIds;           ///< whose files' places are still to be asked for
-        QString requestId;              ///< of the request under way
+        CloudCall call;                 ///< under way
         int beginnings = 0;             ///< because the list changed while it was read
     };
 
@@ -75,7 +70,9 @@ private:
     void read(const Wish &wish);
     void begin();
     void askPage();
+    void onPage(const CloudReply<vela::GetRecentFilesResult> &reply);
     void askPlaces();
+    void onPlaces(const CloudReply<vela::GetRecentFileInfoListResult> &reply);
     bool isSameVersion(const std::string &version);
     void finish();
     void giveUp(const char *why, int state);
@@ -86,10 +83,10 @@ private:
     QPointer<KCloudSvrProxy> m_cloud;
     std::optional<QString> m_user; ///< none: not known yet
     std::optional<Reading> m_reading;
-    std::optional<Wish> m_wish; ///< for later
-    QString m_version;          ///< of the complete list that was handed out last; empty: none
-    QHash<QString, QVector<ReadMark>> m_telling; ///< by request
-    QHash<QString, FileUse> m_uses;              ///< by path, not told yet
+    std::optional<Wish> m_wish;         ///< for later
+    QString m_version;                  ///< of the complete list that was handed out last; empty: none
+    QList<QVector<ReadMark>> m_telling; ///< by request
+    QHash<QString, FileUse> m_uses;     ///< by path, not told yet
     QTimer m_readTimer;
     QTimer m_useTimer;
 };

@@ -1,0 +1,179 @@
+#include "support/fakecloud.h"
+
+#include "cloud/wire/registry.h"
+#include "link_types.h"
+
+#include <utility>
+
+using namespace zel::vela;
+
+namespace {
+
+std::string joined(const std::vector<std::string> &texts)
+{
+    std::string all;
+    for (const std::string &text : texts)
+        all += (all.empty() ? "" : " ") + text;
+    return all;
+}
+std::string ids(const std::vector<CloudItemId> &items)
+{
+    std::vector<std::string> texts;
+    for (const auto &item : items)
+        texts.push_back(item.id);
+    return joined(texts);
+}
+std::string placed(const std::string &what, const std::string &folder, int policy)
+{
+    return what + " -> " + folder + " (" + std::to_string(policy) + ')';
+}
+
+// What matters of a record.
+std::string about(const GetInfoListArg &list)
+{
+    return list.parentId;
+}
+std::string about(const CloudItemsMoveToArg &move)
+{
+    return placed(ids(move.items), move.targetParentId, move.conflictPolicy);
+}
+std::string about(const CloudItemsCopyToArg &copy)
+{
+    return placed(ids(copy.items), copy.targetParentId, copy.conflictPolicy);
+}
+std::string about(const UploadItemsArg &upload)
+{
+    return placed(joined(upload.localPaths), upload.parentId, upload.conflictPolicy);
+}
+std::string about(const RenameArg &rename)
+{
+    return rename.item.id + " -> " + rename.newName;
+}
+std::string about(const BatchRemoveArg &remove)
+{
+    return ids(remove.items);
+}
+std::string about(const CreateFolderArg &create)
+{
+    return create.name;
+}
+std::string about(const DownloadItemsArg &download)
+{
+    return ids(download.items);
+}
+std::string about(const UpdateTransferInfoArg &update)
+{
+    return joined(update.taskIds) + " step " + std::to_string(update.operation);
+}
+std::string about(const RemoveArg &remove)
+{
+    return remove.item.id.empty() ? remove.extraParam.at("path") : "id " + remove.item.id;
+}
+std::string about(const RecoverRecyclesArg &recover)
+{
+    return joined(recover.recycleIds);
+}
+std::string about(const VelaIpcArg &envelope)
+{
+    std::string text = envelope.nameSpace + " " + envelope.method;
+    for (const auto &[key, value] : envelope.argMap)
+        text += " " + key + "=" + value;
+    return text;
+}
+std::string about(const ShowFileShareDlgArg &share)
+{
+    return share.fileId + "," + share.fileName + "," + share.filePath + "," + std::to_string(share.accessTime)
+        + "," + share.caller;
+}
+
+template <class... Records> std::string textOf(const QByteArray &type, const void *data)
+{
+    std::string text;
+    const auto *record = zel::wire::findRecord(type.constData());
+    const auto look = [&]<class Record>(std::in_place_type_t<Record>) {
+        if (record && *record->type == typeid(Record))
+            text = about(*static_cast<const Record *>(data));
+    };
+    (look(std::in_place_type<Records>), ...);
+    return text;
+}
+std::string textOf(const QGenericArgument &arg)
+{
+    return textOf<GetInfoListArg, CloudItemsMoveToArg, CloudItemsCopyToArg, UploadItemsArg, RenameArg,
+        BatchRemoveArg, CreateFolderArg, DownloadItemsArg, UpdateTransferInfoArg, RemoveArg,
+        RecoverRecyclesArg, VelaIpcArg, ShowFileShareDlgArg>(arg.name(), arg.data());
+}
+
+} // namespace
+
+QStringList FakeCloud::askedFor(const char *method) const
+{
+    const QString begin = QLatin1String(method) + QLatin1Char(' ');
+    QStringList texts;
+    for (const QString &one : asked) {
+        if (QString(one + QLatin1Char(' ')).startsWith(begin))
+            texts << one.mid(begin.size());
+    }
+    return texts;
+}
+
+QString FakeCloud::asynCallEx(
+    const QString &method, const QGenericArgument &arg, QObject *receiver, const QString &slot)
+{
+    asked << QString(method + QLatin1Char(' ') + QString::fromStdString(textOf(arg))).trimmed();
+    const bool reads = method.startsWith(QLatin1String("get")) || method == QLatin1String("transferInfoList")
+        || method == QLatin1String("velaIpcCall");
+    if (!reads)
+        wanted << asked.last();
+    const QString id = QString::number(++m_last);
+    if (receiver)
+        m_waiting.append({id, method, receiver, slot.toLatin1()});
+    return id;
+}
+
+CloudItem FakeCloud::item(const QString &text, const QString &parent)
+{
+    CloudItem item;
+    item.type = text.endsWith(QLatin1Char('/')) ? "folder" : "file";
+    item.name = QString(text).remove(QLatin1Char('/')).toStdString();
+    item.id = item.name;
+    item.parentId = parent.toStdString();
+    return item;
+}
+
+GetInfoListResult FakeCloud::page(const QString &folder, const QStringList &items, bool more, int64_t version)
+{
+    GetInfoListResult result;
+    const bool root = folder == QLatin1String("root");
+    result.folder = item(folder + QLatin1Char('/'), root ? QString() : QStringLiteral("root"));
+    result.folder.name = root ? "" : result.folder.name;
+    for (const QString &text : items)
+        result.items.push_back(item(text, folder));
+    result.total = int64_t(result.items.size());
+    result.hasMore = more;
+    result.listVersion = version;
+    return result;
+}
+
+void FakeCloud::tellRemoved(const QString &id, const QString &parent)
+{
+    NotifyFileActionArg action;
+    action.action = "remove";
+    action.item = item(id, parent);
+    push("notifyFileAction", action);
+}
+
+void FakeCloud::tellCreated(const QString &text, const QString &parent)
+{
+    NotifyFileCreationArg creation;
+    creation.item = item(text, parent);
+    Q_EMIT velaEventObject()->signal_notifyFileCreation(creation);
+}
+
+void FakeCloud::tellProperty(const CloudItem &item, const char *field)
+{
+    NotifyFilePropertyArg property;
+    property.items = {item};
+    property.changedFields = {field};
+    push("notifyFileProperty", property);
+}
