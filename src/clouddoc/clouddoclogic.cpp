@@ -1,41 +1,98 @@
 #include "clouddoc/clouddoclogic.h"
 
-#include "base/logging.h"
 #include "clouddoc/clouddoclink.h"
-#include "clouddoc/cloudfolderloader.h"
+#include "clouddoc/clouddocnavigator.h"
+#include "clouddoc/clouddocoperations.h"
+#include "clouddoc/clouddoctransfers.h"
 
 #include <algorithm>
 
-// Where one is, and reading it. What the service tells is in clouddoclogiclive.cpp, what the user does in
-// clouddoclogicactions.cpp.
-
 using zel::clouddoc::NameProblem;
+using zel::clouddoc::TransferStep;
 
 CloudDocLogic::CloudDocLogic(KCloudSvrProxy *proxy, QObject *parent)
     : QObject(parent),
       m_link(new CloudDocLink(proxy, this)),
-      m_loader(new CloudFolderLoader(m_link, this)),
       m_documents(new CloudDocModel(this)),
-      m_transfers(new CloudTransferModel(this))
+      m_folder(new CloudDocFolder(m_link, m_documents, this)),
+      m_navigator(new CloudDocNavigator(m_link, m_folder, m_documents, this)),
+      m_transfers(new CloudDocTransfers(m_link, m_documents, this)),
+      m_operations(new CloudDocOperations(m_link, m_documents, this))
 {
     qRegisterMetaType<CloudProblem>();
     qRegisterMetaType<CloudConflicts>("CloudConflicts");
     qRegisterMetaType<CloudTransfer>();
-    qRegisterMetaType<Operation>();
-    m_readAgain.setSingleShot(true);
-    connect(&m_readAgain, &QTimer::timeout, this, &CloudDocLogic::reload);
-    connect(m_link, &CloudDocLink::reachedChanged, this, &CloudDocLogic::onReached);
-    connect(m_link, &CloudDocLink::news, this, &CloudDocLogic::onNews);
-    connect(m_loader, &CloudFolderLoader::pageArrived, this, &CloudDocLogic::onPage);
-    connect(m_loader, &CloudFolderLoader::finished, this, &CloudDocLogic::onRead);
-    connect(m_loader, &CloudFolderLoader::failed, this, &CloudDocLogic::onReadFailed);
+    qRegisterMetaType<CloudOperation>();
+    connectParts();
 }
 
 CloudDocLogic::~CloudDocLogic() = default;
 
+void CloudDocLogic::connectParts()
+{
+    connect(m_link, &CloudDocLink::reachedChanged, this, &CloudDocLogic::onReached);
+    connect(m_link, &CloudDocLink::news, this, &CloudDocLogic::onNews);
+
+    connect(m_folder, &CloudDocFolder::documentArrived, this, &CloudDocLogic::readRoom);
+    connect(m_folder, &CloudDocFolder::readEnded, m_transfers, &CloudDocTransfers::showAll);
+    connect(m_folder, &CloudDocFolder::stateChanged, this, &CloudDocLogic::stateChanged);
+    connect(m_folder, &CloudDocFolder::readingFailed, this, &CloudDocLogic::readingFailed);
+    connect(m_navigator, &CloudDocNavigator::left, this, &CloudDocLogic::folderChanged);
+    connect(m_navigator, &CloudDocNavigator::crumbsChanged, this, &CloudDocLogic::crumbsChanged);
+    connect(m_navigator, &CloudDocNavigator::historyChanged, this, &CloudDocLogic::historyChanged);
+    connect(m_navigator, &CloudDocNavigator::folderGone, this, &CloudDocLogic::folderGone);
+    connect(m_transfers, &CloudDocTransfers::ended, this, &CloudDocLogic::transferEnded);
+
+    using Operations = CloudDocOperations;
+    connect(m_operations, &Operations::outcomeArrived, this, &CloudDocLogic::take);
+    connect(m_operations, &Operations::transfersRemoved, m_transfers, &CloudDocTransfers::remove);
+    connect(m_operations, &Operations::folderCreated, this, &CloudDocLogic::folderCreated);
+    connect(m_operations, &Operations::trashed, this, &CloudDocLogic::trashed);
+    connect(m_operations, &Operations::untrashed, this, &CloudDocLogic::untrashed);
+    connect(m_operations, &Operations::transfersStarted, this, &CloudDocLogic::transfersStarted);
+    connect(m_operations, &Operations::conflictsFound, this, &CloudDocLogic::conflictsFound);
+    connect(m_operations, &Operations::done, this, &CloudDocLogic::operationDone);
+    connect(m_operations, &Operations::failed, this, &CloudDocLogic::operationFailed);
+}
+
+CloudTransferModel *CloudDocLogic::transfers() const
+{
+    return m_transfers->model();
+}
+
 bool CloudDocLogic::isReached() const
 {
     return m_link->isReached();
+}
+
+CloudCrumbs CloudDocLogic::crumbs() const
+{
+    return m_navigator->crumbs();
+}
+
+QString CloudDocLogic::cameFrom() const
+{
+    return m_navigator->cameFrom();
+}
+
+bool CloudDocLogic::canGoUp() const
+{
+    return m_navigator->canGoUp();
+}
+
+bool CloudDocLogic::canGoBack() const
+{
+    return m_navigator->canGoBack();
+}
+
+bool CloudDocLogic::canGoForward() const
+{
+    return m_navigator->canGoForward();
+}
+
+bool CloudDocLogic::canUndoTrash() const
+{
+    return m_operations->canUndoTrash();
 }
 
 QString CloudDocLogic::freeFolderName(const QString &wanted) const
@@ -55,29 +112,8 @@ NameProblem CloudDocLogic::checkName(const QString &name, const QString &id) con
 bool CloudDocLogic::canMoveTo(const QStringList &ids, const QString &folderId) const
 {
     const CloudDocument *target = m_documents->find(folderId);
-    return !ids.isEmpty() && !isHere(folderId) && !ids.contains(folderId) && (!target || target->folder);
-}
-
-int CloudDocLogic::crumbOf(const QString &id) const
-{
-    const auto found = std::find_if(
-        m_crumbs.cbegin(), m_crumbs.cend(), [&id](const CloudCrumb &crumb) { return crumb.id == id; });
-    return found == m_crumbs.cend() ? -1 : int(found - m_crumbs.cbegin());
-}
-
-bool CloudDocLogic::isHere(const QString &id) const
-{
-    return id == m_folder.id || (id.isEmpty() && m_crumbs.size() == 1);
-}
-
-// As far as it is known before the service is asked.
-CloudCrumbs CloudDocLogic::crumbsOf(const QString &id) const
-{
-    const int crumb = id.isEmpty() ? 0 : crumbOf(id);
-    if (crumb >= 0)
-        return m_crumbs.mid(0, crumb + 1);
-    const CloudDocument *child = m_documents->find(id);
-    return child ? m_crumbs + CloudCrumbs{{id, child->name}} : CloudCrumbs();
+    return !ids.isEmpty() && !m_navigator->isHere(folderId) && !ids.contains(folderId)
+        && (!target || target->folder);
 }
 
 void CloudDocLogic::openRoot()
@@ -87,66 +123,30 @@ void CloudDocLogic::openRoot()
 
 void CloudDocLogic::openFolder(const QString &id)
 {
-    if (m_state != State::Idle && isHere(id)) {
-        reload();
-        return;
-    }
-    if (m_state != State::Idle) {
-        m_back.append(place());
-        m_forward.clear();
-    }
-    go({id, crumbsOf(id)});
+    const bool first = state() == State::Idle;
+    m_navigator->open(id);
+    if (first)
+        m_transfers->watch();
 }
 
 void CloudDocLogic::up()
 {
-    if (canGoUp())
-        openFolder(m_crumbs.at(m_crumbs.size() - 2).id);
+    m_navigator->up();
 }
 
 void CloudDocLogic::back()
 {
-    if (m_back.isEmpty())
-        return;
-    m_forward.append(place());
-    go(m_back.takeLast());
+    m_navigator->back();
 }
 
 void CloudDocLogic::forward()
 {
-    if (m_forward.isEmpty())
-        return;
-    m_back.append(place());
-    go(m_forward.takeLast());
-}
-
-void CloudDocLogic::go(const Place &place)
-{
-    const bool first = m_state == State::Idle;
-    const int crumb = crumbOf(place.id);
-    m_cameFrom = crumb >= 0 && crumb + 1 < m_crumbs.size() ? m_crumbs.at(crumb + 1).id : QString();
-    m_folder = {};
-    m_folder.id = place.id;
-    m_crumbs = place.crumbs;
-    m_loader->stop();
-    m_state = State::Loading; // before the rows go, else they would seem to be those of an empty folder
-    m_documents->clear();
-    read(false);
-    if (first)
-        watchTransfers();
-    Q_EMIT folderChanged();
-    Q_EMIT crumbsChanged();
-    Q_EMIT historyChanged();
+    m_navigator->forward();
 }
 
 void CloudDocLogic::reload()
 {
-    if (m_state == State::Idle)
-        return;
-    if (m_loader->isRunning())
-        m_stale = true;
-    else
-        read(m_complete || m_documents->totalCount() > 0);
+    m_folder->reload();
 }
 
 void CloudDocLogic::setSortOrder(CloudSort sort)
@@ -154,148 +154,129 @@ void CloudDocLogic::setSortOrder(CloudSort sort)
     m_documents->setSortOrder(sort);
 }
 
-// `anew`: what is known stays on view until all has been read.
-void CloudDocLogic::read(bool anew)
+void CloudDocLogic::createFolder(const QString &name)
 {
-    m_reloading = anew;
-    m_complete = m_complete && anew;
-    m_stale = false;
-    m_fresh.clear();
-    m_touched.clear();
-    m_readAgain.stop();
-    m_reading.start();
-    m_loader->start(m_folder.id, m_documents->sortOrder());
-    if (anew)
-        Q_EMIT stateChanged();
-    else
-        setState(State::Loading);
+    m_operations->createFolder(folderId(), name);
 }
 
-void CloudDocLogic::setState(State state, CloudProblem problem)
+void CloudDocLogic::rename(const QString &id, const QString &name)
 {
-    m_state = state;
-    m_problem = problem;
-    Q_EMIT stateChanged();
+    m_operations->rename(id, name);
 }
 
-void CloudDocLogic::onPage(const CloudPage &page, bool first)
+void CloudDocLogic::move(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
 {
-    if (first) {
-        m_folder = page.folder;
-        if (page.folder.parentId.isEmpty())
-            setCrumbs({{page.folder.id, {}}});
-        else if (m_crumbs.isEmpty() || m_crumbs.last() != CloudCrumb{page.folder.id, page.folder.name})
-            checkCrumbs();
+    m_operations->move(ids, folderId, choice);
+}
+
+void CloudDocLogic::copy(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
+{
+    m_operations->copy(ids, folderId, choice);
+}
+
+void CloudDocLogic::trash(const QStringList &ids)
+{
+    m_operations->trash(ids);
+}
+
+void CloudDocLogic::undoTrash()
+{
+    m_operations->undoTrash();
+}
+
+void CloudDocLogic::upload(const QStringList &localPaths, const QString &folderId, CloudNameChoice choice)
+{
+    m_operations->upload(localPaths, folderId.isEmpty() ? this->folderId() : folderId, choice);
+}
+
+void CloudDocLogic::download(const QStringList &ids, const QString &targetFolder, CloudNameChoice choice)
+{
+    m_operations->download(ids, targetFolder, choice);
+}
+
+void CloudDocLogic::cancelTransfers(const QStringList &ids)
+{
+    m_operations->changeTransfers(ids, TransferStep::Cancel);
+}
+
+void CloudDocLogic::retryTransfer(const QString &id)
+{
+    m_operations->changeTransfers({id}, TransferStep::TryAgain);
+}
+
+void CloudDocLogic::clearFinishedTransfers()
+{
+    m_operations->changeTransfers(m_transfers->endedIds(), TransferStep::TakeOff);
+}
+
+// What was asked for before the connection is answered over it; what was asked over a lost one is not.
+void CloudDocLogic::onReached(bool reached)
+{
+    if (state() == State::Idle)
+        return;
+    if (!reached) {
+        m_transfers->interrupt();
+        m_folder->interrupt();
+        return;
     }
-    if (m_reloading)
-        m_fresh += page.documents;
-    else
-        m_documents->add(withoutTouched(page.documents));
-    if (m_state != State::Ready)
-        setState(State::Ready);
-    if (first)
+    m_transfers->watch();
+    if (m_folder->isReading())
+        return;
+    m_navigator->checkCrumbs();
+    reload();
+}
+
+void CloudDocLogic::take(const CloudOutcome &outcome)
+{
+    m_folder->takePresent(outcome.documents);
+    m_folder->takeGone(outcome.removed);
+    const auto isAbove = [this](const QString &id) { return m_navigator->isAbove(id); };
+    if (std::any_of(outcome.documents.cbegin(), outcome.documents.cend(),
+            [&](const CloudDocument &document) { return isAbove(document.id); })
+        || std::any_of(outcome.removed.cbegin(), outcome.removed.cend(), isAbove))
+        m_navigator->checkCrumbs();
+    if (!outcome.transfers.isEmpty())
+        m_transfers->take(outcome.transfers);
+}
+
+void CloudDocLogic::onNews(const CloudNews &news)
+{
+    if (state() == State::Idle)
+        return;
+    CloudOutcome outcome;
+    outcome.documents = news.present;
+    outcome.removed = news.gone;
+    outcome.transfers = news.transfers;
+    take(outcome);
+    for (const QString &id : news.unlisted) {
+        if (id == folderId() || m_folder->isRootUnknown())
+            m_folder->readAgainSoon();
+        else if (m_navigator->isAbove(id))
+            m_navigator->checkCrumbs();
+    }
+    if (news.room)
         readRoom();
 }
 
-CloudDocuments CloudDocLogic::withoutTouched(const CloudDocuments &documents) const
+// One request at a time, however many changes ask for it.
+void CloudDocLogic::readRoom()
 {
-    if (m_touched.isEmpty())
-        return documents;
-    CloudDocuments others;
-    for (const CloudDocument &document : documents)
-        if (!m_touched.contains(document.id))
-            others.append(document);
-    return others;
-}
-
-// What news have told meanwhile is as they told it. Of pages that do not fit nothing is taken for removed.
-void CloudDocLogic::takeFresh(bool fits)
-{
-    CloudDocuments fresh = withoutTouched(m_fresh);
-    m_fresh.clear();
-    if (!fits) {
-        m_documents->add(fresh);
+    m_roomStale = m_readingRoom;
+    if (m_readingRoom)
         return;
-    }
-    for (const QString &id : qAsConst(m_touched))
-        if (const CloudDocument *document = m_documents->find(id))
-            fresh.append(*document);
-    m_documents->replaceAll(fresh);
-}
-
-void CloudDocLogic::onRead(bool fits)
-{
-    const bool again = m_stale || (!fits && !m_reloading);
-    if (std::exchange(m_reloading, false))
-        takeFresh(fits);
-    m_complete = true;
-    m_readingTook = m_reading.elapsed();
-    m_touched.clear();
-    showTransfers();
-    Q_EMIT stateChanged();
-    if (again)
-        readAgainSoon();
-}
-
-void CloudDocLogic::onReadFailed(CloudProblem problem)
-{
-    m_reloading = false;
-    m_fresh.clear();
-    m_touched.clear();
-    if (problem == CloudProblem::NotFound)
-        leaveGoneFolder();
-    else if (!m_link->isReached())
-        setState(State::Offline);
-    else if (!m_complete)
-        setState(State::Failed, problem);
-    else
-        setState(State::Ready); // as it was known last
-    if (problem != CloudProblem::NotFound && m_link->isReached() && m_documents->totalCount() > 0)
-        Q_EMIT readingFailed(problem);
-}
-
-void CloudDocLogic::setCrumbs(const CloudCrumbs &crumbs)
-{
-    if (m_crumbs == crumbs)
-        return;
-    m_crumbs = crumbs;
-    Q_EMIT crumbsChanged();
-    Q_EMIT historyChanged();
-}
-
-// The way to the folder on view may be another one, or the folder gone.
-void CloudDocLogic::checkCrumbs()
-{
-    m_crumbsStale = m_checkingCrumbs;
-    if (m_checkingCrumbs || m_folder.id.isEmpty())
-        return;
-    m_checkingCrumbs = true;
-    m_link->findPath(m_folder.id, [this, id = m_folder.id](const CloudAnswer<CloudCrumbs> &answer) {
-        m_checkingCrumbs = false;
-        const bool again = std::exchange(m_crumbsStale, false) || id != m_folder.id;
-        if (id == m_folder.id && answer)
-            setCrumbs(answer.value);
-        if (id == m_folder.id && answer.problem == CloudProblem::NotFound)
-            leaveGoneFolder();
-        else if (again)
-            checkCrumbs();
+    m_readingRoom = true;
+    m_link->readRoom([this](const CloudAnswer<CloudRoom> &answer) {
+        m_readingRoom = false;
+        const bool again = std::exchange(m_roomStale, false);
+        if (!answer)
+            return;
+        if (again)
+            readRoom();
+        const CloudRoom &room = answer.value;
+        if (room.used == m_spaceUsed && room.total == m_spaceTotal)
+            return;
+        m_spaceUsed = room.used;
+        m_spaceTotal = room.total;
+        Q_EMIT spaceChanged(room.used, room.total);
     });
-}
-
-void CloudDocLogic::leaveGoneFolder()
-{
-    const CloudCrumbs above = m_crumbs.mid(0, m_crumbs.size() - 1);
-    const QString name = m_crumbs.isEmpty() ? QString() : m_crumbs.last().name;
-    const bool root = m_folder.id.isEmpty() || (m_crumbs.size() == 1 && name.isEmpty());
-    m_loader->stop();
-    if (root) {
-        setState(State::Failed, CloudProblem::NotFound);
-        return;
-    }
-    qCInfo(lcCloud, "the folder on view is gone");
-    const QString target = above.isEmpty() ? QString() : above.last().id;
-    while (!m_back.isEmpty() && m_back.last().id == target)
-        m_back.removeLast();
-    Q_EMIT folderGone(name);
-    go({target, above});
 }

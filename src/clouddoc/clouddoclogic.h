@@ -1,31 +1,27 @@
 #pragma once
 
+#include "clouddoc/clouddocfolder.h"
 #include "clouddoc/clouddocmodel.h"
 #include "clouddoc/clouddocnames.h"
 #include "clouddoc/cloudtransfermodel.h"
 
-#include <QElapsedTimer>
 #include <QObject>
-#include <QSet>
 #include <QStringList>
-#include <QTimer>
-#include <functional>
 
 class CloudDocLink;
-class CloudFolderLoader;
+class CloudDocNavigator;
+class CloudDocOperations;
+class CloudDocTransfers;
 class KCloudSvrProxy;
 struct CloudNews;
 struct CloudOutcome;
-struct CloudPage;
-template <class Value> struct CloudAnswer;
-namespace zel::clouddoc {
-enum class TransferStep : int;
-}
 
-/// The page of cloud documents without its widgets: one folder after the other, what the user does to its
-/// documents, and the transfers. GUI thread; nothing blocks, and every answer comes on a later turn of the
-/// loop. Lives as long as the page; does nothing before the first openRoot() or openFolder(). Changes that
-/// anybody makes in the drive arrive as pushes; nothing is polled, and no timer runs while nothing happens.
+/// The page of cloud documents without its widgets: where one is (CloudDocNavigator), the documents that are
+/// there (CloudDocFolder), what the user does to them (CloudDocOperations), and the transfers
+/// (CloudDocTransfers). This is the front of the four, and takes to each what the others and the service
+/// tell. GUI thread; nothing blocks, and every answer comes on a later turn of the loop. Lives as long as the
+/// page; does nothing before the first openRoot() or openFolder(). Changes that anybody makes in the drive
+/// arrive as pushes; nothing is polled, and no timer runs while nothing happens.
 ///
 /// Each operation ends with exactly one operationDone(), or else with operationFailed() for what could not be
 /// done, or with conflictsFound() for taken names when the choice was CloudNameChoice::Ask, or with both in
@@ -34,42 +30,30 @@ class CloudDocLogic final : public QObject
 {
     Q_OBJECT
 public:
-    enum class State {
-        Idle,    ///< no folder was asked for yet
-        Loading, ///< nothing of the folder is there yet
-        Ready,   ///< also while further pages of a large folder arrive: isComplete()
-        Offline, ///< the service is away; read anew by itself when it comes back. What was shown stays.
-        Failed,  ///< see problem()
-    };
-    Q_ENUM(State)
-    enum class Operation { CreateFolder, Rename, Move, Copy, Trash, UndoTrash, Upload, Download, Transfer };
-    Q_ENUM(Operation)
+    using State = CloudDocFolder::State; ///< Offline ends by itself when the service comes back
 
     /// `proxy` is not owned, may be null (then all is Offline) and may be destroyed first.
     explicit CloudDocLogic(KCloudSvrProxy *proxy, QObject *parent = nullptr);
     ~CloudDocLogic() override;
 
-    CloudDocModel *documents() const { return m_documents; }      ///< owned
-    CloudTransferModel *transfers() const { return m_transfers; } ///< owned
+    CloudDocModel *documents() const { return m_documents; } ///< owned
+    CloudTransferModel *transfers() const;                   ///< owned
 
-    State state() const { return m_state; }
-    CloudProblem problem() const { return m_problem; } ///< of State::Failed
-    bool isComplete() const { return m_complete; }     ///< the last page of the folder has come
-    bool isReloading() const { return m_reloading; }   ///< read anew while what is known stays on view
-    bool isReached() const;                            ///< the service is there
+    State state() const { return m_folder->state(); }
+    CloudProblem problem() const { return m_folder->problem(); } ///< of State::Failed
+    bool isComplete() const { return m_folder->isComplete(); }   ///< the last page of the folder has come
+    bool isReloading() const { return m_folder->isReloading(); } ///< while what is known stays on view
+    bool isReached() const;                                      ///< the service is there
 
-    QString folderId() const
-    {
-        return m_folder.id;
-    } ///< of the folder on view; empty: the root, before its id is known, or none
-    QString folderPath() const { return m_folder.localPath; } ///< on this machine; may be empty
-    CloudCrumbs crumbs() const { return m_crumbs; }
+    QString folderId() const { return m_folder->id(); } ///< empty: the root, before its id is known, or none
+    QString folderPath() const { return m_folder->document().localPath; } ///< on this machine; may be empty
+    CloudCrumbs crumbs() const;
     /// Of the folder that was on view before, when it lies in this one: what up() and back() select. Empty.
-    QString cameFrom() const { return m_cameFrom; }
-    bool canGoUp() const { return m_crumbs.size() > 1; }
-    bool canGoBack() const { return !m_back.isEmpty(); }
-    bool canGoForward() const { return !m_forward.isEmpty(); }
-    bool canUndoTrash() const { return !m_trashed.isEmpty(); }
+    QString cameFrom() const;
+    bool canGoUp() const;
+    bool canGoBack() const;
+    bool canGoForward() const;
+    bool canUndoTrash() const;
     qint64 spaceUsed() const { return m_spaceUsed; }   ///< bytes; -1: not told yet
     qint64 spaceTotal() const { return m_spaceTotal; } ///< bytes; -1: no limit, or not told yet
 
@@ -123,86 +107,30 @@ Q_SIGNALS:
     void trashed(int count, const QString &firstName); ///< undoTrash() brings them back
     void untrashed(const QStringList &ids); ///< those of them that lie in this folder are in the model
     void transfersStarted(int count);
-    void conflictsFound(CloudDocLogic::Operation operation, const CloudConflicts &conflicts,
+    void conflictsFound(CloudOperation operation, const CloudConflicts &conflicts,
         const QString &target); ///< call the operation again for their sources, with a choice
-    void operationDone(CloudDocLogic::Operation operation);
+    void operationDone(CloudOperation operation);
     /// `detail` is for the log; `count` items were not done, the first of them because of `problem`.
-    void operationFailed(
-        CloudDocLogic::Operation operation, CloudProblem problem, int count, const QString &detail);
+    void operationFailed(CloudOperation operation, CloudProblem problem, int count, const QString &detail);
     void transferEnded(const CloudTransfer &transfer); ///< while one looks: done, failed or cancelled
     void spaceChanged(qint64 used, qint64 total);
 
 private:
-    struct Place
-    {
-        QString id; ///< empty: the root
-        CloudCrumbs crumbs;
-    };
-    using Then = std::function<void(const CloudAnswer<CloudOutcome> &)>;
-    using Step = std::function<void(const QStringList &ids, const Then &then)>;
-
-    // Where one is (clouddoclogic.cpp).
-    void go(const Place &place);
-    Place place() const { return {m_folder.id, m_crumbs}; }
-    bool isHere(const QString &id) const;
-    bool isRootUnknown() const { return m_folder.id.isEmpty(); } ///< its id comes with its first page
-    CloudCrumbs crumbsOf(const QString &id) const;
-    int crumbOf(const QString &id) const;
-    void setCrumbs(const CloudCrumbs &crumbs);
-    void checkCrumbs();
-    void leaveGoneFolder();
-    void setState(State state, CloudProblem problem = CloudProblem::None);
-    void read(bool anew);
-    void onPage(const CloudPage &page, bool first);
-    void onRead(bool fits);
-    void onReadFailed(CloudProblem problem);
-    CloudDocuments withoutTouched(const CloudDocuments &documents) const;
-    void takeFresh(bool fits);
-
-    // What the service tells (clouddoclogiclive.cpp).
+    void connectParts();
+    void start();
     void onReached(bool reached);
     void onNews(const CloudNews &news);
-    void readAgainSoon();
-    void takePresent(const CloudDocuments &documents);
-    void takeGone(const QStringList &ids);
-    void watchTransfers();
-    void takeTransfers(CloudTransfers transfers);
-    void showTransferOf(const CloudTransfer &transfer);
-    void showTransfers();
+    void take(const CloudOutcome &outcome);
     void readRoom();
 
-    // What the user does (clouddoclogicactions.cpp).
-    void inParts(Operation operation, const QStringList &ids, const QString &target, const Step &step);
-    void nextPart(Operation operation, const QStringList &ids, const QString &target, const Step &step,
-        const CloudOutcome &before);
-    void take(const CloudOutcome &outcome);
-    void end(Operation operation, const CloudOutcome &outcome, const QString &target);
-    void changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep step);
-
     CloudDocLink *m_link; ///< owned, as all below
-    CloudFolderLoader *m_loader;
     CloudDocModel *m_documents;
-    CloudTransferModel *m_transfers;
-    State m_state = State::Idle;
-    CloudProblem m_problem = CloudProblem::None;
-    CloudDocument m_folder;
-    CloudCrumbs m_crumbs;
-    QString m_cameFrom;
-    QVector<Place> m_back;
-    QVector<Place> m_forward;
-    bool m_complete = false;  ///< all of the folder has been read once
-    bool m_reloading = false; ///< into m_fresh
-    bool m_stale = false;     ///< to be read again after this time
-    QElapsedTimer m_reading;  ///< since the last reading began
-    qint64 m_readingTook = 0; ///< ms
-    QTimer m_readAgain;       ///< runs only while much is changed in the folder
-    CloudDocuments m_fresh;
-    QSet<QString> m_touched; ///< items of which news came while the folder is read; newer than a page
-    bool m_checkingCrumbs = false;
-    bool m_crumbsStale = false;
+    CloudDocFolder *m_folder;
+    CloudDocNavigator *m_navigator;
+    CloudDocTransfers *m_transfers;
+    CloudDocOperations *m_operations;
     bool m_readingRoom = false;
     bool m_roomStale = false;
-    QStringList m_trashed; ///< ids in the recycle bin
     qint64 m_spaceUsed = -1;
     qint64 m_spaceTotal = -1;
 };

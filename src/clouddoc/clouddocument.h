@@ -19,6 +19,19 @@ enum class CloudProblem {
     Other,
 };
 
+/// What the user does in the drive.
+enum class CloudOperation {
+    CreateFolder,
+    Rename,
+    Move,
+    Copy,
+    Trash,
+    UndoTrash,
+    Upload,
+    Download,
+    Transfer, ///< cancel, retry or clear transfers
+};
+
 /// A file or folder of the drive. A value.
 struct CloudDocument
 {
@@ -71,5 +84,6 @@ struct CloudConflict
 using CloudConflicts = QVector<CloudConflict>;
 
 Q_DECLARE_METATYPE(CloudProblem)
+Q_DECLARE_METATYPE(CloudOperation)
 Q_DECLARE_METATYPE(CloudDocument)
 Q_DECLARE_METATYPE(CloudConflict)

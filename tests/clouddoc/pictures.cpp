@@ -191,10 +191,10 @@ void popups(Scene &scene)
     conflict.suggestedName = QStringLiteral("Budget 2024 (2).xlsx");
     conflict.existing.modifiedAt = Now.toMSecsSinceEpoch();
     conflict.existing.size = 48'000;
-    ConflictDialog one(CloudDocLogic::Operation::Upload, {conflict}, scene.page());
+    ConflictDialog one(CloudOperation::Upload, {conflict}, scene.page());
     one.show();
     scene.save("conflict", &one);
-    ConflictDialog several(CloudDocLogic::Operation::Move, CloudConflicts(7, conflict), scene.page());
+    ConflictDialog several(CloudOperation::Move, CloudConflicts(7, conflict), scene.page());
     several.show();
     scene.save("conflicts", &several);
     several.close();

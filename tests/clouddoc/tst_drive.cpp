@@ -8,7 +8,7 @@
 #include <QTest>
 #include <memory>
 
-using Operation = CloudDocLogic::Operation;
+using Operation = CloudOperation;
 using State = CloudDocLogic::State;
 using TransferState = CloudTransfer::State;
 

@@ -3,7 +3,7 @@
 #include <QSignalSpy>
 
 using namespace zel::vela;
-using Operation = CloudDocLogic::Operation;
+using Operation = CloudOperation;
 
 static constexpr int DeniedState = 5;
 

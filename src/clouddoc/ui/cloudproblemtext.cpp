@@ -11,9 +11,9 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(CloudProblems)
 };
 
-QString whatFailed(CloudDocLogic::Operation operation, int count)
+QString whatFailed(CloudOperation operation, int count)
 {
-    using Operation = CloudDocLogic::Operation;
+    using Operation = CloudOperation;
     switch (operation) {
     case Operation::CreateFolder:
         return Texts::tr("The folder could not be made.");
@@ -68,7 +68,7 @@ QString problemText(CloudProblem problem)
     return {};
 }
 
-QString failureText(CloudDocLogic::Operation operation, CloudProblem problem, int count)
+QString failureText(CloudOperation operation, CloudProblem problem, int count)
 {
     const QString why = problemText(problem);
     const QString what = whatFailed(operation, qMax(1, count));

@@ -8,6 +8,6 @@ namespace zel::clouddoc {
 QString problemText(CloudProblem problem); ///< a sentence; empty for None
 
 /// What was not done, and why: "2 items could not be moved. You do not have permission for this."
-QString failureText(CloudDocLogic::Operation operation, CloudProblem problem, int count);
+QString failureText(CloudOperation operation, CloudProblem problem, int count);
 
 } // namespace zel::clouddoc

@@ -12,8 +12,7 @@ namespace {
 constexpr int MostNames = 5; // in the list of a dialog
 }
 
-ConflictDialog::ConflictDialog(
-    CloudDocLogic::Operation operation, const CloudConflicts &conflicts, QWidget *parent)
+ConflictDialog::ConflictDialog(CloudOperation operation, const CloudConflicts &conflicts, QWidget *parent)
     : BoxDialog(tr("Name already taken"), heading(conflicts), parent)
 {
     explain(operation, conflicts);
@@ -30,7 +29,7 @@ QString ConflictDialog::heading(const CloudConflicts &conflicts)
     return tr("%n name(s) are already taken there", nullptr, conflicts.size());
 }
 
-void ConflictDialog::explain(CloudDocLogic::Operation operation, const CloudConflicts &conflicts)
+void ConflictDialog::explain(CloudOperation operation, const CloudConflicts &conflicts)
 {
     const CloudConflict &first = conflicts.constFirst();
     if (conflicts.size() > 1) {
@@ -48,9 +47,9 @@ void ConflictDialog::explain(CloudDocLogic::Operation operation, const CloudConf
     if (conflicts.size() == 1 && !first.suggestedName.isEmpty())
         addText(tr("Keep Both gives the new one the name “%1”.").arg(headingName(first.suggestedName)))
             ->setTextFormat(Qt::PlainText);
-    if (operation == CloudDocLogic::Operation::Download)
+    if (operation == CloudOperation::Download)
         addText(tr("Replace overwrites the files that are there; folders are merged."));
-    else if (operation == CloudDocLogic::Operation::Upload)
+    else if (operation == CloudOperation::Upload)
         addText(tr("Replace moves files that are there to the recycle bin; folders are merged."));
     else
         addText(tr("Replace moves what is there to the recycle bin."));

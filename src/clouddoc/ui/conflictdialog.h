@@ -9,14 +9,13 @@ class ConflictDialog : public BoxDialog
 {
     Q_OBJECT
 public:
-    ConflictDialog(
-        CloudDocLogic::Operation operation, const CloudConflicts &conflicts, QWidget *parent = nullptr);
+    ConflictDialog(CloudOperation operation, const CloudConflicts &conflicts, QWidget *parent = nullptr);
 
 Q_SIGNALS:
     void choiceMade(CloudNameChoice choice);
 
 private:
     static QString heading(const CloudConflicts &conflicts);
-    void explain(CloudDocLogic::Operation operation, const CloudConflicts &conflicts);
+    void explain(CloudOperation operation, const CloudConflicts &conflicts);
     void addChoice(const QString &text, CloudNameChoice choice, bool preferred);
 };

@@ -77,7 +77,7 @@ void MoveDialog::connectLogic()
     connect(m_logic, &Logic::crumbsChanged, this, &MoveDialog::update);
     connect(m_logic, &Logic::folderCreated, this, &MoveDialog::onFolderCreated);
     connect(m_logic, &Logic::operationFailed, this,
-        [this](Logic::Operation operation, CloudProblem problem, int count) {
+        [this](CloudOperation operation, CloudProblem problem, int count) {
             m_delegate->forgetNewNames();
             m_note->setText(zel::clouddoc::failureText(operation, problem, count));
             m_note->show();

@@ -250,16 +250,16 @@ void ZelBoxCloudDocWidget::onTrashed(int count, const QString &firstName)
     m_notice->showAction(text, tr("Undo"), NoticeBar::Tone::Info, UndoTime);
 }
 
-void ZelBoxCloudDocWidget::onOperationFailed(Logic::Operation operation, CloudProblem problem, int count)
+void ZelBoxCloudDocWidget::onOperationFailed(CloudOperation operation, CloudProblem problem, int count)
 {
     m_view->rowDelegate()->forgetNewNames();
     m_view->viewport()->update();
-    if (operation == Logic::Operation::Download)
+    if (operation == CloudOperation::Download)
         m_openNext.clear();
     const QString text = failureText(operation, problem, count);
-    if (operation == Logic::Operation::Trash && m_logic->canUndoTrash()) // of what was done
+    if (operation == CloudOperation::Trash && m_logic->canUndoTrash()) // of what was done
         m_notice->showAction(text, tr("Undo"), NoticeBar::Tone::Problem, UndoTime);
-    else if (operation == Logic::Operation::UndoTrash && m_logic->canUndoTrash())
+    else if (operation == CloudOperation::UndoTrash && m_logic->canUndoTrash())
         m_notice->showAction(text, tr("Retry"), NoticeBar::Tone::Problem, UndoTime);
     else
         tellProblem(text);

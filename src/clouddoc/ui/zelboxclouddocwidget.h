@@ -65,7 +65,7 @@ private:
     void onReady();
     void onClipboardChanged();
     void onTrashed(int count, const QString &firstName);
-    void onOperationFailed(CloudDocLogic::Operation operation, CloudProblem problem, int count);
+    void onOperationFailed(CloudOperation operation, CloudProblem problem, int count);
     void tellProblem(const QString &text);
 
     // What the user does.
@@ -85,8 +85,7 @@ private:
     void makeFolder();
     void chooseUpload(bool folder);
     void upload(const QString &folderId, const QStringList &paths);
-    void askAboutConflicts(
-        CloudDocLogic::Operation operation, const CloudConflicts &conflicts, const QString &target);
+    void askAboutConflicts(CloudOperation operation, const CloudConflicts &conflicts, const QString &target);
     void showMenu(const QPoint &pos);
     QMenu *makeMenu(bool onRow);
 

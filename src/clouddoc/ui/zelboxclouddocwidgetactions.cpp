@@ -289,7 +289,7 @@ void ZelBoxCloudDocWidget::upload(const QString &folderId, const QStringList &pa
 }
 
 void ZelBoxCloudDocWidget::askAboutConflicts(
-    Logic::Operation operation, const CloudConflicts &conflicts, const QString &target)
+    CloudOperation operation, const CloudConflicts &conflicts, const QString &target)
 {
     if (conflicts.isEmpty())
         return;
@@ -300,13 +300,13 @@ void ZelBoxCloudDocWidget::askAboutConflicts(
         sources << conflict.source;
     connect(dialog, &ConflictDialog::choiceMade, m_logic,
         [this, operation, sources, target](CloudNameChoice choice) {
-            if (operation == Logic::Operation::Upload)
+            if (operation == CloudOperation::Upload)
                 m_logic->upload(sources, target, choice);
-            else if (operation == Logic::Operation::Download)
+            else if (operation == CloudOperation::Download)
                 m_logic->download(sources, target, choice);
-            else if (operation == Logic::Operation::Copy)
+            else if (operation == CloudOperation::Copy)
                 m_logic->copy(sources, target, choice);
-            else if (operation == Logic::Operation::Move)
+            else if (operation == CloudOperation::Move)
                 m_logic->move(sources, target, choice);
         });
     dialog->open();

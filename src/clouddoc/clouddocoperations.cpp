@@ -1,9 +1,9 @@
+#include "clouddoc/clouddocoperations.h"
+
 #include "clouddoc/clouddoclink.h"
-#include "clouddoc/clouddoclogic.h"
+#include "clouddoc/clouddocmodel.h"
 
 #include <QDir>
-
-// What the user does.
 
 namespace {
 
@@ -34,34 +34,39 @@ void append(CloudOutcome &all, const CloudOutcome &part)
 
 } // namespace
 
-void CloudDocLogic::createFolder(const QString &name)
+CloudDocOperations::CloudDocOperations(CloudDocLink *link, const CloudDocModel *documents, QObject *parent)
+    : QObject(parent), m_link(link), m_documents(documents)
 {
-    m_link->createFolder(m_folder.id, name, [this](const CloudAnswer<CloudDocument> &answer) {
+}
+
+void CloudDocOperations::createFolder(const QString &parentId, const QString &name)
+{
+    m_link->createFolder(parentId, name, [this](const CloudAnswer<CloudDocument> &answer) {
         if (!answer) {
-            Q_EMIT operationFailed(Operation::CreateFolder, answer.problem, 1, answer.detail);
+            Q_EMIT failed(CloudOperation::CreateFolder, answer.problem, 1, answer.detail);
             return;
         }
-        takePresent({answer.value});
+        take(answer.value);
         Q_EMIT folderCreated(answer.value.id);
-        Q_EMIT operationDone(Operation::CreateFolder);
+        Q_EMIT done(CloudOperation::CreateFolder);
     });
 }
 
-void CloudDocLogic::rename(const QString &id, const QString &name)
+void CloudDocOperations::rename(const QString &id, const QString &name)
 {
     m_link->rename(id, name, [this](const CloudAnswer<CloudDocument> &answer) {
         if (!answer) {
-            Q_EMIT operationFailed(Operation::Rename, answer.problem, 1, answer.detail);
+            Q_EMIT failed(CloudOperation::Rename, answer.problem, 1, answer.detail);
             return;
         }
-        takePresent({answer.value});
-        Q_EMIT operationDone(Operation::Rename);
+        take(answer.value);
+        Q_EMIT done(CloudOperation::Rename);
     });
 }
 
 // The end never comes within the call, not even that of nothing. `target`: for the end to tell.
-void CloudDocLogic::inParts(
-    Operation operation, const QStringList &ids, const QString &target, const Step &step)
+void CloudDocOperations::inParts(
+    CloudOperation operation, const QStringList &ids, const QString &target, const Step &step)
 {
     if (!ids.isEmpty())
         nextPart(operation, ids, target, step, {});
@@ -71,7 +76,7 @@ void CloudDocLogic::inParts(
 }
 
 // `before` is what came of the parts before.
-void CloudDocLogic::nextPart(Operation operation, const QStringList &ids, const QString &target,
+void CloudDocOperations::nextPart(CloudOperation operation, const QStringList &ids, const QString &target,
     const Step &step, const CloudOutcome &before)
 {
     if (ids.isEmpty()) {
@@ -82,7 +87,7 @@ void CloudDocLogic::nextPart(Operation operation, const QStringList &ids, const 
         CloudOutcome outcome = before;
         append(outcome, answer.value);
         if (answer) {
-            take(answer.value);
+            Q_EMIT outcomeArrived(answer.value);
             nextPart(operation, ids.mid(LargestPart), target, step, outcome);
             return;
         }
@@ -95,21 +100,20 @@ void CloudDocLogic::nextPart(Operation operation, const QStringList &ids, const 
     });
 }
 
-void CloudDocLogic::take(const CloudOutcome &outcome)
+void CloudDocOperations::take(const CloudDocument &document)
 {
-    takePresent(outcome.documents);
-    takeGone(outcome.removed);
-    if (!outcome.transfers.isEmpty())
-        takeTransfers(outcome.transfers);
+    CloudOutcome outcome;
+    outcome.documents = {document};
+    Q_EMIT outcomeArrived(outcome);
 }
 
-void CloudDocLogic::end(Operation operation, const CloudOutcome &outcome, const QString &target)
+void CloudDocOperations::end(CloudOperation operation, const CloudOutcome &outcome, const QString &target)
 {
-    if (operation == Operation::Trash)
+    if (operation == CloudOperation::Trash)
         m_trashed = outcome.recycled; // of this one alone, however many were asked for meanwhile
-    if (operation == Operation::Trash && !outcome.removed.isEmpty())
+    if (operation == CloudOperation::Trash && !outcome.removed.isEmpty())
         Q_EMIT trashed(outcome.removed.size(), target);
-    if (operation == Operation::UndoTrash && !outcome.documents.isEmpty()) {
+    if (operation == CloudOperation::UndoTrash && !outcome.documents.isEmpty()) {
         QStringList ids;
         for (const CloudDocument &document : outcome.documents)
             ids.append(document.id);
@@ -118,35 +122,35 @@ void CloudDocLogic::end(Operation operation, const CloudOutcome &outcome, const 
     if (!outcome.transfers.isEmpty())
         Q_EMIT transfersStarted(outcome.transfers.size());
     if (outcome.failed > 0)
-        Q_EMIT operationFailed(operation, outcome.problem, outcome.failed, outcome.detail);
+        Q_EMIT failed(operation, outcome.problem, outcome.failed, outcome.detail);
     if (!outcome.conflicts.isEmpty())
         Q_EMIT conflictsFound(operation, outcome.conflicts, target);
     if (outcome.failed == 0 && outcome.conflicts.isEmpty())
-        Q_EMIT operationDone(operation);
+        Q_EMIT done(operation);
 }
 
-void CloudDocLogic::move(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
+void CloudDocOperations::move(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
 {
-    inParts(Operation::Move, ids, folderId,
+    inParts(CloudOperation::Move, ids, folderId,
         [=, this](const QStringList &part, const Then &then) { m_link->move(part, folderId, choice, then); });
 }
 
-void CloudDocLogic::copy(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
+void CloudDocOperations::copy(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
 {
-    inParts(Operation::Copy, ids, folderId,
+    inParts(CloudOperation::Copy, ids, folderId,
         [=, this](const QStringList &part, const Then &then) { m_link->copy(part, folderId, choice, then); });
 }
 
-void CloudDocLogic::trash(const QStringList &ids)
+void CloudDocOperations::trash(const QStringList &ids)
 {
     const CloudDocument *first = ids.isEmpty() ? nullptr : m_documents->find(ids.first());
-    inParts(Operation::Trash, ids, first ? first->name : QString(),
+    inParts(CloudOperation::Trash, ids, first ? first->name : QString(),
         [this](const QStringList &part, const Then &then) { m_link->remove(part, then); });
 }
 
-void CloudDocLogic::undoTrash()
+void CloudDocOperations::undoTrash()
 {
-    inParts(Operation::UndoTrash, std::exchange(m_trashed, {}), {},
+    inParts(CloudOperation::UndoTrash, std::exchange(m_trashed, {}), {},
         [this](const QStringList &part, const Then &then) {
             m_link->recover(part, [this, part, then](const CloudAnswer<CloudOutcome> &answer) {
                 if (answer.problem == CloudProblem::NotReached)
@@ -156,60 +160,45 @@ void CloudDocLogic::undoTrash()
         });
 }
 
-void CloudDocLogic::upload(const QStringList &localPaths, const QString &folderId, CloudNameChoice choice)
+void CloudDocOperations::upload(
+    const QStringList &localPaths, const QString &folderId, CloudNameChoice choice)
 {
-    const QString target = folderId.isEmpty() ? m_folder.id : folderId;
     QStringList paths;
     for (const QString &path : localPaths)
         paths.append(QDir::cleanPath(path)); // as the answer has it
-    inParts(Operation::Upload, paths, target,
-        [=, this](const QStringList &part, const Then &then) { m_link->upload(part, target, choice, then); });
+    inParts(CloudOperation::Upload, paths, folderId, [=, this](const QStringList &part, const Then &then) {
+        m_link->upload(part, folderId, choice, then);
+    });
 }
 
 // The answer names what has a taken name by its id only, and the user may be in another folder by then.
-void CloudDocLogic::download(const QStringList &ids, const QString &targetFolder, CloudNameChoice choice)
+void CloudDocOperations::download(const QStringList &ids, const QString &targetFolder, CloudNameChoice choice)
 {
     QHash<QString, QString> names;
     for (const QString &id : ids)
         if (const CloudDocument *document = m_documents->find(id))
             names.insert(id, document->name);
-    inParts(Operation::Download, ids, targetFolder, [=, this](const QStringList &part, const Then &then) {
-        m_link->download(part, targetFolder, choice, [=](CloudAnswer<CloudOutcome> answer) {
-            answer.value.conflicts = namedConflicts(answer.value.conflicts, names);
-            for (CloudConflict &conflict : answer.value.conflicts)
-                conflict.existing.localPath = QDir(targetFolder).filePath(conflict.name);
-            then(answer);
+    inParts(
+        CloudOperation::Download, ids, targetFolder, [=, this](const QStringList &part, const Then &then) {
+            m_link->download(part, targetFolder, choice, [=](CloudAnswer<CloudOutcome> answer) {
+                answer.value.conflicts = namedConflicts(answer.value.conflicts, names);
+                for (CloudConflict &conflict : answer.value.conflicts)
+                    conflict.existing.localPath = QDir(targetFolder).filePath(conflict.name);
+                then(answer);
+            });
         });
-    });
 }
 
-void CloudDocLogic::changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep step)
+void CloudDocOperations::changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep step)
 {
-    inParts(Operation::Transfer, ids, {}, [=, this](const QStringList &part, const Then &then) {
+    inParts(CloudOperation::Transfer, ids, {}, [=, this](const QStringList &part, const Then &then) {
         m_link->changeTransfers(part, step, [this, then](CloudAnswer<CloudOutcome> answer) {
-            // What is no document of a folder is not taken for one.
-            m_transfers->remove(std::exchange(answer.value.removed, {}));
-            takeTransfers(std::exchange(answer.value.transfers, {}));
+            // What is no document of a folder is not taken for one, and none of them was started now.
+            Q_EMIT transfersRemoved(std::exchange(answer.value.removed, {}));
+            CloudOutcome changed;
+            changed.transfers = std::exchange(answer.value.transfers, {});
+            Q_EMIT outcomeArrived(changed);
             then(answer);
         });
     });
-}
-
-void CloudDocLogic::cancelTransfers(const QStringList &ids)
-{
-    changeTransfers(ids, zel::clouddoc::TransferStep::Cancel);
-}
-
-void CloudDocLogic::retryTransfer(const QString &id)
-{
-    changeTransfers({id}, zel::clouddoc::TransferStep::TryAgain);
-}
-
-void CloudDocLogic::clearFinishedTransfers()
-{
-    QStringList ended;
-    for (int row = 0; row < m_transfers->rowCount(); ++row)
-        if (m_transfers->transfer(row).hasEnded())
-            ended.append(m_transfers->transfer(row).id);
-    changeTransfers(ended, zel::clouddoc::TransferStep::TakeOff);
 }
