@@ -108,7 +108,7 @@ void TestDialogs::oneFrame_data()
         {"delete", [] { return new DeleteFileDialog(QStringLiteral("a.odt"), 1); }},
         {"share", [] { return new ShareDialog(document()); }},
         {"roaming guide", [] { return new ZelBoxRecentFileGuideDialog; }},
-        {"conflict", [] { return new ConflictDialog(CloudDocLogic::Operation::Copy, conflicts()); }},
+        {"conflict", [] { return new ConflictDialog(CloudOperation::Copy, conflicts()); }},
         {"move",
             [this] {
                 return new MoveDialog(
