@@ -3,10 +3,10 @@
 // Prints a line for each page: title, first visit (-1: it is there from the start), median and worst of the
 // later ones, in ms.
 
+#include "app/pagelist.h"
 #include "app/zelboxapplication.h"
 #include "app/zelboxcore.h"
 #include "krt/krt.h"
-#include "mainwindow/pagelist.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
 
 #include <QElapsedTimer>
@@ -81,7 +81,7 @@ void measure(ZelBoxMainWindow *window, int visits)
 {
     PaintWait paint(window);
     paint.untilQuiet(StartQuietMs);
-    const QVector<zel::PageInfo> pages = zel::pageList();
+    const zel::PageList pages = zel::boxPages();
     QVector<double> first(pages.size(), -1);
     QVector<QVector<double>> later(pages.size());
     for (int visit = 0; visit <= visits; ++visit) {

@@ -2,7 +2,6 @@
 
 #include "app/zelboxcore.h"
 #include "krecentfile.h"
-#include "mainwindow/pagelist.h"
 #include "mainwindow/ui/kcentralwidget.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
 
@@ -43,9 +42,8 @@ void SelfTest::visitPages()
     if (!QFile::exists(QStringLiteral(":/icons/zelbox.svg")))
         return finish(QStringLiteral("the installation's pictures are missing"));
     ZelBoxMainWindow *window = m_core->mainWindow();
-    const int pages = int(zel::pageList().size());
     // From the last to the first, so that the box ends where a user starts.
-    for (int number = pages - 1; number >= 0; --number) {
+    for (int number = window->central()->pageCount() - 1; number >= 0; --number) {
         if (!window->selectPage(number) || window->grab().isNull())
             return finish(QStringLiteral("page %1 does not open").arg(number));
     }

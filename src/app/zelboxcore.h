@@ -59,6 +59,7 @@ public:
     void sendToBackground() override;
 
     // MainWindowHost
+    zel::PageList pages() override;
     void mainWindowFirstShown() override;
     ZelBoxCloudSvr *cloudService() override;
 

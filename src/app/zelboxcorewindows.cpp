@@ -4,6 +4,7 @@
 
 #include "app/desktopactivation.h"
 #include "app/memory.h"
+#include "app/pagelist.h"
 #include "app/ui/folderselectordlg.h"
 #include "app/ui/syncfolderdlg.h"
 #include "app/ui/zelboxexitdialog.h"
@@ -96,6 +97,11 @@ void ZelBoxCore::selectPage(int number)
 {
     ensureMainWindow()->selectPage(number);
     showMainWindow();
+}
+
+zel::PageList ZelBoxCore::pages()
+{
+    return zel::boxPages();
 }
 
 void ZelBoxCore::mainWindowFirstShown()

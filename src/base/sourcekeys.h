@@ -16,3 +16,10 @@ inline constexpr QLatin1String CloudDoc = latin1("CloudDoc");
 inline constexpr QLatin1String EmptyId = latin1("0");
 
 } // namespace zel::source
+
+/// What can be opened on a page by its name.
+namespace zel::place {
+
+inline constexpr QLatin1String Transfers = latin1("transfers"); ///< of the cloud documents
+
+} // namespace zel::place

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QString>
+#include "mainwindow/pageinfo.h"
 
 class ZelBoxCloudSvr;
 
@@ -8,6 +8,7 @@ class ZelBoxCloudSvr;
 class MainWindowHost
 {
 public:
+    virtual zel::PageList pages() = 0; ///< that the window has; asked once for each window
     /// The window was shown for the first time; told exactly once per window.
     virtual void mainWindowFirstShown() = 0;
     virtual void openSettings(const QString &page) = 0; ///< empty: where the user left them

@@ -4,7 +4,7 @@
 
 class QWidget;
 
-/// What a page can ask of the window around it. GUI thread.
+/// What a page can tell and ask the window around it. GUI thread. Each page has a host of its own.
 class BoxPageHost
 {
 public:
@@ -12,6 +12,11 @@ public:
     virtual void beginFinding(const QString &typed) = 0;
     /// Empties the search field, and with it the page's filter.
     virtual void clearFilter() = 0;
+    /// How much of the page the user has not seen: a number beside its name, else a red dot when
+    /// `redPointCount` is not 0, else nothing. Told at each change, from the start on none.
+    virtual void setUnread(int /*count*/, int /*redPointCount*/) { }
+    /// Opens a page of the settings ("cloud"); empty: where the user left them.
+    virtual void openSettings(const QString & /*settingsPage*/) { }
 
 protected:
     ~BoxPageHost() = default;
@@ -28,9 +33,15 @@ public:
     virtual QWidget *focusTarget() = 0;
     /// The keyboard leaves the search field: into the list, onto its first row or where it was.
     virtual void findEnded(bool toFirstRow) = 0;
-    virtual void setHost(BoxPageHost *) { } ///< told once, before the first show; outlives the page
-    virtual void pageShown() { }            ///< it has become the chosen page
-    virtual void pageHidden() { }           ///< another page was chosen
+    virtual void setHost(BoxPageHost *) { } ///< told once, before everything else; outlives the page
+    /// The box has come up, on the screen or hidden: what is to be listed or told from the start is loaded
+    /// now. Told once; a page that is made later hears it when it is made.
+    virtual void windowFirstShown() { }
+    virtual void windowReady() { } ///< the window stands on the screen; told once, after windowFirstShown()
+    virtual void pageShown() { }   ///< it has become the chosen page
+    virtual void pageHidden() { }  ///< another page was chosen
+    /// Opens what others know by name on this page (`base/sourcekeys.h`); false: it has nothing of this name.
+    virtual bool openPlace(const QString & /*place*/) { return false; }
     /// The box goes into the background: what can be made again cheaply is given back.
     virtual void releaseMemory() { }
 

@@ -28,25 +28,32 @@ ALLOWED = {
     "widgets": [PLATFORM, "base"],
     "lists": [PLATFORM, "base"],
     "lists/ui": [PLATFORM, "base", "widgets", "lists"],
-    "recentfile": [PLATFORM, "base", "cloud/wire", "lists"],
-    "recentfile/ui": [PLATFORM, "base", "widgets", "lists", "recentfile"],
-    "clouddoc": [PLATFORM, "base", "cloud/wire", "lists"],
-    "clouddoc/ui": [PLATFORM, "base", "widgets", "lists", "clouddoc"],
     "mainwindow": [PLATFORM, "base", "cloud/wire"],
-    "mainwindow/ui": [PLATFORM, "base", "widgets", "cloud", "lists", "mainwindow", "recentfile", "clouddoc"],
+    "mainwindow/ui": [PLATFORM, "base", "widgets", "cloud", "mainwindow"],
     "settings": [PLATFORM, "base", "cloud"],
     "settings/ui": [PLATFORM, "base", "cloud", "widgets", "recentfile/recentsettings.h", "settings"],
     "mini": [PLATFORM, "base"],
     "mini/ui": [PLATFORM, "base", "widgets", "lists", "recentfile", "mini"],
     "tray": [PLATFORM, "base"],
     "tray/ui": [PLATFORM, "base", "tray"],
-    "app": [PLATFORM, "base", "widgets", "lists", "cloud", "radar", "message", "settings", "mini", "tray", "mainwindow",
-        "recentfile"],
+    "app": [PLATFORM, "base", "widgets", "lists", "cloud", "radar", "message", "settings", "mini", "tray", "mainwindow"],
     "launcher": ["base/posix", "base/hostinterface.h"],
     "service": ["base", "cloud/wire"],
 }
 
+# Each page of the main window, and the app, which names them all.
+PAGE = [PLATFORM, "base", "cloud/wire", "lists"]
+PAGE_UI = [PLATFORM, "base", "widgets", "lists"]
+
 INCLUDE = re.compile(r'^\s*#include\s+["<]([^">]+)[">]')
+
+
+def add_pages(src):
+    pages = re.search(r"set\(ZEL_PAGES ([^)]*)\)", (src / "CMakeLists.txt").read_text(encoding="utf-8")).group(1).split()
+    for page in pages:
+        ALLOWED[page] = PAGE
+        ALLOWED[page + "/ui"] = [*PAGE_UI, page]
+    ALLOWED["app"] += pages
 
 
 def rule_for(folder):
@@ -73,6 +80,7 @@ def is_allowed(target, rule):
 
 def main(root):
     src = pathlib.Path(root) / "src"
+    add_pages(src)
     problems = 0
     for source in sorted(src.rglob("*")):
         if source.suffix not in (".h", ".cpp"):

@@ -12,7 +12,7 @@
 #include "mainwindow/ui/titlebar.h"
 #include "mainwindow/ui/windowtitlebuttons.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
-#include "recentfile/ui/recentfilewidget.h"
+#include "widgets/boxpage.h"
 #include "widgets/windowframe.h"
 
 #include <QAbstractButton>
@@ -22,14 +22,68 @@
 
 namespace {
 
+/// Notes what the window tells it.
+class FakePage final : public QWidget, public BoxPage
+{
+public:
+    FakePage(const QString &name, QStringList &heard, QWidget *parent)
+        : QWidget(parent), m_name(name), m_heard(heard)
+    {
+        setObjectName(name);
+    }
+
+    void setFilterText(const QString &text) override { hear(QLatin1String("filter ") + text); }
+    QWidget *focusTarget() override { return this; }
+    void findEnded(bool toFirstRow) override
+    {
+        hear(toFirstRow ? "first row" : "back");
+        setFocus();
+    }
+    void setHost(BoxPageHost *given) override { host = given; }
+    void windowFirstShown() override { hear("first shown"); }
+    void windowReady() override { hear("ready"); }
+    void pageShown() override { hear("chosen"); }
+    void pageHidden() override { hear("left"); }
+    bool openPlace(const QString &place) override
+    {
+        hear(QLatin1String("place ") + place);
+        return place == QLatin1String("here");
+    }
+    void releaseMemory() override { hear("release"); }
+
+    BoxPageHost *host = nullptr;
+
+private:
+    void hear(const QString &what) { m_heard << m_name + QStringLiteral(": ") + what; }
+    void hear(const char *what) { hear(QLatin1String(what)); }
+
+    QString m_name;
+    QStringList &m_heard;
+};
+
 class Host final : public MainWindowHost
 {
 public:
+    zel::PageList pages() override
+    {
+        const auto row = [this](const char *key, bool searchable) {
+            const QString name = QLatin1String(key);
+            const auto make = [this, name, searchable](KCloudSvrProxy *, QWidget *parent) {
+                if (!searchable)
+                    return zel::MadePage{new QWidget(parent), nullptr};
+                auto *page = new FakePage(name, heard, parent);
+                return zel::MadePage{page, page};
+            };
+            return zel::PageInfo{name, name, QStringLiteral(":/icons_svg/nav_recent.svg"), make};
+        };
+        return {row("One", true), row("Two", true), row("Plain", false)};
+    }
     void mainWindowFirstShown() override { ++firstShown; }
     void openSettings(const QString &page) override { settings << page; }
     void showExitDialog() override { ++exits; }
     ZelBoxCloudSvr *cloudService() override { return &cloud; }
 
+    QStringList heard; ///< by all pages
     int firstShown = 0;
     QStringList settings;
     int exits = 0;
@@ -72,7 +126,8 @@ private Q_SLOTS:
     void closeOnlyTells();
     void navigationByKeyboard();
     void searchBelongsToThePage();
-    void unreadOfAllPages();
+    void whatPagesHear();
+    void whatPagesTell();
     void edges_data();
     void edges();
 };
@@ -169,9 +224,9 @@ void TestMainWindow::navigationByKeyboard()
     ZelBoxMainWindow window(&host);
     show(window);
     KCentralWidget *central = window.central();
-    auto *recent = central->navigation()->findChild<QAbstractButton *>(QStringLiteral("page_RecentFile"));
-    recent->setFocus(Qt::TabFocusReason);
-    QTest::keyClick(recent, Qt::Key_Down);
+    auto *first = central->navigation()->findChild<QAbstractButton *>(QStringLiteral("page_One"));
+    first->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(first, Qt::Key_Down);
     QCOMPARE(central->currentPage(), 1);
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
     QCOMPARE(central->currentPage(), 0);
@@ -196,7 +251,7 @@ void TestMainWindow::searchBelongsToThePage()
     QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
     QVERIFY(search->hasFocus());
     QTest::keyClicks(search, QStringLiteral("plan"));
-    QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier); // the cloud documents
+    QTest::keyClick(&window, Qt::Key_2, Qt::ControlModifier);
     QCOMPARE(central->currentPage(), 1);
     QVERIFY(!search->hasFocus());
     QCOMPARE(search->text(), QString());
@@ -212,23 +267,52 @@ void TestMainWindow::searchBelongsToThePage()
     QTest::keyClick(search, Qt::Key_Escape);
     QVERIFY(!search->hasFocus());
     central->beginFinding({});
-    auto *other = central->navigation()->findChild<QAbstractButton *>(QStringLiteral("page_TeamFile"));
+    auto *other = central->navigation()->findChild<QAbstractButton *>(QStringLiteral("page_Plain"));
     QTest::mouseClick(other, Qt::LeftButton);
     QVERIFY(!central->titleBar()->isAncestorOf(QApplication::focusWidget()));
 }
 
-void TestMainWindow::unreadOfAllPages()
+void TestMainWindow::whatPagesHear()
 {
     Host host;
     ZelBoxMainWindow window(&host);
+    const auto heard = [&] { return std::exchange(host.heard, {}).join(QStringLiteral(", ")); };
+    window.startHidden();
+    QCOMPARE(heard(), QStringLiteral("One: chosen, One: first shown"));
+    window.selectPage(1);
+    QCOMPARE(heard(), QStringLiteral("Two: first shown, One: left, Two: chosen"));
+    show(window);
+    QTRY_COMPARE(host.heard.size(), 2);
+    QCOMPARE(heard(), QStringLiteral("One: ready, Two: ready"));
+    QVERIFY(window.selectPage(2));
+    QVERIFY(window.central()->selectPage(QStringLiteral("Two"), QStringLiteral("here")));
+    QVERIFY(!window.central()->selectPage(QStringLiteral("One"), QStringLiteral("there")));
+    QVERIFY(!window.central()->selectPage(QStringLiteral("None")));
+    QCOMPARE(heard(),
+        QStringLiteral("Two: left, Two: chosen, Two: place here, Two: left, One: chosen, One: place there"));
+    window.onStashProcessMemory();
+    QCOMPARE(heard(), QStringLiteral("One: release, Two: release"));
+}
+
+void TestMainWindow::whatPagesTell()
+{
+    Host host;
+    ZelBoxMainWindow window(&host);
+    window.selectPage(1);
     QSignalSpy perPage(&window, &ZelBoxMainWindow::sigMsgCountChanged);
     QSignalSpy together(&window, &ZelBoxMainWindow::unreadCountChanged);
-    Q_EMIT window.central()->recentPage()->recentFileUnreadMsgCount(3);
+    BoxPageHost *one = window.findChild<FakePage *>(QStringLiteral("One"))->host;
+    BoxPageHost *two = window.findChild<FakePage *>(QStringLiteral("Two"))->host;
+    one->setUnread(3, 1);
+    two->setUnread(200'000, 0);
+    one->setUnread(0, 1);
     QCOMPARE(perPage.takeFirst(), QVariantList({0, 3, 1}));
-    QCOMPARE(together.takeFirst(), QVariantList{3});
-    Q_EMIT window.central()->recentPage()->recentFileUnreadMsgCount(0);
-    QCOMPARE(perPage.takeFirst(), QVariantList({0, 0, 0}));
-    QCOMPARE(window.unreadCount(), 0);
+    QCOMPARE(perPage.takeFirst(), QVariantList({1, 99'999, 0}));
+    QCOMPARE(perPage.takeFirst(), QVariantList({0, 0, 1}));
+    QCOMPARE(together, QList<QVariantList>({{3}, {100'002}, {99'999}}));
+    QCOMPARE(window.unreadCount(), 99'999);
+    two->openSettings(QStringLiteral("cloud"));
+    QCOMPARE(host.settings, QStringList(QStringLiteral("cloud")));
 }
 
 void TestMainWindow::edges_data()

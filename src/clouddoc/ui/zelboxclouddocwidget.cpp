@@ -1,5 +1,6 @@
 #include "clouddoc/ui/zelboxclouddocwidget.h"
 
+#include "base/sourcekeys.h"
 #include "clouddoc/ui/clouddocactions.h"
 #include "clouddoc/ui/clouddocdelegate.h"
 #include "clouddoc/ui/clouddoclistview.h"
@@ -304,6 +305,14 @@ void ZelBoxCloudDocWidget::findEnded(bool toFirstRow)
     focusTarget()->setFocus(Qt::OtherFocusReason);
     if (toFirstRow && m_logic->documents()->rowCount() > 0)
         m_view->setCurrentIndex(m_logic->documents()->index(0));
+}
+
+bool ZelBoxCloudDocWidget::openPlace(const QString &place)
+{
+    if (place != zel::place::Transfers)
+        return false;
+    m_panel->setOpen(true);
+    return true;
 }
 
 void ZelBoxCloudDocWidget::showEvent(QShowEvent *event)

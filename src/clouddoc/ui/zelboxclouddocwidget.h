@@ -35,6 +35,7 @@ public:
     QWidget *focusTarget() override;
     void findEnded(bool toFirstRow) override;
     void setHost(BoxPageHost *host) override { m_host = host; }
+    bool openPlace(const QString &place) override;
 
 protected:
     void showEvent(QShowEvent *event) override;

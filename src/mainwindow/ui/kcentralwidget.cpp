@@ -1,38 +1,38 @@
 #include "mainwindow/ui/kcentralwidget.h"
 
-#include "base/sourcekeys.h"
 #include "cloud/cloudspace.h"
-#include "clouddoc/ui/transferpanel.h"
-#include "clouddoc/ui/zelboxclouddocwidget.h"
 #include "klitestyle.h"
 #include "kskin.h"
-#include "mainwindow/pagelist.h"
+#include "mainwindow/ui/hostedpage.h"
 #include "mainwindow/ui/navigationbar.h"
 #include "mainwindow/ui/searchbox.h"
 #include "mainwindow/ui/titlebar.h"
 #include "mainwindow/ui/zelboxspacebar.h"
-#include "recentfile/ui/recentfile.h"
-#include "recentfile/ui/recentfilewidget.h"
-#include "widgets/emptystate.h"
 #include "widgets/windowframe.h"
 
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+#include <algorithm>
+#include <numeric>
+#include <utility>
 
 namespace {
 constexpr int PageMargin = 24; // left of the text of every page
 }
 
-KCentralWidget::KCentralWidget(const QString &title, KCloudSvrProxy *cloud, QWidget *parent)
+KCentralWidget::KCentralWidget(
+    const QString &title, const zel::PageList &pages, KCloudSvrProxy *cloud, QWidget *parent)
     : QWidget(parent),
+      m_infos(pages),
       m_cloud(cloud),
       m_titleBar(new TitleBar(title, this)),
-      m_navigation(new NavigationBar(zel::pageList(), this)),
+      m_navigation(new NavigationBar(pages, this)),
       m_spaceBar(new ZelBoxSpaceBar(this)),
       m_space(new CloudSpace(cloud, this)),
-      m_stack(new QStackedWidget(this))
+      m_stack(new QStackedWidget(this)),
+      m_pages(pages.size())
 {
     m_navigation->setBottomWidget(m_spaceBar);
     m_titleBar->setSearchIndent(
@@ -51,80 +51,55 @@ KCentralWidget::KCentralWidget(const QString &title, KCloudSvrProxy *cloud, QWid
     connect(m_navigation, &NavigationBar::pageChosen, this, qOverload<int>(&KCentralWidget::selectPage));
     SearchBox *search = m_titleBar->searchBox();
     connect(search, &QLineEdit::textChanged, this, &KCentralWidget::onSearchTextChanged);
-    connect(search, &SearchBox::ended, this, [this](bool toFirstRow) {
-        if (BoxPage *page = m_pages.value(m_currentPage).page)
-            page->findEnded(toFirstRow);
-    });
+    connect(search, &SearchBox::ended, this,
+        [this](bool toFirstRow) { m_pages.at(m_currentPage)->findEnded(toFirstRow); });
     connect(m_space, &CloudSpace::changed, this, &KCentralWidget::updateSpace);
     updateSpace();
-    selectPage(zel::source::RecentFile);
+    selectPage(0);
 }
 
 bool KCentralWidget::selectPage(int number)
 {
     if (number == m_currentPage)
         return true;
-    if (number < 0 || number >= zel::pageList().size())
+    if (number < 0 || number >= pageCount())
         return false;
-    if (!m_pages.contains(number)) {
-        m_pages.insert(number, createPage(number));
-        m_stack->addWidget(m_pages.value(number).widget);
-    }
-    leavePage();
-    m_currentPage = number;
-    const Page page = m_pages.value(number);
+    HostedPage *chosen = page(number);
+    const int left = std::exchange(m_currentPage, number);
+    if (left >= 0)
+        m_pages.at(left)->setChosen(false);
     m_navigation->setCurrentPage(number);
     SearchBox *search = m_titleBar->searchBox();
     const bool searched = search->hasFocus();
-    search->setPage(page.page ? zel::pageList().at(number).title : QString());
-    search->setEnabled(page.page);
-    search->setText(page.filter);
-    m_stack->setCurrentWidget(page.widget);
-    if (page.page)
-        page.page->pageShown();
-    else if (searched)
+    search->setPage(chosen->isSearchable() ? m_infos.at(number).title : QString());
+    search->setEnabled(chosen->isSearchable());
+    search->setText(chosen->filter());
+    m_stack->setCurrentWidget(chosen->widget());
+    chosen->setChosen(true);
+    if (searched && !chosen->isSearchable())
         focusPage(); // not the button beside the field, which a space would press
     Q_EMIT currentPageChanged(number);
     return true;
 }
 
-void KCentralWidget::leavePage()
+bool KCentralWidget::selectPage(const QString &sourceKey, const QString &place)
 {
-    if (BoxPage *left = m_pages.value(m_currentPage).page)
-        left->pageHidden();
-}
-
-bool KCentralWidget::selectPage(const QString &sourceKey)
-{
-    return selectPage(zel::pageNumber(sourceKey));
+    const auto row = std::find_if(
+        m_infos.cbegin(), m_infos.cend(), [&](const zel::PageInfo &info) { return info.key == sourceKey; });
+    if (row == m_infos.cend() || !selectPage(int(row - m_infos.cbegin())))
+        return false;
+    return place.isEmpty() || m_pages.at(m_currentPage)->openPlace(place);
 }
 
 void KCentralWidget::stepPage(int by)
 {
-    const int count = zel::pageList().size();
-    selectPage((m_currentPage + by + count) % count);
+    selectPage((m_currentPage + by + pageCount()) % pageCount());
     focusPage();
-}
-
-void KCentralWidget::showTransfers()
-{
-    selectPage(zel::source::CloudDoc);
-    m_cloudDocuments->transferPanel()->setOpen(true);
 }
 
 void KCentralWidget::focusPage()
 {
-    const Page page = m_pages.value(m_currentPage);
-    QWidget *target = page.page ? page.page->focusTarget() : nullptr;
-    (target ? target : page.widget)->setFocus(Qt::OtherFocusReason);
-}
-
-void KCentralWidget::releaseMemory()
-{
-    for (const Page &page : qAsConst(m_pages)) {
-        if (page.page)
-            page.page->releaseMemory();
-    }
+    m_pages.at(m_currentPage)->takeFocus();
 }
 
 void KCentralWidget::beginFinding(const QString &typed)
@@ -132,41 +107,67 @@ void KCentralWidget::beginFinding(const QString &typed)
     m_titleBar->searchBox()->begin(typed);
 }
 
-void KCentralWidget::clearFilter()
+int KCentralWidget::unreadCount() const
 {
-    m_titleBar->searchBox()->clear();
+    return std::accumulate(m_pages.cbegin(), m_pages.cend(), 0,
+        [](int sum, const HostedPage *each) { return sum + (each ? each->unreadCount() : 0); });
+}
+
+void KCentralWidget::forEachMade(void (HostedPage::*tell)()) const
+{
+    for (HostedPage *each : m_pages) {
+        if (each)
+            (each->*tell)();
+    }
+}
+
+void KCentralWidget::startPages()
+{
+    if (!std::exchange(m_started, true))
+        forEachMade(&HostedPage::start);
+}
+
+void KCentralWidget::tellReady()
+{
+    startPages();
+    if (!std::exchange(m_ready, true))
+        forEachMade(&HostedPage::tellReady);
+}
+
+void KCentralWidget::releaseMemory()
+{
+    forEachMade(&HostedPage::releaseMemory);
 }
 
 void KCentralWidget::onSearchTextChanged(const QString &text)
 {
-    const auto page = m_pages.find(m_currentPage);
-    if (page == m_pages.end() || !page->page)
-        return;
-    page->filter = text;
-    page->page->setFilterText(text);
+    if (m_currentPage >= 0)
+        m_pages.at(m_currentPage)->setFilter(text);
 }
 
-KCentralWidget::Page KCentralWidget::createPage(int number)
+HostedPage *KCentralWidget::page(int number)
 {
-    const zel::PageInfo info = zel::pageList().at(number);
-    Page page;
-    if (info.key == zel::source::RecentFile) {
-        ZelBoxRecentFile::Services services;
-        services.cloud = m_cloud;
-        m_recent = (new ZelBoxRecentFile(services, m_stack, this))->page();
-        page.widget = m_recent;
-        page.page = m_recent;
-    } else if (info.key == zel::source::CloudDoc) {
-        m_cloudDocuments = new ZelBoxCloudDocWidget(m_cloud, m_stack);
-        page.widget = m_cloudDocuments;
-        page.page = m_cloudDocuments;
-    } else {
-        page.widget = new EmptyStateWidget(info.illustration, info.title, info.explanation, m_stack);
-    }
-    page.widget->setAccessibleName(info.title);
-    if (page.page)
-        page.page->setHost(this);
-    return page;
+    if (!m_pages.at(number))
+        makePage(number);
+    return m_pages.at(number);
+}
+
+void KCentralWidget::makePage(int number)
+{
+    const zel::PageInfo &info = m_infos.at(number);
+    auto *made = new HostedPage(info.make(m_cloud, m_stack), this);
+    m_pages[number] = made;
+    made->widget()->setAccessibleName(info.title);
+    m_stack->addWidget(made->widget());
+    connect(made, &HostedPage::findingBegun, this, &KCentralWidget::beginFinding);
+    connect(made, &HostedPage::filterCleared, m_titleBar->searchBox(), &QLineEdit::clear);
+    connect(made, &HostedPage::settingsRequested, this, &KCentralWidget::settingsRequested);
+    connect(made, &HostedPage::unreadChanged, this,
+        [this, number](int count, int redPointCount) { Q_EMIT unreadChanged(number, count, redPointCount); });
+    if (m_started)
+        made->start();
+    if (m_ready)
+        made->tellReady();
 }
 
 void KCentralWidget::updateSpace()

@@ -114,7 +114,7 @@ void NavigationButton::paintBadge(QPainter &painter) const
     painter.drawText(pill, Qt::AlignCenter, number);
 }
 
-NavigationBar::NavigationBar(const QVector<zel::PageInfo> &pages, QWidget *parent) : QWidget(parent)
+NavigationBar::NavigationBar(const zel::PageList &pages, QWidget *parent) : QWidget(parent)
 {
     setAccessibleName(tr("Pages"));
     setFixedWidth(KLiteStyle::dpiScaled(184));

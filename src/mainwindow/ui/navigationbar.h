@@ -1,8 +1,7 @@
 #pragma once
 
-#include "mainwindow/pagelist.h"
+#include "mainwindow/pageinfo.h"
 
-#include <QHash>
 #include <QWidget>
 
 class NavigationButton;
@@ -13,7 +12,7 @@ class NavigationBar : public QWidget
 {
     Q_OBJECT
 public:
-    explicit NavigationBar(const QVector<zel::PageInfo> &pages, QWidget *parent = nullptr);
+    explicit NavigationBar(const zel::PageList &pages, QWidget *parent = nullptr);
 
     void setBottomWidget(QWidget *widget);                   ///< takes it over; stands under the list
     void setCurrentPage(int number);                         ///< shows it as chosen; emits nothing

@@ -2,13 +2,11 @@
 
 #include "base/logging.h"
 #include "base/settingskeys.h"
-#include "base/sourcekeys.h"
 #include "cloud/zelboxcloudsvr.h"
 #include "kdcinfoc.h"
 #include "klitestyle.h"
 #include "ksettings.h"
 #include "mainwindow/mainwindowhost.h"
-#include "mainwindow/pagelist.h"
 #include "mainwindow/ui/kcentralwidget.h"
 #include "mainwindow/ui/navigationbar.h"
 #include "mainwindow/ui/titlebar.h"
@@ -16,7 +14,6 @@
 #include "mainwindow/ui/zelboxmainwindowmenu.h"
 #include "mainwindow/ui/zelboxspacebar.h"
 #include "mainwindow/windowgeometry.h"
-#include "recentfile/ui/recentfilewidget.h"
 #include "widgets/shortcuts.h"
 #include "widgets/windowframe.h"
 
@@ -25,19 +22,14 @@
 #include <QMenu>
 #include <QScreen>
 #include <QWindow>
-#include <numeric>
 #include <utility>
-
-namespace {
-constexpr quint64 MostUnread = 99999;
-}
 
 ZelBoxMainWindow::ZelBoxMainWindow(MainWindowHost *host, QWidget *parent)
     : QMainWindow(parent,
         Qt::Window | Qt::FramelessWindowHint | Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint
             | Qt::WindowCloseButtonHint),
       m_host(host),
-      m_central(new KCentralWidget(QStringLiteral("ZEL Box"), host->cloudService(), this)),
+      m_central(new KCentralWidget(QStringLiteral("ZEL Box"), host->pages(), host->cloudService(), this)),
       m_showSource(QStringLiteral("normal"))
 {
     setWindowTitle(QStringLiteral("ZEL Box"));
@@ -53,23 +45,20 @@ ZelBoxMainWindow::ZelBoxMainWindow(MainWindowHost *host, QWidget *parent)
     connect(this, &ZelBoxMainWindow::windowReadyToShow, this, &ZelBoxMainWindow::onWindowReadyToShow);
     connect(this, &ZelBoxMainWindow::windowTitleClicked, this, &ZelBoxMainWindow::onWindowTitleClicked);
     connect(this, &ZelBoxMainWindow::sigMsgCountChanged, m_central->navigation(), &NavigationBar::setBadge);
-    connect(m_central->recentPage(), &ZelBoxRecentFileWidgetBase::sigSettingsWanted, this,
-        [this] { m_host->openSettings(QStringLiteral("cloud")); });
-    connect(m_central->recentPage(), &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount, this,
-        [this](quint64 count) { tellUnread(zel::pageNumber(zel::source::RecentFile), count); });
+    connect(m_central, &KCentralWidget::unreadChanged, this, &ZelBoxMainWindow::tellUnread);
+    connect(m_central, &KCentralWidget::settingsRequested, this,
+        [this](const QString &page) { m_host->openSettings(page); });
 }
 
-void ZelBoxMainWindow::tellUnread(int page, quint64 count)
+void ZelBoxMainWindow::tellUnread(int page, int count, int redPointCount)
 {
-    const int shown = int(qMin<quint64>(count, MostUnread));
-    m_unread[page] = shown;
-    Q_EMIT sigMsgCountChanged(page, shown, shown > 0 ? 1 : 0);
+    Q_EMIT sigMsgCountChanged(page, count, redPointCount);
     Q_EMIT unreadCountChanged(unreadCount());
 }
 
 int ZelBoxMainWindow::unreadCount() const
 {
-    return std::accumulate(m_unread.cbegin(), m_unread.cend(), 0);
+    return m_central->unreadCount();
 }
 
 void ZelBoxMainWindow::connectTitleBar()
@@ -103,8 +92,7 @@ void ZelBoxMainWindow::makeShortcuts()
     make(QStringLiteral("window.close"), [this] { onCloseBtnClicked(); });
     make(QStringLiteral("window.menu"), [this] { showMenu(); });
     make(QStringLiteral("window.search"), [this] { m_central->beginFinding({}); });
-    const int pages = zel::pageList().size();
-    for (int page = 0; page < pages; ++page) {
+    for (int page = 0; page < m_central->pageCount(); ++page) {
         make(QStringLiteral("page.%1").arg(page + 1), [this, page] {
             m_central->selectPage(page);
             m_central->focusPage();
@@ -125,8 +113,7 @@ void ZelBoxMainWindow::showMenu()
     if (!m_menu) {
         m_menu = new ZelBoxMainWindowMenu(m_host, m_central->cloudSpace(), this);
         connect(m_menu, &ZelBoxMainWindowMenu::pageRequested, m_central,
-            qOverload<const QString &>(&KCentralWidget::selectPage));
-        connect(m_menu, &ZelBoxMainWindowMenu::transfersRequested, m_central, &KCentralWidget::showTransfers);
+            qOverload<const QString &, const QString &>(&KCentralWidget::selectPage));
         connect(this, &ZelBoxMainWindow::closePopupWindow, m_menu, &QMenu::close);
     }
     QWidget *button = m_central->titleBar()->menuButton();
@@ -221,7 +208,7 @@ void ZelBoxMainWindow::continueFrom(const ZelBoxMainWindow &old)
 
 void ZelBoxMainWindow::startHidden()
 {
-    m_central->recentPage()->onWindowFirstShown();
+    m_central->startPages();
 }
 
 void ZelBoxMainWindow::showToFront()
@@ -282,8 +269,7 @@ void ZelBoxMainWindow::onAppAboutToQuit()
 
 void ZelBoxMainWindow::onWindowReadyToShow()
 {
-    m_central->recentPage()->onWindowFirstShown();
-    m_central->recentPage()->onWindowReadyToShow();
+    m_central->tellReady();
     // The page, not the header, is where the keyboard starts.
     if (!focusWidget() || m_central->titleBar()->isAncestorOf(focusWidget()))
         m_central->focusPage();

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QHash>
 #include <QMainWindow>
 
 class KCentralWidget;
@@ -28,7 +27,7 @@ public:
     /// Takes the place of `old` on its screen, in its state and on its page, before the first show. What that
     /// one has reported is not reported again.
     void continueFrom(const ZelBoxMainWindow &old);
-    /// Loads what is to be told without a window (unread counts); the first show is still to come.
+    /// The pages load what is to be told without a window (unread counts); the first show is still to come.
     void startHidden();
 
     int unreadCount() const;     ///< of all pages
@@ -77,7 +76,7 @@ private:
     void makeShortcuts();
     void showMenu();
     void showWindowMenu(const QPoint &globalPos);
-    void tellUnread(int page, quint64 count);
+    void tellUnread(int page, int count, int redPointCount);
     QRect normalRect() const;
     void forgetRestoredRect();
 
@@ -88,7 +87,6 @@ private:
     /// What was restored, until the window has been on the screen in its normal state: before the first show
     /// the window system knows no normal geometry, and a window that opens maximised has none at all.
     QRect m_restoredRect;
-    QHash<int, int> m_unread; ///< by page
     bool m_firstShown = false;
     bool m_reportsFirstShow = true; ///< until it has been reported
 };

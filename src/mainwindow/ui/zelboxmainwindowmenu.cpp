@@ -65,7 +65,7 @@ void ZelBoxMainWindowMenu::addServerEntries()
 
 void ZelBoxMainWindowMenu::onCloudDiskAction()
 {
-    Q_EMIT pageRequested(zel::source::CloudDoc);
+    Q_EMIT pageRequested(zel::source::CloudDoc, QString());
 }
 
 void ZelBoxMainWindowMenu::onCloudWebsiteAction()
@@ -75,7 +75,7 @@ void ZelBoxMainWindowMenu::onCloudWebsiteAction()
 
 void ZelBoxMainWindowMenu::onTransferDetailAction()
 {
-    Q_EMIT transfersRequested();
+    Q_EMIT pageRequested(zel::source::CloudDoc, zel::place::Transfers);
 }
 
 void ZelBoxMainWindowMenu::onUpgradeVipAction()

@@ -25,8 +25,7 @@ public Q_SLOTS:
     void onUserVipInfoUpdate();
 
 Q_SIGNALS:
-    void pageRequested(const QString &sourceKey);
-    void transfersRequested();
+    void pageRequested(const QString &sourceKey, const QString &place); ///< empty: the page as it is
 
 private:
     QAction *add(const char *icon, const QString &text, void (ZelBoxMainWindowMenu::*slot)());

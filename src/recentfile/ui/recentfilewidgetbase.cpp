@@ -193,6 +193,15 @@ void ZelBoxRecentFileWidgetBase::setFilterText(const QString &text)
         applyFilter();
 }
 
+void ZelBoxRecentFileWidgetBase::setHost(BoxPageHost *host)
+{
+    m_host = host;
+    connect(this, &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount, this,
+        [host](quint64 count) { host->setUnread(int(qMin<quint64>(count, INT_MAX)), count > 0 ? 1 : 0); });
+    connect(this, &ZelBoxRecentFileWidgetBase::sigSettingsWanted, this,
+        [host] { host->openSettings(QStringLiteral("cloud")); });
+}
+
 QWidget *ZelBoxRecentFileWidgetBase::focusTarget()
 {
     return m_states->currentWidget();

@@ -42,7 +42,9 @@ public:
     void setFilterText(const QString &text) override;
     QWidget *focusTarget() override;
     void findEnded(bool toFirstRow) override;
-    void setHost(BoxPageHost *host) override { m_host = host; }
+    void setHost(BoxPageHost *host) override;
+    void windowFirstShown() override { onWindowFirstShown(); }
+    void windowReady() override { onWindowReadyToShow(); }
 
 Q_SIGNALS:
     void recentFileUnreadMsgCount(quint64 count); ///< 0 while the user does not want to be reminded

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <QVector>
+#include <functional>
+
+class BoxPage;
+class KCloudSvrProxy;
+class QWidget;
+
+/// What the main window knows of a page before somebody visits it.
+namespace zel {
+
+/// A page as it was made.
+struct MadePage
+{
+    QWidget *widget = nullptr; ///< owned by the parent that it was made with
+    BoxPage *page = nullptr;   ///< owned by `widget`; null: nothing on it can be searched or told
+};
+
+struct PageInfo
+{
+    QString key;   ///< source key
+    QString title; ///< translated
+    QString icon;  ///< line icon resource
+    /// Makes the page on its first visit; `cloud` is not owned and may be null.
+    std::function<MadePage(KCloudSvrProxy *cloud, QWidget *parent)> make;
+};
+
+/// In the order of their numbers (the command line's "tab"). The first is made with the window.
+using PageList = QVector<PageInfo>;
+
+} // namespace zel
