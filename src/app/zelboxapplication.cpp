@@ -19,6 +19,11 @@ ZelBoxApplicationIndependentProcesses::~ZelBoxApplicationIndependentProcesses()
         m_core->takeDown();
 }
 
+bool ZelBoxApplicationIndependentProcesses::isRunning()
+{
+    return qobject_cast<ZelBoxApplicationIndependentProcesses *>(qApp);
+}
+
 bool ZelBoxApplicationIndependentProcesses::start(const QString &cmdline)
 {
     if (!m_core)

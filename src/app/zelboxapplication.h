@@ -18,6 +18,8 @@ public:
     ZelBoxApplicationIndependentProcesses(int &argc, char **argv);
     ~ZelBoxApplicationIndependentProcesses() override;
 
+    static bool isRunning(); ///< false: the box is a guest in a host's process
+
     /// Starts the core; true when the caller is to run the event loop.
     bool start(const QString &cmdline);
 

@@ -1,9 +1,18 @@
 #include "app/zelboxcore.h"
 
+#include "app/backgroundmode.h"
+#include "app/boxlook.h"
+#include "app/boxpresence.h"
+#include "app/boxwindows.h"
 #include "app/commanddispatcher.h"
 #include "app/commandline.h"
-#include "app/desktopactivation.h"
+#include "app/memory.h"
+#include "app/pagelist.h"
 #include "app/selftest.h"
+#include "app/ui/folderselectordlg.h"
+#include "app/ui/syncfolderdlg.h"
+#include "app/ui/zelboxexitdialog.h"
+#include "app/zelboxapplication.h"
 #include "app/zelboxiconthememgr.h"
 #include "app/zelboxipc.h"
 #include "base/logging.h"
@@ -11,8 +20,8 @@
 #include "cloud/zelboxcloudsvr.h"
 #include "kcefloadingprogressdlg.h"
 #include "kcoreapplication.h"
+#include "kdcinfoc.h"
 #include "kfileiconprovider.h"
-#include "kliteskin.h"
 #include "klitestyle.h"
 #include "krecentfile.h"
 #include "krt/kapptranslators.h"
@@ -24,11 +33,12 @@
 #include "mini/ui/zelboxminiwidget.h"
 #include "mini/ui/zelboxminiwindow.h"
 #include "settings/ui/kzelboxcloudsettingsdlg.h"
-#include "tray/ui/zelboxtray.h"
 
 #include <QApplication>
-#include <QDialog>
-#include <QLibrary>
+#include <QTimer>
+#include <chrono>
+
+using namespace std::chrono_literals;
 
 namespace {
 
@@ -36,22 +46,13 @@ namespace {
 bool s_coreDestroyed = false;
 
 constexpr int EngineReady = 1;
+constexpr auto StashDelay = 200ms;
+constexpr auto MiniShowEventDelay = 2000ms;
 
 void takeDownCore()
 {
     if (!s_coreDestroyed)
         ZelBoxCore::instance()->takeDown();
-}
-
-QStringList resourceDirs()
-{
-    QStringList dirs;
-    for (const QString &root :
-        {krt::dirs::office(), krt::dirs::officeHome(), krt::dirs::localHalvornHome()}) {
-        if (!root.isEmpty())
-            dirs.append(root + QStringLiteral("/res/2019zelbox"));
-    }
-    return dirs;
 }
 
 } // namespace
@@ -72,14 +73,40 @@ ZelBoxCore::ZelBoxCore(ZelBoxCloudSvr *cloudService)
     : m_skin(new KSkin(this)),
       m_name(QStringLiteral("ZelBox")),
       m_cloudService(cloudService),
-      m_clientProxy(new ZelBoxClientSvrProxy(this))
+      m_windows(new BoxWindows(*this, *this, m_skin, this)),
+      m_clientProxy(new ZelBoxClientSvrProxy(this)),
+      m_presence(new BoxPresence(*this, this)),
+      m_background(new BackgroundMode(*this, *m_presence, this))
 {
     connect(ZelBoxIpc::instance(), &ZelBoxIpc::ipcTransmission, this, &ZelBoxCore::onIpcTransmission);
     connect(this, &ZelBoxCore::firstMainWindowShown, this, &ZelBoxCore::onFirstMainWindowShown);
     connect(m_clientProxy, &ZelBoxClientSvrProxy::activateRequested, this, &ZelBoxCore::showMainWindow);
     // Sizes are set when windows are made, so they are made anew; queued, because one of them may be asking.
     connect(m_skin, &KSkin::metricsChanged, this, &ZelBoxCore::remakeWindows, Qt::QueuedConnection);
+    connectWindows();
     ZelBoxCore::cloudService();
+}
+
+void ZelBoxCore::connectWindows()
+{
+    connect(m_windows, &BoxWindows::mainWindowMade, this, &ZelBoxCore::onMainWindowMade);
+    connect(m_windows, &BoxWindows::miniWidgetMade, this, [this](ZelBoxMiniWidget *widget) {
+        connect(
+            widget, &ZelBoxMiniWidget::sigMiniWindowAboutToHide, this, &ZelBoxCore::sigMiniWindowAboutToHide);
+    });
+    connect(m_windows, &BoxWindows::languageChosen, this, &ZelBoxCore::onLanguageChosen);
+    connect(m_windows, &BoxWindows::remade, m_presence, &BoxPresence::remakeTray);
+    connect(m_background, &BackgroundMode::entered, this, &ZelBoxCore::onBackgroundEntered);
+}
+
+void ZelBoxCore::onMainWindowMade(ZelBoxMainWindow *window)
+{
+    connect(window, &ZelBoxMainWindow::windowClose, m_clientProxy, &ZelBoxClientSvrProxy::onWindowClose);
+    connect(
+        window, &ZelBoxMainWindow::windowShowToFront, m_clientProxy, &ZelBoxClientSvrProxy::onWindowOpened);
+    connect(window, &ZelBoxMainWindow::unreadCountChanged, m_presence, &BoxPresence::setUnread);
+    m_presence->setUnread(window->unreadCount());
+    m_background->setWindow(window);
 }
 
 void ZelBoxCore::followApplication()
@@ -97,22 +124,15 @@ ZelBoxCore::~ZelBoxCore()
     s_coreDestroyed = true;
     // The windows are gone by now, unless exit() was called from inside the loop (Qt does when it loses the
     // display): then they are in use further up the stack and only what the user would miss is saved.
-    if (QCoreApplication::instance() && m_mainWindow)
-        m_mainWindow->saveWindowState();
+    if (QCoreApplication::instance() && mainWindow())
+        mainWindow()->saveWindowState();
 }
 
 void ZelBoxCore::takeDown()
 {
-    delete std::exchange(m_activation, nullptr);
-    delete std::exchange(m_tray, nullptr);
-    for (const QPointer<QDialog> &dialog : qExchange(m_dialogs, {}))
-        delete dialog;
-    delete m_settings;
-    delete m_miniWidget;
-    delete m_miniWindow;
-    if (m_mainWindow)
-        m_mainWindow->onAppAboutToQuit();
-    delete m_mainWindow;
+    m_presence->stop();
+    m_dialogs.takeDown();
+    m_windows->takeDown();
     UninitRecentFile();
     if (qExchange(m_translated, false))
         krt::KAppTranslators::uninstallTranslation(krt::applicationName());
@@ -133,7 +153,7 @@ bool ZelBoxCore::init(const QString &cmdline)
 {
     followApplication();
     cloudService();
-    describeLook();
+    zel::describeLook();
     ensureTranslated();
     QApplication::setFont(KLiteStyle::applicationFont());
     loadIcons();
@@ -148,18 +168,6 @@ bool ZelBoxCore::init(const QString &cmdline)
     return openFirstWindow();
 }
 
-void ZelBoxCore::describeLook()
-{
-    KLitOfficeInfo info;
-    info.resourceDirs = resourceDirs();
-    info.skinDescription = QStringLiteral("res/2019zelbox/zelbox.kuip");
-    info.productName = krt::productName();
-    info.organization = krt::organization();
-    info.productVersion = krt::productVersion();
-    KLiteSkin::setOfficeInfo(info);
-    KLiteSkin::setDefaultBaseSkinInfo(KLiteSkinInfo());
-}
-
 // Again after takeDown(), when a host sends the next command.
 void ZelBoxCore::ensureTranslated()
 {
@@ -169,10 +177,7 @@ void ZelBoxCore::ensureTranslated()
 
 void ZelBoxCore::loadIcons()
 {
-    // A skin may bring code of its own; ours does not, so there is usually nothing to load.
-    const QString skinLibrary = KLiteSkin::resourcePath(QStringLiteral("libzelboxres.so"));
-    if (!skinLibrary.isEmpty())
-        QLibrary(skinLibrary).load();
+    zel::loadSkinLibrary();
     if (!m_iconTheme)
         m_iconTheme = new ZelBoxIconThemeMgr(this);
     KFileIconProvider::instance()->initIconItems(m_iconTheme->fileIconSet());
@@ -189,14 +194,14 @@ bool ZelBoxCore::openFirstWindow()
 {
     if (!waitForWebEngine())
         return false;
-    ZelBoxMainWindow *window = ensureMainWindow();
+    ZelBoxMainWindow *window = m_windows->ensureMainWindow();
     SelfTest::startIfAsked(this);
     const CommandLine command = parseCommandLine(m_pendingCommandLine);
     if (const QString source = command.value(QStringLiteral("from")); !source.isEmpty())
         window->setShowSource(source);
     if (startsInBackground(command)) {
         window->startHidden();
-        startPresence();
+        m_presence->start();
         cloudService()->onFirstMainWindowShown();
     } else {
         window->show();
@@ -219,7 +224,7 @@ void ZelBoxCore::dispatch(const QString &commandLine, bool isFirst)
     first = true;
     const CommandLine command = parseCommandLine(commandLine);
     if (!isFirst && startsInBackground(command))
-        startPresence(); // the bus does not know that the box is there
+        m_presence->start(); // the bus does not know that the box is there
     dispatchCommand(command, isFirst, *this);
 }
 
@@ -232,4 +237,164 @@ void ZelBoxCore::onIpcTransmission(const QString &key, const QString &value)
         return;
     const StartupNotice notice(std::exchange(m_startupToken, {}));
     dispatch(value, false);
+}
+
+ZelBoxMainWindow *ZelBoxCore::mainWindow() const
+{
+    return m_windows->mainWindow();
+}
+
+zel::PageList ZelBoxCore::pages()
+{
+    return zel::boxPages();
+}
+
+void ZelBoxCore::mainWindowFirstShown()
+{
+    m_clientProxy->onWindowOpened();
+    Q_EMIT firstMainWindowShown();
+}
+
+void ZelBoxCore::onFirstMainWindowShown()
+{
+    m_presence->start();
+}
+
+void ZelBoxCore::showMainWindow()
+{
+    const bool existed = mainWindow();
+    ZelBoxMainWindow *window = m_windows->ensureMainWindow();
+    if (existed && window->isVisible())
+        window->saveWindowState();
+    window->showToFront();
+}
+
+void ZelBoxCore::selectPage(int number)
+{
+    m_windows->ensureMainWindow()->selectPage(number);
+    showMainWindow();
+}
+
+void ZelBoxCore::showMiniWindow(const QString &startFrom)
+{
+    m_startFrom = startFrom;
+    const bool existed = m_windows->miniWindow();
+    ZelBoxMiniWindow *window = m_windows->ensureMiniWindow();
+    if (!existed) {
+        connect(window, &ZelBoxMiniWindow::sigMiniWindowFirstShow, this, &ZelBoxCore::firstMiniWindowShown);
+        QTimer::singleShot(MiniShowEventDelay, this, &ZelBoxCore::onSendMiniWindowShowEvent);
+    }
+    window->showToFront();
+}
+
+void ZelBoxCore::onSendMiniWindowShowEvent()
+{
+    KDcInfoC::postGeneralEvent(
+        QStringLiteral("zelbox_miniwidget_show"), {{QStringLiteral("start_from"), m_startFrom}});
+}
+
+void ZelBoxCore::showMiniWidget(bool asMainBox)
+{
+    ZelBoxMiniWidget *widget = m_windows->ensureMiniWidget();
+    widget->setStartMode(asMainBox ? QStringLiteral("mainbox") : QStringLiteral("miniwidget"));
+    if (asMainBox) {
+        if (mainWindow())
+            widget->centerOn(mainWindow()->geometry());
+        return;
+    }
+    widget->clearPendingHide();
+    widget->showWithFocus();
+}
+
+void ZelBoxCore::openSettings(const QString &parameter)
+{
+    KZelBoxCloudSettingsDlg *settings = m_windows->ensureSettings();
+    OpenDialogs::bringToFront(settings);
+    if (!parameter.isEmpty())
+        settings->setParameter(parameter);
+}
+
+void ZelBoxCore::openFolderSelector()
+{
+    m_dialogs.present<FolderSelectorDlg>();
+}
+
+void ZelBoxCore::openSyncFolder(const QString &parameter)
+{
+    m_dialogs.present<SyncFolderDlg>()->setParameter(parameter);
+}
+
+void ZelBoxCore::showExitDialog()
+{
+    m_dialogs.present<ZelBoxExitDialog>([this](ZelBoxExitDialog *dialog) {
+        connect(dialog, &ZelBoxExitDialog::exitChosen, this, &ZelBoxCore::quitLater);
+        connect(dialog, &ZelBoxExitDialog::backgroundChosen, m_background, &BackgroundMode::leaveScreen);
+        connect(dialog, &QDialog::rejected, m_clientProxy, &ZelBoxClientSvrProxy::onWindowOpened);
+    });
+}
+
+void ZelBoxCore::sendToBackground()
+{
+    m_background->enter();
+}
+
+void ZelBoxCore::onBackgroundEntered()
+{
+    m_clientProxy->onWindowClose();
+    QTimer::singleShot(StashDelay, this, &ZelBoxCore::onStashProcessMemory);
+}
+
+void ZelBoxCore::onStashProcessMemory()
+{
+    // Shown again in the meantime: what would be given back is in use.
+    if (!mainWindow() || mainWindow()->isVisible())
+        return;
+    mainWindow()->onStashProcessMemory();
+    zel::memory::giveBack();
+}
+
+void ZelBoxCore::setStartOrigin(StartOrigin origin)
+{
+    qCInfo(lcApp, "asked for by %s", origin == StartOrigin::Tray ? "the tray icon" : "a desktop shortcut");
+}
+
+void ZelBoxCore::setTrayState(const QString &state)
+{
+    m_presence->setTrayState(state);
+}
+
+void ZelBoxCore::onLanguageChosen()
+{
+    krt::KAppTranslators::uninstallTranslation(krt::applicationName());
+    krt::KAppTranslators::installTranslation(krt::applicationName());
+    // The chooser is one of the windows that go.
+    QMetaObject::invokeMethod(this, &ZelBoxCore::remakeWindows, Qt::QueuedConnection);
+}
+
+void ZelBoxCore::remakeWindows()
+{
+    m_windows->remake();
+}
+
+void ZelBoxCore::quitLater()
+{
+    // As a guest, the loop is the host's: only the box's own windows go.
+    const bool ownProcess = ZelBoxApplicationIndependentProcesses::isRunning();
+    if (ownProcess)
+        ZelBoxIpc::instance()->setLeaving(true);
+    QTimer::singleShot(0, this, [this, ownProcess] {
+        if (ownProcess)
+            QCoreApplication::quit();
+        else
+            leaveHost();
+    });
+}
+
+void ZelBoxCore::leaveHost()
+{
+    if (QObject *drag = m_windows->runningDrag())
+        connect(drag, &QObject::destroyed, this, &ZelBoxCore::leaveHost,
+            Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
+    else
+        takeDown();
 }

@@ -1,27 +1,25 @@
 #pragma once
 
 #include "app/commandtarget.h"
+#include "app/opendialogs.h"
 #include "app/startupnotice.h"
 #include "mainwindow/mainwindowhost.h"
 
 #include <QObject>
 #include <QPointer>
 
-class DesktopActivation;
+class BackgroundMode;
+class BoxPresence;
+class BoxWindows;
 class KSkin;
-class KZelBoxCloudSettingsDlg;
-class QDialog;
-class SelfTest;
 class ZelBoxClientSvrProxy;
 class ZelBoxCloudSvr;
 class ZelBoxIconThemeMgr;
 class ZelBoxMainWindow;
-class ZelBoxMiniWidget;
-class ZelBoxMiniWindow;
-class ZelBoxTray;
 
-/// The process-wide core object: owns the top-level windows and turns command lines into actions. GUI thread.
-/// Made on first use, destroyed at process exit; the windows are gone before the application object is.
+/// The process-wide core object: starts the box, owns its windows and turns command lines into actions. GUI
+/// thread. Made on first use, destroyed at process exit; the windows are gone before the application object
+/// is.
 class ZelBoxCore : public QObject, public CommandTarget, public MainWindowHost
 {
     Q_OBJECT
@@ -74,10 +72,7 @@ public Q_SLOTS:
     void onThreadTimingInit();
     void onSendMiniWindowShowEvent();
     void onStashProcessMemory();
-    void onMainWindowClose(); ///< the close button: hides, asks or ends, by the user's setting
-    /// Makes every window anew, where it was, in the language and at the sizes that hold now. Waits for the
-    /// end of what the user is in the middle of.
-    void remakeWindows();
+    void remakeWindows();    ///< see BoxWindows::remake()
     void leaveHost();        ///< the box's own windows go
     void onLanguageChosen(); ///< the setting has been changed
 
@@ -85,48 +80,28 @@ private:
     explicit ZelBoxCore(ZelBoxCloudSvr *cloudService);
     ~ZelBoxCore() override;
 
+    void connectWindows();
     void followApplication();
-    void describeLook();
     void ensureTranslated();
     void loadIcons();
     bool openFirstWindow();
     bool waitForWebEngine();
-    ZelBoxMainWindow *ensureMainWindow();
-    void startRecentStore();
-    void startPresence(); ///< tray and bus name, by which the box is reached without a window
-    void makeMiniWindow();
-    void onTrayActivated();
-    void onTrayReachable(bool reachable);
-    void goToBackground();
-    void leaveScreen(); ///< hides the window, or minimises it where only the task bar could bring it back
-    QVector<QWidget *> ownWindows() const; ///< that are made anew
-    QObject *runningDrag() const;          ///< null: none
-    QObject *runningTask() const;          ///< a drag, or a dialog that a window waits for
-    void onTaskEnded();
-    void remakeMainWindow();
-    void remakeMiniWindow();
-    void present(QDialog *dialog);
-    template <typename Dialog> Dialog *openDialog() const; ///< null when none of this kind is open
+    void onMainWindowMade(ZelBoxMainWindow *window);
+    void onBackgroundEntered();
 
     bool first = false;
     KSkin *m_skin;
     QString m_name;
     QString m_startFrom;
     QPointer<ZelBoxCloudSvr> m_cloudService;
-    QPointer<ZelBoxMainWindow> m_mainWindow;
-    QPointer<ZelBoxMiniWindow> m_miniWindow;
-    QPointer<ZelBoxMiniWidget> m_miniWidget;
-    QPointer<KZelBoxCloudSettingsDlg> m_settings;
+    BoxWindows *m_windows;
     ZelBoxIconThemeMgr *m_iconTheme = nullptr;
     ZelBoxClientSvrProxy *m_clientProxy;
     QString m_pendingCommandLine;
 
-    ZelBoxTray *m_tray = nullptr;
-    DesktopActivation *m_activation = nullptr;
-    StartupToken m_startupToken;          // of the command that comes next
-    QString m_trayState;                  // told before there was a tray icon, too
-    QVector<QPointer<QDialog>> m_dialogs; // open ones that no window owns
+    BoxPresence *m_presence;
+    BackgroundMode *m_background;
+    OpenDialogs m_dialogs;
+    StartupToken m_startupToken; // of the command that comes next
     bool m_translated = false;
-    bool m_remakingWaits = false;
-    bool m_hiding = false; // the core itself is hiding the main window
 };
