@@ -4,23 +4,31 @@
 
 #include <QStringList>
 
-/// Notes what the core is asked for.
-struct CommandRecorder final : CommandTarget
+/// Notes what the core is asked for, in order: a word, and behind "=" what it was asked with.
+struct CommandRecorder : CommandTarget
 {
+    virtual ~CommandRecorder() = default;
+
     QStringList calls;
 
-    void setStartOrigin(StartOrigin) override { calls.append(QStringLiteral("origin")); }
-    void selectPage(int) override { calls.append(QStringLiteral("page")); }
-    void openSettings(const QString &parameter) override
+    void note(const char *what, const QString &value = {})
     {
-        calls.append(QStringLiteral("settings") + parameter);
+        const QString word = QLatin1String(what);
+        calls.append(value.isEmpty() ? word : word + QLatin1Char('=') + value);
     }
-    void setTrayState(const QString &) override { calls.append(QStringLiteral("tray")); }
-    void quitLater() override { calls.append(QStringLiteral("quit")); }
-    void showExitDialog() override { calls.append(QStringLiteral("ask")); }
-    void showMainWindow() override { calls.append(QStringLiteral("main")); }
-    void showMiniWindow(const QString &from) override { calls.append(QStringLiteral("mini") + from); }
-    void openFolderSelector() override { calls.append(QStringLiteral("selector")); }
-    void openSyncFolder(const QString &) override { calls.append(QStringLiteral("sync")); }
-    void sendToBackground() override { calls.append(QStringLiteral("background")); }
+
+    void setStartOrigin(StartOrigin origin) override
+    {
+        note(origin == StartOrigin::Tray ? "origin-tray" : "origin-desktop");
+    }
+    void selectPage(int number) override { note("page", QString::number(number)); }
+    void openSettings(const QString &parameter) override { note("settings", parameter); }
+    void setTrayState(const QString &state) override { note("traystate", state); }
+    void quitLater() override { note("quit"); }
+    void showExitDialog() override { note("exitdlg"); }
+    void showMainWindow() override { note("main"); }
+    void showMiniWindow(const QString &startFrom) override { note("mini", startFrom); }
+    void openFolderSelector() override { note("folders"); }
+    void openSyncFolder(const QString &parameter) override { note("sync", parameter); }
+    void sendToBackground() override { note("background"); }
 };

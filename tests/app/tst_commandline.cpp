@@ -11,7 +11,6 @@ class TestCommandLine : public QObject
 private Q_SLOTS:
     void parse_data();
     void parse();
-    void hostile_data();
     void hostile();
 };
 
@@ -64,29 +63,17 @@ void TestCommandLine::parse()
     QCOMPARE(command.remainder, remainder);
 }
 
-void TestCommandLine::hostile_data()
+void TestCommandLine::hostile()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("optionCount");
-    QTest::newRow("100 kB value") << QString(QStringLiteral("/param=") + QString(100'000, QLatin1Char('x')))
-                                  << 1;
-    QTest::newRow("100 kB of quotes") << QString(100'000, QLatin1Char('"')) << 0;
-    QTest::newRow("100 kB of blanks") << QString(100'000, QLatin1Char(' ')) << 0;
-    QTest::newRow("zeros") << QString(
-        QStringLiteral("/a=1") + QString(3, QChar(u'\0')) + QStringLiteral(" /b=2"))
-                           << 2;
-    QTest::newRow("lone surrogate") << QString(QStringLiteral("/a=") + QChar(0xD800)) << 1;
     QString many;
     for (int i = 0; i < 10'000; ++i)
         many += QStringLiteral("/option%1=%1 ").arg(i);
-    QTest::newRow("10,000 options") << many << 10'000;
-}
-
-void TestCommandLine::hostile()
-{
-    QFETCH(QString, text);
-    QFETCH(int, optionCount);
-    QCOMPARE(int(parseCommandLine(text).options.size()), optionCount);
+    const auto optionsOf = [](const QString &text) { return int(parseCommandLine(text).options.size()); };
+    QCOMPARE(optionsOf(many), 10'000);
+    QCOMPARE(optionsOf(QStringLiteral("/param=") + QString(100'000, QLatin1Char('x'))), 1);
+    QCOMPARE(optionsOf(QString(100'000, QLatin1Char('"'))), 0);
+    QCOMPARE(optionsOf(QStringLiteral("/a=1") + QString(3, QChar(u'\0')) + QStringLiteral(" /b=2")), 2);
+    QCOMPARE(optionsOf(QStringLiteral("/a=") + QChar(0xD800)), 1);
 }
 
 QTEST_GUILESS_MAIN(TestCommandLine)

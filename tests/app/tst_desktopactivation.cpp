@@ -72,7 +72,6 @@ private Q_SLOTS:
     void calls();
     void nameTaken();
     void tokens();
-    void permissionToComeToTheFront_data();
     void permissionToComeToTheFront();
 
 private:
@@ -146,30 +145,22 @@ void TestDesktopActivation::tokens()
         QCOMPARE(x11TimeOf(none), 0U);
 }
 
-void TestDesktopActivation::permissionToComeToTheFront_data()
-{
-    QTest::addColumn<int>("age"); // of the user's click, in ms
-    QTest::addColumn<bool>("counts");
-    QTest::newRow("just clicked") << 5 << true;
-    QTest::newRow("a click that is yet to come") << -100000 << false;
-}
-
 void TestDesktopActivation::permissionToComeToTheFront()
 {
-    QFETCH(int, age);
-    QFETCH(bool, counts);
-    const quint32 time = quint32(QX11Info::getTimestamp()) - quint32(age);
-    const QByteArray id = "panel/a \"box\" with a long name/1_TIME" + QByteArray::number(time);
-    StartupListener listener;
-    {
-        const StartupNotice notice({id, {}});
-        QCOMPARE(quint32(QX11Info::appUserTime()) == time, counts);
-        QCOMPARE(QX11Info::nextStartupId(), id);
+    for (const bool clicked : {true, false}) { // just now, or a click that is yet to come
+        const quint32 time = quint32(QX11Info::getTimestamp()) + (clicked ? -5 : 100'000);
+        const QByteArray id = "panel/a \"box\" with a long name/1_TIME" + QByteArray::number(time);
+        StartupListener listener;
+        {
+            const StartupNotice notice({id, {}});
+            QCOMPARE(quint32(QX11Info::appUserTime()) == time, clicked);
+            QCOMPARE(QX11Info::nextStartupId(), id);
+        }
+        QVERIFY(QX11Info::nextStartupId().isEmpty());
+        QByteArray quoted = id;
+        quoted.replace('"', "\\\"");
+        QTRY_COMPARE(listener.heard(), "remove: ID=\"" + quoted + '"');
     }
-    QVERIFY(QX11Info::nextStartupId().isEmpty());
-    QByteArray quoted = id;
-    quoted.replace('"', "\\\"");
-    QTRY_COMPARE(listener.heard(), "remove: ID=\"" + quoted + '"');
 }
 
 QTEST_MAIN(TestDesktopActivation)

@@ -1,6 +1,6 @@
 #include "app/commanddispatcher.h"
 #include "app/commandline.h"
-#include "app/commandtarget.h"
+#include "app/commandrecorder.h"
 #include "message/zelboxmessagerouter.h"
 #include "message/zelboxtransferrouter.h"
 #include "radar/zelboxradarrouter.h"
@@ -10,7 +10,7 @@
 namespace {
 
 // Writes down, in order, what the core was asked for and what the routers emitted.
-class Recorder : public QObject, public CommandTarget
+class Recorder : public QObject, public CommandRecorder
 {
 public:
     Recorder()
@@ -35,30 +35,6 @@ public:
         connect(radar, &ZelBoxRadarRouter::sigSelectGenreId, this,
             [this](int id) { note("genre", QString::number(id)); });
         connect(radar, &ZelBoxRadarRouter::sigFileListScrollToTop, this, [this] { note("top"); });
-    }
-
-    void setStartOrigin(StartOrigin origin) override
-    {
-        note(origin == StartOrigin::Tray ? "origin-tray" : "origin-desktop");
-    }
-    void selectPage(int number) override { note("page", QString::number(number)); }
-    void openSettings(const QString &parameter) override { note("settings", parameter); }
-    void setTrayState(const QString &state) override { note("traystate", state); }
-    void quitLater() override { note("quit"); }
-    void showExitDialog() override { note("exitdlg"); }
-    void showMainWindow() override { note("main"); }
-    void showMiniWindow(const QString &startFrom) override { note("mini", startFrom); }
-    void openFolderSelector() override { note("folders"); }
-    void openSyncFolder(const QString &parameter) override { note("sync", parameter); }
-    void sendToBackground() override { note("background"); }
-
-    QStringList log;
-
-private:
-    void note(const char *what, const QString &value = {})
-    {
-        const QString word = QLatin1String(what);
-        log.append(value.isEmpty() ? word : word + QLatin1Char('=') + value);
     }
 };
 
@@ -136,7 +112,7 @@ void TestDispatch::command()
     QFETCH(QString, expected);
     Recorder recorder;
     dispatchCommand(parseCommandLine(line), first, recorder);
-    QCOMPARE(recorder.log.join(QLatin1Char(' ')), expected);
+    QCOMPARE(recorder.calls.join(QLatin1Char(' ')), expected);
 }
 
 QTEST_GUILESS_MAIN(TestDispatch)

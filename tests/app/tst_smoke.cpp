@@ -44,10 +44,7 @@ void TestSmoke::window()
     QProcess box;
     box.setProcessChannelMode(QProcess::ForwardedChannels);
     box.start(program("zelbox"), QStringList());
-    const auto window = screen.waitForTitle(Title, 30s);
-    QVERIFY(window != 0);
-    QCOMPARE(screen.geometry(window).width, 900);
-    QCOMPARE(screen.geometry(window).height, 580);
+    QVERIFY(screen.waitForTitle(Title, 30s) != 0);
 
     // A second start does not open a second window, and a command without a window hides the first.
     QCOMPARE(forward({}), 0);

@@ -1,5 +1,6 @@
 // The tray icon on a private session bus, with a tray of the test's own at the other end.
 
+#include "platform/runtime/privatebus.h"
 #include "tray/statusnotifieritem.h"
 #include "tray/trayimage.h"
 #include "tray/ui/zelboxtray.h"
@@ -8,14 +9,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
-#include <QProcess>
 #include <QtTest>
-
-namespace {
-
-const QString WatcherName = QStringLiteral("org.kde.StatusNotifierWatcher");
-
-} // namespace
 
 /// The tray: a watcher with or without a host, on a connection of its own. Its end is a panel's crash.
 class FakeWatcher : public QObject
@@ -29,7 +23,7 @@ public:
         m_bus = QDBusConnection::connectToBus(QDBusConnection::SessionBus, m_name);
         m_bus.registerObject(
             QStringLiteral("/StatusNotifierWatcher"), this, QDBusConnection::ExportScriptableContents);
-        m_bus.registerService(WatcherName);
+        m_bus.registerService(QStringLiteral("org.kde.StatusNotifierWatcher"));
     }
     ~FakeWatcher() override { QDBusConnection::disconnectFromBus(m_name); }
 
@@ -103,31 +97,20 @@ class TestTray : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void initTestCase();
-    void cleanupTestCase();
     void watcherComesAndGoes();
     void leavesTheTray();
     void badge();
     void clicks();
     void menu();
-    void badgeTexts_data();
     void badgeTexts();
 
 private:
-    QProcess m_daemon;
+    PrivateBus m_bus;
 };
 
 void TestTray::initTestCase()
 {
-    m_daemon.start(QStringLiteral("dbus-daemon"),
-        {QStringLiteral("--session"), QStringLiteral("--nofork"), QStringLiteral("--print-address")});
-    QVERIFY(m_daemon.waitForReadyRead(10'000));
-    qputenv("DBUS_SESSION_BUS_ADDRESS", m_daemon.readLine().trimmed());
-}
-
-void TestTray::cleanupTestCase()
-{
-    m_daemon.kill();
-    m_daemon.waitForFinished(10'000);
+    QVERIFY2(m_bus.isRunning(), "no dbus-daemon on this machine");
 }
 
 void TestTray::watcherComesAndGoes()
@@ -249,28 +232,16 @@ void TestTray::menu()
             QStringLiteral("exit")}));
 }
 
-void TestTray::badgeTexts_data()
-{
-    QTest::addColumn<int>("unread");
-    QTest::addColumn<int>("size");
-    QTest::addColumn<QString>("text");
-    const auto row = [](int unread, int size, const char *text) {
-        QTest::addRow("%d at %d px", unread, size) << unread << size << QString::fromLatin1(text);
-    };
-    row(0, 48, "");
-    row(-1, 48, "");
-    row(5, 16, ""); // a dot
-    row(9, 22, "9");
-    row(10, 24, "9+");
-    row(99, 32, "99");
-    row(100, 32, "99+");
-}
-
 void TestTray::badgeTexts()
 {
-    QFETCH(const int, unread);
-    QFETCH(const int, size);
-    QTEST(zel::tray::badgeText(unread, size), "text");
+    const struct
+    {
+        int unread, size;
+        const char *text;
+    } rows[] = {{0, 48, ""}, {-1, 48, ""}, {5, 16, ""}, // a dot
+        {9, 22, "9"}, {10, 24, "9+"}, {99, 32, "99"}, {100, 32, "99+"}};
+    for (const auto &row : rows)
+        QCOMPARE(zel::tray::badgeText(row.unread, row.size), QString::fromLatin1(row.text));
 }
 
 QTEST_MAIN(TestTray)
