@@ -224,8 +224,6 @@ void CloudDocListView::rowsAboutToBeRemoved(const QModelIndex &parent, int start
 void CloudDocListView::changeEvent(QEvent *event)
 {
     QListView::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        setAccessibleName(tr("Documents of the folder"));
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         scheduleDelayedItemsLayout();
 }

@@ -144,13 +144,6 @@ void TransferPanel::keyPressEvent(QKeyEvent *event)
         QFrame::keyPressEvent(event);
 }
 
-void TransferPanel::changeEvent(QEvent *event)
-{
-    QFrame::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange)
-        updateTexts();
-}
-
 void TransferPanel::paintEvent(QPaintEvent *event)
 {
     QPainter painter(this);
