@@ -78,7 +78,6 @@ bool KCentralWidget::selectPage(int number)
     chosen->setChosen(true);
     if (searched && !chosen->isSearchable())
         focusPage(); // not the button beside the field, which a space would press
-    Q_EMIT currentPageChanged(number);
     return true;
 }
 

@@ -41,7 +41,6 @@ public:
     void releaseMemory();                    ///< of every page that was made
 
 Q_SIGNALS:
-    void currentPageChanged(int number);
     void unreadChanged(int number, int count, int redPointCount);
     void settingsRequested(const QString &settingsPage);
 

@@ -93,5 +93,5 @@ void TitleBar::mouseDoubleClickEvent(QMouseEvent *event)
 
 void TitleBar::contextMenuEvent(QContextMenuEvent *event)
 {
-    Q_EMIT windowMenuWanted(event->globalPos());
+    Q_EMIT windowMenuRequested(event->globalPos());
 }

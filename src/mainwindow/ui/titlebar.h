@@ -27,7 +27,7 @@ Q_SIGNALS:
     void leftButtonPressed();             ///< a left press anywhere on the free part of the bar
     void dragStarted(QPoint globalStart); ///< the pointer moved far enough with the left button held
     void doubleClicked();
-    void windowMenuWanted(QPoint globalPos);
+    void windowMenuRequested(QPoint globalPos);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -1,11 +1,9 @@
 #include "mainwindow/ui/zelboxmainwindow.h"
 
 #include "base/logging.h"
-#include "base/settingskeys.h"
 #include "cloud/zelboxcloudsvr.h"
 #include "kdcinfoc.h"
 #include "klitestyle.h"
-#include "ksettings.h"
 #include "mainwindow/mainwindowhost.h"
 #include "mainwindow/ui/kcentralwidget.h"
 #include "mainwindow/ui/navigationbar.h"
@@ -13,14 +11,11 @@
 #include "mainwindow/ui/windowtitlebuttons.h"
 #include "mainwindow/ui/zelboxmainwindowmenu.h"
 #include "mainwindow/ui/zelboxspacebar.h"
-#include "mainwindow/windowgeometry.h"
 #include "widgets/shortcuts.h"
 #include "widgets/windowframe.h"
 
 #include <QCloseEvent>
-#include <QGuiApplication>
 #include <QMenu>
-#include <QScreen>
 #include <QWindow>
 #include <utility>
 
@@ -30,7 +25,8 @@ ZelBoxMainWindow::ZelBoxMainWindow(MainWindowHost *host, QWidget *parent)
             | Qt::WindowCloseButtonHint),
       m_host(host),
       m_central(new KCentralWidget(QStringLiteral("ZEL Box"), host->pages(), host->cloudService(), this)),
-      m_showSource(QStringLiteral("normal"))
+      m_showSource(QStringLiteral("normal")),
+      m_placement(*this)
 {
     setWindowTitle(QStringLiteral("ZEL Box"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/zelbox.ico")));
@@ -74,7 +70,7 @@ void ZelBoxMainWindow::connectTitleBar()
     connect(bar, &TitleBar::doubleClicked, this, &ZelBoxMainWindow::onRestoreMaxBtnClicked);
     connect(bar, &TitleBar::dragStarted, this, [this] { windowHandle()->startSystemMove(); });
     connect(bar->menuButton(), &QAbstractButton::clicked, this, &ZelBoxMainWindow::showMenu);
-    connect(bar, &TitleBar::windowMenuWanted, this, &ZelBoxMainWindow::showWindowMenu);
+    connect(bar, &TitleBar::windowMenuRequested, this, &ZelBoxMainWindow::showWindowMenu);
     const auto openCloudSettings = [this] { m_host->openSettings(QStringLiteral("cloud")); };
     connect(m_central->spaceBar(), &ZelBoxSpaceBar::loginRequested, this, openCloudSettings);
     connect(m_central->spaceBar(), &ZelBoxSpaceBar::dilatationRequested, this, openCloudSettings);
@@ -137,70 +133,21 @@ void ZelBoxMainWindow::showWindowMenu(const QPoint &globalPos)
     menu->popup(globalPos);
 }
 
-QRect ZelBoxMainWindow::normalRect() const
-{
-    if (m_restoredRect.isValid())
-        return m_restoredRect;
-    if (!isMaximized() && !isMinimized() && !isFullScreen())
-        return geometry();
-    const QRect normal = normalGeometry();
-    return normal.isValid() ? normal : geometry();
-}
-
-void ZelBoxMainWindow::forgetRestoredRect()
-{
-    if (m_firstShown && !isMaximized() && !isMinimized() && !isFullScreen())
-        m_restoredRect = QRect();
-}
-
 void ZelBoxMainWindow::saveWindowState()
 {
-    const QRect normal = normalRect();
-    KSettings settings;
-    settings.beginGroup(zel::keys::ApplicationSettings);
-    settings.setValue(zel::keys::WindowPosX, normal.left());
-    settings.setValue(zel::keys::WindowPosY, normal.top());
-    settings.setValue(zel::keys::WindowWidth, normal.width());
-    settings.setValue(zel::keys::WindowHeight, normal.height());
-    settings.setValue(zel::keys::WindowIsMaximized, isMaximized());
-    settings.endGroup();
+    m_placement.save();
 }
 
 void ZelBoxMainWindow::restoreWindowState()
 {
-    const QScreen *primary = QGuiApplication::primaryScreen();
-    if (!primary)
-        return;
-    zel::geometry::ScreenState screen{primary->geometry(), primary->availableGeometry(), 0};
-    for (const QScreen *each : QGuiApplication::screens())
-        screen.totalWidth += each->geometry().width();
-
-    zel::geometry::StoredPlacement stored;
-    KSettings settings;
-    settings.beginGroup(zel::keys::ApplicationSettings);
-    if (settings.contains(zel::keys::WindowPosX)) {
-        stored.normal = zel::geometry::storedRect(settings.value(zel::keys::WindowPosX, x()).toInt(),
-            settings.value(zel::keys::WindowPosY, y()).toInt(),
-            settings.value(zel::keys::WindowWidth, width()).toInt(),
-            settings.value(zel::keys::WindowHeight, height()).toInt(), screen);
-        stored.maximized = settings.value(zel::keys::WindowIsMaximized, false).toBool();
-    }
-    const zel::geometry::Placement placement = zel::geometry::restore(stored, size(), screen);
-    setUpdatesEnabled(false);
-    resize(placement.normal.size());
-    move(placement.normal.topLeft());
-    m_restoredRect = QRect(placement.normal.topLeft(), size());
-    if (placement.maximized)
-        setWindowState(windowState() | Qt::WindowMaximized);
-    setUpdatesEnabled(true);
+    m_placement.restore();
 }
 
 void ZelBoxMainWindow::continueFrom(const ZelBoxMainWindow &old)
 {
     m_reportsFirstShow = old.m_reportsFirstShow;
     m_showSource = old.m_showSource;
-    setGeometry(old.normalRect());
-    m_restoredRect = geometry();
+    m_placement.takeOver(old.m_placement);
     setWindowState(old.windowState() & ~Qt::WindowActive);
     setAttribute(Qt::WA_ShowWithoutActivating, !old.isActiveWindow());
     m_central->selectPage(old.central()->currentPage());
@@ -303,7 +250,7 @@ void ZelBoxMainWindow::showEvent(QShowEvent *event)
     if (m_firstShown || event->spontaneous())
         return;
     m_firstShown = true;
-    forgetRestoredRect();
+    m_placement.onShown();
     // On the next turn of the loop, so that nothing stands between this and the window on the screen.
     QMetaObject::invokeMethod(this, &ZelBoxMainWindow::onMainWindowFirstShown, Qt::QueuedConnection);
 }
@@ -330,7 +277,8 @@ void ZelBoxMainWindow::changeEvent(QEvent *event)
         return;
     const Qt::WindowStates before = static_cast<QWindowStateChangeEvent *>(event)->oldState();
     m_central->titleBar()->buttons()->setMaximized(isMaximized());
-    forgetRestoredRect();
+    if (m_firstShown)
+        m_placement.onShown();
     Q_EMIT windowStateChange();
     if (isMinimized())
         Q_EMIT windowMinimize();

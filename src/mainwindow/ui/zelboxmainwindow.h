@@ -1,5 +1,7 @@
 #pragma once
 
+#include "mainwindow/ui/windowplacement.h"
+
 #include <QMainWindow>
 
 class KCentralWidget;
@@ -77,16 +79,12 @@ private:
     void showMenu();
     void showWindowMenu(const QPoint &globalPos);
     void tellUnread(int page, int count, int redPointCount);
-    QRect normalRect() const;
-    void forgetRestoredRect();
 
     MainWindowHost *m_host;
     KCentralWidget *m_central;
     ZelBoxMainWindowMenu *m_menu = nullptr;
     QString m_showSource;
-    /// What was restored, until the window has been on the screen in its normal state: before the first show
-    /// the window system knows no normal geometry, and a window that opens maximised has none at all.
-    QRect m_restoredRect;
+    WindowPlacement m_placement;
     bool m_firstShown = false;
     bool m_reportsFirstShow = true; ///< until it has been reported
 };
