@@ -15,11 +15,11 @@
     <name>TimeGroups</name>
     <message>
         <source>%1 Month</source>
-        <translation>Month %1</translation>
+        <translation>%3</translation>
     </message>
     <message>
         <source>%1 Year %2 Month</source>
-        <translation>Month %2 of %1</translation>
+        <translation>%3 %1</translation>
     </message>
 </context>
 <context>
@@ -30,7 +30,7 @@
     </message>
     <message>
         <source>%1month%2day</source>
-        <translation>%1/%2</translation>
+        <translation>%2 %3</translation>
     </message>
 </context>
 <context>
@@ -50,6 +50,23 @@
         <translation>
             <numerusform>Are you sure to remove %n record ?</numerusform>
             <numerusform>Are you sure to remove %n records ?</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>TransferTexts</name>
+    <message numerus="yes">
+        <source>%n minute(s) left</source>
+        <translation>
+            <numerusform>%n minute left</numerusform>
+            <numerusform>%n minutes left</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hour(s) left</source>
+        <translation>
+            <numerusform>%n hour left</numerusform>
+            <numerusform>%n hours left</numerusform>
         </translation>
     </message>
 </context>
@@ -174,23 +191,6 @@
         <translation>
             <numerusform>%n item could not be downloaded.</numerusform>
             <numerusform>%n items could not be downloaded.</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>CloudRow</name>
-    <message numerus="yes">
-        <source>%n minute(s) left</source>
-        <translation>
-            <numerusform>%n minute left</numerusform>
-            <numerusform>%n minutes left</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n hour(s) left</source>
-        <translation>
-            <numerusform>%n hour left</numerusform>
-            <numerusform>%n hours left</numerusform>
         </translation>
     </message>
 </context>

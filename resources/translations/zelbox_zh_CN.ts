@@ -345,31 +345,6 @@
         <comment>a transfer</comment>
         <translation>失败</translation>
     </message>
-    <message>
-        <source>yesterday %1</source>
-        <translation>昨天 %1</translation>
-    </message>
-    <message>
-        <source>d MMMM</source>
-        <comment>format of a date within this year</comment>
-        <translation>M月d日</translation>
-    </message>
-    <message>
-        <source>less than a minute left</source>
-        <translation>剩余不到一分钟</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n minute(s) left</source>
-        <translation>
-            <numerusform>剩余 %n 分钟</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%n hour(s) left</source>
-        <translation>
-            <numerusform>剩余 %n 小时</numerusform>
-        </translation>
-    </message>
 </context>
 <context>
     <name>CloudSettingsPage</name>
@@ -1820,14 +1795,6 @@
     </message>
 </context>
 <context>
-    <name>ShownTransfers</name>
-    <message>
-        <source>%1%, %2</source>
-        <comment>progress, details</comment>
-        <translation>%1%，%2</translation>
-    </message>
-</context>
-<context>
     <name>StateStack</name>
     <message>
         <source>This takes longer than usual</source>
@@ -2005,6 +1972,16 @@
         <source>%1month%2day</source>
         <translation>%1月%2日</translation>
     </message>
+    <message>
+        <source>en</source>
+        <comment>the language of this catalogue, for names of months</comment>
+        <translation>zh_CN</translation>
+    </message>
+    <message>
+        <source>%1, %2</source>
+        <comment>date, time of day</comment>
+        <translation>%1 %2</translation>
+    </message>
 </context>
 <context>
     <name>TitleBar</name>
@@ -2074,7 +2051,7 @@
     </message>
 </context>
 <context>
-    <name>TransferRow</name>
+    <name>TransferTexts</name>
     <message>
         <source>%1 of %2</source>
         <comment>bytes done of bytes in all</comment>
@@ -2111,6 +2088,27 @@
     <message>
         <source>Cancelled</source>
         <translation>已取消</translation>
+    </message>
+    <message>
+        <source>less than a minute left</source>
+        <translation>剩余不到一分钟</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n minute(s) left</source>
+        <translation>
+            <numerusform>剩余 %n 分钟</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n hour(s) left</source>
+        <translation>
+            <numerusform>剩余 %n 小时</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1%, %2</source>
+        <comment>progress, details</comment>
+        <translation>%1%，%2</translation>
     </message>
 </context>
 <context>

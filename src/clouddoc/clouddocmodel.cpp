@@ -1,60 +1,77 @@
 #include "clouddoc/clouddocmodel.h"
 
 #include "clouddoc/clouddoctexts.h"
-#include "clouddoc/cloudrows.h"
 
+#include <QSet>
 #include <algorithm>
 
-// How rows are shown; how the documents change is in clouddocmodelchanges.cpp.
+using zel::Handle;
 
 namespace {
 
-constexpr int MostRanges = 32; ///< told one by one
+const QVector<int> TransferRoles{
+    CloudDocModel::TransferRole, CloudDocModel::ProgressRole, CloudDocModel::DocumentRole};
+
+void noteChangedRoles(QVector<int> *roles, const CloudDocument &before, const CloudDocument &after)
+{
+    const auto note = [roles](bool differs, std::initializer_list<int> changed) {
+        for (const int role : changed)
+            if (differs && !roles->contains(role))
+                roles->append(role);
+    };
+    note(before.name != after.name, {Qt::DisplayRole, Qt::EditRole, CloudDocModel::NameRole});
+    note(before.folder != after.folder, {CloudDocModel::FolderRole});
+    note(before.size != after.size, {CloudDocModel::SizeRole});
+    note(before.modifiedAt != after.modifiedAt, {CloudDocModel::ModifiedRole});
+    note(before.localPath != after.localPath, {CloudDocModel::LocalPathRole});
+    note(true, {CloudDocModel::DocumentRole});
+}
+
+// A list does not tell of transfers.
+CloudDocument withTransferOf(CloudDocument document, const CloudDocument &before)
+{
+    document.transfer = before.transfer;
+    document.progress = before.progress;
+    return document;
+}
 
 } // namespace
 
-CloudDocModel::CloudDocModel(QObject *parent) : QAbstractListModel(parent)
+CloudDocModel::CloudDocModel(QObject *parent) : SortedListModel(parent)
 {
     qRegisterMetaType<CloudDocument>();
-}
-
-CloudDocModel::~CloudDocModel() = default;
-
-int CloudDocModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : m_rows.size();
 }
 
 QVariant CloudDocModel::data(const QModelIndex &index, int role) const
 {
     if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    const CloudDocument &document = m_documents.at(m_rows.at(index.row()));
+    const CloudDocument &one = document(index.row());
     if (role == Qt::DisplayRole || role == Qt::EditRole)
-        return document.name;
+        return one.name;
     if (role == Qt::AccessibleDescriptionRole)
-        return zel::clouddoc::spokenText(document);
+        return zel::clouddoc::spokenText(one);
     if (role < IdRole || role > DocumentRole)
         return {};
     switch (Role(role)) {
     case IdRole:
-        return document.id;
+        return one.id;
     case NameRole:
-        return document.name;
+        return one.name;
     case FolderRole:
-        return document.folder;
+        return one.folder;
     case SizeRole:
-        return document.size;
+        return one.size;
     case ModifiedRole:
-        return document.modifiedAt;
+        return one.modifiedAt;
     case LocalPathRole:
-        return document.localPath;
+        return one.localPath;
     case TransferRole:
-        return int(document.transfer);
+        return int(one.transfer);
     case ProgressRole:
-        return document.progress;
+        return one.progress;
     case DocumentRole:
-        return QVariant::fromValue(document);
+        return QVariant::fromValue(one);
     }
     return {};
 }
@@ -70,65 +87,32 @@ Qt::ItemFlags CloudDocModel::flags(const QModelIndex &index) const
     return flags;
 }
 
-QHash<int, QByteArray> CloudDocModel::roleNames() const
-{
-    return {{Qt::DisplayRole, "display"}, {IdRole, "id"}, {NameRole, "name"}, {FolderRole, "folder"},
-        {SizeRole, "size"}, {ModifiedRole, "modified"}, {LocalPathRole, "localPath"},
-        {TransferRole, "transfer"}, {ProgressRole, "progress"}, {DocumentRole, "document"}};
-}
-
-const CloudDocument &CloudDocModel::document(int row) const
-{
-    return m_documents.at(m_rows.at(row));
-}
-
 const CloudDocument *CloudDocModel::find(const QString &id) const
 {
-    const auto slot = m_slots.constFind(id);
-    return slot == m_slots.cend() ? nullptr : &m_documents.at(*slot);
+    return m_documents.find(id);
 }
 
 int CloudDocModel::rowOf(const QString &id) const
 {
-    const auto slot = m_slots.constFind(id);
-    if (slot == m_slots.cend() || !isShown(*slot))
-        return -1;
-    return placeIn(m_rows, *slot);
+    const auto handle = m_documents.handleOf(id);
+    return handle ? rowOfHandle(*handle) : -1;
 }
 
 bool CloudDocModel::hasName(const QString &name) const
 {
-    return std::any_of(
-        m_sorted.cbegin(), m_sorted.cend(), [&](int slot) { return m_documents.at(slot).name == name; });
+    return std::any_of(inOrder().cbegin(), inOrder().cend(),
+        [&](Handle handle) { return m_documents[handle].name == name; });
 }
 
-bool CloudDocModel::isShown(int slot) const
+bool CloudDocModel::isBefore(Handle a, Handle b) const
 {
-    const QString &name = m_documents.at(slot).name;
-    return (m_showHidden || !name.startsWith(QLatin1Char('.'))) && m_filter.passes(slot, name);
+    return m_order.isBefore(m_documents[a], a, m_documents[b], b);
 }
 
-bool CloudDocModel::isBefore(int slotA, int slotB) const
+bool CloudDocModel::passes(Handle handle) const
 {
-    return m_order.isBefore(m_documents.at(slotA), slotA, m_documents.at(slotB), slotB);
-}
-
-// Where the slot is, or belongs, in a sorted list.
-int CloudDocModel::placeIn(const QVector<int> &slotList, int slot) const
-{
-    const auto place = std::lower_bound(slotList.cbegin(), slotList.cend(), slot,
-        [this](int left, int right) { return isBefore(left, right); });
-    return int(place - slotList.cbegin());
-}
-
-QVector<int> CloudDocModel::shownOf(const QVector<int> &slotList) const
-{
-    QVector<int> shown;
-    shown.reserve(slotList.size());
-    for (const int slot : slotList)
-        if (isShown(slot))
-            shown.append(slot);
-    return shown;
+    const QString &name = m_documents[handle].name;
+    return !name.startsWith(QLatin1Char('.')) && m_filter.matches(name);
 }
 
 void CloudDocModel::setSortOrder(CloudSort sort)
@@ -136,96 +120,92 @@ void CloudDocModel::setSortOrder(CloudSort sort)
     if (sort == m_order.sort())
         return;
     m_order.setSort(sort);
-    std::sort(
-        m_sorted.begin(), m_sorted.end(), [this](int left, int right) { return isBefore(left, right); });
-    show(shownOf(m_sorted));
+    resort();
     Q_EMIT sortOrderChanged();
 }
 
 void CloudDocModel::setFilterText(const QString &text)
 {
-    if (!m_filter.setText(text))
+    m_filterText = text;
+    const zel::WordFilter before = std::exchange(m_filter, zel::WordFilter(text));
+    if (!(m_filter == before))
+        refilter(m_filter.isNarrowerThan(before));
+}
+
+void CloudDocModel::clear()
+{
+    reset();
+    m_documents.clear();
+    m_order.clear();
+}
+
+void CloudDocModel::take(const CloudDocument &document, zel::ListDelta *delta)
+{
+    const auto known = m_documents.handleOf(document.id);
+    if (!known) {
+        const Handle handle = m_documents.add(document);
+        m_order.setName(handle, document.name);
+        delta->inserted.push_back(handle);
         return;
-    show(shownOf(m_sorted));
-    tellCounts();
-}
-
-void CloudDocModel::setShowHidden(bool show_)
-{
-    if (std::exchange(m_showHidden, show_) == show_)
+    }
+    const CloudDocument after = withTransferOf(document, m_documents[*known]);
+    if (after == m_documents[*known])
         return;
-    show(shownOf(m_sorted));
-    tellCounts();
+    const CloudDocument before = std::exchange(m_documents[*known], after);
+    if (before.name != after.name)
+        m_order.setName(*known, after.name);
+    noteChangedRoles(&delta->roles, before, after);
+    delta->changed.push_back(*known);
 }
 
-void CloudDocModel::show(const QVector<int> &rows)
+void CloudDocModel::add(const CloudDocuments &documents)
 {
-    const CloudRowChanges changes = diffRows(m_rows, rows);
-    if (changes.reordered || changes.removals.size() + changes.insertions.size() > MostRanges)
-        showByLayout(rows, changes);
-    else
-        showByRanges(rows, changes);
+    zel::ListDelta delta;
+    for (const CloudDocument &document : documents)
+        take(document, &delta);
+    apply(delta);
 }
 
-void CloudDocModel::showByRanges(const QVector<int> &rows, const CloudRowChanges &changes)
+void CloudDocModel::remove(const QStringList &ids)
 {
-    for (const CloudRowRange &range : changes.removals) {
-        beginRemoveRows({}, range.first, range.last);
-        m_rows.remove(range.first, range.last - range.first + 1);
-        endRemoveRows();
-    }
-    for (const CloudRowRange &range : changes.insertions) {
-        const int count = range.last - range.first + 1;
-        beginInsertRows({}, range.first, range.last);
-        m_rows.insert(range.first, count, 0);
-        std::copy_n(rows.cbegin() + range.first, count, m_rows.begin() + range.first);
-        endInsertRows();
-    }
+    zel::ListDelta delta;
+    const QSet<QString> gone(ids.cbegin(), ids.cend());
+    for (const QString &id : gone)
+        if (const auto handle = m_documents.handleOf(id))
+            delta.removed.push_back(*handle);
+    applyAndFree(delta);
 }
 
-// A view pays for each range it is told of, so many scattered rows go to the end first and leave from there,
-// and come in the other way round.
-void CloudDocModel::showByLayout(const QVector<int> &rows, const CloudRowChanges &changes)
+void CloudDocModel::replaceAll(const CloudDocuments &documents)
 {
-    QVector<int> gone;
-    for (const CloudRowRange &range : changes.removals)
-        gone += m_rows.mid(range.first, range.last - range.first + 1);
-    QVector<int> fresh;
-    QVector<int> staying;
-    int next = 0;
-    for (const CloudRowRange &range : changes.insertions) {
-        staying += rows.mid(next, range.first - next);
-        fresh += rows.mid(range.first, range.last - range.first + 1);
-        next = range.last + 1;
-    }
-    staying += rows.mid(next);
-    relayout(staying + gone);
-    if (!gone.isEmpty()) {
-        beginRemoveRows({}, staying.size(), m_rows.size() - 1);
-        m_rows = staying;
-        endRemoveRows();
-    }
-    if (fresh.isEmpty())
+    QSet<QString> staying;
+    for (const CloudDocument &document : documents)
+        staying.insert(document.id);
+    zel::ListDelta delta;
+    for (const Handle handle : inOrder())
+        if (!staying.contains(m_documents[handle].id))
+            delta.removed.push_back(handle);
+    for (const CloudDocument &document : documents)
+        take(document, &delta);
+    applyAndFree(delta);
+}
+
+void CloudDocModel::applyAndFree(const zel::ListDelta &delta)
+{
+    apply(delta);
+    for (const Handle handle : delta.removed)
+        m_documents.remove(handle);
+}
+
+void CloudDocModel::setTransfer(const QString &id, CloudDocument::Transfer transfer, int progress)
+{
+    const auto handle = m_documents.handleOf(id);
+    if (!handle)
         return;
-    beginInsertRows({}, staying.size(), rows.size() - 1);
-    m_rows += fresh;
-    endInsertRows();
-    relayout(rows);
-}
-
-void CloudDocModel::relayout(const QVector<int> &rows)
-{
-    if (rows == m_rows)
+    CloudDocument &document = m_documents[*handle];
+    if (document.transfer == transfer && document.progress == progress)
         return;
-    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
-    const QModelIndexList before = persistentIndexList();
-    QVector<int> rowOfSlot(before.isEmpty() ? 0 : m_documents.size(), -1);
-    for (int row = 0; row < rows.size() && !before.isEmpty(); ++row)
-        rowOfSlot[rows.at(row)] = row;
-    QModelIndexList after;
-    for (const QModelIndex &old : before)
-        after.append(index(rowOfSlot.at(m_rows.at(old.row()))));
-    m_rows = rows;
-    changePersistentIndexList(before, after);
-    Q_EMIT layoutChanged({}, VerticalSortHint);
+    document.transfer = transfer;
+    document.progress = progress;
+    apply({{}, {}, {*handle}, TransferRoles});
 }

@@ -1,7 +1,8 @@
 #include "clouddoc/clouddocorder.h"
 
-#include "base/namecollator.h"
 #include "clouddoc/clouddocnames.h"
+
+using zel::Handle;
 
 namespace {
 
@@ -12,42 +13,43 @@ template <class Number> int compareNumbers(Number a, Number b)
 
 } // namespace
 
-void CloudDocOrder::setName(int slot, const QString &name)
+void CloudDocOrder::setName(Handle handle, const QString &name)
 {
-    if (!m_collator)
-        m_collator = zel::nameCollator();
-    if (size_t(slot) >= m_keys.size())
-        m_keys.resize(size_t(slot) + 1);
-    const QString suffix = name.mid(zel::clouddoc::stemLength(name, false));
-    m_keys[size_t(slot)] = Keys{m_collator->sortKey(name), m_collator->sortKey(suffix)};
+    m_names.set(handle, name);
+    m_suffixes.set(handle, name.mid(zel::clouddoc::stemLength(name, false)));
+}
+
+void CloudDocOrder::clear()
+{
+    m_names.clear();
+    m_suffixes.clear();
 }
 
 int CloudDocOrder::compare(
-    const CloudDocument &a, const Keys &keysA, const CloudDocument &b, const Keys &keysB) const
+    const CloudDocument &a, Handle handleA, const CloudDocument &b, Handle handleB) const
 {
     switch (m_sort.key) {
     case CloudSort::Key::Name:
-        return keysA.name.compare(keysB.name);
+        return m_names.compare(handleA, handleB);
     case CloudSort::Key::Time:
         return compareNumbers(a.modifiedAt, b.modifiedAt);
     case CloudSort::Key::Size:
         return a.folder ? 0 : compareNumbers(a.size, b.size);
     case CloudSort::Key::Type:
-        return a.folder ? 0 : keysA.suffix.compare(keysB.suffix);
+        return a.folder ? 0 : m_suffixes.compare(handleA, handleB);
     }
     return 0;
 }
 
-bool CloudDocOrder::isBefore(const CloudDocument &a, int slotA, const CloudDocument &b, int slotB) const
+bool CloudDocOrder::isBefore(
+    const CloudDocument &a, Handle handleA, const CloudDocument &b, Handle handleB) const
 {
     if (a.folder != b.folder)
         return a.folder;
-    const Keys &keysA = *m_keys[size_t(slotA)];
-    const Keys &keysB = *m_keys[size_t(slotB)];
-    const int order = compare(a, keysA, b, keysB);
+    const int order = compare(a, handleA, b, handleB);
     if (order != 0)
         return m_sort.order == Qt::AscendingOrder ? order < 0 : order > 0;
-    const int byName = m_sort.key == CloudSort::Key::Name ? 0 : keysA.name.compare(keysB.name);
+    const int byName = m_sort.key == CloudSort::Key::Name ? 0 : m_names.compare(handleA, handleB);
     if (byName != 0)
         return byName < 0;
     return a.id < b.id; // names that differ in case only

@@ -1,9 +1,11 @@
 #include "clouddoc/clouddoctexts.h"
 
+#include "base/clock.h"
 #include "base/sizetext.h"
+#include "base/timetext.h"
+
 #include <QCoreApplication>
 #include <QDateTime>
-#include <QLocale>
 
 namespace {
 
@@ -38,7 +40,7 @@ QString zel::clouddoc::spokenText(const CloudDocument &document)
         parts << zel::sizeText(document.size);
     if (document.modifiedAt > 0) {
         const QDateTime time = QDateTime::fromMSecsSinceEpoch(document.modifiedAt);
-        parts << Texts::tr("modified %1").arg(QLocale().toString(time, QLocale::ShortFormat));
+        parts << Texts::tr("modified %1").arg(zel::timeText(time, zel::now()));
     }
     parts << transferText(document);
     parts.removeAll({});

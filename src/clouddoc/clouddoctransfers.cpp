@@ -4,6 +4,8 @@
 #include "clouddoc/clouddocmodel.h"
 #include "clouddoc/cloudtransfermodel.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int MostTransfers = 500; ///< the newest ones
@@ -46,8 +48,9 @@ void CloudDocTransfers::interrupt()
 // The newest comes last: what ended before does not hide it.
 void CloudDocTransfers::showAll()
 {
-    for (int row = m_model->rowCount() - 1; row >= 0; --row)
-        show(m_model->transfer(row));
+    const CloudTransfers transfers = m_model->newestFirst();
+    std::for_each(
+        transfers.crbegin(), transfers.crend(), [this](const CloudTransfer &transfer) { show(transfer); });
 }
 
 // A push does not tell when the transfer was asked for.

@@ -1,70 +1,102 @@
 #include "clouddoc/cloudtransfermodel.h"
 
+#include "clouddoc/transfertexts.h"
+
 #include <QSet>
 #include <algorithm>
 
-int CloudTransferModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : m_transfers.size();
-}
+using zel::Handle;
 
-QVariant CloudTransferModel::data(const QModelIndex &index, int role) const
+namespace {
+
+QVariant roleData(const CloudTransfer &transfer, int role)
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
-        return {};
-    const CloudTransfer &transfer = m_transfers.at(index.row());
+    using Model = CloudTransferModel;
     if (role == Qt::DisplayRole)
         return transfer.name;
-    if (role < IdRole || role > TransferRole)
+    if (role == Qt::AccessibleDescriptionRole)
+        return zel::clouddoc::spokenText(transfer);
+    if (role < Model::IdRole || role > Model::TransferRole)
         return {};
-    switch (Role(role)) {
-    case IdRole:
+    switch (Model::Role(role)) {
+    case Model::IdRole:
         return transfer.id;
-    case NameRole:
+    case Model::NameRole:
         return transfer.name;
-    case DirectionRole:
+    case Model::DirectionRole:
         return int(transfer.direction);
-    case StateRole:
+    case Model::StateRole:
         return int(transfer.state);
-    case DoneBytesRole:
+    case Model::DoneBytesRole:
         return transfer.doneBytes;
-    case TotalBytesRole:
+    case Model::TotalBytesRole:
         return transfer.totalBytes;
-    case PercentRole:
+    case Model::PercentRole:
         return transfer.percent();
-    case SpeedRole:
+    case Model::SpeedRole:
         return transfer.bytesPerSecond;
-    case RemainingRole:
+    case Model::RemainingRole:
         return transfer.remainingMs;
-    case LocalPathRole:
+    case Model::LocalPathRole:
         return transfer.localPath;
-    case ProblemRole:
+    case Model::ProblemRole:
         return int(transfer.problem);
-    case TransferRole:
+    case Model::TransferRole:
         return QVariant::fromValue(transfer);
     }
     return {};
 }
 
-QHash<int, QByteArray> CloudTransferModel::roleNames() const
+int stateRank(CloudTransfer::State state)
 {
-    return {{Qt::DisplayRole, "display"}, {IdRole, "id"}, {NameRole, "name"}, {DirectionRole, "direction"},
-        {StateRole, "state"}, {DoneBytesRole, "doneBytes"}, {TotalBytesRole, "totalBytes"},
-        {PercentRole, "percent"}, {SpeedRole, "speed"}, {RemainingRole, "remaining"},
-        {LocalPathRole, "localPath"}, {ProblemRole, "problem"}, {TransferRole, "transfer"}};
+    switch (state) {
+    case CloudTransfer::State::Running:
+        return 0;
+    case CloudTransfer::State::Waiting:
+    case CloudTransfer::State::Paused:
+        return 1;
+    case CloudTransfer::State::Failed:
+        return 2;
+    case CloudTransfer::State::Done:
+    case CloudTransfer::State::Cancelled:
+        break;
+    }
+    return 3;
+}
+
+} // namespace
+
+QVariant CloudTransferModel::data(const QModelIndex &index, int role) const
+{
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
+        return {};
+    return roleData(transfer(index.row()), role);
 }
 
 int CloudTransferModel::rowOf(const QString &id) const
 {
-    const auto fromEnd = m_fromEnd.constFind(id);
-    return fromEnd == m_fromEnd.cend() ? -1 : m_transfers.size() - 1 - *fromEnd;
+    const auto handle = m_transfers.handleOf(id);
+    return handle ? rowOfHandle(*handle) : -1;
 }
 
-void CloudTransferModel::indexRows()
+bool CloudTransferModel::isBefore(Handle a, Handle b) const
 {
-    m_fromEnd.clear();
-    for (int row = 0; row < m_transfers.size(); ++row)
-        m_fromEnd.insert(m_transfers.at(row).id, m_transfers.size() - 1 - row);
+    const Listed &x = m_transfers[a];
+    const Listed &y = m_transfers[b];
+    const int rankX = stateRank(x.value.state);
+    const int rankY = stateRank(y.value.state);
+    return rankX != rankY ? rankX < rankY : x.age > y.age;
+}
+
+CloudTransfers CloudTransferModel::newestFirst() const
+{
+    zel::Handles handles = inOrder();
+    std::sort(handles.begin(), handles.end(),
+        [this](Handle a, Handle b) { return m_transfers[a].age > m_transfers[b].age; });
+    CloudTransfers transfers;
+    for (const Handle handle : handles)
+        transfers.append(m_transfers[handle].value);
+    return transfers;
 }
 
 void CloudTransferModel::tellActivity()
@@ -80,14 +112,14 @@ void CloudTransferModel::tellActivity()
 
 int CloudTransferModel::activeCount() const
 {
-    return int(std::count_if(m_transfers.cbegin(), m_transfers.cend(),
-        [](const CloudTransfer &transfer) { return transfer.isActive(); }));
+    return int(std::count_if(inOrder().cbegin(), inOrder().cend(),
+        [this](Handle handle) { return m_transfers[handle].value.isActive(); }));
 }
 
 int CloudTransferModel::endedCount() const
 {
-    return int(std::count_if(m_transfers.cbegin(), m_transfers.cend(),
-        [](const CloudTransfer &transfer) { return transfer.hasEnded(); }));
+    return int(std::count_if(inOrder().cbegin(), inOrder().cend(),
+        [this](Handle handle) { return m_transfers[handle].value.hasEnded(); }));
 }
 
 // A folder that waits has no size yet, so each counts for at least one byte.
@@ -95,7 +127,8 @@ int CloudTransferModel::totalPercent() const
 {
     double done = 0;
     double total = 0;
-    for (const CloudTransfer &transfer : m_transfers) {
+    for (const Handle handle : inOrder()) {
+        const CloudTransfer &transfer = m_transfers[handle].value;
         if (!transfer.isActive())
             continue;
         const double size = double(std::max<qint64>(transfer.totalBytes, 1));
@@ -105,102 +138,75 @@ int CloudTransferModel::totalPercent() const
     return total > 0 ? int(done * 100 / total) : -1;
 }
 
-void CloudTransferModel::put(const CloudTransfers &transfers)
+void CloudTransferModel::take(const CloudTransfer &transfer, qint64 age, zel::ListDelta *delta)
 {
-    CloudTransfers fresh;
-    for (const CloudTransfer &transfer : transfers) {
-        const int row = rowOf(transfer.id);
-        if (row >= 0)
-            change(row, transfer);
-        else
-            fresh.append(transfer);
+    const auto known = m_transfers.handleOf(transfer.id);
+    if (!known) {
+        delta->inserted.push_back(m_transfers.add({transfer.id, transfer, age}));
+        return;
     }
-    if (!fresh.isEmpty()) {
-        beginInsertRows({}, 0, fresh.size() - 1);
-        std::reverse(fresh.begin(), fresh.end()); // as the service lists them
-        m_transfers = fresh + m_transfers;
-        for (int row = 0; row < fresh.size(); ++row)
-            m_fromEnd.insert(fresh.at(row).id, m_transfers.size() - 1 - row);
-        endInsertRows();
-    }
-    tellActivity();
+    Listed &here = m_transfers[*known];
+    here.age = age;
+    if (!(std::exchange(here.value, transfer) == transfer))
+        delta->changed.push_back(*known);
 }
 
-void CloudTransferModel::change(int row, const CloudTransfer &transfer)
+void CloudTransferModel::put(const CloudTransfers &transfers)
 {
-    if (m_transfers.at(row) == transfer)
-        return;
-    m_transfers[row] = transfer;
-    Q_EMIT dataChanged(index(row), index(row));
+    zel::ListDelta delta;
+    for (const CloudTransfer &transfer : transfers) {
+        const Listed *known = m_transfers.find(transfer.id);
+        take(transfer, known ? known->age : ++m_newest, &delta);
+    }
+    applyAndFree(delta);
 }
 
 void CloudTransferModel::remove(const QStringList &ids)
 {
-    const QSet<QString> gone(ids.begin(), ids.end());
-    for (int last = m_transfers.size() - 1; last >= 0; --last) {
-        if (!gone.contains(m_transfers.at(last).id))
-            continue;
-        int first = last;
-        while (first > 0 && gone.contains(m_transfers.at(first - 1).id))
-            --first;
-        beginRemoveRows({}, first, last);
-        m_transfers.remove(first, last - first + 1);
-        indexRows();
-        endRemoveRows();
-        last = first;
-    }
-    tellActivity();
+    zel::ListDelta delta;
+    const QSet<QString> gone(ids.cbegin(), ids.cend());
+    for (const QString &id : gone)
+        if (const auto handle = m_transfers.handleOf(id))
+            delta.removed.push_back(*handle);
+    applyAndFree(delta);
 }
 
-// Both lists are newest first, so what is in both stands in the same order.
 void CloudTransferModel::replaceAll(const CloudTransfers &transfers)
 {
     QSet<QString> staying;
     for (const CloudTransfer &transfer : transfers)
         staying.insert(transfer.id);
-    QStringList gone;
-    for (const CloudTransfer &transfer : qAsConst(m_transfers))
-        if (!staying.contains(transfer.id))
-            gone.append(transfer.id);
-    remove(gone);
-    if (m_transfers.isEmpty()) {
-        CloudTransfers oldestFirst = transfers;
-        std::reverse(oldestFirst.begin(), oldestFirst.end());
-        put(oldestFirst);
-        return;
-    }
-    for (int row = 0; row < transfers.size(); ++row) {
-        const CloudTransfer &transfer = transfers.at(row);
-        const int here =
-            row < m_transfers.size() && m_transfers.at(row).id == transfer.id ? row : rowOf(transfer.id);
-        if (here < 0) {
-            beginInsertRows({}, row, row);
-            m_transfers.insert(row, transfer);
-            indexRows();
-            endInsertRows();
-            continue;
-        }
-        if (here != row) {
-            beginMoveRows({}, here, here, {}, row);
-            m_transfers.move(here, row);
-            indexRows();
-            endMoveRows();
-        }
-        change(row, transfer);
-    }
+    zel::ListDelta delta;
+    for (const Handle handle : inOrder())
+        if (!staying.contains(m_transfers[handle].id))
+            delta.removed.push_back(handle);
+    m_newest = transfers.size();
+    qint64 age = m_newest;
+    for (const CloudTransfer &transfer : transfers)
+        take(transfer, age--, &delta);
+    applyAndFree(delta);
+    resort(); // should the service have them in another order
+}
+
+void CloudTransferModel::applyAndFree(const zel::ListDelta &delta)
+{
+    apply(delta);
+    for (const Handle handle : delta.removed)
+        m_transfers.remove(handle);
     tellActivity();
 }
 
 void CloudTransferModel::setInterrupted()
 {
-    for (int row = 0; row < m_transfers.size(); ++row) {
-        CloudTransfer transfer = m_transfers.at(row);
+    zel::ListDelta delta;
+    for (const Handle handle : inOrder()) {
+        CloudTransfer &transfer = m_transfers[handle].value;
         if (transfer.state != CloudTransfer::State::Running)
             continue;
         transfer.state = CloudTransfer::State::Waiting;
         transfer.bytesPerSecond = 0;
         transfer.remainingMs = -1;
-        change(row, transfer);
+        delta.changed.push_back(handle);
     }
-    tellActivity();
+    applyAndFree(delta);
 }

@@ -1,12 +1,12 @@
 #pragma once
 
 #include "clouddoc/cloudtransfer.h"
+#include "lists/recordtable.h"
+#include "lists/sortedlistmodel.h"
 
-#include <QAbstractListModel>
-#include <QHash>
-
-/// The transfers of the service, running and ended, newest first. GUI thread; owns copies of the values.
-class CloudTransferModel final : public QAbstractListModel
+/// The transfers of the service: what runs comes first, then what waits, what failed, and the rest, each the
+/// newest first. GUI thread; owns copies of the values.
+class CloudTransferModel final : public SortedListModel
 {
     Q_OBJECT
 public:
@@ -26,21 +26,21 @@ public:
     };
     Q_ENUM(Role)
 
-    using QAbstractListModel::QAbstractListModel;
+    using SortedListModel::SortedListModel;
 
-    int rowCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
-    QHash<int, QByteArray> roleNames() const override;
+    QString idOf(int row) const override { return transfer(row).id; }
+    int rowOf(const QString &id) const override;
 
-    const CloudTransfer &transfer(int row) const { return m_transfers.at(row); } ///< `row` is in range
-    int rowOf(const QString &id) const;                                          ///< -1: not here
-    int activeCount() const;                                                     ///< waiting or running
-    int endedCount() const; ///< that clearing would take off
+    const CloudTransfer &transfer(int row) const { return m_transfers[handleAt(row)].value; } ///< in range
+    CloudTransfers newestFirst() const; ///< whatever their states
+    int activeCount() const;            ///< waiting or running
+    int endedCount() const;             ///< that clearing would take off
     /// Of those that are active: 0 to 100 by bytes; -1 when nothing is.
     int totalPercent() const;
 
     // By the logic:
-    void put(const CloudTransfers &transfers); ///< new ones come first, the last of them at the top
+    void put(const CloudTransfers &transfers); ///< what is new here is newer than the rest, the last most
     void remove(const QStringList &ids);
     void replaceAll(const CloudTransfers &transfers); ///< newest first; tells only what differs
     /// The service is away: what ran waits until it is back.
@@ -50,12 +50,22 @@ Q_SIGNALS:
     /// activeCount(), endedCount() or totalPercent() may be another one; once for all changes of a loop turn.
     void activityChanged();
 
+protected:
+    bool isBefore(zel::Handle a, zel::Handle b) const override;
+    bool passes(zel::Handle) const override { return true; }
+
 private:
-    void change(int row, const CloudTransfer &transfer);
-    void indexRows();
+    struct Listed
+    {
+        QString id;
+        CloudTransfer value;
+        qint64 age = 0; ///< the newer the larger
+    };
+    void take(const CloudTransfer &transfer, qint64 age, zel::ListDelta *delta);
+    void applyAndFree(const zel::ListDelta &delta);
     void tellActivity();
 
-    CloudTransfers m_transfers;
-    QHash<QString, int> m_fromEnd; ///< by id: rows after it, which new ones at the top do not change
+    zel::RecordTable<Listed> m_transfers;
+    qint64 m_newest = 0;
     bool m_telling = false;
 };

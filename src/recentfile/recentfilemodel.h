@@ -46,12 +46,15 @@ public:
     const RecentFileInfo &record(int row) const { return m_rows.at(row); }
     QVariant recordData(const RecentFileInfo &record, int role) const; ///< data() of the record's row
 
-    /// Slots are for who keeps rows in an order of its own: a record's slot is the same number while it has a
-    /// row, wherever that moves.
-    quint32 slotAt(int row) const { return m_rows.slotAt(row); }
-    int slotCount() const { return m_rows.slotCount(); } ///< above every slot in use
-    const RecentFileInfo &recordIn(quint32 slot) const { return m_rows.inSlot(slot); }
-    int rowOfSlot(quint32 slot) const { return m_rows.rowOfSlot(slot); } ///< O(log n); only of one in use
+    /// Handles are for who keeps rows in an order of its own: a record's handle is the same number while it
+    /// has a row, wherever that moves.
+    zel::Handle handleAt(int row) const { return m_rows.handleAt(row); }
+    int handleCount() const { return m_rows.handleCount(); } ///< above every handle in use
+    const RecentFileInfo &recordIn(zel::Handle handle) const { return m_rows.withHandle(handle); }
+    int rowOfHandle(zel::Handle handle) const
+    {
+        return m_rows.rowOfHandle(handle);
+    } ///< O(log n); of one in use
 
     /// Marks the rows whose record id, or else roaming id or cloud file id, is in `messages`; unread ones
     /// keep their mark.

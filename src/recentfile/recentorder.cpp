@@ -23,17 +23,23 @@ qint64 sizeRank(const RecentFileInfo &record, Qt::SortOrder order)
 
 } // namespace
 
-DocumentKind RecentOrder::kindOf(quint32 slot) const
+void RecentOrder::setSource(const ZelBoxRecentFileModel *source)
 {
-    if (slot >= m_kindBytes.size())
-        m_kindBytes.resize(size_t(m_source->slotCount()));
-    quint8 &known = m_kindBytes[slot];
+    clear();
+    m_source = source;
+}
+
+DocumentKind RecentOrder::kindOf(Handle handle) const
+{
+    if (handle >= m_kindBytes.size())
+        m_kindBytes.resize(size_t(m_source->handleCount()));
+    quint8 &known = m_kindBytes[handle];
     if (known == 0)
-        known = quint8(documentKind(shownName(m_source->recordIn(slot))));
+        known = quint8(documentKind(shownName(m_source->recordIn(handle))));
     return DocumentKind(known);
 }
 
-bool RecentOrder::comesBefore(quint32 a, quint32 b) const
+bool RecentOrder::isBefore(Handle a, Handle b) const
 {
     const RecentFileInfo &x = m_source->recordIn(a);
     const RecentFileInfo &y = m_source->recordIn(b);
@@ -42,7 +48,7 @@ bool RecentOrder::comesBefore(quint32 a, quint32 b) const
     const bool ascending = m_sort.order == Qt::AscendingOrder;
     switch (m_sort.key) {
     case RecentSort::Key::Time:
-        return ascending ? recent::comesBefore(y, x) : recent::comesBefore(x, y);
+        return ascending ? comesBefore(y, x) : comesBefore(x, y);
     case RecentSort::Key::Name: {
         const int order = m_names.compare(a, b);
         if (order != 0)
@@ -59,177 +65,135 @@ bool RecentOrder::comesBefore(quint32 a, quint32 b) const
             return (kindOf(a) < kindOf(b)) == ascending;
         break;
     }
-    return recent::comesBefore(x, y);
+    return comesBefore(x, y);
 }
 
-bool RecentOrder::isSlow(const RecentSort &sort) const
+bool RecentOrder::isSlow(const RecentSort &sort, const Handles &present) const
 {
-    return sort.key == RecentSort::Key::Name && !isSortedByName() && m_source->rowCount() > FewNames;
+    return sort.key == RecentSort::Key::Name && !isByName(present) && m_source->rowCount() > FewNames;
 }
 
-bool RecentOrder::isSortedByName() const
+bool RecentOrder::isByName(const Handles &present) const
 {
-    return m_sort.key == RecentSort::Key::Name && int(m_all.size()) == m_source->rowCount();
+    return m_sort.key == RecentSort::Key::Name && int(present.size()) == m_source->rowCount();
 }
 
-void RecentOrder::sortAll(const RecentSort &sort)
+Handles RecentOrder::sorted(const RecentSort &sort, const Handles &present)
 {
-    const bool namesAreSorted = isSortedByName() && sort.key == RecentSort::Key::Name;
+    const bool namesAreSorted = isByName(present) && sort.key == RecentSort::Key::Name;
     const bool turn = m_sort.order != sort.order;
     m_sort = sort;
+    Handles handles;
     if (namesAreSorted) {
+        handles = present;
         if (turn)
-            std::reverse(m_all.begin(), m_all.end());
+            std::reverse(handles.begin(), handles.end());
     } else if (sort.key == RecentSort::Key::Name) {
-        sortByNames();
+        return adopted(orderByName(namedRecords()), sort, {});
     } else {
         m_names.clear();
-        m_all = sourceOrder();
-        sortByRank();
+        handles = sourceOrder();
+        sortByRank(&handles);
     }
-    putPinnedFirst();
+    return pinnedFirst(std::move(handles));
 }
 
-// One comparable number per record, beside its slot: records themselves lie far apart in memory.
-void RecentOrder::sortByRank()
+// One comparable number per record, beside its handle: records themselves lie far apart in memory.
+void RecentOrder::sortByRank(Handles *handles) const
 {
     if (m_sort.key == RecentSort::Key::Time) {
         if (m_sort.order == Qt::AscendingOrder)
-            std::reverse(m_all.begin(), m_all.end());
+            std::reverse(handles->begin(), handles->end());
         return;
     }
     const bool bySize = m_sort.key == RecentSort::Key::Size;
     const int direction = m_sort.order == Qt::AscendingOrder ? 1 : -1;
-    std::vector<std::pair<qint64, quint32>> ranked;
-    ranked.reserve(m_all.size());
-    for (const quint32 slot : m_all) {
+    std::vector<std::pair<qint64, Handle>> ranked;
+    ranked.reserve(handles->size());
+    for (const Handle handle : *handles) {
         ranked.emplace_back(
-            bySize ? sizeRank(m_source->recordIn(slot), m_sort.order) : direction * int(kindOf(slot)), slot);
+            bySize ? sizeRank(m_source->recordIn(handle), m_sort.order) : direction * int(kindOf(handle)),
+            handle);
     }
     std::stable_sort(
         ranked.begin(), ranked.end(), [](const auto &a, const auto &b) { return a.first < b.first; });
-    std::transform(ranked.cbegin(), ranked.cend(), m_all.begin(), [](const auto &one) { return one.second; });
+    std::transform(
+        ranked.cbegin(), ranked.cend(), handles->begin(), [](const auto &one) { return one.second; });
 }
 
-void RecentOrder::sortByNames()
+std::vector<NamedRecord> RecentOrder::namedRecords() const
 {
-    NameOrder order = orderByName(namedSlots());
-    m_all = std::move(order.slotsByName);
-    m_names = std::move(order.keys);
-    if (m_sort.order == Qt::DescendingOrder)
-        std::reverse(m_all.begin(), m_all.end());
-}
-
-std::vector<NamedSlot> RecentOrder::namedSlots() const
-{
-    std::vector<NamedSlot> named;
+    std::vector<NamedRecord> named;
     named.reserve(size_t(m_source->rowCount()));
-    for (const quint32 slot : sourceOrder()) {
-        const RecentFileInfo &record = m_source->recordIn(slot);
-        named.push_back({slot, shownName(record), record.path, record.id});
+    for (const Handle handle : sourceOrder()) {
+        const RecentFileInfo &record = m_source->recordIn(handle);
+        named.push_back({handle, shownName(record), record.path, record.id});
     }
     return named;
 }
 
-void RecentOrder::adopt(NameOrder order, const RecentSort &sort, const std::vector<bool> &touched)
+Handles RecentOrder::adopted(NameOrder order, const RecentSort &sort, const std::vector<bool> &touched)
 {
     m_sort = sort;
     m_names = std::move(order.keys);
-    std::vector<bool> missing(size_t(m_source->slotCount()));
-    const std::vector<quint32> present = sourceOrder();
-    for (const quint32 slot : present)
-        missing[slot] = true;
+    const Handles present = sourceOrder();
+    std::vector<bool> missing(size_t(m_source->handleCount()));
+    for (const Handle handle : present)
+        missing[handle] = true;
 
-    m_all.clear();
-    for (const quint32 slot : order.slotsByName) {
+    Handles handles;
+    for (const Handle handle : order.byName) {
         const bool usable =
-            slot < missing.size() && missing[slot] && !(slot < touched.size() && touched[slot]);
+            handle < missing.size() && missing[handle] && !(handle < touched.size() && touched[handle]);
         if (!usable)
             continue;
-        m_all.push_back(slot);
-        missing[slot] = false;
+        handles.push_back(handle);
+        missing[handle] = false;
     }
     if (sort.order == Qt::DescendingOrder)
-        std::reverse(m_all.begin(), m_all.end());
-    putPinnedFirst();
+        std::reverse(handles.begin(), handles.end());
+    handles = pinnedFirst(std::move(handles));
 
-    const auto sorted = std::ptrdiff_t(m_all.size());
-    for (const quint32 slot : present) {
-        if (!missing[slot])
+    const auto sorted = std::ptrdiff_t(handles.size());
+    for (const Handle handle : present) {
+        if (!missing[handle])
             continue;
-        m_names.drop(slot); // may be of an earlier name
-        learnName(slot);
-        m_all.push_back(slot);
+        m_names.set(handle, shownName(m_source->recordIn(handle))); // it may have had another one
+        handles.push_back(handle);
     }
-    const auto before = [this](quint32 a, quint32 b) { return comesBefore(a, b); };
-    std::sort(m_all.begin() + sorted, m_all.end(), before);
-    std::inplace_merge(m_all.begin(), m_all.begin() + sorted, m_all.end(), before);
+    const auto before = [this](Handle a, Handle b) { return isBefore(a, b); };
+    std::sort(handles.begin() + sorted, handles.end(), before);
+    std::inplace_merge(handles.begin(), handles.begin() + sorted, handles.end(), before);
+    return handles;
 }
 
-void RecentOrder::add(quint32 slot)
+void RecentOrder::learn(Handle handle)
 {
-    forgetName(slot); // of the slot's last owner
-    insertSorted(slot);
+    if (m_sort.key == RecentSort::Key::Name)
+        m_names.set(handle, shownName(m_source->recordIn(handle)));
+    if (handle < m_kindBytes.size())
+        m_kindBytes[handle] = 0;
 }
 
 void RecentOrder::clear()
 {
-    m_all.clear();
     m_names.clear();
     m_kindBytes.clear();
 }
 
-void RecentOrder::remove(quint32 slot)
+Handles RecentOrder::sourceOrder() const
 {
-    m_all.erase(std::find(m_all.begin(), m_all.end(), slot));
-}
-
-void RecentOrder::remove(const std::vector<bool> &marked)
-{
-    std::erase_if(m_all, [&](quint32 slot) { return marked[slot]; });
-}
-
-void RecentOrder::update(quint32 slot, bool renamed)
-{
-    if (renamed)
-        forgetName(slot);
-    remove(slot);
-    insertSorted(slot);
-}
-
-void RecentOrder::insertSorted(quint32 slot)
-{
-    learnName(slot);
-    const auto place = std::partition_point(
-        m_all.begin(), m_all.end(), [this, slot](quint32 other) { return comesBefore(other, slot); });
-    m_all.insert(place, slot);
-}
-
-void RecentOrder::forgetName(quint32 slot)
-{
-    m_names.drop(slot);
-    if (slot < m_kindBytes.size())
-        m_kindBytes[slot] = 0;
-}
-
-void RecentOrder::learnName(quint32 slot)
-{
-    if (m_sort.key == RecentSort::Key::Name && !m_names.has(slot))
-        m_names.set(slot, shownName(m_source->recordIn(slot)));
-}
-
-std::vector<quint32> RecentOrder::sourceOrder() const
-{
-    std::vector<quint32> order(size_t(m_source->rowCount()));
+    Handles order(size_t(m_source->rowCount()));
     for (size_t row = 0; row < order.size(); ++row)
-        order[row] = m_source->slotAt(int(row));
+        order[row] = m_source->handleAt(int(row));
     return order;
 }
 
-void RecentOrder::putPinnedFirst()
+Handles RecentOrder::pinnedFirst(Handles handles) const
 {
     std::stable_partition(
-        m_all.begin(), m_all.end(), [this](quint32 slot) { return m_source->recordIn(slot).pinned; });
+        handles.begin(), handles.end(), [this](Handle handle) { return m_source->recordIn(handle).pinned; });
+    return handles;
 }
 
 } // namespace zel::recent

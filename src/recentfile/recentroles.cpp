@@ -1,8 +1,8 @@
 #include "recentfile/recentroles.h"
 
 #include "base/clock.h"
+#include "base/timetext.h"
 #include "recentfile/documentkind.h"
-#include "recentfile/timetext.h"
 
 #include <QFileInfo>
 

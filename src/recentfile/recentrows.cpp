@@ -13,8 +13,8 @@ bool comesBefore(const RecentFileInfo &a, const RecentFileInfo &b)
 void RecentRows::assign(RecordInfoList records)
 {
     clear();
-    m_slots = std::move(records);
-    m_order.resize(size_t(m_slots.size()));
+    m_records = std::move(records);
+    m_order.resize(size_t(m_records.size()));
     std::iota(m_order.begin(), m_order.end(), 0U);
     sortOrder();
     dropDuplicates();
@@ -22,73 +22,72 @@ void RecentRows::assign(RecordInfoList records)
 
 void RecentRows::clear()
 {
-    m_slots.clear();
+    m_records.clear();
     m_order.clear();
     m_free.clear();
-    m_slotOf.clear();
+    m_handleOf.clear();
 }
 
 // The store hands out sorted records, so this is one pass of comparisons as a rule.
 void RecentRows::sortOrder()
 {
-    const RecordInfoList &records = m_slots;
-    const auto less = [&records](quint32 a, quint32 b) {
-        return comesBefore(records.at(int(a)), records.at(int(b)));
-    };
+    const RecordInfoList &records = m_records;
+    const auto less = [&records](
+                          Handle a, Handle b) { return comesBefore(records.at(int(a)), records.at(int(b))); };
     if (!std::is_sorted(m_order.cbegin(), m_order.cend(), less))
         std::sort(m_order.begin(), m_order.end(), less);
 }
 
 void RecentRows::dropDuplicates()
 {
-    m_slotOf.reserve(int(m_order.size()));
-    const auto unwanted = [this](quint32 slot) {
-        const QString &id = m_slots.at(int(slot)).id;
+    m_handleOf.reserve(int(m_order.size()));
+    const auto unwanted = [this](Handle handle) {
+        const QString &id = m_records.at(int(handle)).id;
         if (id.isEmpty())
             return true;
-        quint32 &known = m_slotOf[id];
-        if (known != 0) // slot + 1, so that 0 means "new"
+        quint32 &known = m_handleOf[id];
+        if (known != 0) // handle + 1, so that 0 means "new"
             return true;
-        known = slot + 1;
+        known = handle + 1;
         return false;
     };
-    std::vector<quint32> kept;
+    Handles kept;
     kept.reserve(m_order.size());
-    for (const quint32 slot : m_order) {
-        if (unwanted(slot))
-            m_free.push_back(slot);
+    for (const Handle handle : m_order) {
+        if (unwanted(handle))
+            m_free.push_back(handle);
         else
-            kept.push_back(slot);
+            kept.push_back(handle);
     }
     m_order = std::move(kept);
 }
 
 int RecentRows::rowOf(const QString &id) const
 {
-    const quint32 known = m_slotOf.value(id);
-    return known == 0 ? -1 : placeFor(m_slots.at(int(known - 1)));
+    const quint32 known = m_handleOf.value(id);
+    return known == 0 ? -1 : placeFor(m_records.at(int(known - 1)));
 }
 
 int RecentRows::placeFor(const RecentFileInfo &record) const
 {
     const auto place = std::partition_point(m_order.cbegin(), m_order.cend(),
-        [&](quint32 slot) { return comesBefore(m_slots.at(int(slot)), record); });
+        [&](Handle handle) { return comesBefore(m_records.at(int(handle)), record); });
     return int(place - m_order.cbegin());
 }
 
 void RecentRows::insert(int row, const RecentFileInfo &record)
 {
-    Q_ASSERT(!m_slotOf.contains(record.id));
-    quint32 slot = quint32(m_slots.size());
+    Q_ASSERT(!m_handleOf.contains(record.id));
+    Handle handle = Handle(m_records.size());
     if (m_free.empty()) {
-        m_slots.append(record);
+        m_records.append(record);
     } else {
-        slot = m_free.back();
+        handle = m_free.back();
         m_free.pop_back();
-        m_slots[int(slot)] = record;
+        m_records[int(handle)] = record;
     }
-    m_slotOf.insert(record.id, slot + 1);
-    m_order.insert(m_order.begin() + row, slot);
+    m_handleOf.insert(record.id, handle + 1);
+    m_order.insert(m_order.begin() + row, handle);
 }
 
 void RecentRows::remove(int first, int count)
@@ -99,8 +98,8 @@ void RecentRows::remove(int first, int count)
     }
     const auto begin = m_order.begin() + first;
     for (auto it = begin; it != begin + count; ++it) {
-        m_slotOf.remove(m_slots.at(int(*it)).id);
-        m_slots[int(*it)] = {};
+        m_handleOf.remove(m_records.at(int(*it)).id);
+        m_records[int(*it)] = {};
         m_free.push_back(*it);
     }
     m_order.erase(begin, begin + count);
@@ -108,7 +107,7 @@ void RecentRows::remove(int first, int count)
 
 int RecentRows::replace(int from, int place, const RecentFileInfo &record)
 {
-    m_slots[int(m_order[size_t(from)])] = record;
+    m_records[int(m_order[size_t(from)])] = record;
     const auto begin = m_order.begin();
     if (place > from + 1) {
         std::rotate(begin + from, begin + from + 1, begin + place);

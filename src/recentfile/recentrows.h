@@ -1,6 +1,7 @@
 #pragma once
 
 #include "krecentfile.h"
+#include "lists/handle.h"
 
 #include <QHash>
 #include <vector>
@@ -22,12 +23,15 @@ public:
     void clear();
 
     int size() const { return int(m_order.size()); }
-    const RecentFileInfo &at(int row) const { return m_slots.at(int(m_order[size_t(row)])); }
+    const RecentFileInfo &at(int row) const { return m_records.at(int(m_order[size_t(row)])); }
     /// The number of a row's record: stays the same while the record is here, wherever its row moves.
-    quint32 slotAt(int row) const { return m_order[size_t(row)]; }
-    int slotCount() const { return m_slots.size(); } ///< above every slot in use
-    const RecentFileInfo &inSlot(quint32 slot) const { return m_slots.at(int(slot)); }
-    int rowOfSlot(quint32 slot) const { return placeFor(inSlot(slot)); } ///< of a slot in use; O(log n)
+    Handle handleAt(int row) const { return m_order[size_t(row)]; }
+    int handleCount() const { return m_records.size(); } ///< above every handle in use
+    const RecentFileInfo &withHandle(Handle handle) const { return m_records.at(int(handle)); }
+    int rowOfHandle(Handle handle) const
+    {
+        return placeFor(withHandle(handle));
+    } ///< of a handle in use; O(log n)
 
     int rowOf(const QString &id) const;               ///< -1 when there is none; O(log n)
     int placeFor(const RecentFileInfo &record) const; ///< row before which the order puts it; O(log n)
@@ -37,16 +41,16 @@ public:
     /// Replaces the record of row `from` by one of the same id and puts it before row `place` (in the numbers
     /// of before; `from` leaves it where it is). Returns its new row.
     int replace(int from, int place, const RecentFileInfo &record);
-    void setUnread(int row, int mark) { m_slots[int(m_order[size_t(row)])].unread = mark; }
+    void setUnread(int row, int mark) { m_records[int(m_order[size_t(row)])].unread = mark; }
 
 private:
     void sortOrder();
     void dropDuplicates();
 
-    RecordInfoList m_slots;
-    std::vector<quint32> m_order; // row -> slot
-    std::vector<quint32> m_free;  // slots that can be used again
-    QHash<QString, quint32> m_slotOf;
+    RecordInfoList m_records;
+    Handles m_order; // row -> handle
+    Handles m_free;  // handles that can be used again
+    QHash<QString, Handle> m_handleOf;
 };
 
 } // namespace zel::recent

@@ -1,7 +1,5 @@
 #include "recentfile/recentsections.h"
 
-#include "recentfile/recentfilter.h"
-
 #include <QCoreApplication>
 #include <algorithm>
 
@@ -15,7 +13,7 @@ struct SectionTexts
 };
 
 void appendTimeGroups(
-    RecentSections &sections, const SectionedRows &rows, bool newestFirst, const TimeGroupEdges &edges)
+    ListSections &sections, const SectionedRows &rows, bool newestFirst, const TimeGroupEdges &edges)
 {
     const int last = rows.count - 1;
     const int count = rows.count - rows.pinned;
@@ -46,41 +44,40 @@ int firstRowOfOtherKind(const SectionedRows &rows, int first)
     return end;
 }
 
-void appendKinds(RecentSections &sections, const SectionedRows &rows)
+void appendKinds(ListSections &sections, const SectionedRows &rows)
 {
     for (int first = rows.pinned; first < rows.count;) {
         const DocumentKind kind = rows.kindAt(first);
         const int end = firstRowOfOtherKind(rows, first);
-        sections.append(
-            {RecentSection::FirstType + kindPlace(kind), documentKindName(kind), first, end - first});
+        sections.append({FirstTypeSection + kindPlace(kind), documentKindName(kind), first, end - first});
         first = end;
     }
 }
 
 // Rows after the pinned ones need a header of their own: without one they would seem to belong to these.
-void appendOthers(RecentSections &sections, const SectionedRows &rows)
+void appendOthers(ListSections &sections, const SectionedRows &rows)
 {
     const QString title = rows.pinned > 0 ? SectionTexts::tr("Others") : QString();
     if (rows.pinned < rows.count)
-        sections.append({RecentSection::Unheaded, title, rows.pinned, rows.count - rows.pinned});
+        sections.append({ListSection::Unheaded, title, rows.pinned, rows.count - rows.pinned});
 }
 
 } // namespace
 
-RecentSections sectionsOf(const SectionedRows &rows, const RecentSort &sort, const TimeGroupEdges &edges)
+ListSections sectionsOf(const SectionedRows &rows, const ListSort &sort, const TimeGroupEdges &edges)
 {
-    RecentSections sections;
+    ListSections sections;
     if (rows.pinned > 0)
-        sections.append({RecentSection::Pinned, SectionTexts::tr("Pinned"), 0, rows.pinned});
+        sections.append({PinnedSection, SectionTexts::tr("Pinned"), 0, rows.pinned});
     switch (sort.key) {
-    case RecentSort::Key::Time:
+    case ListSort::Key::Time:
         appendTimeGroups(sections, rows, sort.order == Qt::DescendingOrder, edges);
         break;
-    case RecentSort::Key::Name:
-    case RecentSort::Key::Size:
+    case ListSort::Key::Name:
+    case ListSort::Key::Size:
         appendOthers(sections, rows);
         break;
-    case RecentSort::Key::Type:
+    case ListSort::Key::Type:
         appendKinds(sections, rows);
         break;
     }

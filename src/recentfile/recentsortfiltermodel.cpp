@@ -5,32 +5,50 @@
 #include <algorithm>
 
 using namespace zel::recent;
+using zel::Handle;
+using Model = ZelBoxRecentFileModel;
 
-RecentSortFilterModel::RecentSortFilterModel(QObject *parent) : QAbstractProxyModel(parent)
+namespace {
+
+bool contains(const QVector<int> &roles, std::initializer_list<int> wanted)
 {
-    connect(&m_nameSorter, &RecentNameSorter::finished, this, &RecentSortFilterModel::onNamesSorted);
+    return roles.isEmpty()
+        || std::any_of(wanted.begin(), wanted.end(), [&roles](int role) { return roles.contains(role); });
 }
 
-void RecentSortFilterModel::setSourceModel(QAbstractItemModel *model)
+bool mayRename(const QVector<int> &roles)
 {
-    auto *source = qobject_cast<ZelBoxRecentFileModel *>(model);
-    Q_ASSERT(source != nullptr || model == nullptr);
-    beginResetModel();
+    return contains(roles, {Model::NameRole, Model::PathRole});
+}
+
+// Whether a record may pass the filter or stand elsewhere after a change of these roles.
+bool mayPlace(const QVector<int> &roles)
+{
+    return mayRename(roles)
+        || contains(
+            roles, {Model::LastAccessRole, Model::SizeRole, Model::PinnedRole, Model::DeviceNameRole});
+}
+
+} // namespace
+
+RecentSortFilterModel::RecentSortFilterModel(QObject *parent) : SortedListModel(parent)
+{
+    connect(&m_nameSorter, &NameSorter::finished, this,
+        [this] { setOrder(m_order.adopted(m_nameSorter.takeResult(), m_sort, m_touched)); });
+}
+
+void RecentSortFilterModel::setSourceModel(ZelBoxRecentFileModel *model)
+{
     if (m_source)
         m_source->disconnect(this);
     m_nameSorter.drop();
-    m_order.clear();
-    m_shown.clear();
-    m_source = source;
-    m_order.setSource(source);
-    QAbstractProxyModel::setSourceModel(source);
-    updateSections();
-    endResetModel();
-    if (m_source) {
-        connectSource();
-        load();
-    }
-    tellSections();
+    reset();
+    m_source = model;
+    m_order.setSource(model);
+    if (!m_source)
+        return;
+    connectSource();
+    load();
 }
 
 ZelBoxRecentFileModel *RecentSortFilterModel::recentModel() const
@@ -40,15 +58,15 @@ ZelBoxRecentFileModel *RecentSortFilterModel::recentModel() const
 
 void RecentSortFilterModel::connectSource()
 {
-    using Model = ZelBoxRecentFileModel;
-    using Me = RecentSortFilterModel;
-    connect(m_source, &Model::rowsInserted, this, &Me::onSourceInserted);
-    connect(m_source, &Model::rowsAboutToBeRemoved, this, &Me::onSourceAboutToBeRemoved);
-    connect(m_source, &Model::dataChanged, this, &Me::onSourceChanged);
-    connect(m_source, &Model::groupsChanged, this, [this] {
-        updateSections();
-        tellSections();
-    });
+    connect(m_source, &Model::rowsInserted, this,
+        [this](const QModelIndex &, int first, int last) { onSourceInserted(first, last); });
+    connect(m_source, &Model::rowsAboutToBeRemoved, this,
+        [this](const QModelIndex &, int first, int last) { onSourceAboutToBeRemoved(first, last); });
+    connect(m_source, &Model::dataChanged, this,
+        [this](const QModelIndex &first, const QModelIndex &last, const QVector<int> &roles) {
+            onSourceChanged(first.row(), last.row(), roles);
+        });
+    connect(m_source, &Model::groupsChanged, this, [this] { refreshSections(); });
     connect(m_source, &QObject::destroyed, this, [this] { setSourceModel(nullptr); });
 }
 
@@ -62,154 +80,155 @@ void RecentSortFilterModel::setSort(const RecentSort &sort)
     m_nameSorter.drop();
     if (!m_source || sort == m_order.sort())
         return;
-    if (m_order.isSlow(sort)) {
-        m_touched.clear();
-        m_nameSorter.start(m_order.namedSlots());
-    } else {
-        resort([this] { m_order.sortAll(m_sort); });
-    }
+    if (m_order.isSlow(sort, inOrder()))
+        sortNamesAside();
+    else
+        setOrder(m_order.sorted(sort, inOrder()));
 }
 
-void RecentSortFilterModel::onNamesSorted()
+void RecentSortFilterModel::sortNamesAside()
 {
-    resort([this] { m_order.adopt(m_nameSorter.takeResult(), m_sort, m_touched); });
+    m_touched.clear();
+    m_nameSorter.start(m_order.namedRecords());
 }
 
-// Persistent indexes are few: the current row, the selection's ends, what a view keeps.
-template <typename Sorting> void RecentSortFilterModel::resort(const Sorting &sorting)
+void RecentSortFilterModel::touch(Handle handle)
 {
-    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
-    const QModelIndexList before = persistentIndexList();
-    std::vector<quint32> kept;
-    for (const QModelIndex &index : before)
-        kept.push_back(m_shown[size_t(index.row())]);
-    sorting();
-    m_shown = passing(m_order.all());
-    updateSections();
-    QModelIndexList after;
-    for (const quint32 slot : kept)
-        after << index(shownRow(slot));
-    changePersistentIndexList(before, after);
-    Q_EMIT layoutChanged({}, VerticalSortHint);
-    tellSections();
+    if (!m_nameSorter.isRunning())
+        return;
+    if (handle >= m_touched.size())
+        m_touched.resize(handle + 1);
+    m_touched[handle] = true;
 }
 
 void RecentSortFilterModel::setFilter(const RecentFilter &filter)
 {
     if (filter == m_filter)
         return;
-    RecentTextMatcher matcher(filter.text);
-    const bool narrower =
-        matcher.isNarrowerThan(m_matcher) && (!m_filter.kinds || filter.kinds == m_filter.kinds);
-    m_filter = filter;
-    m_matcher = std::move(matcher);
-    showInstead(passing(narrower ? m_shown : m_order.all()));
+    const RecentFilter before = std::exchange(m_filter, filter);
+    const zel::WordFilter wordsBefore = std::exchange(m_words, zel::WordFilter(filter.text));
+    refilterAnew(m_words.isNarrowerThan(wordsBefore) && (!before.kinds || filter.kinds == before.kinds));
 }
 
-void RecentSortFilterModel::showInstead(std::vector<quint32> rows)
+bool RecentSortFilterModel::passes(Handle handle) const
 {
-    if (rows == m_shown)
+    return (!m_filter.kinds || m_filter.kinds.testFlag(m_order.kindOf(handle)))
+        && matches(m_words, m_source->recordIn(handle));
+}
+
+// A list that is loaded must not wait for the sorting of its names: it comes newest first, and is sorted when
+// that is done.
+void RecentSortFilterModel::load()
+{
+    m_nameSorter.drop();
+    const bool later = m_order.isSlow(m_sort, inOrder());
+    setOrder(m_order.sorted(later ? RecentSort() : m_sort, inOrder()));
+    if (later)
+        sortNamesAside();
+}
+
+void RecentSortFilterModel::onSourceInserted(int first, int last)
+{
+    if (last - first + 1 == m_source->rowCount()) {
+        load();
         return;
-    if (!m_shown.empty())
-        removeShown(0, int(m_shown.size()) - 1);
-    if (!rows.empty()) {
-        beginInsertRows({}, 0, int(rows.size()) - 1);
-        m_shown = std::move(rows);
-        updateSections();
-        endInsertRows();
     }
-    tellSections();
-}
-
-bool RecentSortFilterModel::passes(quint32 slot) const
-{
-    return (!m_filter.kinds || m_filter.kinds.testFlag(m_order.kindOf(slot)))
-        && m_matcher.matches(m_source->recordIn(slot));
-}
-
-std::vector<quint32> RecentSortFilterModel::passing(const std::vector<quint32> &candidates) const
-{
-    if (m_filter.isEmpty())
-        return candidates;
-    std::vector<quint32> rows;
-    std::copy_if(candidates.cbegin(), candidates.cend(), std::back_inserter(rows),
-        [this](quint32 slot) { return passes(slot); });
-    return rows;
-}
-
-void RecentSortFilterModel::updateSections()
-{
-    RecentSections sections;
-    if (!m_shown.empty()) {
-        const auto pinned = std::partition_point(m_shown.cbegin(), m_shown.cend(),
-            [this](quint32 slot) { return m_source->recordIn(slot).pinned; });
-        const SectionedRows rows{int(m_shown.size()), int(pinned - m_shown.cbegin()),
-            [this](int row) { return record(row).lastAccess; },
-            [this](int row) { return m_order.kindOf(m_shown[size_t(row)]); }};
-        sections = sectionsOf(rows, m_order.sort(), m_source->groupEdges());
+    zel::ListDelta delta;
+    for (int row = first; row <= last; ++row) {
+        delta.inserted.push_back(m_source->handleAt(row));
+        touch(delta.inserted.back());
+        m_order.learn(delta.inserted.back());
     }
-    if (sections == m_sections)
+    apply(delta);
+}
+
+void RecentSortFilterModel::onSourceAboutToBeRemoved(int first, int last)
+{
+    if (last - first + 1 == m_source->rowCount()) { // handles begin anew
+        m_nameSorter.drop();
+        setOrder({});
+        m_order.clear();
         return;
-    m_sections = std::move(sections);
-    m_sectionsToTell = true;
+    }
+    zel::ListDelta delta;
+    for (int row = first; row <= last; ++row) {
+        delta.removed.push_back(m_source->handleAt(row));
+        touch(delta.removed.back());
+    }
+    apply(delta);
 }
 
-void RecentSortFilterModel::tellSections()
+void RecentSortFilterModel::onSourceChanged(int first, int last, const QVector<int> &roles)
 {
-    if (std::exchange(m_sectionsToTell, false))
-        Q_EMIT sectionsChanged();
+    const bool places = mayPlace(roles);
+    if (!places && last > first && last - first + 1 == m_source->rowCount()) {
+        applyToAll(roles);
+        return;
+    }
+    zel::ListDelta delta;
+    delta.roles = roles;
+    for (int row = first; row <= last; ++row) {
+        const Handle handle = m_source->handleAt(row);
+        delta.changed.push_back(handle);
+        if (!places)
+            continue;
+        touch(handle);
+        if (mayRename(roles))
+            m_order.learn(handle);
+    }
+    apply(delta);
+}
+
+zel::ListSections RecentSortFilterModel::sectionsOf(int count) const
+{
+    if (count == 0)
+        return {};
+    int pinned = 0;
+    for (int end = count; pinned < end;) {
+        const int middle = pinned + (end - pinned) / 2;
+        if (record(middle).pinned)
+            pinned = middle + 1;
+        else
+            end = middle;
+    }
+    const SectionedRows rows{count, pinned, [this](int row) { return record(row).lastAccess; },
+        [this](int row) { return m_order.kindOf(handleAt(row)); }};
+    return zel::recent::sectionsOf(rows, m_order.sort(), m_source->groupEdges());
+}
+
+QString RecentSortFilterModel::idOf(int row) const
+{
+    return record(row).id;
 }
 
 int RecentSortFilterModel::rowOf(const QString &id) const
 {
     const int row = m_source ? m_source->rowOf(id) : -1;
-    return row < 0 ? -1 : shownRow(m_source->slotAt(row));
+    return row < 0 ? -1 : rowOfHandle(m_source->handleAt(row));
 }
 
 const RecentFileInfo &RecentSortFilterModel::record(int row) const
 {
-    return m_source->recordIn(m_shown[size_t(row)]);
+    return m_source->recordIn(handleAt(row));
 }
 
-QModelIndex RecentSortFilterModel::index(int row, int column, const QModelIndex &parent) const
+QVariant RecentSortFilterModel::data(const QModelIndex &index, int role) const
 {
-    const bool exists = !parent.isValid() && column == 0 && row >= 0 && row < rowCount();
-    return exists ? createIndex(row, column) : QModelIndex();
-}
-
-QModelIndex RecentSortFilterModel::parent(const QModelIndex &) const
-{
-    return {};
-}
-
-int RecentSortFilterModel::rowCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : int(m_shown.size());
-}
-
-int RecentSortFilterModel::columnCount(const QModelIndex &parent) const
-{
-    return parent.isValid() ? 0 : 1;
-}
-
-// Straight from the record: the source's row of it would have to be looked for.
-QVariant RecentSortFilterModel::data(const QModelIndex &proxyIndex, int role) const
-{
-    if (!m_source || !proxyIndex.isValid() || !checkIndex(proxyIndex))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    return m_source->recordData(record(proxyIndex.row()), role);
+    return m_source->recordData(record(index.row()), role);
 }
 
-QModelIndex RecentSortFilterModel::mapToSource(const QModelIndex &proxyIndex) const
+QModelIndex RecentSortFilterModel::mapToSource(const QModelIndex &index) const
 {
-    if (!m_source || !proxyIndex.isValid() || !checkIndex(proxyIndex))
+    if (!checkIndex(index, CheckIndexOption::IndexIsValid))
         return {};
-    return m_source->index(m_source->rowOfSlot(m_shown[size_t(proxyIndex.row())]));
+    return m_source->index(m_source->rowOfHandle(handleAt(index.row())));
 }
 
 QModelIndex RecentSortFilterModel::mapFromSource(const QModelIndex &sourceIndex) const
 {
     if (!sourceIndex.isValid() || sourceIndex.model() != m_source)
         return {};
-    return index(shownRow(m_source->slotAt(sourceIndex.row())));
+    return index(rowOfHandle(m_source->handleAt(sourceIndex.row())));
 }

@@ -1,5 +1,7 @@
 #include "recentfile/timegroups.h"
 
+#include "base/timetext.h"
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <limits>
@@ -97,10 +99,10 @@ QString timeGroupTitle(const TimeGroupEdges &edges, int kind)
         return GroupTexts::tr("This Month");
     }
     const QDate day = edges.reference[size_t(kind - 1)];
-    const QString month = QString::number(day.month());
+    const QString name = textLocale().standaloneMonthName(day.month());
     if (day.year() == edges.today.year())
-        return GroupTexts::tr("%1 Month").arg(month);
-    return GroupTexts::tr("%1 Year %2 Month").arg(QString::number(day.year()), month);
+        return dateWords(GroupTexts::tr("%1 Month"), day.month(), day.year(), name);
+    return dateWords(GroupTexts::tr("%1 Year %2 Month"), day.year(), day.month(), name);
 }
 
 TimeGroups groupRows(const TimeGroupEdges &edges, int rowCount, const std::function<qint64(int)> &timeAt)

@@ -164,8 +164,8 @@ void TestDrive::transfersOutliveTheService()
     m_logic->upload(
         {local(QStringLiteral("large")), local(QStringLiteral("other")), local(QStringLiteral("third"))});
     QTRY_COMPARE_WITH_TIMEOUT(m_logic->transfers()->rowCount(), 3, Patience);
-    const QString third = m_logic->transfers()->transfer(0).id;
-    QCOMPARE(m_logic->transfers()->transfer(0).name, QStringLiteral("third"));
+    const QString third = m_logic->transfers()->newestFirst().at(0).id;
+    QCOMPARE(m_logic->transfers()->newestFirst().at(0).name, QStringLiteral("third"));
     m_logic->cancelTransfers({third}); // it waits or runs
     m_service->kill();
     QTRY_COMPARE_WITH_TIMEOUT(m_logic->state(), State::Offline, Patience);
@@ -184,8 +184,8 @@ void TestDrive::transfersOutliveTheService()
     QTRY_VERIFY_WITH_TIMEOUT(settled(), 2 * Patience);
     QTRY_COMPARE_WITH_TIMEOUT(QFileInfo(inDrive(QStringLiteral("large"))).size(), qint64(Bytes), Patience);
     QTRY_VERIFY_WITH_TIMEOUT(!idOf("large").isEmpty() && !idOf("other").isEmpty(), Patience);
-    QCOMPARE(m_logic->transfers()->transfer(2).state, TransferState::Done);
-    QCOMPARE(m_logic->transfers()->transfer(1).state, TransferState::Done);
+    QCOMPARE(m_logic->transfers()->newestFirst().at(2).state, TransferState::Done);
+    QCOMPARE(m_logic->transfers()->newestFirst().at(1).state, TransferState::Done);
 }
 
 void TestDrive::largeFolderArrives()

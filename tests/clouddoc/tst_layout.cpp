@@ -10,8 +10,6 @@ class TestLayout : public QObject
 private Q_SLOTS:
     void crumbs_data();
     void crumbs();
-    void times_data();
-    void times();
 };
 
 void TestLayout::crumbs_data()
@@ -37,30 +35,6 @@ void TestLayout::crumbs()
     QFETCH(int, available);
     const CrumbFit fit = CrumbFit::of(widths, available, {10, 20, 40});
     QTEST(QStringLiteral("%1 %2 %3").arg(fit.leading).arg(fit.trailing).arg(fit.lastWidth), "expected");
-}
-
-void TestLayout::times_data()
-{
-    QTest::addColumn<QString>("time");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("unknown") << QString() << QString();
-    QTest::newRow("first minute of today") << "2024-03-20T00:00:00"
-                                           << "00:00";
-    QTest::newRow("last minute of yesterday") << "2024-03-19T23:59:59"
-                                              << "yesterday 23:59";
-    QTest::newRow("this year") << "2024-01-02T10:00:00"
-                               << "2 January";
-    QTest::newRow("later this year") << "2024-12-31T10:00:00"
-                                     << "31 December";
-    QTest::newRow("yesterday of another year") << "2023-12-31T10:00:00"
-                                               << "2023-12-31";
-}
-
-void TestLayout::times()
-{
-    QFETCH(QString, time);
-    const QDateTime now = QDateTime::fromString(QStringLiteral("2024-03-20T14:30:00"), Qt::ISODate);
-    QTEST(zel::clouddoc::timeText(QDateTime::fromString(time, Qt::ISODate), now), "expected");
 }
 
 QTEST_MAIN(TestLayout)

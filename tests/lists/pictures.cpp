@@ -15,7 +15,8 @@ ListRow rowOf(ListRow::Kind kind, const char *name)
     row.fileName = row.name = QString::fromUtf8(name);
     row.place = QStringLiteral("~/Documents/Reports/Year");
     row.detail = QStringLiteral("· 12 kB");
-    row.time = QStringLiteral("yesterday 14:30");
+    if (kind != ListRow::Kind::Columns)
+        row.time = QStringLiteral("yesterday 14:30");
     row.columns = {RowColumn::Time, RowColumn::Size};
     row.columnTexts = QStringList{QStringLiteral("yesterday 14:30"), QStringLiteral("12 kB")};
     const QString text =

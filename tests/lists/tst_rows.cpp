@@ -2,6 +2,7 @@
 #include "lists/ui/columnheadings.h"
 #include "lists/ui/rowdelegate.h"
 #include "skinstate.h"
+#include "support/contrast.h"
 #include "widgets/nametext.h"
 
 #include <QPainter>
@@ -9,7 +10,6 @@
 #include <QSignalSpy>
 #include <QStandardItemModel>
 #include <QTest>
-#include <cmath>
 
 using zel::MarkedText;
 
@@ -100,22 +100,6 @@ QString printed(const MarkedText &line)
     return text;
 }
 
-// As the Web Content Accessibility Guidelines 2.1 define them.
-double luminance(const QColor &color)
-{
-    const auto linear = [](double v) {
-        return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const double x = luminance(a);
-    const double y = luminance(b);
-    return (std::max(x, y) + 0.05) / (std::min(x, y) + 0.05);
-}
-
 struct TestRow : ListRow
 {
     static TestRow of(const QModelIndex &index)
@@ -146,9 +130,8 @@ private Q_SLOTS:
     void cells_data();
     void cells();
     void nothingOverlaps();
-    void buttons();
+    void delegate();
     void elidedNames();
-    void marks_data();
     void marks();
     void snippets_data();
     void snippets();
@@ -237,27 +220,31 @@ void TestRows::nothingOverlaps()
     }
 }
 
-void TestRows::buttons()
+void TestRows::delegate()
 {
     QStandardItemModel model;
     model.appendRow(new QStandardItem(QString(300, QLatin1Char('i'))));
-    TestDelegate delegate;
+    TestDelegate rows;
     ListRowOption option;
     option.rect = QRect(0, 0, 500, 60);
     const QModelIndex index = model.index(0, 0);
-    const RowCell resting = delegate.cell(option, index);
+    const RowCell resting = rows.cell(option, index);
     option.buttons = true;
-    const RowCell hovered = delegate.cell(option, index);
+    const RowCell hovered = rows.cell(option, index);
     QCOMPARE(hovered.name, resting.name); // nothing moves when the pointer comes
     QVERIFY(hovered.time.isNull() && !resting.time.isNull());
-    const QRect last = delegate.buttonRect(option, index, 9);
+    const QRect last = rows.buttonRect(option, index, 9);
     QCOMPARE(last, hovered.buttons[1]);
-    QCOMPARE(delegate.buttonAt(option, index, last.center()), 9);
-    QCOMPARE(delegate.buttonAt(option, index, hovered.buttons[0].center()), 7);
-    QCOMPARE(delegate.buttonAt(option, index, hovered.name.center()), int(ListRowOption::NoButton));
-    delegate.setOffersButtons(false);
-    QVERIFY(delegate.buttonRect(option, index, 9).isNull());
-    const RowCell without = delegate.cell(option, index);
+    QCOMPARE(rows.buttonAt(option, index, last.center()), 9);
+    QCOMPARE(rows.buttonAt(option, index, hovered.buttons[0].center()), 7);
+    QCOMPARE(rows.buttonAt(option, index, hovered.name.center()), int(ListRowOption::NoButton));
+    option.markedWords = QStringList{QStringLiteral("ii")};
+    TestRow row = TestRow::of(index);
+    row.fit(option, rows.fonts(option.font));
+    QCOMPARE(row.nameMarks, (zel::TextRanges{{0, row.name.size()}})); // what is cut out, too
+    rows.setOffersButtons(false);
+    QVERIFY(rows.buttonRect(option, index, 9).isNull());
+    const RowCell without = rows.cell(option, index);
     QVERIFY2(without.name.width() > resting.name.width(), qPrintable(printed(resting) + printed(without)));
 }
 
@@ -292,37 +279,22 @@ void TestRows::elidedNames()
     }
 }
 
-void TestRows::marks_data()
-{
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("shown"); // empty: all of it
-    QTest::addColumn<QStringList>("words");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *title, const char *text, const char *shown, const char *words,
-                         const char *expected) {
-        QTest::newRow(title) << QString::fromUtf8(text) << QString::fromUtf8(shown)
-                             << QString::fromUtf8(words).split(QLatin1Char(' '), Qt::SkipEmptyParts)
-                             << QString::fromUtf8(expected);
-    };
-    row("no word", "Budget.xlsx", "", "", "Budget.xlsx");
-    row("each time, whatever the case", "Report and report", "", "report", "[Report] and [report]");
-    row("accents and letters that fold to two", "Café Straße", "", "cafe strasse", "[Café] [Straße]");
-    row("Chinese", "第一季度财务报告", "", "财务", "第一季度[财务]报告");
-    row("words that overlap or touch", "abcdef", "", "abc cd ef", "[abcdef]");
-    row("before and behind the cut", "annual report.docx", "ann…ort.docx", "an docx", "[an]n…ort.[docx]");
-    row("across the cut", "annual report.docx", "ann…ort.docx", "annual", "[ann…]ort.docx");
-    row("within the cut", "annual report.docx", "ann…ort.docx", "al", "ann[…]ort.docx");
-    row("two within the cut", "annual report.docx", "ann…ort.docx", "ual re", "ann[…]ort.docx");
-    row("cut at the start", "annual report.docx", "…ort.docx", "port", "[…ort].docx");
-}
-
 void TestRows::marks()
 {
-    QFETCH(QString, text);
-    QFETCH(QString, shown);
-    QFETCH(QStringList, words);
-    const QString line = shown.isEmpty() ? text : shown;
-    QTEST(printed({line, zel::shownRanges(text, line, zel::markedRanges(text, words))}), "expected");
+    const QString text = QStringLiteral("annual report.docx");
+    struct Case
+    {
+        const char *shown, *words, *expected;
+    };
+    const Case cases[] = {{"ann…ort.docx", "an docx", "[an]n…ort.[docx]"}, // before and behind the cut
+        {"ann…ort.docx", "annual", "[ann…]ort.docx"}, {"ann…ort.docx", "al", "ann[…]ort.docx"},
+        {"ann…ort.docx", "ual re", "ann[…]ort.docx"}, {"…ort.docx", "port", "[…ort].docx"}};
+    for (const auto &[shown, words, expected] : cases) {
+        const QString line = QString::fromUtf8(shown);
+        const zel::WordFilter filter(QString::fromUtf8(words));
+        QCOMPARE(
+            printed({line, zel::shownRanges(text, line, filter.ranges(text))}), QString::fromUtf8(expected));
+    }
 }
 
 void TestRows::snippets_data()

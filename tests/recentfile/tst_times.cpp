@@ -1,12 +1,14 @@
+#include "base/timetext.h"
 #include "recentfile/timegroups.h"
-#include "recentfile/timetext.h"
 
 #include "recentfile/records.h"
 
 #include <QTest>
+#include <QTranslator>
 
 using namespace zel::recent;
 using recenttest::at;
+using zel::timeText;
 
 class TestTimes : public QObject
 {
@@ -16,6 +18,7 @@ private Q_SLOTS:
     void textAndGroup_data();
     void textAndGroup();
     void utcTimesAreShownInLocalTime();
+    void cataloguesNameMonths();
     void everyDayOfFiveYears_data();
     void everyDayOfFiveYears();
     void rowsOfGroups_data();
@@ -121,6 +124,29 @@ void TestTimes::everyDayOfFiveYears_data()
     QTest::addColumn<int>("firstYear");
     QTest::newRow("UTC") << QByteArray("UTC") << 2023;
     QTest::newRow("clock changes at midnight") << QByteArray("America/Sao_Paulo") << 2014;
+}
+
+// Sources and their numbers are fixed; a catalogue takes the name of the month, in its own language.
+void TestTimes::cataloguesNameMonths()
+{
+    struct German : QTranslator
+    {
+        QString translate(const char *, const char *source, const char *, int) const override
+        {
+            const QMap<QByteArray, const char *> texts{{"%1month%2day", "%2. %3"}, {"%1 Month", "%3"},
+                {"%1 Year %2 Month", "%3 %1"}, {"en", "de"}, {"%1, %2", "%1 um %2"}};
+            return QString::fromUtf8(texts.value(source));
+        }
+        bool isEmpty() const override { return false; }
+    } german;
+    QCoreApplication::installTranslator(&german);
+    QCOMPARE(timeText(at(QStringLiteral("2024-03-07 09:05")), at(QStringLiteral("2024-10-20 10:00"))),
+        QString::fromUtf8("7. März"));
+    const TimeGroupEdges edges = timeGroupEdges(QDate(2024, 2, 20));
+    QCOMPARE(timeGroupTitle(edges, 5), QStringLiteral("Januar"));
+    QCOMPARE(timeGroupTitle(edges, 6), QStringLiteral("Dezember 2023"));
+    QCOMPARE(zel::longTimeText(at(QStringLiteral("2024-03-07 09:05"))),
+        QString::fromUtf8("Donnerstag, 7. März 2024 um 09:05"));
 }
 
 // Whatever the day: the groups follow one another, nothing is lost between them, and the days that have a

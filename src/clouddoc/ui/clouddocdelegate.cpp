@@ -1,13 +1,13 @@
 #include "clouddoc/ui/clouddocdelegate.h"
 
 #include "base/sizetext.h"
+#include "base/timetext.h"
 #include "clouddoc/clouddocmodel.h"
 #include "klitestyle.h"
 #include "widgets/nametext.h"
 
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QLocale>
 #include <QToolTip>
 
 using namespace zel::clouddoc;
@@ -61,7 +61,7 @@ QString CloudDocDelegate::toolTip(const QModelIndex &index) const
     QStringList lines{zel::plainLine(document.name)};
     if (document.modifiedAt > 0) {
         const QDateTime time = QDateTime::fromMSecsSinceEpoch(document.modifiedAt);
-        lines << tr("Modified: %1").arg(QLocale().toString(time, QLocale::LongFormat));
+        lines << tr("Modified: %1").arg(zel::longTimeText(time));
     }
     if (!document.folder)
         lines << tr("Size: %1").arg(zel::sizeText(document.size));

@@ -1,6 +1,6 @@
 #include "clouddoc/ui/clouddocstates.h"
 
-#include "clouddoc/ui/cloudproblemtext.h"
+#include "clouddoc/cloudproblemtext.h"
 #include "klitestyle.h"
 #include "widgets/emptystate.h"
 #include "widgets/loadingindicator.h"

@@ -2,14 +2,12 @@
 
 #include "base/clock.h"
 #include "base/sizetext.h"
+#include "base/timetext.h"
 #include "clouddoc/clouddocmodel.h"
 #include "widgets/nametext.h"
 
 #include <QCoreApplication>
-#include <QLocale>
 #include <QModelIndex>
-
-using namespace zel::clouddoc;
 
 namespace {
 
@@ -52,42 +50,8 @@ CloudRow CloudRow::of(const QModelIndex &index)
     row.name = zel::plainLine(document.name);
     const auto modified = QDateTime::fromMSecsSinceEpoch(document.modifiedAt);
     row.columns = timeAndSize;
-    row.columnTexts = QStringList{document.modifiedAt > 0 ? timeText(modified, zel::now()) : QString(),
+    row.columnTexts = QStringList{document.modifiedAt > 0 ? zel::timeText(modified, zel::now()) : QString(),
         document.folder ? QString() : zel::sizeText(document.size)};
     describeTransfer(document, &row);
     return row;
 }
-
-namespace zel::clouddoc {
-
-QString timeText(const QDateTime &time, const QDateTime &now)
-{
-    if (!time.isValid())
-        return {};
-    const QDateTime local = time.toLocalTime();
-    const QDate date = local.date();
-    const QDate today = now.toLocalTime().date();
-    const QString clock = local.time().toString(QStringLiteral("hh:mm"));
-    if (date == today)
-        return clock;
-    if (date.daysTo(today) == 1)
-        return RowTexts::tr("yesterday %1").arg(clock);
-    if (date.year() == today.year())
-        return QLocale().toString(date, RowTexts::tr("d MMMM", "format of a date within this year"));
-    return date.toString(QStringLiteral("yyyy-MM-dd"));
-}
-
-QString remainingText(qint64 seconds)
-{
-    if (seconds <= 0)
-        return {};
-    if (seconds < 60)
-        return RowTexts::tr("less than a minute left");
-    const qint64 minutes = (seconds + 30) / 60;
-    if (minutes < 60)
-        return RowTexts::tr("%n minute(s) left", nullptr, int(minutes));
-    const qint64 hours = qMin<qint64>((minutes + 30) / 60, INT_MAX);
-    return RowTexts::tr("%n hour(s) left", nullptr, int(hours));
-}
-
-} // namespace zel::clouddoc

@@ -8,7 +8,7 @@ CloudSortMenu::CloudSortMenu(QWidget *parent) : ListSortMenu(parent)
     addKey(int(Key::Time), Kind::Time, tr("Last modified"));
     addKey(int(Key::Size), Kind::Size, tr("Size"));
     addKey(int(Key::Type), Kind::Text, tr("Type"));
-    setSort(CloudSort());
+    setSort({Key::Name, Qt::AscendingOrder});
     connect(this, &ListSortMenu::chosen, this, [this](int key, Qt::SortOrder order) {
         Q_EMIT sortChosen({Key(key), order});
     });

@@ -1,8 +1,7 @@
 #include "clouddoc/ui/conflictdialog.h"
 
-#include "base/clock.h"
 #include "base/sizetext.h"
-#include "clouddoc/ui/cloudrowtexts.h"
+#include "base/timetext.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -42,7 +41,7 @@ void ConflictDialog::explain(CloudOperation operation, const CloudConflicts &con
     } else if (first.existing.modifiedAt > 0 && !first.existing.folder) {
         const QDateTime time = QDateTime::fromMSecsSinceEpoch(first.existing.modifiedAt);
         addText(tr("The file that is there: %1, changed %2.", "size, time")
-                    .arg(zel::sizeText(first.existing.size), zel::clouddoc::timeText(time, zel::now())));
+                    .arg(zel::sizeText(first.existing.size), zel::longTimeText(time)));
     }
     if (conflicts.size() == 1 && !first.suggestedName.isEmpty())
         addText(tr("Keep Both gives the new one the name “%1”.").arg(headingName(first.suggestedName)))

@@ -1,10 +1,10 @@
 #include "clouddoc/ui/movedialog.h"
 
 #include "clouddoc/clouddoclogic.h"
+#include "clouddoc/cloudproblemtext.h"
 #include "clouddoc/ui/breadcrumbbar.h"
 #include "clouddoc/ui/clouddocdelegate.h"
 #include "clouddoc/ui/cloudfoldersmodel.h"
-#include "clouddoc/ui/cloudproblemtext.h"
 #include "clouddoc/ui/crumbtexts.h"
 #include "klitestyle.h"
 #include "widgets/iconbutton.h"

@@ -14,23 +14,6 @@ CloudTransfer transferOf(const QModelIndex &index)
     return index.data(CloudTransferModel::TransferRole).value<CloudTransfer>();
 }
 
-int placeOf(CloudTransfer::State state)
-{
-    switch (state) {
-    case CloudTransfer::State::Running:
-        return 0;
-    case CloudTransfer::State::Waiting:
-    case CloudTransfer::State::Paused:
-        return 1;
-    case CloudTransfer::State::Failed:
-        return 2;
-    case CloudTransfer::State::Done:
-    case CloudTransfer::State::Cancelled:
-        break;
-    }
-    return 3;
-}
-
 } // namespace
 
 TransferListView::TransferListView(QWidget *parent)
@@ -156,25 +139,4 @@ bool TransferListView::viewportEvent(QEvent *event)
     if (event->type() == QEvent::Leave)
         setHot({});
     return QListView::viewportEvent(event);
-}
-
-ShownTransfers::ShownTransfers(CloudTransferModel *transfers, QObject *parent) : QSortFilterProxyModel(parent)
-{
-    setSourceModel(transfers);
-    sort(0);
-}
-
-bool ShownTransfers::lessThan(const QModelIndex &left, const QModelIndex &right) const
-{
-    const int a = placeOf(transferOf(left).state);
-    const int b = placeOf(transferOf(right).state);
-    return a != b ? a < b : left.row() < right.row();
-}
-
-QVariant ShownTransfers::data(const QModelIndex &index, int role) const
-{
-    if (role != Qt::AccessibleDescriptionRole || !index.isValid())
-        return QSortFilterProxyModel::data(index, role);
-    const TransferRow row = TransferRow::of(transferOf(index));
-    return row.progress < 0 ? row.state : tr("%1%, %2", "progress, details").arg(row.progress).arg(row.state);
 }

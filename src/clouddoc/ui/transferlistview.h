@@ -2,9 +2,7 @@
 
 #include <QListView>
 #include <QPersistentModelIndex>
-#include <QSortFilterProxyModel>
 
-class CloudTransferModel;
 class TransferDelegate;
 
 /// The rows of the transfer list with their buttons. GUI thread. By keyboard: Delete cancels the selected
@@ -41,18 +39,4 @@ private:
     TransferDelegate *m_delegate;
     QPersistentModelIndex m_hot;
     QPersistentModelIndex m_pressed;
-};
-
-/// The transfers as the list shows them: what runs comes first, then what waits, what failed, and the rest,
-/// each the newest first. What a row says is its description for assistive programs.
-class ShownTransfers final : public QSortFilterProxyModel
-{
-    Q_OBJECT
-public:
-    ShownTransfers(CloudTransferModel *transfers, QObject *parent);
-
-    QVariant data(const QModelIndex &index, int role) const override;
-
-protected:
-    bool lessThan(const QModelIndex &left, const QModelIndex &right) const override;
 };

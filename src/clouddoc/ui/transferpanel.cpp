@@ -29,7 +29,7 @@ TransferPanel::TransferPanel(CloudTransferModel *transfers, QWidget *parent)
       m_view(new TransferListView(this)),
       m_slide(new QPropertyAnimation(this, "maximumHeight", this))
 {
-    m_view->setModel(new ShownTransfers(transfers, this));
+    m_view->setModel(transfers);
     layOut();
     connect(m_clear, &QAbstractButton::clicked, this, &TransferPanel::clearRequested);
     connect(transfers, &CloudTransferModel::activityChanged, this, &TransferPanel::follow);

@@ -1,12 +1,12 @@
 #include "clouddoc/ui/zelboxclouddocwidget.h"
 
 #include "base/sourcekeys.h"
+#include "clouddoc/cloudproblemtext.h"
 #include "clouddoc/ui/clouddocactions.h"
 #include "clouddoc/ui/clouddocdelegate.h"
 #include "clouddoc/ui/clouddoclistview.h"
 #include "clouddoc/ui/clouddoctoolbar.h"
 #include "clouddoc/ui/clouddrag.h"
-#include "clouddoc/ui/cloudproblemtext.h"
 #include "clouddoc/ui/cloudstatusline.h"
 #include "clouddoc/ui/crumbtexts.h"
 #include "clouddoc/ui/transferbutton.h"

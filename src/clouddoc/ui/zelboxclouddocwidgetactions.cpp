@@ -2,12 +2,12 @@
 // afterwards.
 #include "clouddoc/ui/zelboxclouddocwidget.h"
 
+#include "clouddoc/cloudproblemtext.h"
 #include "clouddoc/ui/clouddocactions.h"
 #include "clouddoc/ui/clouddocdelegate.h"
 #include "clouddoc/ui/clouddoclistview.h"
 #include "clouddoc/ui/clouddoctoolbar.h"
 #include "clouddoc/ui/clouddrag.h"
-#include "clouddoc/ui/cloudproblemtext.h"
 #include "clouddoc/ui/conflictdialog.h"
 #include "clouddoc/ui/movedialog.h"
 #include "clouddoc/ui/transferbutton.h"

@@ -15,11 +15,6 @@ void shorten(QString *text, const QFontMetrics &metrics, Qt::TextElideMode mode,
         *text = metrics.elidedText(*text, mode, room);
 }
 
-zel::TextRanges marksOf(const QString &text, const QString &shown, const QStringList &words)
-{
-    return zel::shownRanges(text, shown, zel::markedRanges(text, words));
-}
-
 } // namespace
 
 bool ListRow::isOneLine(const QRect &rect, const RowFonts &fonts) const
@@ -79,8 +74,10 @@ RowCell ListRow::fit(const ListRowOption &option, const RowFonts &fonts)
     if (kind == Kind::Snippet)
         snippet = snippet.fitted(fonts.smallMetrics, cell.snippet.width());
     if (!option.markedWords.isEmpty()) {
-        nameMarks = marksOf(wholeName, name, option.markedWords);
-        placeMarks = joined ? zel::TextRanges() : marksOf(wholePlace, place, option.markedWords);
+        const auto words = zel::WordFilter::ofWords(option.markedWords);
+        nameMarks = zel::shownRanges(wholeName, name, words.ranges(wholeName));
+        if (!joined)
+            placeMarks = zel::shownRanges(wholePlace, place, words.ranges(wholePlace));
     }
     return cell;
 }

@@ -1,6 +1,5 @@
 #include "lists/ui/textmarks.h"
 
-#include "base/searchfold.h"
 #include "kskin.h"
 #include "widgets/rowpaint.h"
 
@@ -44,35 +43,6 @@ QTextCharFormat markFormat()
 }
 
 } // namespace
-
-TextRanges markedRanges(const QString &text, const QStringList &words)
-{
-    QString folded;
-    QVector<int> origin; // of each folded character
-    for (int i = 0; i < text.size(); ++i) {
-        const int start = i;
-        if (text.at(i).isHighSurrogate() && i + 1 < text.size())
-            ++i;
-        appendFolded(folded, text.mid(start, i + 1 - start));
-        while (origin.size() < folded.size())
-            origin << start;
-    }
-    origin << text.size();
-    QVector<bool> marked(text.size(), false);
-    for (const QString &word : words) {
-        for (int at = folded.indexOf(word); at >= 0 && !word.isEmpty(); at = folded.indexOf(word, at + 1))
-            std::fill(marked.begin() + origin.at(at), marked.begin() + origin.at(at + word.size()), true);
-    }
-    TextRanges ranges;
-    for (int i = 0; i < marked.size(); ++i) {
-        if (!marked.at(i))
-            continue;
-        if (ranges.isEmpty() || ranges.last().start + ranges.last().length < i)
-            ranges << TextRange{i, 0};
-        ++ranges.last().length;
-    }
-    return ranges;
-}
 
 TextRanges shownRanges(const QString &text, const QString &shown, const TextRanges &marks)
 {

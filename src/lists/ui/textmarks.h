@@ -1,24 +1,13 @@
 #pragma once
 
+#include "lists/wordfilter.h"
+
 #include <QRect>
-#include <QString>
-#include <QStringList>
-#include <QVector>
 
 class QFontMetrics;
 class QPainter;
 
 namespace zel {
-
-/// Characters of a text that are to be marked.
-struct TextRange
-{
-    int start = 0;
-    int length = 0;
-
-    bool operator==(const TextRange &) const = default;
-};
-using TextRanges = QVector<TextRange>;
 
 /// A text with the words in it that matched. Plain value.
 struct MarkedText
@@ -30,9 +19,6 @@ struct MarkedText
     /// What of it to show in `width`: cut at its end, and at its start where the first mark would be lost.
     MarkedText fitted(const QFontMetrics &metrics, int width) const;
 };
-
-/// Where the folded `words` are in `text`, whole characters with their accents.
-TextRanges markedRanges(const QString &text, const QStringList &words);
 
 /// The marks of `text` as they lie in `shown`, which is `text` with a part left out. What an ellipsis hides
 /// is marked on it.

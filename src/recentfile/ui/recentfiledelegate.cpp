@@ -1,11 +1,11 @@
 #include "recentfile/ui/recentfiledelegate.h"
 
 #include "base/sizetext.h"
+#include "base/timetext.h"
 #include "recentfile/recentfilemodel.h"
 #include "widgets/nametext.h"
 
 #include <QDir>
-#include <QLocale>
 
 using Model = ZelBoxRecentFileModel;
 using zel::plainLine;
@@ -41,7 +41,7 @@ QString ZelBoxRecentFileDelegate::toolTip(const QModelIndex &index) const
             ? labelled(m_texts.value(QStringLiteral("text-name")), index.data(Model::NameRole).toString())
             : path);
     lines << labelled(m_texts.value(QStringLiteral("text-time")),
-        QLocale().toString(index.data(Model::LastAccessRole).toDateTime(), QLocale::LongFormat));
+        zel::longTimeText(index.data(Model::LastAccessRole).toDateTime()));
     if (const QString size = zel::sizeText(index.data(Model::SizeRole).toLongLong()); !size.isEmpty())
         lines << labelled(tr("Size"), size);
     if (const QString device = index.data(Model::DeviceNameRole).toString(); !device.isEmpty())

@@ -4,6 +4,7 @@
 #include "kskin.h"
 #include "skinstate.h"
 #include "style/stylepaint.h"
+#include "support/contrast.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,28 +12,10 @@
 #include <QPushButton>
 #include <QtTest>
 
-#include <cmath>
-
 using Color = KSkin::Color;
 using zel::style::mixed;
 
 namespace {
-
-// Relative luminance and contrast ratio as the Web Content Accessibility Guidelines 2.1 define them.
-double luminance(const QColor &color)
-{
-    const auto linear = [](double v) {
-        return v <= 0.04045 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
-}
-
-double contrast(const QColor &a, const QColor &b)
-{
-    const double x = luminance(a);
-    const double y = luminance(b);
-    return (std::max(x, y) + 0.05) / (std::min(x, y) + 0.05);
-}
 
 constexpr double EdgeContrast = 3;
 

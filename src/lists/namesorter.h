@@ -1,23 +1,23 @@
 #pragma once
 
-#include "recentfile/recentnamekeys.h"
+#include "lists/namekeys.h"
 
 #include <QObject>
 #include <memory>
 #include <stop_token>
 
 /// Sorts many names on a thread of the pool. GUI thread. One job at a time: a new one drops the last.
-class RecentNameSorter final : public QObject
+class NameSorter final : public QObject
 {
     Q_OBJECT
 public:
     using QObject::QObject;
-    ~RecentNameSorter() override;
+    ~NameSorter() override;
 
-    void start(std::vector<zel::recent::NamedSlot> records); ///< finished() follows unless dropped
+    void start(std::vector<zel::NamedRecord> records); ///< finished() follows unless dropped
     void drop();
     bool isRunning() const { return m_job != nullptr; }
-    zel::recent::NameOrder takeResult() { return std::move(m_result); } ///< in a slot of finished()
+    zel::NameOrder takeResult() { return std::move(m_result); } ///< in a slot of finished()
 
 Q_SIGNALS:
     void finished();
@@ -28,5 +28,5 @@ private:
     void onDone(const std::shared_ptr<Job> &job);
 
     std::shared_ptr<Job> m_job;
-    zel::recent::NameOrder m_result;
+    zel::NameOrder m_result;
 };

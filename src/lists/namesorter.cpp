@@ -1,25 +1,25 @@
-#include "recentfile/recentnamesorter.h"
+#include "lists/namesorter.h"
 
 #include <QThreadPool>
 #include <mutex>
 
-using namespace zel::recent;
+using namespace zel;
 
-struct RecentNameSorter::Job
+struct NameSorter::Job
 {
-    std::vector<NamedSlot> records;
+    std::vector<NamedRecord> records;
     NameOrder order;
     std::stop_source stop;
-    std::mutex mutex;                     // guards the receiver
-    RecentNameSorter *receiver = nullptr; // null: nobody waits any more
+    std::mutex mutex;               // guards the receiver
+    NameSorter *receiver = nullptr; // null: nobody waits any more
 };
 
-RecentNameSorter::~RecentNameSorter()
+NameSorter::~NameSorter()
 {
     drop();
 }
 
-void RecentNameSorter::start(std::vector<NamedSlot> records)
+void NameSorter::start(std::vector<NamedRecord> records)
 {
     drop();
     m_job = std::make_shared<Job>();
@@ -28,7 +28,7 @@ void RecentNameSorter::start(std::vector<NamedSlot> records)
     QThreadPool::globalInstance()->start([job = m_job] { run(job); });
 }
 
-void RecentNameSorter::drop()
+void NameSorter::drop()
 {
     if (!m_job)
         return;
@@ -38,7 +38,7 @@ void RecentNameSorter::drop()
     job->receiver = nullptr;
 }
 
-void RecentNameSorter::run(const std::shared_ptr<Job> &job)
+void NameSorter::run(const std::shared_ptr<Job> &job)
 {
     job->order = orderByName(job->records, job->stop.get_token());
     const std::lock_guard lock(job->mutex);
@@ -48,7 +48,7 @@ void RecentNameSorter::run(const std::shared_ptr<Job> &job)
     }
 }
 
-void RecentNameSorter::onDone(const std::shared_ptr<Job> &job)
+void NameSorter::onDone(const std::shared_ptr<Job> &job)
 {
     if (job != m_job)
         return;

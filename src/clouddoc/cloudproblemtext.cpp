@@ -1,4 +1,4 @@
-#include "clouddoc/ui/cloudproblemtext.h"
+#include "clouddoc/cloudproblemtext.h"
 
 #include <QCoreApplication>
 
