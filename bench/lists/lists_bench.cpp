@@ -2,7 +2,6 @@
 // of one folder. Each benchmark checks its outcome.
 #include "clouddoc/clouddocmodel.h"
 
-#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include <benchmark/benchmark.h>
@@ -117,11 +116,3 @@ BENCHMARK_CAPTURE(sortBy, time_and_back, CloudSort::Key::Time)->Unit(benchmark::
 BENCHMARK_CAPTURE(sortBy, size_and_back, CloudSort::Key::Size)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char **argv)
-{
-    QCoreApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

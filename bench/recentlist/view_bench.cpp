@@ -1,64 +1,17 @@
-// The recent list beside a plain QListView over a flat list of as many rows, turn by turn in one run: what
-// the user waits for until it is painted. "ratio" is the recent list's time by the plain one's (medians).
+// The recent list with its models beside a plain list; see viewtimes.h.
 #include "recentbenchdata.h"
+#include "viewtimes.h"
 
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsortfiltermodel.h"
 #include "recentfile/ui/recentfilelistview.h"
 
-#include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QEvent>
-#include <QEventLoop>
-#include <QListView>
-#include <QScrollBar>
-#include <QStringListModel>
-#include <QStyle>
-#include <QStyleFactory>
-#include <QTimer>
-
-#include <algorithm>
-#include <benchmark/benchmark.h>
-#include <memory>
-
-using namespace zel::recent::bench;
+using namespace zel::bench;
 using recenttest::FixedNow;
+using zel::recent::bench::benchNow;
+using zel::recent::bench::records;
 
 namespace {
-
-/// Runs the event loop until the widget has been painted.
-class PaintWait : public QObject
-{
-public:
-    explicit PaintWait(QWidget *widget) : m_widget(widget)
-    {
-        widget->installEventFilter(this);
-        connect(&m_limit, &QTimer::timeout, this, [] { qFatal("nothing was painted"); });
-    }
-    /// Milliseconds from the begin of `change` to the end of the painting that it leads to.
-    template <typename Change> double timeOf(const Change &change)
-    {
-        QCoreApplication::sendPostedEvents();
-        QElapsedTimer timer;
-        timer.start();
-        change();
-        m_limit.start(30'000);
-        m_loop.exec();
-        m_limit.stop();
-        return double(timer.nsecsElapsed()) / 1e6;
-    }
-    bool eventFilter(QObject *watched, QEvent *event) override
-    {
-        if (watched == m_widget && event->type() == QEvent::Paint)
-            m_loop.quit(); // comes back when the event has been dealt with
-        return false;
-    }
-
-private:
-    QWidget *m_widget;
-    QEventLoop m_loop;
-    QTimer m_limit;
-};
 
 const QStringList &names()
 {
@@ -70,28 +23,6 @@ const QStringList &names()
     }();
     return list;
 }
-
-struct Plain
-{
-    explicit Plain(bool uniform = false)
-    {
-        std::unique_ptr<QStyle> style(
-            QStyleFactory::create(QStringLiteral("Fusion"))); // Qt's own, not the box's
-        style->setParent(&view);
-        view.setStyle(style.release());
-        view.setUniformItemSizes(uniform);
-        view.setModel(&model);
-        view.resize(680, 540);
-        view.show();
-        paint.timeOf([this] { view.viewport()->update(); });
-    }
-    void load() { model.setStringList(names()); }
-    void clear() { model.setStringList({}); }
-
-    QStringListModel model;
-    QListView view;
-    PaintWait paint{view.viewport()};
-};
 
 struct Recent
 {
@@ -113,44 +44,10 @@ struct Recent
     PaintWait paint{view.viewport()};
 };
 
-double median(std::vector<double> times)
-{
-    std::nth_element(times.begin(), times.begin() + std::ptrdiff_t(times.size() / 2), times.end());
-    return times[times.size() / 2];
-}
-
-/// Measures both by turns; the time column is of both.
-template <typename PlainTime, typename RecentTime>
-void compare(benchmark::State &state, const PlainTime &plainTime, const RecentTime &recentTime)
-{
-    std::vector<double> plain;
-    std::vector<double> recent;
-    for (auto _ : state) {
-        plain.push_back(plainTime());
-        for (int i = 0; i < 5; ++i) // the plain list takes long
-            recent.push_back(recentTime());
-    }
-    state.counters["plain_ms"] = median(plain);
-    state.counters["recent_ms"] = median(recent);
-    state.counters["first_ms"] =
-        recent.front(); // after a load, a change copies the list that the store shares
-    state.counters["ratio"] = median(recent) / median(plain);
-}
-
-template <typename Side> double loadTime(Side &side)
-{
-    if (side.view.model()->rowCount() > 0)
-        side.paint.timeOf([&] { side.clear(); });
-    const double time = side.paint.timeOf([&] { side.load(); });
-    require(side.view.model()->rowCount() == Count);
-    return time;
-}
-
-// At most 1.3 is what we want, of a plain list as it comes; uniform is one that was told that its rows are of
-// one size, and so has next to nothing to do.
+// At most 1.5 times a plain list that was told that its rows are of one size is what we want.
 void viewLoadToFirstPaint(benchmark::State &state, bool uniform)
 {
-    Plain plain(uniform);
+    Plain plain(names(), uniform);
     Recent recent;
     loadTime(plain); // icons and fonts come once
     loadTime(recent);
@@ -160,11 +57,11 @@ void viewLoadToFirstPaint(benchmark::State &state, bool uniform)
 BENCHMARK_CAPTURE(viewLoadToFirstPaint, plain, false)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK_CAPTURE(viewLoadToFirstPaint, uniform, true)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-// At most 1.3 is what we want. A row that shows gets another text; in the recent list it also moves to the
+// At most 1.5 ms is what we want. A row that shows gets another text; in the recent list it also moves to the
 // top.
 void viewChangeToRepaint(benchmark::State &state)
 {
-    Plain plain;
+    Plain plain(names());
     Recent recent;
     loadTime(plain);
     loadTime(recent);
@@ -185,17 +82,10 @@ void viewChangeToRepaint(benchmark::State &state)
 }
 BENCHMARK(viewChangeToRepaint)->Unit(benchmark::kMillisecond)->UseRealTime();
 
-template <typename Side> double pageTime(Side &side)
-{
-    QScrollBar *bar = side.view.verticalScrollBar();
-    const int next = bar->value() + bar->pageStep();
-    return side.paint.timeOf([&] { bar->setValue(next < bar->maximum() ? next : 0); });
-}
-
-// A page further: every row of the frame is a new one.
+// At most 0.7 is what we want.
 void viewScrolledFrame(benchmark::State &state)
 {
-    Plain plain;
+    Plain plain(names());
     Recent recent;
     loadTime(plain);
     loadTime(recent);

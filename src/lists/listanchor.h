@@ -15,6 +15,7 @@ public:
     /// Rows are about to be moved; what the user looks at does not go with them.
     void leave(const ListModel &model, const ListLayout &layout, int scroll, int first, int last);
     void take(const QModelIndex &row, int top); ///< that row, which shows there
+    void drop() { m_row = QModelIndex(); }
 
     bool isValid() const { return m_row.isValid(); }
     int scroll(const ListLayout &layout) const; ///< that puts the row where it was; valid anchors only

@@ -2,6 +2,7 @@
 
 #include "kskin.h"
 
+#include <QDropEvent>
 #include <QLocale>
 #include <QMimeData>
 #include <QPainter>
@@ -10,6 +11,8 @@
 
 namespace zel {
 namespace {
+
+constexpr int MostTextPaths = 1000; // as text the list is for a person to read
 
 bool isOfThisHost(const QUrl &url)
 {
@@ -36,6 +39,27 @@ QStringList localFiles(const QMimeData *data)
     paths.removeAll({});
     paths.removeDuplicates();
     return paths;
+}
+
+std::unique_ptr<QMimeData> fileMimeData(const QStringList &paths)
+{
+    if (paths.isEmpty())
+        return nullptr;
+    QList<QUrl> urls;
+    urls.reserve(paths.size());
+    for (const QString &path : paths)
+        urls << QUrl::fromLocalFile(path);
+    auto data = std::make_unique<QMimeData>();
+    data->setUrls(urls);
+    data->setText(QStringList(paths.mid(0, MostTextPaths)).join(QLatin1Char('\n')));
+    return data;
+}
+
+// A source that offers to move only would delete the files once we have "taken" them.
+bool offersFiles(const QDropEvent *event)
+{
+    const bool keepsFiles = event->possibleActions() & (Qt::CopyAction | Qt::LinkAction);
+    return keepsFiles && !localFiles(event->mimeData()).isEmpty();
 }
 
 void paintDragCount(QPainter *painter, const QPoint &corner, int height, int count)

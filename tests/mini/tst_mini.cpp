@@ -5,11 +5,11 @@
 #include "mini/ui/recentpicker.h"
 #include "mini/ui/zelboxminiwidget.h"
 #include "mini/ui/zelboxminiwindow.h"
+#include "lists/ui/sectionlistview.h"
 #include "recentfile/fakes.h"
 
 #include <QApplication>
 #include <QLineEdit>
-#include <QListView>
 #include <QScreen>
 #include <QWindow>
 #include <QtTest>
@@ -83,7 +83,7 @@ void TestMini::init()
 
 QStringList TestMini::shown(const QWidget &window)
 {
-    const auto *model = window.findChild<QListView *>()->model();
+    const auto *model = window.findChild<SectionListView *>()->model();
     QStringList names;
     for (int row = 0; row < model->rowCount(); ++row)
         names << model->index(row, 0).data().toString();
@@ -113,9 +113,9 @@ void TestMini::search()
     QTest::keyClicks(field, QStringLiteral("RESUME"));
     QCOMPARE(shown(widget), QStringList(QStringLiteral("Résumé.odt")));
     field->setText(QStringLiteral("no such name"));
-    QVERIFY(!widget.findChild<QListView *>()->isVisible());
+    QVERIFY(!widget.findChild<SectionListView *>()->isVisible());
     field->clear();
-    QVERIFY(widget.findChild<QListView *>()->isVisible());
+    QVERIFY(widget.findChild<SectionListView *>()->isVisible());
 }
 
 void TestMini::keys()

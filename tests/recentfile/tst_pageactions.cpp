@@ -101,6 +101,9 @@ void TestPageActions::removalAsksFirst()
     QTest::keyClick(asked, deletesFile ? Qt::Key_Escape : Qt::Key_Return);
     QVERIFY(!deletesFile || m_proxy->asked.isEmpty());
     QCOMPARE(m_log, deletesFile ? QStringList() : QStringList(QStringLiteral("forget 1")));
+    Q_EMIT m_events->recordsRemoved({record(QStringLiteral("1"), 5)}); // by the user, or by somebody else
+    QCOMPARE(view()->currentId(), QStringLiteral("2"));
+    QCOMPARE(view()->selectedCount(), deletesFile ? 0 : 1);
 }
 
 void TestPageActions::deletingOffersUndo()

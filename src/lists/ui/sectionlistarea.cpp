@@ -121,12 +121,13 @@ void View::relayout()
 }
 
 // In another order only the current row says where the user was; without it in sight, the list begins anew.
+// Where many rows come and go at once, any of them may have gone: the list stays where it is.
 void View::leaveOldOrder(QAbstractItemModel::LayoutChangeHint hint)
 {
-    if (hint != QAbstractItemModel::VerticalSortHint)
-        return;
     const QRect current = visualRect(currentIndex());
-    if (viewport()->rect().intersects(current))
+    if (hint != QAbstractItemModel::VerticalSortHint)
+        m_anchor.drop();
+    else if (viewport()->rect().intersects(current))
         m_anchor.take(currentIndex(), current.top());
     else
         verticalScrollBar()->setValue(0);

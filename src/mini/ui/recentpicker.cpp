@@ -2,6 +2,7 @@
 
 #include "klitestyle.h"
 #include "lists/ui/openingnotices.h"
+#include "lists/ui/sectionlistview.h"
 #include "recentfile/recentfilelogic.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsortfiltermodel.h"
@@ -15,7 +16,6 @@
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QListView>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -25,7 +25,7 @@ RecentPicker::RecentPicker(const Services &services, QWidget *parent)
       m_logic(new KRecentFileLogic(services, this)),
       m_rows(new RecentSortFilterModel(this)),
       m_input(new QLineEdit(this)),
-      m_list(new QListView(this)),
+      m_list(new SectionListView(this)),
       m_nothing(new EmptyStateWidget(QStringLiteral(":/icons_svg/empty_recent.svg"), {}, {}, this)),
       m_notice((new NoticeArea(this))->addBar())
 {
@@ -42,15 +42,14 @@ RecentPicker::RecentPicker(const Services &services, QWidget *parent)
     for (QToolButton *button : m_input->findChildren<QToolButton *>())
         button->setFocusPolicy(Qt::NoFocus);
     m_list->setAccessibleName(tr("Recent documents"));
-    m_list->setModel(m_rows);
     auto *delegate = new ZelBoxRecentFileDelegate(m_list);
     delegate->setOffersButtons(false);
     m_list->setItemDelegate(delegate);
-    m_list->setUniformItemSizes(true);
-    m_list->setFrameShape(QFrame::NoFrame);
+    m_list->setModel(m_rows);
+    m_list->setSectionsShown(false);
+    m_list->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_list->setContextMenuPolicy(Qt::DefaultContextMenu);
     m_list->setFocusPolicy(Qt::NoFocus);
-    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    m_list->setMouseTracking(true);
     layOut();
     connectModels();
     connectInput();
@@ -79,8 +78,7 @@ void RecentPicker::connectModels()
     // What the pages and the store tell comes in steps; the list is looked at once all of them are done.
     for (const auto signal : {&QAbstractItemModel::rowsInserted, &QAbstractItemModel::rowsRemoved})
         connect(m_rows, signal, this, &RecentPicker::updateState, Qt::QueuedConnection);
-    connect(
-        m_rows, &QAbstractItemModel::rowsInserted, this, &RecentPicker::checkShownRows, Qt::QueuedConnection);
+    connect(m_list, &SectionListView::visibleRowsSettled, this, &RecentPicker::checkPresence);
     connect(m_logic, &KRecentFileLogic::firstLoadingFinish, this, &RecentPicker::updateState);
     connect(m_logic, &KRecentFileLogic::itemsBatchArrived, this, &RecentPicker::updateState);
     new OpeningNotices(m_logic->opening(), m_notice, this);
@@ -97,7 +95,7 @@ void RecentPicker::connectInput()
         chooseFirst();
         updateState();
     });
-    connect(m_list, &QListView::clicked, this, &RecentPicker::openChosen);
+    connect(m_list, &SectionListView::clicked, this, &RecentPicker::openChosen);
 }
 
 void RecentPicker::focusInput()
@@ -170,15 +168,11 @@ void RecentPicker::updateState()
         chooseFirst();
 }
 
-void RecentPicker::checkShownRows()
+void RecentPicker::checkPresence(const QModelIndexList &shown)
 {
-    const int rowHeight = m_list->sizeHintForRow(0);
-    if (rowHeight <= 0)
-        return;
-    const int last = m_list->viewport()->height() / rowHeight;
     QModelIndexList rows;
-    for (int row = 0; row < m_rows->rowCount() && row <= last; ++row)
-        rows << m_rows->mapToSource(m_rows->index(row));
+    for (const QModelIndex &row : shown)
+        rows << m_rows->mapToSource(row);
     m_logic->checkPresence(rows);
 }
 

@@ -8,8 +8,8 @@ class EmptyStateWidget;
 class NoticeBar;
 class QKeyEvent;
 class QLineEdit;
-class QListView;
 class RecentSortFilterModel;
+class SectionListView;
 class ZelBoxRecentFileModel;
 
 /// A search field over the recent documents, newest first: type to narrow the list, Up and Down choose, Enter
@@ -30,7 +30,7 @@ public:
     void setPopupsAllowed(bool allowed); ///< false: the field opens no menu of its own
 
     QLineEdit *input() const { return m_input; }
-    QListView *list() const { return m_list; }
+    SectionListView *list() const { return m_list; }
 
 Q_SIGNALS:
     void documentOpened(); ///< the desktop was asked to open one
@@ -48,13 +48,13 @@ private:
     void revealChosen();
     void chooseFirst();
     void updateState();
-    void checkShownRows();
+    void checkPresence(const QModelIndexList &shown);
 
     ZelBoxRecentFileModel *m_model;
     KRecentFileLogic *m_logic;
     RecentSortFilterModel *m_rows;
     QLineEdit *m_input;
-    QListView *m_list;
+    SectionListView *m_list;
     EmptyStateWidget *m_nothing;
     NoticeBar *m_notice;
 };

@@ -9,10 +9,10 @@
 #include "recentfile/recentsortfiltermodel.h"
 #include "recentfile/recordtexts.h"
 #include "recentfile/ui/recentdialogs.h"
-#include "recentfile/ui/recentdrag.h"
 #include "recentfile/ui/recentfilelistview.h"
 #include "recentfile/ui/recentfilemenu.h"
 #include "recentfile/ui/sharedialog.h"
+#include "widgets/filedrag.h"
 #include "widgets/nametext.h"
 #include "widgets/noticearea.h"
 
@@ -31,6 +31,14 @@ namespace {
 bool isThere(const RecentFileInfo &record)
 {
     return !record.path.isEmpty() && record.presence != RecentFileInfo::Presence::Missing;
+}
+
+QStringList idsOf(const RecordInfoList &records)
+{
+    QStringList ids;
+    for (const RecentFileInfo &record : records)
+        ids << record.id;
+    return ids;
 }
 
 QString nameOf(const RecentFileInfo &record)
@@ -104,7 +112,7 @@ void RecentCommands::bindKeeping()
     m_commands->bind(
         int(Command::Copy),
         [this](const Rows &rows) {
-            QApplication::clipboard()->setMimeData(zel::recent::fileMimeData(pathsOf(rows)).release());
+            QApplication::clipboard()->setMimeData(zel::fileMimeData(pathsOf(rows)).release());
         },
         there);
     m_commands->bind(
@@ -244,6 +252,7 @@ void RecentCommands::askToRemove(const QModelIndexList &rows)
 
 void RecentCommands::remove(const RecordInfoList &records)
 {
+    m_view->setLeaving(idsOf(records));
     m_actions->removeRecords(records);
     const int local = countLocal(records);
     const QString removed = records.size() == 1
@@ -278,6 +287,7 @@ void RecentCommands::askToDelete(const QModelIndexList &rows)
     auto *dialog = new DeleteFileDialog(nameOf(records.constFirst()), records.size(), m_page);
     connect(dialog, &QDialog::accepted, this, [this, records] {
         m_undo->withdraw(); // the next offer is for what goes now
+        m_view->setLeaving(idsOf(records));
         m_actions->deleteFiles(records);
     });
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -336,7 +346,7 @@ void RecentCommands::showShareDialog(const RecentFileInfo &record)
     auto *dialog = new ShareDialog(record, m_page);
     const QString name = nameOf(record);
     connect(dialog, &ShareDialog::copyFileChosen, this, [this, record, name] {
-        QApplication::clipboard()->setMimeData(zel::recent::fileMimeData({record.path}).release());
+        QApplication::clipboard()->setMimeData(zel::fileMimeData({record.path}).release());
         m_notice->showText(tr("“%1” is on the clipboard.").arg(name), Tone::Info);
     });
     connect(dialog, &ShareDialog::copyPathChosen, this, [this, record, name] {

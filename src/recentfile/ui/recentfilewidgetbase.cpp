@@ -143,7 +143,7 @@ void ZelBoxRecentFileWidgetBase::connectView()
     connect(m_view, &View::activated, this,
         [this](const QModelIndex &index) { m_commands->open(rowsFor(index)); });
     connect(m_view, &View::customContextMenuRequested, this, &Self::onCustomContextMenuRequested);
-    connect(m_view, &View::sigMoreRequested, this, [this](const QPersistentModelIndex &index, QPoint pos) {
+    connect(m_view, &View::moreRequested, this, [this](const QModelIndex &index, const QPoint &pos) {
         telemetry::post(Event::ListMoreClick);
         showMenu(index, pos);
     });
@@ -151,9 +151,9 @@ void ZelBoxRecentFileWidgetBase::connectView()
         telemetry::post(Event::ListShareClick);
         onShareDoc(index, false);
     });
-    connect(m_view, &View::sigVisibleRowsSettled, this, &Self::checkPresence);
-    connect(m_view, &View::sigFilesDropped, m_commands, &RecentCommands::addFiles);
-    connect(m_view, &View::sigTextTyped, this, [this](const QString &typed) {
+    connect(m_view, &View::visibleRowsSettled, this, &Self::checkPresence);
+    connect(m_view, &View::filesDropped, m_commands, &RecentCommands::addFiles);
+    connect(m_view, &View::textTyped, this, [this](const QString &typed) {
         if (m_host)
             m_host->beginFinding(typed);
     });
@@ -164,8 +164,7 @@ void ZelBoxRecentFileWidgetBase::connectView()
 void ZelBoxRecentFileWidgetBase::applySort(const RecentSort &sort)
 {
     m_rows->setSort(sort);
-    m_view->setShownDetail(sort.key == RecentSort::Key::Size ? ZelBoxRecentFileListView::Detail::Size
-                                                             : ZelBoxRecentFileListView::Detail::Time);
+    m_view->setShownDetail(sort.key == RecentSort::Key::Size ? RecentDetail::Size : RecentDetail::Time);
     if (sort.key == RecentSort::Key::Size)
         m_actions->lookUpSizes();
 }
