@@ -1,6 +1,7 @@
 #pragma once
 
 #include "service/cloudservice.h"
+#include "support/table.h"
 #include "support/wireclient.h"
 
 #include <QTemporaryDir>
@@ -43,7 +44,7 @@ public:
         return made;
     }
     zel::service::CloudService &service() { return *m_service; }
-    QString databaseFile() const { return m_folder.filePath(QStringLiteral("cloud.db")); }
+    QString databaseFile() const { return m_folder.filePath("cloud.db"_s); }
     QString folder() const { return m_folder.path(); }
 
 private:

@@ -1,3 +1,4 @@
+#include "support/table.h"
 #include "support/wireclient.h"
 
 #include <QFileInfo>
@@ -31,21 +32,129 @@ class TestProcess : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void options_data();
-    void options();
-    void twoAtOnce();
-    void endsOnSignal_data();
-    void endsOnSignal();
-    void leavesWithTheLastClient();
-    void activatedByItsSocket();
+
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder->path()));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder->filePath("data"_s)));
+    }
+
+    void options_data()
+    {
+        const auto row = columns<QByteArray, int, QString>("arguments", "code", "output");
+        row("help", QByteArray("--help"), 0, "^Usage: .*--exit-with-last-client");
+        row("version", QByteArray("--version"), 0, "^zelcloud \\d+\\.\\d+\\.\\d+\n$");
+        row("unknown", QByteArray("--xyz"), 2, "xyz");
+        row("descriptor is no number", QByteArray("--ready-fd x"), 2, "Wrong arguments");
+        row("closed descriptor", QByteArray("--ready-fd 77"), 1, "not open");
+    }
+
+    void options()
+    {
+        QFETCH(QByteArray, arguments);
+        QFETCH(QString, output);
+        const Process process = start(arguments.constData());
+        QVERIFY(hasEnded(*process));
+        QTEST(process->exitCode(), "code");
+        const QByteArray text = process->readAllStandardOutput() + process->readAllStandardError();
+        const QRegularExpression expected(output, QRegularExpression::DotMatchesEverythingOption);
+        QVERIFY2(expected.match(QString::fromUtf8(text)).hasMatch(), text.constData());
+        QVERIFY(!QFileInfo::exists(socketPath()));
+    }
+
+    void twoAtOnce()
+    {
+        std::vector<Process> starts;
+        for (int i = 0; i < 4; ++i)
+            starts.push_back(start());
+        QTRY_VERIFY_WITH_TIMEOUT(client(), patience);
+        const auto running = [&starts] {
+            return std::count_if(starts.begin(), starts.end(),
+                [](const Process &process) { return process->state() != QProcess::NotRunning; });
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(running(), 1, patience);
+        QVERIFY(client());
+        for (const Process &process : starts) {
+            process->terminate();
+            QVERIFY(hasEnded(*process));
+            QCOMPARE(process->exitCode(), 0);
+        }
+    }
+
+    void endsOnSignal_data()
+    {
+        const auto row = columns<int>("number");
+        row("SIGTERM", SIGTERM);
+        row("SIGINT", SIGINT);
+        row("SIGHUP", SIGHUP);
+    }
+
+    void endsOnSignal()
+    {
+        QFETCH(int, number);
+        const Process process = startReady();
+        QVERIFY(process);
+        const auto asking = client();
+        const UniqueFd silent =
+            connectUnixUntil(QFile::encodeName(socketPath()).toStdString(), deadlineIn(5s));
+        QVERIFY(asking && silent);
+        ::kill(pid_t(process->processId()), number);
+        QVERIFY(hasEnded(*process));
+        QCOMPARE(process->exitStatus(), QProcess::NormalExit);
+        QCOMPARE(process->exitCode(), 0);
+        QVERIFY(!QFileInfo::exists(socketPath()));
+    }
+
+    void leavesWithTheLastClient()
+    {
+        const Process process = startReady("--exit-with-last-client");
+        QVERIFY(process);
+        auto last = client();
+        QVERIFY(last);
+        QVERIFY2(!process->waitForFinished(6000), "stays as long as somebody is connected");
+        last.reset();
+        QVERIFY(hasEnded(*process));
+        QCOMPARE(process->exitCode(), 0);
+        QVERIFY(!QFileInfo::exists(socketPath()));
+    }
+
+    // The socket belongs to the service manager: the service takes its connections and leaves it where it is.
+    void activatedByItsSocket()
+    {
+        QVERIFY(QDir().mkdir(m_folder->filePath("zelbox"_s)));
+        for (int round = 0; round < 2; ++round) {
+            Process process(new QProcess);
+            process->start(QFile::decodeName(qgetenv("ZEL_ACTIVATE")),
+                {socketPath(), QFile::decodeName(qgetenv("ZEL_CLOUD"))});
+            // Connects before the service runs, as the one does that it is started for.
+            UniqueFd early;
+            QTRY_VERIFY(early = connectUnixNow(QFile::encodeName(socketPath()).toStdString()));
+            QVERIFY(waitForReady(*process));
+            QVERIFY(client());
+            const Process second = start();
+            QVERIFY(hasEnded(*second));
+            QCOMPARE(second->exitCode(), 0);
+            QVERIFY(second->readAllStandardError().contains("runs already"));
+            QVERIFY2(client(), "the other start left the socket alone");
+            process->terminate();
+            QVERIFY(hasEnded(*process));
+            QCOMPARE(process->exitCode(), 0);
+            QVERIFY(QFileInfo::exists(socketPath()));
+        }
+        const Process byHand = startReady();
+        QVERIFY(byHand);
+        QVERIFY(client());
+        byHand->terminate();
+        QVERIFY(hasEnded(*byHand));
+    }
 
 private:
     using Process = std::unique_ptr<QProcess>;
     Process start(const char *arguments = "");
     Process startReady(const char *arguments = "");
     bool waitForReady(QProcess &process);
-    QString socketPath() const { return m_folder->filePath(QStringLiteral("zelbox/cloud.sock")); }
+    QString socketPath() const { return m_folder->filePath("zelbox/cloud.sock"_s); }
     /// One that has passed the handshake; null when it could not.
     std::unique_ptr<WireClient> client()
     {
@@ -55,13 +164,6 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-void TestProcess::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder->path()));
-    qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder->filePath(QStringLiteral("data"))));
-}
 
 TestProcess::Process TestProcess::start(const char *arguments)
 {
@@ -84,116 +186,6 @@ bool TestProcess::waitForReady(QProcess &process)
     while (!log.contains("ready") && process.waitForReadyRead(patience))
         log += process.readAllStandardError();
     return log.contains("ready");
-}
-
-void TestProcess::options_data()
-{
-    QTest::addColumn<QByteArray>("arguments");
-    QTest::addColumn<int>("code");
-    QTest::addColumn<QString>("output");
-    QTest::newRow("help") << QByteArray("--help") << 0 << "^Usage: .*--exit-with-last-client";
-    QTest::newRow("version") << QByteArray("--version") << 0 << "^zelcloud \\d+\\.\\d+\\.\\d+\n$";
-    QTest::newRow("unknown") << QByteArray("--xyz") << 2 << "xyz";
-    QTest::newRow("descriptor is no number") << QByteArray("--ready-fd x") << 2 << "Wrong arguments";
-    QTest::newRow("closed descriptor") << QByteArray("--ready-fd 77") << 1 << "not open";
-}
-
-void TestProcess::options()
-{
-    QFETCH(QByteArray, arguments);
-    QFETCH(QString, output);
-    const Process process = start(arguments.constData());
-    QVERIFY(hasEnded(*process));
-    QTEST(process->exitCode(), "code");
-    const QByteArray text = process->readAllStandardOutput() + process->readAllStandardError();
-    const QRegularExpression expected(output, QRegularExpression::DotMatchesEverythingOption);
-    QVERIFY2(expected.match(QString::fromUtf8(text)).hasMatch(), text.constData());
-    QVERIFY(!QFileInfo::exists(socketPath()));
-}
-
-void TestProcess::twoAtOnce()
-{
-    std::vector<Process> starts;
-    for (int i = 0; i < 4; ++i)
-        starts.push_back(start());
-    QTRY_VERIFY_WITH_TIMEOUT(client(), patience);
-    const auto running = [&starts] {
-        return std::count_if(starts.begin(), starts.end(),
-            [](const Process &process) { return process->state() != QProcess::NotRunning; });
-    };
-    QTRY_COMPARE_WITH_TIMEOUT(running(), 1, patience);
-    QVERIFY(client());
-    for (const Process &process : starts) {
-        process->terminate();
-        QVERIFY(hasEnded(*process));
-        QCOMPARE(process->exitCode(), 0);
-    }
-}
-
-void TestProcess::endsOnSignal_data()
-{
-    QTest::addColumn<int>("number");
-    QTest::newRow("SIGTERM") << SIGTERM;
-    QTest::newRow("SIGINT") << SIGINT;
-    QTest::newRow("SIGHUP") << SIGHUP;
-}
-
-void TestProcess::endsOnSignal()
-{
-    QFETCH(int, number);
-    const Process process = startReady();
-    QVERIFY(process);
-    const auto asking = client();
-    const UniqueFd silent = connectUnixUntil(QFile::encodeName(socketPath()).toStdString(), deadlineIn(5s));
-    QVERIFY(asking && silent);
-    ::kill(pid_t(process->processId()), number);
-    QVERIFY(hasEnded(*process));
-    QCOMPARE(process->exitStatus(), QProcess::NormalExit);
-    QCOMPARE(process->exitCode(), 0);
-    QVERIFY(!QFileInfo::exists(socketPath()));
-}
-
-void TestProcess::leavesWithTheLastClient()
-{
-    const Process process = startReady("--exit-with-last-client");
-    QVERIFY(process);
-    auto last = client();
-    QVERIFY(last);
-    QVERIFY2(!process->waitForFinished(6000), "stays as long as somebody is connected");
-    last.reset();
-    QVERIFY(hasEnded(*process));
-    QCOMPARE(process->exitCode(), 0);
-    QVERIFY(!QFileInfo::exists(socketPath()));
-}
-
-// The socket belongs to the service manager: the service takes its connections and leaves it where it is.
-void TestProcess::activatedByItsSocket()
-{
-    QVERIFY(QDir().mkdir(m_folder->filePath(QStringLiteral("zelbox"))));
-    for (int round = 0; round < 2; ++round) {
-        Process process(new QProcess);
-        process->start(QFile::decodeName(qgetenv("ZEL_ACTIVATE")),
-            {socketPath(), QFile::decodeName(qgetenv("ZEL_CLOUD"))});
-        // Connects before the service runs, as the one does that it is started for.
-        UniqueFd early;
-        QTRY_VERIFY(early = connectUnixNow(QFile::encodeName(socketPath()).toStdString()));
-        QVERIFY(waitForReady(*process));
-        QVERIFY(client());
-        const Process second = start();
-        QVERIFY(hasEnded(*second));
-        QCOMPARE(second->exitCode(), 0);
-        QVERIFY(second->readAllStandardError().contains("runs already"));
-        QVERIFY2(client(), "the other start left the socket alone");
-        process->terminate();
-        QVERIFY(hasEnded(*process));
-        QCOMPARE(process->exitCode(), 0);
-        QVERIFY(QFileInfo::exists(socketPath()));
-    }
-    const Process byHand = startReady();
-    QVERIFY(byHand);
-    QVERIFY(client());
-    byHand->terminate();
-    QVERIFY(hasEnded(*byHand));
 }
 
 QTEST_GUILESS_MAIN(TestProcess)

@@ -2,6 +2,7 @@
 
 #include "platform/impl/recentstore/recentproxy.h"
 #include "platform/impl/recentstore/xbel/xbelsources.h"
+#include "support/table.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -18,8 +19,8 @@ namespace zel::recent::test {
 struct Bookmark
 {
     QString path;
-    int minute = 0; ///< after noon of 2024-05-06, UTC
-    QString extra;  ///< inside the metadata
+    int minute = 0;  ///< after noon of 2024-05-06, UTC
+    QString extra{}; ///< inside the metadata
 };
 
 inline qint64 timeOf(int minute)
@@ -34,22 +35,21 @@ inline QString isoOf(int minute)
 
 inline QString inList(const QString &bookmarks)
 {
-    return QStringLiteral("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<xbel version=\"1.0\""
-                          " xmlns:bookmark=\"http://www.freedesktop.org/standards/desktop-bookmarks\""
-                          " xmlns:mime=\"http://www.freedesktop.org/standards/shared-mime-info\">\n")
-        + bookmarks + QStringLiteral("</xbel>\n");
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<xbel version=\"1.0\""
+           " xmlns:bookmark=\"http://www.freedesktop.org/standards/desktop-bookmarks\""
+           " xmlns:mime=\"http://www.freedesktop.org/standards/shared-mime-info\">\n"_s
+        + bookmarks + "</xbel>\n"_s;
 }
 
 inline QString bookmarkText(const Bookmark &bookmark)
 {
     const QString address =
         QString::fromLatin1(QUrl::fromLocalFile(bookmark.path).toEncoded()).toHtmlEscaped();
-    return QStringLiteral(
-        "<bookmark href=\"%1\" added=\"%2\" modified=\"%2\" visited=\"%2\"><info>"
-        "<metadata owner=\"http://freedesktop.org\"><mime:mime-type type=\"text/plain\"/>"
-        "<bookmark:applications><bookmark:application name=\"Writer\" exec=\"&apos;writer %u&apos;\""
-        " modified=\"%2\" count=\"1\"/></bookmark:applications>%3</metadata></info></bookmark>\n")
-        .arg(address, isoOf(bookmark.minute), bookmark.extra);
+    return "<bookmark href=\"%1\" added=\"%2\" modified=\"%2\" visited=\"%2\"><info>"
+           "<metadata owner=\"http://freedesktop.org\"><mime:mime-type type=\"text/plain\"/>"
+           "<bookmark:applications><bookmark:application name=\"Writer\" exec=\"&apos;writer %u&apos;\""
+           " modified=\"%2\" count=\"1\"/></bookmark:applications>%3</metadata></info></bookmark>\n"_s.arg(
+               address, isoOf(bookmark.minute), bookmark.extra);
 }
 
 inline QByteArray listText(const QVector<Bookmark> &bookmarks)
@@ -78,14 +78,19 @@ inline QByteArray contentOf(const QString &path)
 struct Home
 {
     QTemporaryDir folder;
-    RecentPlaces places{path(QStringLiteral("data/zelbox/recent.db")),
-        path(QStringLiteral("data/recently-used.xbel")), path(QStringLiteral("var/app")),
-        {path(QStringLiteral("tmp"))}};
+    RecentPlaces places{path("data/zelbox/recent.db"_s), path("data/recently-used.xbel"_s), path("var/app"_s),
+        {path("tmp"_s)}};
 
+    Home() = default;
+    explicit Home(const QVector<Bookmark> &desktop) ///< with that list of the desktop
+    {
+        if (!setDesktop(desktop))
+            qFatal("the fixture cannot write");
+    }
     QString path(const QString &relative) const { return folder.path() + QLatin1Char('/') + relative; }
     QString sandboxList(const QString &application) const
     {
-        return path(QStringLiteral("var/app/") + application + QStringLiteral("/data/recently-used.xbel"));
+        return path("var/app/"_s + application + "/data/recently-used.xbel"_s);
     }
     bool setDesktop(const QVector<Bookmark> &bookmarks) const
     {
@@ -129,6 +134,15 @@ struct Store
                 return record;
         }
         return {};
+    }
+};
+
+struct LoadedStore : Store
+{
+    explicit LoadedStore(const Home &home, WorkMode mode = WorkMode::Full) : Store(home, mode)
+    {
+        if (!load())
+            qFatal("the store does not load");
     }
 };
 

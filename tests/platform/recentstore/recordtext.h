@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/impl/recentstore/records/recenttypes.h"
+#include "support/table.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -27,36 +28,26 @@ inline QString nameOf(const QString &id)
 
 inline RoamingPart toPart(const QString &text)
 {
-    static const QRegularExpression head(QStringLiteral("^([a-z])(\\d+)"));
-    static const QRegularExpression flag(QStringLiteral("([@%?])([a-z])|(-\\d+)|[+*!]"));
+    static const QRegularExpression head("^([a-z])(\\d+)"_s);
+    static const QRegularExpression flag("([@%?])([a-z])|(-\\d+)|[+*!]"_s);
     RoamingPart part;
     const QRegularExpressionMatch start = head.match(text);
     part.item.roamingId = part.item.name = start.captured(1);
     part.item.time = start.captured(2).toLongLong();
-    part.item.user = QStringLiteral("me");
+    part.item.user = "me"_s;
     auto flags = flag.globalMatch(text.mid(start.capturedLength()));
     while (flags.hasNext()) {
         const QRegularExpressionMatch found = flags.next();
+        const char sign = found.captured().at(0).toLatin1();
         const QString path = QLatin1Char('/') + found.captured(2);
-        switch (found.captured().at(0).toLatin1()) {
-        case '@':
-            part.item.usedPath = path;
-            break;
-        case '%':
-            part.item.cachePath = path;
-            break;
-        case '?':
-            part.foundPath = path;
-            break;
-        case '-':
+        if (sign == '-')
             part.forgottenTime = found.captured().mid(1).toLongLong();
-            break;
-        case '!':
+        else if (sign == '!')
             part.isReadUntold = true;
-            break;
-        default:
-            part.item.unread = found.captured() == QLatin1Char('+') ? 0 : 1;
-        }
+        else if (sign == '+' || sign == '*')
+            part.item.unread = sign == '+' ? 0 : 1;
+        else
+            (sign == '@' ? part.item.usedPath : sign == '%' ? part.item.cachePath : part.foundPath) = path;
     }
     return part;
 }
@@ -80,35 +71,24 @@ inline QString toText(const RoamingPart &part)
     return text;
 }
 
+inline const std::pair<char, int> AccessLetters[] = {{'d', DesktopSource}, {'s', SandboxSource}};
+inline const std::pair<char, qint64 StoredRecord::*> TimeLetters[] = {{'o', &StoredRecord::openedAt},
+    {'r', &StoredRecord::removedTime}, {'p', &StoredRecord::pinTime}, {'m', &StoredRecord::missingSince}};
+
 inline StoredRecord toRecord(const QString &text)
 {
     const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     StoredRecord record;
     record.id = idOf(words.value(0));
     for (const QString &word : words.mid(1)) {
-        const qint64 time = word.mid(1).toLongLong();
-        switch (word.at(0).toLatin1()) {
-        case 'd':
-            record.setAccess(DesktopSource, time);
-            break;
-        case 's':
-            record.setAccess(SandboxSource, time);
-            break;
-        case 'o':
-            record.openedAt = time;
-            break;
-        case 'm':
-            record.missingSince = time;
-            break;
-        case 'p':
-            record.pinTime = time;
-            break;
-        case 'c':
+        for (const auto &[letter, source] : AccessLetters)
+            if (word.at(0) == QLatin1Char(letter))
+                record.setAccess(source, word.mid(1).toLongLong());
+        for (const auto &[letter, time] : TimeLetters)
+            if (word.at(0) == QLatin1Char(letter))
+                record.*time = word.mid(1).toLongLong();
+        if (word.at(0) == QLatin1Char('c'))
             record.roaming = toPart(word.mid(2));
-            break;
-        default:
-            record.removedTime = time;
-        }
     }
     return record;
 }
@@ -126,23 +106,17 @@ inline RecentState toState(const QString &text)
 inline QString toText(const StoredRecord &record)
 {
     QString text = nameOf(record.id);
-    const auto add = [&text](char kind, qint64 time) {
-        text += QLatin1Char(' ') + QLatin1Char(kind) + QString::number(time);
+    const auto add = [&text](char letter, qint64 time) {
+        text += QLatin1Char(' ') + QLatin1Char(letter) + QString::number(time);
     };
-    for (const auto &[source, kind] : {std::pair(DesktopSource, 'd'), std::pair(SandboxSource, 's')}) {
+    for (const auto &[letter, source] : AccessLetters)
         if (const RecentAccess *access = record.accessOf(source))
-            add(kind, access->time);
-    }
-    if (record.openedAt > 0)
-        add('o', record.openedAt);
-    if (record.removedTime >= 0)
-        add('r', record.removedTime);
-    if (record.pinTime > 0)
-        add('p', record.pinTime);
-    if (record.missingSince > 0)
-        add('m', record.missingSince);
+            add(letter, access->time);
+    for (const auto &[letter, time] : TimeLetters)
+        if (record.*time != StoredRecord().*time)
+            add(letter, record.*time);
     if (record.roaming)
-        text += QLatin1String(" c:") + toText(*record.roaming);
+        text += " c:"_s + toText(*record.roaming);
     return text;
 }
 
@@ -185,12 +159,7 @@ inline RecordInfoList byId(RecordInfoList list)
 /// Begins the table of a merge: what the state and the news lead to. Each call of the result adds a row.
 inline auto newsTable()
 {
-    for (const char *column : {"state", "news", "shown", "after"})
-        QTest::addColumn<QString>(column);
-    return [](const char *name, const char *state, const char *news, const char *shown, const char *after) {
-        QTest::newRow(name) << QString::fromLatin1(state) << QString::fromLatin1(news)
-                            << QString::fromLatin1(shown) << QString::fromLatin1(after);
-    };
+    return columns<QString, QString, QString, QString>("state", "news", "shown", "after");
 }
 
 } // namespace zel::recent::test

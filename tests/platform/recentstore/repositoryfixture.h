@@ -57,18 +57,18 @@ inline XbelEntry entry(const QString &path, qint64 time)
     XbelEntry made;
     made.path = path;
     made.time = time;
-    made.mimeType = QStringLiteral("text/plain");
+    made.mimeType = "text/plain"_s;
     return made;
 }
 
-inline const QString A = QStringLiteral("/nowhere/a");
-inline const QString B = QStringLiteral("/nowhere/b");
-inline const QString C = QStringLiteral("/nowhere/c");
+inline const QString A = "/nowhere/a"_s;
+inline const QString B = "/nowhere/b"_s;
+inline const QString C = "/nowhere/c"_s;
 
 inline QStringList keptAside(const Home &home)
 {
     return QDir(QFileInfo(home.places.database).path())
-        .entryList({QStringLiteral("recent.db.damaged-*")}, QDir::AllEntries);
+        .entryList({"recent.db.damaged-*"_s}, QDir::AllEntries);
 }
 
 inline void fillDatabase(const Home &home)

@@ -49,11 +49,11 @@ private Q_SLOTS:
         one.note(C, 30);
         const RecentDelta delta = two.note(A, 40); // learns of what the other one did
         QCOMPARE(delta.added.size(), 3);
-        QCOMPARE(two.texts(), QStringLiteral("a:8 c:8 b:32"));
+        QCOMPARE(two.texts(), "a:8 c:8 b:32"_s);
         one.remove(C);
-        QCOMPARE(one.texts(), QStringLiteral("a:8 b:32"));
+        QCOMPARE(one.texts(), "a:8 b:32"_s);
         QVERIFY(two.import({}).removed.size() == 2); // c by the other one, b vanished from the list
-        QCOMPARE(Opened(home).texts(), QStringLiteral("a:8"));
+        QCOMPARE(Opened(home).texts(), "a:8"_s);
     }
 
     void aBusyDatabaseLosesNothing()
@@ -67,15 +67,15 @@ private Q_SLOTS:
             zel::sqlite::Transaction lock(other);
             store.note(B, 50);
             QVERIFY(store.repository.isBusy());
-            QCOMPARE(store.texts(), QStringLiteral("b:8 a:8"));
+            QCOMPARE(store.texts(), "b:8 a:8"_s);
             other.exec("UPDATE record SET opened_at=60,time=60 WHERE path='/nowhere/a'");
             QVERIFY(lock.commit());
         }
         const RecentDelta others = store.repository.writeUnwritten();
         QCOMPARE(others.changed.size(), 1); // told like any other news
         QVERIFY(!store.repository.hasUnwritten());
-        QCOMPARE(store.texts(), QStringLiteral("a:8 b:8"));
-        QCOMPARE(Opened(home).texts(), QStringLiteral("a:8 b:8"));
+        QCOMPARE(store.texts(), "a:8 b:8"_s);
+        QCOMPARE(Opened(home).texts(), "a:8 b:8"_s);
         QVERIFY(store.problems.isEmpty());
     }
 
@@ -107,7 +107,7 @@ static void writeAndDie(const QString &database, const QString &name)
 {
     Opened store(database);
     for (int n = 0; n < WriterNotes; ++n)
-        store.note(QStringLiteral("/p%1n%2").arg(name).arg(n), 1000 + n);
+        store.note("/p%1n%2"_s.arg(name).arg(n), 1000 + n);
     ::raise(SIGKILL);
 }
 

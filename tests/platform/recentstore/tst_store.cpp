@@ -23,7 +23,7 @@ QVector<Bookmark> numbered(int count)
 {
     QVector<Bookmark> list;
     for (int i = 0; i < count; ++i)
-        list.append({QStringLiteral("/nowhere/file %1.txt").arg(i), i, {}});
+        list.append({"/nowhere/file %1.txt"_s.arg(i), i, {}});
     return list;
 }
 
@@ -41,24 +41,23 @@ class StoreTest : public QObject
 private Q_SLOTS:
     void noticesComeLaterAndInOrder()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}, {B, 2, {}}}));
+        Home home({{A, 1}, {B, 2}});
         Store store(home);
         QVERIFY(!store.proxy.isKindReady(RecentRecordKind::Roaming));
         store.proxy.initKind(RecentRecordKind::Roaming);
         store.proxy.initKind(RecentRecordKind::Desktop);
         QVERIFY(store.initFinished.isEmpty());
         QVERIFY(store.initFinished.wait());
-        QCOMPARE(store.shown(), QStringLiteral("b:32 a:32"));
+        QCOMPARE(store.shown(), "b:32 a:32"_s);
         QVERIFY(store.proxy.isKindReady(RecentRecordKind::Roaming));
         const RecentFileInfo record = store.record(B);
         QCOMPARE(record.id, B);
         QCOMPARE(record.lastAccess, timeOf(2));
-        QCOMPARE(record.mimeType, QStringLiteral("text/plain"));
+        QCOMPARE(record.mimeType, "text/plain"_s);
         store.proxy.noteOpened(A);
         store.proxy.removeRecords({B});
-        QCOMPARE(store.shown(), QStringLiteral("b:32 a:32"));
-        QTRY_COMPARE(store.shown(), QStringLiteral("a:8"));
+        QCOMPARE(store.shown(), "b:32 a:32"_s);
+        QTRY_COMPARE(store.shown(), "a:8"_s);
         QCOMPARE(store.initFinished.size(), 1);
         QVERIFY(store.load()); // once more: ready at once
         QCOMPARE(store.added.size(), 0);
@@ -67,11 +66,10 @@ private Q_SLOTS:
     void manyFilesAreNotedAtOneGo()
     {
         Home home;
-        Store store(home);
-        QVERIFY(store.load());
-        QStringList paths{QStringLiteral("not absolute")};
+        LoadedStore store(home);
+        QStringList paths{"not absolute"_s};
         for (int i = 0; i < 300; ++i)
-            paths << QStringLiteral("/nowhere/%1.odt").arg(i);
+            paths << "/nowhere/%1.odt"_s.arg(i);
         store.proxy.noteAllOpened(paths + paths);
         QTRY_COMPARE(store.proxy.records().size(), 300);
         QCOMPARE(store.added.size(), 1);
@@ -80,111 +78,98 @@ private Q_SLOTS:
 
     void removalIsTakenBack()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}, {B, 2, {}}}));
+        Home home({{A, 1}, {B, 2}});
         {
-            Store store(home);
-            QVERIFY(store.load());
+            LoadedStore store(home);
             const RecentFileInfo older = store.record(A);
             store.proxy.removeRecords({A});
-            QTRY_COMPARE(store.shown(), QStringLiteral("b:32"));
+            QTRY_COMPARE(store.shown(), "b:32"_s);
             store.proxy.undoRemoval({older});
-            QTRY_COMPARE(store.shown(), QStringLiteral("b:32 a:8")); // where it stood
+            QTRY_COMPARE(store.shown(), "b:32 a:8"_s); // where it stood
         }
-        Store store(home);
-        QVERIFY(store.load());
-        QCOMPARE(store.shown(), QStringLiteral("b:32 a:8"));
+        LoadedStore store(home);
+        QCOMPARE(store.shown(), "b:32 a:8"_s);
     }
 
     void listsAreFollowed()
     {
         Home home;
-        Store store(home);
-        QVERIFY(store.load());
+        LoadedStore store(home);
         QCOMPARE(store.shown(), QString());
-        QVERIFY(home.setDesktop({{A, 1, {}}})); // comes into being
-        QTRY_COMPARE(store.shown(), QStringLiteral("a:32"));
+        QVERIFY(home.setDesktop({{A, 1}})); // comes into being
+        QTRY_COMPARE(store.shown(), "a:32"_s);
         QFile held(home.places.desktopList); // a reader keeps the old file alive
         QVERIFY(held.open(QIODevice::ReadOnly));
-        QVERIFY(home.setDesktop({{A, 1, {}}, {B, 2, {}}})); // replaced by renaming
-        QTRY_COMPARE(store.shown(), QStringLiteral("b:32 a:32"));
+        QVERIFY(home.setDesktop({{A, 1}, {B, 2}})); // replaced by renaming
+        QTRY_COMPARE(store.shown(), "b:32 a:32"_s);
         QFile file(home.places.desktopList); // written in place, after a replacement
         QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        file.write(listText({{A, 3, {}}, {B, 2, {}}}));
+        file.write(listText({{A, 3}, {B, 2}}));
         file.close();
-        QTRY_COMPARE(store.shown(), QStringLiteral("a:32 b:32"));
-        QVERIFY(replaceFile(home.sandboxList(QStringLiteral("org.x")), listText({{C, 9, {}}, {B, 4, {}}})));
-        QTRY_COMPARE(store.shown(), QStringLiteral("c:64 b:64 a:32"));
-        QVERIFY(replaceFile(home.sandboxList(QStringLiteral("org.y")),
-            listText(
-                {{C, 5, {}}, {QStringLiteral("/nowhere/p"), 5, QStringLiteral("<bookmark:private/>")}})));
-        QVERIFY(home.setDesktop({{A, 3, {}}}));
-        QTRY_COMPARE(store.shown(), QStringLiteral("c:64 b:64 a:32"));
-        QVERIFY(QDir(home.path(QStringLiteral("var/app/org.x"))).removeRecursively()); // uninstalled
-        QTRY_COMPARE(store.shown(), QStringLiteral("c:64 a:32"));
+        QTRY_COMPARE(store.shown(), "a:32 b:32"_s);
+        QVERIFY(replaceFile(home.sandboxList("org.x"_s), listText({{C, 9}, {B, 4}})));
+        QTRY_COMPARE(store.shown(), "c:64 b:64 a:32"_s);
+        QVERIFY(replaceFile(
+            home.sandboxList("org.y"_s), listText({{C, 5}, {"/nowhere/p"_s, 5, "<bookmark:private/>"_s}})));
+        QVERIFY(home.setDesktop({{A, 3}}));
+        QTRY_COMPARE(store.shown(), "c:64 b:64 a:32"_s);
+        QVERIFY(QDir(home.path("var/app/org.x"_s)).removeRecursively()); // uninstalled
+        QTRY_COMPARE(store.shown(), "c:64 a:32"_s);
     }
 
     void vanishedEntries()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}, {B, 2, {}}, {C, 3, {}}}));
-        Store store(home);
-        QVERIFY(store.load());
+        Home home({{A, 1}, {B, 2}, {C, 3}});
+        LoadedStore store(home);
         store.proxy.noteOpened(A);
         QTRY_VERIFY(listed(home).contains(QLatin1String(ApplicationName)));
-        QVERIFY(replaceFile(home.places.desktopList, listText({{C, 3, {}}}).chopped(12))); // damaged
-        QVERIFY(replaceFile(
-            home.sandboxList(QStringLiteral("s")), listText({{QStringLiteral("/nowhere/s"), 0, {}}})));
-        QTRY_COMPARE(store.shown(), QStringLiteral("a:8 c:32 b:32 s:64"));
-        QVERIFY(home.setDesktop({{C, 3, {}}}));
-        QTRY_COMPARE(store.shown(), QStringLiteral("a:8 c:32 s:64"));
+        QVERIFY(replaceFile(home.places.desktopList, listText({{C, 3}}).chopped(12))); // damaged
+        QVERIFY(replaceFile(home.sandboxList("s"_s), listText({{"/nowhere/s"_s, 0}})));
+        QTRY_COMPARE(store.shown(), "a:8 c:32 b:32 s:64"_s);
+        QVERIFY(home.setDesktop({{C, 3}}));
+        QTRY_COMPARE(store.shown(), "a:8 c:32 s:64"_s);
         QVERIFY(QFile::remove(home.places.desktopList)); // no intact list either
-        QVERIFY(replaceFile(home.sandboxList(QStringLiteral("s")), listText({})));
-        QTRY_COMPARE(store.shown(), QStringLiteral("a:8 c:32"));
+        QVERIFY(replaceFile(home.sandboxList("s"_s), listText({})));
+        QTRY_COMPARE(store.shown(), "a:8 c:32"_s);
     }
 
     void removedRecordsStayAwayUntilUsedAgain()
     {
         Home home;
-        const QString sandbox = home.sandboxList(QStringLiteral("s"));
-        QVERIFY(home.setDesktop({{A, 1, {}}, {B, 2, {}}}));
-        QVERIFY(replaceFile(sandbox, listText({{A, 1, {}}})));
+        const QString sandbox = home.sandboxList("s"_s);
+        QVERIFY(home.setDesktop({{A, 1}, {B, 2}}));
+        QVERIFY(replaceFile(sandbox, listText({{A, 1}})));
         {
-            Store store(home);
-            QVERIFY(store.load());
+            LoadedStore store(home);
             store.proxy.removeRecords({A});
-            QTRY_COMPARE(store.shown(), QStringLiteral("b:32"));
+            QTRY_COMPARE(store.shown(), "b:32"_s);
         }
         QVERIFY(!listed(home).contains(A)); // forgotten by the desktop too
         QVERIFY(listed(home).contains(B));
-        Store store(home);
-        QVERIFY(store.load());
-        QVERIFY(
-            home.setDesktop({{A, 1, {}}, {B, 2, {}}, {C, 3, {}}})); // another program puts its old entry back
-        QTRY_COMPARE(store.shown(), QStringLiteral("c:32 b:32"));
-        QVERIFY(replaceFile(sandbox, listText({{A, 9, {}}})));
-        QTRY_COMPARE(store.shown(), QStringLiteral("a:64 c:32 b:32"));
+        LoadedStore store(home);
+        QVERIFY(home.setDesktop({{A, 1}, {B, 2}, {C, 3}})); // another program puts its old entry back
+        QTRY_COMPARE(store.shown(), "c:32 b:32"_s);
+        QVERIFY(replaceFile(sandbox, listText({{A, 9}})));
+        QTRY_COMPARE(store.shown(), "a:64 c:32 b:32"_s);
     }
 
     void openedFilesAreToldToTheDesktop()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{B, 2, {}}}));
-        const QString file = home.path(QStringLiteral("müller & co.html"));
+        Home home({{B, 2}});
+        const QString file = home.path("müller & co.html"_s);
         QVERIFY(replaceFile(file, "<!DOCTYPE html><html><body>x</body></html>"));
-        Store store(home);
-        QVERIFY(store.load());
+        LoadedStore store(home);
         const qint64 before = QDateTime::currentMSecsSinceEpoch();
         store.proxy.noteOpened(file);
         QTRY_COMPARE(store.added.size(), 1);
         QVERIFY(store.record(file).lastAccess >= before);
-        QTRY_COMPARE(store.record(file).mimeType, QStringLiteral("text/html"));
+        QTRY_COMPARE(store.record(file).mimeType, "text/html"_s);
         QTRY_COMPARE(int(store.record(file).presence), int(Presence::Present));
         QTRY_VERIFY(listed(home).contains(QLatin1String(ApplicationName)));
         // What the store wrote itself is no news when it is read back, which the marker behind it shows.
         const int told = calls(store);
-        const QByteArray marked = contentOf(home.places.desktopList)
-                                      .replace("</xbel>", bookmarkText({C, 3, {}}).toUtf8() + "</xbel>");
+        const QByteArray marked =
+            contentOf(home.places.desktopList).replace("</xbel>", bookmarkText({C, 3}).toUtf8() + "</xbel>");
         QVERIFY(replaceFile(home.places.desktopList, marked));
         QTRY_COMPARE(store.added.size(), 2);
         QCOMPARE(store.record(file).kind, int(RecentRecordKind::Opened));
@@ -193,31 +178,27 @@ private Q_SLOTS:
 
     void readOnlyNeitherFollowsNorWrites()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}}));
+        Home home({{A, 1}});
         {
-            Store store(home, WorkMode::ReadOnly);
-            QVERIFY(store.load());
+            LoadedStore store(home, WorkMode::ReadOnly);
             QCOMPARE(store.shown(), QString());
             store.proxy.noteOpened(B);
-            QTRY_COMPARE(store.shown(), QStringLiteral("b:8"));
+            QTRY_COMPARE(store.shown(), "b:8"_s);
             store.proxy.removeRecords({A});
         }
-        QCOMPARE(contentOf(home.places.desktopList), listText({{A, 1, {}}}));
-        Store store(home);
-        QVERIFY(store.load());
-        QTRY_COMPARE(store.shown(), QStringLiteral("b:8 a:32")); // what the list says comes now
+        QCOMPARE(contentOf(home.places.desktopList), listText({{A, 1}}));
+        LoadedStore store(home);
+        QTRY_COMPARE(store.shown(), "b:8 a:32"_s); // what the list says comes now
     }
 
     void presence()
     {
         Home home;
-        const QString file = home.path(QStringLiteral("doc"));
+        const QString file = home.path("doc"_s);
         QVERIFY(replaceFile(file, "x"));
-        QVERIFY(home.setDesktop({{A, 1, {}}, {file, 2, {}}}));
+        QVERIFY(home.setDesktop({{A, 1}, {file, 2}}));
         {
-            Store store(home);
-            QVERIFY(store.load());
+            LoadedStore store(home);
             QTRY_COMPARE(int(store.record(file).presence), int(Presence::Present));
             QTRY_COMPARE(int(store.record(A).presence), int(Presence::Missing));
             QCOMPARE(store.record(file).size, 1);
@@ -226,7 +207,7 @@ private Q_SLOTS:
             store.proxy.checkPresence({file});
             QTRY_COMPARE(int(store.record(file).presence), int(Presence::Missing));
             QVERIFY(replaceFile(file, "xyz"));
-            store.proxy.checkPresence({file, QStringLiteral("unknown")});
+            store.proxy.checkPresence({file, "unknown"_s});
             QTRY_COMPARE(int(store.record(file).presence), int(Presence::Present));
             QCOMPARE(store.record(file).size, 3);
             execute(home, "UPDATE record SET size=-1");
@@ -236,8 +217,7 @@ private Q_SLOTS:
             QTRY_COMPARE(store.record(file).size, 3);
         }
         QVERIFY(QFile::remove(file)); // while nobody looks
-        Store store(home);
-        QVERIFY(store.load());
+        LoadedStore store(home);
         QTRY_COMPARE(int(store.record(file).presence), int(Presence::Missing));
         const auto told = store.changed.first().first().value<RecordInfoList>();
         QCOMPARE(told.size(), 1); // what is as it was is not told of
@@ -245,25 +225,21 @@ private Q_SLOTS:
 
     void pinnedRecordsStay()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}, {B, 2, {}}}));
-        Store store(home);
-        QVERIFY(store.load());
+        Home home({{A, 1}, {B, 2}});
+        LoadedStore store(home);
         store.proxy.setPinned({A}, true);
         QTRY_VERIFY(store.record(A).pinned);
-        QVERIFY(home.setDesktop({{C, 3, {}}}));
-        QTRY_COMPARE(store.shown(), QStringLiteral("c:32 a:8"));
+        QVERIFY(home.setDesktop({{C, 3}}));
+        QTRY_COMPARE(store.shown(), "c:32 a:8"_s);
         store.proxy.setPinned({A}, false);
         QTRY_VERIFY(!store.record(A).pinned);
-        QCOMPARE(store.shown(), QStringLiteral("c:32 a:8")); // does not vanish at once
+        QCOMPARE(store.shown(), "c:32 a:8"_s); // does not vanish at once
     }
 
     void largeChangesAreToldOnce()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}}));
-        Store store(home);
-        QVERIFY(store.load());
+        Home home({{A, 1}});
+        LoadedStore store(home);
         QVERIFY(home.setDesktop(numbered(6000)));
         QTRY_COMPARE(store.proxy.records().size(), 6000);
         QCOMPARE(store.arrived.size(), 1);
@@ -273,8 +249,7 @@ private Q_SLOTS:
     void aListThatNeverRestsIsReadAllTheSame()
     {
         Home home;
-        Store store(home);
-        QVERIFY(store.load());
+        LoadedStore store(home);
         int round = 0;
         QTimer writer;
         connect(&writer, &QTimer::timeout, this, [&] { home.setDesktop({{A, ++round, {}}}); });
@@ -287,12 +262,10 @@ private Q_SLOTS:
 
     void damagedDatabaseIsMadeAnewFromTheLists()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}}));
+        Home home({{A, 1}});
         QVERIFY(replaceFile(home.places.database, QByteArray(5000, 'x')));
-        Store store(home);
-        QVERIFY(store.load());
-        QCOMPARE(store.shown(), QStringLiteral("a:32"));
+        LoadedStore store(home);
+        QCOMPARE(store.shown(), "a:32"_s);
         QTRY_COMPARE(store.problem.size(), 1);
     }
 };
@@ -312,13 +285,13 @@ QString notesAroundTheApplicationsEnd(int &argc, char **argv)
         KRecentFileProxy *proxy = KRecentFileProxy::instance();
         InitRecentFile(WorkMode::Full);
         if (KRecentFileProxy::instance() != proxy)
-            return QStringLiteral("a second start replaced the store");
+            return "a second start replaced the store"_s;
         proxy->initKind(RecentRecordKind::Opened);
         proxy->noteOpened(B);
     }
     UninitRecentFile();
     if (KRecentFileProxy::instance())
-        return QStringLiteral("not stopped");
+        return "not stopped"_s;
     RecentRepository repository(RecentPlaces::fromEnvironment().database, [](const QString &) {});
     QStringList names;
     for (const RecentFileInfo &record : repository.open())
@@ -332,7 +305,7 @@ void keepWarnings(QtMsgType type, const QMessageLogContext &, const QString &tex
 {
     // Qt's word when the store's thread gets its first turn only after the application's end, which loses
     // nothing.
-    const bool late = text.startsWith(QLatin1String("QEventLoop: Cannot be used without Q"));
+    const bool late = text.startsWith("QEventLoop: Cannot be used without Q"_s);
     if (type != QtDebugMsg && type != QtInfoMsg && !late)
         warnings.append(text);
 }
@@ -344,7 +317,7 @@ int main(int argc, char **argv)
     qInstallMessageHandler(keepWarnings);
     const QString notes = notesAroundTheApplicationsEnd(argc, argv);
     qInstallMessageHandler(nullptr);
-    if (notes != QLatin1String("b a") || !warnings.isEmpty())
+    if (notes != "b a"_s || !warnings.isEmpty())
         qFatal("around the application's end: %s, %s", qPrintable(notes),
             qPrintable(warnings.join(QLatin1Char(','))));
     QCoreApplication application(argc, argv);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "service/drive/localdrive.h"
+#include "support/table.h"
 
 #include <QBuffer>
 #include <QDir>
@@ -19,10 +20,10 @@ public:
     DriveFixture() { reopen(); }
 
     LocalDrive &drive() { return *m_drive; }
-    QString root() const { return m_folder.filePath(QStringLiteral("drive")); }
+    QString root() const { return m_folder.filePath("drive"_s); }
     QString outside(const QString &name) const { return m_folder.filePath(name); }
     QString at(const char *path) const { return root() + QLatin1Char('/') + QString::fromUtf8(path); }
-    QString database() const { return outside(QStringLiteral("drive.db")); }
+    QString database() const { return outside("drive.db"_s); }
 
     /// As the next start of the service.
     bool reopen()
@@ -61,7 +62,7 @@ public:
         QStringList names;
         for (int i = 1; steps && i < steps->size(); ++i)
             names.append(steps->at(i).name);
-        return steps ? names.join(QLatin1Char('/')) : QStringLiteral("-");
+        return steps ? names.join(QLatin1Char('/')) : "-"_s;
     }
     QByteArray content(const QString &id)
     {
@@ -94,7 +95,7 @@ public:
             else
                 lines.append(path + QLatin1Char('=') + QString::fromUtf8(file.read(32)));
         }
-        lines.removeAll(QStringLiteral(".zel-trash/"));
+        lines.removeAll(".zel-trash/"_s);
         lines.sort();
         return lines.join(QLatin1Char(' '));
     }
@@ -105,7 +106,7 @@ public:
         for (const DriveItem &item : items ? *items : QVector<DriveItem>())
             names.append(item.isFolder ? item.name + QLatin1Char('/') : item.name);
         names.sort();
-        return items ? names.join(QLatin1Char(' ')) : QStringLiteral("<error>");
+        return items ? names.join(QLatin1Char(' ')) : "<error>"_s;
     }
 
 private:
@@ -119,7 +120,7 @@ template <typename T> QString outcome(const DriveResult<T> &result)
 {
     static const char *const Names[] = {
         "notFound", "exists", "denied", "invalidName", "notEmpty", "diskFull", "io", "offline", "cancelled"};
-    return result ? QStringLiteral("ok") : QString::fromLatin1(Names[int(result.error().kind)]);
+    return result ? "ok"_s : QString::fromLatin1(Names[int(result.error().kind)]);
 }
 
 } // namespace zel::service

@@ -8,10 +8,56 @@ class TestCrash : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void killedInTheMiddle_data();
-    void killedInTheMiddle();
-    void fullDisk_data();
-    void fullDisk();
+
+    void killedInTheMiddle_data()
+    {
+        const auto row = columns<QString>("mode");
+        row("write", "write");
+        row("copy", "copy");
+    }
+
+    void killedInTheMiddle()
+    {
+        QFETCH(QString, mode);
+        DriveFixture f;
+        QVERIFY(f.make("a", "old") && f.make("d/1", QByteArray(1000, 'x'))
+            && f.make("d/2", QByteArray(1000, 'x')));
+        const QString a = f.id("a");
+        const QString before = f.tree();
+        QProcess helper;
+        start(helper, mode, f);
+        QVERIFY(helper.waitForReadyRead());
+        QCOMPARE(helper.readAll(), QByteArray("middle\n"));
+        helper.kill();
+        QVERIFY(helper.waitForFinished());
+        QVERIFY2(f.tree() != before, "something lies about, but hidden");
+        QCOMPARE(f.listed(f.drive().rootId()), "a d/"_s);
+        QCOMPARE(f.content(a), QByteArray("old"));
+        QVERIFY(f.reopen());
+        QCOMPARE(f.tree(), before);
+    }
+
+    void fullDisk_data()
+    {
+        const auto row = columns<QString>("mode");
+        row("limit on the size of files", "limit");
+        row("small file system", "small");
+    }
+
+    void fullDisk()
+    {
+        QFETCH(QString, mode);
+        DriveFixture f;
+        QVERIFY(f.make("big", QByteArray(4 * 1024 * 1024, 'x')));
+        QProcess helper;
+        start(helper, mode, f);
+        QVERIFY(helper.waitForFinished());
+        const QByteArray said = helper.readAll();
+        if (said == "no mount\n")
+            QSKIP("mounting is not permitted here");
+        const QByteArray full = QByteArray::number(int(DriveError::Kind::DiskFull));
+        QCOMPARE(said, QByteArray(full + ' ' + full + " big\n"));
+    }
 
 private:
     static void start(QProcess &helper, const QString &mode, const DriveFixture &f)
@@ -20,56 +66,6 @@ private:
         helper.start(qEnvironmentVariable("ZEL_DRIVE_HELPER"), {mode, f.root(), f.database()});
     }
 };
-
-void TestCrash::killedInTheMiddle_data()
-{
-    QTest::addColumn<QString>("mode");
-    QTest::newRow("write") << QStringLiteral("write");
-    QTest::newRow("copy") << QStringLiteral("copy");
-}
-
-void TestCrash::killedInTheMiddle()
-{
-    QFETCH(QString, mode);
-    DriveFixture f;
-    QVERIFY(
-        f.make("a", "old") && f.make("d/1", QByteArray(1000, 'x')) && f.make("d/2", QByteArray(1000, 'x')));
-    const QString a = f.id("a");
-    const QString before = f.tree();
-    QProcess helper;
-    start(helper, mode, f);
-    QVERIFY(helper.waitForReadyRead());
-    QCOMPARE(helper.readAll(), QByteArray("middle\n"));
-    helper.kill();
-    QVERIFY(helper.waitForFinished());
-    QVERIFY2(f.tree() != before, "something lies about, but hidden");
-    QCOMPARE(f.listed(f.drive().rootId()), QStringLiteral("a d/"));
-    QCOMPARE(f.content(a), QByteArray("old"));
-    QVERIFY(f.reopen());
-    QCOMPARE(f.tree(), before);
-}
-
-void TestCrash::fullDisk_data()
-{
-    QTest::addColumn<QString>("mode");
-    QTest::newRow("limit on the size of files") << QStringLiteral("limit");
-    QTest::newRow("small file system") << QStringLiteral("small");
-}
-
-void TestCrash::fullDisk()
-{
-    QFETCH(QString, mode);
-    DriveFixture f;
-    QVERIFY(f.make("big", QByteArray(4 * 1024 * 1024, 'x')));
-    QProcess helper;
-    start(helper, mode, f);
-    QVERIFY(helper.waitForFinished());
-    const QByteArray said = helper.readAll();
-    if (said == "no mount\n")
-        QSKIP("mounting is not permitted here");
-    const QByteArray full = QByteArray::number(int(DriveError::Kind::DiskFull));
-    QCOMPARE(said, QByteArray(full + ' ' + full + " big\n"));
-}
 
 QTEST_GUILESS_MAIN(TestCrash)
 #include "tst_crash.moc"

@@ -17,18 +17,17 @@ class DriveFixture
 public:
     QTemporaryDir place;
     MethodClient client;
-    const zel::service::Identity me{
-        QStringLiteral("u1"), QStringLiteral("User"), QStringLiteral("this"), QStringLiteral("This machine")};
+    const zel::service::Identity me{"u1"_s, "User"_s, "this"_s, "This machine"_s};
     const zel::service::IdentitySource identity = [this] { return me; };
 
-    QString root() const { return place.filePath(QStringLiteral("Drive")); }
+    QString root() const { return place.filePath("Drive"_s); }
     QString local(const char *name) const { return place.filePath(QLatin1String(name)); }
     QString inDrive(const char *path) const { return root() + QLatin1Char('/') + QLatin1String(path); }
 
-    zel::service::CloudDatabase database{place.filePath(QStringLiteral("cloud.db"))};
+    zel::service::CloudDatabase database{place.filePath("cloud.db"_s)};
     zel::service::RoamingTable roaming{database, 5};
     const zel::service::DriveThread::Factory drives =
-        zel::service::localDrives(root(), place.filePath(QStringLiteral("drive.db")));
+        zel::service::localDrives(root(), place.filePath("drive.db"_s));
     zel::service::DriveThread quick{drives};
     zel::service::DriveThread bulk{drives};
     zel::service::DriveEvents events{quick, client, identity};
@@ -50,11 +49,7 @@ public:
     }
 
     /// Two files, and two more in folders.
-    void fill()
-    {
-        fill({QStringLiteral("a.txt=one"), QStringLiteral("b.txt=three"), QStringLiteral("d/a.txt=old"),
-            QStringLiteral("d/e/f.txt")});
-    }
+    void fill() { fill({"a.txt=one"_s, "b.txt=three"_s, "d/a.txt=old"_s, "d/e/f.txt"_s}); }
     /// Files in the drive by "path" or "path=content", folders by "path/".
     void fill(const QStringList &entries)
     {
@@ -80,7 +75,7 @@ public:
     /// Such a text in a fixed order; "$" stands for a blank in a name.
     static QStringList sorted(QString tree)
     {
-        tree.replace(QLatin1String(" ("), QLatin1String("$("));
+        tree.replace(" ("_s, "$("_s);
         QStringList names = tree.split(QLatin1Char(' '));
         names.sort();
         return names;
@@ -91,7 +86,7 @@ public:
         const auto entries =
             folder.entryInfoList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDir::Name);
         for (const QFileInfo &entry : entries) {
-            if (entry.fileName() == QLatin1String(".zel-trash"))
+            if (entry.fileName() == ".zel-trash"_s)
                 continue;
             found.append(entry.isDir() ? entry.fileName() + QLatin1Char('/') : entry.fileName());
             const QStringList below = entry.isDir() ? names(QDir(entry.filePath())) : QStringList();
@@ -112,6 +107,17 @@ public:
     {
         return client.call<zel::vela::GetInfoListResult>("getInfoList", request);
     }
+    zel::vela::RemoveResult remove(const zel::vela::CloudItemId &item)
+    {
+        zel::vela::RemoveArg request;
+        request.item = item;
+        return client.call<zel::vela::RemoveResult>("remove", request);
+    }
+    std::vector<zel::vela::RecycleBinItem> recycleBin()
+    {
+        using namespace zel::vela;
+        return client.call<GetRecycleBinListResult>("getRecycleBinList", GetRecycleBinListArg()).items;
+    }
     zel::vela::CloudItemId idOf(const char *path)
     {
         zel::vela::GetFileIdByFilePathArg request;
@@ -119,4 +125,10 @@ public:
         request.pathType = 1;
         return client.call<zel::vela::GetFileIdByFilePathResult>("getFileIdByFilePath", request).item;
     }
+};
+
+/// With the files of fill().
+struct FilledDrive : DriveFixture
+{
+    FilledDrive() { fill(); }
 };

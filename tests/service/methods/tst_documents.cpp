@@ -9,15 +9,6 @@
 using namespace zel;
 using namespace zel::vela;
 
-/// The parts put together as the service has them.
-class TestDocuments final : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void recordFollowsItsFile();
-};
-
 namespace {
 
 struct Service
@@ -25,11 +16,10 @@ struct Service
     QTemporaryDir place;
     MethodClient client;
     service::ServiceHooks hooks;
-    service::CloudDatabase database{place.filePath(QStringLiteral("cloud.db"))};
-    service::CloudDocuments documents{
-        {place.filePath(QStringLiteral("Drive")), place.filePath(QStringLiteral("drive.db"))}, database,
+    service::CloudDatabase database{place.filePath("cloud.db"_s)};
+    service::CloudDocuments documents{{place.filePath("Drive"_s), place.filePath("drive.db"_s)}, database,
         client.methods, client, hooks, nullptr, [] {
-            return service::Identity{QStringLiteral("u1"), {}, QStringLiteral("this"), {}};
+            return service::Identity{"u1"_s, {}, "this"_s, {}};
         }};
 
     QString write(const char *path)
@@ -44,40 +34,48 @@ struct Service
 
 } // namespace
 
-// The file goes to the recycle bin and comes back; the recent list says so each time.
-void TestDocuments::recordFollowsItsFile()
+/// The parts put together as the service has them.
+class TestDocuments final : public QObject
 {
-    Service service;
-    const QString file = service.write("Drive/a.odt");
-    GetFileIdByFilePathArg path;
-    path.filePath = file.toStdString();
-    const auto item = service.client.call<GetFileIdByFilePathResult>("getFileIdByFilePath", path);
-    AddRoamingRecordArg add;
-    add.records.resize(1);
-    add.records[0].fileId = item.fileId;
-    service.client.call<AddRoamingRecordResult>("addRoamingRecord", add);
-    service.documents.start();
-    // Its answer comes after the first look at the drive.
-    service.client.call<GetInfoResult>("getInfo", GetInfoArg());
-    service.client.arrived.clear();
+    Q_OBJECT
 
-    const auto pushes = [&] {
-        return service.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
-    };
-    RemoveArg remove;
-    remove.item = item.item;
-    RecoverRecyclesArg recover;
-    recover.recycleIds = {service.client.call<RemoveResult>("remove", remove).recycleId};
-    QTRY_COMPARE(pushes().size(), size_t(1));
-    QVERIFY(pushes()[0].changedItems.at(0).deleted);
-    GetRecentFilesArg list;
-    QCOMPARE(service.client.call<GetRecentFilesResult>("getRecentFiles", list).items.size(), size_t(0));
-    list.includeDeleted = true;
-    QCOMPARE(service.client.call<GetRecentFilesResult>("getRecentFiles", list).items.size(), size_t(1));
-    service.client.call<RecoverRecyclesResult>("recoverRecycles", recover);
-    QTRY_COMPARE(pushes().size(), size_t(2));
-    QVERIFY(!pushes()[1].changedItems.at(0).deleted);
-}
+private Q_SLOTS:
+
+    // The file goes to the recycle bin and comes back; the recent list says so each time.
+    void recordFollowsItsFile()
+    {
+        Service service;
+        const QString file = service.write("Drive/a.odt");
+        GetFileIdByFilePathArg path;
+        path.filePath = file.toStdString();
+        const auto item = service.client.call<GetFileIdByFilePathResult>("getFileIdByFilePath", path);
+        AddRoamingRecordArg add;
+        add.records.resize(1);
+        add.records[0].fileId = item.fileId;
+        service.client.call<AddRoamingRecordResult>("addRoamingRecord", add);
+        service.documents.start();
+        // Its answer comes after the first look at the drive.
+        service.client.call<GetInfoResult>("getInfo", GetInfoArg());
+        service.client.arrived.clear();
+
+        const auto pushes = [&] {
+            return service.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
+        };
+        RemoveArg remove;
+        remove.item = item.item;
+        RecoverRecyclesArg recover;
+        recover.recycleIds = {service.client.call<RemoveResult>("remove", remove).recycleId};
+        QTRY_COMPARE(pushes().size(), size_t(1));
+        QVERIFY(pushes()[0].changedItems.at(0).deleted);
+        GetRecentFilesArg list;
+        QCOMPARE(service.client.call<GetRecentFilesResult>("getRecentFiles", list).items.size(), size_t(0));
+        list.includeDeleted = true;
+        QCOMPARE(service.client.call<GetRecentFilesResult>("getRecentFiles", list).items.size(), size_t(1));
+        service.client.call<RecoverRecyclesResult>("recoverRecycles", recover);
+        QTRY_COMPARE(pushes().size(), size_t(2));
+        QVERIFY(!pushes()[1].changedItems.at(0).deleted);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestDocuments)
 #include "tst_documents.moc"

@@ -5,6 +5,7 @@
 
 using namespace std::chrono_literals;
 using namespace zel;
+using namespace zel::vela;
 using namespace zel::service;
 using posix::SingleInstance;
 
@@ -13,110 +14,104 @@ class TestServer : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void init() { m_fixture = std::make_unique<SessionFixture>(); }
-    void pushesReachThoseWhoGreeted();
-    void refusesTooManyClients();
-    void finishAnswersFirst();
-    void finishDoesNotWaitForEver();
-    void finishesWithoutClients();
-    void lateClientKeepsTheService();
+
+    void pushesReachThoseWhoGreeted()
+    {
+        std::vector<ClientId> welcomed;
+        connect(m_fixture->server.get(), &CloudServer::welcomed, this,
+            [&welcomed](ClientId id) { welcomed.push_back(id); });
+        const auto first = m_fixture->welcomeClient();
+        const auto second = m_fixture->welcomeClient();
+        WireClient stranger(m_fixture->path());
+        QTRY_COMPARE(m_fixture->server->clientCount(), 3);
+        NotifyActionArg action;
+        action.action = "all";
+        m_fixture->server->push("notifyAction", action);
+        action.action = "second";
+        m_fixture->server->pushTo(welcomed.at(1), "notifyAction", action);
+        m_fixture->server->pushTo(ClientId(99), "notifyAction", action);
+        QCOMPARE(first->waitForPush<NotifyActionArg>("notifyAction")->action, std::string("all"));
+        QCOMPARE(second->waitForPush<NotifyActionArg>("notifyAction")->action, std::string("all"));
+        QCOMPARE(second->waitForPush<NotifyActionArg>("notifyAction")->action, std::string("second"));
+        // The answer comes after whatever was pushed before it.
+        QVERIFY(first->call<GetMsgListResult>("getMsgList", GetMsgListArg()));
+        QVERIFY(!first->waitForPush<NotifyActionArg>("notifyAction", 0));
+        QVERIFY(stranger.greet());
+        QVERIFY(!stranger.waitForPush<NotifyActionArg>("notifyAction", 0));
+    }
+
+    void refusesTooManyClients()
+    {
+        std::vector<std::unique_ptr<WireClient>> clients;
+        for (int i = 0; i < CloudServer::MostClients; ++i)
+            QVERIFY(clients.emplace_back(m_fixture->welcomeClient()));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("64 are there already"_s));
+        const WireClient tooMuch(m_fixture->path());
+        QVERIFY(tooMuch.waitForClosed());
+        clients.resize(3);
+        QTRY_COMPARE(m_fixture->server->clientCount(), 3);
+        QVERIFY(m_fixture->welcomeClient());
+    }
+
+    void finishAnswersFirst()
+    {
+        QSignalSpy finished(m_fixture->server.get(), &CloudServer::finished);
+        const auto client = m_fixture->welcomeClient();
+        const auto idle = m_fixture->welcomeClient();
+        client->channel().send(wire::listCallFrame("getUserId", 55, {}));
+        QTRY_COMPARE(m_fixture->held.size(), size_t(1));
+        m_fixture->server->finish();
+        QVERIFY(idle->waitForClosed());
+        QVERIFY(client->isOpen());
+        QCOMPARE(finished.count(), 0);
+        m_fixture->held.front().send({});
+        QVERIFY(client->waitForAnswer(55));
+        QVERIFY(client->waitForClosed());
+        QCOMPARE(finished.count(), 1);
+    }
+
+    void finishDoesNotWaitForEver()
+    {
+        QSignalSpy finished(m_fixture->server.get(), &CloudServer::finished);
+        const auto client = m_fixture->welcomeClient();
+        client->channel().send(wire::listCallFrame("getUserId", 55, {}));
+        QTRY_COMPARE(m_fixture->held.size(), size_t(1));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("the service ends"_s));
+        m_fixture->server->finish(50ms);
+        QTRY_COMPARE(finished.count(), 1);
+    }
+
+    void finishesWithoutClients()
+    {
+        QSignalSpy finished(m_fixture->server.get(), &CloudServer::finished);
+        auto first = m_fixture->welcomeClient();
+        auto second = m_fixture->welcomeClient();
+        m_fixture->server->finishWithoutClients(50ms);
+        first.reset();
+        QTRY_COMPARE(m_fixture->server->clientCount(), 1);
+        QVERIFY2(!finished.wait(200), "one is still there");
+        second.reset();
+        QVERIFY(finished.wait());
+        QVERIFY(!WireClient(m_fixture->path()).isOpen());
+        SingleInstance next(m_fixture->folder.path().toStdString(), "cloud");
+        QCOMPARE(next.claim(posix::deadlineIn(5s)), SingleInstance::Claim::Owner);
+    }
+
+    void lateClientKeepsTheService()
+    {
+        QSignalSpy finished(m_fixture->server.get(), &CloudServer::finished);
+        m_fixture->server->finishWithoutClients(0ms);
+        // Queued before the loop runs, so the time is up and the client there on the same turn.
+        auto client = std::make_unique<WireClient>(m_fixture->path());
+        QVERIFY(!finished.wait(100));
+        QCOMPARE(m_fixture->server->clientCount(), 1);
+        client.reset();
+        QVERIFY(finished.wait());
+    }
 
 private:
     std::unique_ptr<SessionFixture> m_fixture;
 };
-
-void TestServer::pushesReachThoseWhoGreeted()
-{
-    std::vector<ClientId> welcomed;
-    connect(m_fixture->server.get(), &CloudServer::welcomed, this,
-        [&welcomed](ClientId id) { welcomed.push_back(id); });
-    const auto first = m_fixture->welcomeClient();
-    const auto second = m_fixture->welcomeClient();
-    WireClient stranger(m_fixture->path());
-    QTRY_COMPARE(m_fixture->server->clientCount(), 3);
-    vela::NotifyActionArg action;
-    action.action = "all";
-    m_fixture->server->push("notifyAction", action);
-    action.action = "second";
-    m_fixture->server->pushTo(welcomed.at(1), "notifyAction", action);
-    m_fixture->server->pushTo(ClientId(99), "notifyAction", action);
-    QCOMPARE(first->waitForPush<vela::NotifyActionArg>("notifyAction")->action, std::string("all"));
-    QCOMPARE(second->waitForPush<vela::NotifyActionArg>("notifyAction")->action, std::string("all"));
-    QCOMPARE(second->waitForPush<vela::NotifyActionArg>("notifyAction")->action, std::string("second"));
-    // The answer comes after whatever was pushed before it.
-    QVERIFY(first->call<vela::GetMsgListResult>("getMsgList", vela::GetMsgListArg()));
-    QVERIFY(!first->waitForPush<vela::NotifyActionArg>("notifyAction", 0));
-    QVERIFY(stranger.greet());
-    QVERIFY(!stranger.waitForPush<vela::NotifyActionArg>("notifyAction", 0));
-}
-
-void TestServer::refusesTooManyClients()
-{
-    std::vector<std::unique_ptr<WireClient>> clients;
-    for (int i = 0; i < CloudServer::MostClients; ++i)
-        QVERIFY(clients.emplace_back(m_fixture->welcomeClient()));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("64 are there already")));
-    const WireClient tooMuch(m_fixture->path());
-    QVERIFY(tooMuch.waitForClosed());
-    clients.resize(3);
-    QTRY_COMPARE(m_fixture->server->clientCount(), 3);
-    QVERIFY(m_fixture->welcomeClient());
-}
-
-void TestServer::finishAnswersFirst()
-{
-    QSignalSpy finished(m_fixture->server.get(), &CloudServer::finished);
-    const auto client = m_fixture->welcomeClient();
-    const auto idle = m_fixture->welcomeClient();
-    client->channel().send(wire::listCallFrame("getUserId", 55, {}));
-    QTRY_COMPARE(m_fixture->held.size(), size_t(1));
-    m_fixture->server->finish();
-    QVERIFY(idle->waitForClosed());
-    QVERIFY(client->isOpen());
-    QCOMPARE(finished.count(), 0);
-    m_fixture->held.front().send({});
-    QVERIFY(client->waitForAnswer(55));
-    QVERIFY(client->waitForClosed());
-    QCOMPARE(finished.count(), 1);
-}
-
-void TestServer::finishDoesNotWaitForEver()
-{
-    QSignalSpy finished(m_fixture->server.get(), &CloudServer::finished);
-    const auto client = m_fixture->welcomeClient();
-    client->channel().send(wire::listCallFrame("getUserId", 55, {}));
-    QTRY_COMPARE(m_fixture->held.size(), size_t(1));
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("the service ends")));
-    m_fixture->server->finish(50ms);
-    QTRY_COMPARE(finished.count(), 1);
-}
-
-void TestServer::finishesWithoutClients()
-{
-    QSignalSpy finished(m_fixture->server.get(), &CloudServer::finished);
-    auto first = m_fixture->welcomeClient();
-    auto second = m_fixture->welcomeClient();
-    m_fixture->server->finishWithoutClients(50ms);
-    first.reset();
-    QTRY_COMPARE(m_fixture->server->clientCount(), 1);
-    QVERIFY2(!finished.wait(200), "one is still there");
-    second.reset();
-    QVERIFY(finished.wait());
-    QVERIFY(!WireClient(m_fixture->path()).isOpen());
-    SingleInstance next(m_fixture->folder.path().toStdString(), "cloud");
-    QCOMPARE(next.claim(posix::deadlineIn(5s)), SingleInstance::Claim::Owner);
-}
-
-void TestServer::lateClientKeepsTheService()
-{
-    QSignalSpy finished(m_fixture->server.get(), &CloudServer::finished);
-    m_fixture->server->finishWithoutClients(0ms);
-    // Queued before the loop runs, so the time is up and the client there on the same turn.
-    auto client = std::make_unique<WireClient>(m_fixture->path());
-    QVERIFY(!finished.wait(100));
-    QCOMPARE(m_fixture->server->clientCount(), 1);
-    client.reset();
-    QVERIFY(finished.wait());
-}
 
 QTEST_GUILESS_MAIN(TestServer)
 #include "tst_server.moc"

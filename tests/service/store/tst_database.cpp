@@ -1,5 +1,6 @@
 #include "service/store/clouddatabase.h"
 #include "service/store/servicetables.h"
+#include "support/table.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -34,13 +35,134 @@ class TestDatabase : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init();
-    void privateFiles();
-    void unusableFile_data();
-    void unusableFile();
-    void damageWhileItRuns();
-    void fullDisk();
-    void migrates();
+
+    void init()
+    {
+        m_folder = std::make_unique<QTemporaryDir>();
+        m_file = m_folder->filePath("cloud.db"_s);
+    }
+
+    void privateFiles()
+    {
+        write({});
+        QVERIFY(QFile::setPermissions(
+            m_file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
+        Store store(m_file);
+        QString device;
+        QCOMPARE(store.tables.deviceId(device), ServiceError::None);
+        QCOMPARE(modeOf(m_file), 0600);
+        QCOMPARE(modeOf(m_file + "-wal"_s), 0600);
+        QCOMPARE(store.database.connection().number("PRAGMA synchronous"), qint64(2)); // FULL
+    }
+
+    void unusableFile_data()
+    {
+        const auto row = columns<QString>("damage");
+        row("another format", "text");
+        row("zeroed header", "header");
+        row("a page in the middle overwritten", "page");
+        row("cut in half", "cut");
+        row("tables of others in it", "foreign");
+        row("made by a later version", "newer");
+        row("a folder", "folder");
+    }
+
+    void unusableFile()
+    {
+        QFETCH(QString, damage);
+        fill();
+        QByteArray bytes = contents(m_file);
+        QVERIFY(bytes.size() > 40000);
+        if (damage == "text"_s)
+            bytes = QByteArray("These are notes.\n").repeated(1000);
+        else if (damage == "header"_s)
+            bytes.replace(0, 100, QByteArray(100, '\0'));
+        else if (damage == "page"_s)
+            bytes.replace(20000, 4096, QByteArray(4096, '\x5a'));
+        else if (damage == "cut"_s)
+            bytes.truncate(bytes.size() / 2);
+        if (damage == "foreign"_s || damage == "newer"_s) {
+            sqlite::Database other;
+            QVERIFY(other.open(m_file));
+            QVERIFY(damage == "newer"_s
+                    ? other.exec("UPDATE schema_version SET version = 99")
+                    : other.exec("DROP TABLE schema_version; ALTER TABLE device RENAME TO other"));
+            other.close();
+            bytes = contents(m_file);
+        } else if (damage == "folder"_s) {
+            QVERIFY(QFile::remove(m_file) && QDir().mkdir(m_file));
+        } else {
+            write(bytes);
+        }
+
+        Store store(m_file);
+        QSignalSpy replaced(&store.database, &CloudDatabase::replaced);
+        QString device;
+        QCOMPARE(store.tables.deviceId(device), ServiceError::None);
+        QCOMPARE(device.size(), 36);
+        QCOMPARE(replaced.count(), 1);
+        QCOMPARE(keptAside(), QStringList{QFileInfo(store.database.keptAside()).fileName()});
+        if (damage != "folder"_s)
+            QVERIFY2(contents(store.database.keptAside()) == bytes, "what was there is kept as it was");
+        QCOMPARE(Store(m_file).database.ready(), ServiceError::None);
+        QCOMPARE(keptAside().size(), 1);
+    }
+
+    void damageWhileItRuns()
+    {
+        fill();
+        Store store(m_file);
+        QSignalSpy replaced(&store.database, &CloudDatabase::replaced);
+        QCOMPARE(store.database.ready(), ServiceError::None);
+        QByteArray bytes = contents(m_file);
+        write(bytes.replace(4096, bytes.size() - 4096, QByteArray(bytes.size() - 4096, '\x5a')));
+        store.database.connection().exec("PRAGMA shrink_memory"); // forgets the pages that it has read
+        QMap<QString, QString> values;
+        QCOMPARE(store.tables.readAll(QLatin1String(user), {}, values), ServiceError::Corrupt);
+        QCOMPARE(store.tables.readAll(QLatin1String(user), {}, values), ServiceError::None);
+        QCOMPARE(replaced.count(), 1);
+        QVERIFY(values.isEmpty());
+    }
+
+    void fullDisk()
+    {
+        Store store(m_file);
+        QSignalSpy replaced(&store.database, &CloudDatabase::replaced);
+        const QString me = QLatin1String(user);
+        QCOMPARE(store.tables.write(me, {{"before"_s, "kept"_s}}), ServiceError::None);
+        sqlite::Database &connection = store.database.connection();
+        const qint64 pages = connection.number("PRAGMA page_count");
+        QVERIFY(connection.exec(qPrintable("PRAGMA max_page_count=%1"_s.arg(pages))));
+        const QString much(100000, QLatin1Char('x'));
+        QCOMPARE(store.tables.write(me, {{"a"_s, "small"_s}, {"much"_s, much}}), ServiceError::DiskFull);
+        QString value;
+        QCOMPARE(store.tables.read(me, "a"_s, value), ServiceError::None);
+        QVERIFY2(value.isEmpty(), "all or none");
+        QCOMPARE(store.tables.read(me, "before"_s, value), ServiceError::None);
+        QCOMPARE(value, "kept"_s);
+        QVERIFY(connection.exec("PRAGMA max_page_count=100000"));
+        QCOMPARE(store.tables.write(me, {{"much"_s, much}}), ServiceError::None);
+        QCOMPARE(replaced.count(), 0);
+    }
+
+    void migrates()
+    {
+        constexpr const char *texts[] = {"CREATE TABLE t (a TEXT); INSERT INTO t VALUES ('old')",
+            "ALTER TABLE t ADD COLUMN b TEXT; UPDATE t SET b = a || '+'", "not a statement"};
+        const std::span<const char *const> all(texts);
+        const QString area = "area"_s;
+        sqlite::Database database;
+        QVERIFY(database.open(m_file));
+        QCOMPARE(prepareSchema(database, area, all.first(1)), SchemaState::Ready);
+        QCOMPARE(prepareSchema(database, "another"_s, {}), SchemaState::Ready);
+        QCOMPARE(prepareSchema(database, area, all.first(2)), SchemaState::Ready);
+        QCOMPARE(prepareSchema(database, area, all.first(2)), SchemaState::Ready);
+        QCOMPARE(database.number("SELECT count(*) FROM t WHERE b = 'old+'"), qint64(1));
+        QCOMPARE(prepareSchema(database, area, all.first(1)), SchemaState::Newer);
+        QCOMPARE(prepareSchema(database, area, all), SchemaState::Failed);
+        database.clearFailure();
+        QCOMPARE(database.number("SELECT version FROM schema_version WHERE area = 'area'"), qint64(2));
+    }
 
 private:
     struct Store
@@ -53,18 +175,12 @@ private:
     void fill() const; // with enough rows that a page in the middle belongs to them
     QStringList keptAside() const
     {
-        return QDir(m_folder->path()).entryList({QStringLiteral("cloud.db.damaged*")}, QDir::AllEntries);
+        return QDir(m_folder->path()).entryList({"cloud.db.damaged*"_s}, QDir::AllEntries);
     }
 
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
 };
-
-void TestDatabase::init()
-{
-    m_folder = std::make_unique<QTemporaryDir>();
-    m_file = m_folder->filePath(QStringLiteral("cloud.db"));
-}
 
 void TestDatabase::write(const QByteArray &bytes) const
 {
@@ -80,131 +196,6 @@ void TestDatabase::fill() const
     for (int i = 0; i < 2000; ++i)
         values.insert(QString::number(i), QString(50, QLatin1Char('v')));
     QCOMPARE(store.tables.write(QLatin1String(user), values), ServiceError::None);
-}
-
-void TestDatabase::privateFiles()
-{
-    write({});
-    QVERIFY(QFile::setPermissions(
-        m_file, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther));
-    Store store(m_file);
-    QString device;
-    QCOMPARE(store.tables.deviceId(device), ServiceError::None);
-    QCOMPARE(modeOf(m_file), 0600);
-    QCOMPARE(modeOf(m_file + QLatin1String("-wal")), 0600);
-    QCOMPARE(store.database.connection().number("PRAGMA synchronous"), qint64(2)); // FULL
-}
-
-void TestDatabase::unusableFile_data()
-{
-    QTest::addColumn<QString>("damage");
-    QTest::newRow("another format") << "text";
-    QTest::newRow("zeroed header") << "header";
-    QTest::newRow("a page in the middle overwritten") << "page";
-    QTest::newRow("cut in half") << "cut";
-    QTest::newRow("tables of others in it") << "foreign";
-    QTest::newRow("made by a later version") << "newer";
-    QTest::newRow("a folder") << "folder";
-}
-
-void TestDatabase::unusableFile()
-{
-    QFETCH(QString, damage);
-    fill();
-    QByteArray bytes = contents(m_file);
-    QVERIFY(bytes.size() > 40000);
-    if (damage == QLatin1String("text"))
-        bytes = QByteArray("These are notes.\n").repeated(1000);
-    else if (damage == QLatin1String("header"))
-        bytes.replace(0, 100, QByteArray(100, '\0'));
-    else if (damage == QLatin1String("page"))
-        bytes.replace(20000, 4096, QByteArray(4096, '\x5a'));
-    else if (damage == QLatin1String("cut"))
-        bytes.truncate(bytes.size() / 2);
-    if (damage == QLatin1String("foreign") || damage == QLatin1String("newer")) {
-        sqlite::Database other;
-        QVERIFY(other.open(m_file));
-        QVERIFY(damage == QLatin1String("newer")
-                ? other.exec("UPDATE schema_version SET version = 99")
-                : other.exec("DROP TABLE schema_version; ALTER TABLE device RENAME TO other"));
-        other.close();
-        bytes = contents(m_file);
-    } else if (damage == QLatin1String("folder")) {
-        QVERIFY(QFile::remove(m_file) && QDir().mkdir(m_file));
-    } else {
-        write(bytes);
-    }
-
-    Store store(m_file);
-    QSignalSpy replaced(&store.database, &CloudDatabase::replaced);
-    QString device;
-    QCOMPARE(store.tables.deviceId(device), ServiceError::None);
-    QCOMPARE(device.size(), 36);
-    QCOMPARE(replaced.count(), 1);
-    QCOMPARE(keptAside(), QStringList{QFileInfo(store.database.keptAside()).fileName()});
-    if (damage != QLatin1String("folder"))
-        QVERIFY2(contents(store.database.keptAside()) == bytes, "what was there is kept as it was");
-    QCOMPARE(Store(m_file).database.ready(), ServiceError::None);
-    QCOMPARE(keptAside().size(), 1);
-}
-
-void TestDatabase::damageWhileItRuns()
-{
-    fill();
-    Store store(m_file);
-    QSignalSpy replaced(&store.database, &CloudDatabase::replaced);
-    QCOMPARE(store.database.ready(), ServiceError::None);
-    QByteArray bytes = contents(m_file);
-    write(bytes.replace(4096, bytes.size() - 4096, QByteArray(bytes.size() - 4096, '\x5a')));
-    store.database.connection().exec("PRAGMA shrink_memory"); // forgets the pages that it has read
-    QMap<QString, QString> values;
-    QCOMPARE(store.tables.readAll(QLatin1String(user), {}, values), ServiceError::Corrupt);
-    QCOMPARE(store.tables.readAll(QLatin1String(user), {}, values), ServiceError::None);
-    QCOMPARE(replaced.count(), 1);
-    QVERIFY(values.isEmpty());
-}
-
-void TestDatabase::fullDisk()
-{
-    Store store(m_file);
-    QSignalSpy replaced(&store.database, &CloudDatabase::replaced);
-    const QString me = QLatin1String(user);
-    QCOMPARE(
-        store.tables.write(me, {{QStringLiteral("before"), QStringLiteral("kept")}}), ServiceError::None);
-    sqlite::Database &connection = store.database.connection();
-    const qint64 pages = connection.number("PRAGMA page_count");
-    QVERIFY(connection.exec(qPrintable(QStringLiteral("PRAGMA max_page_count=%1").arg(pages))));
-    const QString much(100000, QLatin1Char('x'));
-    QCOMPARE(store.tables.write(
-                 me, {{QStringLiteral("a"), QStringLiteral("small")}, {QStringLiteral("much"), much}}),
-        ServiceError::DiskFull);
-    QString value;
-    QCOMPARE(store.tables.read(me, QStringLiteral("a"), value), ServiceError::None);
-    QVERIFY2(value.isEmpty(), "all or none");
-    QCOMPARE(store.tables.read(me, QStringLiteral("before"), value), ServiceError::None);
-    QCOMPARE(value, QStringLiteral("kept"));
-    QVERIFY(connection.exec("PRAGMA max_page_count=100000"));
-    QCOMPARE(store.tables.write(me, {{QStringLiteral("much"), much}}), ServiceError::None);
-    QCOMPARE(replaced.count(), 0);
-}
-
-void TestDatabase::migrates()
-{
-    constexpr const char *texts[] = {"CREATE TABLE t (a TEXT); INSERT INTO t VALUES ('old')",
-        "ALTER TABLE t ADD COLUMN b TEXT; UPDATE t SET b = a || '+'", "not a statement"};
-    const std::span<const char *const> all(texts);
-    const QString area = QStringLiteral("area");
-    sqlite::Database database;
-    QVERIFY(database.open(m_file));
-    QCOMPARE(prepareSchema(database, area, all.first(1)), SchemaState::Ready);
-    QCOMPARE(prepareSchema(database, QStringLiteral("another"), {}), SchemaState::Ready);
-    QCOMPARE(prepareSchema(database, area, all.first(2)), SchemaState::Ready);
-    QCOMPARE(prepareSchema(database, area, all.first(2)), SchemaState::Ready);
-    QCOMPARE(database.number("SELECT count(*) FROM t WHERE b = 'old+'"), qint64(1));
-    QCOMPARE(prepareSchema(database, area, all.first(1)), SchemaState::Newer);
-    QCOMPARE(prepareSchema(database, area, all), SchemaState::Failed);
-    database.clearFailure();
-    QCOMPARE(database.number("SELECT version FROM schema_version WHERE area = 'area'"), qint64(2));
 }
 
 QTEST_GUILESS_MAIN(TestDatabase)

@@ -3,6 +3,7 @@
 #include "service/tables/messagetable.h"
 #include "service/tables/radartable.h"
 #include "service/tables/tableschema.h"
+#include "support/table.h"
 
 #include <QTemporaryDir>
 
@@ -20,7 +21,7 @@ struct TableData
         if (zel::service::prepareTables(database) != zel::sqlite::SchemaState::Ready)
             qFatal("the tables cannot be made");
     }
-    QString file() const { return dir.filePath(QStringLiteral("cloud.db")); }
+    QString file() const { return dir.filePath("cloud.db"_s); }
 
     static zel::service::Message message(const char *id, const char *file, const char *who, qint64 time,
         const char *topic, const char *type, bool unread = true)
@@ -55,7 +56,7 @@ struct TableData
     bool fillRadar()
     {
         const auto file = [](int source, const char *path, qint64 time) {
-            return zel::service::RadarFile{source, 0, QString::fromUtf8(path), QStringLiteral("n"), time, 1};
+            return zel::service::RadarFile{source, 0, QString::fromUtf8(path), "n"_s, time, 1};
         };
         return radar
                    .store({file(1, "C:\\a", 10), file(2, "C:\\b", 30), file(1, "C:\\获", 20),
@@ -71,6 +72,6 @@ struct TableData
                        "metadata_zelbox_filemessage WHERE ")
             + condition + " ORDER BY messageId)";
         zel::sqlite::Statement statement(database, sql.constData());
-        return statement.step() ? statement.text(0) : QStringLiteral("?");
+        return statement.step() ? statement.text(0) : "?"_s;
     }
 };

@@ -1,4 +1,5 @@
 #include "cloud/wire/rowcodec.h"
+#include "support/table.h"
 
 #include <QTest>
 
@@ -8,35 +9,27 @@ class RowsTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void comeBackTheSame_data();
-    void comeBackTheSame();
+
+    void comeBackTheSame_data()
+    {
+        const auto row = columns<Rows, QString>("rows", "text");
+        const QString empty = ""_s;
+        row("none", {}, "");
+        row("plain", {{"1"_s, "获取.odt"_s}, {"2"_s, empty}}, "1$$$$获取.odt####2$$$$\\e");
+        row("empty only", {{empty}, {empty, empty}}, "\\e####\\e$$$$\\e");
+        row("marks", {{"a####b$$$$c"_s, "#$"_s}}, "a\\h\\h\\h\\hb\\d\\d\\d\\dc$$$$\\h\\d");
+        row("escapes", {{"\\e"_s, "C:\\data\\home\\"_s, "\\\\d"_s}},
+            "\\\\e$$$$C:\\\\data\\\\home\\\\$$$$\\\\\\\\d");
+    }
+
+    void comeBackTheSame()
+    {
+        QFETCH(Rows, rows);
+        QFETCH(QString, text);
+        QCOMPARE(zel::wire::joinRows(rows), text);
+        QCOMPARE(zel::wire::splitRows(text), rows);
+    }
 };
-
-void RowsTest::comeBackTheSame_data()
-{
-    QTest::addColumn<Rows>("rows");
-    QTest::addColumn<QString>("text");
-    const auto row = [](const char *name, const Rows &rows, const char *text) {
-        QTest::newRow(name) << rows << QString::fromUtf8(text);
-    };
-    const QString empty = QLatin1String("");
-    row("none", {}, "");
-    row("plain", {{QStringLiteral("1"), QStringLiteral("获取.odt")}, {QStringLiteral("2"), empty}},
-        "1$$$$获取.odt####2$$$$\\e");
-    row("empty only", {{empty}, {empty, empty}}, "\\e####\\e$$$$\\e");
-    row("marks", {{QStringLiteral("a####b$$$$c"), QStringLiteral("#$")}},
-        "a\\h\\h\\h\\hb\\d\\d\\d\\dc$$$$\\h\\d");
-    row("escapes", {{QStringLiteral("\\e"), QStringLiteral("C:\\data\\home\\"), QStringLiteral("\\\\d")}},
-        "\\\\e$$$$C:\\\\data\\\\home\\\\$$$$\\\\\\\\d");
-}
-
-void RowsTest::comeBackTheSame()
-{
-    QFETCH(Rows, rows);
-    QFETCH(QString, text);
-    QCOMPARE(zel::wire::joinRows(rows), text);
-    QCOMPARE(zel::wire::splitRows(text), rows);
-}
 
 QTEST_GUILESS_MAIN(RowsTest)
 #include "tst_rows.moc"

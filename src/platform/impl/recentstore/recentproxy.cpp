@@ -180,7 +180,7 @@ void RecentProxy::onProblem(const QString &logText)
     Q_EMIT m_events.storeProblem(logText);
 }
 
-void RecentProxy::onReadUntold(const QVector<ReadMark> &marks)
+void RecentProxy::onMarksSeen(const QVector<ReadMark> &marks)
 {
     if (m_source)
         m_source->tellRead(marks);

@@ -42,7 +42,7 @@ public:
     void onReplaced(const RecordInfoList &records);
     void onUpdated(const zel::recent::RecentDelta &delta);
     void onProblem(const QString &logText);
-    void onReadUntold(const QVector<zel::recent::ReadMark> &marks);
+    void onMarksSeen(const QVector<zel::recent::ReadMark> &marks);
     void onUsed(const QVector<zel::recent::FileUse> &uses);
     void onHistoryCleared(bool completely);
 

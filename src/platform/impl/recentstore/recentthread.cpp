@@ -64,7 +64,7 @@ void RecentThread::connectTo(RecentWorker &worker)
     connect(&worker, &RecentWorker::replaced, &m_proxy, &RecentProxy::onReplaced, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::updated, &m_proxy, &RecentProxy::onUpdated, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::problem, &m_proxy, &RecentProxy::onProblem, Qt::QueuedConnection);
-    connect(&worker, &RecentWorker::readUntold, &m_proxy, &RecentProxy::onReadUntold, Qt::QueuedConnection);
+    connect(&worker, &RecentWorker::marksSeen, &m_proxy, &RecentProxy::onMarksSeen, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::historyCleared, &m_proxy, &RecentProxy::onHistoryCleared,
         Qt::QueuedConnection);
     connect(&worker, &RecentWorker::used, &m_proxy, &RecentProxy::onUsed, Qt::QueuedConnection);

@@ -29,9 +29,9 @@ public:
 
     void takeRoaming(const RoamingList &list);
     void keepRoamingOf(const QString &user); ///< empty: of nobody
-    void markRead(const QStringList &ids);   ///< readUntold() follows for those that were unread
+    void markRead(const QStringList &ids);   ///< marksSeen() follows for those that were unread
     void releaseMemory() { m_repository.releaseMemory(); }
-    void tellMarks(); ///< readUntold() with all that the service does not know yet
+    void tellMarks(); ///< marksSeen() with all that the service does not know yet
     void marksTold(const QVector<ReadMark> &marks);
 
     /// What was noted since the last time; also happens by itself. False when the list could not be written.
@@ -42,7 +42,7 @@ Q_SIGNALS:
     void loaded(const RecordInfoList &records);   ///< newest first
     void replaced(const RecordInfoList &records); ///< in place of a delta that is too large
     void updated(const zel::recent::RecentDelta &delta);
-    void readUntold(const QVector<zel::recent::ReadMark> &marks);
+    void marksSeen(const QVector<zel::recent::ReadMark> &marks); ///< the service is still to be told
     void used(const QVector<zel::recent::FileUse> &uses); ///< files that are there and worth telling of
     void problem(const QString &logText);
     void historyCleared(bool completely);

@@ -189,7 +189,7 @@ void RecentWorker::tellMarks()
     open();
     const QVector<ReadMark> marks = untoldMarks(m_repository.state());
     if (!marks.isEmpty())
-        Q_EMIT readUntold(marks);
+        Q_EMIT marksSeen(marks);
 }
 
 void RecentWorker::marksTold(const QVector<ReadMark> &marks)

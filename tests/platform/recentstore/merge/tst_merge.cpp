@@ -20,19 +20,19 @@ RecentDelta perform(const RecentState &state, const QString &news)
 {
     const QStringList words = news.split(QLatin1Char(' '));
     const QString &verb = words.at(0);
-    if (verb == QLatin1String("open"))
+    if (verb == "open"_s)
         return markOpened(state, QLatin1Char('/') + words.at(1), words.at(2).toLongLong());
-    if (verb == QLatin1String("forget"))
+    if (verb == "forget"_s)
         return forgetRemovals(state, words.at(1).toLongLong());
-    if (verb == QLatin1String("limit"))
+    if (verb == "limit"_s)
         return limitBoxOnly(state, words.at(1).toInt());
-    if (verb.endsWith(QLatin1String("pin")))
-        return markPinned(state, {idOf(words.at(1))}, verb == QLatin1String("pin"));
-    if (verb == QLatin1String("missing"))
+    if (verb.endsWith("pin"_s))
+        return markPinned(state, {idOf(words.at(1))}, verb == "pin"_s);
+    if (verb == "missing"_s)
         return markLooks(state, {{QLatin1Char('/') + words.at(1), {RecentFileInfo::Presence::Missing}}},
             words.at(2).toLongLong(), words.at(3).toLongLong());
-    if (verb.startsWith(QLatin1String("remove"))) {
-        const bool timed = verb == QLatin1String("removeat");
+    if (verb.startsWith("remove"_s)) {
+        const bool timed = verb == "removeat"_s;
         const qint64 now = timed ? words.at(1).toLongLong() : 1000;
         QStringList paths;
         for (const QString &word : words.mid(timed ? 2 : 1))
@@ -44,11 +44,11 @@ RecentDelta perform(const RecentState &state, const QString &news)
         XbelEntry entry;
         entry.path = QLatin1Char('/') + word.at(0);
         entry.time = word.mid(1).toLongLong();
-        entry.isTimeGuessed = verb == QLatin1String("undated");
+        entry.isTimeGuessed = verb == "undated"_s;
         entries.append(entry);
     }
-    const int source = verb == QLatin1String("sandbox") ? SandboxSource : DesktopSource;
-    return mergeImport(state, source, entries, verb != QLatin1String("part"));
+    const int source = verb == "sandbox"_s ? SandboxSource : DesktopSource;
+    return mergeImport(state, source, entries, verb != "part"_s);
 }
 
 RecentState randomState(QRandomGenerator &random)
@@ -63,9 +63,9 @@ RecentState randomState(QRandomGenerator &random)
                 text += QLatin1String(kind) + time();
         }
         if (random.bounded(4) == 0)
-            text += QLatin1String(" c:") + letter + time();
+            text += " c:"_s + letter + time();
         if (random.bounded(4) == 0)
-            text += QLatin1String(" p8");
+            text += " p8"_s;
         const StoredRecord record = toRecord(text);
         if (record.isNeeded())
             state.insert(record.id, record);
@@ -136,23 +136,22 @@ private Q_SLOTS:
         QTEST(shownText(delta), "shown");
         apply(records, delta);
         QTEST(toText(records), "after");
-        QVERIFY2(perform(records, news).showsNothing() || news.startsWith(QLatin1String("open")),
-            "same news again");
+        QVERIFY2(perform(records, news).showsNothing() || news.startsWith("open"_s), "same news again");
     }
 
     void mimeTypeOfTheNewestAccess()
     {
         XbelEntry entry;
-        entry.path = QStringLiteral("/a");
+        entry.path = "/a"_s;
         entry.time = 5;
-        entry.mimeType = QStringLiteral("text/plain");
-        RecentState state = toState(QStringLiteral("a s3"));
+        entry.mimeType = "text/plain"_s;
+        RecentState state = toState("a s3"_s);
         apply(state, mergeImport(state, DesktopSource, {entry}, true));
-        QCOMPARE(state.value(entry.path).mimeType, QStringLiteral("text/plain"));
-        entry.mimeType = QStringLiteral("text/old");
+        QCOMPARE(state.value(entry.path).mimeType, "text/plain"_s);
+        entry.mimeType = "text/old"_s;
         entry.time = 4;
         apply(state, mergeImport(state, SandboxSource, {entry}, true));
-        QCOMPARE(state.value(entry.path).mimeType, QStringLiteral("text/plain"));
+        QCOMPARE(state.value(entry.path).mimeType, "text/plain"_s);
     }
 
     void privateEntriesOfOthers()
@@ -160,13 +159,12 @@ private Q_SLOTS:
         const auto entry = [](const char *path, bool isPrivate, const QStringList &applications) {
             return XbelEntry{QString::fromLatin1(path), {}, 1, isPrivate, applications};
         };
-        const QString us = QStringLiteral("ZEL Box");
-        const auto kept =
-            withoutForeignPrivate({entry("/open", false, {}), entry("/theirs", true, {QStringLiteral("X")}),
-                                      entry("/ours", true, {QStringLiteral("X"), us})},
-                us);
+        const QString us = "ZEL Box"_s;
+        const auto kept = withoutForeignPrivate(
+            {entry("/open", false, {}), entry("/theirs", true, {"X"_s}), entry("/ours", true, {"X"_s, us})},
+            us);
         QCOMPARE(kept.size(), 2);
-        QCOMPARE(kept.at(1).path, QStringLiteral("/ours"));
+        QCOMPARE(kept.at(1).path, "/ours"_s);
     }
 
     // Whatever the two states: the difference leads from one to the other, in the store and in the shown
@@ -183,10 +181,7 @@ private Q_SLOTS:
             apply(before, delta);
             QCOMPARE(before, after);
             QCOMPARE(byId(list), byId(visibleRecords(after)));
-            QVERIFY(std::is_sorted(
-                list.cbegin(), list.cend(), [](const RecentFileInfo &a, const RecentFileInfo &b) {
-                    return a.lastAccess > b.lastAccess;
-                }));
+            QVERIFY(std::is_sorted(list.cbegin(), list.cend(), newerFirst));
         }
     }
 

@@ -10,14 +10,15 @@
 #include <QRandomGenerator>
 #include <QTest>
 
-Q_DECLARE_METATYPE(std::function<void(zel::vela::RecentFileItem &)>)
+using Change = std::function<void(zel::vela::RecentFileItem &)>;
+Q_DECLARE_METATYPE(Change)
 
 using namespace zel::recent;
 using namespace zel::recent::test;
 
 namespace {
 
-const QString Me = QStringLiteral("me");
+const QString Me = "me"_s;
 
 RoamingList listOf(const QStringList &words, bool complete)
 {
@@ -32,23 +33,23 @@ RoamingList listOf(const QStringList &words, bool complete)
 // there), "miss a".
 RecentDelta performOne(const RecentState &state, const QString &verb, const QStringList &words)
 {
-    if (verb == QLatin1String("all") || verb == QLatin1String("some"))
-        return mergeRoaming(state, listOf(words, verb == QLatin1String("all")));
-    if (verb == QLatin1String("user"))
+    if (verb == "all"_s || verb == "some"_s)
+        return mergeRoaming(state, listOf(words, verb == "all"_s));
+    if (verb == "user"_s)
         return keepRoamingOf(state, words.value(0));
-    if (verb == QLatin1String("read"))
+    if (verb == "read"_s)
         return markRead(state, {idOf(words.at(0))});
-    if (verb == QLatin1String("told"))
+    if (verb == "told"_s)
         return markTold(state, {{words.at(0).left(1), {}, words.at(0).mid(1).toLongLong()}});
-    if (verb == QLatin1String("open"))
+    if (verb == "open"_s)
         return markOpened(state, idOf(words.at(0)), words.at(1).toLongLong());
-    if (verb == QLatin1String("remove"))
+    if (verb == "remove"_s)
         return markRemoved(state, {idOf(words.at(0))}, 1000);
-    if (verb.endsWith(QLatin1String("pin")))
-        return markPinned(state, {idOf(words.at(0))}, verb == QLatin1String("pin"));
-    if (verb == QLatin1String("gone"))
+    if (verb.endsWith("pin"_s))
+        return markPinned(state, {idOf(words.at(0))}, verb == "pin"_s);
+    if (verb == "gone"_s)
         return markLooks(state, {{idOf(words.at(0)), {RecentFileInfo::Presence::Missing}}}, 9, 5);
-    if (verb == QLatin1String("desktop")) {
+    if (verb == "desktop"_s) {
         QVector<XbelEntry> entries;
         for (const QString &word : words) {
             entries.append(XbelEntry());
@@ -57,7 +58,7 @@ RecentDelta performOne(const RecentState &state, const QString &verb, const QStr
         }
         return mergeImport(state, DesktopSource, entries, true);
     }
-    const bool there = verb == QLatin1String("look");
+    const bool there = verb == "look"_s;
     QHash<QString, QString> places;
     for (const StoredRecord &record : state) {
         if (record.isRoamingOnly() && record.roaming)
@@ -142,7 +143,7 @@ private Q_SLOTS:
         QTEST(shownText(delta), "shown");
         apply(records, delta);
         QTEST(toText(records), "after");
-        QVERIFY2(perform(records, news).storesNothing() || news.startsWith(QLatin1String("open")), "again");
+        QVERIFY2(perform(records, news).storesNothing() || news.startsWith("open"_s), "again");
     }
 
     // Whatever happens: each record of the service stands once, a complete list has its way, the notices lead
@@ -154,20 +155,19 @@ private Q_SLOTS:
         RecentState state;
         for (int round = 0; round < 2000; ++round) {
             QStringList items;
-            const QString verb = random.bounded(2) == 0 ? QStringLiteral("all") : QStringLiteral("some");
+            const QString verb = random.bounded(2) == 0 ? "all"_s : "some"_s;
             for (int i = random.bounded(6); i > 0; --i) {
                 QString item = QChar(ushort('u' + random.bounded(6))) + QString::number(random.bounded(1, 9));
                 for (const char *flag : {"@", "%"}) {
                     if (random.bounded(2) == 0)
                         item += QLatin1String(flag) + letter(4);
                 }
-                items.append(item + (random.bounded(3) == 0 ? QStringLiteral("+") : QString()));
+                items.append(item + (random.bounded(3) == 0 ? "+"_s : QString()));
             }
             const QString id = random.bounded(2) == 0 ? letter(4) : QLatin1Char('=') + letter(26);
-            const QString others[] = {QStringLiteral("open %1 %2").arg(letter(4)).arg(random.bounded(1, 9)),
-                QStringLiteral("remove ") + id, QStringLiteral("pin ") + id, QStringLiteral("unpin ") + id,
-                QStringLiteral("desktop %1%2").arg(letter(4)).arg(random.bounded(1, 9)),
-                QStringLiteral("read ") + id};
+            const QString others[] = {"open %1 %2"_s.arg(letter(4)).arg(random.bounded(1, 9)),
+                "remove "_s + id, "pin "_s + id, "unpin "_s + id,
+                "desktop %1%2"_s.arg(letter(4)).arg(random.bounded(1, 9)), "read "_s + id};
             const QString list = (QStringList{verb} + items).join(QLatin1Char(' '));
             const QString news = random.bounded(2) == 0 ? list : others[random.bounded(6)];
             const RecentState before = state;
@@ -175,7 +175,7 @@ private Q_SLOTS:
             RecordInfoList shown = visibleRecords(state);
             update(shown, delta);
             apply(state, delta);
-            const QByteArray story = (toText(before) + QLatin1String(" | ") + news).toUtf8();
+            const QByteArray story = (toText(before) + " | "_s + news).toUtf8();
             QVERIFY2(byId(shown) == byId(visibleRecords(state)), story.constData());
             QStringList carried;
             for (const StoredRecord &record : std::as_const(state)) {
@@ -191,59 +191,29 @@ private Q_SLOTS:
                 continue;
             for (const QString &item : std::as_const(items))
                 QVERIFY2(carried.contains(item.left(1)), story.constData());
-            QVERIFY2(verb == QLatin1String("some") || carried.size() <= items.size(), story.constData());
+            QVERIFY2(verb == "some"_s || carried.size() <= items.size(), story.constData());
             QVERIFY2(perform(state, news).storesNothing(), story.constData());
         }
     }
 
     void recordsOfTheService_data()
     {
-        using Record = zel::vela::RecentFileItem;
-        QTest::addColumn<std::function<void(Record &)>>("change");
-        QTest::addColumn<QString>("expected"); // name, path used here, copy, device, time, unread
-        const auto row = [](const char *name, std::function<void(Record &)> change, const char *expected) {
-            QTest::newRow(name) << std::move(change) << QString::fromLatin1(expected);
-        };
-        row(
-            "elsewhere", [](Record &) {}, "n.odt,,,far,5,-1");
-        row(
-            "copied", [](Record &r) { r.cachePath = "/c//./n.odt"; }, "n.odt,,/c/n.odt,far,5,-1");
-        row(
-            "no path of a file", [](Record &r) { r.cachePath = std::string("/c\0x", 4); },
-            "n.odt,,,far,5,-1");
-        row(
-            "name in Base64",
-            [](Record &r) {
-                r.name.clear();
-                r.b64fName = "YS5vZHQ=";
-            },
-            "a.odt,,,far,5,-1");
-        row(
-            "new", [](Record &r) { r.extraParam["unread"] = "new"; }, "n.odt,,,far,5,0");
-        row(
-            "unknown mark", [](Record &r) { r.extraParam["unread"] = "?"; }, "n.odt,,,far,5,-1");
-        row(
-            "a clock far ahead",
-            [](Record &r) {
-                r.fileTime = 1LL << 60;
-                r.mtime = 6;
-            },
-            "n.odt,,,far,6,-1");
-        row(
-            "gone", [](Record &r) { r.deleted = true; }, "");
-        row(
-            "another user's", [](Record &r) { r.userId = "you"; }, "");
-        row(
-            "without any name",
-            [](Record &r) {
-                r.name.clear();
-                r.path.clear();
-            },
-            "");
+        // expected: name, path used here, copy, device, time, unread
+        const auto row = columns<QString, Change>("expected", "change");
+        row("elsewhere", "n.odt,,,far,5,-1", [](auto &) {});
+        row("copied", "n.odt,,/c/n.odt,far,5,-1", [](auto &r) { r.cachePath = "/c//./n.odt"; });
+        row("no path of a file", "n.odt,,,far,5,-1", [](auto &r) { r.cachePath = std::string("/c\0x", 4); });
+        row("name in Base64", "a.odt,,,far,5,-1", [](auto &r) { r.name = "", r.b64fName = "YS5vZHQ="; });
+        row("new", "n.odt,,,far,5,0", [](auto &r) { r.extraParam["unread"] = "new"; });
+        row("unknown mark", "n.odt,,,far,5,-1", [](auto &r) { r.extraParam["unread"] = "?"; });
+        row("a clock far ahead", "n.odt,,,far,6,-1", [](auto &r) { r.fileTime = 1LL << 60, r.mtime = 6; });
+        row("gone", "", [](auto &r) { r.deleted = true; });
+        row("another user's", "", [](auto &r) { r.userId = "you"; });
+        row("without any name", "", [](auto &r) { r.name = r.path = ""; });
     }
     void recordsOfTheService()
     {
-        QFETCH(std::function<void(zel::vela::RecentFileItem &)>, change);
+        QFETCH(Change, change);
         zel::vela::RecentFileItem record;
         record.roamingId = "x";
         record.userId = "me";

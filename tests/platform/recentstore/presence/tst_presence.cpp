@@ -27,7 +27,7 @@ struct Mount
 PresenceChecker::Probe probeOf(const std::shared_ptr<Mount> &mount)
 {
     return [mount](const QString &path) {
-        if (path.contains(QLatin1String("dead"))) {
+        if (path.contains("dead"_s)) {
             mount->entered.release();
             mount->letGo.acquire();
             mount->returned.release();
@@ -75,8 +75,8 @@ private Q_SLOTS:
         const auto name = [&](const char *relative) {
             return QFile::encodeName(home.path(QLatin1String(relative)));
         };
-        QVERIFY(test::replaceFile(home.path(QStringLiteral("file")), "xyz"));
-        QVERIFY(test::replaceFile(home.path(QStringLiteral("locked/file")), "x"));
+        QVERIFY(test::replaceFile(home.path("file"_s), "xyz"));
+        QVERIFY(test::replaceFile(home.path("locked/file"_s), "x"));
         QCOMPARE(::symlink(name("file").constData(), name("link").constData()), 0);
         QCOMPARE(::symlink(name("nowhere").constData(), name("dangling").constData()), 0);
         QCOMPARE(::symlink(name("loop").constData(), name("loop").constData()), 0);
@@ -93,7 +93,7 @@ private Q_SLOTS:
         QMutex mutex;
         const auto mount = std::make_shared<Mount>();
         PresenceChecker checker(nullptr, [&](const QString &path) {
-            if (path == QLatin1String("/first")) {
+            if (path == "/first"_s) {
                 mount->entered.release();
                 mount->letGo.acquire();
             }
@@ -102,21 +102,21 @@ private Q_SLOTS:
             return FileLook{Presence::Present};
         });
         QSignalSpy found(&checker, &PresenceChecker::found);
-        QStringList many{QStringLiteral("/first")};
+        QStringList many{"/first"_s};
         for (int i = 0; i < 10000; ++i)
-            many.append(QStringLiteral("/n%1").arg(i));
+            many.append("/n%1"_s.arg(i));
         checker.check(many, false);
         QVERIFY(mount->entered.tryAcquire(1, 30000)); // before that, an urgent one would be looked at at once
-        checker.check({QStringLiteral("/urgent")}, true);
-        checker.check({QStringLiteral("/n7"), QStringLiteral("/urgent")}, false); // they wait already
-        checker.check({QStringLiteral("/urgent")}, true);
+        checker.check({"/urgent"_s}, true);
+        checker.check({"/n7"_s, "/urgent"_s}, false); // they wait already
+        checker.check({"/urgent"_s}, true);
         mount->letGo.release();
         QTRY_COMPARE(collected(found).size(), 10002);
-        QCOMPARE(order.indexOf(QStringLiteral("/urgent")), 1);
+        QCOMPARE(order.indexOf("/urgent"_s), 1);
         QCOMPARE(order.mid(2), many.mid(1));
         QCOMPARE(order.size(), 10002);
         QVERIFY2(found.size() < 20, "told in batches");
-        checker.check({QStringLiteral("/n1")}, false); // the thread has ended; a new one begins
+        checker.check({"/n1"_s}, false); // the thread has ended; a new one begins
         QTRY_COMPARE(order.size(), 10003);
     }
 
@@ -127,15 +127,13 @@ private Q_SLOTS:
         {
             PresenceChecker checker(nullptr, probeOf(mount), 1000); // a busy machine is not a dead one
             QSignalSpy found(&checker, &PresenceChecker::found);
-            checker.check({QStringLiteral("/a"), QStringLiteral("/proc/dead/b"), QStringLiteral("/proc/c"),
-                              QStringLiteral("/z")},
-                false);
+            checker.check({"/a"_s, "/proc/dead/b"_s, "/proc/c"_s, "/z"_s}, false);
             QTRY_COMPARE_WITH_TIMEOUT(collected(found).size(), 2, 30000);
-            checker.check({QStringLiteral("/proc/d"), QStringLiteral("/y")}, true);
+            checker.check({"/proc/d"_s, "/y"_s}, true);
             QTRY_COMPARE_WITH_TIMEOUT(collected(found).size(), 3, 30000);
             QStringList told = collected(found).keys();
             told.sort();
-            QCOMPARE(told.join(QLatin1Char(' ')), QStringLiteral("/a /y /z")); // nothing below /proc any more
+            QCOMPARE(told.join(QLatin1Char(' ')), "/a /y /z"_s); // nothing below /proc any more
             watch.start();
         }
         QVERIFY(watch.elapsed() < 5000);
@@ -147,7 +145,7 @@ private Q_SLOTS:
     {
         const auto mount = std::make_shared<Mount>();
         auto checker = std::make_unique<PresenceChecker>(nullptr, probeOf(mount));
-        checker->check({QStringLiteral("/dead")}, false);
+        checker->check({"/dead"_s}, false);
         QVERIFY(mount->entered.tryAcquire(1, 10000));
         QElapsedTimer watch;
         watch.start();

@@ -12,12 +12,12 @@ using namespace zel::recent::test;
 
 namespace {
 
-const QString A = QStringLiteral("/nowhere/a");
-const QString B = QStringLiteral("/nowhere/b");
+const QString A = "/nowhere/a"_s;
+const QString B = "/nowhere/b"_s;
 
 QByteArray filesOf(const QString &database)
 {
-    return contentOf(database) + contentOf(database + QStringLiteral("-wal"));
+    return contentOf(database) + contentOf(database + "-wal"_s);
 }
 
 } // namespace
@@ -30,12 +30,7 @@ private Q_SLOTS:
     void seenThroughSources_data()
     {
         using namespace RecentSource;
-        QTest::addColumn<QString>("state");
-        QTest::addColumn<int>("sources");
-        QTest::addColumn<QString>("shown");
-        const auto row = [](const char *name, const char *state, int sources, const char *shown) {
-            QTest::newRow(name) << QString::fromLatin1(state) << sources << QString::fromLatin1(shown);
-        };
+        const auto row = columns<QString, int, QString>("state", "sources", "shown");
         row("the list only", "a d5; b o3", Desktop, "+a32@5");
         row("sandboxes are lists", "a s5; b o3", Box, "+b8@3");
         row("known twice, by the other one", "a d9 o3", Box, "+a8@3");
@@ -59,7 +54,7 @@ private Q_SLOTS:
             if (!record.roaming)
                 continue;
             RoamingPart part = *record.roaming;
-            part.item.deviceName = QStringLiteral("Tablet");
+            part.item.deviceName = "Tablet"_s;
             record.roaming = part;
         }
         SourceFilter view;
@@ -75,33 +70,31 @@ private Q_SLOTS:
 
     void switchedWhileItRuns()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}}));
+        Home home({{A, 1}});
         Store store(home);
         store.proxy.setSources(RecentSource::Box);
         QVERIFY(store.load());
         QCOMPARE(store.shown(), QString());
         store.proxy.noteOpened(B); // which also puts it on the desktop's list
-        QTRY_COMPARE(store.shown(), QStringLiteral("b:8"));
+        QTRY_COMPARE(store.shown(), "b:8"_s);
         store.proxy.setSources(RecentSource::All);
-        QTRY_COMPARE(store.shown(), QStringLiteral("b:8 a:32"));
+        QTRY_COMPARE(store.shown(), "b:8 a:32"_s);
         store.proxy.setSources(RecentSource::Devices);
         QTRY_COMPARE(store.shown(), QString());
         store.proxy.setSources(RecentSource::All);
-        QTRY_COMPARE(store.shown(), QStringLiteral("b:8 a:32"));
+        QTRY_COMPARE(store.shown(), "b:8 a:32"_s);
     }
 
     void nothingStaysOfWhatIsCleared()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}}));
-        QVERIFY(replaceFile(home.sandboxList(QStringLiteral("org.x")), listText({{B, 2, {}}})));
-        const QString copy = home.places.database + QStringLiteral(".damaged-20240101T000000");
+        Home home({{A, 1}});
+        QVERIFY(replaceFile(home.sandboxList("org.x"_s), listText({{B, 2}})));
+        const QString copy = home.places.database + ".damaged-20240101T000000"_s;
         Store store(home);
         QSignalSpy cleared(&store.events, &KRecentFileEvents::historyCleared);
         QVERIFY(store.load());
         QVERIFY(replaceFile(copy, "old records"));
-        QTRY_COMPARE(store.shown(), QStringLiteral("b:64 a:32"));
+        QTRY_COMPARE(store.shown(), "b:64 a:32"_s);
         store.proxy.setSources(RecentSource::Box); // clears also what is not shown
         store.proxy.clearHistory(false);
         QVERIFY(cleared.wait());
@@ -111,15 +104,14 @@ private Q_SLOTS:
         QVERIFY(!contentOf(home.places.desktopList).contains("nowhere"));
         QVERIFY(!filesOf(home.places.database).contains(A.toUtf8()));
         QVERIFY(!QFile::exists(copy));
-        QVERIFY(home.setDesktop({{A, 1, {}}})); // the user works on
-        QTRY_COMPARE(store.shown(), QStringLiteral("a:32"));
+        QVERIFY(home.setDesktop({{A, 1}})); // the user works on
+        QTRY_COMPARE(store.shown(), "a:32"_s);
     }
 
     // In the background nobody has asked for the list yet.
     void clearedBeforeAnythingWasRead()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}}));
+        Home home({{A, 1}});
         Store store(home);
         QSignalSpy cleared(&store.events, &KRecentFileEvents::historyCleared);
         store.proxy.clearHistory(false);
@@ -132,8 +124,7 @@ private Q_SLOTS:
 
     void aListThatCannotBeWritten()
     {
-        Home home;
-        QVERIFY(home.setDesktop({{A, 1, {}}}));
+        Home home({{A, 1}});
         Store store(home);
         QSignalSpy cleared(&store.events, &KRecentFileEvents::historyCleared);
         QVERIFY(store.load());
@@ -142,8 +133,8 @@ private Q_SLOTS:
         QVERIFY(cleared.wait());
         QCOMPARE(cleared.takeFirst().constFirst().toBool(), false);
         QCOMPARE(store.shown(), QString());
-        QVERIFY(home.setDesktop({{A, 1, {}}, {B, 1, {}}}));
-        QTRY_COMPARE(store.shown(), QStringLiteral("b:32"));
+        QVERIFY(home.setDesktop({{A, 1}, {B, 1}}));
+        QTRY_COMPARE(store.shown(), "b:32"_s);
     }
 };
 

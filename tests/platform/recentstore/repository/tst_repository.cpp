@@ -43,21 +43,20 @@ private Q_SLOTS:
                 return markLooks(state, {{B, {RecentFileInfo::Presence::Missing, 7}}}, 70, 0);
             });
             store.change([](const RecentState &state) { return markPinned(state, {A}, true); });
-            RoamingList list{QStringLiteral("me"),
-                {toPart(QStringLiteral("x25*")).item, toPart(QStringLiteral("y8%q+")).item}, true};
+            RoamingList list{"me"_s, {toPart("x25*"_s).item, toPart("y8%q+"_s).item}, true};
             list.items[0].usedPath = B;
             store.change([&](const RecentState &state) { return mergeRoaming(state, list); });
             store.change([](const RecentState &state) { return markRead(state, {B}); });
-            store.remove(QStringLiteral("roaming:y"));
+            store.remove("roaming:y"_s);
             before = store.repository.state();
         }
         Opened again(home);
         QCOMPARE(again.repository.state(), before);
         QCOMPARE(again.repository.sources().value(DesktopSourceName).stamp, (FileStamp{1, 2, 3}));
         QCOMPARE(toText(before),
-            QStringLiteral("=y r8 c:y8%q+-8;nowhere/a d10 o30 p30;"
-                           "nowhere/b d20 m70 c:x25@nowhere/b!;nowhere/c d5 r5"));
-        QCOMPARE(again.texts(), QStringLiteral("a:8 b:32"));
+            "=y r8 c:y8%q+-8;nowhere/a d10 o30 p30;"
+            "nowhere/b d20 m70 c:x25@nowhere/b!;nowhere/c d5 r5"_s);
+        QCOMPARE(again.texts(), "a:8 b:32"_s);
         QCOMPARE(again.shown, visibleRecords(before));
         QVERIFY(again.import({entry(A, 10), entry(B, 20), entry(C, 5)}).showsNothing());
         QCOMPARE(again.import({entry(C, 6)}).added.size(), 1); // used again since it was removed
@@ -66,13 +65,11 @@ private Q_SLOTS:
 
     void olderVersions_data()
     {
-        QTest::addColumn<QString>("back");
-        const QString toTwo =
-            QStringLiteral("ALTER TABLE record DROP COLUMN size; ALTER TABLE record DROP COLUMN pin_time;"
-                           "DROP TABLE roaming; PRAGMA user_version=2;");
-        QTest::newRow("2") << toTwo;
-        QTest::newRow("1") << toTwo
-                + QStringLiteral("ALTER TABLE record DROP COLUMN missing_since; PRAGMA user_version=1");
+        const auto row = columns<QString>("back");
+        const QString toTwo = "ALTER TABLE record DROP COLUMN size; ALTER TABLE record DROP COLUMN pin_time;"
+                              "DROP TABLE roaming; PRAGMA user_version=2;"_s;
+        row("2", toTwo);
+        row("1", toTwo + "ALTER TABLE record DROP COLUMN missing_since; PRAGMA user_version=1"_s);
     }
     void olderVersions()
     {
@@ -82,7 +79,7 @@ private Q_SLOTS:
         execute(home, qPrintable(back));
         {
             Opened store(home);
-            QCOMPARE(store.texts(), QStringLiteral("a:8 b:32"));
+            QCOMPARE(store.texts(), "a:8 b:32"_s);
             store.change([](const RecentState &state) {
                 return markLooks(state, {{B, {RecentFileInfo::Presence::Missing, 7}}}, 70, 0);
             });
@@ -95,14 +92,14 @@ private Q_SLOTS:
 
     void damage_data()
     {
-        QTest::addColumn<QString>("expected");
-        QTest::newRow("garbage") << "";
-        QTest::newRow("truncated") << "";
-        QTest::newRow("newer version") << "";
-        QTest::newRow("tables of another program") << "";
-        QTest::newRow("folder in its place") << "";
-        QTest::newRow("without access") << "a:8"; // what the box opened is carried over
-        QTest::newRow("without roaming") << "a:8";
+        const auto row = columns<QString>("expected");
+        row("garbage", "");
+        row("truncated", "");
+        row("newer version", "");
+        row("tables of another program", "");
+        row("folder in its place", "");
+        row("without access", "a:8"); // what the box opened is carried over
+        row("without roaming", "a:8");
     }
     void damage()
     {
@@ -121,7 +118,7 @@ private Q_SLOTS:
             execute(home, "CREATE TABLE record(x)");
         } else if (what == "folder in its place") {
             QFile::remove(file);
-            QVERIFY(QDir().mkpath(file + QStringLiteral("/inside")));
+            QVERIFY(QDir().mkpath(file + "/inside"_s));
         } else {
             execute(home, what == "without access" ? "DROP TABLE access" : "DROP TABLE roaming");
         }
@@ -135,15 +132,15 @@ private Q_SLOTS:
         }
         Opened again(home);
         QFETCH(QString, expected);
-        QCOMPARE(again.texts(), QStringLiteral("c:8 %1 b:32").arg(expected).simplified());
+        QCOMPARE(again.texts(), "c:8 %1 b:32"_s.arg(expected).simplified());
         QVERIFY(again.problems.isEmpty());
     }
 
     void damageWhileRunning_data()
     {
-        QTest::addColumn<bool>("pages");
-        QTest::newRow("a table is gone") << false;
-        QTest::newRow("pages are overwritten") << true;
+        const auto row = columns<bool>("pages");
+        row("a table is gone", false);
+        row("pages are overwritten", true);
     }
     // The file is damaged under the running store: its memory makes the new database.
     void damageWhileRunning()
@@ -164,11 +161,11 @@ private Q_SLOTS:
             }
             store.note(C, 40);
             store.note(B, 50);
-            QCOMPARE(store.texts(), QStringLiteral("b:8 c:8 a:8"));
+            QCOMPARE(store.texts(), "b:8 c:8 a:8"_s);
             QCOMPARE(store.problems.size(), 1);
         }
         QCOMPARE(keptAside(home).size(), 1);
-        QCOMPARE(Opened(home).texts(), QStringLiteral("b:8 c:8 a:8"));
+        QCOMPARE(Opened(home).texts(), "b:8 c:8 a:8"_s);
     }
 
     void withoutAWritableFolder()
@@ -178,7 +175,7 @@ private Q_SLOTS:
         Opened store(home);
         store.note(A, 10);
         QCOMPARE(store.import({entry(B, 20)}).added.size(), 1);
-        QCOMPARE(store.texts(), QStringLiteral("b:32 a:8"));
+        QCOMPARE(store.texts(), "b:32 a:8"_s);
         QCOMPARE(store.problems.size(), 1);
     }
 
@@ -200,20 +197,20 @@ private Q_SLOTS:
             QVERIFY(store.repository.hasUnwritten());
             ::setrlimit(RLIMIT_FSIZE, &old);
             ::signal(SIGXFSZ, handler);
-            QCOMPARE(store.texts(), QStringLiteral("c:8 b:8"));
+            QCOMPARE(store.texts(), "c:8 b:8"_s);
             QCOMPARE(store.problems.size(), 1);
             store.note(C, 60);
             QVERIFY(!store.repository.hasUnwritten());
         }
         QVERIFY(keptAside(home).isEmpty());
-        QCOMPARE(Opened(home).texts(), QStringLiteral("c:8 b:8"));
+        QCOMPARE(Opened(home).texts(), "c:8 b:8"_s);
     }
 
     void nobodyElseMayRead_data()
     {
-        QTest::addColumn<bool>("old");
-        QTest::newRow("new") << false;
-        QTest::newRow("made readable by an older version") << true;
+        const auto row = columns<bool>("old");
+        row("new", false);
+        row("made readable by an older version", true);
     }
     void nobodyElseMayRead()
     {

@@ -78,13 +78,13 @@ private:
             const QString filter = QString::fromStdString(request.keyword);
             asked.append(QString::number(request.offset)
                 + (filter.isEmpty() ? QString() : QString(QLatin1Char('/') + filter))
-                + (request.refresh ? QStringLiteral("!") : QString()));
+                + (request.refresh ? "!"_s : QString()));
             if (!onPage || !onPage(head, request))
                 answer(head, request);
         } else if (head.method == "getRecentFileInfoList") {
             vela::GetRecentFileInfoListArg request;
             reader.readRequest(request);
-            asked.append(QStringLiteral("places %1").arg(request.roamingIds.size()));
+            asked.append("places %1"_s.arg(request.roamingIds.size()));
             answerPlaces(head, request);
         } else if (head.method == "setCloudItemRead") {
             reader.readRequest(read.emplace_back());

@@ -33,16 +33,16 @@ class XbelTest : public QObject
 private Q_SLOTS:
     void addresses_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::newRow("file:///a/b.txt") << "/a/b.txt";
-        QTest::newRow("file:///a%20b/%E6%96%87.txt") << QString::fromUtf8("/a b/文.txt");
-        QTest::newRow("file://localhost/a") << "/a";
-        QTest::newRow("FILE:/a/./b//c/../d") << "/a/b/d";
-        QTest::newRow("file:///100%25") << "/100%";
-        QTest::newRow("file:///a?b") << "/a?b";
+        const auto row = columns<QString>("path");
+        row("file:///a/b.txt", "/a/b.txt");
+        row("file:///a%20b/%E6%96%87.txt", "/a b/文.txt");
+        row("file://localhost/a", "/a");
+        row("FILE:/a/./b//c/../d", "/a/b/d");
+        row("file:///100%25", "/100%");
+        row("file:///a?b", "/a?b");
         for (const char *bad : {"file://server/a", "http://x/a", "file:a", "file:", "", "/a", "file:///a#b",
                  "file:///a%2Fb", "file:///a%00", "file:///a%4", "file:///a%G1", "file:///a%E9", "file://"})
-            QTest::newRow(bad) << "";
+            row(bad, "");
     }
     void addresses()
     {
@@ -52,16 +52,16 @@ private Q_SLOTS:
 
     void times_data()
     {
-        QTest::addColumn<qint64>("ms");
-        QTest::newRow("2024-05-06T12:01:00Z") << timeOf(1);
-        QTest::newRow("2024-05-06T12:01:00.123456Z") << timeOf(1) + 123;
-        QTest::newRow("2024-05-06T12:01:00.5Z") << timeOf(1) + 500;
-        QTest::newRow("2024-05-06T14:01:00+02:00") << timeOf(1);
-        QTest::newRow("2024-02-29T00:00:00Z") << qint64(1709164800000);
+        const auto row = columns<qint64>("ms");
+        row("2024-05-06T12:01:00Z", timeOf(1));
+        row("2024-05-06T12:01:00.123456Z", timeOf(1) + 123);
+        row("2024-05-06T12:01:00.5Z", timeOf(1) + 500);
+        row("2024-05-06T14:01:00+02:00", timeOf(1));
+        row("2024-02-29T00:00:00Z", qint64(1709164800000));
         for (const char *bad : {"", "Z", "2023-02-29T00:00:00Z", "2024-05-06T25:00:00Z",
                  "1850-01-01T00:00:00Z", "2024-05-06T12:01:00.xZ", "yesterday",
                  "9999999999999999999999999999999999999999999999999999999Z"})
-            QTest::newRow(bad) << qint64(0);
+            row(bad, qint64(0));
     }
     void times()
     {
@@ -80,53 +80,45 @@ private Q_SLOTS:
         const QString a = good("/a", 1);
         const QString b = good("/b", 2);
         row("newest of three times",
-            inList(
-                QStringLiteral("<bookmark href=\"file:///a\" added=\"%1\" modified=\"%3\" visited=\"%2\"/>")
-                    .arg(isoOf(1), isoOf(2), isoOf(3))),
+            inList("<bookmark href=\"file:///a\" added=\"%1\" modified=\"%3\" visited=\"%2\"/>"_s.arg(
+                isoOf(1), isoOf(2), isoOf(3))),
             true, "/a@3");
         row("a wrong clock's time is left out",
-            inList(QStringLiteral(
-                "<bookmark href=\"file:///a\" added=\"%1\" modified=\"2999-01-01T00:00:00Z\"/>")
-                       .arg(isoOf(1))),
+            inList("<bookmark href=\"file:///a\" added=\"%1\" modified=\"2999-01-01T00:00:00Z\"/>"_s.arg(
+                isoOf(1))),
             true, "/a@1");
         row("only wrong clocks: the earliest",
-            inList(QStringLiteral("<bookmark href=\"file:///a\" added=\"2024-05-08T12:00:00Z\""
-                                  " modified=\"2999-01-01T00:00:00Z\"/>")),
+            inList("<bookmark href=\"file:///a\" added=\"2024-05-08T12:00:00Z\""
+                   " modified=\"2999-01-01T00:00:00Z\"/>"_s),
             true, "/a@2880");
-        row("no times: the file's", inList(QStringLiteral("<bookmark href=\"file:///a\"/>")), true, "/a@0?");
-        row("private", inList(good("/a", 1, QStringLiteral("<bookmark:private/>")) + b), true, "/a@1!;/b@2");
-        row("folder left out",
-            inList(QString(a).replace(QLatin1String("text/plain"), QLatin1String("inode/directory")) + b),
-            true, "/b@2");
+        row("no times: the file's", inList("<bookmark href=\"file:///a\"/>"_s), true, "/a@0?");
+        row("private", inList(good("/a", 1, "<bookmark:private/>"_s) + b), true, "/a@1!;/b@2");
+        row("folder left out", inList(QString(a).replace("text/plain"_s, "inode/directory"_s) + b), true,
+            "/b@2");
         row("private of another's metadata",
-            inList(QString(a).replace(
-                QLatin1String("owner=\"http://freedesktop.org\""), QLatin1String("owner=\"http://other\""))),
+            inList(QString(a).replace("owner=\"http://freedesktop.org\""_s, "owner=\"http://other\""_s)),
             true, "/a@1");
-        row("undeclared prefixes", QStringLiteral("<xbel>") + a + QStringLiteral("</xbel>"), true, "/a@1");
+        row("undeclared prefixes", "<xbel>"_s + a + "</xbel>"_s, true, "/a@1");
         row("cut off inside the second", inList(a + b).left(inList(a).size() + 40), false, "/a@1");
-        row("wrong nesting", inList(a + QStringLiteral("<bookmark href=\"file:///x\"></info>") + b), false,
-            "/a@1");
+        row("wrong nesting", inList(a + "<bookmark href=\"file:///x\"></info>"_s + b), false, "/a@1");
         row("second root", inList(a) + inList(b), false, "/a@1");
-        row("wrong root", QStringLiteral("<html>") + a + QStringLiteral("</html>"), false, "");
+        row("wrong root", "<html>"_s + a + "</html>"_s, false, "");
         row("empty file", QString(), false, "");
-        row("unknown entity", inList(a + QStringLiteral("<bookmark href=\"file:///&nope;\"/>") + b), false,
-            "/a@1");
-        row("deep nesting", inList(a + QStringLiteral("<x>").repeated(100000)), false, "/a@1");
+        row("unknown entity", inList(a + "<bookmark href=\"file:///&nope;\"/>"_s + b), false, "/a@1");
+        row("deep nesting", inList(a + "<x>"_s.repeated(100000)), false, "/a@1");
         row("an address of ten megabytes",
-            inList(a
-                + QStringLiteral("<bookmark href=\"file:///%1\"/>").arg(QString(10 << 20, QLatin1Char('x')))
-                + b),
+            inList(a + "<bookmark href=\"file:///%1\"/>"_s.arg(QString(10 << 20, QLatin1Char('x'))) + b),
             true, "/a@1;/b@2");
         row("a path longer than paths are",
             inList(good(QByteArray(5000, 'x').prepend('/').constData(), 1) + b), true, "/b@2");
         QTest::newRow("entity bomb") << bomb() << false << QString();
         // The parser decodes in blocks, so what stands in the same one is lost.
-        const QString block = QStringLiteral("<!--%1-->").arg(QString(10000, QLatin1Char(' ')));
+        const QString block = "<!--%1-->"_s.arg(QString(10000, QLatin1Char(' ')));
         QTest::newRow("not UTF-8") << inList(a + block + b).toUtf8().replace("file:///b", "file:///\xff\xfe")
                                    << false << "/a@1";
         QByteArray latin = inList(good("/a", 1)).toLatin1();
         latin.replace("UTF-8", "ISO-8859-1").replace("file:///a", "file:///\xe4");
-        QTest::newRow("Latin-1 as declared") << latin << true << QString::fromUtf8("/ä@1");
+        QTest::newRow("Latin-1 as declared") << latin << true << "/ä@1"_s;
         QTest::newRow("zero bytes") << inList(a).toUtf8() + QByteArray(100, '\0') << false << "/a@1";
     }
     void reading()
@@ -141,16 +133,14 @@ private Q_SLOTS:
 
     void limits_data()
     {
-        QTest::addColumn<QByteArray>("data");
+        const auto row = columns<QByteArray>("data");
         const QString a = good("/a", 1);
         const QString filler(100000, QLatin1Char('<'));
-        QTest::newRow("comment")
-            << inList(a + QStringLiteral("<!--") + filler + QStringLiteral("-->")).toUtf8();
-        QTest::newRow("text") << inList(a + QString(100000, QLatin1Char('x'))).toUtf8();
-        QTest::newRow("attribute")
-            << inList(a + QStringLiteral("<t u=\"%1\"/>").arg(QString(100000, QLatin1Char('x')))).toUtf8();
-        QTest::newRow("whole") << inList(a + QStringLiteral("<t/>").repeated(60000)).toUtf8();
-        QTest::newRow("entries") << inList(a + good("/b", 1) + good("/c", 1)).toUtf8();
+        row("comment", inList(a + "<!--"_s + filler + "-->"_s).toUtf8());
+        row("text", inList(a + QString(100000, QLatin1Char('x'))).toUtf8());
+        row("attribute", inList(a + "<t u=\"%1\"/>"_s.arg(QString(100000, QLatin1Char('x')))).toUtf8());
+        row("whole", inList(a + "<t/>"_s.repeated(60000)).toUtf8());
+        row("entries", inList(a + good("/b", 1) + good("/c", 1)).toUtf8());
     }
     void limits()
     {
@@ -161,8 +151,8 @@ private Q_SLOTS:
         limits.entries = 2;
         const Outcome outcome = readAll(data, limits);
         QVERIFY(!outcome.intact);
-        QVERIFY2(outcome.problem.startsWith(QLatin1String("too ")), qPrintable(outcome.problem));
-        QVERIFY(outcome.entries.startsWith(QLatin1String("/a@1")));
+        QVERIFY2(outcome.problem.startsWith("too "_s), qPrintable(outcome.problem));
+        QVERIFY(outcome.entries.startsWith("/a@1"_s));
     }
 
     void onlyRegularFilesAreOpened()
@@ -170,9 +160,9 @@ private Q_SLOTS:
         Home home;
         QFile file;
         FileStamp stamp;
-        QCOMPARE(openListFile(home.path(QStringLiteral("none")), file, stamp), ListFileState::Missing);
+        QCOMPARE(openListFile(home.path("none"_s), file, stamp), ListFileState::Missing);
         QCOMPARE(openListFile(home.folder.path(), file, stamp), ListFileState::Unusable);
-        const QString pipe = home.path(QStringLiteral("pipe"));
+        const QString pipe = home.path("pipe"_s);
         QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(
             openListFile(pipe, file, stamp), ListFileState::Unusable); // would wait for a writer for ever

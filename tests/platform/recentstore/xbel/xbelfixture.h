@@ -27,8 +27,7 @@ inline Outcome readAll(const QByteArray &data, const XbelLimits &limits = {})
     for (const XbelEntry &entry : reader.takeEntries()) {
         const qint64 minute = entry.time ? (entry.time - timeOf(0)) / 60000 : -1;
         texts.append(entry.path + QLatin1Char('@') + QString::number(minute)
-            + (entry.isPrivate ? QStringLiteral("!") : QString())
-            + (entry.isTimeGuessed ? QStringLiteral("?") : QString()));
+            + (entry.isPrivate ? "!"_s : QString()) + (entry.isTimeGuessed ? "?"_s : QString()));
     }
     return {reader.read(0) == XbelReader::State::Intact, texts.join(QLatin1Char(';')), reader.problem()};
 }

@@ -13,224 +13,201 @@ class TestRecycle final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void replacedItemsAreInTheBin_data();
-    void replacedItemsAreInTheBin();
-    void recycleBin();
-    void clearingLeavesWhatCameLater_data();
-    void clearingLeavesWhatCameLater();
-    void localFiles_data();
-    void localFiles();
-    void pathInTheDrive();
-};
 
-void TestRecycle::replacedItemsAreInTheBin_data()
-{
-    QTest::addColumn<QString>("source"); // of createFile; "copy": another method
-    QTest::addColumn<QByteArray>("content");
-    QTest::newRow("copy") << "copy" << QByteArray("one");
-    QTest::newRow("new from a local file") << "new" << QByteArray("local");
-    QTest::newRow("new and empty") << "" << QByteArray();
-}
-
-void TestRecycle::replacedItemsAreInTheBin()
-{
-    QFETCH(QString, source);
-    DriveFixture fixture;
-    fixture.fill();
-    DriveFixture::write(fixture.local("new"), "local");
-    const std::string before = fixture.idOf("d/a.txt").id;
-    if (source == QLatin1String("copy")) {
-        CopyArg copy;
-        copy.item = fixture.idOf("a.txt");
-        copy.targetParentId = fixture.idOf("d").id;
-        copy.conflictPolicy = 2;
-        QCOMPARE(fixture.client.call<CopyResult>("copy", copy).state, 0);
-    } else {
-        CreateFileArg create;
-        create.parentId = fixture.idOf("d").id;
-        create.name = "a.txt";
-        create.conflictPolicy = 2;
-        if (!source.isEmpty())
-            create.localPath = fixture.local("new").toStdString();
-        const auto made = fixture.client.call<CreateFileResult>("createFile", create);
-        QCOMPARE(made.state, 0);
-        QVERIFY(made.item.id != before);
+    void replacedItemsAreInTheBin_data()
+    {
+        // source: of createFile; "copy": another method
+        const auto row = columns<QString, QByteArray>("source", "content");
+        row("copy", "copy", QByteArray("one"));
+        row("new from a local file", "new", QByteArray("local"));
+        row("new and empty", "", QByteArray());
     }
-    QTEST(DriveFixture::read(fixture.inDrive("d/a.txt")), "content");
-    const auto bin =
-        fixture.client.call<GetRecycleBinListResult>("getRecycleBinList", GetRecycleBinListArg());
-    QCOMPARE(bin.items.size(), size_t(1));
-    RecoverRecyclesArg recover;
-    recover.recycleIds = {bin.items[0].recycleId};
-    QCOMPARE(fixture.client.call<RecoverRecyclesResult>("recoverRecycles", recover).items.size(), size_t(1));
-    QCOMPARE(DriveFixture::read(fixture.inDrive("d/a (2).txt")), QByteArray("old"));
-}
 
-void TestRecycle::recycleBin()
-{
-    DriveFixture fixture;
-    fixture.fill();
-    const CloudItemId first = fixture.idOf("a.txt");
-    RemoveArg remove;
-    remove.item = first;
-    const auto removed = fixture.client.call<RemoveResult>("remove", remove);
-    remove.item = fixture.idOf("d");
-    fixture.client.call<RemoveResult>("remove", remove);
-    const auto pushes = [&] { return fixture.client.pushed<NotifyRecycleBinArg>("notifyRecycleBin"); };
-    QTRY_COMPARE(pushes().size(), size_t(2));
-    QCOMPARE(pushes()[0].items.at(0).recycleId, removed.recycleId);
+    void replacedItemsAreInTheBin()
+    {
+        QFETCH(QString, source);
+        FilledDrive fixture;
+        DriveFixture::write(fixture.local("new"), "local");
+        const std::string before = fixture.idOf("d/a.txt").id;
+        if (source == "copy"_s) {
+            CopyArg copy;
+            copy.item = fixture.idOf("a.txt");
+            copy.targetParentId = fixture.idOf("d").id;
+            copy.conflictPolicy = 2;
+            QCOMPARE(fixture.client.call<CopyResult>("copy", copy).state, 0);
+        } else {
+            CreateFileArg create;
+            create.parentId = fixture.idOf("d").id;
+            create.name = "a.txt";
+            create.conflictPolicy = 2;
+            if (!source.isEmpty())
+                create.localPath = fixture.local("new").toStdString();
+            const auto made = fixture.client.call<CreateFileResult>("createFile", create);
+            QCOMPARE(made.state, 0);
+            QVERIFY(made.item.id != before);
+        }
+        QTEST(DriveFixture::read(fixture.inDrive("d/a.txt")), "content");
+        const auto bin = fixture.recycleBin();
+        QCOMPARE(bin.size(), size_t(1));
+        RecoverRecyclesArg recover;
+        recover.recycleIds = {bin[0].recycleId};
+        QCOMPARE(
+            fixture.client.call<RecoverRecyclesResult>("recoverRecycles", recover).items.size(), size_t(1));
+        QCOMPARE(DriveFixture::read(fixture.inDrive("d/a (2).txt")), QByteArray("old"));
+    }
 
-    GetRecycleBinListV5Arg page;
-    page.orderBy = "name";
-    page.count = 1;
-    auto bin = fixture.client.call<GetRecycleBinListV5Result>("getRecycleBinListV5", page);
-    QCOMPARE(bin.items.at(0).name, std::string("a.txt"));
-    QVERIFY(bin.hasMore);
-    page.cursor = bin.nextCursor;
-    bin = fixture.client.call<GetRecycleBinListV5Result>("getRecycleBinListV5", page);
-    QCOMPARE(bin.items.at(0).name, std::string("d"));
-    QVERIFY(!bin.hasMore && bin.nextCursor.empty());
+    void recycleBin()
+    {
+        FilledDrive fixture;
+        const CloudItemId first = fixture.idOf("a.txt");
+        const auto removed = fixture.remove(first);
+        fixture.remove(fixture.idOf("d"));
+        const auto pushes = [&] { return fixture.client.pushed<NotifyRecycleBinArg>("notifyRecycleBin"); };
+        QTRY_COMPARE(pushes().size(), size_t(2));
+        QCOMPARE(pushes()[0].items.at(0).recycleId, removed.recycleId);
 
-    BatchRecoverRecycleFilesArg recover;
-    recover.recycleIds = {removed.recycleId, "77"};
-    const auto back =
-        fixture.client.call<BatchRecoverRecycleFilesResult>("batchRecoverRecycleFiles", recover);
-    QCOMPARE(back.items.at(0).id, first.id);
-    QVERIFY(back.failedItems.count("77"));
-    QTRY_COMPARE(pushes().size(), size_t(3));
-    QCOMPARE(pushes()[2].action, 2);
-    QCOMPARE(pushes()[2].total, int64_t(1));
+        GetRecycleBinListV5Arg page;
+        page.orderBy = "name";
+        page.count = 1;
+        auto bin = fixture.client.call<GetRecycleBinListV5Result>("getRecycleBinListV5", page);
+        QCOMPARE(bin.items.at(0).name, std::string("a.txt"));
+        QVERIFY(bin.hasMore);
+        page.cursor = bin.nextCursor;
+        bin = fixture.client.call<GetRecycleBinListV5Result>("getRecycleBinListV5", page);
+        QCOMPARE(bin.items.at(0).name, std::string("d"));
+        QVERIFY(!bin.hasMore && bin.nextCursor.empty());
 
-    const auto cleared = fixture.client.call<ClearRecycleBinResult>("clearRecycleBin", ClearRecycleBinArg());
-    QCOMPARE(cleared.clearedCount, int64_t(1));
-    QTRY_COMPARE(pushes().size(), size_t(4));
-    QCOMPARE(pushes()[3].action, 4);
-    QCOMPARE(DriveFixture::tree(fixture.root()), QStringLiteral("a.txt b.txt"));
-}
+        BatchRecoverRecycleFilesArg recover;
+        recover.recycleIds = {removed.recycleId, "77"};
+        const auto back =
+            fixture.client.call<BatchRecoverRecycleFilesResult>("batchRecoverRecycleFiles", recover);
+        QCOMPARE(back.items.at(0).id, first.id);
+        QVERIFY(back.failedItems.count("77"));
+        QTRY_COMPARE(pushes().size(), size_t(3));
+        QCOMPARE(pushes()[2].action, 2);
+        QCOMPARE(pushes()[2].total, int64_t(1));
 
-void TestRecycle::clearingLeavesWhatCameLater_data()
-{
-    QTest::addColumn<bool>("v5");
-    QTest::newRow("one space") << false;
-    QTest::newRow("several") << true;
-}
+        const auto cleared =
+            fixture.client.call<ClearRecycleBinResult>("clearRecycleBin", ClearRecycleBinArg());
+        QCOMPARE(cleared.clearedCount, int64_t(1));
+        QTRY_COMPARE(pushes().size(), size_t(4));
+        QCOMPARE(pushes()[3].action, 4);
+        QCOMPARE(DriveFixture::tree(fixture.root()), "a.txt b.txt"_s);
+    }
 
-void TestRecycle::clearingLeavesWhatCameLater()
-{
-    QFETCH(bool, v5);
-    DriveFixture fixture;
-    fixture.fill();
-    RemoveArg remove;
-    remove.item = fixture.idOf("a.txt");
-    fixture.client.call<RemoveResult>("remove", remove);
-    QSemaphore mayGoOn;
-    fixture.bulk.run(
-        [&mayGoOn](service::CloudDrive &) -> service::DriveDone {
-            mayGoOn.acquire();
-            return service::DriveOk();
-        },
-        [](const service::DriveDone &) {});
-    const int32_t call = v5 ? fixture.client.send("clearRecycleBinV5", ClearRecycleBinV5Arg())
-                            : fixture.client.send("clearRecycleBin", ClearRecycleBinArg());
-    const qint64 sent = QDateTime::currentMSecsSinceEpoch();
-    const bool later = QTest::qWaitFor([sent] { return QDateTime::currentMSecsSinceEpoch() > sent; });
-    remove.item = fixture.idOf("b.txt");
-    fixture.client.call<RemoveResult>("remove", remove);
-    mayGoOn.release();
-    QVERIFY(later);
-    QCOMPARE(v5 ? fixture.client.answer<ClearRecycleBinV5Result>(call).clearedCount
-                : fixture.client.answer<ClearRecycleBinResult>(call).clearedCount,
-        int64_t(1));
-    const auto bin =
-        fixture.client.call<GetRecycleBinListResult>("getRecycleBinList", GetRecycleBinListArg());
-    QCOMPARE(bin.items.size(), size_t(1));
-    QCOMPARE(bin.items[0].name, std::string("b.txt"));
-    ClearRecycleBinV5Arg odd;
-    odd.deletedBefore = -1;
-    QCOMPARE(fixture.client.call<ClearRecycleBinV5Result>("clearRecycleBinV5", odd).state,
-        int(wire::ServiceError::InvalidArgument));
-}
+    void clearingLeavesWhatCameLater_data()
+    {
+        const auto row = columns<bool>("v5");
+        row("one space", false);
+        row("several", true);
+    }
 
-void TestRecycle::localFiles_data()
-{
-    QTest::addColumn<QString>("path"); // in the folder of the test; as it is when it begins with "=" or "/"
-    QTest::addColumn<QString>("error");
-    const auto row = [](const char *name, const char *path, const char *error = "") {
-        QTest::newRow(name) << QString::fromLatin1(path) << QString::fromLatin1(error);
-    };
-    row("file", "l/a.txt");
-    row("folder with its content", "l");
-    row("link, not what it points to", "link");
-    row("path written otherwise", "l/../l//a.txt");
-    row("beyond a link, where the file system goes", "far/../b.txt");
-    row("not there", "l/nothing", "notFound");
-    row("relative", "=l/a.txt", "invalidArgument");
-    row("root", "/", "denied");
-    row("home", "=home", "denied");
-    row("above home", "=home/..", "denied");
-    row("the drive", "Drive", "denied");
-    row("above the drive", "", "denied");
-    row("the drive by a link", "far/../../Drive", "denied");
-    row("device", "/dev/null", "denied");
-    row("other file system", "/proc/self/status", "denied");
-}
+    void clearingLeavesWhatCameLater()
+    {
+        QFETCH(bool, v5);
+        FilledDrive fixture;
+        fixture.remove(fixture.idOf("a.txt"));
+        QSemaphore mayGoOn;
+        fixture.bulk.run(
+            [&mayGoOn](service::CloudDrive &) -> service::DriveDone {
+                mayGoOn.acquire();
+                return service::DriveOk();
+            },
+            [](const service::DriveDone &) {});
+        const int32_t call = v5 ? fixture.client.send("clearRecycleBinV5", ClearRecycleBinV5Arg())
+                                : fixture.client.send("clearRecycleBin", ClearRecycleBinArg());
+        const qint64 sent = QDateTime::currentMSecsSinceEpoch();
+        const bool later = QTest::qWaitFor([sent] { return QDateTime::currentMSecsSinceEpoch() > sent; });
+        fixture.remove(fixture.idOf("b.txt"));
+        mayGoOn.release();
+        QVERIFY(later);
+        QCOMPARE(v5 ? fixture.client.answer<ClearRecycleBinV5Result>(call).clearedCount
+                    : fixture.client.answer<ClearRecycleBinResult>(call).clearedCount,
+            int64_t(1));
+        const auto bin = fixture.recycleBin();
+        QCOMPARE(bin.size(), size_t(1));
+        QCOMPARE(bin[0].name, std::string("b.txt"));
+        ClearRecycleBinV5Arg odd;
+        odd.deletedBefore = -1;
+        QCOMPARE(fixture.client.call<ClearRecycleBinV5Result>("clearRecycleBinV5", odd).state,
+            int(wire::ServiceError::InvalidArgument));
+    }
 
-// What was put into the trash is gone from its place, and comes back by the id that the answer gave.
-void TestRecycle::localFiles()
-{
-    QFETCH(QString, path);
-    DriveFixture fixture;
-    fixture.fill();
-    DriveFixture::write(fixture.local("l/a.txt"), "mine");
-    DriveFixture::write(fixture.local("away/b.txt"), "mine");
-    DriveFixture::write(fixture.local("away/in/"), {});
-    DriveFixture::write(fixture.local("b.txt"), "not meant");
-    QVERIFY(QFile::link(fixture.local("away/in"), fixture.local("far")));
-    QVERIFY(QFile::link(fixture.local("l/a.txt"), fixture.local("link")));
-    QCOMPARE(fixture.list().state, 0); // the drive has its database now
-    const QString before = DriveFixture::tree(fixture.place.path());
-    path.replace(QLatin1String("=home"), QDir::homePath());
-    if (!path.startsWith(QLatin1Char('/')) && !path.startsWith(QLatin1Char('=')))
-        path = fixture.local(qPrintable(path));
-    const QFileInfo named(path);
-    const QString real = QDir(QFileInfo(named.path()).canonicalFilePath()).filePath(named.fileName());
-    RemoveArg remove;
-    remove.extraParam["path"] =
-        path.startsWith(QLatin1Char('=')) ? path.mid(1).toStdString() : path.toStdString();
-    const auto removed = fixture.client.call<RemoveResult>("remove", remove);
-    QTEST(QString::fromStdString(removed.errorInfo.errResult), "error");
-    if (removed.state != 0) {
+    void localFiles_data()
+    {
+        // path: in the folder of the test; as it is when it begins with "=" or "/"
+        const auto row = columns<QString, QString>("path", "error");
+        row("file", "l/a.txt", "");
+        row("folder with its content", "l", "");
+        row("link, not what it points to", "link", "");
+        row("path written otherwise", "l/../l//a.txt", "");
+        row("beyond a link, where the file system goes", "far/../b.txt", "");
+        row("not there", "l/nothing", "notFound");
+        row("relative", "=l/a.txt", "invalidArgument");
+        row("root", "/", "denied");
+        row("home", "=home", "denied");
+        row("above home", "=home/..", "denied");
+        row("the drive", "Drive", "denied");
+        row("above the drive", "", "denied");
+        row("the drive by a link", "far/../../Drive", "denied");
+        row("device", "/dev/null", "denied");
+        row("other file system", "/proc/self/status", "denied");
+    }
+
+    // What was put into the trash is gone from its place, and comes back by the id that the answer gave.
+    void localFiles()
+    {
+        QFETCH(QString, path);
+        FilledDrive fixture;
+        DriveFixture::write(fixture.local("l/a.txt"), "mine");
+        DriveFixture::write(fixture.local("away/b.txt"), "mine");
+        DriveFixture::write(fixture.local("away/in/"), {});
+        DriveFixture::write(fixture.local("b.txt"), "not meant");
+        QVERIFY(QFile::link(fixture.local("away/in"), fixture.local("far")));
+        QVERIFY(QFile::link(fixture.local("l/a.txt"), fixture.local("link")));
+        QCOMPARE(fixture.list().state, 0); // the drive has its database now
+        const QString before = DriveFixture::tree(fixture.place.path());
+        path.replace("=home"_s, QDir::homePath());
+        if (!path.startsWith(QLatin1Char('/')) && !path.startsWith(QLatin1Char('=')))
+            path = fixture.local(qPrintable(path));
+        const QFileInfo named(path);
+        const QString real = QDir(QFileInfo(named.path()).canonicalFilePath()).filePath(named.fileName());
+        RemoveArg remove;
+        remove.extraParam["path"] =
+            path.startsWith(QLatin1Char('=')) ? path.mid(1).toStdString() : path.toStdString();
+        const auto removed = fixture.client.call<RemoveResult>("remove", remove);
+        QTEST(QString::fromStdString(removed.errorInfo.errResult), "error");
+        if (removed.state != 0) {
+            QCOMPARE(DriveFixture::tree(fixture.place.path()), before);
+            return;
+        }
+        QVERIFY(DriveFixture::tree(fixture.place.path()) != before);
+        QVERIFY2(!QFileInfo(path).isSymLink() && !QFileInfo::exists(path), "gone from its place");
+        QVERIFY(fixture.client.pushed<NotifyRecycleBinArg>("notifyRecycleBin").empty());
+
+        RecoverRecyclesArg recover;
+        recover.recycleIds = {removed.recycleId, "77", "/nowhere.trashinfo"};
+        const auto back = fixture.client.call<RecoverRecyclesResult>("recoverRecycles", recover);
+        QCOMPARE(back.recoveredIds, std::vector<std::string>{removed.recycleId});
+        QCOMPARE(back.items.at(0).extraParam.at("path"), real.toStdString());
+        QCOMPARE(back.failedItems.size(), size_t(2));
         QCOMPARE(DriveFixture::tree(fixture.place.path()), before);
-        return;
     }
-    QVERIFY(DriveFixture::tree(fixture.place.path()) != before);
-    QVERIFY2(!QFileInfo(path).isSymLink() && !QFileInfo::exists(path), "gone from its place");
-    QVERIFY(fixture.client.pushed<NotifyRecycleBinArg>("notifyRecycleBin").empty());
 
-    RecoverRecyclesArg recover;
-    recover.recycleIds = {removed.recycleId, "77", "/nowhere.trashinfo"};
-    const auto back = fixture.client.call<RecoverRecyclesResult>("recoverRecycles", recover);
-    QCOMPARE(back.recoveredIds, std::vector<std::string>{removed.recycleId});
-    QCOMPARE(back.items.at(0).extraParam.at("path"), real.toStdString());
-    QCOMPARE(back.failedItems.size(), size_t(2));
-    QCOMPARE(DriveFixture::tree(fixture.place.path()), before);
-}
-
-// A path in the drive goes into the drive's own bin, where other devices find it too.
-void TestRecycle::pathInTheDrive()
-{
-    DriveFixture fixture;
-    fixture.fill();
-    RemoveArg remove;
-    remove.extraParam["path"] = fixture.inDrive("d/a.txt").toStdString();
-    const auto removed = fixture.client.call<RemoveResult>("remove", remove);
-    const auto bin =
-        fixture.client.call<GetRecycleBinListResult>("getRecycleBinList", GetRecycleBinListArg());
-    QCOMPARE(bin.items.at(0).recycleId, removed.recycleId);
-    remove.permanent = true; // of a local file it would be for good
-    remove.extraParam["path"] = fixture.local("x").toStdString();
-    QCOMPARE(fixture.client.call<RemoveResult>("remove", remove).errorInfo.errResult, std::string("denied"));
-}
+    // A path in the drive goes into the drive's own bin, where other devices find it too.
+    void pathInTheDrive()
+    {
+        FilledDrive fixture;
+        RemoveArg remove;
+        remove.extraParam["path"] = fixture.inDrive("d/a.txt").toStdString();
+        const auto removed = fixture.client.call<RemoveResult>("remove", remove);
+        QCOMPARE(fixture.recycleBin().at(0).recycleId, removed.recycleId);
+        remove.permanent = true; // of a local file it would be for good
+        remove.extraParam["path"] = fixture.local("x").toStdString();
+        QCOMPARE(
+            fixture.client.call<RemoveResult>("remove", remove).errorInfo.errResult, std::string("denied"));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestRecycle)
 #include "tst_recycle.moc"

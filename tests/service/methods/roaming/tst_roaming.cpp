@@ -4,25 +4,6 @@
 using namespace zel;
 using namespace zel::vela;
 
-class TestRoaming final : public QObject
-{
-    Q_OBJECT
-
-private Q_SLOTS:
-    void identity_data();
-    void identity();
-    void answeredBeforeTold();
-    void limit();
-    void removal_data();
-    void removal();
-    void pagesAndFilters();
-    void badRecords();
-    void pageEndsBySize();
-    void removesFiles();
-    void otherUsersAreApart();
-    void fullDisk();
-};
-
 namespace {
 
 FileRecordItem use(const char *path, const char *device, const char *operation = "open", qint64 time = 1000)
@@ -57,266 +38,258 @@ QString names(const GetRecentFilesResult &result)
 
 } // namespace
 
-void TestRoaming::identity_data()
+class TestRoaming final : public QObject
 {
-    QTest::addColumn<QStringList>("first"); // device, path, cloud file, time
-    QTest::addColumn<QStringList>("second");
-    QTest::addColumn<int>("count");
-    QTest::addColumn<qint64>("time"); // of the latest
-    const auto row = [](const char *device, const char *path, const char *file, const char *time) {
-        return QStringList{
-            QLatin1String(device), QLatin1String(path), QLatin1String(file), QLatin1String(time)};
-    };
-    QTest::newRow("same path") << row("this", "/a/x.odt", "", "10") << row("this", "/a/x.odt", "", "20") << 1
-                               << qint64(20);
-    QTest::newRow("path written otherwise")
-        << row("this", "/a/x.odt", "", "10") << row("this", "/a/../a//x.odt", "", "20") << 1 << qint64(20);
-    QTest::newRow("late news") << row("this", "/a/x.odt", "", "20") << row("this", "/a/x.odt", "", "10") << 1
-                               << qint64(20);
-    QTest::newRow("other device, same path")
-        << row("this", "/a/x.odt", "", "10") << row("that", "/a/x.odt", "", "20") << 2 << qint64(20);
-    QTest::newRow("other device, same cloud file")
-        << row("this", "/a/x.odt", "7", "10") << row("that", "/b/x.odt", "7", "20") << 1 << qint64(20);
-    QTest::newRow("path becomes a cloud file")
-        << row("this", "/a/x.odt", "", "10") << row("this", "/a/x.odt", "7", "20") << 1 << qint64(20);
-    QTest::newRow("quote in the path")
-        << row("this", "/a/' OR 1=1 --", "", "10") << row("this", "/a/y", "", "20") << 2 << qint64(20);
-}
+    Q_OBJECT
 
-void TestRoaming::identity()
-{
-    QFETCH(QStringList, first);
-    QFETCH(QStringList, second);
-    QFETCH(int, count);
-    QFETCH(qint64, time);
-    DriveFixture fixture;
-    for (const QStringList &given : {first, second}) {
-        FileRecordItem event = use(qPrintable(given[1]), qPrintable(given[0]), "open", given[3].toLongLong());
-        event.fileId = given[2].toStdString();
-        QCOMPARE(add(fixture.client, {event}).state, 0);
+private Q_SLOTS:
+
+    void identity_data()
+    {
+        // first, second: "device|path|cloud file|time"; time: of the latest
+        const auto row = columns<QString, QString, int, qint64>("first", "second", "count", "time");
+        row("same path", "this|/a/x.odt||10", "this|/a/x.odt||20", 1, 20);
+        row("path written otherwise", "this|/a/x.odt||10", "this|/a/../a//x.odt||20", 1, 20);
+        row("late news", "this|/a/x.odt||20", "this|/a/x.odt||10", 1, 20);
+        row("other device, same path", "this|/a/x.odt||10", "that|/a/x.odt||20", 2, 20);
+        row("other device, same cloud file", "this|/a/x.odt|7|10", "that|/b/x.odt|7|20", 1, 20);
+        row("path becomes a cloud file", "this|/a/x.odt||10", "this|/a/x.odt|7|20", 1, 20);
+        row("quote in the path", "this|/a/' OR 1=1 --||10", "this|/a/y||20", 2, 20);
     }
-    const auto result = list(fixture.client);
-    QCOMPARE(int(result.total), count);
-    QCOMPARE(qint64(result.items.at(0).fileTime), time);
-    QVERIFY(!result.items.at(0).roamingId.empty());
-}
 
-void TestRoaming::answeredBeforeTold()
-{
-    DriveFixture fixture;
-    const auto added = add(fixture.client, {use("/a.odt", "that")});
-    QCOMPARE(fixture.client.arrived.size(), size_t(2));
-    QVERIFY(!fixture.client.arrived.at(0).isPush);
-    const auto pushes = fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
-    QCOMPARE(pushes.size(), size_t(1));
-    QCOMPARE(pushes[0].changedItems, added.items);
-    QCOMPARE(pushes[0].opv, added.opv);
-    QVERIFY(!pushes[0].reload);
-}
+    void identity()
+    {
+        QFETCH(QString, first);
+        QFETCH(QString, second);
+        QFETCH(int, count);
+        QFETCH(qint64, time);
+        DriveFixture fixture;
+        for (const QStringList &given : {first.split(QLatin1Char('|')), second.split(QLatin1Char('|'))}) {
+            FileRecordItem event =
+                use(qPrintable(given[1]), qPrintable(given[0]), "open", given[3].toLongLong());
+            event.fileId = given[2].toStdString();
+            QCOMPARE(add(fixture.client, {event}).state, 0);
+        }
+        const auto result = list(fixture.client);
+        QCOMPARE(int(result.total), count);
+        QCOMPARE(qint64(result.items.at(0).fileTime), time);
+        QVERIFY(!result.items.at(0).roamingId.empty());
+    }
 
-void TestRoaming::limit()
-{
-    DriveFixture fixture; // keeps five
-    std::vector<FileRecordItem> events;
-    for (int i = 0; i < 7; ++i)
-        events.push_back(use(qPrintable(QStringLiteral("/%1").arg(i)), "this", "open", 100 + i));
-    const auto added = add(fixture.client, events);
-    QCOMPARE(names(list(fixture.client)), QStringLiteral("6 5 4 3 2"));
-    const auto push = fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange").at(0);
-    const std::set<std::string> gone(push.removedIds.begin(), push.removedIds.end());
-    QCOMPARE(gone, (std::set<std::string>{added.items[0].roamingId, added.items[1].roamingId}));
-}
+    void answeredBeforeTold()
+    {
+        DriveFixture fixture;
+        const auto added = add(fixture.client, {use("/a.odt", "that")});
+        QCOMPARE(fixture.client.arrived.size(), size_t(2));
+        QVERIFY(!fixture.client.arrived.at(0).isPush);
+        const auto pushes = fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
+        QCOMPARE(pushes.size(), size_t(1));
+        QCOMPARE(pushes[0].changedItems, added.items);
+        QCOMPARE(pushes[0].opv, added.opv);
+        QVERIFY(!pushes[0].reload);
+    }
 
-void TestRoaming::removal_data()
-{
-    QTest::addColumn<QString>("kind");
-    QTest::addColumn<QString>("left");
-    const auto row = [](const char *name, const char *kind, const char *left) {
-        QTest::newRow(name) << QString::fromLatin1(kind) << QString::fromLatin1(left);
-    };
-    row("by path, of this machine only", "path", "cloud /a-there");
-    row("by cloud file", "file", "/a-there /a");
-    row("by id", "id", "cloud /a");
-    row("nothing named", "none", "cloud /a-there /a");
-    row("this machine's list was emptied", "emptied", "cloud /a-there");
-}
+    void limit()
+    {
+        DriveFixture fixture; // keeps five
+        std::vector<FileRecordItem> events;
+        for (int i = 0; i < 7; ++i)
+            events.push_back(use(qPrintable("/%1"_s.arg(i)), "this", "open", 100 + i));
+        const auto added = add(fixture.client, events);
+        QCOMPARE(names(list(fixture.client)), "6 5 4 3 2"_s);
+        const auto push = fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange").at(0);
+        const std::set<std::string> gone(push.removedIds.begin(), push.removedIds.end());
+        QCOMPARE(gone, (std::set<std::string>{added.items[0].roamingId, added.items[1].roamingId}));
+    }
 
-void TestRoaming::removal()
-{
-    QFETCH(QString, kind);
-    DriveFixture fixture;
-    std::vector<FileRecordItem> events{
-        use("/a", "this", "open", 1), use("/a", "that", "open", 2), use("/c", "that", "open", 3)};
-    events[0].name = "/a";
-    events[1].name = "/a-there";
-    events[2].fileId = "7";
-    events[2].name = "cloud";
-    const auto added = add(fixture.client, events);
-    fixture.client.arrived.clear();
-    DelRoamingRecordArg request;
-    if (kind == QLatin1String("path"))
-        request.paths = {"/a"};
-    else if (kind == QLatin1String("file"))
-        request.fileIds = {"7"};
-    else if (kind == QLatin1String("id"))
-        request.roamingIds = {added.items[1].roamingId, "nobody's"};
-    size_t removed = 0;
-    if (kind == QLatin1String("emptied")) {
+    void removal_data()
+    {
+        const auto row = columns<QString, QString>("kind", "left");
+        row("by path, of this machine only", "path", "cloud /a-there");
+        row("by cloud file", "file", "/a-there /a");
+        row("by id", "id", "cloud /a");
+        row("nothing named", "none", "cloud /a-there /a");
+        row("this machine's list was emptied", "emptied", "cloud /a-there");
+    }
+
+    void removal()
+    {
+        QFETCH(QString, kind);
+        DriveFixture fixture;
+        std::vector<FileRecordItem> events{
+            use("/a", "this", "open", 1), use("/a", "that", "open", 2), use("/c", "that", "open", 3)};
+        events[0].name = "/a";
+        events[1].name = "/a-there";
+        events[2].fileId = "7";
+        events[2].name = "cloud";
+        const auto added = add(fixture.client, events);
+        fixture.client.arrived.clear();
+        DelRoamingRecordArg request;
+        if (kind == "path"_s)
+            request.paths = {"/a"};
+        else if (kind == "file"_s)
+            request.fileIds = {"7"};
+        else if (kind == "id"_s)
+            request.roamingIds = {added.items[1].roamingId, "nobody's"};
+        size_t removed = 0;
+        if (kind == "emptied"_s) {
+            NotifyRecentFilesArg notice;
+            notice.action = 4;
+            removed =
+                3 - size_t(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).total);
+        } else {
+            removed =
+                size_t(fixture.client.call<DelRoamingRecordResult>("delRoamingRecord", request).removedCount);
+        }
+        QTEST(names(list(fixture.client)), "left");
+        const auto pushes = fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
+        QCOMPARE(pushes.size(), size_t(removed > 0 ? 1 : 0));
+        if (removed > 0)
+            QCOMPARE(pushes[0].removedIds.size(), removed);
+    }
+
+    void pagesAndFilters()
+    {
+        DriveFixture fixture;
+        add(fixture.client,
+            {use("/Äpfel.ODT", "this", "open", 1), use("/b.pdf", "that", "open", 2),
+                use("/c.odt", "that", "open", 3)});
+        GetRecentFilesArg page;
+        page.count = 2;
+        QCOMPARE(names(list(fixture.client, page)), "c.odt b.pdf"_s);
+        QVERIFY(list(fixture.client, page).hasMore);
+        page.offset = 2;
+        QCOMPARE(names(list(fixture.client, page)), "Äpfel.ODT"_s);
+        QVERIFY(!list(fixture.client, page).hasMore);
+        GetRecentFilesArg keyword;
+        keyword.keyword = "äPF";
+        QCOMPARE(names(list(fixture.client, keyword)), "Äpfel.ODT"_s);
+        GetRecentFilesArg suffix;
+        suffix.suffixes = {"odt"};
+        QCOMPARE(names(list(fixture.client, suffix)), "c.odt Äpfel.ODT"_s);
+        GetRecentFilesArg others;
+        others.otherDevicesOnly = true;
+        QCOMPARE(names(list(fixture.client, others)), "c.odt b.pdf"_s);
+        GetRecentFilesArg odd;
+        odd.offset = -5;
+        odd.count = -1;
+        QCOMPARE(int(list(fixture.client, odd).items.size()), 3);
+    }
+
+    void badRecords()
+    {
+        DriveFixture fixture;
+        const std::string endless(5000, 'x');
+        const auto result = add(
+            fixture.client, {use("", "this"), use(("/" + endless).c_str(), "this"), use("/good", "this")});
+        QCOMPARE(result.state, 0);
+        QCOMPARE(result.failedItems.size(), size_t(2));
+        QCOMPARE(result.items.size(), size_t(1));
         NotifyRecentFilesArg notice;
-        notice.action = 4;
-        removed = 3 - size_t(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).total);
-    } else {
-        removed =
-            size_t(fixture.client.call<DelRoamingRecordResult>("delRoamingRecord", request).removedCount);
-    }
-    QTEST(names(list(fixture.client)), "left");
-    const auto pushes = fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
-    QCOMPARE(pushes.size(), size_t(removed > 0 ? 1 : 0));
-    if (removed > 0)
-        QCOMPARE(pushes[0].removedIds.size(), removed);
-}
-
-void TestRoaming::pagesAndFilters()
-{
-    DriveFixture fixture;
-    add(fixture.client,
-        {use("/Äpfel.ODT", "this", "open", 1), use("/b.pdf", "that", "open", 2),
-            use("/c.odt", "that", "open", 3)});
-    GetRecentFilesArg page;
-    page.count = 2;
-    QCOMPARE(names(list(fixture.client, page)), QStringLiteral("c.odt b.pdf"));
-    QVERIFY(list(fixture.client, page).hasMore);
-    page.offset = 2;
-    QCOMPARE(names(list(fixture.client, page)), QString::fromUtf8("Äpfel.ODT"));
-    QVERIFY(!list(fixture.client, page).hasMore);
-    GetRecentFilesArg keyword;
-    keyword.keyword = "äPF";
-    QCOMPARE(names(list(fixture.client, keyword)), QString::fromUtf8("Äpfel.ODT"));
-    GetRecentFilesArg suffix;
-    suffix.suffixes = {"odt"};
-    QCOMPARE(names(list(fixture.client, suffix)), QString::fromUtf8("c.odt Äpfel.ODT"));
-    GetRecentFilesArg others;
-    others.otherDevicesOnly = true;
-    QCOMPARE(names(list(fixture.client, others)), QStringLiteral("c.odt b.pdf"));
-    GetRecentFilesArg odd;
-    odd.offset = -5;
-    odd.count = -1;
-    QCOMPARE(int(list(fixture.client, odd).items.size()), 3);
-}
-
-void TestRoaming::badRecords()
-{
-    DriveFixture fixture;
-    const std::string endless(5000, 'x');
-    const auto result =
-        add(fixture.client, {use("", "this"), use(("/" + endless).c_str(), "this"), use("/good", "this")});
-    QCOMPARE(result.state, 0);
-    QCOMPARE(result.failedItems.size(), size_t(2));
-    QCOMPARE(result.items.size(), size_t(1));
-    NotifyRecentFilesArg notice;
-    notice.action = 9;
-    QCOMPARE(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).state,
-        int(wire::ServiceError::InvalidArgument));
-    notice.action = 1;
-    for (std::string RecentFileItem::*text :
-        {&RecentFileItem::external, &RecentFileItem::thumbnail, &RecentFileItem::curDeviceName}) {
-        notice.items.assign(1, RecentFileItem());
-        notice.items[0].path = "/large";
-        (notice.items[0].*text).assign(40 * 1024, 'x');
+        notice.action = 9;
         QCOMPARE(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).state,
-            int(wire::ServiceError::TooLarge));
+            int(wire::ServiceError::InvalidArgument));
+        notice.action = 1;
+        for (std::string RecentFileItem::*text :
+            {&RecentFileItem::external, &RecentFileItem::thumbnail, &RecentFileItem::curDeviceName}) {
+            notice.items.assign(1, RecentFileItem());
+            notice.items[0].path = "/large";
+            (notice.items[0].*text).assign(40 * 1024, 'x');
+            QCOMPARE(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).state,
+                int(wire::ServiceError::TooLarge));
+        }
+        QCOMPARE(int(list(fixture.client).total), 1);
     }
-    QCOMPARE(int(list(fixture.client).total), 1);
-}
 
-void TestRoaming::pageEndsBySize()
-{
-    DriveFixture fixture;
-    service::CloudDatabase database(fixture.local("large.db"));
-    service::RoamingTable table(database);
-    MethodClient client;
-    service::RoamingMethods methods(table, fixture.quick, client, fixture.identity);
-    methods.serve(client.methods);
-    service::RoamingItems items(700);
-    for (size_t i = 0; i < items.size(); ++i) {
-        items[i].path = "/" + std::to_string(i);
-        items[i].external.assign(30000, 'x');
+    void pageEndsBySize()
+    {
+        DriveFixture fixture;
+        service::CloudDatabase database(fixture.local("large.db"));
+        service::RoamingTable table(database);
+        MethodClient client;
+        service::RoamingMethods methods(table, fixture.quick, client, fixture.identity);
+        methods.serve(client.methods);
+        service::RoamingItems items(700);
+        for (size_t i = 0; i < items.size(); ++i) {
+            items[i].path = "/" + std::to_string(i);
+            items[i].external.assign(30000, 'x');
+        }
+        QCOMPARE(table.add(fixture.me.userId, items, fixture.me.deviceId).error, wire::ServiceError::None);
+        GetRecentFilesArg page;
+        const auto first = list(client, page);
+        QVERIFY2(first.items.size() > 500 && first.items.size() < 600,
+            qPrintable(QString::number(first.items.size())));
+        QVERIFY(first.hasMore);
+        page.offset = int(first.items.size());
+        const auto second = list(client, page);
+        QCOMPARE(first.items.size() + second.items.size(), items.size());
+        QVERIFY(!second.hasMore);
+
+        GetRecentFileInfoListArg infos;
+        infos.count = 1000;
+        const auto all = client.call<GetRecentFileInfoListResult>("getRecentFileInfoList", infos);
+        QVERIFY(all.hasMore && all.items.size() > 500 && all.items.size() <= first.items.size());
+        infos.roamingIds = {"nobody's"};
+        for (const auto *listed : {&first, &second})
+            for (const RecentFileItem &item : listed->items)
+                infos.roamingIds.push_back(item.roamingId);
+        const auto named = client.call<GetRecentFileInfoListResult>("getRecentFileInfoList", infos);
+        QVERIFY(named.hasMore && named.items.size() > 500 && named.items.size() <= first.items.size());
+        QCOMPARE(named.failedItems.size(), size_t(1));
     }
-    QCOMPARE(table.add(fixture.me.userId, items, fixture.me.deviceId).error, wire::ServiceError::None);
-    GetRecentFilesArg page;
-    const auto first = list(client, page);
-    QVERIFY2(first.items.size() > 500 && first.items.size() < 600,
-        qPrintable(QString::number(first.items.size())));
-    QVERIFY(first.hasMore);
-    page.offset = int(first.items.size());
-    const auto second = list(client, page);
-    QCOMPARE(first.items.size() + second.items.size(), items.size());
-    QVERIFY(!second.hasMore);
 
-    GetRecentFileInfoListArg infos;
-    infos.count = 1000;
-    const auto all = client.call<GetRecentFileInfoListResult>("getRecentFileInfoList", infos);
-    QVERIFY(all.hasMore && all.items.size() > 500 && all.items.size() <= first.items.size());
-    infos.roamingIds = {"nobody's"};
-    for (const auto *listed : {&first, &second})
-        for (const RecentFileItem &item : listed->items)
-            infos.roamingIds.push_back(item.roamingId);
-    const auto named = client.call<GetRecentFileInfoListResult>("getRecentFileInfoList", infos);
-    QVERIFY(named.hasMore && named.items.size() > 500 && named.items.size() <= first.items.size());
-    QCOMPARE(named.failedItems.size(), size_t(1));
-}
+    void removesFiles()
+    {
+        DriveFixture fixture;
+        fixture.fill({"a.odt"_s, "b.odt"_s});
+        FileRecordItem event = use("", "this");
+        event.fileId = fixture.idOf("a.odt").id;
+        event.name = "a.odt";
+        add(fixture.client, {event});
+        DelRoamingRecordArg request;
+        request.fileIds = {event.fileId};
+        request.removeFiles = true;
+        const auto result = fixture.client.call<DelRoamingRecordResult>("delRoamingRecord", request);
+        QCOMPARE(int(result.removedCount), 1);
+        QVERIFY(result.failedItems.empty());
+        QCOMPARE(DriveFixture::tree(fixture.root()), "b.odt"_s);
+    }
 
-void TestRoaming::removesFiles()
-{
-    DriveFixture fixture;
-    fixture.fill({QStringLiteral("a.odt"), QStringLiteral("b.odt")});
-    FileRecordItem event = use("", "this");
-    event.fileId = fixture.idOf("a.odt").id;
-    event.name = "a.odt";
-    add(fixture.client, {event});
-    DelRoamingRecordArg request;
-    request.fileIds = {event.fileId};
-    request.removeFiles = true;
-    const auto result = fixture.client.call<DelRoamingRecordResult>("delRoamingRecord", request);
-    QCOMPARE(int(result.removedCount), 1);
-    QVERIFY(result.failedItems.empty());
-    QCOMPARE(DriveFixture::tree(fixture.root()), QStringLiteral("b.odt"));
-}
+    void otherUsersAreApart()
+    {
+        DriveFixture fixture;
+        RecentFileItem item;
+        item.roamingId = "r1";
+        item.path = "/a";
+        const QString other = "u2"_s;
+        QCOMPARE(fixture.roaming.add(other, {item}, {}).error, wire::ServiceError::None);
+        item.path = "/b";
+        QCOMPARE(fixture.roaming.add(fixture.me.userId, {item}, {}).error, wire::ServiceError::None);
+        fixture.roaming.remove(fixture.me.userId, {{}, {}, {}, {}, service::RoamingSelection::Scope::All});
+        service::RoamingPage left;
+        fixture.roaming.find(other, {"r1"_s}, left);
+        QCOMPARE(left.items.size(), size_t(1));
+        QCOMPARE(left.items[0].path, std::string("/a"));
+    }
 
-void TestRoaming::otherUsersAreApart()
-{
-    DriveFixture fixture;
-    RecentFileItem item;
-    item.roamingId = "r1";
-    item.path = "/a";
-    const QString other = QStringLiteral("u2");
-    QCOMPARE(fixture.roaming.add(other, {item}, {}).error, wire::ServiceError::None);
-    item.path = "/b";
-    QCOMPARE(fixture.roaming.add(fixture.me.userId, {item}, {}).error, wire::ServiceError::None);
-    fixture.roaming.remove(fixture.me.userId, {{}, {}, {}, {}, service::RoamingSelection::Scope::All});
-    service::RoamingPage left;
-    fixture.roaming.find(other, {QStringLiteral("r1")}, left);
-    QCOMPARE(left.items.size(), size_t(1));
-    QCOMPARE(left.items[0].path, std::string("/a"));
-}
-
-// A change that cannot be kept is refused, and nobody is told of it; later ones work again.
-void TestRoaming::fullDisk()
-{
-    DriveFixture fixture;
-    QCOMPARE(add(fixture.client, {use("/a", "this")}).state, 0);
-    fixture.client.arrived.clear();
-    const qint64 pages = fixture.database.connection().number("PRAGMA page_count");
-    fixture.database.connection().exec(qPrintable(QStringLiteral("PRAGMA max_page_count=%1").arg(pages)));
-    FileRecordItem large = use("/b", "this");
-    large.extraParam["note"] = std::string(30000, 'x');
-    const auto refused = add(fixture.client, {large});
-    QCOMPARE(refused.state, int(wire::ServiceError::DiskFull));
-    QVERIFY(fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange").empty());
-    fixture.database.connection().exec("PRAGMA max_page_count=100000");
-    QCOMPARE(add(fixture.client, {large}).state, 0);
-    QCOMPARE(int(list(fixture.client).total), 2);
-}
+    // A change that cannot be kept is refused, and nobody is told of it; later ones work again.
+    void fullDisk()
+    {
+        DriveFixture fixture;
+        QCOMPARE(add(fixture.client, {use("/a", "this")}).state, 0);
+        fixture.client.arrived.clear();
+        const qint64 pages = fixture.database.connection().number("PRAGMA page_count");
+        fixture.database.connection().exec(qPrintable("PRAGMA max_page_count=%1"_s.arg(pages)));
+        FileRecordItem large = use("/b", "this");
+        large.extraParam["note"] = std::string(30000, 'x');
+        const auto refused = add(fixture.client, {large});
+        QCOMPARE(refused.state, int(wire::ServiceError::DiskFull));
+        QVERIFY(fixture.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange").empty());
+        fixture.database.connection().exec("PRAGMA max_page_count=100000");
+        QCOMPARE(add(fixture.client, {large}).state, 0);
+        QCOMPARE(int(list(fixture.client).total), 2);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestRoaming)
 #include "tst_roaming.moc"

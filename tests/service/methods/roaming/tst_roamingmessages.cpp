@@ -16,11 +16,115 @@ class TestRoamingMessages final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void init();
-    void counts_data();
-    void counts();
-    void toldToEverybody();
-    void keepsTheNewest();
+
+    void init()
+    {
+        m_device.reset();
+        m_box.reset();
+        m_fixture = std::make_unique<ServiceFixture>([this](service::CloudService &service) {
+            const service::CloudDocuments::Places places{
+                m_fixture->folder() + "/Drive"_s, m_fixture->folder() + "/drive.db"_s};
+            auto documents =
+                std::make_shared<service::CloudDocuments>(places, service.database(), service.methods(),
+                    service.server(), service.hooks(), nullptr, [&service] { return service.identity(); });
+            m_documents = documents;
+            return documents;
+        });
+        m_fixture->restart();
+        m_device = m_fixture->client();
+        m_box = m_fixture->client();
+        m_time = 1000;
+    }
+
+    void counts_data()
+    {
+        // steps: uses as device:operation, or what the box does
+        const auto row = columns<QString, QString>("steps", "counts");
+        row("used here", "here:open", "0/0/0");
+        row("new elsewhere", "far:open", "1/0/1");
+        row("changed elsewhere", "here:open far:save", "0/1/1");
+        row("only opened elsewhere", "here:open far:open", "0/0/0");
+        row("new stays new, one message an event", "far:open far:save", "2/0/1");
+        row("then opened here", "far:open far:save here:open", "0/0/0");
+        row("opened here in the same request", "far:open+here:open", "0/0/0");
+        row("seen", "far:open read", "0/0/0");
+        row("unread again: the newest", "far:open far:save read unread", "1/0/1");
+        row("told twice", "here:open far:save again", "0/1/1");
+        row("told again after it was seen", "far:save read again", "0/0/0");
+        row("taken off", "far:open remove", "0/0/0");
+        row("taken off by envelope", "far:open envelope", "0/0/0");
+        row("list emptied", "far:open removeAll", "0/0/0");
+        row("its file gone", "far:open gone", "0/0/0");
+        row("and back", "far:open gone back", "1/0/1");
+        row("file of the other device only", "far:open:local", "1/0/0");
+        row("that one seen", "far:open:local readAll", "0/0/0");
+    }
+
+    void counts()
+    {
+        QFETCH(QString, steps);
+        QFETCH(QString, counts);
+        for (const QString &step : steps.split(QLatin1Char(' ')))
+            perform(step);
+        QCOMPARE(countsNow(), counts);
+        m_box.reset();
+        m_device.reset();
+        m_fixture->restart();
+        m_box = m_fixture->client();
+        QCOMPARE(countsNow(), counts);
+        if (steps.contains("local"_s))
+            return;
+        const auto list = m_box->call<GetRecentFilesResult>("getRecentFiles", GetRecentFilesArg());
+        QCOMPARE(QString::number(list->unreadCount), counts.section(QLatin1Char('/'), 2));
+        QCOMPARE(list->extraParam.at("deviceId"), m_fixture->service().identity().deviceId.toStdString());
+    }
+
+    void toldToEverybody()
+    {
+        const auto added = add({{"far", "open"}, {"far", "save"}});
+        const auto list = m_box->waitForPush<NotifyMsgListArg>("notifyMsgList");
+        QCOMPARE(list->newMessages.size(), size_t(2));
+        const NewMessageItem &message = list->newMessages.at(0);
+        QCOMPARE(message.topic, std::string("zel.roaming"));
+        QCOMPARE(message.type, std::string("roaming_create"));
+        QCOMPARE(message.fileName, std::string("x.odt"));
+        QCOMPARE(message.deviceName, std::string("far"));
+        QCOMPARE(message.extraParam.at("roamingId"), added.items.at(0).roamingId);
+        QVERIFY(!message.bRead && !message.trayRead && !message.recentRead);
+        for (bool told = false; !told;) {
+            const auto push = m_box->waitForPush<NotifyActionsMapArg>("notifyActionsMap");
+            QVERIFY(push);
+            told = push->actionsMap.count("NewRoamingMsgArrive") > 0;
+        }
+        SetCloudItemReadArg read;
+        read.roamingIds = {added.items.at(0).roamingId};
+        m_box->call<SetCloudItemReadResult>("setCloudItemRead", read);
+        const auto marked = m_device->waitForPush<NotifyMsgStatusChangedArg>("notifyMsgStatusChanged");
+        QCOMPARE(marked->items.size(), size_t(2));
+        QVERIFY(marked->items.at(0).recentRead && marked->items.at(0).bRead);
+        QCOMPARE(marked->unreadCount, 0);
+    }
+
+    // Without the rest of the service, so that a few are many.
+    void keepsTheNewest()
+    {
+        sqlite::Database &database = m_fixture->service().database().connection();
+        service::RoamingMessages messages(database, 3);
+        service::RoamingChange change;
+        change.arrived.resize(2);
+        for (const char *version : {"1", "2", "3"}) {
+            for (RecentFileItem &item : change.arrived) {
+                item.roamingId = "r";
+                item.opv = version;
+            }
+            sqlite::Transaction transaction(database);
+            messages.follow(change);
+            QVERIFY(transaction.commit());
+        }
+        QCOMPARE(database.number("SELECT count(*) FROM metadata_zelbox_filemessage"), qint64(3));
+        QCOMPARE(messages.take().stored.size(), 2);
+        QVERIFY(messages.take().isEmpty());
+    }
 
 private:
     struct Use
@@ -41,25 +145,6 @@ private:
     qint64 m_time = 0;
     AddRoamingRecordArg m_last;
 };
-
-void TestRoamingMessages::init()
-{
-    m_device.reset();
-    m_box.reset();
-    m_fixture = std::make_unique<ServiceFixture>([this](service::CloudService &service) {
-        const service::CloudDocuments::Places places{m_fixture->folder() + QStringLiteral("/Drive"),
-            m_fixture->folder() + QStringLiteral("/drive.db")};
-        auto documents =
-            std::make_shared<service::CloudDocuments>(places, service.database(), service.methods(),
-                service.server(), service.hooks(), nullptr, [&service] { return service.identity(); });
-        m_documents = documents;
-        return documents;
-    });
-    m_fixture->restart();
-    m_device = m_fixture->client();
-    m_box = m_fixture->client();
-    m_time = 1000;
-}
 
 AddRoamingRecordResult TestRoamingMessages::add(const std::vector<Use> &uses)
 {
@@ -87,12 +172,12 @@ QString TestRoamingMessages::ask(const char *statement, const char *guid)
     for (;;) {
         const auto push = m_box->waitForPush<NotifyActionsMapArg>("notifyActionsMap");
         if (!push)
-            return QStringLiteral("no reply");
+            return "no reply"_s;
         const auto reply = push->actionsMap.find(guid);
         if (reply == push->actionsMap.end())
             continue;
         const auto values = QJsonDocument::fromJson(QByteArray::fromStdString(reply->second)).object();
-        return values.value(QStringLiteral("commandline")).toString();
+        return values.value("commandline"_s).toString();
     }
 }
 
@@ -126,26 +211,26 @@ void TestRoamingMessages::perform(const QString &step)
     SetCloudItemReadArg read;
     read.items.resize(1);
     read.items[0].id = "7";
-    read.unread = step == QLatin1String("unread");
-    read.allItems = step == QLatin1String("readAll");
+    read.unread = step == "unread"_s;
+    read.allItems = step == "readAll"_s;
     DelRoamingRecordArg remove;
     remove.fileIds = {"7"};
-    remove.allRecords = step == QLatin1String("removeAll");
+    remove.allRecords = step == "removeAll"_s;
     VelaIpcArg envelope;
     envelope.nameSpace = "KVelaIpcCallObj";
     envelope.method = "delRoamingFileRecord";
     envelope.argMap["fileIds"] = "5|7";
-    if (step.startsWith(QLatin1String("remove"))) {
+    if (step.startsWith("remove"_s)) {
         QVERIFY(m_box->call<DelRoamingRecordResult>("delRoamingRecord", remove)->removedCount > 0);
-    } else if (step == QLatin1String("envelope")) {
+    } else if (step == "envelope"_s) {
         const auto answer = m_box->call<VelaIpcResult>("velaIpcCall", envelope);
         QCOMPARE(answer->resultMap.at("removedCount"), std::string("1"));
         QCOMPARE(answer->resultList.size(), size_t(1));
-    } else if (step == QLatin1String("gone") || step == QLatin1String("back")) {
-        m_documents.lock()->roaming().markFiles({QStringLiteral("7")}, step == QLatin1String("gone"));
-    } else if (step == QLatin1String("again")) {
+    } else if (step == "gone"_s || step == "back"_s) {
+        m_documents.lock()->roaming().markFiles({"7"_s}, step == "gone"_s);
+    } else if (step == "again"_s) {
         QCOMPARE(m_device->call<AddRoamingRecordResult>("addRoamingRecord", m_last)->state, 0);
-    } else if (step.contains(QLatin1String("ead"))) {
+    } else if (step.contains("ead"_s)) {
         QCOMPARE(m_box->call<SetCloudItemReadResult>("setCloudItemRead", read)->state, 0);
     } else {
         std::vector<QByteArray> words;
@@ -158,99 +243,6 @@ void TestRoamingMessages::perform(const QString &step)
                 words[i + 2] == "local" ? "" : "7"});
         QCOMPARE(add(uses).state, 0);
     }
-}
-
-void TestRoamingMessages::counts_data()
-{
-    QTest::addColumn<QString>("steps"); // uses as device:operation, or what the box does
-    QTest::addColumn<QString>("counts");
-    const auto row = [](const char *name, const char *steps, const char *counts) {
-        QTest::newRow(name) << QString::fromLatin1(steps) << QString::fromLatin1(counts);
-    };
-    row("used here", "here:open", "0/0/0");
-    row("new elsewhere", "far:open", "1/0/1");
-    row("changed elsewhere", "here:open far:save", "0/1/1");
-    row("only opened elsewhere", "here:open far:open", "0/0/0");
-    row("new stays new, one message an event", "far:open far:save", "2/0/1");
-    row("then opened here", "far:open far:save here:open", "0/0/0");
-    row("opened here in the same request", "far:open+here:open", "0/0/0");
-    row("seen", "far:open read", "0/0/0");
-    row("unread again: the newest", "far:open far:save read unread", "1/0/1");
-    row("told twice", "here:open far:save again", "0/1/1");
-    row("told again after it was seen", "far:save read again", "0/0/0");
-    row("taken off", "far:open remove", "0/0/0");
-    row("taken off by envelope", "far:open envelope", "0/0/0");
-    row("list emptied", "far:open removeAll", "0/0/0");
-    row("its file gone", "far:open gone", "0/0/0");
-    row("and back", "far:open gone back", "1/0/1");
-    row("file of the other device only", "far:open:local", "1/0/0");
-    row("that one seen", "far:open:local readAll", "0/0/0");
-}
-
-void TestRoamingMessages::counts()
-{
-    QFETCH(QString, steps);
-    QFETCH(QString, counts);
-    for (const QString &step : steps.split(QLatin1Char(' ')))
-        perform(step);
-    QCOMPARE(countsNow(), counts);
-    m_box.reset();
-    m_device.reset();
-    m_fixture->restart();
-    m_box = m_fixture->client();
-    QCOMPARE(countsNow(), counts);
-    if (steps.contains(QLatin1String("local")))
-        return;
-    const auto list = m_box->call<GetRecentFilesResult>("getRecentFiles", GetRecentFilesArg());
-    QCOMPARE(QString::number(list->unreadCount), counts.section(QLatin1Char('/'), 2));
-    QCOMPARE(list->extraParam.at("deviceId"), m_fixture->service().identity().deviceId.toStdString());
-}
-
-void TestRoamingMessages::toldToEverybody()
-{
-    const auto added = add({{"far", "open"}, {"far", "save"}});
-    const auto list = m_box->waitForPush<NotifyMsgListArg>("notifyMsgList");
-    QCOMPARE(list->newMessages.size(), size_t(2));
-    const NewMessageItem &message = list->newMessages.at(0);
-    QCOMPARE(message.topic, std::string("zel.roaming"));
-    QCOMPARE(message.type, std::string("roaming_create"));
-    QCOMPARE(message.fileName, std::string("x.odt"));
-    QCOMPARE(message.deviceName, std::string("far"));
-    QCOMPARE(message.extraParam.at("roamingId"), added.items.at(0).roamingId);
-    QVERIFY(!message.bRead && !message.trayRead && !message.recentRead);
-    for (bool told = false; !told;) {
-        const auto push = m_box->waitForPush<NotifyActionsMapArg>("notifyActionsMap");
-        QVERIFY(push);
-        told = push->actionsMap.count("NewRoamingMsgArrive") > 0;
-    }
-    SetCloudItemReadArg read;
-    read.roamingIds = {added.items.at(0).roamingId};
-    m_box->call<SetCloudItemReadResult>("setCloudItemRead", read);
-    const auto marked = m_device->waitForPush<NotifyMsgStatusChangedArg>("notifyMsgStatusChanged");
-    QCOMPARE(marked->items.size(), size_t(2));
-    QVERIFY(marked->items.at(0).recentRead && marked->items.at(0).bRead);
-    QCOMPARE(marked->unreadCount, 0);
-}
-
-// Without the rest of the service, so that a few are many.
-void TestRoamingMessages::keepsTheNewest()
-{
-    sqlite::Database &database = m_fixture->service().database().connection();
-    service::RoamingMessages messages(database, 3);
-    service::RoamingChange change;
-    change.arrived.resize(2);
-    for (const char *version : {"1", "2", "3"}) {
-        for (vela::RecentFileItem &item : change.arrived) {
-            item.roamingId = "r";
-            item.opv = version;
-        }
-        sqlite::Transaction transaction(database);
-        messages.follow(change);
-        QVERIFY(transaction.commit());
-    }
-    QCOMPARE(database.number("SELECT count(*) FROM metadata_zelbox_filemessage"), qint64(3));
-    QCOMPARE(messages.take().stored.size(), 2);
-    QVERIFY(messages.take().isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestRoamingMessages)

@@ -16,346 +16,317 @@ class TestTransfer final : public QObject
     Q_OBJECT
 
 private Q_SLOTS:
-    void uploads_data();
-    void uploads();
-    void downloads_data();
-    void downloads();
-    void permissions_data();
-    void permissions();
-    void linkedFoldersAreNotFilled();
-    void stoppedInTheMiddle_data();
-    void stoppedInTheMiddle();
-    void pausedAndContinued();
-    void goesOnAfterRestart_data();
-    void goesOnAfterRestart();
-    void folderGoesOnWhereItWas();
-    void fullDisk_data();
-    void fullDisk();
-    void unreadableFileLeavesTheOthers();
-};
 
-void TestTransfer::uploads_data()
-{
-    QTest::addColumn<bool>("folder");
-    QTest::addColumn<int>("policy");
-    QTest::addColumn<QString>("tree");
-    QTest::addColumn<QString>("content"); // of f/a.txt or a.txt
-    const auto row = [](const char *name, bool folder, int policy, const char *tree, const char *content) {
-        QTest::newRow(name) << folder << policy << QString::fromLatin1(tree) << QString::fromLatin1(content);
-    };
-    row("file", false, 1, "a (2).txt a.txt f/ f/a.txt f/old.txt", "drive");
-    row("file replaces", false, 2, "a.txt f/ f/a.txt f/old.txt", "local");
-    row("file is skipped", false, 3, "a.txt f/ f/a.txt f/old.txt", "drive");
-    row("folder beside", true, 1, "a.txt f/ f/a.txt f/old.txt f (2)/ f (2)/a.txt f (2)/sub/ f (2)/sub/b.txt",
-        "drive");
-    row("folder merges", true, 2, "a.txt f/ f/a.txt f/old.txt f/sub/ f/sub/b.txt", "local");
-    row("folder merges what is missing", true, 3, "a.txt f/ f/a.txt f/old.txt f/sub/ f/sub/b.txt", "drive");
-}
+    void uploads_data()
+    {
+        // content: of f/a.txt or a.txt
+        const auto row = columns<bool, int, QString, QString>("folder", "policy", "tree", "content");
+        row("file", false, 1, "a (2).txt a.txt f/ f/a.txt f/old.txt", "drive");
+        row("file replaces", false, 2, "a.txt f/ f/a.txt f/old.txt", "local");
+        row("file is skipped", false, 3, "a.txt f/ f/a.txt f/old.txt", "drive");
+        row("folder beside", true, 1,
+            "a.txt f/ f/a.txt f/old.txt f (2)/ f (2)/a.txt f (2)/sub/ f (2)/sub/b.txt", "drive");
+        row("folder merges", true, 2, "a.txt f/ f/a.txt f/old.txt f/sub/ f/sub/b.txt", "local");
+        row("folder merges what is missing", true, 3, "a.txt f/ f/a.txt f/old.txt f/sub/ f/sub/b.txt",
+            "drive");
+    }
 
-void TestTransfer::uploads()
-{
-    QFETCH(bool, folder);
-    QFETCH(int, policy);
-    TransferFixture fixture;
-    fixture.fill(
-        {QStringLiteral("a.txt=drive"), QStringLiteral("f/a.txt=drive"), QStringLiteral("f/old.txt")});
-    DriveFixture::write(fixture.local("l/a.txt"), "local");
-    for (const char *file : {"l/f/a.txt", "l/f/sub/b.txt", "l/f/.hidden", "l/f/x.tmp"})
-        DriveFixture::write(fixture.local(file), "local");
-    QVERIFY(QFile::link(fixture.local("l"), fixture.local("l/f/round")));
-    VelaIpcResult result;
-    if (folder) {
+    void uploads()
+    {
+        QFETCH(bool, folder);
+        QFETCH(int, policy);
+        TransferFixture fixture;
+        fixture.fill({"a.txt=drive"_s, "f/a.txt=drive"_s, "f/old.txt"_s});
+        DriveFixture::write(fixture.local("l/a.txt"), "local");
+        for (const char *file : {"l/f/a.txt", "l/f/sub/b.txt", "l/f/.hidden", "l/f/x.tmp"})
+            DriveFixture::write(fixture.local(file), "local");
+        QVERIFY(QFile::link(fixture.local("l"), fixture.local("l/f/round")));
+        VelaIpcResult result;
+        if (folder) {
+            UploadFolderToCloudArg request;
+            request.folderPath = fixture.local("l/f").toStdString();
+            request.conflictPolicy = policy;
+            request.excludedSuffixes = {"tmp"};
+            result = fixture.client.call<VelaIpcResult>("folderUpload", request);
+        } else {
+            BatchUploadFilesToCloudArg request;
+            request.filePaths = {fixture.local("l/a.txt").toStdString(), "/nowhere", "/proc/self/status"};
+            request.conflictPolicy = policy;
+            result = fixture.client.call<VelaIpcResult>("batchUploadFileListToAnyExistedPath", request);
+            QCOMPARE(result.resultMap.at("/nowhere"), std::string("notFound"));
+            QCOMPARE(result.resultMap.at("/proc/self/status"), std::string("denied"));
+        }
+        QCOMPARE(result.state, 0);
+        QCOMPARE(result.resultList.size(), size_t(1));
+        QVERIFY(fixture.waitFor(result.resultList[0], TransferState::Done));
+        QFETCH(QString, tree);
+        QCOMPARE(DriveFixture::sorted(DriveFixture::tree(fixture.root())), DriveFixture::sorted(tree));
+        QTEST(
+            QString::fromUtf8(DriveFixture::read(fixture.inDrive(folder ? "f/a.txt" : "a.txt"))), "content");
+    }
+
+    void downloads_data()
+    {
+        // state: of the answer
+        // content: of what was there
+        const auto row =
+            columns<QString, int, int, QString, QString>("item", "policy", "state", "tree", "content");
+        const int exists = int(wire::ServiceError::Exists);
+
+        row("file, refused", "a.txt", 0, exists, "a.txt f/ f/a.txt", "mine");
+        row("file beside", "a.txt", 1, 0, "a (2).txt a.txt f/ f/a.txt", "mine");
+        row("file replaces", "a.txt", 2, 0, "a.txt f/ f/a.txt", "drive");
+        row("file is skipped", "a.txt", 3, 0, "a.txt f/ f/a.txt", "mine");
+        row("new file", "b.txt", 0, 0, "a.txt b.txt f/ f/a.txt", "mine");
+        row("folder beside", "f", 1, 0, "a.txt f/ f/a.txt f (2)/ f (2)/a.txt f (2)/e/", "mine");
+        row("folder merges", "f", 2, 0, "a.txt f/ f/a.txt f/e/", "drive");
+    }
+
+    void downloads()
+    {
+        QFETCH(QString, item);
+        QFETCH(int, policy);
+        TransferFixture fixture;
+        fixture.fill({"a.txt=drive"_s, "b.txt=drive"_s, "f/a.txt=drive"_s, "f/e/"_s});
+        DriveFixture::write(fixture.local("l/a.txt"), "mine");
+        DriveFixture::write(fixture.local("l/f/a.txt"), "mine");
+        DownloadCloudFileArg request;
+        request.item = fixture.idOf(qPrintable(item));
+        request.targetPath = fixture.local("l/").toStdString();
+        request.conflictPolicy = policy;
+        const auto result = fixture.client.call<DownloadCloudFileResult>("downloadFileFromCloud", request);
+        QTEST(result.state, "state");
+        QCOMPARE(result.taskId.empty(), result.state != 0);
+        if (result.state == 0)
+            QVERIFY(fixture.waitFor(result.taskId, TransferState::Done));
+        QFETCH(QString, tree);
+        QCOMPARE(DriveFixture::sorted(DriveFixture::tree(fixture.local("l"))), DriveFixture::sorted(tree));
+        QTEST(QString::fromUtf8(DriveFixture::read(fixture.local(item == "f"_s ? "l/f/a.txt" : "l/a.txt"))),
+            "content");
+        if (item == "b.txt"_s)
+            QCOMPARE(QFileInfo(fixture.local("l/b.txt")).lastModified(),
+                QFileInfo(fixture.inDrive("b.txt")).lastModified());
+    }
+
+    void permissions_data()
+    {
+        // replaced: 0: nothing is there
+        const auto row = columns<bool, int, int, int>("up", "source", "replaced", "mode");
+        row("upload", true, 0600, 0, 0600);
+        row("upload replaces", true, 0644, 0640, 0640);
+        row("download", false, 0600, 0, 0600);
+        row("download replaces", false, 0644, 0600, 0600);
+    }
+
+    void permissions()
+    {
+        QFETCH(bool, up);
+        QFETCH(int, source);
+        QFETCH(int, replaced);
+        TransferFixture fixture;
+        const QString here = fixture.local("l/a.txt");
+        const QString there = fixture.inDrive("a.txt");
+        const auto make = [](const QString &path, int mode) {
+            DriveFixture::write(path, path.toUtf8());
+            return ::chmod(QFile::encodeName(path).constData(), mode_t(mode)) == 0;
+        };
+        const auto modeOf = [](const QString &path) { return service::disk::modeAt(AT_FDCWD, path); };
+        QVERIFY(QDir().mkpath(fixture.local("l")) && make(up ? here : there, source));
+        QVERIFY(replaced == 0 || make(up ? there : here, replaced));
+        const auto id = up ? fixture.upload(here, 2) : fixture.download(fixture.idOf("a.txt"), here, 2);
+        QVERIFY(fixture.waitFor(id, TransferState::Done));
+        QCOMPARE(DriveFixture::read(up ? there : here), (up ? here : there).toUtf8());
+        QTEST(modeOf(up ? there : here), "mode");
+        QCOMPARE(fixture.recycleBin().size(), size_t(up && replaced ? 1 : 0)); // a person's document
+        for (const char *file : {"drive.db", "drive.db-wal", "drive.db-shm"})
+            QCOMPARE(modeOf(fixture.local(file)), 0600);
+    }
+
+    void linkedFoldersAreNotFilled()
+    {
+        TransferFixture fixture;
+        fixture.fill({"f/s/a.txt=drive"_s, "f/t.txt=drive"_s});
+        DriveFixture::write(fixture.local("far/a.txt"), "mine");
+        QVERIFY(QDir().mkpath(fixture.local("l/f")) && QDir().mkpath(fixture.local("m")));
+        for (const char *link : {"l/f/s", "m/f"})
+            QVERIFY(QFile::link(fixture.local("far"), fixture.local(link)));
+        for (const char *target : {"l/", "m/"}) {
+            const auto id = fixture.download(fixture.idOf("f"), fixture.local(target), 2);
+            QVERIFY(fixture.waitFor(id, TransferState::Failed));
+        }
+        QCOMPARE(DriveFixture::read(fixture.local("l/f/t.txt")), QByteArray("drive"));
+        QCOMPARE(DriveFixture::tree(fixture.local("far")), "a.txt"_s);
+        QCOMPARE(DriveFixture::read(fixture.local("far/a.txt")), QByteArray("mine"));
+    }
+
+    void stoppedInTheMiddle_data()
+    {
+        // end: of the service, else the user cancels
+        const auto row = columns<bool, bool>("up", "end");
+        row("upload cancelled", true, false);
+        row("download cancelled", false, false);
+        row("upload at the end of the service", true, true);
+        row("download at the end of the service", false, true);
+    }
+
+    void stoppedInTheMiddle()
+    {
+        QFETCH(bool, up);
+        QFETCH(bool, end);
+        TransferFixture fixture;
+        std::string id;
+        if (up) {
+            id = fixture.upload(fixture.makeLarge(fixture.local("large")));
+        } else {
+            fixture.makeLarge(fixture.inDrive("large"));
+            id = fixture.download(fixture.idOf("large"), fixture.local("l/large"));
+        }
+        QVERIFY(fixture.waitForProgress(id));
+        if (end) {
+            fixture.runner->stop();
+            QCOMPARE(fixture.stateOf(id), TransferState::Running); // and so it goes on after the next start
+        } else {
+            QCOMPARE(fixture.transfers->cancelTasks({QString::fromStdString(id)}), wire::ServiceError::None);
+            QVERIFY(fixture.waitFor(id, TransferState::Cancelled));
+            QCOMPARE(
+                fixture.transfers->cancelTasks({QString::fromStdString(id)}), wire::ServiceError::NotFound);
+            QCOMPARE(
+                fixture.client.pushed<NotifyFileTransferArg>("notifyFileTransfer").back().transferState, 6);
+        }
+        QCOMPARE(DriveFixture::tree(up ? fixture.root() : fixture.local("l")), QString());
+    }
+
+    void pausedAndContinued()
+    {
+        TransferFixture fixture;
+        const QString path = fixture.makeLarge(fixture.local("large"));
+        const std::string id = fixture.upload(path);
+        QVERIFY(fixture.waitForProgress(id));
+        UpdateTransferInfoArg request;
+        request.taskIds = {id, "nobody's"};
+        request.operation = 1;
+        const auto paused = fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", request);
+        QVERIFY(paused.failedItems.count("nobody's"));
+        QVERIFY(fixture.waitFor(id, TransferState::Paused));
+        QCOMPARE(DriveFixture::tree(fixture.root()), QString());
+        DriveFixture::write(path, "short now");
+        request.operation = 2;
+        fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", request);
+        QVERIFY(fixture.waitFor(id, TransferState::Done));
+        QCOMPARE(DriveFixture::read(fixture.inDrive("large")), QByteArray("short now"));
+    }
+
+    void goesOnAfterRestart_data()
+    {
+        // there: in the drive when the next process starts
+        // source: is still there
+        const auto row = columns<QString, bool, int, QString>("there", "source", "state", "tree");
+        row("nothing done", "", true, int(TransferState::Done), "a.txt");
+        row("all done but noted", "same", true, int(TransferState::Done), "a.txt");
+        row("somebody else took the name", "other", true, int(TransferState::Failed), "a.txt");
+        row("the file went", "", false, int(TransferState::Failed), "");
+    }
+
+    void goesOnAfterRestart()
+    {
+        QFETCH(QString, there);
+        QFETCH(bool, source);
+        TransferFixture fixture;
+        const QString path = fixture.local("a.txt");
+        DriveFixture::write(path, "content");
+        service::TransferTasks tasks(1);
+        tasks[0].info.transferType = int(service::TransferType::Upload);
+        tasks[0].info.transferState = int(TransferState::Running);
+        tasks[0].info.localPath = path.toStdString();
+        tasks[0].folder = "root"_s;
+        tasks[0].name = "a.txt"_s;
+        QCOMPARE(fixture.table.add(fixture.me.userId, tasks), wire::ServiceError::None);
+        if (!there.isEmpty()) {
+            DriveFixture::write(fixture.inDrive("a.txt"), there == "same"_s ? "content" : "something else");
+            QFile copy(fixture.inDrive("a.txt"));
+            QVERIFY(copy.open(QIODevice::ReadWrite));
+            QVERIFY(copy.setFileTime(QFileInfo(path).lastModified(), QFileDevice::FileModificationTime));
+        }
+        if (!source)
+            QVERIFY(QFile::remove(path));
+        fixture.startRunner();
+        QFETCH(int, state);
+        QVERIFY(fixture.waitFor(tasks[0].info.taskId, TransferState(state)));
+        const auto after = fixture.table.find(tasks[0].id());
+        QCOMPARE(after->info.errorInfo.errResult.empty(), state == int(TransferState::Done));
+        QTEST(DriveFixture::tree(fixture.root()), "tree");
+    }
+
+    void folderGoesOnWhereItWas()
+    {
+        TransferFixture fixture;
+        DriveFixture::write(fixture.local("f/a.txt"), "small");
+        fixture.makeLarge(fixture.local("f/large"));
         UploadFolderToCloudArg request;
-        request.folderPath = fixture.local("l/f").toStdString();
-        request.conflictPolicy = policy;
-        request.excludedSuffixes = {"tmp"};
-        result = fixture.client.call<VelaIpcResult>("folderUpload", request);
-    } else {
-        BatchUploadFilesToCloudArg request;
-        request.filePaths = {fixture.local("l/a.txt").toStdString(), "/nowhere", "/proc/self/status"};
-        request.conflictPolicy = policy;
-        result = fixture.client.call<VelaIpcResult>("batchUploadFileListToAnyExistedPath", request);
-        QCOMPARE(result.resultMap.at("/nowhere"), std::string("notFound"));
-        QCOMPARE(result.resultMap.at("/proc/self/status"), std::string("denied"));
-    }
-    QCOMPARE(result.state, 0);
-    QCOMPARE(result.resultList.size(), size_t(1));
-    QVERIFY(fixture.waitFor(result.resultList[0], TransferState::Done));
-    QFETCH(QString, tree);
-    QCOMPARE(DriveFixture::sorted(DriveFixture::tree(fixture.root())), DriveFixture::sorted(tree));
-    QTEST(QString::fromUtf8(DriveFixture::read(fixture.inDrive(folder ? "f/a.txt" : "a.txt"))), "content");
-}
-
-void TestTransfer::downloads_data()
-{
-    QTest::addColumn<QString>("item");
-    QTest::addColumn<int>("policy");
-    QTest::addColumn<int>("state"); // of the answer
-    QTest::addColumn<QString>("tree");
-    QTest::addColumn<QString>("content"); // of what was there
-    const int exists = int(wire::ServiceError::Exists);
-    const auto row = [](const char *name, const char *item, int policy, int state, const char *tree,
-                         const char *content) {
-        QTest::newRow(name) << QString::fromLatin1(item) << policy << state << QString::fromLatin1(tree)
-                            << QString::fromLatin1(content);
-    };
-    row("file, refused", "a.txt", 0, exists, "a.txt f/ f/a.txt", "mine");
-    row("file beside", "a.txt", 1, 0, "a (2).txt a.txt f/ f/a.txt", "mine");
-    row("file replaces", "a.txt", 2, 0, "a.txt f/ f/a.txt", "drive");
-    row("file is skipped", "a.txt", 3, 0, "a.txt f/ f/a.txt", "mine");
-    row("new file", "b.txt", 0, 0, "a.txt b.txt f/ f/a.txt", "mine");
-    row("folder beside", "f", 1, 0, "a.txt f/ f/a.txt f (2)/ f (2)/a.txt f (2)/e/", "mine");
-    row("folder merges", "f", 2, 0, "a.txt f/ f/a.txt f/e/", "drive");
-}
-
-void TestTransfer::downloads()
-{
-    QFETCH(QString, item);
-    QFETCH(int, policy);
-    TransferFixture fixture;
-    fixture.fill({QStringLiteral("a.txt=drive"), QStringLiteral("b.txt=drive"),
-        QStringLiteral("f/a.txt=drive"), QStringLiteral("f/e/")});
-    DriveFixture::write(fixture.local("l/a.txt"), "mine");
-    DriveFixture::write(fixture.local("l/f/a.txt"), "mine");
-    DownloadCloudFileArg request;
-    request.item = fixture.idOf(qPrintable(item));
-    request.targetPath = fixture.local("l/").toStdString();
-    request.conflictPolicy = policy;
-    const auto result = fixture.client.call<DownloadCloudFileResult>("downloadFileFromCloud", request);
-    QTEST(result.state, "state");
-    QCOMPARE(result.taskId.empty(), result.state != 0);
-    if (result.state == 0)
-        QVERIFY(fixture.waitFor(result.taskId, TransferState::Done));
-    QFETCH(QString, tree);
-    QCOMPARE(DriveFixture::sorted(DriveFixture::tree(fixture.local("l"))), DriveFixture::sorted(tree));
-    QTEST(QString::fromUtf8(
-              DriveFixture::read(fixture.local(item == QLatin1String("f") ? "l/f/a.txt" : "l/a.txt"))),
-        "content");
-    if (item == QLatin1String("b.txt"))
-        QCOMPARE(QFileInfo(fixture.local("l/b.txt")).lastModified(),
-            QFileInfo(fixture.inDrive("b.txt")).lastModified());
-}
-
-void TestTransfer::permissions_data()
-{
-    QTest::addColumn<bool>("up");
-    QTest::addColumn<int>("source");
-    QTest::addColumn<int>("replaced"); // 0: nothing is there
-    QTest::addColumn<int>("mode");
-    QTest::newRow("upload") << true << 0600 << 0 << 0600;
-    QTest::newRow("upload replaces") << true << 0644 << 0640 << 0640;
-    QTest::newRow("download") << false << 0600 << 0 << 0600;
-    QTest::newRow("download replaces") << false << 0644 << 0600 << 0600;
-}
-
-void TestTransfer::permissions()
-{
-    QFETCH(bool, up);
-    QFETCH(int, source);
-    QFETCH(int, replaced);
-    TransferFixture fixture;
-    const QString here = fixture.local("l/a.txt");
-    const QString there = fixture.inDrive("a.txt");
-    const auto make = [](const QString &path, int mode) {
-        DriveFixture::write(path, path.toUtf8());
-        return ::chmod(QFile::encodeName(path).constData(), mode_t(mode)) == 0;
-    };
-    const auto modeOf = [](const QString &path) { return service::disk::modeAt(AT_FDCWD, path); };
-    QVERIFY(QDir().mkpath(fixture.local("l")) && make(up ? here : there, source));
-    QVERIFY(replaced == 0 || make(up ? there : here, replaced));
-    const auto id = up ? fixture.upload(here, 2) : fixture.download(fixture.idOf("a.txt"), here, 2);
-    QVERIFY(fixture.waitFor(id, TransferState::Done));
-    QCOMPARE(DriveFixture::read(up ? there : here), (up ? here : there).toUtf8());
-    QTEST(modeOf(up ? there : here), "mode");
-    const auto bin =
-        fixture.client.call<GetRecycleBinListResult>("getRecycleBinList", GetRecycleBinListArg());
-    QCOMPARE(bin.items.size(), size_t(up && replaced ? 1 : 0)); // a person's document
-    for (const char *file : {"drive.db", "drive.db-wal", "drive.db-shm"})
-        QCOMPARE(modeOf(fixture.local(file)), 0600);
-}
-
-void TestTransfer::linkedFoldersAreNotFilled()
-{
-    TransferFixture fixture;
-    fixture.fill({QStringLiteral("f/s/a.txt=drive"), QStringLiteral("f/t.txt=drive")});
-    DriveFixture::write(fixture.local("far/a.txt"), "mine");
-    QVERIFY(QDir().mkpath(fixture.local("l/f")) && QDir().mkpath(fixture.local("m")));
-    for (const char *link : {"l/f/s", "m/f"})
-        QVERIFY(QFile::link(fixture.local("far"), fixture.local(link)));
-    for (const char *target : {"l/", "m/"}) {
-        const auto id = fixture.download(fixture.idOf("f"), fixture.local(target), 2);
-        QVERIFY(fixture.waitFor(id, TransferState::Failed));
-    }
-    QCOMPARE(DriveFixture::read(fixture.local("l/f/t.txt")), QByteArray("drive"));
-    QCOMPARE(DriveFixture::tree(fixture.local("far")), QStringLiteral("a.txt"));
-    QCOMPARE(DriveFixture::read(fixture.local("far/a.txt")), QByteArray("mine"));
-}
-
-void TestTransfer::stoppedInTheMiddle_data()
-{
-    QTest::addColumn<bool>("up");
-    QTest::addColumn<bool>("end"); // of the service, else the user cancels
-    QTest::newRow("upload cancelled") << true << false;
-    QTest::newRow("download cancelled") << false << false;
-    QTest::newRow("upload at the end of the service") << true << true;
-    QTest::newRow("download at the end of the service") << false << true;
-}
-
-void TestTransfer::stoppedInTheMiddle()
-{
-    QFETCH(bool, up);
-    QFETCH(bool, end);
-    TransferFixture fixture;
-    std::string id;
-    if (up) {
-        id = fixture.upload(fixture.makeLarge(fixture.local("large")));
-    } else {
-        fixture.makeLarge(fixture.inDrive("large"));
-        id = fixture.download(fixture.idOf("large"), fixture.local("l/large"));
-    }
-    QVERIFY(fixture.waitForProgress(id));
-    if (end) {
+        request.folderPath = fixture.local("f").toStdString();
+        const auto id = fixture.client.call<VelaIpcResult>("folderUpload", request).resultList.at(0);
+        QVERIFY(fixture.waitForProgress(id, 2));
         fixture.runner->stop();
-        QCOMPARE(fixture.stateOf(id), TransferState::Running); // and so it goes on after the next start
-    } else {
-        QCOMPARE(fixture.transfers->cancelTasks({QString::fromStdString(id)}), wire::ServiceError::None);
-        QVERIFY(fixture.waitFor(id, TransferState::Cancelled));
-        QCOMPARE(fixture.transfers->cancelTasks({QString::fromStdString(id)}), wire::ServiceError::NotFound);
-        QCOMPARE(fixture.client.pushed<NotifyFileTransferArg>("notifyFileTransfer").back().transferState, 6);
+        QCOMPARE(DriveFixture::tree(fixture.root()), "f/ f/a.txt"_s);
+        DriveFixture::write(fixture.local("f/large"), "small now");
+        fixture.startRunner();
+        QVERIFY(fixture.waitFor(id, TransferState::Done));
+        QCOMPARE(DriveFixture::tree(fixture.root()), "f/ f/a.txt f/large"_s);
     }
-    QCOMPARE(DriveFixture::tree(up ? fixture.root() : fixture.local("l")), QString());
-}
 
-void TestTransfer::pausedAndContinued()
-{
-    TransferFixture fixture;
-    const QString path = fixture.makeLarge(fixture.local("large"));
-    const std::string id = fixture.upload(path);
-    QVERIFY(fixture.waitForProgress(id));
-    UpdateTransferInfoArg request;
-    request.taskIds = {id, "nobody's"};
-    request.operation = 1;
-    const auto paused = fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", request);
-    QVERIFY(paused.failedItems.count("nobody's"));
-    QVERIFY(fixture.waitFor(id, TransferState::Paused));
-    QCOMPARE(DriveFixture::tree(fixture.root()), QString());
-    DriveFixture::write(path, "short now");
-    request.operation = 2;
-    fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", request);
-    QVERIFY(fixture.waitFor(id, TransferState::Done));
-    QCOMPARE(DriveFixture::read(fixture.inDrive("large")), QByteArray("short now"));
-}
-
-void TestTransfer::goesOnAfterRestart_data()
-{
-    QTest::addColumn<QString>("there"); // in the drive when the next process starts
-    QTest::addColumn<bool>("source");   // is still there
-    QTest::addColumn<int>("state");
-    QTest::addColumn<QString>("tree");
-    QTest::newRow("nothing done") << "" << true << int(TransferState::Done) << "a.txt";
-    QTest::newRow("all done but noted") << "same" << true << int(TransferState::Done) << "a.txt";
-    QTest::newRow("somebody else took the name") << "other" << true << int(TransferState::Failed) << "a.txt";
-    QTest::newRow("the file went") << "" << false << int(TransferState::Failed) << "";
-}
-
-void TestTransfer::goesOnAfterRestart()
-{
-    QFETCH(QString, there);
-    QFETCH(bool, source);
-    TransferFixture fixture;
-    const QString path = fixture.local("a.txt");
-    DriveFixture::write(path, "content");
-    service::TransferTasks tasks(1);
-    tasks[0].info.transferType = int(service::TransferType::Upload);
-    tasks[0].info.transferState = int(TransferState::Running);
-    tasks[0].info.localPath = path.toStdString();
-    tasks[0].folder = QStringLiteral("root");
-    tasks[0].name = QStringLiteral("a.txt");
-    QCOMPARE(fixture.table.add(fixture.me.userId, tasks), wire::ServiceError::None);
-    if (!there.isEmpty()) {
-        DriveFixture::write(
-            fixture.inDrive("a.txt"), there == QLatin1String("same") ? "content" : "something else");
-        QFile copy(fixture.inDrive("a.txt"));
-        QVERIFY(copy.open(QIODevice::ReadWrite));
-        QVERIFY(copy.setFileTime(QFileInfo(path).lastModified(), QFileDevice::FileModificationTime));
+    void fullDisk_data()
+    {
+        const auto row = columns<bool>("up");
+        row("upload", true);
+        row("download", false);
     }
-    if (!source)
-        QVERIFY(QFile::remove(path));
-    fixture.startRunner();
-    QFETCH(int, state);
-    QVERIFY(fixture.waitFor(tasks[0].info.taskId, TransferState(state)));
-    const auto after = fixture.table.find(tasks[0].id());
-    QCOMPARE(after->info.errorInfo.errResult.empty(), state == int(TransferState::Done));
-    QTEST(DriveFixture::tree(fixture.root()), "tree");
-}
 
-void TestTransfer::folderGoesOnWhereItWas()
-{
-    TransferFixture fixture;
-    DriveFixture::write(fixture.local("f/a.txt"), "small");
-    fixture.makeLarge(fixture.local("f/large"));
-    UploadFolderToCloudArg request;
-    request.folderPath = fixture.local("f").toStdString();
-    const auto id = fixture.client.call<VelaIpcResult>("folderUpload", request).resultList.at(0);
-    QVERIFY(fixture.waitForProgress(id, 2));
-    fixture.runner->stop();
-    QCOMPARE(DriveFixture::tree(fixture.root()), QStringLiteral("f/ f/a.txt"));
-    DriveFixture::write(fixture.local("f/large"), "small now");
-    fixture.startRunner();
-    QVERIFY(fixture.waitFor(id, TransferState::Done));
-    QCOMPARE(DriveFixture::tree(fixture.root()), QStringLiteral("f/ f/a.txt f/large"));
-}
+    void fullDisk()
+    {
+        QFETCH(bool, up);
+        TransferFixture fixture;
+        const QByteArray content(3 << 20, 'x');
+        DriveFixture::write(up ? fixture.local("big") : fixture.inDrive("big"), content);
+        std::signal(SIGXFSZ, SIG_IGN);
+        struct rlimit before;
+        ::getrlimit(RLIMIT_FSIZE, &before);
+        struct rlimit small = before;
+        small.rlim_cur = 2 << 20;
+        ::setrlimit(RLIMIT_FSIZE, &small);
+        const std::string id = up ? fixture.upload(fixture.local("big"))
+                                  : fixture.download(fixture.idOf("big"), fixture.local("l/big"));
+        const bool failed = fixture.waitFor(id, TransferState::Failed);
+        ::setrlimit(RLIMIT_FSIZE, &before);
+        QVERIFY(failed);
+        const auto task = fixture.table.find(QString::fromStdString(id));
+        QVERIFY2(
+            task->info.errorInfo.errResult == "diskFull" || task->info.errorInfo.errResult == "inputOutput",
+            task->info.errorInfo.errResult.c_str());
+        QCOMPARE(DriveFixture::tree(up ? fixture.root() : fixture.local("l")), QString());
+        UpdateTransferInfoArg again;
+        again.taskIds = {id};
+        again.operation = 4;
+        fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", again);
+        QVERIFY(fixture.waitFor(id, TransferState::Done));
+        QCOMPARE(DriveFixture::read(up ? fixture.inDrive("big") : fixture.local("l/big")), content);
+    }
 
-void TestTransfer::fullDisk_data()
-{
-    QTest::addColumn<bool>("up");
-    QTest::newRow("upload") << true;
-    QTest::newRow("download") << false;
-}
-
-void TestTransfer::fullDisk()
-{
-    QFETCH(bool, up);
-    TransferFixture fixture;
-    const QByteArray content(3 << 20, 'x');
-    DriveFixture::write(up ? fixture.local("big") : fixture.inDrive("big"), content);
-    std::signal(SIGXFSZ, SIG_IGN);
-    struct rlimit before;
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    struct rlimit small = before;
-    small.rlim_cur = 2 << 20;
-    ::setrlimit(RLIMIT_FSIZE, &small);
-    const std::string id = up ? fixture.upload(fixture.local("big"))
-                              : fixture.download(fixture.idOf("big"), fixture.local("l/big"));
-    const bool failed = fixture.waitFor(id, TransferState::Failed);
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    QVERIFY(failed);
-    const auto task = fixture.table.find(QString::fromStdString(id));
-    QVERIFY2(task->info.errorInfo.errResult == "diskFull" || task->info.errorInfo.errResult == "inputOutput",
-        task->info.errorInfo.errResult.c_str());
-    QCOMPARE(DriveFixture::tree(up ? fixture.root() : fixture.local("l")), QString());
-    UpdateTransferInfoArg again;
-    again.taskIds = {id};
-    again.operation = 4;
-    fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", again);
-    QVERIFY(fixture.waitFor(id, TransferState::Done));
-    QCOMPARE(DriveFixture::read(up ? fixture.inDrive("big") : fixture.local("l/big")), content);
-}
-
-void TestTransfer::unreadableFileLeavesTheOthers()
-{
-    TransferFixture fixture;
-    fixture.fill({QStringLiteral("f/b.txt/")}); // a folder where a file is to go
-    for (const char *file : {"f/a.txt", "f/b.txt", "f/c.txt"})
-        DriveFixture::write(fixture.local(file), "x");
-    UploadFolderToCloudArg request;
-    request.folderPath = fixture.local("f").toStdString();
-    request.conflictPolicy = 2;
-    const auto id = fixture.client.call<VelaIpcResult>("folderUpload", request).resultList.at(0);
-    QVERIFY(fixture.waitFor(id, TransferState::Failed));
-    QCOMPARE(fixture.table.find(QString::fromStdString(id))->info.errorInfo.errResult, std::string("exists"));
-    QCOMPARE(DriveFixture::tree(fixture.root()), QStringLiteral("f/ f/a.txt f/b.txt/ f/c.txt"));
-}
+    void unreadableFileLeavesTheOthers()
+    {
+        TransferFixture fixture;
+        fixture.fill({"f/b.txt/"_s}); // a folder where a file is to go
+        for (const char *file : {"f/a.txt", "f/b.txt", "f/c.txt"})
+            DriveFixture::write(fixture.local(file), "x");
+        UploadFolderToCloudArg request;
+        request.folderPath = fixture.local("f").toStdString();
+        request.conflictPolicy = 2;
+        const auto id = fixture.client.call<VelaIpcResult>("folderUpload", request).resultList.at(0);
+        QVERIFY(fixture.waitFor(id, TransferState::Failed));
+        QCOMPARE(
+            fixture.table.find(QString::fromStdString(id))->info.errorInfo.errResult, std::string("exists"));
+        QCOMPARE(DriveFixture::tree(fixture.root()), "f/ f/a.txt f/b.txt/ f/c.txt"_s);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestTransfer)
 #include "tst_transfer.moc"
