@@ -3,12 +3,45 @@
 #   zel_test(name SOURCES a.cpp LINK lib... [DISPLAY] [LABEL text] [TIMEOUT seconds] [ENV "A=b"...])
 function(zel_test name)
     cmake_parse_arguments(ARG "DISPLAY" "LABEL;TIMEOUT" "SOURCES;LINK;ENV" ${ARGN})
+    zel_test_program(${name} SOURCES ${ARG_SOURCES} LINK ${ARG_LINK})
+    # What a failed comparison prints has to be known before QtTest's header.
+    target_compile_options(${name} PRIVATE -include "${CMAKE_SOURCE_DIR}/tests/support/words.h")
+    zel_register(${name} COMMAND $<TARGET_FILE:${name}> LABEL "${ARG_LABEL}" TIMEOUT "${ARG_TIMEOUT}"
+        ENV ${ARG_ENV} DISPLAY_WANTED ${ARG_DISPLAY})
+endfunction()
+
+# Adds a program that may use what tests have, without registering it.
+function(zel_test_program name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LINK} Qt5::Test)
     target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/src" "${CMAKE_SOURCE_DIR}/tests")
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
-    zel_register(${name} COMMAND $<TARGET_FILE:${name}> LABEL "${ARG_LABEL}" TIMEOUT "${ARG_TIMEOUT}"
-        ENV ${ARG_ENV} DISPLAY_WANTED ${ARG_DISPLAY})
+endfunction()
+
+# Adds a program that paints pictures for people (support/picturerun.h). The target `pictures` runs all of them into
+# <build>/pictures/<name>, once with each of VARIANTS: words for the program.
+#   zel_pictures(name SOURCES a.cpp LINK lib... [DEPENDS target...] [ENV "A=b"...] [VARIANTS "dark 2x"...])
+function(zel_pictures name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;LINK;DEPENDS;ENV;VARIANTS" ${ARGN})
+    zel_test_program(${name} SOURCES ${ARG_SOURCES} LINK ${ARG_LINK})
+    if(NOT ARG_VARIANTS)
+        set(ARG_VARIANTS light dark "light 2x" "light zh_CN")
+    endif()
+    set(folder "${CMAKE_BINARY_DIR}/pictures/${name}")
+    set(runs "")
+    foreach(variant IN LISTS ARG_VARIANTS)
+        separate_arguments(words UNIX_COMMAND "${variant}")
+        list(APPEND runs COMMAND ${CMAKE_COMMAND} -E env
+            "ZEL_RESOURCES=${CMAKE_BINARY_DIR}/share/zelbox/res/2019zelbox" ${ARG_ENV}
+            "${CMAKE_SOURCE_DIR}/tests/support/private-home.sh" $<TARGET_FILE:${name}> "${folder}" ${words})
+    endforeach()
+    add_custom_target(paint_${name} COMMAND ${CMAKE_COMMAND} -E make_directory "${folder}" ${runs} VERBATIM)
+    add_dependencies(paint_${name} ${name} zelicons translations ${ARG_DEPENDS})
+    if(NOT TARGET pictures)
+        add_custom_target(pictures)
+    endif()
+    add_dependencies(pictures paint_${name})
 endfunction()
 
 # Registers a command as a test with the same private surroundings.

@@ -1,7 +1,7 @@
 #include "app/commandrecorder.h"
 #include "app/desktopactivation.h"
 #include "app/startupnotice.h"
-#include "platform/runtime/privatebus.h"
+#include "support/privatebus.h"
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>

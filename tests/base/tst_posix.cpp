@@ -2,6 +2,7 @@
 #include "base/posix/runtimedir.h"
 #include "base/posix/singleinstance.h"
 #include "base/posix/unixsocket.h"
+#include "support/table.h"
 
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -68,199 +69,174 @@ private Q_SLOTS:
         qputenv("XDG_RUNTIME_DIR", m_folder->path().toLocal8Bit());
     }
 
-    void runtimeDirIsPrivate_data();
-    void runtimeDirIsPrivate();
-    void runtimeDirWithoutXdg_data();
-    void runtimeDirWithoutXdg();
-    void lockWaitEndsAtDeadline();
-    void lockWaitEndsWithTheHolder();
-    void lockFileIsNoLink();
-    void oneOwner();
-    void killedOwnerLeavesNothing();
-    void releasedOwnershipIsFree();
-    void fullQueueEndsAtDeadline();
-    void tooLongPath();
+    void runtimeDirIsPrivate_data()
+    {
+        const auto row = zeltest::table<QString, bool>("before", "usable");
+        row("missing", "", true);
+        row("private", "private", true);
+        row("open to others is closed", "open", true);
+        row("symbolic link", "link", false);
+        row("file", "file", false);
+        row("of another user", "stranger", false);
+    }
+    void runtimeDirIsPrivate()
+    {
+        QFETCH(QString, before);
+        QFETCH(bool, usable);
+        const std::string folder = path("zelbox");
+        if (before == QLatin1String("link")) {
+            QCOMPARE(::mkdir(path("target").c_str(), 0700), 0);
+            QCOMPARE(::symlink(path("target").c_str(), folder.c_str()), 0);
+        } else if (before == QLatin1String("file")) {
+            QVERIFY(openLockFile(folder));
+        } else if (!before.isEmpty()) {
+            QCOMPARE(::mkdir(folder.c_str(), 0700), 0);
+            QCOMPARE(::chmod(folder.c_str(), before == QLatin1String("open") ? 0777 : 0700), 0);
+            if (before == QLatin1String("stranger") && ::chown(folder.c_str(), stranger, stranger) != 0)
+                QSKIP("only root can give a folder away");
+        }
+        const RuntimeDir dir = openRuntimeDir();
+        QCOMPARE(dir.error.empty(), usable);
+        QCOMPARE(dir.path, usable ? folder : std::string());
+        struct stat info = {};
+        if (usable) {
+            QCOMPARE(::stat(folder.c_str(), &info), 0);
+            QCOMPARE(info.st_mode & 0777U, 0700U);
+        }
+    }
+
+    void runtimeDirWithoutXdg_data()
+    {
+        const auto row = zeltest::table<bool>("set");
+        row("unset", false);
+        row("relative", true);
+    }
+    void runtimeDirWithoutXdg()
+    {
+        QFETCH(bool, set);
+        const QByteArray temporary = qgetenv("TMPDIR");
+        qputenv("TMPDIR", m_folder->path().toLocal8Bit());
+        if (set)
+            qputenv("XDG_RUNTIME_DIR", "relative/folder");
+        else
+            qunsetenv("XDG_RUNTIME_DIR");
+        const RuntimeDir dir = openRuntimeDir();
+        qputenv("TMPDIR", temporary);
+        QCOMPARE(dir.error, std::string());
+        QCOMPARE(dir.path, path("zelbox-") + std::to_string(::getuid()));
+    }
+
+    void lockWaitEndsAtDeadline()
+    {
+        const UniqueFd held = openLockFile(path("lock"));
+        const UniqueFd waiting = openLockFile(path("lock"));
+        QVERIFY(tryLock(held.get()));
+        QVERIFY(!tryLock(waiting.get()));
+        QCOMPARE(errno, EWOULDBLOCK);
+        const auto begin = std::chrono::steady_clock::now();
+        QVERIFY(!lockUntil(waiting.get(), deadlineIn(80ms)));
+        QCOMPARE(errno, ETIMEDOUT);
+        const auto took = std::chrono::steady_clock::now() - begin;
+        QVERIFY2(took >= 80ms && took < 5s, "the wait did not keep to its deadline");
+    }
+
+    void lockWaitEndsWithTheHolder()
+    {
+        Other holder([this] {
+            static UniqueFd held = openLockFile(path("lock"));
+            if (!tryLock(held.get()))
+                ::_exit(1);
+        });
+        QVERIFY(holder.done());
+        const UniqueFd waiting = openLockFile(path("lock"));
+        QVERIFY(!tryLock(waiting.get()));
+        std::thread killer([&holder] { holder.kill(); });
+        const bool locked = lockUntil(waiting.get(), deadlineIn(20s));
+        killer.join();
+        QVERIFY(locked);
+    }
+
+    void lockFileIsNoLink()
+    {
+        QCOMPARE(::symlink(path("target").c_str(), path("lock").c_str()), 0);
+        QVERIFY(!openLockFile(path("lock")));
+        QVERIFY(!QFileInfo::exists(QString::fromStdString(path("target"))));
+    }
+
+    void oneOwner()
+    {
+        const std::string folder = m_folder->path().toStdString();
+        SingleInstance first(folder, "one");
+        SingleInstance second(folder, "one");
+        SingleInstance unrelated(folder, "other");
+        QCOMPARE(first.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
+        QCOMPARE(second.claim(deadlineIn(5s)), SingleInstance::Claim::Taken);
+        QCOMPARE(unrelated.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
+
+        const UniqueFd client = connectUnixUntil(second.socketPath(), deadlineIn(5s));
+        QVERIFY(client);
+        QVERIFY(peerIsSameUser(client.get()));
+        QVERIFY(acceptUnix(first.listener()));
+        QVERIFY(!acceptUnix(unrelated.listener()));
+    }
+
+    void killedOwnerLeavesNothing()
+    {
+        const std::string folder = m_folder->path().toStdString();
+        Other owner([&folder] {
+            static SingleInstance instance(folder, "one");
+            if (instance.claim(deadlineIn(5s)) != SingleInstance::Claim::Owner)
+                ::_exit(1);
+        });
+        QVERIFY(owner.done());
+        SingleInstance next(folder, "one");
+        QCOMPARE(next.claim(deadlineIn(5s)), SingleInstance::Claim::Taken);
+        owner.kill();
+        QVERIFY2(
+            QFileInfo::exists(QString::fromStdString(next.socketPath())), "the stale socket should be there");
+        QCOMPARE(next.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
+        QVERIFY(connectUnixUntil(next.socketPath(), deadlineIn(5s)));
+    }
+
+    void releasedOwnershipIsFree()
+    {
+        const std::string folder = m_folder->path().toStdString();
+        SingleInstance first(folder, "one");
+        SingleInstance second(folder, "one");
+        QCOMPARE(first.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
+        {
+            const UniqueFd starts = first.holdStarts(deadlineIn(5s));
+            QVERIFY(starts);
+            QCOMPARE(second.claim(deadlineIn(50ms)), SingleInstance::Claim::Failed);
+            first.release();
+            QVERIFY(!connectUnixNow(first.socketPath()));
+            QCOMPARE(errno, ENOENT);
+        }
+        QCOMPARE(second.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
+        first.release(); // not the owner any more: must leave the new one's socket alone
+        QVERIFY(connectUnixNow(second.socketPath()));
+    }
+
+    void fullQueueEndsAtDeadline()
+    {
+        const UniqueFd listener = listenUnix(path("socket"), 0);
+        QVERIFY(listener);
+        std::vector<UniqueFd> queued;
+        while (queued.size() < 10) {
+            UniqueFd fd = connectUnixNow(path("socket"));
+            if (!fd)
+                break;
+            queued.push_back(std::move(fd));
+        }
+        QCOMPARE(errno, EAGAIN);
+        QVERIFY(!connectUnixUntil(path("socket"), deadlineIn(50ms)));
+        QCOMPARE(errno, EAGAIN);
+    }
 
 private:
     std::string path(const char *name) const { return m_folder->filePath(QLatin1String(name)).toStdString(); }
     std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-void TestPosix::runtimeDirIsPrivate_data()
-{
-    QTest::addColumn<QString>("before");
-    QTest::addColumn<bool>("usable");
-    QTest::newRow("missing") << "" << true;
-    QTest::newRow("private") << "private" << true;
-    QTest::newRow("open to others is closed") << "open" << true;
-    QTest::newRow("symbolic link") << "link" << false;
-    QTest::newRow("file") << "file" << false;
-    QTest::newRow("of another user") << "stranger" << false;
-}
-
-void TestPosix::runtimeDirIsPrivate()
-{
-    QFETCH(QString, before);
-    QFETCH(bool, usable);
-    const std::string folder = path("zelbox");
-    if (before == QLatin1String("link")) {
-        QCOMPARE(::mkdir(path("target").c_str(), 0700), 0);
-        QCOMPARE(::symlink(path("target").c_str(), folder.c_str()), 0);
-    } else if (before == QLatin1String("file")) {
-        QVERIFY(openLockFile(folder));
-    } else if (!before.isEmpty()) {
-        QCOMPARE(::mkdir(folder.c_str(), 0700), 0);
-        QCOMPARE(::chmod(folder.c_str(), before == QLatin1String("open") ? 0777 : 0700), 0);
-        if (before == QLatin1String("stranger") && ::chown(folder.c_str(), stranger, stranger) != 0)
-            QSKIP("only root can give a folder away");
-    }
-    const RuntimeDir dir = openRuntimeDir();
-    QCOMPARE(dir.error.empty(), usable);
-    QCOMPARE(dir.path, usable ? folder : std::string());
-    struct stat info = {};
-    if (usable) {
-        QCOMPARE(::stat(folder.c_str(), &info), 0);
-        QCOMPARE(info.st_mode & 0777U, 0700U);
-    }
-}
-
-void TestPosix::runtimeDirWithoutXdg_data()
-{
-    QTest::addColumn<bool>("set");
-    QTest::newRow("unset") << false;
-    QTest::newRow("relative") << true;
-}
-
-void TestPosix::runtimeDirWithoutXdg()
-{
-    QFETCH(bool, set);
-    const QByteArray temporary = qgetenv("TMPDIR");
-    qputenv("TMPDIR", m_folder->path().toLocal8Bit());
-    if (set)
-        qputenv("XDG_RUNTIME_DIR", "relative/folder");
-    else
-        qunsetenv("XDG_RUNTIME_DIR");
-    const RuntimeDir dir = openRuntimeDir();
-    qputenv("TMPDIR", temporary);
-    QCOMPARE(dir.error, std::string());
-    QCOMPARE(dir.path, path("zelbox-") + std::to_string(::getuid()));
-}
-
-void TestPosix::lockWaitEndsAtDeadline()
-{
-    const UniqueFd held = openLockFile(path("lock"));
-    const UniqueFd waiting = openLockFile(path("lock"));
-    QVERIFY(tryLock(held.get()));
-    QVERIFY(!tryLock(waiting.get()));
-    QCOMPARE(errno, EWOULDBLOCK);
-    const auto begin = std::chrono::steady_clock::now();
-    QVERIFY(!lockUntil(waiting.get(), deadlineIn(80ms)));
-    QCOMPARE(errno, ETIMEDOUT);
-    const auto took = std::chrono::steady_clock::now() - begin;
-    QVERIFY2(took >= 80ms && took < 5s, "the wait did not keep to its deadline");
-}
-
-void TestPosix::lockWaitEndsWithTheHolder()
-{
-    Other holder([this] {
-        static UniqueFd held = openLockFile(path("lock"));
-        if (!tryLock(held.get()))
-            ::_exit(1);
-    });
-    QVERIFY(holder.done());
-    const UniqueFd waiting = openLockFile(path("lock"));
-    QVERIFY(!tryLock(waiting.get()));
-    std::thread killer([&holder] { holder.kill(); });
-    const bool locked = lockUntil(waiting.get(), deadlineIn(20s));
-    killer.join();
-    QVERIFY(locked);
-}
-
-void TestPosix::lockFileIsNoLink()
-{
-    QCOMPARE(::symlink(path("target").c_str(), path("lock").c_str()), 0);
-    QVERIFY(!openLockFile(path("lock")));
-    QVERIFY(!QFileInfo::exists(QString::fromStdString(path("target"))));
-}
-
-void TestPosix::oneOwner()
-{
-    const std::string folder = m_folder->path().toStdString();
-    SingleInstance first(folder, "one");
-    SingleInstance second(folder, "one");
-    SingleInstance unrelated(folder, "other");
-    QCOMPARE(first.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
-    QCOMPARE(second.claim(deadlineIn(5s)), SingleInstance::Claim::Taken);
-    QCOMPARE(unrelated.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
-
-    const UniqueFd client = connectUnixUntil(second.socketPath(), deadlineIn(5s));
-    QVERIFY(client);
-    QVERIFY(peerIsSameUser(client.get()));
-    QVERIFY(acceptUnix(first.listener()));
-    QVERIFY(!acceptUnix(unrelated.listener()));
-}
-
-void TestPosix::killedOwnerLeavesNothing()
-{
-    const std::string folder = m_folder->path().toStdString();
-    Other owner([&folder] {
-        static SingleInstance instance(folder, "one");
-        if (instance.claim(deadlineIn(5s)) != SingleInstance::Claim::Owner)
-            ::_exit(1);
-    });
-    QVERIFY(owner.done());
-    SingleInstance next(folder, "one");
-    QCOMPARE(next.claim(deadlineIn(5s)), SingleInstance::Claim::Taken);
-    owner.kill();
-    QVERIFY2(
-        QFileInfo::exists(QString::fromStdString(next.socketPath())), "the stale socket should be there");
-    QCOMPARE(next.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
-    QVERIFY(connectUnixUntil(next.socketPath(), deadlineIn(5s)));
-}
-
-void TestPosix::releasedOwnershipIsFree()
-{
-    const std::string folder = m_folder->path().toStdString();
-    SingleInstance first(folder, "one");
-    SingleInstance second(folder, "one");
-    QCOMPARE(first.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
-    {
-        const UniqueFd starts = first.holdStarts(deadlineIn(5s));
-        QVERIFY(starts);
-        QCOMPARE(second.claim(deadlineIn(50ms)), SingleInstance::Claim::Failed);
-        first.release();
-        QVERIFY(!connectUnixNow(first.socketPath()));
-        QCOMPARE(errno, ENOENT);
-    }
-    QCOMPARE(second.claim(deadlineIn(5s)), SingleInstance::Claim::Owner);
-    first.release(); // not the owner any more: must leave the new one's socket alone
-    QVERIFY(connectUnixNow(second.socketPath()));
-}
-
-void TestPosix::fullQueueEndsAtDeadline()
-{
-    const UniqueFd listener = listenUnix(path("socket"), 0);
-    QVERIFY(listener);
-    std::vector<UniqueFd> queued;
-    while (queued.size() < 10) {
-        UniqueFd fd = connectUnixNow(path("socket"));
-        if (!fd)
-            break;
-        queued.push_back(std::move(fd));
-    }
-    QCOMPARE(errno, EAGAIN);
-    QVERIFY(!connectUnixUntil(path("socket"), deadlineIn(50ms)));
-    QCOMPARE(errno, EAGAIN);
-}
-
-void TestPosix::tooLongPath()
-{
-    const std::string longPath = path("x") + std::string(200, 'x');
-    QVERIFY(!listenUnix(longPath));
-    QCOMPARE(errno, ENAMETOOLONG);
-    QVERIFY(!connectUnixNow(longPath));
-    QCOMPARE(errno, ENAMETOOLONG);
-}
 
 QTEST_APPLESS_MAIN(TestPosix)
 #include "tst_posix.moc"

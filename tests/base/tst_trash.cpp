@@ -1,10 +1,9 @@
 #include "base/paths.h"
 #include "base/trash/trash.h"
 #include "base/trash/trashinfo.h"
+#include "support/table.h"
+#include "support/temptree.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
 #include <QtTest>
 
 #include <sys/stat.h>
@@ -20,22 +19,9 @@ bool isThere(const QString &path) // links count themselves
     return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
 }
 
-void write(const QString &path, const QByteArray &text)
+QString inTrash(const char *name = "")
 {
-    QFile file(path);
-    QVERIFY(QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(text), text.size());
-}
-
-QByteArray textOf(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QString homeTrash()
-{
-    return zel::paths::dataHome() + QStringLiteral("/Trash");
+    return QDir::cleanPath(zel::paths::dataHome() + QStringLiteral("/Trash/") + QString::fromUtf8(name));
 }
 
 quint64 deviceOf(const QString &path)
@@ -52,23 +38,20 @@ class TrashTest : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { m_folder = std::make_unique<QTemporaryDir>(); }
+    void init() { m_tree = std::make_unique<zeltest::TempTree>(); }
 
     void pathsOfInfos_data()
     {
-        QTest::addColumn<QByteArray>("text");
-        QTest::addColumn<QByteArray>("path");
-        QTest::newRow("plain") << QByteArray("[Trash Info]\nPath=/a/b%20c\nDeletionDate=x\n")
-                               << QByteArray("/a/b c");
-        QTest::newRow("first counts") << QByteArray("[Trash Info]\nPath=a\nPath=b\n") << QByteArray("a");
-        QTest::newRow("unknown keys, blanks, CR")
-            << QByteArray("[Trash Info]\r\nX-A=1\r\nPath = a\r\n") << QByteArray("a");
-        QTest::newRow("other group") << QByteArray("[Trash Info]\n[X]\nPath=a\n") << QByteArray();
-        QTest::newRow("no group") << QByteArray("Path=a\n") << QByteArray();
-        QTest::newRow("climbs out") << QByteArray("[Trash Info]\nPath=a/../../b\n") << QByteArray();
-        QTest::newRow("climbs out, encoded") << QByteArray("[Trash Info]\nPath=%2e%2E/b\n") << QByteArray();
-        QTest::newRow("NUL") << QByteArray("[Trash Info]\nPath=/a%00b\n") << QByteArray();
-        QTest::newRow("empty") << QByteArray() << QByteArray();
+        const auto row = zeltest::table<QByteArray, QByteArray>("text", "path");
+        row("plain", "[Trash Info]\nPath=/a/b%20c\nDeletionDate=x\n", "/a/b c");
+        row("first counts", "[Trash Info]\nPath=a\nPath=b\n", "a");
+        row("unknown keys, blanks, CR", "[Trash Info]\r\nX-A=1\r\nPath = a\r\n", "a");
+        row("other group", "[Trash Info]\n[X]\nPath=a\n", {});
+        row("no group", "Path=a\n", {});
+        row("climbs out", "[Trash Info]\nPath=a/../../b\n", {});
+        row("climbs out, encoded", "[Trash Info]\nPath=%2e%2E/b\n", {});
+        row("NUL", "[Trash Info]\nPath=/a%00b\n", {});
+        row("empty", {}, {});
     }
     void pathsOfInfos()
     {
@@ -78,15 +61,13 @@ private Q_SLOTS:
 
     void names_data()
     {
-        QTest::addColumn<QByteArray>("name");
-        QTest::addColumn<int>("attempt");
-        QTest::addColumn<QByteArray>("expected");
-        QTest::newRow("first") << QByteArray("a.txt") << 1 << QByteArray("a.txt");
-        QTest::newRow("second") << QByteArray("a.txt") << 2 << QByteArray("a.2.txt");
-        QTest::newRow("hidden") << QByteArray(".profile") << 2 << QByteArray(".profile.2");
-        QTest::newRow("long") << QByteArray(60, 'x') + ".txt" << 12 << QByteArray(23, 'x') + ".12.txt";
-        QTest::newRow("cut between characters") << QByteArray("x") + QByteArray("ä").repeated(30) << 1
-                                                << QByteArray("x") + QByteArray("ä").repeated(14);
+        const auto row = zeltest::table<QByteArray, int, QByteArray>("name", "attempt", "expected");
+        row("first", "a.txt", 1, "a.txt");
+        row("second", "a.txt", 2, "a.2.txt");
+        row("hidden", ".profile", 2, ".profile.2");
+        row("long", QByteArray(60, 'x') + ".txt", 12, QByteArray(23, 'x') + ".12.txt");
+        row("cut between characters", QByteArray("x") + QByteArray("ä").repeated(30), 1,
+            QByteArray("x") + QByteArray("ä").repeated(14));
     }
     void names()
     {
@@ -97,48 +78,41 @@ private Q_SLOTS:
 
     void thereAndBack_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("kind");
-        QTest::newRow("file") << "letter.txt"
-                              << "file";
-        QTest::newRow("hard name") << QStringLiteral("50% [Trash] ü\n=;.txt") << "file";
-        QTest::newRow("longest name") << QString(251, QLatin1Char('x')) + QStringLiteral(".odt") << "file";
-        QTest::newRow("folder with contents") << "folder"
-                                              << "folder";
-        QTest::newRow("dangling link") << "dangling"
-                                       << "link";
-        QTest::newRow("link with a slash behind") << "link/"
-                                                  << "link to folder";
-        QTest::newRow("its folder is gone") << "a/b/letter.txt"
-                                            << "folder gone";
+        const auto row = zeltest::table<QString, QString>("name", "kind");
+        row("file", "letter.txt", "file");
+        row("hard name", "50% [Trash] ü\n=;.txt", "file");
+        row("longest name", QString(251, QLatin1Char('x')) + QStringLiteral(".odt"), "file");
+        row("folder with contents", "folder", "folder");
+        row("dangling link", "dangling", "link");
+        row("link with a slash behind", "link/", "link to folder");
+        row("its folder is gone", "a/b/letter.txt", "folder gone");
     }
     void thereAndBack()
     {
         QFETCH(QString, name);
         QFETCH(QString, kind);
-        const QString path = m_folder->filePath(name);
+        const QString path = m_tree->path(name);
         const QString bare = name.endsWith(QLatin1Char('/')) ? path.chopped(1) : path;
-        const QString target = m_folder->filePath(QStringLiteral("target"));
+        const QString target = m_tree->path("target");
         const bool isLink = kind.startsWith(QLatin1String("link"));
         const QString content = kind == QLatin1String("folder") ? path + QStringLiteral("/inside") : path;
-        if (isLink)
-            QVERIFY(
-                ::symlink(QFile::encodeName(target).constData(), QFile::encodeName(bare).constData()) == 0);
         if (kind == QLatin1String("link to folder"))
-            QVERIFY(QDir().mkdir(target));
-        if (!isLink)
-            write(content, "text");
+            m_tree->make({"target/"});
+        if (isLink)
+            m_tree->link("target", bare);
+        else
+            m_tree->write(content, "text");
 
         const Result gone = put(path);
         QCOMPARE(gone.logText, QString());
         QCOMPARE(gone.outcome, Outcome::Done);
         QCOMPARE(gone.path, path);
         QVERIFY(!isThere(bare));
-        QCOMPARE(QFileInfo(gone.trashId).path(), homeTrash() + QStringLiteral("/info"));
-        QCOMPARE(pathOfInfo(textOf(gone.trashId)), QFile::encodeName(bare));
-        QCOMPARE(QFile::permissions(homeTrash()) & 0x0077, QFile::Permissions());
+        QCOMPARE(QFileInfo(gone.trashId).path(), inTrash("info"));
+        QCOMPARE(pathOfInfo(m_tree->read(gone.trashId)), QFile::encodeName(bare));
+        QCOMPARE(QFile::permissions(inTrash()) & 0x0077, QFile::Permissions());
         if (kind == QLatin1String("folder gone"))
-            QVERIFY(QDir(m_folder->filePath(QStringLiteral("a"))).removeRecursively());
+            QVERIFY(QDir(m_tree->path("a")).removeRecursively());
 
         const Result back = restore(gone.trashId);
         QCOMPARE(back.logText, QString());
@@ -148,7 +122,7 @@ private Q_SLOTS:
         if (isLink)
             QCOMPARE(QFile::symLinkTarget(bare), target);
         else
-            QCOMPARE(textOf(content), QByteArray("text"));
+            QCOMPARE(m_tree->read(content), QByteArray("text"));
         QCOMPARE(restore(gone.trashId).outcome, Outcome::Missing);
     }
 
@@ -156,135 +130,125 @@ private Q_SLOTS:
     {
         QStringList ids;
         for (int n = 0; n < 40; ++n) { // more than are counted in sequence
-            const QString path = m_folder->filePath(QString::number(n) + QStringLiteral("/same.txt"));
-            write(path, QByteArray::number(n));
-            const Result gone = put(path);
+            const Result gone =
+                put(m_tree->write(QString::number(n) + QStringLiteral("/same.txt"), QByteArray::number(n)));
             QCOMPARE(gone.outcome, Outcome::Done);
             ids.append(gone.trashId);
         }
         for (int n = 0; n < ids.size(); ++n) {
             QCOMPARE(restore(ids.at(n)).outcome, Outcome::Done);
-            QCOMPARE(textOf(m_folder->filePath(QString::number(n) + QStringLiteral("/same.txt"))),
-                QByteArray::number(n));
+            QCOMPARE(m_tree->read(QString::number(n) + QStringLiteral("/same.txt")), QByteArray::number(n));
         }
     }
 
     // A file without an information file, left by a program that was killed, is not written over.
     void orphanInTheTrash()
     {
-        const QString path = m_folder->filePath(QStringLiteral("orphan.txt"));
-        const QString orphan = homeTrash() + QStringLiteral("/files/orphan.txt");
-        write(orphan, "orphan");
-        write(path, "new");
+        const QString orphan = m_tree->write(inTrash("files/orphan.txt"), "orphan");
+        const QString path = m_tree->write("orphan.txt", "new");
         const Result gone = put(path);
         QCOMPARE(gone.outcome, Outcome::Done);
-        QCOMPARE(textOf(orphan), QByteArray("orphan"));
-        QVERIFY(!isThere(homeTrash() + QStringLiteral("/info/orphan.txt.trashinfo")));
+        QCOMPARE(m_tree->read(orphan), QByteArray("orphan"));
+        QVERIFY(!isThere(inTrash("info/orphan.txt.trashinfo")));
         QCOMPARE(restore(gone.trashId).outcome, Outcome::Done);
-        QCOMPARE(textOf(path), QByteArray("new"));
+        QCOMPARE(m_tree->read(path), QByteArray("new"));
     }
 
     void notPut_data()
     {
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<Outcome>("outcome");
-        QTest::newRow("missing") << "/nowhere/at/all" << Outcome::Missing;
-        QTest::newRow("root") << "/" << Outcome::Denied;
-        QTest::newRow("relative") << "letter.txt" << Outcome::Denied;
-        QTest::newRow("no name of a file")
-            << QDir::homePath() + QStringLiteral("/a") + QChar(0xd800) << Outcome::Denied;
-        QTest::newRow("climbing") << QDir::homePath() + QStringLiteral("/x/..") << Outcome::Denied;
-        QTest::newRow("folder that the trash is in") << QDir::homePath() << Outcome::Denied;
-        QTest::newRow("the trash") << homeTrash() << Outcome::Denied;
-        QTest::newRow("in the trash") << homeTrash() + QStringLiteral("/files/orphan.txt") << Outcome::Denied;
-        QTest::newRow("mount point") << "/proc" << Outcome::Denied;
+        const auto row = zeltest::table<QString, Outcome>("path", "outcome");
+        row("missing", "/nowhere/at/all", Outcome::Missing);
+        row("root", "/", Outcome::Denied);
+        row("relative", "letter.txt", Outcome::Denied);
+        row("no name of a file", QDir::homePath() + QStringLiteral("/a") + QChar(0xd800), Outcome::Denied);
+        row("climbing", QDir::homePath() + QStringLiteral("/x/.."), Outcome::Denied);
+        row("folder that the trash is in", QDir::homePath(), Outcome::Denied);
+        row("the trash", inTrash(), Outcome::Denied);
+        row("in the trash", inTrash("files/orphan.txt"), Outcome::Denied);
+        row("mount point", "/proc", Outcome::Denied);
     }
     void notPut()
     {
         QFETCH(QString, path);
-        write(homeTrash() + QStringLiteral("/files/orphan.txt"), "x");
-        const QStringList before = QDir(homeTrash() + QStringLiteral("/info")).entryList();
+        m_tree->write(inTrash("files/orphan.txt"), "x");
+        const QStringList before = QDir(inTrash("info")).entryList();
         const bool wasThere = isThere(path);
         const Result result = put(path);
         QTEST(result.outcome, "outcome");
         QVERIFY(result.trashId.isEmpty() && !result.logText.isEmpty());
         QCOMPARE(isThere(path), wasThere);
-        QCOMPARE(QDir(homeTrash() + QStringLiteral("/info")).entryList(), before);
+        QCOMPARE(QDir(inTrash("info")).entryList(), before);
     }
 
     void neverOverSomethingElse()
     {
-        const QString path = m_folder->filePath(QStringLiteral("letter.txt"));
-        write(path, "old");
+        const QString path = m_tree->write("letter.txt", "old");
         const QString id = put(path).trashId;
-        write(path, "new");
+        m_tree->write(path, "new");
         const Result blocked = restore(id);
         QCOMPARE(blocked.outcome, Outcome::Exists);
         QCOMPARE(blocked.path, path);
-        QCOMPARE(textOf(path), QByteArray("new"));
+        QCOMPARE(m_tree->read(path), QByteArray("new"));
         QVERIFY(QFile::remove(path));
-        QVERIFY(::symlink("nowhere", QFile::encodeName(path).constData()) == 0); // a dangling link counts too
+        m_tree->link("nowhere", path); // a dangling link counts too
         QCOMPARE(restore(id).outcome, Outcome::Exists);
         QVERIFY(QFile::remove(path));
         QCOMPARE(restore(id).outcome, Outcome::Done);
-        QCOMPARE(textOf(path), QByteArray("old"));
+        QCOMPARE(m_tree->read(path), QByteArray("old"));
     }
 
     void notRestored_data()
     {
-        QTest::addColumn<QString>("id"); // $ is a folder made up by somebody, % the home trash
-        QTest::addColumn<QByteArray>("info");
-        QTest::addColumn<Outcome>("outcome");
+        // id: $ is a folder made up by somebody, % the home trash
+        const auto row = zeltest::table<QString, QByteArray, Outcome>("id", "info", "outcome");
         const QByteArray good = "[Trash Info]\nPath=$/back\n";
-        QTest::newRow("folder that is no trash") << "$/info/f.trashinfo" << good << Outcome::Denied;
-        QTest::newRow("looks like one")
-            << QStringLiteral("$/.Trash-%1/info/f.trashinfo").arg(::getuid()) << good << Outcome::Denied;
-        QTest::newRow("climbs") << "%/info/../info/f.trashinfo" << good << Outcome::Denied;
-        QTest::newRow("below info") << "%/info/info/f.trashinfo" << good << Outcome::Denied;
-        QTest::newRow("of no name") << "%/info/.trashinfo" << good << Outcome::Denied;
-        QTest::newRow("no information file") << "%/info/f" << good << Outcome::Denied;
-        QTest::newRow("relative path at home")
-            << "%/info/f.trashinfo" << QByteArray("[Trash Info]\nPath=back\n") << Outcome::Failed;
-        QTest::newRow("garbage") << "%/info/f.trashinfo" << QByteArray(70000, 'x') << Outcome::Denied;
-        QTest::newRow("old folder is a file now")
-            << "%/info/f.trashinfo" << QByteArray("[Trash Info]\nPath=/proc/version/back\n")
-            << Outcome::Failed;
+        row("folder that is no trash", "$/info/f.trashinfo", good, Outcome::Denied);
+        row("looks like one", QStringLiteral("$/.Trash-%1/info/f.trashinfo").arg(::getuid()), good,
+            Outcome::Denied);
+        row("climbs", "%/info/../info/f.trashinfo", good, Outcome::Denied);
+        row("below info", "%/info/info/f.trashinfo", good, Outcome::Denied);
+        row("of no name", "%/info/.trashinfo", good, Outcome::Denied);
+        row("no information file", "%/info/f", good, Outcome::Denied);
+        row("relative path at home", "%/info/f.trashinfo", "[Trash Info]\nPath=back\n", Outcome::Failed);
+        row("garbage", "%/info/f.trashinfo", QByteArray(70000, 'x'), Outcome::Denied);
+        row("old folder is a file now", "%/info/f.trashinfo", "[Trash Info]\nPath=/proc/version/back\n",
+            Outcome::Failed);
     }
     void notRestored()
     {
         QFETCH(QString, id);
         QFETCH(QByteArray, info);
-        id.replace(QLatin1Char('$'), m_folder->path()).replace(QLatin1Char('%'), homeTrash());
-        info.replace('$', QFile::encodeName(m_folder->path()));
+        id.replace(QLatin1Char('$'), m_tree->path()).replace(QLatin1Char('%'), inTrash());
+        info.replace('$', QFile::encodeName(m_tree->path()));
         const QString trash = QFileInfo(QFileInfo(id).path()).path();
-        write(QDir::cleanPath(id), info);
-        write(trash + QStringLiteral("/files/f"), "text");
+        m_tree->write(QDir::cleanPath(id), info);
+        m_tree->write(trash + QStringLiteral("/files/f"), "text");
         const Result result = restore(id);
         QTEST(result.outcome, "outcome");
         QVERIFY(!result.logText.isEmpty());
-        QVERIFY(!isThere(m_folder->filePath(QStringLiteral("back"))));
-        QCOMPARE(textOf(trash + QStringLiteral("/files/f")), QByteArray("text"));
+        QVERIFY(!isThere(m_tree->path("back")));
+        QCOMPARE(m_tree->read(trash + QStringLiteral("/files/f")), QByteArray("text"));
     }
 
     void linkInPlaceOfTheInfo()
     {
-        const QString id = homeTrash() + QStringLiteral("/info/l.trashinfo");
-        write(m_folder->filePath(QStringLiteral("fake")), "[Trash Info]\nPath=/tmp/x\n");
-        write(homeTrash() + QStringLiteral("/files/l"), "text");
-        QVERIFY(QFile::link(m_folder->filePath(QStringLiteral("fake")), id));
+        const QString id = inTrash("info/l.trashinfo");
+        m_tree->write("fake", "[Trash Info]\nPath=/tmp/x\n");
+        m_tree->write(inTrash("files/l"), "text");
+        m_tree->link("fake", id);
         QVERIFY(restore(id).outcome != Outcome::Done);
-        QVERIFY(isThere(homeTrash() + QStringLiteral("/files/l")));
+        QVERIFY(isThere(inTrash("files/l")));
     }
 
     void otherFileSystem_data()
     {
-        QTest::addColumn<int>("mode"); // of the shared trash; -1: none, -2: a link in its place
-        QTest::addColumn<QString>("trash");
+        // mode: of the shared trash; -1: none, -2: a link in its place
+        const auto row = zeltest::table<int, QString>("mode", "trash");
         const QString own = QStringLiteral("/dev/shm/.Trash-%1").arg(::getuid());
-        QTest::newRow("no shared trash") << -1 << own;
-        QTest::newRow("shared trash") << 01777 << QStringLiteral("/dev/shm/.Trash/%1").arg(::getuid());
-        QTest::newRow("shared trash without sticky bit") << 0777 << own;
-        QTest::newRow("link in place of the shared trash") << -2 << own;
+        row("no shared trash", -1, own);
+        row("shared trash", 01777, QStringLiteral("/dev/shm/.Trash/%1").arg(::getuid()));
+        row("shared trash without sticky bit", 0777, own);
+        row("link in place of the shared trash", -2, own);
     }
     void otherFileSystem()
     {
@@ -301,10 +265,10 @@ private Q_SLOTS:
         else if (mode == -2)
             QVERIFY(::symlink(QFile::encodeName(elsewhere.path()).constData(), "/dev/shm/.Trash") == 0);
         const QString path = folder.filePath(QStringLiteral("letter ü.txt"));
-        write(path, "text");
+        m_tree->write(path, "text");
 
         const Result gone = put(path);
-        const QByteArray info = textOf(gone.trashId);
+        const QByteArray info = m_tree->read(gone.trashId);
         const bool wasThere = isThere(path);
         const Result back = restore(gone.trashId);
         QDir(trash).removeRecursively();
@@ -316,12 +280,12 @@ private Q_SLOTS:
         QVERIFY(!wasThere);
         QCOMPARE(pathOfInfo(info), QFile::encodeName(path.mid(int(qstrlen("/dev/shm/")))));
         QCOMPARE(back.logText, QString());
-        QCOMPARE(textOf(path), QByteArray("text"));
+        QCOMPARE(m_tree->read(path), QByteArray("text"));
         QCOMPARE(QDir(elsewhere.path()).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
     }
 
 private:
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<zeltest::TempTree> m_tree;
 };
 
 QTEST_GUILESS_MAIN(TrashTest)

@@ -6,9 +6,8 @@
 #include "notify_types.h"
 #include "platform/cloudipc/linkfixture.h"
 #include "search_types.h"
+#include "support/table.h"
 #include "transfer_types.h"
-
-#include <krt/krt.h>
 
 using namespace zel;
 using Fixture = LinkFixture<ZelBoxCloudSvr>;
@@ -17,11 +16,6 @@ using Check = std::function<bool(FakeService::Reader &)>; // whether the request
 using Call = std::function<Check(ZelBoxCloudSvr &)>;
 Q_DECLARE_METATYPE(LoginMap)
 Q_DECLARE_METATYPE(Call)
-
-QString krt::dirs::programs()
-{
-    return QStringLiteral("/nonexistent");
-}
 
 namespace {
 
@@ -48,264 +42,243 @@ class TestFacade : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void startsAfterTheFirstWindow();
-    void wiresOnce();
-    void relaysEvents();
-    void credentials_data();
-    void credentials();
-    void loginStates();
-    void membership_data();
-    void membership();
-    void operations_data();
-    void operations();
-    void cancelsTasks();
-    void upgradeQueries();
-    void windowIdentity_data();
-    void windowIdentity();
-};
+    void startsAfterTheFirstWindow()
+    {
+        Fixture f;
+        QSignalSpy inited(f.proxy.get(), &KCloudSvrProxy::velaInited);
+        QElapsedTimer watch;
+        watch.start();
+        f.proxy->onFirstMainWindowShown();
+        QVERIFY(inited.wait(Fixture::Patience));
+        QVERIFY(watch.elapsed() >= 190); // Qt's coarse timers may be early by a twentieth
+        QVERIFY(f.proxy->isInited());
+        QCOMPARE(QByteArray::fromStdString(f.service->client.clientName), QByteArray("mainbox"));
+    }
 
-void TestFacade::startsAfterTheFirstWindow()
-{
-    Fixture f;
-    QSignalSpy inited(f.proxy.get(), &KCloudSvrProxy::velaInited);
-    QElapsedTimer watch;
-    watch.start();
-    f.proxy->onFirstMainWindowShown();
-    QVERIFY(inited.wait(Fixture::Patience));
-    QVERIFY(watch.elapsed() >= 190); // Qt's coarse timers may be early by a twentieth
-    QVERIFY(f.proxy->isInited());
-    QCOMPARE(QByteArray::fromStdString(f.service->client.clientName), QByteArray("mainbox"));
-}
+    void wiresOnce()
+    {
+        Fixture f;
+        QSignalSpy list(f.proxy.get(), &ZelBoxCloudSvr::notifyRecentFileListChanged);
+        Q_EMIT f.proxy->velaEventObject()->signal_notifyRecentFileListChanged();
+        QCOMPARE(list.size(), 0);
+        QVERIFY(f.connectNow());
+        f.proxy->onVelaInited();
+        f.service->hangUp();
+        QSignalSpy inited(f.proxy.get(), &KCloudSvrProxy::velaInited);
+        QVERIFY(inited.wait(Fixture::Patience));
+        Q_EMIT f.proxy->velaEventObject()->signal_notifyRecentFileListChanged();
+        QCOMPARE(list.size(), 1);
+    }
 
-void TestFacade::wiresOnce()
-{
-    Fixture f;
-    QSignalSpy list(f.proxy.get(), &ZelBoxCloudSvr::notifyRecentFileListChanged);
-    Q_EMIT f.proxy->velaEventObject()->signal_notifyRecentFileListChanged();
-    QCOMPARE(list.size(), 0);
-    QVERIFY(f.connectNow());
-    f.proxy->onVelaInited();
-    f.service->hangUp();
-    QSignalSpy inited(f.proxy.get(), &KCloudSvrProxy::velaInited);
-    QVERIFY(inited.wait(Fixture::Patience));
-    Q_EMIT f.proxy->velaEventObject()->signal_notifyRecentFileListChanged();
-    QCOMPARE(list.size(), 1);
-}
+    void relaysEvents()
+    {
+        Fixture f;
+        QSignalSpy connected(f.proxy.get(), &ZelBoxCloudSvr::socketConnected);
+        QVERIFY(f.connectNow());
+        QCOMPARE(connected.size(), 1);
+        ZelBoxCloudSvr *box = f.proxy.get();
+        QSignalSpy creation(box, &ZelBoxCloudSvr::notifyFileCreation);
+        QSignalSpy messages(box, &ZelBoxCloudSvr::notifyNewMsgListArrived);
+        QSignalSpy actions(box, &ZelBoxCloudSvr::notifyActionsMapForReadMessage);
+        QSignalSpy discussion(box, &ZelBoxCloudSvr::notifyShareDiscussion);
+        QSignalSpy thumbnail(box, &ZelBoxCloudSvr::notifyUserThumbnail);
+        QSignalSpy states(box, SIGNAL(notifyRecentFileStateChanged(const QVector<zel::vela::CloudItem> &)));
+        QSignalSpy membership(box, &ZelBoxCloudSvr::signal_vipInfoChanged);
+        KVelaEventObject *events = box->velaEventObject();
+        Q_EMIT events->signal_vipInfoChanged(QVariantMap{{QStringLiteral("kind"), QStringLiteral("super")}});
+        Q_EMIT events->signal_notifyFileCreation({});
+        Q_EMIT events->signal_notifyNewMsgList({QStringLiteral("1")});
+        Q_EMIT events->signal_notifyActionsMapForReadMessage({});
+        Q_EMIT events->signal_notifyShareDiscussion({});
+        Q_EMIT events->signal_notifyUserThumbnail({});
+        Q_EMIT events->signal_notifyRecentFileStateChanged({});
+        for (const QSignalSpy *spy :
+            {&creation, &messages, &actions, &discussion, &thumbnail, &states, &membership})
+            QCOMPARE(spy->size(), 1);
+        QCOMPARE(messages.first().first().toStringList(), QStringList{QStringLiteral("1")});
 
-void TestFacade::relaysEvents()
-{
-    Fixture f;
-    QSignalSpy connected(f.proxy.get(), &ZelBoxCloudSvr::socketConnected);
-    QVERIFY(f.connectNow());
-    QCOMPARE(connected.size(), 1);
-    ZelBoxCloudSvr *box = f.proxy.get();
-    QSignalSpy creation(box, &ZelBoxCloudSvr::notifyFileCreation);
-    QSignalSpy messages(box, &ZelBoxCloudSvr::notifyNewMsgListArrived);
-    QSignalSpy actions(box, &ZelBoxCloudSvr::notifyActionsMapForReadMessage);
-    QSignalSpy discussion(box, &ZelBoxCloudSvr::notifyShareDiscussion);
-    QSignalSpy thumbnail(box, &ZelBoxCloudSvr::notifyUserThumbnail);
-    QSignalSpy states(box, SIGNAL(notifyRecentFileStateChanged(const QVector<zel::vela::CloudItem> &)));
-    QSignalSpy membership(box, &ZelBoxCloudSvr::signal_vipInfoChanged);
-    KVelaEventObject *events = box->velaEventObject();
-    Q_EMIT events->signal_vipInfoChanged(QVariantMap{{QStringLiteral("kind"), QStringLiteral("super")}});
-    Q_EMIT events->signal_notifyFileCreation({});
-    Q_EMIT events->signal_notifyNewMsgList({QStringLiteral("1")});
-    Q_EMIT events->signal_notifyActionsMapForReadMessage({});
-    Q_EMIT events->signal_notifyShareDiscussion({});
-    Q_EMIT events->signal_notifyUserThumbnail({});
-    Q_EMIT events->signal_notifyRecentFileStateChanged({});
-    for (const QSignalSpy *spy :
-        {&creation, &messages, &actions, &discussion, &thumbnail, &states, &membership})
-        QCOMPARE(spy->size(), 1);
-    QCOMPARE(messages.first().first().toStringList(), QStringList{QStringLiteral("1")});
+        QSignalSpy disconnected(box, &ZelBoxCloudSvr::socketDisconnected);
+        QSignalSpy offline(box, &ZelBoxCloudSvr::velaOffline);
+        f.service->hangUp();
+        QVERIFY(disconnected.wait(Fixture::Patience));
+        QCOMPARE(offline.size(), 1);
+    }
 
-    QSignalSpy disconnected(box, &ZelBoxCloudSvr::socketDisconnected);
-    QSignalSpy offline(box, &ZelBoxCloudSvr::velaOffline);
-    f.service->hangUp();
-    QVERIFY(disconnected.wait(Fixture::Patience));
-    QCOMPARE(offline.size(), 1);
-}
+    void credentials_data()
+    {
+        const auto row = zeltest::table<LoginMap, bool, bool>("login", "ok", "taken");
+        const LoginMap other = changed(changed(wholeLogin, "accessID", "id2"), "cookie", "");
+        row("whole", other, true, true);
+        row("five empty fields", changed(other, "loginInfo", "||||"), true, true);
+        row("no answer", other, false, false);
+        row("no loginInfo", changed(other, "loginInfo", ""), true, false);
+        row("four fields", changed(other, "loginInfo", "a|b|c|d"), true, false);
+        row("six fields", changed(other, "loginInfo", "a|b|c|d|e|"), true, false);
+        row("no userId", changed(other, "userId", ""), true, false);
+        row("nothing", LoginMap(), true, false);
+    }
+    void credentials()
+    {
+        QFETCH(LoginMap, login);
+        QFETCH(bool, ok);
+        QFETCH(bool, taken);
+        Fixture f;
+        f.service->login = wholeLogin;
+        QVERIFY(f.connectNow());
+        const CloudCredentials before{QStringLiteral("id"), QStringLiteral("key"), QStringLiteral("c=1")};
+        QTRY_COMPARE(f.proxy->credentials(), before); // asked for after the change of the login state
+        f.proxy->onUpdateLoginInfo(ok, QString(), responseOf(login));
+        const CloudCredentials other{QStringLiteral("id2"), QStringLiteral("key"), QString()};
+        QCOMPARE(f.proxy->credentials(), taken ? other : before);
+    }
 
-void TestFacade::credentials_data()
-{
-    QTest::addColumn<LoginMap>("login");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<bool>("taken");
-    const LoginMap other = changed(changed(wholeLogin, "accessID", "id2"), "cookie", "");
-    QTest::newRow("whole") << other << true << true;
-    QTest::newRow("five empty fields") << changed(other, "loginInfo", "||||") << true << true;
-    QTest::newRow("no answer") << other << false << false;
-    QTest::newRow("no loginInfo") << changed(other, "loginInfo", "") << true << false;
-    QTest::newRow("four fields") << changed(other, "loginInfo", "a|b|c|d") << true << false;
-    QTest::newRow("six fields") << changed(other, "loginInfo", "a|b|c|d|e|") << true << false;
-    QTest::newRow("no userId") << changed(other, "userId", "") << true << false;
-    QTest::newRow("nothing") << LoginMap() << true << false;
-}
+    void loginStates()
+    {
+        Fixture f;
+        f.service->login = {{"loginStatus", "0"}};
+        QSignalSpy updated(f.proxy.get(), &ZelBoxCloudSvr::vipInfoUpdated);
+        QVERIFY(f.connectNow());
+        QCOMPARE(updated.size(), 1); // nothing was known before
+        QTRY_COMPARE(
+            f.service->methods.count(QStringLiteral("getLoginInfo")), 2); // the proxy's and the facade's
+        for (int i = 0; i < 3; ++i)
+            f.proxy->onLoginStatusChanged();
+        QCOMPARE(updated.size(), 1);
+        QTRY_COMPARE(f.service->methods.count(QStringLiteral("getLoginInfo")), 5);
+        f.service->login = wholeLogin;
+        vela::NotifyUserGenericInfoArg push;
+        push.infoKey = "loginStatus";
+        f.service->push("notifyUserGenericInfo", push);
+        f.service->push("notifyUserGenericInfo", push);
+        QVERIFY(updated.wait(Fixture::Patience));
+        QTRY_VERIFY(!f.proxy->credentials().accessID.isEmpty());
+        QCOMPARE(updated.size(), 2);
+    }
 
-void TestFacade::credentials()
-{
-    QFETCH(LoginMap, login);
-    QFETCH(bool, ok);
-    QFETCH(bool, taken);
-    Fixture f;
-    f.service->login = wholeLogin;
-    QVERIFY(f.connectNow());
-    const CloudCredentials before{QStringLiteral("id"), QStringLiteral("key"), QStringLiteral("c=1")};
-    QTRY_VERIFY(f.proxy->credentials() == before); // asked for after the change of the login state
-    f.proxy->onUpdateLoginInfo(ok, QString(), responseOf(login));
-    const CloudCredentials other{QStringLiteral("id2"), QStringLiteral("key"), QString()};
-    QVERIFY(f.proxy->credentials() == (taken ? other : before));
-}
+    void membership_data()
+    {
+        const auto row = zeltest::table<QVariant, bool>("info", "told");
+        row("map", QVariant(QVariantMap{{QStringLiteral("level"), 3}}), true);
+        row("empty map", QVariant(QVariantMap()), true);
+        row("invalid", QVariant(), false);
+        row("text", QVariant(QStringLiteral("level=3")), false);
+        row("list", QVariant(QStringList{QStringLiteral("level")}), false);
+    }
+    void membership()
+    {
+        QFETCH(QVariant, info);
+        QFETCH(bool, told);
+        ZelBoxCloudSvr box;
+        QSignalSpy spy(&box, &ZelBoxCloudSvr::signal_vipInfoChanged);
+        box.onVipInfoChanged(info);
+        QCOMPARE(spy.size(), told ? 1 : 0);
+        if (told && !info.toMap().isEmpty())
+            QCOMPARE((spy.first().first().value<QMap<QString, QString>>().value(QStringLiteral("level"))),
+                QStringLiteral("3"));
+    }
 
-void TestFacade::loginStates()
-{
-    Fixture f;
-    f.service->login = {{"loginStatus", "0"}};
-    QSignalSpy updated(f.proxy.get(), &ZelBoxCloudSvr::vipInfoUpdated);
-    QVERIFY(f.connectNow());
-    QCOMPARE(updated.size(), 1);                                               // nothing was known before
-    QTRY_COMPARE(f.service->methods.count(QStringLiteral("getLoginInfo")), 2); // the proxy's and the facade's
-    for (int i = 0; i < 3; ++i)
-        f.proxy->onLoginStatusChanged();
-    QCOMPARE(updated.size(), 1);
-    QTRY_COMPARE(f.service->methods.count(QStringLiteral("getLoginInfo")), 5);
-    f.service->login = wholeLogin;
-    vela::NotifyUserGenericInfoArg push;
-    push.infoKey = "loginStatus";
-    f.service->push("notifyUserGenericInfo", push);
-    f.service->push("notifyUserGenericInfo", push);
-    QVERIFY(updated.wait(Fixture::Patience));
-    QTRY_VERIFY(!f.proxy->credentials().accessID.isEmpty());
-    QCOMPARE(updated.size(), 2);
-}
-
-void TestFacade::membership_data()
-{
-    QTest::addColumn<QVariant>("info");
-    QTest::addColumn<bool>("told");
-    QTest::newRow("map") << QVariant(QVariantMap{{QStringLiteral("level"), 3}}) << true;
-    QTest::newRow("empty map") << QVariant(QVariantMap()) << true;
-    QTest::newRow("invalid") << QVariant() << false;
-    QTest::newRow("text") << QVariant(QStringLiteral("level=3")) << false;
-    QTest::newRow("list") << QVariant(QStringList{QStringLiteral("level")}) << false;
-}
-
-void TestFacade::membership()
-{
-    QFETCH(QVariant, info);
-    QFETCH(bool, told);
-    ZelBoxCloudSvr box;
-    QSignalSpy spy(&box, &ZelBoxCloudSvr::signal_vipInfoChanged);
-    box.onVipInfoChanged(info);
-    QCOMPARE(spy.size(), told ? 1 : 0);
-    if (told && !info.toMap().isEmpty())
-        QCOMPARE((spy.first().first().value<QMap<QString, QString>>().value(QStringLiteral("level"))),
-            QStringLiteral("3"));
-}
-
-void TestFacade::operations_data()
-{
-    QTest::addColumn<Call>("call");
-    const auto row = [](const char *method, auto operation, auto record) {
-        record.extraParam["mark"] = method;
-        QTest::newRow(method) << Call([operation, record](ZelBoxCloudSvr &box) -> Check {
-            (box.*operation)(record, nullptr, {});
-            return [record](FakeService::Reader &reader) {
-                std::decay_t<decltype(record)> came;
-                return reader.readRequest(came) && came == record;
-            };
+    void operations_data()
+    {
+        QTest::addColumn<Call>("call");
+        const auto row = [](const char *method, auto operation, auto record) {
+            record.extraParam["mark"] = method;
+            QTest::newRow(method) << Call([operation, record](ZelBoxCloudSvr &box) -> Check {
+                (box.*operation)(record, nullptr, {});
+                return [record](FakeService::Reader &reader) {
+                    std::decay_t<decltype(record)> came;
+                    return reader.readRequest(came) && came == record;
+                };
+            });
+        };
+        const Check isU1 = [](FakeService::Reader &reader) {
+            QStringList texts;
+            return reader.readRequestList(texts) && texts == QStringList{QStringLiteral("u1")};
+        };
+        using Svr = ZelBoxCloudSvr;
+        row("cloudDocSearch", &Svr::cloudDocSearch, vela::CloudDocSearchArg());
+        row("cloudDocContentSearch", &Svr::cloudDocContentSearch, vela::CloudDocContentSearchArg());
+        row("getContentSearchStatus", &Svr::getContentSearchStatus, vela::GetContentSearchStatusArg());
+        row("changeContentSearchStatus", &Svr::changeContentSearchStatus,
+            vela::ChangeContentSearchStatusArg());
+        row("batchUploadFileListToAnyExistedPath", &Svr::batchUploadFileListToAnyExistedPath,
+            vela::BatchUploadFilesToCloudArg());
+        row("folderUpload", &Svr::folderUpload, vela::UploadFolderToCloudArg());
+        row("downloadFileFromCloud", &Svr::downloadFileFromCloud, vela::DownloadCloudFileArg());
+        QTest::newRow("redirect") << Call([isU1](Svr &box) {
+            box.redirect(QStringLiteral("u1"));
+            return isU1;
         });
-    };
-    const Check isU1 = [](FakeService::Reader &reader) {
-        QStringList texts;
-        return reader.readRequestList(texts) && texts == QStringList{QStringLiteral("u1")};
-    };
-    using Svr = ZelBoxCloudSvr;
-    row("cloudDocSearch", &Svr::cloudDocSearch, vela::CloudDocSearchArg());
-    row("cloudDocContentSearch", &Svr::cloudDocContentSearch, vela::CloudDocContentSearchArg());
-    row("getContentSearchStatus", &Svr::getContentSearchStatus, vela::GetContentSearchStatusArg());
-    row("changeContentSearchStatus", &Svr::changeContentSearchStatus, vela::ChangeContentSearchStatusArg());
-    row("batchUploadFileListToAnyExistedPath", &Svr::batchUploadFileListToAnyExistedPath,
-        vela::BatchUploadFilesToCloudArg());
-    row("folderUpload", &Svr::folderUpload, vela::UploadFolderToCloudArg());
-    row("downloadFileFromCloud", &Svr::downloadFileFromCloud, vela::DownloadCloudFileArg());
-    QTest::newRow("redirect") << Call([isU1](Svr &box) {
-        box.redirect(QStringLiteral("u1"));
-        return isU1;
-    });
-    QTest::newRow("showUpgradeVip") << Call([isU1](Svr &box) {
-        box.showUpgradeVip(QStringLiteral("u1"));
-        return isU1;
-    });
-}
+        QTest::newRow("showUpgradeVip") << Call([isU1](Svr &box) {
+            box.showUpgradeVip(QStringLiteral("u1"));
+            return isU1;
+        });
+    }
+    void operations()
+    {
+        QFETCH(Call, call);
+        Fixture f;
+        QVERIFY(f.connectNow());
+        const Check check = call(*f.proxy);
+        bool isTheSame = false;
+        f.service->serve = [&](const FakeService::Head &, FakeService::Reader &reader) {
+            isTheSame = check(reader);
+        };
+        QTRY_COMPARE(
+            QString::fromStdString(f.service->lastCall.method), QString::fromLatin1(QTest::currentDataTag()));
+        QVERIFY(isTheSame);
+    }
 
-void TestFacade::operations()
-{
-    QFETCH(Call, call);
-    Fixture f;
-    QVERIFY(f.connectNow());
-    const Check check = call(*f.proxy);
-    bool isTheSame = false;
-    f.service->serve = [&](const FakeService::Head &, FakeService::Reader &reader) {
-        isTheSame = check(reader);
-    };
-    QTRY_COMPARE(
-        QString::fromStdString(f.service->lastCall.method), QString::fromLatin1(QTest::currentDataTag()));
-    QVERIFY(isTheSame);
-}
+    void cancelsTasks()
+    {
+        Fixture f;
+        vela::VelaIpcArg came;
+        f.service->serve = [&](const FakeService::Head &, FakeService::Reader &reader) {
+            reader.readRequest(came);
+        };
+        QVERIFY(f.connectNow());
+        f.proxy->cancelTask({QStringLiteral("t1"), QStringLiteral("t2")}, nullptr, QString());
+        vela::VelaIpcArg expected;
+        expected.nameSpace = "KVelaIpcCallObj";
+        expected.method = "cancelTask";
+        expected.argMap = {{"taskIDs", "t1|t2"}};
+        QTRY_COMPARE(came, expected);
+        QCOMPARE(QByteArray::fromStdString(f.service->lastCall.method), QByteArray("velaIpcCall"));
+    }
 
-void TestFacade::cancelsTasks()
-{
-    Fixture f;
-    vela::VelaIpcArg came;
-    f.service->serve = [&](const FakeService::Head &, FakeService::Reader &reader) {
-        reader.readRequest(came);
-    };
-    QVERIFY(f.connectNow());
-    f.proxy->cancelTask({QStringLiteral("t1"), QStringLiteral("t2")}, nullptr, QString());
-    vela::VelaIpcArg expected;
-    expected.nameSpace = "KVelaIpcCallObj";
-    expected.method = "cancelTask";
-    expected.argMap = {{"taskIDs", "t1|t2"}};
-    QTRY_VERIFY(came == expected);
-    QCOMPARE(QByteArray::fromStdString(f.service->lastCall.method), QByteArray("velaIpcCall"));
-}
+    void upgradeQueries()
+    {
+        QCOMPARE(upgrade::query(QStringLiteral("zelbox_menu"), QStringLiteral("pay"), upgrade::Offer::Super),
+            QStringLiteral("&position=zelbox_menu&payconfig=pay&component=pc_svip"));
+        QCOMPARE(upgrade::query(QStringLiteral("a&b"), QStringLiteral("%1"), upgrade::Offer::Plume),
+            QStringLiteral("&position=a%26b&payconfig=%251&component=pc_plume"));
+    }
 
-void TestFacade::upgradeQueries()
-{
-    QCOMPARE(upgrade::query(QStringLiteral("zelbox_menu"), QStringLiteral("pay"), upgrade::Offer::Super),
-        QStringLiteral("&position=zelbox_menu&payconfig=pay&component=pc_svip"));
-    QCOMPARE(upgrade::query(QStringLiteral("a&b"), QStringLiteral("%1"), upgrade::Offer::Plume),
-        QStringLiteral("&position=a%26b&payconfig=%251&component=pc_plume"));
-}
-
-void TestFacade::windowIdentity_data()
-{
-    QTest::addColumn<QString>("window");
-    QTest::addColumn<bool>("ours");
-    QTest::newRow("ours") << "mainbox" << true;
-    QTest::newRow("any") << QString() << true;
-    QTest::newRow("another") << "minibox" << false;
-}
-
-void TestFacade::windowIdentity()
-{
-    QFETCH(QString, window);
-    QFETCH(bool, ours);
-    Fixture f;
-    ZelBoxClientSvrProxy windows;
-    f.proxy->addClientProxy(&windows);
-    QSignalSpy asked(&windows, &ZelBoxClientSvrProxy::activateRequested);
-    QVERIFY(f.connectNow());
-    vela::NotifyActionArg action;
-    action.action = "activateWindow";
-    action.targetWindow = window.toStdString();
-    f.service->push("notifyAction", action);
-    QSignalSpy list(f.proxy.get(), &ZelBoxCloudSvr::notifyRecentFileListChanged);
-    f.service->push("notifyRecentFileChange", vela::NotifyRecentFileChangeArg());
-    QVERIFY(list.wait(Fixture::Patience)); // pushes come in order
-    QCOMPARE(asked.size(), ours ? 1 : 0);
-}
+    void windowIdentity_data()
+    {
+        const auto row = zeltest::table<QString, bool>("window", "ours");
+        row("ours", "mainbox", true);
+        row("any", {}, true);
+        row("another", "minibox", false);
+    }
+    void windowIdentity()
+    {
+        QFETCH(QString, window);
+        QFETCH(bool, ours);
+        Fixture f;
+        ZelBoxClientSvrProxy windows;
+        f.proxy->addClientProxy(&windows);
+        QSignalSpy asked(&windows, &ZelBoxClientSvrProxy::activateRequested);
+        QVERIFY(f.connectNow());
+        vela::NotifyActionArg action;
+        action.action = "activateWindow";
+        action.targetWindow = window.toStdString();
+        f.service->push("notifyAction", action);
+        QSignalSpy list(f.proxy.get(), &ZelBoxCloudSvr::notifyRecentFileListChanged);
+        f.service->push("notifyRecentFileChange", vela::NotifyRecentFileChangeArg());
+        QVERIFY(list.wait(Fixture::Patience)); // pushes come in order
+        QCOMPARE(asked.size(), ours ? 1 : 0);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestFacade)
 #include "tst_facade.moc"

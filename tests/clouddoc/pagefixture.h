@@ -4,22 +4,13 @@
 #include "clouddoc/ui/clouddoclistview.h"
 #include "clouddoc/ui/zelboxclouddocwidget.h"
 #include "support/fakecloud.h"
+#include "support/fakeopener.h"
 #include "widgets/noticebar.h"
 
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
 #include <memory>
-
-/// Opens nothing.
-class FakeOpener : public KDocumentOpener
-{
-    Q_OBJECT
-public:
-    QStringList asked;
-    void open(const QString &path) override { asked << path; }
-    void reveal(const QString &path) override { asked << QLatin1String("reveal ") + path; }
-};
 
 /// The page of cloud documents in an active window, over a cloud that the test answers for.
 class PageFixture

@@ -1,6 +1,4 @@
-// Paints the page of cloud documents in its states into PNG files, for people to look at.
-// ZEL_RESOURCES=<folder of the resource bundle> clouddoc_pictures <folder> [dark] [locale]; the catalogues
-// of a locale are looked for in ZEL_RESOURCES/../../mui. QT_SCALE_FACTOR=2 for high resolution.
+// Paints the page of cloud documents in its states, for people to look at (support/picturerun.h).
 #include "support/fakecloud.h"
 
 #include "base/clock.h"
@@ -65,7 +63,7 @@ CloudTransfer transfer(const char *name, CloudTransfer::State state, int percent
 class Scene
 {
 public:
-    Scene(const QString &folder, const QString &suffix) : m_folder(folder), m_suffix(suffix) { }
+    explicit Scene(const PictureRun &run) : m_run(run) { }
 
     void start()
     {
@@ -74,9 +72,7 @@ public:
         m_page = std::make_unique<ZelBoxCloudDocWidget>(m_cloud.get());
         m_page->resize(720, 560);
         m_cloud->connectNow();
-        m_page->show();
-        if (!QTest::qWaitForWindowActive(page()))
-            qFatal("the window does not show");
+        PictureRun::show(page());
     }
     void show(int rows)
     {
@@ -90,10 +86,7 @@ public:
     void answer(const QString &folder, int rows) { m_cloud->answer("getInfoList", ::page(folder, rows)); }
     void save(const char *name, QWidget *widget = nullptr) const
     {
-        QTest::qWait(250); // what moves has come to rest
-        (widget ? widget : page())
-            ->grab()
-            .save(m_folder + QLatin1Char('/') + QLatin1String(name) + m_suffix + QStringLiteral(".png"));
+        m_run.save(QLatin1String(name), widget ? widget : page(), 250);
     }
 
     ZelBoxCloudDocWidget *page() const { return m_page.get(); }
@@ -103,8 +96,7 @@ public:
     template <class Widget> Widget *find() const { return m_page->findChild<Widget *>(); }
 
 private:
-    QString m_folder;
-    QString m_suffix;
+    const PictureRun &m_run;
     std::unique_ptr<FakeCloud> m_cloud;
     std::unique_ptr<ZelBoxCloudDocWidget> m_page;
 };
@@ -229,11 +221,9 @@ void emptyPages(Scene &scene)
 
 int main(int argc, char **argv)
 {
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication app(argc, argv);
-    const PictureRun run;
+    const PictureRun run(argc, argv);
     zel::setFixedNow(Now);
-    Scene scene(run.folder(), run.suffix());
+    Scene scene(run);
     lists(scene);
     places(scene);
     transfers(scene);

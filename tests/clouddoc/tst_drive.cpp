@@ -1,5 +1,5 @@
 #include "clouddoc/clouddoclogic.h"
-#include "faults/serviceprocess.h"
+#include "support/serviceprocess.h"
 
 #include "kcloudsvrproxy.h"
 

@@ -1,5 +1,6 @@
 #include "kcloudsvrproxy.h"
-#include "serviceprocess.h"
+#include "support/serviceprocess.h"
+#include "support/table.h"
 #include "support/wireclient.h"
 
 #include "cloud/wire/serviceerror.h"
@@ -11,17 +12,10 @@
 #include <QRegularExpression>
 #include <QSet>
 #include <QSignalSpy>
-#include <krt/krt.h>
 #include <set>
 
 using namespace zel::vela;
 using zel::wire::ServiceError;
-
-// The proxies of this test find a service that runs already; it is never theirs to start.
-QString krt::dirs::programs()
-{
-    return QStringLiteral("/nowhere");
-}
 
 namespace {
 
@@ -89,14 +83,212 @@ class TestFaults : public QObject
 private Q_SLOTS:
     void init() { m_service = std::make_unique<ServiceProcess>(); }
     void cleanup() { m_service.reset(); }
-    void crashOnARequest_data();
-    void crashOnARequest();
-    void tenThousandInFlight();
-    void restartsUnderLoad();
-    void nothingAcknowledgedIsLost();
-    void uploadGoesOnAfterACrash();
-    void fullDisk();
-    void damagedDatabase();
+    void crashOnARequest_data()
+    {
+        const auto row = zeltest::table<int>("nth");
+        for (int nth : {1, 2, 100, 499})
+            row(QString::number(nth), nth);
+    }
+    void crashOnARequest()
+    {
+        QFETCH(int, nth);
+        QVERIFY(m_service->start());
+        KCloudSvrProxy proxy;
+        QVERIFY(connectProxy(proxy));
+        Asker asker(proxy);
+        connect(&asker, &Asker::endedOne, this, [&] {
+            if (asker.ended() == nth)
+                m_service->kill();
+        });
+        asker.ask(500);
+        QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), 500, Patience);
+        QVERIFY(asker.answered() >= nth);
+        QCOMPARE(asker.endedTwice(), 0);
+
+        QVERIFY(m_service->start());
+        QVERIFY(connectProxy(proxy));
+        asker.ask(1);
+        QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), 501, Patience);
+        QCOMPARE(asker.endedTwice(), 0);
+    }
+
+    void tenThousandInFlight()
+    {
+        QVERIFY(m_service->start());
+        KCloudSvrProxy proxy;
+        QVERIFY(connectProxy(proxy));
+        Asker asker(proxy);
+        asker.ask(10000);
+        QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), 10000, Patience);
+        QCOMPARE(asker.answered(), 10000);
+        QCOMPARE(asker.endedTwice(), 0);
+    }
+
+    void restartsUnderLoad()
+    {
+        QVERIFY(m_service->start());
+        KCloudSvrProxy proxy;
+        QVERIFY(connectProxy(proxy));
+        Asker asker(proxy);
+        bool asking = true;
+        const auto keepAHundredUnderWay = [&] {
+            if (asking && proxy.isConnected() && asker.asked() - asker.ended() < 100)
+                asker.ask(100 - asker.asked() + asker.ended());
+        };
+        connect(&asker, &Asker::endedOne, &asker, keepAHundredUnderWay);
+        connect(&proxy, &KCloudSvrProxy::velaInited, &asker, keepAHundredUnderWay);
+        keepAHundredUnderWay();
+        for (int i = 0; i < 3; ++i) {
+            const int before = asker.answered();
+            QTRY_VERIFY_WITH_TIMEOUT(asker.answered() > before + 500, Patience);
+            QVERIFY(asker.asked() > asker.ended());
+            m_service->kill();
+            QVERIFY(m_service->start());
+            QTRY_VERIFY_WITH_TIMEOUT(proxy.isConnected(), Patience);
+        }
+        asking = false;
+        QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), asker.asked(), Patience);
+        QCOMPARE(asker.endedTwice(), 0);
+    }
+
+    // Killed at any moment, the service still has every message whose storing it has confirmed.
+    void nothingAcknowledgedIsLost()
+    {
+        std::set<std::string> confirmed;
+        for (int round = 0; round < 5; ++round) {
+            QVERIFY(m_service->start());
+            WireClient client(m_service->socketPath());
+            QVERIFY(client.greet());
+            std::map<int32_t, std::string> sent;
+            for (int i = 0; i < 200; ++i) {
+                const std::string id = std::to_string(round) + "-" + std::to_string(i);
+                sent[client.send("storeZelBoxMessage", message(id))] = id;
+            }
+            QTRY_VERIFY_WITH_TIMEOUT(client.answersWaiting() > size_t(round) * 40, Patience);
+            m_service->kill();
+            QVERIFY(client.waitForClosed());
+            for (const auto &[number, id] : sent) {
+                const auto answer = client.answerTo<StoreZelBoxMessageResult>(number);
+                if (answer && answer->state == 0)
+                    confirmed.insert(id);
+            }
+        }
+        QVERIFY(confirmed.size() > 300);
+        QVERIFY(m_service->start());
+        const std::set<std::string> kept = storedIds();
+        for (const std::string &id : confirmed)
+            QVERIFY2(kept.contains(id), id.c_str());
+    }
+
+    // And what others make in the drive's folder is told, which begins with the first client too.
+    void uploadGoesOnAfterACrash()
+    {
+        const QString source = m_service->home() + QStringLiteral("/large.bin");
+        QFile file(source);
+        QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(400LL << 20));
+        file.close();
+        QVERIFY(m_service->start());
+        std::string task;
+        {
+            WireClient client(m_service->socketPath());
+            QVERIFY(client.greet());
+            BatchUploadFilesToCloudArg upload;
+            upload.filePaths = {source.toStdString()};
+            const auto accepted = client.call<VelaIpcResult>("batchUploadFileListToAnyExistedPath", upload);
+            QVERIFY(accepted && accepted->resultList.size() == 1);
+            task = accepted->resultList.front();
+            m_service->kill();
+        }
+        QVERIFY(m_service->start());
+        WireClient client(m_service->socketPath());
+        QVERIFY(client.greet());
+        TransferInfoListArg list;
+        list.taskIds = {task};
+        const auto isDone = [&] {
+            const auto answer = client.call<TransferInfoListResult>("transferInfoList", list);
+            return answer && answer->tasks.size() == 1 && answer->tasks.front().transferState == 4;
+        };
+        QTRY_VERIFY_WITH_TIMEOUT(isDone(), Patience);
+        const QString drive = m_service->home() + QStringLiteral("/ZEL Cloud");
+        QCOMPARE(QFileInfo(drive + QStringLiteral("/large.bin")).size(), 400LL << 20);
+        const auto names = QDir(drive).entryList(QDir::Files | QDir::Hidden);
+        QCOMPARE(names, QStringList{QStringLiteral("large.bin")});
+
+        QVERIFY(QDir(drive).mkdir(QStringLiteral("made by another program")));
+        std::optional<NotifyFileCreationArg> told;
+        do
+            told = client.waitForPush<NotifyFileCreationArg>("notifyFileCreation");
+        while (told && told->item.name != "made by another program");
+        QVERIFY(told);
+    }
+
+    // A file system of one megabyte, in a namespace of its own so that no right is needed.
+    void fullDisk()
+    {
+        const QStringList small = {QStringLiteral("unshare"), QStringLiteral("--user"),
+            QStringLiteral("--map-root-user"), QStringLiteral("--mount"), QStringLiteral("sh"),
+            QStringLiteral("-c"),
+            QStringLiteral(
+                "mount -t tmpfs -o size=1m none \"$XDG_DATA_HOME\" || exit 77; exec \"$0\" \"$@\"")};
+        QProcess trial;
+        trial.start(small.constFirst(), small.mid(1) + QStringList{QStringLiteral("true")});
+        if (!trial.waitForFinished() || trial.exitCode() != 0)
+            QSKIP("no namespaces of its own for this user");
+
+        QVERIFY(m_service->start(small));
+        WireClient client(m_service->socketPath());
+        QVERIFY(client.greet());
+        std::set<std::string> confirmed;
+        std::optional<StoreZelBoxMessageResult> answer;
+        for (int i = 0; i < 1000; ++i) {
+            const std::string id = std::to_string(i);
+            answer = client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message(id));
+            QVERIFY(answer);
+            if (answer->state != 0)
+                break;
+            confirmed.insert(id);
+        }
+        QCOMPARE(answer->state, int32_t(ServiceError::DiskFull));
+        QVERIFY(confirmed.size() > 5);
+        const std::set<std::string> kept = storedIds();
+        for (const std::string &id : confirmed)
+            QVERIFY2(kept.contains(id), id.c_str());
+    }
+
+    void damagedDatabase()
+    {
+        QVERIFY(m_service->start());
+        {
+            WireClient client(m_service->socketPath());
+            QVERIFY(client.greet());
+            for (int i = 0; i < 20; ++i)
+                QVERIFY(
+                    client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message(std::to_string(i))));
+        }
+        m_service->kill();
+        const QString path = m_service->dataFolder() + QStringLiteral("/cloud.db");
+        for (const char *companion : {"-wal", "-shm"})
+            QFile::remove(path + QLatin1String(companion));
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::ReadWrite)
+            && file.seek(100)); // the first page's tree, behind the file's head
+        QCOMPARE(file.write(QByteArray(3000, '\x55')), qint64(3000));
+        file.close();
+
+        QVERIFY(m_service->start());
+        WireClient client(m_service->socketPath());
+        QVERIFY(client.greet());
+        const auto told = client.waitForPush<NotifyUserGenericInfoArg>("notifyUserGenericInfo");
+        QVERIFY(told);
+        QCOMPARE(QByteArray::fromStdString(told->infoKey), QByteArray("databaseDamaged"));
+        const auto stored = client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message("new"));
+        QVERIFY(stored && stored->state == 0);
+        QCOMPARE(storedIds(), std::set<std::string>{"new"});
+        const QStringList kept =
+            QDir(m_service->dataFolder()).entryList({QStringLiteral("cloud.db.damaged-*")}, QDir::Files);
+        QVERIFY2(!kept.filter(QRegularExpression(QStringLiteral("\\d$"))).isEmpty(),
+            "the damaged file is kept aside");
+    }
 
 private:
     bool connectProxy(KCloudSvrProxy &proxy)
@@ -105,234 +297,26 @@ private:
         proxy.startVelaProcess(QString());
         return inited.wait(Patience);
     }
-    std::set<std::string> storedIds();
+    std::set<std::string> storedIds()
+    {
+        WireClient client(m_service->socketPath());
+        std::set<std::string> ids;
+        if (!client.greet())
+            return ids;
+        GetMsgListArg arg;
+        arg.count = 1000;
+        for (;;) {
+            const auto list = client.call<GetMsgListResult>("getMsgList", arg);
+            if (!list || list->messages.empty())
+                return ids;
+            for (const MessageItem &item : list->messages)
+                ids.insert(item.id);
+            arg.offset += int32_t(list->messages.size());
+        }
+    }
 
     std::unique_ptr<ServiceProcess> m_service;
 };
-
-std::set<std::string> TestFaults::storedIds()
-{
-    WireClient client(m_service->socketPath());
-    std::set<std::string> ids;
-    if (!client.greet())
-        return ids;
-    GetMsgListArg arg;
-    arg.count = 1000;
-    for (;;) {
-        const auto list = client.call<GetMsgListResult>("getMsgList", arg);
-        if (!list || list->messages.empty())
-            return ids;
-        for (const MessageItem &item : list->messages)
-            ids.insert(item.id);
-        arg.offset += int32_t(list->messages.size());
-    }
-}
-
-void TestFaults::crashOnARequest_data()
-{
-    QTest::addColumn<int>("nth");
-    for (int nth : {1, 2, 100, 499})
-        QTest::addRow("number %d", nth) << nth;
-}
-
-void TestFaults::crashOnARequest()
-{
-    QFETCH(int, nth);
-    QVERIFY(m_service->start());
-    KCloudSvrProxy proxy;
-    QVERIFY(connectProxy(proxy));
-    Asker asker(proxy);
-    connect(&asker, &Asker::endedOne, this, [&] {
-        if (asker.ended() == nth)
-            m_service->kill();
-    });
-    asker.ask(500);
-    QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), 500, Patience);
-    QVERIFY(asker.answered() >= nth);
-    QCOMPARE(asker.endedTwice(), 0);
-
-    QVERIFY(m_service->start());
-    QVERIFY(connectProxy(proxy));
-    asker.ask(1);
-    QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), 501, Patience);
-    QCOMPARE(asker.endedTwice(), 0);
-}
-
-void TestFaults::tenThousandInFlight()
-{
-    QVERIFY(m_service->start());
-    KCloudSvrProxy proxy;
-    QVERIFY(connectProxy(proxy));
-    Asker asker(proxy);
-    asker.ask(10000);
-    QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), 10000, Patience);
-    QCOMPARE(asker.answered(), 10000);
-    QCOMPARE(asker.endedTwice(), 0);
-}
-
-void TestFaults::restartsUnderLoad()
-{
-    QVERIFY(m_service->start());
-    KCloudSvrProxy proxy;
-    QVERIFY(connectProxy(proxy));
-    Asker asker(proxy);
-    bool asking = true;
-    const auto keepAHundredUnderWay = [&] {
-        if (asking && proxy.isConnected() && asker.asked() - asker.ended() < 100)
-            asker.ask(100 - asker.asked() + asker.ended());
-    };
-    connect(&asker, &Asker::endedOne, &asker, keepAHundredUnderWay);
-    connect(&proxy, &KCloudSvrProxy::velaInited, &asker, keepAHundredUnderWay);
-    keepAHundredUnderWay();
-    for (int i = 0; i < 3; ++i) {
-        const int before = asker.answered();
-        QTRY_VERIFY_WITH_TIMEOUT(asker.answered() > before + 500, Patience);
-        QVERIFY(asker.asked() > asker.ended());
-        m_service->kill();
-        QVERIFY(m_service->start());
-        QTRY_VERIFY_WITH_TIMEOUT(proxy.isConnected(), Patience);
-    }
-    asking = false;
-    QTRY_COMPARE_WITH_TIMEOUT(asker.ended(), asker.asked(), Patience);
-    QCOMPARE(asker.endedTwice(), 0);
-}
-
-// Killed at any moment, the service still has every message whose storing it has confirmed.
-void TestFaults::nothingAcknowledgedIsLost()
-{
-    std::set<std::string> confirmed;
-    for (int round = 0; round < 5; ++round) {
-        QVERIFY(m_service->start());
-        WireClient client(m_service->socketPath());
-        QVERIFY(client.greet());
-        std::map<int32_t, std::string> sent;
-        for (int i = 0; i < 200; ++i) {
-            const std::string id = std::to_string(round) + "-" + std::to_string(i);
-            sent[client.send("storeZelBoxMessage", message(id))] = id;
-        }
-        QTRY_VERIFY_WITH_TIMEOUT(client.answersWaiting() > size_t(round) * 40, Patience);
-        m_service->kill();
-        QVERIFY(client.waitForClosed());
-        for (const auto &[number, id] : sent) {
-            const auto answer = client.answerTo<StoreZelBoxMessageResult>(number);
-            if (answer && answer->state == 0)
-                confirmed.insert(id);
-        }
-    }
-    QVERIFY(confirmed.size() > 300);
-    QVERIFY(m_service->start());
-    const std::set<std::string> kept = storedIds();
-    for (const std::string &id : confirmed)
-        QVERIFY2(kept.contains(id), id.c_str());
-}
-
-// And what others make in the drive's folder is told, which begins with the first client too.
-void TestFaults::uploadGoesOnAfterACrash()
-{
-    const QString source = m_service->home() + QStringLiteral("/large.bin");
-    QFile file(source);
-    QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(400LL << 20));
-    file.close();
-    QVERIFY(m_service->start());
-    std::string task;
-    {
-        WireClient client(m_service->socketPath());
-        QVERIFY(client.greet());
-        BatchUploadFilesToCloudArg upload;
-        upload.filePaths = {source.toStdString()};
-        const auto accepted = client.call<VelaIpcResult>("batchUploadFileListToAnyExistedPath", upload);
-        QVERIFY(accepted && accepted->resultList.size() == 1);
-        task = accepted->resultList.front();
-        m_service->kill();
-    }
-    QVERIFY(m_service->start());
-    WireClient client(m_service->socketPath());
-    QVERIFY(client.greet());
-    TransferInfoListArg list;
-    list.taskIds = {task};
-    const auto isDone = [&] {
-        const auto answer = client.call<TransferInfoListResult>("transferInfoList", list);
-        return answer && answer->tasks.size() == 1 && answer->tasks.front().transferState == 4;
-    };
-    QTRY_VERIFY_WITH_TIMEOUT(isDone(), Patience);
-    const QString drive = m_service->home() + QStringLiteral("/ZEL Cloud");
-    QCOMPARE(QFileInfo(drive + QStringLiteral("/large.bin")).size(), 400LL << 20);
-    const auto names = QDir(drive).entryList(QDir::Files | QDir::Hidden);
-    QCOMPARE(names, QStringList{QStringLiteral("large.bin")});
-
-    QVERIFY(QDir(drive).mkdir(QStringLiteral("made by another program")));
-    std::optional<NotifyFileCreationArg> told;
-    do
-        told = client.waitForPush<NotifyFileCreationArg>("notifyFileCreation");
-    while (told && told->item.name != "made by another program");
-    QVERIFY(told);
-}
-
-// A file system of one megabyte, in a namespace of its own so that no right is needed.
-void TestFaults::fullDisk()
-{
-    const QStringList small = {QStringLiteral("unshare"), QStringLiteral("--user"),
-        QStringLiteral("--map-root-user"), QStringLiteral("--mount"), QStringLiteral("sh"),
-        QStringLiteral("-c"),
-        QStringLiteral("mount -t tmpfs -o size=1m none \"$XDG_DATA_HOME\" || exit 77; exec \"$0\" \"$@\"")};
-    QProcess trial;
-    trial.start(small.constFirst(), small.mid(1) + QStringList{QStringLiteral("true")});
-    if (!trial.waitForFinished() || trial.exitCode() != 0)
-        QSKIP("no namespaces of its own for this user");
-
-    QVERIFY(m_service->start(small));
-    WireClient client(m_service->socketPath());
-    QVERIFY(client.greet());
-    std::set<std::string> confirmed;
-    std::optional<StoreZelBoxMessageResult> answer;
-    for (int i = 0; i < 1000; ++i) {
-        const std::string id = std::to_string(i);
-        answer = client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message(id));
-        QVERIFY(answer);
-        if (answer->state != 0)
-            break;
-        confirmed.insert(id);
-    }
-    QCOMPARE(answer->state, int32_t(ServiceError::DiskFull));
-    QVERIFY(confirmed.size() > 5);
-    const std::set<std::string> kept = storedIds();
-    for (const std::string &id : confirmed)
-        QVERIFY2(kept.contains(id), id.c_str());
-}
-
-void TestFaults::damagedDatabase()
-{
-    QVERIFY(m_service->start());
-    {
-        WireClient client(m_service->socketPath());
-        QVERIFY(client.greet());
-        for (int i = 0; i < 20; ++i)
-            QVERIFY(client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message(std::to_string(i))));
-    }
-    m_service->kill();
-    const QString path = m_service->dataFolder() + QStringLiteral("/cloud.db");
-    for (const char *companion : {"-wal", "-shm"})
-        QFile::remove(path + QLatin1String(companion));
-    QFile file(path);
-    QVERIFY(
-        file.open(QIODevice::ReadWrite) && file.seek(100)); // the first page's tree, behind the file's head
-    QCOMPARE(file.write(QByteArray(3000, '\x55')), qint64(3000));
-    file.close();
-
-    QVERIFY(m_service->start());
-    WireClient client(m_service->socketPath());
-    QVERIFY(client.greet());
-    const auto told = client.waitForPush<NotifyUserGenericInfoArg>("notifyUserGenericInfo");
-    QVERIFY(told);
-    QCOMPARE(QByteArray::fromStdString(told->infoKey), QByteArray("databaseDamaged"));
-    const auto stored = client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message("new"));
-    QVERIFY(stored && stored->state == 0);
-    QCOMPARE(storedIds(), std::set<std::string>{"new"});
-    const QStringList kept =
-        QDir(m_service->dataFolder()).entryList({QStringLiteral("cloud.db.damaged-*")}, QDir::Files);
-    QVERIFY2(
-        !kept.filter(QRegularExpression(QStringLiteral("\\d$"))).isEmpty(), "the damaged file is kept aside");
-}
 
 QTEST_GUILESS_MAIN(TestFaults)
 #include "tst_faults.moc"

@@ -19,17 +19,9 @@ void copy(const char *variable, const QString &target)
 
 } // namespace
 
-QStringList words(std::initializer_list<const char *> list)
+QString activate(const zeltest::Text &commandLine)
 {
-    QStringList result;
-    for (const char *word : list)
-        result << QString::fromUtf8(word);
-    return result;
-}
-
-QString activate(const QString &commandLine)
-{
-    return QStringLiteral("zelbox_active_window?=") + commandLine;
+    return QStringLiteral("zelbox_active_window?=") + commandLine.text();
 }
 
 BoxTree::BoxTree(const QString &libraryFolder) : environment(QProcessEnvironment::systemEnvironment())
@@ -122,11 +114,11 @@ QVector<BoxTree::Record> BoxTree::records() const
     return result;
 }
 
-QStringList BoxTree::texts(const QString &what) const
+QStringList BoxTree::texts(const zeltest::Text &what) const
 {
     QStringList result;
     for (const Record &record : records()) {
-        if (record.what == what)
+        if (record.what == what.text())
             result << record.text;
     }
     return result;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/text.h"
+
 #include <QProcess>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
@@ -10,8 +12,8 @@ const QString holdStart = QStringLiteral("FAKEBOX_HOLD_START"); ///< before the 
 const QString holdEnd = QStringLiteral("FAKEBOX_HOLD_END"); ///< when it has removed it and is about to end
 const QString exitCommand = QStringLiteral("/action=exit");
 
-QStringList words(std::initializer_list<const char *> list);
-QString activate(const QString &commandLine); ///< the message for that command line
+using zeltest::words;
+QString activate(const zeltest::Text &commandLine); ///< the message for that command line
 
 /// An installation of its own: the real launcher, the recording box, and a private runtime folder.
 class BoxTree
@@ -29,7 +31,10 @@ public:
     explicit BoxTree(const QString &libraryFolder = QStringLiteral("lib"));
     ~BoxTree();
 
-    void set(const QString &variable, const QString &value) { environment.insert(variable, value); }
+    void set(const zeltest::Text &variable, const zeltest::Text &value)
+    {
+        environment.insert(variable, value);
+    }
     /// Makes a pipe on which the box stands still at the point that `variable` names, until letGo().
     void hold(const QString &variable);
     void letGo(const QString &variable);
@@ -43,8 +48,8 @@ public:
     bool isUp();             ///< a later start reaches the box
     bool end(QProcess &box); ///< ends the box in order
     QVector<Record> records() const;
-    QStringList texts(const QString &what) const; ///< of all records of that kind, in order
-    QString runtimeFolder() const;                ///< of the launcher, with its socket and locks
+    QStringList texts(const zeltest::Text &what) const; ///< of all records of that kind, in order
+    QString runtimeFolder() const;                      ///< of the launcher, with its socket and locks
     std::string socketPath() const;
 
     QTemporaryDir root;

@@ -1,6 +1,7 @@
 #include "launcher/commandline.h"
 #include "launcher/frame.h"
 #include "launcher/unicode.h"
+#include "support/table.h"
 
 #include <QtTest>
 
@@ -50,11 +51,7 @@ class TestText : public QObject
 private Q_SLOTS:
     void conversion_data()
     {
-        QTest::addColumn<std::string>("bytes");
-        QTest::addColumn<std::u32string>("text");
-        const auto row = [](const char *name, std::string bytes, std::u32string text) {
-            QTest::newRow(name) << bytes << text;
-        };
+        const auto row = zeltest::table<std::string, std::u32string>("bytes", "text");
         row("every length", "a\xC3\xA9\xE6\x96\x87\xF0\x9F\x93\x84", U"a\u00E9\u6587\U0001F4C4");
         row("ends of the ranges",
             "\x7F\xC2\x80\xDF\xBF\xE0\xA0\x80\xED\x9F\xBF\xEE\x80\x80\xEF\xBF\xBF\xF0\x90\x80\x80"
@@ -72,13 +69,13 @@ private Q_SLOTS:
     {
         QFETCH(std::string, bytes);
         QFETCH(std::u32string, text);
-        QVERIFY(decodeUtf8(bytes) == text);
+        QCOMPARE(decodeUtf8(bytes), text);
         QCOMPARE(decodeUtf8(encodeUtf8(text)), text);
         const std::u16string units = toUtf16(text);
-        QVERIFY(fromUtf16(units) == text);
+        QCOMPARE(fromUtf16(units), text);
         // Qt's own converters as the second opinion.
-        QVERIFY(QString::fromUcs4(text.data(), int(text.size())) == QString::fromStdU16String(units));
-        QVERIFY(QString::fromStdWString(toWide(text)) == QString::fromStdU16String(units));
+        QCOMPARE(QString::fromUcs4(text.data(), int(text.size())), QString::fromStdU16String(units));
+        QCOMPARE(QString::fromStdWString(toWide(text)), QString::fromStdU16String(units));
         QCOMPARE(encodeUtf8(text), QString::fromStdU16String(units).toUtf8().toStdString());
     }
 
@@ -91,11 +88,10 @@ private Q_SLOTS:
 
     void commandLine_data()
     {
-        QTest::addColumn<Words>("arguments");
-        QTest::addColumn<std::string>("text");
-        QTest::addColumn<Words>("read");
-        const auto row = [](const char *name, const Words &arguments, const char *text) {
-            QTest::newRow(name) << arguments << std::string(text) << arguments;
+        // read: what the box makes of the text
+        const auto add = zeltest::table<Words, std::string, Words>("arguments", "text", "read");
+        const auto row = [&](const char *name, const Words &arguments, const char *text) {
+            add(name, arguments, text, arguments);
         };
         row("several", {"/radarid=3", "/action=notifybackup", "rest"},
             "/radarid=3 /action=notifybackup rest");
@@ -103,10 +99,9 @@ private Q_SLOTS:
         row("blanks at the ends", {" a", "b ", " "}, "\" a\" \"b \" \" \"");
         row("empty argument", {"", "x", ""}, "\"\" x \"\"");
         row("tab and line break stay", {"a\tb", "c\nd"}, "a\tb c\nd");
-        QTest::newRow("none") << Words() << std::string() << Words{""};
-        QTest::newRow("quotes are lost")
-            << Words{"say \"hi\" now", "\"a\"", "\""} << std::string("\"say hi now\" a \"\"")
-            << Words{"say hi now", "a", ""};
+        add("none", {}, "", {""});
+        add("quotes are lost", {"say \"hi\" now", "\"a\"", "\""}, "\"say hi now\" a \"\"",
+            {"say hi now", "a", ""});
     }
 
     void commandLine()
@@ -116,7 +111,7 @@ private Q_SLOTS:
         QFETCH(Words, read);
         const CommandLine line = joinArguments({arguments.begin(), arguments.end()});
         QCOMPARE(line.text, text);
-        QVERIFY(readAsBox(line.text) == read);
+        QCOMPARE(readAsBox(line.text), read);
         QCOMPARE(line.quotesDropped, !arguments.empty() && arguments != read);
     }
 
@@ -141,15 +136,14 @@ private Q_SLOTS:
 
     void brokenFrames_data()
     {
-        QTest::addColumn<std::string>("bytes");
-        QTest::addColumn<FrameReader::State>("state");
+        const auto row = zeltest::table<std::string, FrameReader::State>("bytes", "state");
         using State = FrameReader::State;
         const std::uint32_t most = (maxFrameBytes - sizeof(FrameHeader)) / sizeof(char16_t);
-        QTest::newRow("wrong first byte") << std::string("z") << State::Broken;
-        QTest::newRow("later version") << frameWith("ZELM", 2, 0, 0) << State::Broken;
-        QTest::newRow("largest") << frameWith("ZELM", 1, 0, most) << State::Incomplete;
-        QTest::newRow("too large by one") << frameWith("ZELM", 1, 1, most) << State::Broken;
-        QTest::newRow("bytes behind the frame") << frameWith("ZELM", 1, 0, 1) + "abc" << State::Broken;
+        row("wrong first byte", std::string("z"), State::Broken);
+        row("later version", frameWith("ZELM", 2, 0, 0), State::Broken);
+        row("largest", frameWith("ZELM", 1, 0, most), State::Incomplete);
+        row("too large by one", frameWith("ZELM", 1, 1, most), State::Broken);
+        row("bytes behind the frame", frameWith("ZELM", 1, 0, 1) + "abc", State::Broken);
     }
 
     void brokenFrames()

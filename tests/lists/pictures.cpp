@@ -85,18 +85,12 @@ private:
 
 int main(int argc, char **argv)
 {
-    QApplication app(argc, argv);
-    const PictureRun run;
+    const PictureRun run(argc, argv);
     const std::pair<const char *, ListRow::Kind> kinds[] = {{"twolines", ListRow::Kind::TwoLines},
         {"columns", ListRow::Kind::Columns}, {"snippet", ListRow::Kind::Snippet}};
     for (const auto &[name, kind] : kinds) {
         for (const int width : {720, 360})
-            Sheet(kind, width)
-                .grab()
-                .save(QStringLiteral("%1/%2-%3%4.png")
-                          .arg(run.folder(), QLatin1String(name))
-                          .arg(width)
-                          .arg(run.suffix()));
+            run.save(QStringLiteral("%1-%2").arg(QLatin1String(name)).arg(width), Sheet(kind, width).grab());
     }
     return 0;
 }

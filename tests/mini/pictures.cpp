@@ -1,6 +1,4 @@
-// Paints the mini window, the quick search and the tray icons into PNG files, for people to look at.
-// ZEL_RESOURCES=<folder of the resource bundle> app_pictures <folder> [dark] [locale]; the catalogues of a
-// locale are looked for in ZEL_RESOURCES/../../mui. QT_SCALE_FACTOR=2 for high resolution.
+// Paints the mini window, the quick search and the tray icons, for people to look at (support/picturerun.h).
 
 #include "mini/ui/ministrip.h"
 #include "mini/ui/zelboxminiwidget.h"
@@ -41,26 +39,18 @@ RecordInfoList records(const QDateTime &now)
 class Scene
 {
 public:
-    Scene(const QString &folder, const QString &suffix) : m_folder(folder), m_suffix(suffix) { }
+    explicit Scene(const PictureRun &run) : m_run(run) { }
 
     KRecentFileLogic::Services services(const RecordInfoList &content)
     {
         m_store.content = content;
         return {&m_store, &m_events, &m_opener};
     }
-    void save(const char *name, const QPixmap &picture) const
-    {
-        picture.save(m_folder + QLatin1Char('/') + QLatin1String(name) + m_suffix + QStringLiteral(".png"));
-    }
-    void save(const char *name, QWidget &widget) const
-    {
-        QTest::qWait(80);
-        save(name, widget.grab());
-    }
+    void save(const char *name, const QPixmap &picture) const { m_run.save(QLatin1String(name), picture); }
+    void save(const char *name, QWidget &widget) const { m_run.save(QLatin1String(name), &widget); }
 
 private:
-    QString m_folder;
-    QString m_suffix;
+    const PictureRun &m_run;
     FakeStore m_store;
     KRecentFileEvents m_events;
     FakeOpener m_opener;
@@ -128,11 +118,9 @@ void trayIcons(Scene &scene)
 
 int main(int argc, char **argv)
 {
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication app(argc, argv);
-    const PictureRun run;
+    const PictureRun run(argc, argv);
     const FixedNow now(at(QStringLiteral("2024-03-20 14:30")));
-    Scene scene(run.folder(), run.suffix());
+    Scene scene(run);
     const RecordInfoList content = records(zel::now());
     miniWindow(scene, content);
     quickSearch(scene, content);

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "kdocumentopener.h"
 #include "kfiletrash.h"
 #include "recentfile/records.h"
+#include "support/fakeopener.h"
 
 #include <algorithm>
 
@@ -48,25 +48,6 @@ private:
         if (log)
             *log << (QStringList(what) + about).join(QLatin1Char(' '));
     }
-};
-
-/// Opens nothing; answers with `outcome` when told to.
-class FakeOpener : public KDocumentOpener
-{
-    Q_OBJECT
-public:
-    QStringList asked;
-    QStringList revealed;
-    KProgramList programs;
-
-    void open(const QString &path) override { asked << path; }
-    void openWith(const QString &path, const QString &programId) override
-    {
-        asked << programId + QLatin1Char(' ') + path;
-    }
-    void reveal(const QString &path) override { revealed << path; }
-    void findPrograms(const QString &path) override { Q_EMIT programsFound(path, programs); }
-    void answer(const QString &path, Outcome outcome) { Q_EMIT opened(path, outcome); }
 };
 
 /// Moves nothing; answers at once unless it is `slow`: paths that contain "stuck" stay, "gone" are missing.

@@ -1,6 +1,4 @@
-// Paints the Recent page in its states into PNG files, for people to look at.
-// ZEL_RESOURCES=<folder of the resource bundle> recentfile_pictures <folder> [dark] [locale]; the catalogues
-// of a locale are looked for in ZEL_RESOURCES/../../mui. QT_SCALE_FACTOR=2 for high resolution.
+// Paints the Recent page in its states, for people to look at (support/picturerun.h).
 #include "recentfile/fakes.h"
 #include "support/fakecloud.h"
 
@@ -71,7 +69,7 @@ RecordInfoList records(int count, const QDateTime &now)
 class Scene
 {
 public:
-    Scene(const QString &folder, const QString &suffix) : m_folder(folder), m_suffix(suffix) { }
+    explicit Scene(const PictureRun &run) : m_run(run) { }
 
     void show(int rows, bool ready = true)
     {
@@ -83,8 +81,7 @@ public:
         page()->resize(680, 540);
         page()->show();
         page()->onWindowFirstShown();
-        if (!QTest::qWaitForWindowActive(page()))
-            qFatal("the window does not show");
+        PictureRun::show(page());
     }
 
     ZelBoxRecentFileWidget *page() const { return m_recent->page(); }
@@ -94,15 +91,11 @@ public:
 
     void save(const char *name, QWidget *widget = nullptr) const
     {
-        QTest::qWait(60); // hover and scroll bars settle
-        (widget ? widget : page())
-            ->grab()
-            .save(m_folder + QLatin1Char('/') + QLatin1String(name) + m_suffix + QStringLiteral(".png"));
+        m_run.save(QLatin1String(name), widget ? widget : page());
     }
 
 private:
-    QString m_folder;
-    QString m_suffix;
+    const PictureRun &m_run;
     FakeCloud m_proxy;
     FakeStore m_store;
     KRecentFileEvents m_events;
@@ -186,11 +179,9 @@ void emptyPages(Scene &scene)
 
 int main(int argc, char **argv)
 {
-    QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication app(argc, argv);
-    const PictureRun run;
+    const PictureRun run(argc, argv);
     const FixedNow now(at(QStringLiteral("2024-03-20 14:30")));
-    Scene scene(run.folder(), run.suffix());
+    Scene scene(run);
     lists(scene);
     popups(scene);
     emptyPages(scene);

@@ -1,26 +1,14 @@
 #pragma once
 
-#include "base/clock.h"
 #include "krecentfile.h"
+#include "support/testclock.h"
 
-#include <cstdlib>
-#include <ctime>
-
-/// Records and times for the tests of the Recent page.
+/// Records for the tests of the Recent page.
 namespace recenttest {
 
-inline void setZone(const char *zone)
-{
-    setenv("TZ", zone, 1);
-    tzset();
-}
-
-/// "2024-03-10 12:00" (or with seconds) in local time.
-inline QDateTime at(const QString &local)
-{
-    const QDateTime time = QDateTime::fromString(local, QStringLiteral("yyyy-MM-dd hh:mm"));
-    return time.isValid() ? time : QDateTime::fromString(local, QStringLiteral("yyyy-MM-dd hh:mm:ss"));
-}
+using zeltest::at;
+using zeltest::FixedNow;
+using zeltest::setZone;
 
 inline RecentFileInfo record(const QString &id, qint64 time = 0, int kind = RecentRecordKind::Desktop)
 {
@@ -37,15 +25,5 @@ inline RecentFileInfo record(const QString &id, const QDateTime &time, int kind 
 {
     return record(id, time.toMSecsSinceEpoch(), kind);
 }
-
-/// Fixes the clock for the life of the object.
-class FixedNow
-{
-public:
-    explicit FixedNow(const QDateTime &now) { zel::setFixedNow(now); }
-    ~FixedNow() { zel::setFixedNow({}); }
-    FixedNow(const FixedNow &) = delete;
-    FixedNow &operator=(const FixedNow &) = delete;
-};
 
 } // namespace recenttest

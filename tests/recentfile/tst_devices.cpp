@@ -1,8 +1,8 @@
-#include "faults/serviceprocess.h"
 #include "recentfile/recentcloud.h"
 #include "recentfile/recentfileactions.h"
 #include "recentfile/recentfilelogic.h"
 #include "recentfile/recentfilemodel.h"
+#include "support/serviceprocess.h"
 #include "support/wireclient.h"
 
 #include "kcloudsvrproxy.h"

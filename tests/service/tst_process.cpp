@@ -1,4 +1,4 @@
-#include "support/table.h"
+#include "support/columns.h"
 #include "support/wireclient.h"
 
 #include <QFileInfo>

@@ -1,7 +1,6 @@
 // The settings dialog with real events, and what its pages change.
 #include "base/autostart.h"
 #include "base/settingskeys.h"
-#include "faults/serviceprocess.h"
 #include "kcloudsvrproxy.h"
 #include "kdcinfoc.h"
 #include "kliteskin.h"
@@ -14,6 +13,7 @@
 #include "settings/historycleaner.h"
 #include "settings/ui/keyfield.h"
 #include "settings/ui/kzelboxcloudsettingsdlg.h"
+#include "support/serviceprocess.h"
 #include "widgets/noticebar.h"
 #include "widgets/shortcuts.h"
 #include "widgets/sidelist.h"

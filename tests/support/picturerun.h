@@ -2,27 +2,32 @@
 
 #include "kliteskin.h"
 #include "klitestyle.h"
+#include "krt/krt.h"
 #include "kskin.h"
 
 #include <QApplication>
-#include <QDir>
 #include <QLocale>
 #include <QPixmap>
+#include <QTest>
 #include <QTranslator>
 #include <QWidget>
 
-/// Surroundings of a program that paints pictures for people: `<program> <folder> [dark] [<locale>]`, with
-/// the box's resources in ZEL_RESOURCES. Makes the look, the language and the names of the files. After the
-/// QApplication.
+/// A program that paints pictures for people: `<program> <folder> [dark] [2x] [<locale>]`. Makes the
+/// application, the look and the language, and gives each file its name, as in "menu-dark-zh_CN-2x.png". The
+/// resources are those of the build, or those in the folder that ZEL_RESOURCES names.
 class PictureRun
 {
 public:
-    PictureRun()
+    /// `argc` and `argv` outlive it, as they do a QApplication.
+    PictureRun(int &argc, char **argv) : m_app(prepared(argc, argv), argv)
     {
-        const QStringList arguments = QCoreApplication::arguments();
-        const bool dark = arguments.contains(QStringLiteral("dark"));
-        const QString locale = arguments.last().contains(QLatin1Char('_')) ? arguments.last() : QString();
-        const QString resources = qEnvironmentVariable("ZEL_RESOURCES");
+        QStringList words = QCoreApplication::arguments().mid(1);
+        m_folder = words.isEmpty() ? QStringLiteral(".") : words.takeFirst();
+        const bool dark = words.contains(QStringLiteral("dark"));
+        const QString locale = words.filter(QStringLiteral("_")).value(0);
+        const QString resources =
+            qEnvironmentVariable("ZEL_RESOURCES", krt::dirs::office() + QStringLiteral("/res/2019zelbox"));
+        QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
         QApplication::setStyle(new KLiteStyle);
         QApplication::setFont(KLiteStyle::applicationFont());
         KLitOfficeInfo office;
@@ -36,16 +41,42 @@ public:
             QCoreApplication::installTranslator(&m_translator);
         if (!locale.isEmpty())
             QLocale::setDefault(QLocale(locale));
-        m_folder = arguments.value(1, QStringLiteral("."));
         m_suffix = (dark ? QStringLiteral("-dark") : QString())
             + (locale.isEmpty() ? QString() : QLatin1Char('-') + locale)
-            + QStringLiteral("-%1x").arg(qApp->devicePixelRatio());
+            + QStringLiteral("-%1x.png").arg(qApp->devicePixelRatio());
     }
 
-    QString folder() const { return m_folder; }
-    QString suffix() const { return m_suffix; } ///< of every file: "-dark-zh_CN-2x"
+    void save(const QString &name, const QPixmap &picture) const
+    {
+        if (!picture.save(m_folder + QLatin1Char('/') + name + m_suffix))
+            qFatal("cannot save %s in %s", qPrintable(name), qPrintable(m_folder));
+    }
+    /// What `widget` shows once what moves in it has come to rest, for which it gets `settle` milliseconds.
+    void save(const QString &name, QWidget *widget, int settle = 80) const
+    {
+        QTest::qWait(settle);
+        save(name, widget->grab());
+    }
+    /// Shows a window and waits until it has the keyboard.
+    static void show(QWidget *window)
+    {
+        window->show();
+        if (!QTest::qWaitForWindowActive(window))
+            qFatal("the window does not show");
+    }
 
 private:
+    // What has to be known before there is an application.
+    static int &prepared(int &argc, char **argv)
+    {
+        for (int i = 1; i < argc; ++i) {
+            if (qstrcmp(argv[i], "2x") == 0)
+                qputenv("QT_SCALE_FACTOR", "2");
+        }
+        return argc;
+    }
+
+    QApplication m_app;
     QTranslator m_translator;
     QString m_folder;
     QString m_suffix;

@@ -50,6 +50,16 @@ public:
     {
         send(zel::wire::replyFrame(head.method, head.sequence, answer));
     }
+    void answerAll() ///< from now on, as envelopes
+    {
+        serve = [this](const Head &head, Reader &) { answer(head); };
+    }
+    void answer(const Head &head, int state = 0) ///< to an envelope
+    {
+        zel::vela::VelaIpcResult result;
+        result.state = state;
+        reply(head, result);
+    }
     void push(const char *method, const apache::thrift::TBase &record)
     {
         send(zel::wire::pushFrame(method, record));
@@ -68,6 +78,11 @@ public:
         reply(m_helloCall, welcome);
     }
     void hangUp() { m_channel.reset(); }
+    void hangUpSoon() ///< once it may, from inside `serve`
+    {
+        QMetaObject::invokeMethod(
+            this, [this] { hangUp(); }, Qt::QueuedConnection);
+    }
 
 private:
     static zel::posix::UniqueFd listenIn(const QString &runtimeFolder)

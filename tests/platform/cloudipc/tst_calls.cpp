@@ -1,9 +1,9 @@
 #include "kcloudask.h"
 #include "linkfixture.h"
 #include "listener.h"
+#include "support/table.h"
 
 #include <QSet>
-#include <krt/krt.h>
 
 using namespace std::chrono_literals;
 using namespace zel;
@@ -16,31 +16,18 @@ using Serve = void (*)(FakeService &, const FakeService::Head &);
 Q_DECLARE_METATYPE(Act)
 Q_DECLARE_METATYPE(Serve)
 
-// No program to start: a service that does not listen stays away.
-QString krt::dirs::programs()
-{
-    return QStringLiteral("/nonexistent");
-}
-
 namespace {
-
-vela::VelaIpcResult answerOf(int state)
-{
-    vela::VelaIpcResult answer;
-    answer.state = state;
-    return answer;
-}
 
 using Head = FakeService::Head;
 
 void answer(FakeService &service, const Head &head)
 {
-    service.reply(head, answerOf(0));
+    service.answer(head);
 }
 
 void answerWithError(FakeService &service, const Head &head)
 {
-    service.reply(head, answerOf(int(wire::ServiceError::NotServed)));
+    service.answer(head, int(wire::ServiceError::NotServed));
 }
 
 void answerTwice(FakeService &service, const Head &head)
@@ -57,7 +44,7 @@ void refuse(FakeService &service, const Head &head)
 // An envelope's answer cut short, with the length of what is left.
 void answerDamaged(FakeService &service, const Head &head)
 {
-    QByteArray frame = wire::replyFrame(head.method, head.sequence, answerOf(0));
+    QByteArray frame = wire::replyFrame(head.method, head.sequence, vela::VelaIpcResult());
     frame.chop(3);
     frame[3] = char(frame.size() - 4);
     service.send(frame);
@@ -65,7 +52,7 @@ void answerDamaged(FakeService &service, const Head &head)
 
 void answerOther(FakeService &service, const Head &head)
 {
-    service.send(wire::replyFrame("copy", head.sequence, answerOf(0)));
+    service.send(wire::replyFrame("copy", head.sequence, vela::VelaIpcResult()));
 }
 
 void sendGarbage(FakeService &service, const Head &)
@@ -85,23 +72,16 @@ void sendRequest(FakeService &service, const Head &head)
 
 void hangUp(FakeService &service, const Head &)
 {
-    QMetaObject::invokeMethod(
-        &service, [&service] { service.hangUp(); }, Qt::QueuedConnection);
+    service.hangUpSoon();
 }
 
 void answerHalf(FakeService &service, const Head &head)
 {
-    service.send(wire::replyFrame(head.method, head.sequence, answerOf(0)).left(20));
+    service.send(wire::replyFrame(head.method, head.sequence, vela::VelaIpcResult()).left(20));
     hangUp(service, head);
 }
 
 void nothing(FakeService &, const Head &) { }
-
-QString endName(CloudEnd end)
-{
-    const char *names[] = {"Answered", "Refused", "Rejected", "TimedOut", "Cancelled", "Gone"};
-    return QLatin1String(names[int(end)]);
-}
 
 Listener *listenerOf(Fixture &f)
 {
@@ -138,197 +118,167 @@ class TestCalls : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void everyRequestEndsOnce_data();
-    void everyRequestEndsOnce();
-    void askedOfNobody();
-    void waitsForTheFirstConnection_data();
-    void waitsForTheFirstConnection();
-    void manyInFlight_data();
-    void manyInFlight();
-};
-
-void TestCalls::everyRequestEndsOnce_data()
-{
-    QTest::addColumn<Serve>("serve");
-    QTest::addColumn<Act>("act");
-    QTest::addColumn<QString>("slot");  // what it is told; empty: nothing
-    QTest::addColumn<QString>("reply"); // what who asked is told; empty: nothing
-    QTest::addColumn<bool>("staysConnected");
-    const auto row = [](const char *name, Serve serve, const char *slot, const char *reply, bool stays,
-                         Act act = nullptr) {
-        QTest::newRow(name) << serve << act << QString::fromLatin1(slot) << QString::fromLatin1(reply)
-                            << stays;
-    };
-    row("answer", answer, "state 0", "Answered", true);
-    row("service error", answerWithError, "state 1", "Refused", true);
-    row("answered twice", answerTwice, "state 0", "Answered", true);
-    row("refused", refuse, "failed", "Rejected", true);
-    row("answer that does not parse", answerDamaged, "failed", "Gone", false);
-    row("answer to another method", answerOther, "failed", "Gone", false);
-    row("frame that does not parse", sendGarbage, "failed", "Gone", false);
-    row("frame of four gigabytes", sendHugeLength, "failed", "Gone", false);
-    row("a request of the service", sendRequest, "failed", "Gone", false);
-    row("connection lost", hangUp, "failed", "Gone", false);
-    row("half an answer, then lost", answerHalf, "failed", "Gone", false);
-    row("time-out, then the answer", nothing, "failed", "TimedOut", true, answerLate);
-    row("cancelled, then the answer", answer, "failed", "Cancelled", true, cancel);
-    row("receiver destroyed", answer, "", "", true, destroyReceiver);
-    row("proxy destroyed", answer, "", "Gone", false, destroyProxy);
-}
-
-void TestCalls::everyRequestEndsOnce()
-{
-    QFETCH(Serve, serve);
-    QFETCH(Act, act);
-    QFETCH(QString, slot);
-    QFETCH(QString, reply);
-    QFETCH(bool, staysConnected);
-    Fixture f;
-    f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) { serve(*f.service, head); };
-    QVERIFY(f.connectNow());
-    QPointer<KCloudSvrProxy> proxy(f.proxy.get());
-    QSignalSpy lost(f.proxy->velaEventObject(), &KVelaEventObject::SocketDisConnected);
-    if (qstrncmp(QTest::currentDataTag(), "time-out", 8) == 0)
-        f.proxy->setCallTimeout(100ms);
-
-    QPointer<Listener> listener(new Listener);
-    listener->setParent(f.proxy.get());
-    const QString id = f.call(listener, "onResult");
-    QVERIFY(!id.isEmpty());
-    f.proxy->setProperty("id", id);
-    vela::VelaIpcArg envelope;
-    QStringList replies;
-    f.asked = ask<vela::VelaIpcResult>(
-        f.proxy.get(), "velaIpcCall", envelope, listener, [&](const CloudReply<vela::VelaIpcResult> &came) {
-            QVERIFY(!f.asked.isWaiting());
-            QCOMPARE(came.error, came.end == CloudEnd::Refused ? 1 : 0);
-            replies << endName(came.end);
-        });
-    QVERIFY2(listener->endings.isEmpty() && replies.isEmpty(), "never inside the request");
-    if (act)
-        act(f);
-    QTRY_VERIFY(!listener || slot.isEmpty() || !listener->endings.isEmpty());
-    QTRY_VERIFY(reply.isEmpty() || !replies.isEmpty());
-    QTest::qWait(30); // for whatever should not come
-    QCOMPARE(proxy && proxy->isConnected(), staysConnected);
-    QCOMPARE(replies.join(QLatin1Char(' ')), reply);
-    if (!listener)
-        return;
-    QCOMPARE(listener->endings.size(), slot.isEmpty() ? 0 : 1);
-    if (slot.isEmpty())
-        return;
-    const auto &ending = listener->endings.first();
-    QCOMPARE(ending.id, id);
-    QCOMPARE(ending.ok ? QStringLiteral("state %1").arg(ending.state) : QStringLiteral("failed"), slot);
-    QCOMPARE(lost.size(), staysConnected ? 0 : 1);
-    QVERIFY2(!f.proxy->cancelCall(id), "it has ended");
-    f.proxy.reset();
-}
-
-// Without a proxy, and with records that are not the method's.
-void TestCalls::askedOfNobody()
-{
-    QStringList replies;
-    const auto note = [&replies](const auto &reply) { replies << endName(reply.end); };
-    ask<vela::VelaIpcResult>(nullptr, "velaIpcCall", vela::VelaIpcArg(), this, note);
-    for (int i = 0; i < 3; ++i)
-        QTest::ignoreMessage(
-            QtCriticalMsg, QRegularExpression(QStringLiteral("is no method of these records")));
-    KCloudSvrProxy proxy;
-    ask<vela::VelaIpcResult>(&proxy, "cloudDocSearch", vela::CloudDocSearchArg(), this, note);
-    ask<vela::VelaIpcResult>(&proxy, "velaIpcCall", QStringList(), this, note);
-    tell(&proxy, "nothing", vela::VelaIpcArg());
-    QVERIFY(replies.isEmpty());
-    QTRY_COMPARE(replies,
-        QStringList({QStringLiteral("Gone"), QStringLiteral("Rejected"), QStringLiteral("Rejected")}));
-}
-
-void TestCalls::waitsForTheFirstConnection_data()
-{
-    QTest::addColumn<bool>("start");
-    QTest::addColumn<Act>("outcome");
-    QTest::addColumn<bool>("ok");
-    const Act none = [](Fixture &) {};
-    QTest::newRow("never started") << false << none << false;
-    QTest::newRow("introduced") << true << Act([](Fixture &f) { f.service->acceptNow(); }) << true;
-    QTest::newRow("cancelled while waiting") << true << Act(cancel) << false;
-    QTest::newRow("closed instead") << true << Act([](Fixture &f) { f.service->hangUp(); }) << false;
-    QTest::newRow("given up, in a pause") << true << Act([](Fixture &f) {
-        f.service->hangUp();
-        QTRY_COMPARE(listenerOf(f)->endings.size(), 1);
-        listenerOf(f)->endings.clear();
-        f.call(listenerOf(f), "onResult");
-        QVERIFY(listenerOf(f)->endings.isEmpty());
-    }) << false;
-}
-
-void TestCalls::waitsForTheFirstConnection()
-{
-    QFETCH(bool, start);
-    QFETCH(Act, outcome);
-    QFETCH(bool, ok);
-    Fixture f;
-    f.service->hello = FakeService::Hello::Silence;
-    f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) {
-        answer(*f.service, head);
-    };
-    if (start)
-        f.proxy->startVelaProcess(QString());
-    auto *listener = new Listener;
-    listener->setParent(f.proxy.get());
-    f.proxy->setProperty("id", f.call(listener, "onResult"));
-    QVERIFY(listener->endings.isEmpty());
-    if (start) {
-        QTRY_COMPARE(f.service->methods.size(), 1);
-        QTest::qWait(30);
-        QVERIFY2(listener->endings.isEmpty(), "the outcome is not known yet");
-        QCOMPARE(
-            f.service->methods, QStringList{QStringLiteral("getVersion")}); // nothing else before its answer
+    void everyRequestEndsOnce_data()
+    {
+        // slot, reply: what it and who asked are told; empty for nothing
+        const auto add = zeltest::table<Serve, Act, QString, QString, bool>(
+            "serve", "act", "slot", "reply", "staysConnected");
+        const auto row = [&](const char *name, Serve serve, const char *slot, const char *reply, bool stays,
+                             Act act = nullptr) { add(name, serve, act, slot, reply, stays); };
+        row("answer", answer, "state 0", "Answered", true);
+        row("service error", answerWithError, "state 1", "Refused", true);
+        row("answered twice", answerTwice, "state 0", "Answered", true);
+        row("refused", refuse, "failed", "Rejected", true);
+        row("answer that does not parse", answerDamaged, "failed", "Gone", false);
+        row("answer to another method", answerOther, "failed", "Gone", false);
+        row("frame that does not parse", sendGarbage, "failed", "Gone", false);
+        row("frame of four gigabytes", sendHugeLength, "failed", "Gone", false);
+        row("a request of the service", sendRequest, "failed", "Gone", false);
+        row("connection lost", hangUp, "failed", "Gone", false);
+        row("half an answer, then lost", answerHalf, "failed", "Gone", false);
+        row("time-out, then the answer", nothing, "failed", "TimedOut", true, answerLate);
+        row("cancelled, then the answer", answer, "failed", "Cancelled", true, cancel);
+        row("receiver destroyed", answer, "", "", true, destroyReceiver);
+        row("proxy destroyed", answer, "", "Gone", false, destroyProxy);
     }
-    outcome(f);
-    QTRY_COMPARE(listener->endings.size(), 1);
-    QCOMPARE(listener->endings.first().ok, ok);
-    QCOMPARE(f.service->methods.contains(QStringLiteral("velaIpcCall")), ok);
-}
+    void everyRequestEndsOnce()
+    {
+        QFETCH(Serve, serve);
+        QFETCH(Act, act);
+        QFETCH(QString, slot);
+        QFETCH(QString, reply);
+        QFETCH(bool, staysConnected);
+        Fixture f;
+        f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) {
+            serve(*f.service, head);
+        };
+        QVERIFY(f.connectNow());
+        QPointer<KCloudSvrProxy> proxy(f.proxy.get());
+        QSignalSpy lost(f.proxy->velaEventObject(), &KVelaEventObject::SocketDisConnected);
+        if (qstrncmp(QTest::currentDataTag(), "time-out", 8) == 0)
+            f.proxy->setCallTimeout(100ms);
 
-void TestCalls::manyInFlight_data()
-{
-    QTest::addColumn<bool>("answered");
-    QTest::newRow("answered backwards") << true;
-    QTest::newRow("lost") << false;
-}
-
-void TestCalls::manyInFlight()
-{
-    QFETCH(bool, answered);
-    constexpr int Count = 10000;
-    Fixture f;
-    QVector<FakeService::Head> calls;
-    f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) {
-        calls.append(head);
-        if (calls.size() < Count)
+        QPointer<Listener> listener(new Listener);
+        listener->setParent(f.proxy.get());
+        const QString id = f.call(listener, "onResult");
+        QVERIFY(!id.isEmpty());
+        f.proxy->setProperty("id", id);
+        vela::VelaIpcArg envelope;
+        QStringList replies;
+        f.asked = ask<vela::VelaIpcResult>(f.proxy.get(), "velaIpcCall", envelope, listener,
+            [&](const CloudReply<vela::VelaIpcResult> &came) {
+                QVERIFY(!f.asked.isWaiting());
+                QCOMPARE(came.error, came.end == CloudEnd::Refused ? 1 : 0);
+                replies << QString::fromStdString(zeltest::wordOf(came.end));
+            });
+        QVERIFY2(listener->endings.isEmpty() && replies.isEmpty(), "never inside the request");
+        if (act)
+            act(f);
+        QTRY_VERIFY(!listener || slot.isEmpty() || !listener->endings.isEmpty());
+        QTRY_VERIFY(reply.isEmpty() || !replies.isEmpty());
+        QTest::qWait(30); // for whatever should not come
+        QCOMPARE(proxy && proxy->isConnected(), staysConnected);
+        QCOMPARE(replies.join(QLatin1Char(' ')), reply);
+        if (!listener)
             return;
-        std::reverse(calls.begin(), calls.end());
-        for (const auto &call : std::as_const(calls)) {
-            if (answered)
-                answer(*f.service, call);
-        }
-        if (!answered)
-            QMetaObject::invokeMethod(
-                f.service.get(), [&f] { f.service->hangUp(); }, Qt::QueuedConnection);
-    };
-    QVERIFY(f.connectNow());
-    Listener listener;
-    QSet<QString> ids;
-    for (int i = 0; i < Count; ++i)
-        ids.insert(f.call(&listener, "onResult"));
-    QCOMPARE(ids.size(), Count);
-    QTRY_COMPARE_WITH_TIMEOUT(listener.endings.size(), Count, Fixture::Patience);
-    for (const auto &ending : std::as_const(listener.endings)) {
-        QVERIFY(ids.remove(ending.id));
-        QCOMPARE(ending.ok, answered);
+        QCOMPARE(listener->endings.size(), slot.isEmpty() ? 0 : 1);
+        if (slot.isEmpty())
+            return;
+        const auto &ending = listener->endings.first();
+        QCOMPARE(ending.id, id);
+        QCOMPARE(ending.ok ? QStringLiteral("state %1").arg(ending.state) : QStringLiteral("failed"), slot);
+        QCOMPARE(lost.size(), staysConnected ? 0 : 1);
+        QVERIFY2(!f.proxy->cancelCall(id), "it has ended");
+        f.proxy.reset();
     }
-}
+
+    // Without a proxy, and with records that are not the method's.
+    void askedOfNobody()
+    {
+        QStringList replies;
+        const auto note = [&replies](const auto &reply) {
+            replies << QString::fromStdString(zeltest::wordOf(reply.end));
+        };
+        ask<vela::VelaIpcResult>(nullptr, "velaIpcCall", vela::VelaIpcArg(), this, note);
+        for (int i = 0; i < 3; ++i)
+            QTest::ignoreMessage(
+                QtCriticalMsg, QRegularExpression(QStringLiteral("is no method of these records")));
+        KCloudSvrProxy proxy;
+        ask<vela::VelaIpcResult>(&proxy, "cloudDocSearch", vela::CloudDocSearchArg(), this, note);
+        ask<vela::VelaIpcResult>(&proxy, "velaIpcCall", QStringList(), this, note);
+        tell(&proxy, "nothing", vela::VelaIpcArg());
+        QVERIFY(replies.isEmpty());
+        QTRY_COMPARE(replies,
+            QStringList({QStringLiteral("Gone"), QStringLiteral("Rejected"), QStringLiteral("Rejected")}));
+    }
+
+    void waitsForTheFirstConnection_data()
+    {
+        const auto row = zeltest::table<bool, Act, bool>("start", "outcome", "ok");
+        const Act callInAPause = [](Fixture &f) {
+            f.service->hangUp();
+            QTRY_COMPARE(listenerOf(f)->endings.size(), 1);
+            listenerOf(f)->endings.clear();
+            f.call(listenerOf(f), "onResult");
+            QVERIFY(listenerOf(f)->endings.isEmpty());
+        };
+        row(
+            "never started", false, [](Fixture &) {}, false);
+        row(
+            "introduced", true, [](Fixture &f) { f.service->acceptNow(); }, true);
+        row("cancelled while waiting", true, cancel, false);
+        row(
+            "closed instead", true, [](Fixture &f) { f.service->hangUp(); }, false);
+        row("given up, in a pause", true, callInAPause, false);
+    }
+    void waitsForTheFirstConnection()
+    {
+        QFETCH(bool, start);
+        QFETCH(Act, outcome);
+        QFETCH(bool, ok);
+        Fixture f;
+        f.service->hello = FakeService::Hello::Silence;
+        f.service->answerAll();
+        if (start)
+            f.proxy->startVelaProcess(QString());
+        auto *listener = new Listener;
+        listener->setParent(f.proxy.get());
+        f.proxy->setProperty("id", f.call(listener, "onResult"));
+        QVERIFY(listener->endings.isEmpty());
+        if (start) {
+            QTRY_COMPARE(f.service->methods.size(), 1);
+            QTest::qWait(30);
+            QVERIFY2(listener->endings.isEmpty(), "the outcome is not known yet");
+            QCOMPARE(f.service->methods,
+                QStringList{QStringLiteral("getVersion")}); // nothing else before its answer
+        }
+        outcome(f);
+        QTRY_COMPARE(listener->endings.size(), 1);
+        QCOMPARE(listener->endings.first().ok, ok);
+        QCOMPARE(f.service->methods.contains(QStringLiteral("velaIpcCall")), ok);
+    }
+
+    void manyInFlight()
+    {
+        constexpr int Count = 10000;
+        Fixture f;
+        QVector<FakeService::Head> calls;
+        f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) {
+            calls.append(head);
+            for (int i = Count - 1; calls.size() == Count && i >= 0; --i) // backwards
+                f.service->answer(calls.at(i));
+        };
+        QVERIFY(f.connectNow());
+        Listener listener;
+        QSet<QString> ids;
+        for (int i = 0; i < Count; ++i)
+            ids.insert(f.call(&listener, "onResult"));
+        QCOMPARE(ids.size(), Count);
+        QTRY_COMPARE_WITH_TIMEOUT(listener.endings.size(), Count, Fixture::Patience);
+        for (const auto &ending : std::as_const(listener.endings))
+            QVERIFY(ids.remove(ending.id) && ending.ok);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestCalls)
 #include "tst_calls.moc"

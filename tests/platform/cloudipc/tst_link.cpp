@@ -4,190 +4,171 @@
 #include "linkfixture.h"
 #include "listener.h"
 #include "notify_types.h"
-
-#include <krt/krt.h>
+#include "support/table.h"
 
 using namespace std::chrono_literals;
 using namespace zel;
 using Fixture = LinkFixture<KCloudSvrProxy>;
 Q_DECLARE_METATYPE(FakeService::Hello)
 
-QString krt::dirs::programs()
-{
-    return QStringLiteral("/nonexistent");
-}
-
 class TestLink : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void introducesItself();
-    void refusedIntroduction_data();
-    void refusedIntroduction();
-    void brokenIntroduction_data();
-    void brokenIntroduction();
-    void silentIntroduction();
-    void comesBack();
-    void destroyedBySignals_data();
-    void destroyedBySignals();
-    void helpers();
-};
-
-void TestLink::introducesItself()
-{
-    Fixture f;
-    QVERIFY(f.connectNow());
-    QCOMPARE(f.service->client.protocolVersion, wire::ProtocolVersion);
-    QCOMPARE(QString::fromStdString(f.service->client.clientName), QCoreApplication::applicationName());
-    QCOMPARE(f.service->client.processId, QCoreApplication::applicationPid());
-    QCOMPARE(f.service->methods, (QStringList{QStringLiteral("getVersion"), QStringLiteral("getLoginInfo")}));
-    QVERIFY(f.proxy->linkError().isEmpty());
-}
-
-void TestLink::refusedIntroduction_data()
-{
-    QTest::addColumn<FakeService::Hello>("hello");
-    QTest::addColumn<QString>("error");
-    QTest::newRow("other version") << FakeService::Hello::OtherVersion << "version 77 .* version 1";
-    QTest::newRow("other reason") << FakeService::Hello::Full << "too many clients";
-    QTest::newRow("unknown method") << FakeService::Hello::Unknown << "never heard of it";
-}
-
-void TestLink::refusedIntroduction()
-{
-    QFETCH(FakeService::Hello, hello);
-    QFETCH(QString, error);
-    Fixture f;
-    f.service->hello = hello;
-    QSignalSpy refused(f.proxy.get(), &KCloudSvrProxy::linkRefused);
-    QSignalSpy inited(f.proxy.get(), &KCloudSvrProxy::velaInited);
-    Listener listener;
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(error));
-    f.proxy->startVelaProcess(QString());
-    f.call(&listener, "onResult"); // waits for the outcome
-    QVERIFY(refused.wait(Fixture::Patience));
-    QVERIFY2(
-        QRegularExpression(error).match(f.proxy->linkError()).hasMatch(), qPrintable(f.proxy->linkError()));
-    QTRY_COMPARE(listener.endings.size(), 1);
-    QVERIFY(!listener.endings.first().ok);
-    QVERIFY(!KVelaNetworkMonitor::instance()->isOnline());
-    QVERIFY2(!inited.wait(300), "no other try by itself");
-    QCOMPARE(f.service->connections, 1);
-
-    f.service->hello = FakeService::Hello::Accept;
-    QVERIFY(f.connectNow());
-    QVERIFY(f.proxy->linkError().isEmpty());
-}
-
-void TestLink::brokenIntroduction_data()
-{
-    QTest::addColumn<FakeService::Hello>("hello");
-    QTest::newRow("garbage") << FakeService::Hello::Garbage;
-    QTest::newRow("something else") << FakeService::Hello::Push;
-}
-
-void TestLink::brokenIntroduction()
-{
-    QFETCH(FakeService::Hello, hello);
-    Fixture f;
-    f.service->hello = hello;
-    f.proxy->startVelaProcess(QString());
-    QTRY_VERIFY(f.service->connections >= 1);
-    QVERIFY(!f.proxy->isConnected());
-    f.service->hello = FakeService::Hello::Accept;
-    QTRY_VERIFY_WITH_TIMEOUT(f.proxy->isConnected(), Fixture::Patience);
-    QVERIFY(f.service->connections >= 2);
-}
-
-void TestLink::silentIntroduction()
-{
-    Fixture f;
-    f.service->hello = FakeService::Hello::Silence;
-    cloudipc::CloudLink link([](const wire::MessageHead &, wire::MessageReader &) {});
-    link.setHandshakeTimeout(50ms);
-    QSignalSpy unreachable(&link, &cloudipc::CloudLink::unreachable);
-    QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("introduction in time")));
-    link.start(QString(), {}, QStringLiteral("test"));
-    QVERIFY(unreachable.wait(Fixture::Patience));
-    QSignalSpy up(&link, &cloudipc::CloudLink::up);
-    f.service->hello = FakeService::Hello::Accept;
-    QVERIFY(up.wait(Fixture::Patience));
-}
-
-void TestLink::comesBack()
-{
-    Fixture f;
-    QStringList told;
-    connect(f.proxy.get(), &KCloudSvrProxy::velaInited, this, [&] { told.append(QStringLiteral("inited")); });
-    const KVelaEventObject *events = f.proxy->velaEventObject();
-    connect(
-        events, &KVelaEventObject::SocketConnected, this, [&] { told.append(QStringLiteral("connected")); });
-    connect(
-        events, &KVelaEventObject::SocketDisConnected, this, [&] { told.append(QStringLiteral("lost")); });
-    QSignalSpy offline(KVelaNetworkMonitor::instance(), &KVelaNetworkMonitor::velaOffline);
-    QVERIFY(f.connectNow());
-    const int before = offline.size();
-    f.service->hangUp();
-    QTRY_COMPARE_WITH_TIMEOUT(told.size(), 5, Fixture::Patience);
-    QCOMPARE(told.join(QLatin1Char(' ')), QStringLiteral("inited connected lost inited connected"));
-    QCOMPARE(offline.size(), before + 1);
-    QTRY_COMPARE(f.service->methods.count(QStringLiteral("getLoginInfo")), 2);
-}
-
-void TestLink::destroyedBySignals_data()
-{
-    QTest::addColumn<QString>("signal");
-    for (const char *signal :
-        {"velaInited", "SocketConnected", "loginStatusChanged", "push", "SocketDisConnected", "linkRefused"})
-        QTest::newRow(signal) << signal;
-}
-
-void TestLink::destroyedBySignals()
-{
-    QFETCH(QString, signal);
-    Fixture f;
-    QPointer<KCloudSvrProxy> proxy(f.proxy.get());
-    const auto destroy = [&f] { f.proxy.reset(); };
-    const KVelaEventObject *events = proxy->velaEventObject();
-    if (signal == QLatin1String("velaInited"))
-        connect(proxy, &KCloudSvrProxy::velaInited, this, destroy);
-    if (signal == QLatin1String("loginStatusChanged"))
-        connect(proxy, &KCloudSvrProxy::loginStatusChanged, this, destroy);
-    if (signal == QLatin1String("linkRefused")) {
-        f.service->hello = FakeService::Hello::OtherVersion;
-        connect(proxy, &KCloudSvrProxy::linkRefused, this, destroy);
-    }
-    if (signal == QLatin1String("SocketConnected"))
-        connect(events, &KVelaEventObject::SocketConnected, this, destroy);
-    connect(events, &KVelaEventObject::signal_notifyRecentFileListChanged, this, destroy);
-    connect(events, &KVelaEventObject::SocketDisConnected, this, destroy);
-    if (signal == QLatin1String("push") || signal == QLatin1String("SocketDisConnected")) {
+    void introducesItself()
+    {
+        Fixture f;
         QVERIFY(f.connectNow());
-        if (signal == QLatin1String("push"))
-            f.service->push("notifyRecentFileChange", vela::NotifyRecentFileChangeArg());
-        else
-            f.service->send(QByteArray(8, char(0xff)));
-    } else {
-        proxy->startVelaProcess(QString());
+        QCOMPARE(f.service->client.protocolVersion, wire::ProtocolVersion);
+        QCOMPARE(QString::fromStdString(f.service->client.clientName), QCoreApplication::applicationName());
+        QCOMPARE(f.service->client.processId, QCoreApplication::applicationPid());
+        QCOMPARE(
+            f.service->methods, (QStringList{QStringLiteral("getVersion"), QStringLiteral("getLoginInfo")}));
+        QVERIFY(f.proxy->linkError().isEmpty());
     }
-    QTRY_VERIFY_WITH_TIMEOUT(!proxy, Fixture::Patience);
-    QTest::qWait(30); // time for whatever would still refer to it; a memory checker reports that
-}
 
-void TestLink::helpers()
-{
-    const QStringList ids = {QStringLiteral("1"), QStringLiteral("2")};
-    QCOMPARE(KVelaUtil::joinIds(ids), QStringLiteral("1|2"));
-    QCOMPARE(KVelaUtil::splitIds(QStringLiteral("1|2|")), ids);
-    QCOMPARE(KVelaUtil::boolText(true) + KVelaUtil::boolText(false), QStringLiteral("truefalse"));
-    QVERIFY(KVelaUtil::ipcArg(QStringLiteral("reloadMessageConfig")).argMap.empty());
-    KCloudSvrProxy proxy;
-    QSignalSpy spy(proxy.velaEventObject(), &KVelaEventObject::signal_notify);
-    proxy.notify(QStringLiteral("name"), 1, QStringLiteral("two"));
-    QCOMPARE(spy.size(), 1);
-    QCOMPARE(
-        proxy.getCurrentSettingRootPath(), QStringLiteral("HKEY_CURRENT_USER\\SOFTWARE\\Halvorn\\ZELCloud"));
-}
+    void refusedIntroduction_data()
+    {
+        const auto row = zeltest::table<FakeService::Hello, QString>("hello", "error");
+        row("other version", FakeService::Hello::OtherVersion, "version 77 .* version 1");
+        row("other reason", FakeService::Hello::Full, "too many clients");
+        row("unknown method", FakeService::Hello::Unknown, "never heard of it");
+    }
+    void refusedIntroduction()
+    {
+        QFETCH(FakeService::Hello, hello);
+        QFETCH(QString, error);
+        Fixture f;
+        f.service->hello = hello;
+        QSignalSpy refused(f.proxy.get(), &KCloudSvrProxy::linkRefused);
+        QSignalSpy inited(f.proxy.get(), &KCloudSvrProxy::velaInited);
+        Listener listener;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(error));
+        f.proxy->startVelaProcess(QString());
+        f.call(&listener, "onResult"); // waits for the outcome
+        QVERIFY(refused.wait(Fixture::Patience));
+        QVERIFY2(QRegularExpression(error).match(f.proxy->linkError()).hasMatch(),
+            qPrintable(f.proxy->linkError()));
+        QTRY_COMPARE(listener.endings.size(), 1);
+        QVERIFY(!listener.endings.first().ok);
+        QVERIFY(!KVelaNetworkMonitor::instance()->isOnline());
+        QVERIFY2(!inited.wait(300), "no other try by itself");
+        QCOMPARE(f.service->connections, 1);
+
+        f.service->hello = FakeService::Hello::Accept;
+        QVERIFY(f.connectNow());
+        QVERIFY(f.proxy->linkError().isEmpty());
+    }
+
+    void brokenIntroduction_data()
+    {
+        const auto row = zeltest::table<FakeService::Hello>("hello");
+        row("garbage", FakeService::Hello::Garbage);
+        row("something else", FakeService::Hello::Push);
+    }
+    void brokenIntroduction()
+    {
+        QFETCH(FakeService::Hello, hello);
+        Fixture f;
+        f.service->hello = hello;
+        f.proxy->startVelaProcess(QString());
+        QTRY_VERIFY(f.service->connections >= 1);
+        QVERIFY(!f.proxy->isConnected());
+        f.service->hello = FakeService::Hello::Accept;
+        QTRY_VERIFY_WITH_TIMEOUT(f.proxy->isConnected(), Fixture::Patience);
+        QVERIFY(f.service->connections >= 2);
+    }
+
+    void silentIntroduction()
+    {
+        Fixture f;
+        f.service->hello = FakeService::Hello::Silence;
+        cloudipc::CloudLink link([](const wire::MessageHead &, wire::MessageReader &) {});
+        link.setHandshakeTimeout(50ms);
+        QSignalSpy unreachable(&link, &cloudipc::CloudLink::unreachable);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("introduction in time")));
+        link.start(QString(), {}, QStringLiteral("test"));
+        QVERIFY(unreachable.wait(Fixture::Patience));
+        QSignalSpy up(&link, &cloudipc::CloudLink::up);
+        f.service->hello = FakeService::Hello::Accept;
+        QVERIFY(up.wait(Fixture::Patience));
+    }
+
+    void comesBack()
+    {
+        Fixture f;
+        QStringList told;
+        connect(
+            f.proxy.get(), &KCloudSvrProxy::velaInited, this, [&] { told.append(QStringLiteral("inited")); });
+        const KVelaEventObject *events = f.proxy->velaEventObject();
+        connect(events, &KVelaEventObject::SocketConnected, this,
+            [&] { told.append(QStringLiteral("connected")); });
+        connect(events, &KVelaEventObject::SocketDisConnected, this,
+            [&] { told.append(QStringLiteral("lost")); });
+        QSignalSpy offline(KVelaNetworkMonitor::instance(), &KVelaNetworkMonitor::velaOffline);
+        QVERIFY(f.connectNow());
+        const int before = offline.size();
+        f.service->hangUp();
+        QTRY_COMPARE_WITH_TIMEOUT(told.size(), 5, Fixture::Patience);
+        QCOMPARE(told.join(QLatin1Char(' ')), QStringLiteral("inited connected lost inited connected"));
+        QCOMPARE(offline.size(), before + 1);
+        QTRY_COMPARE(f.service->methods.count(QStringLiteral("getLoginInfo")), 2);
+    }
+
+    void destroyedBySignals_data()
+    {
+        const auto row = zeltest::table<QString>("signal");
+        for (const char *signal : {"velaInited", "SocketConnected", "loginStatusChanged", "push",
+                 "SocketDisConnected", "linkRefused"})
+            row(signal, signal);
+    }
+    void destroyedBySignals()
+    {
+        QFETCH(QString, signal);
+        Fixture f;
+        QPointer<KCloudSvrProxy> proxy(f.proxy.get());
+        const auto destroy = [&f] { f.proxy.reset(); };
+        const KVelaEventObject *events = proxy->velaEventObject();
+        if (signal == QLatin1String("velaInited"))
+            connect(proxy, &KCloudSvrProxy::velaInited, this, destroy);
+        if (signal == QLatin1String("loginStatusChanged"))
+            connect(proxy, &KCloudSvrProxy::loginStatusChanged, this, destroy);
+        if (signal == QLatin1String("linkRefused")) {
+            f.service->hello = FakeService::Hello::OtherVersion;
+            connect(proxy, &KCloudSvrProxy::linkRefused, this, destroy);
+        }
+        if (signal == QLatin1String("SocketConnected"))
+            connect(events, &KVelaEventObject::SocketConnected, this, destroy);
+        connect(events, &KVelaEventObject::signal_notifyRecentFileListChanged, this, destroy);
+        connect(events, &KVelaEventObject::SocketDisConnected, this, destroy);
+        if (signal == QLatin1String("push") || signal == QLatin1String("SocketDisConnected")) {
+            QVERIFY(f.connectNow());
+            if (signal == QLatin1String("push"))
+                f.service->push("notifyRecentFileChange", vela::NotifyRecentFileChangeArg());
+            else
+                f.service->send(QByteArray(8, char(0xff)));
+        } else {
+            proxy->startVelaProcess(QString());
+        }
+        QTRY_VERIFY_WITH_TIMEOUT(!proxy, Fixture::Patience);
+        QTest::qWait(30); // time for whatever would still refer to it; a memory checker reports that
+    }
+
+    void helpers()
+    {
+        const QStringList ids = {QStringLiteral("1"), QStringLiteral("2")};
+        QCOMPARE(KVelaUtil::joinIds(ids), QStringLiteral("1|2"));
+        QCOMPARE(KVelaUtil::splitIds(QStringLiteral("1|2|")), ids);
+        QCOMPARE(KVelaUtil::boolText(true) + KVelaUtil::boolText(false), QStringLiteral("truefalse"));
+        QVERIFY(KVelaUtil::ipcArg(QStringLiteral("reloadMessageConfig")).argMap.empty());
+        KCloudSvrProxy proxy;
+        QSignalSpy spy(proxy.velaEventObject(), &KVelaEventObject::signal_notify);
+        proxy.notify(QStringLiteral("name"), 1, QStringLiteral("two"));
+        QCOMPARE(spy.size(), 1);
+        QCOMPARE(proxy.getCurrentSettingRootPath(),
+            QStringLiteral("HKEY_CURRENT_USER\\SOFTWARE\\Halvorn\\ZELCloud"));
+    }
+};
 
 QTEST_GUILESS_MAIN(TestLink)
 #include "tst_link.moc"

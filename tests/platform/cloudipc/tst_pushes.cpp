@@ -2,17 +2,11 @@
 #include "linkfixture.h"
 #include "message_types.h"
 #include "notify_types.h"
-
-#include <krt/krt.h>
+#include "support/table.h"
 
 using namespace zel;
 using Fixture = LinkFixture<KCloudSvrProxy>;
 Q_DECLARE_METATYPE(zel::vela::NotifyFileTransferArg)
-
-QString krt::dirs::programs()
-{
-    return QStringLiteral("/nonexistent");
-}
 
 namespace {
 
@@ -57,250 +51,239 @@ class TestPushes : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void pushes_data();
-    void pushes();
-    void otherPushes();
-    void actionsForWindows();
-    void login();
-    void loginPushes_data();
-    void loginPushes();
-    void signsInAndOut();
-};
-
-void TestPushes::pushes_data()
-{
-    QTest::addColumn<QByteArray>("signal");
-    QTest::addColumn<QByteArray>("frame");
-    QTest::addColumn<QString>("argument"); // null: none
-    const auto row = [](const char *signal, const char *method, const auto &record, const QString &argument) {
-        QTest::newRow(method) << QByteArray(signal) << wire::pushFrame(method, record) << argument;
-    };
-    row(SIGNAL(signal_notifyRecentFileListChanged()), "notifyRecentFileChange",
-        vela::NotifyRecentFileChangeArg(), QString());
-    row(SIGNAL(signal_notifyFileCreation(const NotifyFileCreationArg &)), "notifyFileCreation",
-        vela::NotifyFileCreationArg(), QStringLiteral("zel::vela::NotifyFileCreationArg"));
-    row(SIGNAL(signal_notifyUserThumbnail(const NotifyUserThumbnailArg &)), "notifyUserThumbnail",
-        vela::NotifyUserThumbnailArg(), QStringLiteral("zel::vela::NotifyUserThumbnailArg"));
-    row(SIGNAL(signal_notifyRecentFileStateChanged(const QVector<zel::vela::CloudItem> &)),
-        "notifyFileStateList", vela::NotifyFileStateListArg(),
-        QStringLiteral("QVector<zel::vela::CloudItem>"));
-    vela::NotifyMsgListArg messages;
-    messages.newMsgList = {"7", "ä"};
-    row(SIGNAL(signal_notifyNewMsgList(const QStringList &)), "notifyMsgList", messages,
-        QStringLiteral("7,ä"));
-    vela::NotifyActionsMapArg actions;
-    actions.actionsMap = {{"GetRadarMsg", "{}"}, {"empty", ""}};
-    row(SIGNAL(signal_notifyActionsMapForReadMessage(const QMap<QString, QString> &)), "notifyActionsMap",
-        actions, QStringLiteral("GetRadarMsg={},empty="));
-    vela::NotifyShareDiscussionArg discussion;
-    discussion.action = "reply";
-    discussion.fileId = "f";
-    discussion.actionsMap = {{"x", "y"}};
-    row(SIGNAL(signal_notifyShareDiscussion(const QMap<QString, QString> &)), "notifyShareDiscussion",
-        discussion, QStringLiteral("action=reply,content=,discussionId=,fileId=f,groupId=,x=y"));
-    vela::NotifyUserGenericInfoArg membership;
-    membership.infoKey = "vipInfo";
-    membership.info = {{"vipType", "super"}};
-    row(SIGNAL(signal_vipInfoChanged(const QVariant &)), "notifyUserGenericInfo", membership,
-        QStringLiteral("vipType=super"));
-}
-
-// The signals are looked up by their texts, as those do that know no record.
-void TestPushes::pushes()
-{
-    QFETCH(QByteArray, signal);
-    QFETCH(QByteArray, frame);
-    QFETCH(QString, argument);
-    Fixture f;
-    QVERIFY(f.connectNow());
-    QSignalSpy spy(f.proxy->velaEventObject(), signal.constData());
-    QVERIFY(spy.isValid());
-    QSignalSpy other(f.proxy->velaEventObject(), &KVelaEventObject::signal_pushArrived);
-    f.service->send(frame);
-    QVERIFY(spy.wait(Fixture::Patience));
-    QCOMPARE(spy.first().size(), argument.isNull() ? 0 : 1);
-    if (!argument.isNull()) {
-        const QVariant value = spy.first().first();
-        QCOMPARE(textOf(value.userType() == QMetaType::QVariant ? value.value<QVariant>() : value), argument);
+    void pushes_data()
+    {
+        // argument: null for none
+        const auto add = zeltest::table<QByteArray, QByteArray, QString>("signal", "frame", "argument");
+        const auto row = [&](const char *signal, const char *method, const auto &record,
+                             const zeltest::Text &argument) {
+            add(method, signal, wire::pushFrame(method, record), argument);
+        };
+        row(SIGNAL(signal_notifyRecentFileListChanged()), "notifyRecentFileChange",
+            vela::NotifyRecentFileChangeArg(), QString());
+        row(SIGNAL(signal_notifyFileCreation(const NotifyFileCreationArg &)), "notifyFileCreation",
+            vela::NotifyFileCreationArg(), QStringLiteral("zel::vela::NotifyFileCreationArg"));
+        row(SIGNAL(signal_notifyUserThumbnail(const NotifyUserThumbnailArg &)), "notifyUserThumbnail",
+            vela::NotifyUserThumbnailArg(), QStringLiteral("zel::vela::NotifyUserThumbnailArg"));
+        row(SIGNAL(signal_notifyRecentFileStateChanged(const QVector<zel::vela::CloudItem> &)),
+            "notifyFileStateList", vela::NotifyFileStateListArg(),
+            QStringLiteral("QVector<zel::vela::CloudItem>"));
+        vela::NotifyMsgListArg messages;
+        messages.newMsgList = {"7", "ä"};
+        row(SIGNAL(signal_notifyNewMsgList(const QStringList &)), "notifyMsgList", messages,
+            QStringLiteral("7,ä"));
+        vela::NotifyActionsMapArg actions;
+        actions.actionsMap = {{"GetRadarMsg", "{}"}, {"empty", ""}};
+        row(SIGNAL(signal_notifyActionsMapForReadMessage(const QMap<QString, QString> &)), "notifyActionsMap",
+            actions, QStringLiteral("GetRadarMsg={},empty="));
+        vela::NotifyShareDiscussionArg discussion;
+        discussion.action = "reply";
+        discussion.fileId = "f";
+        discussion.actionsMap = {{"x", "y"}};
+        row(SIGNAL(signal_notifyShareDiscussion(const QMap<QString, QString> &)), "notifyShareDiscussion",
+            discussion, QStringLiteral("action=reply,content=,discussionId=,fileId=f,groupId=,x=y"));
+        vela::NotifyUserGenericInfoArg membership;
+        membership.infoKey = "vipInfo";
+        membership.info = {{"vipType", "super"}};
+        row(SIGNAL(signal_vipInfoChanged(const QVariant &)), "notifyUserGenericInfo", membership,
+            QStringLiteral("vipType=super"));
     }
-    QCOMPARE(other.size(), 0);
-}
+    // The signals are looked up by their texts, as those do that know no record.
+    void pushes()
+    {
+        QFETCH(QByteArray, signal);
+        QFETCH(QByteArray, frame);
+        QFETCH(QString, argument);
+        Fixture f;
+        QVERIFY(f.connectNow());
+        QSignalSpy spy(f.proxy->velaEventObject(), signal.constData());
+        QVERIFY(spy.isValid());
+        QSignalSpy other(f.proxy->velaEventObject(), &KVelaEventObject::signal_pushArrived);
+        f.service->send(frame);
+        QVERIFY(spy.wait(Fixture::Patience));
+        QCOMPARE(spy.first().size(), argument.isNull() ? 0 : 1);
+        if (!argument.isNull()) {
+            const QVariant value = spy.first().first();
+            QCOMPARE(
+                textOf(value.userType() == QMetaType::QVariant ? value.value<QVariant>() : value), argument);
+        }
+        QCOMPARE(other.size(), 0);
+    }
 
-void TestPushes::otherPushes()
-{
-    Fixture f;
-    QVERIFY(f.connectNow());
-    QSignalSpy spy(f.proxy->velaEventObject(), &KVelaEventObject::signal_pushArrived);
-    QTest::ignoreMessage(QtInfoMsg, QRegularExpression(QStringLiteral("tells notifyWhatever, ")));
-    for (int i = 0; i < 2; ++i) // logged once
-        f.service->push("notifyWhatever", vela::NotifyActionArg());
-    vela::NotifyFileTransferArg transfer;
-    transfer.taskId = "t1";
-    f.service->push("notifyFileTransfer", transfer);
-    QVERIFY(spy.wait(Fixture::Patience));
-    QCOMPARE(spy.first().first().toString(), QStringLiteral("notifyFileTransfer"));
-    QVERIFY(spy.first().last().value<QVariant>().value<vela::NotifyFileTransferArg>() == transfer);
-    QVERIFY(f.proxy->isConnected());
+    void otherPushes()
+    {
+        Fixture f;
+        QVERIFY(f.connectNow());
+        QSignalSpy spy(f.proxy->velaEventObject(), &KVelaEventObject::signal_pushArrived);
+        QTest::ignoreMessage(QtInfoMsg, QRegularExpression(QStringLiteral("tells notifyWhatever, ")));
+        for (int i = 0; i < 2; ++i) // logged once
+            f.service->push("notifyWhatever", vela::NotifyActionArg());
+        vela::NotifyFileTransferArg transfer;
+        transfer.taskId = "t1";
+        f.service->push("notifyFileTransfer", transfer);
+        QVERIFY(spy.wait(Fixture::Patience));
+        QCOMPARE(spy.first().first().toString(), QStringLiteral("notifyFileTransfer"));
+        QCOMPARE(spy.first().last().value<QVariant>().value<vela::NotifyFileTransferArg>(), transfer);
+        QVERIFY(f.proxy->isConnected());
 
-    QSignalSpy lost(f.proxy->velaEventObject(), &KVelaEventObject::SocketDisConnected);
-    QByteArray damaged = wire::pushFrame("notifyFileTransfer", transfer);
-    damaged.chop(2);
-    damaged[3] = char(damaged.size() - 4);
-    damaged[2] = char((damaged.size() - 4) >> 8);
-    f.service->send(damaged);
-    QVERIFY(lost.wait(Fixture::Patience));
-    QCOMPARE(spy.size(), 1);
-}
+        QSignalSpy lost(f.proxy->velaEventObject(), &KVelaEventObject::SocketDisConnected);
+        QByteArray damaged = wire::pushFrame("notifyFileTransfer", transfer);
+        damaged.chop(2);
+        damaged[3] = char(damaged.size() - 4);
+        damaged[2] = char((damaged.size() - 4) >> 8);
+        f.service->send(damaged);
+        QVERIFY(lost.wait(Fixture::Patience));
+        QCOMPARE(spy.size(), 1);
+    }
 
-void TestPushes::actionsForWindows()
-{
-    Fixture f;
-    Windows first;
-    Windows second;
-    auto gone = std::make_unique<Windows>();
-    f.proxy->addClientProxy(gone.get());
-    f.proxy->addClientProxy(&first);
-    f.proxy->addClientProxy(&first); // once
-    f.proxy->addClientProxy(&second);
-    gone.reset();
-    QVERIFY(f.connectNow());
-    vela::NotifyActionArg action;
-    action.targetWindow = "mainbox";
-    action.params["url"] = "https://example.org/";
-    for (const char *name : {"activateWindow", "addBrowserPage", "addPlumePage", "other"}) {
-        action.action = name;
+    void actionsForWindows()
+    {
+        Fixture f;
+        Windows first;
+        Windows second;
+        auto gone = std::make_unique<Windows>();
+        f.proxy->addClientProxy(gone.get());
+        f.proxy->addClientProxy(&first);
+        f.proxy->addClientProxy(&first); // once
+        f.proxy->addClientProxy(&second);
+        gone.reset();
+        QVERIFY(f.connectNow());
+        vela::NotifyActionArg action;
+        action.targetWindow = "mainbox";
+        action.params["url"] = "https://example.org/";
+        for (const char *name : {"activateWindow", "addBrowserPage", "addPlumePage", "other"}) {
+            action.action = name;
+            f.service->push("notifyAction", action);
+        }
+        const QStringList all = {QStringLiteral("activate mainbox"),
+            QStringLiteral("browser https://example.org/"), QStringLiteral("plume https://example.org/")};
+        QTRY_COMPARE(second.wishes, all);
+        QCOMPARE(first.wishes, all);
+        first.answer = true;
+        f.service->push("notifyAction", action); // one that nobody knows
+        action.action = "activateWindow";
         f.service->push("notifyAction", action);
+        QTRY_COMPARE(first.wishes.size(), 4);
+        QCOMPARE(second.wishes, all);
     }
-    const QStringList all = {QStringLiteral("activate mainbox"),
-        QStringLiteral("browser https://example.org/"), QStringLiteral("plume https://example.org/")};
-    QTRY_COMPARE(second.wishes, all);
-    QCOMPARE(first.wishes, all);
-    first.answer = true;
-    f.service->push("notifyAction", action); // one that nobody knows
-    action.action = "activateWindow";
-    f.service->push("notifyAction", action);
-    QTRY_COMPARE(first.wishes.size(), 4);
-    QCOMPARE(second.wishes, all);
-}
 
-void TestPushes::login()
-{
-    Fixture f;
-    KVelaIpcLoginCache login;
-    KCompanyInfoCache company;
-    KRpcResponse response;
-    QVERIFY(!f.proxy->getUserLoginInfo(&login) && !f.proxy->getLastUserLoginInfo(&login));
-    QVERIFY(!f.proxy->getUserCompanyInfo(&company) && !f.proxy->getLoginInfoIpcRes(&response));
-    QVERIFY(
-        !f.proxy->isLogined() && !f.proxy->isVip(VipType::Normal) && f.proxy->getLoginInfoMap().isEmpty());
-    QVERIFY(!KVelaUtil::canQueryDesktopSyncState());
+    void login()
+    {
+        Fixture f;
+        KVelaIpcLoginCache login;
+        KCompanyInfoCache company;
+        KRpcResponse response;
+        QVERIFY(!f.proxy->getUserLoginInfo(&login) && !f.proxy->getLastUserLoginInfo(&login));
+        QVERIFY(!f.proxy->getUserCompanyInfo(&company) && !f.proxy->getLoginInfoIpcRes(&response));
+        QVERIFY(!f.proxy->isLogined() && !f.proxy->isVip(VipType::Normal)
+            && f.proxy->getLoginInfoMap().isEmpty());
+        QVERIFY(!KVelaUtil::canQueryDesktopSyncState());
 
-    f.service->login = {{"userId", "u1"}, {"nickName", "Ann"}, {"loginStatus", "2"}, {"vipType", "super"},
-        {"companyId", "c"}, {"companyName", "Corp"}};
-    QVERIFY(f.connectNow());
-    QVERIFY(f.proxy->getUserLoginInfo(&login));
-    QCOMPARE(login,
-        (KVelaIpcLoginCache{2, QStringLiteral("u1"), QStringLiteral("Ann"), {}, QStringLiteral("super")}));
-    QVERIFY(f.proxy->isLogined() && f.proxy->isVip(VipType::Super) && !f.proxy->isVip(VipType::Plume));
-    QVERIFY(f.proxy->getUserCompanyInfo(&company) && company.companyName == QLatin1String("Corp"));
-    QVERIFY(f.proxy->getLoginInfoIpcRes(&response) && response.map() == f.proxy->getLoginInfoMap());
-    QCOMPARE(f.proxy->queryLoginInfo(QStringLiteral("nickName")), QStringLiteral("Ann"));
-    QVERIFY(KVelaUtil::canQueryDesktopSyncState());
+        f.service->login = {{"userId", "u1"}, {"nickName", "Ann"}, {"loginStatus", "2"}, {"vipType", "super"},
+            {"companyId", "c"}, {"companyName", "Corp"}};
+        QVERIFY(f.connectNow());
+        QVERIFY(f.proxy->getUserLoginInfo(&login));
+        QCOMPARE(login,
+            (KVelaIpcLoginCache{
+                2, QStringLiteral("u1"), QStringLiteral("Ann"), {}, QStringLiteral("super")}));
+        QVERIFY(f.proxy->isLogined() && f.proxy->isVip(VipType::Super) && !f.proxy->isVip(VipType::Plume));
+        QVERIFY(f.proxy->getUserCompanyInfo(&company) && company.companyName == QLatin1String("Corp"));
+        QVERIFY(f.proxy->getLoginInfoIpcRes(&response) && response.map() == f.proxy->getLoginInfoMap());
+        QCOMPARE(f.proxy->queryLoginInfo(QStringLiteral("nickName")), QStringLiteral("Ann"));
+        QVERIFY(KVelaUtil::canQueryDesktopSyncState());
 
-    f.service->login = {{"loginStatus", "0"}};
-    QSignalSpy changed(f.proxy.get(), &KCloudSvrProxy::loginStatusChanged);
-    f.service->hangUp();
-    QTRY_COMPARE_WITH_TIMEOUT(changed.size(), 1, Fixture::Patience); // asked again after the reconnect
-    QVERIFY(!f.proxy->isLogined() && !f.proxy->isVip(VipType::Super));
-    QVERIFY(!KVelaUtil::canQueryDesktopSyncState());
-    QVERIFY(f.proxy->getLastUserLoginInfo(&login));
-    QCOMPARE(login.userId, QStringLiteral("u1"));
-}
-
-void TestPushes::loginPushes_data()
-{
-    QTest::addColumn<QString>("key"); // empty: notifyUserInfo
-    QTest::addColumn<bool>("self");
-    QTest::addColumn<bool>("newName");
-    QTest::addColumn<int>("told");
-    QTest::newRow("login status, nothing new") << "loginStatus" << true << false << 1;
-    QTest::newRow("the user's name") << "" << true << true << 1;
-    QTest::newRow("another user") << "" << false << true << 0;
-    QTest::newRow("membership, nothing new") << "vipInfo" << true << false << 0;
-    QTest::newRow("membership, with a new name") << "vipInfo" << true << true << 1;
-    QTest::newRow("other information") << "hobbies" << true << true << 0;
-}
-
-void TestPushes::loginPushes()
-{
-    QFETCH(QString, key);
-    QFETCH(bool, self);
-    QFETCH(bool, newName);
-    QFETCH(int, told);
-    Fixture f;
-    f.service->login = {{"userId", "u1"}, {"nickName", "Ann"}, {"loginStatus", "1"}};
-    QVERIFY(f.connectNow());
-    QSignalSpy changed(f.proxy.get(), &KCloudSvrProxy::loginStatusChanged);
-    if (newName)
-        f.service->login["nickName"] = "Bea";
-    if (key.isEmpty()) {
-        vela::NotifyUserInfoArg push;
-        push.isSelf = self;
-        f.service->push("notifyUserInfo", push);
-    } else {
-        vela::NotifyUserGenericInfoArg push;
-        push.infoKey = key.toStdString();
-        f.service->push("notifyUserGenericInfo", push);
+        f.service->login = {{"loginStatus", "0"}};
+        QSignalSpy changed(f.proxy.get(), &KCloudSvrProxy::loginStatusChanged);
+        f.service->hangUp();
+        QTRY_COMPARE_WITH_TIMEOUT(changed.size(), 1, Fixture::Patience); // asked again after the reconnect
+        QVERIFY(!f.proxy->isLogined() && !f.proxy->isVip(VipType::Super));
+        QVERIFY(!KVelaUtil::canQueryDesktopSyncState());
+        QVERIFY(f.proxy->getLastUserLoginInfo(&login));
+        QCOMPARE(login.userId, QStringLiteral("u1"));
     }
-    if (told)
-        QVERIFY(changed.wait(Fixture::Patience));
-    else
-        QVERIFY(!changed.wait(50));
-    QCOMPARE(changed.size(), told);
-    QCOMPARE(f.proxy->queryLoginInfo(QStringLiteral("nickName")),
-        told && newName ? QStringLiteral("Bea") : QStringLiteral("Ann"));
-}
 
-void TestPushes::signsInAndOut()
-{
-    Fixture f;
-    f.service->login = {{"loginStatus", "0"}};
-    QVERIFY(f.connectNow());
-    QVector<QStringList> texts;
-    vela::LogoutArg out;
-    vela::ZelBoxAsynCommandLineArg line;
-    f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &reader) {
-        QStringList list;
-        if (head.method == "logout") {
-            QVERIFY(reader.readRequest(out));
-            f.service->login = {{"loginStatus", "0"}};
-            return f.service->reply(head, zel::vela::VelaIpcResult());
+    void loginPushes_data()
+    {
+        // key: empty: notifyUserInfo
+        const auto row = zeltest::table<QString, bool, bool, int>("key", "self", "newName", "told");
+        row("login status, nothing new", "loginStatus", true, false, 1);
+        row("the user's name", "", true, true, 1);
+        row("another user", "", false, true, 0);
+        row("membership, nothing new", "vipInfo", true, false, 0);
+        row("membership, with a new name", "vipInfo", true, true, 1);
+        row("other information", "hobbies", true, true, 0);
+    }
+    void loginPushes()
+    {
+        QFETCH(QString, key);
+        QFETCH(bool, self);
+        QFETCH(bool, newName);
+        QFETCH(int, told);
+        Fixture f;
+        f.service->login = {{"userId", "u1"}, {"nickName", "Ann"}, {"loginStatus", "1"}};
+        QVERIFY(f.connectNow());
+        QSignalSpy changed(f.proxy.get(), &KCloudSvrProxy::loginStatusChanged);
+        if (newName)
+            f.service->login["nickName"] = "Bea";
+        if (key.isEmpty()) {
+            vela::NotifyUserInfoArg push;
+            push.isSelf = self;
+            f.service->push("notifyUserInfo", push);
+        } else {
+            vela::NotifyUserGenericInfoArg push;
+            push.infoKey = key.toStdString();
+            f.service->push("notifyUserGenericInfo", push);
         }
-        if (head.method == "zelBoxAsynCommandLine") {
-            QVERIFY(reader.readRequest(line));
-            return;
-        }
-        QVERIFY(reader.readRequestList(list));
-        texts.append(list);
-        f.service->login = {{"userId", "u"}, {"loginStatus", "2"}};
-        f.service->reply(head, zel::vela::VelaIpcResult());
-    };
-    f.proxy->login(AdType::Server, QStringLiteral("ann"), QStringLiteral("secret"));
-    QTRY_VERIFY(f.proxy->isLogined());
-    f.proxy->logout(QStringLiteral("by hand"));
-    QTRY_VERIFY(!f.proxy->isLogined());
-    QCOMPARE(QByteArray::fromStdString(out.reason), QByteArray("by hand"));
-    f.proxy->loginEx(QStringLiteral("ticket7"));
-    QTRY_VERIFY(f.proxy->isLogined());
-    f.proxy->openAutoLoginUrl(QStringLiteral("https://example.org/"));
-    f.proxy->cmdNotify(QStringLiteral("/GetRadarMsg=x"));
-    QTRY_COMPARE(QByteArray::fromStdString(line.commandline), QByteArray("/GetRadarMsg=x"));
-    const QVector<QStringList> expected = {
-        {QStringLiteral("server"), QStringLiteral("ann"), QStringLiteral("secret")},
-        {QStringLiteral("ticket"), QString(), QStringLiteral("ticket7")},
-        {QStringLiteral("https://example.org/")}};
-    QCOMPARE(texts, expected);
-}
+        if (told)
+            QVERIFY(changed.wait(Fixture::Patience));
+        else
+            QVERIFY(!changed.wait(50));
+        QCOMPARE(changed.size(), told);
+        QCOMPARE(f.proxy->queryLoginInfo(QStringLiteral("nickName")),
+            told && newName ? QStringLiteral("Bea") : QStringLiteral("Ann"));
+    }
+
+    void signsInAndOut()
+    {
+        Fixture f;
+        f.service->login = {{"loginStatus", "0"}};
+        QVERIFY(f.connectNow());
+        QVector<QStringList> texts;
+        vela::LogoutArg out;
+        vela::ZelBoxAsynCommandLineArg line;
+        f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &reader) {
+            QStringList list;
+            if (head.method == "logout") {
+                QVERIFY(reader.readRequest(out));
+                f.service->login = {{"loginStatus", "0"}};
+                return f.service->reply(head, zel::vela::VelaIpcResult());
+            }
+            if (head.method == "zelBoxAsynCommandLine") {
+                QVERIFY(reader.readRequest(line));
+                return;
+            }
+            QVERIFY(reader.readRequestList(list));
+            texts.append(list);
+            f.service->login = {{"userId", "u"}, {"loginStatus", "2"}};
+            f.service->reply(head, zel::vela::VelaIpcResult());
+        };
+        f.proxy->login(AdType::Server, QStringLiteral("ann"), QStringLiteral("secret"));
+        QTRY_VERIFY(f.proxy->isLogined());
+        f.proxy->logout(QStringLiteral("by hand"));
+        QTRY_VERIFY(!f.proxy->isLogined());
+        QCOMPARE(QByteArray::fromStdString(out.reason), QByteArray("by hand"));
+        f.proxy->loginEx(QStringLiteral("ticket7"));
+        QTRY_VERIFY(f.proxy->isLogined());
+        f.proxy->openAutoLoginUrl(QStringLiteral("https://example.org/"));
+        f.proxy->cmdNotify(QStringLiteral("/GetRadarMsg=x"));
+        QTRY_COMPARE(QByteArray::fromStdString(line.commandline), QByteArray("/GetRadarMsg=x"));
+        const QVector<QStringList> expected = {
+            {QStringLiteral("server"), QStringLiteral("ann"), QStringLiteral("secret")},
+            {QStringLiteral("ticket"), QString(), QStringLiteral("ticket7")},
+            {QStringLiteral("https://example.org/")}};
+        QCOMPARE(texts, expected);
+    }
+};
 
 QTEST_GUILESS_MAIN(TestPushes)
 #include "tst_pushes.moc"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/impl/recentstore/records/recenttypes.h"
-#include "support/table.h"
+#include "support/columns.h"
 
 #include <QRegularExpression>
 #include <QTest>

@@ -1,6 +1,6 @@
-#include "kcoreapplication.h"
 #include "kliteskin.h"
 #include "krt/krt.h"
+#include "support/boxmain.h"
 
 #include <QFile>
 #include <QIcon>
@@ -42,11 +42,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    KCoreApplication app(
-        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
-    ApplicationTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+ZELTEST_BOX_MAIN(ApplicationTest)
 #include "tst_application.moc"

@@ -1,4 +1,5 @@
 #include "kcefloadingprogressdlg.h"
+#include "support/table.h"
 
 #include <QPushButton>
 #include <QTimer>
@@ -35,12 +36,7 @@ private Q_SLOTS:
 
     void endings_data()
     {
-        QTest::addColumn<KxCefEngine::State>("first");
-        QTest::addColumn<Act>("act");
-        QTest::addColumn<int>("result");
-        const auto row = [](const char *name, KxCefEngine::State first, const Act &act, int result) {
-            QTest::newRow(name) << first << act << result;
-        };
+        const auto row = zeltest::table<KxCefEngine::State, Act, int>("first", "act", "result");
         const auto engine = [](KxCefEngine::State state) {
             return [state](KCefLoadingProgressDlg &) { KxCefEngine::instance()->setState(state); };
         };

@@ -1,8 +1,8 @@
 #include "fileclass.h"
 #include "kfileiconprovider.h"
+#include "support/table.h"
+#include "support/temptree.h"
 
-#include <QDir>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using namespace zel::platform;
@@ -44,11 +44,8 @@ private Q_SLOTS:
 
     void iconOfName_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QByteArray>("fileClass");
-        const auto row = [](const char *name, const char *fileClass) {
-            QTest::newRow(name) << QString::fromUtf8(name) << QByteArray(fileClass);
-        };
+        const auto add = zeltest::table<QString, QByteArray>("name", "fileClass");
+        const auto row = [&](const char *name, const char *fileClass) { add(name, name, fileClass); };
         row("Report.DOCX", "document");
         row("/home/u/with.dots/Bericht ü.odt", "document");
         row("p.JPeG", "picture");
@@ -75,17 +72,11 @@ private Q_SLOTS:
     // A set of icons beside the box wins; a set with broken entries does not leave holes.
     void givenIconSet()
     {
-        QTemporaryDir folder;
+        const zeltest::TempTree folder{
+            "broken.png=no picture", "icons.ini=[suffix]\nPDF=red.png\nods=broken.png\nodt=absent.png\n"};
         QImage red(32, 32, QImage::Format_ARGB32);
         red.fill(Qt::red);
-        QVERIFY(red.save(folder.filePath(QStringLiteral("red.png"))));
-        QFile broken(folder.filePath(QStringLiteral("broken.png")));
-        QVERIFY(broken.open(QIODevice::WriteOnly) && broken.write("no picture") > 0);
-        QFile list(folder.filePath(QStringLiteral("icons.ini")));
-        QVERIFY(list.open(QIODevice::WriteOnly));
-        QVERIFY(list.write("[suffix]\nPDF=red.png\nods=broken.png\nodt=absent.png\n") > 0);
-        broken.close();
-        list.close();
+        QVERIFY(red.save(folder.path("red.png")));
 
         auto *provider = KFileIconProvider::instance();
         QCOMPARE(mainColor(provider->icon(QStringLiteral("a.pdf"))), familyColor("pdf"));

@@ -1,11 +1,10 @@
 #include "kfiletrash.h"
+#include "support/temptree.h"
 #include "trashqueue.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QSemaphore>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 using Outcome = KFileTrash::Outcome;
@@ -31,9 +30,8 @@ private Q_SLOTS:
 
     void requestsInTheirOrder()
     {
-        const QTemporaryDir folder;
-        const QString path = folder.filePath(QStringLiteral("letter.txt"));
-        write(path);
+        const zeltest::TempTree folder;
+        const QString path = folder.write("letter.txt");
         KFileTrash *trash = KFileTrash::instance();
         QSignalSpy trashed(trash, &KFileTrash::trashed);
         QSignalSpy restored(trash, &KFileTrash::restored);
@@ -62,12 +60,11 @@ private Q_SLOTS:
 
     void whatWaitsIsDoneAtTheEnd()
     {
-        const QTemporaryDir folder;
+        const zeltest::TempTree folder;
         QStringList paths;
         auto trash = std::make_unique<KFileTrash>();
         for (int n = 0; n < 5; ++n) {
-            paths.append(folder.filePath(QString::number(n)));
-            write(paths.constLast());
+            paths.append(folder.write(QString::number(n)));
             trash->trash(paths.constLast());
         }
         trash.reset();
@@ -152,13 +149,6 @@ private Q_SLOTS:
         QVERIFY(time.elapsed() < 5000);
         gate->release();
         QVERIFY(back->tryAcquire(1, 5000));
-    }
-
-private:
-    static void write(const QString &path)
-    {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly) && file.write("x") == 1);
     }
 };
 

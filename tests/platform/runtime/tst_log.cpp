@@ -7,6 +7,7 @@
 #include "messagelog.h"
 #include "rotatingfile.h"
 #include "settingsstore.h"
+#include "support/table.h"
 
 #include <QDir>
 #include <QFile>
@@ -73,15 +74,13 @@ private Q_SLOTS:
 
     void lineFormat_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QByteArray>("tail");
-        QTest::newRow("forged line") << QStringLiteral("a\n2024-01-01 W c: b\r")
-                                     << QByteArray("c: a\\n2024-01-01 W c: b\\x0d");
-        QTest::newRow("terminal escape, C1, line separator") << QStringLiteral("\x1b[2J") + QChar(0x85)
-                + QChar(0x2028) << QByteArray("c: \\x1b[2J\\x85\\x2028");
+        const auto row = zeltest::table<QString, QByteArray>("text", "tail");
+        row("forged line", "a\n2024-01-01 W c: b\r", "c: a\\n2024-01-01 W c: b\\x0d");
+        row("terminal escape, C1, line separator", QStringLiteral("\x1b[2J") + QChar(0x85) + QChar(0x2028),
+            "c: \\x1b[2J\\x85\\x2028");
         // The cut may not fall between the halves of a character.
-        QTest::newRow("overlong") << QString(8191, QLatin1Char('x')) + QStringLiteral("😀😀")
-                                  << QByteArray("c: ") + QByteArray(8191, 'x') + "…";
+        row("overlong", QString(8191, QLatin1Char('x')) + QStringLiteral("😀😀"),
+            QByteArray("c: ") + QByteArray(8191, 'x') + "…");
     }
     void lineFormat()
     {
@@ -133,10 +132,9 @@ private Q_SLOTS:
     // many files stay.
     void manyWriters_data()
     {
-        QTest::addColumn<qint64>("limit");
-        QTest::addColumn<int>("files");
-        QTest::newRow("no rotation") << qint64(10'000'000) << 1;
-        QTest::newRow("rotation") << qint64(64 * 1024) << 1 + RotatingFile::OldFiles;
+        const auto row = zeltest::table<qint64, int>("limit", "files");
+        row("no rotation", qint64(10'000'000), 1);
+        row("rotation", qint64(64 * 1024), 1 + RotatingFile::OldFiles);
     }
     void manyWriters()
     {

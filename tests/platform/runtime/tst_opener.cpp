@@ -1,12 +1,11 @@
 #include "kdocumentopener.h"
-#include "privatebus.h"
+#include "support/privatebus.h"
+#include "support/table.h"
+#include "support/temptree.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
-#include <QDir>
-#include <QFile>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QUrl>
 #include <QtTest>
 
@@ -39,37 +38,30 @@ private Q_SLOTS:
     // The desktop's opener of this test notes what it was called with.
     void initTestCase()
     {
-        QVERIFY(m_programs.isValid() && m_files.isValid());
-        QFile program(m_programs.filePath(QStringLiteral("xdg-open")));
-        QVERIFY(program.open(QIODevice::WriteOnly));
-        QVERIFY(
-            program.write("#!/bin/sh\nprintf '%s\\n' \"$1\" >>\"" + QFile::encodeName(noteFile()) + "\"\n")
-            > 0);
-        program.close();
-        QVERIFY(program.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-        qputenv("PATH", QFile::encodeName(m_programs.path()) + ':' + qgetenv("PATH"));
+        m_programs.writeScript("xdg-open", "printf '%s\\n' \"$1\" >>\"" + m_programs.bytes("notes") + "\"\n");
+        qputenv("PATH", m_programs.bytes() + ':' + qgetenv("PATH"));
+        m_files.make({"sub/", "Größe & mehr 100%.txt=x", "a b#c.txt=x", "loop->loop"});
+        m_files.write("secret.txt", "x", QFile::WriteOther); // nobody may read it
     }
-    void init() { QFile::remove(noteFile()); }
+    void init() { QFile::remove(m_programs.path("notes")); }
 
     void open_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<Outcome>("outcome");
-        QTest::newRow("file") << QStringLiteral("Größe & mehr 100%.txt") << Outcome::Opened;
-        QTest::newRow("missing") << QStringLiteral("none.txt") << Outcome::Missing;
-        QTest::newRow("below a file") << QStringLiteral("Größe & mehr 100%.txt/x") << Outcome::Missing;
-        QTest::newRow("link to itself") << QStringLiteral("loop") << Outcome::NotReadable;
+        const auto row = zeltest::table<QString, Outcome>("name", "outcome");
+        row("file", "Größe & mehr 100%.txt", Outcome::Opened);
+        row("missing", "none.txt", Outcome::Missing);
+        row("below a file", "Größe & mehr 100%.txt/x", Outcome::Missing);
+        row("link to itself", "loop", Outcome::NotReadable);
         if (::geteuid() != 0) // root may read everything
-            QTest::newRow("no permission") << QStringLiteral("secret.txt") << Outcome::NotReadable;
+            row("no permission", "secret.txt", Outcome::NotReadable);
     }
     void open()
     {
         QFETCH(QString, name);
         QFETCH(Outcome, outcome);
-        makeFiles();
         KDocumentOpener opener;
         QSignalSpy opened(&opener, &KDocumentOpener::opened);
-        const QString path = m_files.filePath(name);
+        const QString path = m_files.path(name);
         opener.open(path);
         QCOMPARE(opened.count(), 0); // never from inside the call
         QTRY_COMPARE(opened.count(), 1);
@@ -85,24 +77,19 @@ private Q_SLOTS:
     {
         auto opener = std::make_unique<KDocumentOpener>();
         QSignalSpy opened(opener.get(), &KDocumentOpener::opened);
-        opener->open(m_files.filePath(QStringLiteral("none")));
+        opener->open(m_files.path("none"));
         opener.reset();
         KDocumentOpener other;
         QSignalSpy otherOpened(&other, &KDocumentOpener::opened);
-        other.open(m_files.filePath(QStringLiteral("none")));
+        other.open(m_files.path("none"));
         QTRY_COMPARE(otherOpened.count(), 1);
         QCOMPARE(opened.count(), 0);
     }
 
     void reveal_data()
     {
-        QTest::addColumn<QString>("name");
-        QTest::addColumn<QString>("manager");
-        QTest::addColumn<QString>("folder"); // that is opened instead, below the test's
-        const auto row = [](const char *title, const char *name, const char *manager, const char *folder) {
-            QTest::newRow(title) << QString::fromLatin1(name) << QString::fromLatin1(manager)
-                                 << QString::fromLatin1(folder);
-        };
+        // folder: that is opened instead, below the test's
+        const auto row = zeltest::table<QString, QString, QString>("name", "manager", "folder");
         row("no file manager", "a b#c.txt", "none", ".");
         row("selects", "a b#c.txt", "answers", "");
         row("selects a dangling link", "loop", "answers", "");
@@ -118,7 +105,6 @@ private Q_SLOTS:
         static PrivateBus bus;
         if (!bus.isRunning())
             QSKIP("no dbus-daemon on this machine");
-        makeFiles();
         QDBusConnection desktop = PrivateBus::desktop();
         const QString service = QStringLiteral("org.freedesktop.FileManager1");
         FakeFileManager fake;
@@ -129,12 +115,12 @@ private Q_SLOTS:
             QVERIFY(desktop.registerService(service));
         KDocumentOpener opener;
         QSignalSpy opened(&opener, &KDocumentOpener::opened);
-        opener.reveal(m_files.filePath(name));
-        const QStringList uri{uriOf(m_files.filePath(name))};
+        opener.reveal(m_files.path(name));
+        const QStringList uri{uriOf(m_files.path(name))};
         const bool isSelected = !name.contains(QLatin1String("none")) && manager != QLatin1String("none");
         const bool isNowhere = !isSelected && folder.isEmpty();
         if (!folder.isEmpty())
-            QTRY_COMPARE(notes(), QStringList{uriOf(QDir::cleanPath(m_files.filePath(folder)))});
+            QTRY_COMPARE(notes(), QStringList{uriOf(QDir::cleanPath(m_files.path(folder)))});
         else if (isNowhere)
             QTRY_COMPARE(opened.count(), 1);
         else
@@ -148,34 +134,17 @@ private Q_SLOTS:
     }
 
 private:
-    QString noteFile() const { return m_programs.filePath(QStringLiteral("notes")); }
     QStringList notes() const
     {
-        QFile file(noteFile());
-        if (!file.open(QIODevice::ReadOnly))
-            return {};
-        return QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
+        return QString::fromUtf8(m_programs.read("notes")).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
     }
     static QString uriOf(const QString &path)
     {
         return QString::fromLatin1(QUrl::fromLocalFile(path).toEncoded());
     }
-    void makeFiles() const
-    {
-        QDir(m_files.path()).mkdir(QStringLiteral("sub"));
-        for (const QString &name : {QStringLiteral("Größe & mehr 100%.txt"), QStringLiteral("secret.txt"),
-                 QStringLiteral("a b#c.txt")}) {
-            QFile file(m_files.filePath(name));
-            if (!file.exists())
-                QVERIFY(file.open(QIODevice::WriteOnly) && file.write("x") == 1);
-        }
-        QFile::setPermissions(m_files.filePath(QStringLiteral("secret.txt")), {});
-        const QString loop = m_files.filePath(QStringLiteral("loop"));
-        QFile::link(loop, loop);
-    }
 
-    QTemporaryDir m_programs;
-    QTemporaryDir m_files;
+    zeltest::TempTree m_programs;
+    zeltest::TempTree m_files;
 };
 
 QTEST_MAIN(OpenerTest)

@@ -1,10 +1,11 @@
-#include "kcoreapplication.h"
 #include "klitestyle.h"
 #include "klook.h"
 #include "kskin.h"
 #include "skinstate.h"
 #include "style/stylepaint.h"
+#include "support/boxmain.h"
 #include "support/contrast.h"
+#include "support/table.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -34,12 +35,11 @@ class PaletteTest : public QObject
 private Q_SLOTS:
     void initTestCase_data()
     {
-        QTest::addColumn<bool>("dark");
-        QTest::addColumn<bool>("high");
-        QTest::newRow("light") << false << false;
-        QTest::newRow("dark") << true << false;
-        QTest::newRow("light, high contrast") << false << true;
-        QTest::newRow("dark, high contrast") << true << true;
+        const auto row = zeltest::table<bool, bool>("dark", "high");
+        row("light", false, false);
+        row("dark", true, false);
+        row("light, high contrast", false, true);
+        row("dark, high contrast", true, true);
     }
 
     void init()
@@ -128,11 +128,5 @@ private:
     }
 };
 
-int main(int argc, char **argv)
-{
-    KCoreApplication app(
-        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
-    PaletteTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+ZELTEST_BOX_MAIN(PaletteTest)
 #include "tst_palette.moc"

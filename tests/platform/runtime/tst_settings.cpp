@@ -1,30 +1,15 @@
 #include "base/paths.h"
 #include "ksettings.h"
 #include "settingsstore.h"
+#include "support/table.h"
+#include "support/temptree.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QTemporaryDir>
 #include <QtTest>
 
-#include <functional>
 #include <sys/stat.h>
 #include <unistd.h>
 
-using Setup = std::function<void(const QString &path)>;
-Q_DECLARE_METATYPE(Setup)
-
 namespace {
-
-Setup writing(const QByteArray &bytes)
-{
-    return [bytes](const QString &path) {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        QCOMPARE(file.write(bytes), bytes.size());
-    };
-}
 
 QStringList keptAside()
 {
@@ -41,61 +26,56 @@ private Q_SLOTS:
     // Every row has a settings folder of its own, which also proves that the store follows the XDG path.
     void init()
     {
-        m_folder.reset(new QTemporaryDir);
-        qputenv("XDG_CONFIG_HOME", QFile::encodeName(m_folder->path()));
+        m_folder = std::make_unique<zeltest::TempTree>();
+        qputenv("XDG_CONFIG_HOME", m_folder->bytes());
     }
     void cleanup() { zel::platform::releaseSettingsStore(); }
 
     void firstUse_data()
     {
-        QTest::addColumn<Setup>("setup");
-        QTest::addColumn<bool>("damaged");
-        QTest::addColumn<bool>("writable");
-        QTest::addColumn<int>("value");
-
+        const auto row = zeltest::table<QString, QByteArray, bool, bool, int>(
+            "kind", "content", "damaged", "writable", "value");
         const QByteArray good("[plugins]\nzelbox\\number=5\n");
-        QTest::newRow("no file") << Setup([](const QString &) {}) << false << true << 0;
-        QTest::newRow("comments, CRLF")
-            << writing("; a\r\n; b\r\n\r\n" + QByteArray(good).replace("\n", "\r\n")) << false << true << 5;
-        QTest::newRow("garbage") << writing("\x89PNG\r\n\x1a\nrubbish") << true << true << 0;
-        QTest::newRow("NUL bytes after a crash")
-            << writing(good + QByteArray(512, '\0')) << true << true << 0;
-        QTest::newRow("not UTF-8") << writing(good + "zelbox\\name=\xe9t\xe9\n") << true << true << 0;
-        QTest::newRow("cut in a section") << writing(good + "[Applicat") << true << true << 0;
-        QTest::newRow("line without a key") << writing(good + "=7\n") << true << true << 0;
-        QTest::newRow("too large") << writing(good + QByteArray(9 * 1024 * 1024, ';')) << true << true << 0;
-        QTest::newRow("folder in its place")
-            << Setup([](const QString &path) { QVERIFY(QDir().mkpath(path)); }) << false << false << 0;
-        QTest::newRow("FIFO in its place") << Setup([](const QString &path) {
-            QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-        }) << false << false << 0;
-        QTest::newRow("link to itself")
-            << Setup([](const QString &path) { QVERIFY(QFile::link(path, path)); }) << false << false << 0;
-        if (::geteuid() != 0) { // root may read everything
-            QTest::newRow("no permission") << Setup([good](const QString &path) {
-                writing(good)(path);
-                QVERIFY(QFile::setPermissions(path, {}));
-            }) << false << false << 0;
-        }
+        row("no file", "none", {}, false, true, 0);
+        row("comments, CRLF", "file", "; a\r\n; b\r\n\r\n[plugins]\r\nzelbox\\number=5\r\n", false, true, 5);
+        row("garbage", "file", "\x89PNG\r\n\x1a\nrubbish", true, true, 0);
+        row("NUL bytes after a crash", "file", good + QByteArray(512, '\0'), true, true, 0);
+        row("not UTF-8", "file", good + "zelbox\\name=\xe9t\xe9\n", true, true, 0);
+        row("cut in a section", "file", good + "[Applicat", true, true, 0);
+        row("line without a key", "file", good + "=7\n", true, true, 0);
+        row("too large", "file", good + QByteArray(9 * 1024 * 1024, ';'), true, true, 0);
+        row("folder in its place", "folder", {}, false, false, 0);
+        row("FIFO in its place", "FIFO", {}, false, false, 0);
+        row("link to itself", "link", {}, false, false, 0);
+        if (::geteuid() != 0) // root may read everything
+            row("no permission", "locked", good, false, false, 0);
     }
     void firstUse()
     {
-        QFETCH(Setup, setup);
+        QFETCH(QString, kind);
+        QFETCH(QByteArray, content);
         QFETCH(bool, damaged);
         QFETCH(bool, writable);
-        setup(KSettings::filePath());
-        const QByteArray before = contents();
+        const QString path = KSettings::filePath();
+        if (kind == QLatin1String("file") || kind == QLatin1String("locked"))
+            m_folder->write(path, content);
+        if (kind == QLatin1String("locked"))
+            QVERIFY(QFile::setPermissions(path, {}));
+        if (kind == QLatin1String("folder"))
+            QVERIFY(QDir().mkpath(path));
+        if (kind == QLatin1String("FIFO"))
+            QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        if (kind == QLatin1String("link"))
+            m_folder->link(path, path);
 
         KSettings settings;
         settings.beginGroup(QStringLiteral("plugins"));
         settings.beginGroup(QStringLiteral("zelbox"));
         QTEST(settings.value(QStringLiteral("number"), 0).toInt(), "value");
         QCOMPARE(keptAside().size(), damaged ? 1 : 0);
-        if (damaged) {
-            QFile kept(zel::paths::settingsDir() + QLatin1Char('/') + keptAside().constFirst());
-            QVERIFY(kept.open(QIODevice::ReadOnly));
-            QCOMPARE(kept.readAll(), before);
-        }
+        if (damaged)
+            QCOMPARE(m_folder->read(zel::paths::settingsDir() + QLatin1Char('/') + keptAside().constFirst()),
+                content);
 
         settings.setValue(QStringLiteral("number"), 9);
         QCOMPARE(settings.value(QStringLiteral("number")).toInt(), 9);
@@ -126,13 +106,7 @@ private Q_SLOTS:
     }
 
 private:
-    static QByteArray contents()
-    {
-        QFile file(KSettings::filePath());
-        return QFileInfo(file).isFile() && file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
-    QScopedPointer<QTemporaryDir> m_folder;
+    std::unique_ptr<zeltest::TempTree> m_folder;
 };
 
 QTEST_GUILESS_MAIN(SettingsTest)

@@ -1,10 +1,11 @@
 #include "desktoptheme.h"
-#include "kcoreapplication.h"
 #include "klitestyle.h"
 #include "ksettings.h"
 #include "kskin.h"
-#include "privatebus.h"
 #include "skinstate.h"
+#include "support/boxmain.h"
+#include "support/privatebus.h"
+#include "support/table.h"
 
 #include <QDBusMessage>
 #include <QDBusMetaType>
@@ -159,22 +160,21 @@ private Q_SLOTS:
         const auto one = [](const QString &group, const char *key, const QVariant &value) {
             return PortalSettings{{group, {{QLatin1String(key), value}}}};
         };
-        QTest::addColumn<PortalSettings>("settings");
-        QTest::addColumn<DesktopChoices>("expected");
-        QTest::newRow("nothing said") << PortalSettings() << DesktopChoices();
-        QTest::newRow("a scheme of the future") << one(appearance(), "color-scheme", 7U) << DesktopChoices();
-        QTest::newRow("contrast by the accessibility group")
-            << one(QStringLiteral("org.gnome.desktop.a11y.interface"), "high-contrast", true)
-            << DesktopChoices{{}, true, true, 1};
-        QTest::newRow("motion off as text") << one(kde, "AnimationDurationFactor", QStringLiteral("0"))
-                                            << DesktopChoices{{}, false, false, 1};
-        QTest::newRow("motion fast") << one(kde, "AnimationDurationFactor", 0.25) << DesktopChoices();
-        QTest::newRow("motion of the wrong type")
-            << one(gnome(), "enable-animations", QStringList()) << DesktopChoices();
-        QTest::newRow("contrast of the wrong type") << one(QStringLiteral("org.gnome.desktop.a11y.interface"),
-            "high-contrast", QStringLiteral("no")) << DesktopChoices();
-        QTest::newRow("scale out of range")
-            << one(gnome(), "text-scaling-factor", 40.0) << DesktopChoices{{}, false, true, 3};
+        const auto row = zeltest::table<PortalSettings, DesktopChoices>("settings", "expected");
+        row("nothing said", PortalSettings(), DesktopChoices());
+        row("a scheme of the future", one(appearance(), "color-scheme", 7U), DesktopChoices());
+        row("contrast by the accessibility group",
+            one(QStringLiteral("org.gnome.desktop.a11y.interface"), "high-contrast", true),
+            DesktopChoices{{}, true, true, 1});
+        row("motion off as text", one(kde, "AnimationDurationFactor", QStringLiteral("0")),
+            DesktopChoices{{}, false, false, 1});
+        row("motion fast", one(kde, "AnimationDurationFactor", 0.25), DesktopChoices());
+        row("motion of the wrong type", one(gnome(), "enable-animations", QStringList()), DesktopChoices());
+        row("contrast of the wrong type",
+            one(QStringLiteral("org.gnome.desktop.a11y.interface"), "high-contrast", QStringLiteral("no")),
+            DesktopChoices());
+        row("scale out of range", one(gnome(), "text-scaling-factor", 40.0),
+            DesktopChoices{{}, false, true, 3});
         for (const QVariant &bad :
             {QVariant(0.0), QVariant(-1.0), QVariant(qQNaN()), QVariant(QStringList())})
             QTest::addRow("scale %s", qPrintable(bad.toString()))
@@ -222,11 +222,5 @@ private:
     PrivateBus m_bus;
 };
 
-int main(int argc, char **argv)
-{
-    KCoreApplication app(
-        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
-    SkinTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+ZELTEST_BOX_MAIN(SkinTest)
 #include "tst_skin.moc"

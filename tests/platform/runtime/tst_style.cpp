@@ -1,8 +1,9 @@
-#include "kcoreapplication.h"
 #include "klitestyle.h"
 #include "kskin.h"
 #include "skinstate.h"
 #include "style/busyanimation.h"
+#include "support/boxmain.h"
+#include "support/table.h"
 
 #include <QAbstractEventDispatcher>
 #include <QHBoxLayout>
@@ -54,18 +55,15 @@ private Q_SLOTS:
 
     void scrollBarParts_data()
     {
-        QTest::addColumn<Qt::Orientation>("orientation");
-        QTest::addColumn<Qt::LayoutDirection>("direction");
-        QTest::addColumn<int>("maximum");
-        QTest::addColumn<int>("page");
-        QTest::addColumn<int>("value");
+        const auto row = zeltest::table<Qt::Orientation, Qt::LayoutDirection, int, int, int>(
+            "orientation", "direction", "maximum", "page", "value");
         const int huge = std::numeric_limits<int>::max();
-        QTest::newRow("top") << Qt::Vertical << Qt::LeftToRight << 1000 << 100 << 0;
-        QTest::newRow("bottom") << Qt::Vertical << Qt::LeftToRight << 1000 << 100 << 1000;
-        QTest::newRow("across, right to left") << Qt::Horizontal << Qt::RightToLeft << 1000 << 100 << 250;
-        QTest::newRow("nothing to scroll") << Qt::Vertical << Qt::LeftToRight << 0 << 100 << 0;
-        QTest::newRow("huge range") << Qt::Vertical << Qt::LeftToRight << huge << 1 << huge;
-        QTest::newRow("huge page") << Qt::Vertical << Qt::LeftToRight << 10 << huge << 5;
+        row("top", Qt::Vertical, Qt::LeftToRight, 1000, 100, 0);
+        row("bottom", Qt::Vertical, Qt::LeftToRight, 1000, 100, 1000);
+        row("across, right to left", Qt::Horizontal, Qt::RightToLeft, 1000, 100, 250);
+        row("nothing to scroll", Qt::Vertical, Qt::LeftToRight, 0, 100, 0);
+        row("huge range", Qt::Vertical, Qt::LeftToRight, huge, 1, huge);
+        row("huge page", Qt::Vertical, Qt::LeftToRight, 10, huge, 5);
     }
     // Pages and handle cover the bar without gap or overlap, the handle can be taken hold of, and there are
     // no arrows.
@@ -172,11 +170,5 @@ private Q_SLOTS:
     }
 };
 
-int main(int argc, char **argv)
-{
-    KCoreApplication app(
-        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
-    StyleTest test;
-    return QTest::qExec(&test, argc, argv);
-}
+ZELTEST_BOX_MAIN(StyleTest)
 #include "tst_style.moc"

@@ -1,5 +1,6 @@
 #include "kthreadtiming.h"
 #include "quvlite/kasynctask.h"
+#include "support/table.h"
 
 #include <QSemaphore>
 #include <QSignalSpy>
@@ -71,14 +72,13 @@ private Q_SLOTS:
 
     void endsExactlyOnce_data()
     {
-        QTest::addColumn<Ending>("how");
-        QTest::addColumn<bool>("runs");
-        QTest::newRow("runs to its end") << Finish << true;
-        QTest::newRow("throws") << Throw << true;
-        QTest::newRow("cancelled in the queue") << CancelQueued << false;
-        QTest::newRow("cancelled while it runs") << CancelRunning << true;
-        QTest::newRow("scheduler destroyed while it runs") << SchedulerDies << true;
-        QTest::newRow("scheduler destroyed while it is queued") << SchedulerDiesQueued << false;
+        const auto row = zeltest::table<Ending, bool>("how", "runs");
+        row("runs to its end", Finish, true);
+        row("throws", Throw, true);
+        row("cancelled in the queue", CancelQueued, false);
+        row("cancelled while it runs", CancelRunning, true);
+        row("scheduler destroyed while it runs", SchedulerDies, true);
+        row("scheduler destroyed while it is queued", SchedulerDiesQueued, false);
     }
     void endsExactlyOnce()
     {

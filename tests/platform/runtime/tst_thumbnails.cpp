@@ -1,15 +1,14 @@
 #include "kthumbnailcache.h"
+#include "support/table.h"
+#include "support/temptree.h"
 #include "thumbnailfile.h"
 #include "thumbnailstore.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QSemaphore>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
-#include <memory>
 #include <mutex>
 #include <sys/stat.h>
 
@@ -77,8 +76,8 @@ class ThumbnailTest : public QObject
 private Q_SLOTS:
     void init()
     {
-        m_folder = std::make_unique<QTemporaryDir>();
-        qputenv("XDG_CACHE_HOME", QFile::encodeName(m_folder->filePath(QStringLiteral("cache"))));
+        m_folder = std::make_unique<zeltest::TempTree>();
+        qputenv("XDG_CACHE_HOME", m_folder->bytes("cache"));
     }
 
     void uris()
@@ -89,22 +88,22 @@ private Q_SLOTS:
 
     void choice_data()
     {
-        QTest::addColumn<QString>("there"); // folders, with the edge of the picture in them
-        QTest::addColumn<int>("pixels");
-        QTest::addColumn<int>("edge"); // of the result; 0: none
-        QTest::newRow("scaled down") << "normal=128" << 48 << 48;
-        QTest::newRow("never blown up") << "normal=60" << 128 << 60;
-        QTest::newRow("smallest that will do") << "normal=11 large=12 x-large=13" << 200 << 12;
-        QTest::newRow("smaller as a last resort") << "normal=11 large=12" << 2000 << 12;
-        QTest::newRow("nothing wanted") << "normal=128" << 0 << 0;
-        QTest::newRow("too large to be a thumbnail") << "normal=3000" << 128 << 0;
+        // there: folders, with the edge of the picture in them
+        // edge: of the result; 0: none
+        const auto row = zeltest::table<QString, int, int>("there", "pixels", "edge");
+        row("scaled down", "normal=128", 48, 48);
+        row("never blown up", "normal=60", 128, 60);
+        row("smallest that will do", "normal=11 large=12 x-large=13", 200, 12);
+        row("smaller as a last resort", "normal=11 large=12", 2000, 12);
+        row("nothing wanted", "normal=128", 0, 0);
+        row("too large to be a thumbnail", "normal=3000", 128, 0);
     }
     void choice()
     {
         QFETCH(QString, there);
         QFETCH(int, pixels);
         QFETCH(int, edge);
-        const QString path = makeDocument(QStringLiteral("a;b [1] 50% ü?#.pdf"));
+        const QString path = m_folder->write("a;b [1] 50% ü?#.pdf");
         for (const QString &entry : there.split(QLatin1Char(' '))) {
             const int size = entry.section(QLatin1Char('='), 1).toInt();
             writeThumbnail(
@@ -116,7 +115,7 @@ private Q_SLOTS:
 
     void bothSpellings()
     {
-        const QString path = makeDocument(QStringLiteral("a;b.pdf"));
+        const QString path = m_folder->write("a;b.pdf");
         QCOMPARE(thumbnailUris(path).size(), 2);
         for (const QByteArray &uri : thumbnailUris(path)) {
             const QString file = thumbnailFile(QStringLiteral("normal"), uri);
@@ -128,23 +127,19 @@ private Q_SLOTS:
 
     void onlyValidOnes_data()
     {
-        QTest::addColumn<QString>("uri"); // $: the right one
-        QTest::addColumn<QString>("time");
-        QTest::addColumn<bool>("valid");
-        const auto row = [](const char *name, const QString &uri, const QString &time, bool valid) {
-            QTest::newRow(name) << uri << time << valid;
-        };
+        // uri: $: the right one
+        const auto row = zeltest::table<QString, QString, bool>("uri", "time", "valid");
         const QString right(QLatin1Char('$'));
         row("right", right, right, true);
-        row("other document", QStringLiteral("file:///other"), right, false);
-        row("outdated", right, QStringLiteral("1"), false);
-        row("time is no number", right, QStringLiteral("now"), false);
+        row("other document", "file:///other", right, false);
+        row("outdated", right, "1", false);
+        row("time is no number", right, "now", false);
     }
     void onlyValidOnes()
     {
         QFETCH(QString, uri);
         QFETCH(QString, time);
-        const QString path = makeDocument(QStringLiteral("a.pdf"));
+        const QString path = m_folder->write("a.pdf");
         const QByteArray right = thumbnailUris(path).constFirst();
         uri.replace(QLatin1Char('$'), QString::fromLatin1(right));
         time.replace(QLatin1Char('$'), timeOf(path));
@@ -156,7 +151,7 @@ private Q_SLOTS:
 
     void brokenFiles()
     {
-        const QString path = makeDocument(QStringLiteral("a.pdf"));
+        const QString path = m_folder->write("a.pdf");
         const QString file = thumbnailFile(QStringLiteral("normal"), thumbnailUris(path).constFirst());
         writeThumbnail(file, {100, 100}, {}, timeOf(path), "jpg");
         QVERIFY(readThumbnail(path, 128).isNull()); // another format
@@ -176,7 +171,7 @@ private Q_SLOTS:
     // Which unfold to gigabytes, would one let them.
     void packedTexts()
     {
-        const QString path = makeDocument(QStringLiteral("a.pdf"));
+        const QString path = m_folder->write("a.pdf");
         const QString file = thumbnailFile(QStringLiteral("normal"), thumbnailUris(path).constFirst());
         QVERIFY(QDir().mkpath(QFileInfo(file).path()));
         QImage image(8, 8, QImage::Format_RGB32);
@@ -191,7 +186,7 @@ private Q_SLOTS:
 
     void throughTheCache()
     {
-        const QString path = makeDocument(QStringLiteral("a.pdf"));
+        const QString path = m_folder->write("a.pdf");
         const QString file = thumbnailFile(QStringLiteral("normal"), thumbnailUris(path).constFirst());
         writeThumbnail(file, {100, 50}, {}, timeOf(path));
         KThumbnailCache cache;
@@ -269,32 +264,26 @@ private Q_SLOTS:
         limits.patience = std::chrono::seconds(1); // enough for the others on a slow machine
         ThumbnailStore store(files->reader(), limits, nullptr);
         QSignalSpy loaded(&store, &ThumbnailStore::loaded);
-        const QString dead = m_folder->filePath(QStringLiteral("dead/a"));
-        const QString alive = m_folder->filePath(QStringLiteral("b"));
+        const QString dead = m_folder->path("dead/a");
+        const QString alive = m_folder->path("b");
         store.find(dead, 8);
-        store.find(alive, 8); // on a new thread, once the first one is given up
-        store.find(m_folder->filePath(QStringLiteral("dead/c")), 8); // never
+        store.find(alive, 8);                    // on a new thread, once the first one is given up
+        store.find(m_folder->path("dead/c"), 8); // never
         QTRY_COMPARE(loaded.count(), 1);
         store.find(dead, 8);
-        store.find(m_folder->filePath(QStringLiteral("d")), 8);
+        store.find(m_folder->path("d"), 8);
         files->gate.release(1); // the late answer is not taken any more
         QTRY_COMPARE(loaded.count(), 2);
-        QCOMPARE(files->seen(), QStringList({dead, alive, m_folder->filePath(QStringLiteral("d"))}));
+        QCOMPARE(files->seen(), QStringList({dead, alive, m_folder->path("d")}));
     }
 
 private:
-    QString makeDocument(const QString &name) const
-    {
-        const QString path = m_folder->filePath(name);
-        QFile file(path);
-        return file.open(QIODevice::WriteOnly) ? path : QString();
-    }
     static QString timeOf(const QString &path)
     {
         return QString::number(QFileInfo(path).lastModified().toSecsSinceEpoch());
     }
 
-    std::unique_ptr<QTemporaryDir> m_folder;
+    std::unique_ptr<zeltest::TempTree> m_folder;
 };
 
 QTEST_GUILESS_MAIN(ThumbnailTest)

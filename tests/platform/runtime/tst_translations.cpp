@@ -1,6 +1,8 @@
 #include "krt/kapptranslators.h"
 #include "krt/krt.h"
 #include "ksettings.h"
+#include "support/table.h"
+#include "support/temptree.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -46,20 +48,14 @@ private Q_SLOTS:
 
     void languageFinds_data()
     {
-        QTest::addColumn<QString>("language");
-        QTest::addColumn<QString>("folder");
-        QTest::addColumn<bool>("found");
-        const auto row = [](const char *language, const char *folder, bool found) {
-            QTest::addRow("%s in %s", language, folder)
-                << QString::fromLatin1(language) << QString::fromLatin1(folder) << found;
-        };
-        row("de_AT.UTF-8", "de", true);
-        row("zh-Hans-CN", "zh_CN", true);
-        row("zh-Hans-CN", "zh_Hans", true);
-        row("pt_BR", "pt_PT", false);
-        row("en_GB", "en", true);
-        row("", "en", true); // the desktop of the tests speaks C
-        row("../../etc", "de", false);
+        const auto row = zeltest::table<QString, QString, bool>("language", "folder", "found");
+        row("language alone", "de_AT.UTF-8", "de", true);
+        row("by the territory", "zh-Hans-CN", "zh_CN", true);
+        row("by the script", "zh-Hans-CN", "zh_Hans", true);
+        row("another territory", "pt_BR", "pt_PT", false);
+        row("English", "en_GB", "en", true);
+        row("the desktop's, which is C in tests", "", "en", true);
+        row("climbs", "../../etc", "de", false);
     }
     void languageFinds()
     {
@@ -78,11 +74,8 @@ private Q_SLOTS:
     {
         chooseLanguage(QStringLiteral("de_DE"));
         putCatalogue(QStringLiteral("de"));
-        const QString folder = krt::dirs::officeHome() + QStringLiteral("/mui/de_DE");
-        QVERIFY(QDir().mkpath(folder));
-        QFile damaged(folder + QLatin1Char('/') + Name + QStringLiteral(".qm"));
-        QVERIFY(damaged.open(QIODevice::WriteOnly) && damaged.write("not a catalogue") > 0);
-        damaged.close();
+        zeltest::TempTree().write(
+            krt::dirs::officeHome() + QStringLiteral("/mui/de_DE/%1.qm").arg(Name), "not a catalogue");
         QVERIFY(KAppTranslators::installTranslation(Name));
         QCOMPARE(text(), QStringLiteral("Guten Tag"));
     }

@@ -1,6 +1,6 @@
 #include "service/store/clouddatabase.h"
 #include "service/store/servicetables.h"
-#include "support/table.h"
+#include "support/columns.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -1,5 +1,5 @@
 #include "cloud/wire/rowcodec.h"
-#include "support/table.h"
+#include "support/columns.h"
 
 #include <QTest>
 

@@ -1,6 +1,6 @@
 #include "service/tables/servicecommand.h"
 #include "service/tables/statementparser.h"
-#include "support/table.h"
+#include "support/columns.h"
 
 #include <QTest>
 

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "kcoreapplication.h"
+
+#include <QtTest>
+
+/// The main() of a test under the box's own application object, which has its style and follows the desktop.
+#define ZELTEST_BOX_MAIN(Test)                                                                               \
+    int main(int argc, char **argv)                                                                          \
+    {                                                                                                        \
+        KCoreApplication app(                                                                                \
+            argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));          \
+        Test test;                                                                                           \
+        return QTest::qExec(&test, argc, argv);                                                              \
+    }
