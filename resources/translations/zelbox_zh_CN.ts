@@ -898,6 +898,10 @@
         <source>Recent documents</source>
         <translation>最近文档</translation>
     </message>
+    <message>
+        <source>Share</source>
+        <translation>分享</translation>
+    </message>
 </context>
 <context>
     <name>KRecentFileTitleMenu</name>

@@ -59,6 +59,7 @@ void KRecentFileLogic::connectStore()
 {
     using Events = KRecentFileEvents;
     Events *events = m_services.events ? m_services.events : RecentFileEventObject();
+    connect(events, &Events::historyCleared, this, &KRecentFileLogic::historyCleared);
     connect(events, &Events::initFinished, this, &KRecentFileLogic::onRecentRecordInitFinished);
     connect(events, &Events::recordsArrived, this, &KRecentFileLogic::onRecentRecordArrived);
     connect(events, &Events::recordsAdded, this, &KRecentFileLogic::onRecentRecordAdded);

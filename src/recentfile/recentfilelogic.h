@@ -66,6 +66,7 @@ Q_SIGNALS:
     void recentFileUnreadMsgCount(quint64 count);
     void needToWaitFirstLoading(); ///< show the loading state until firstLoadingFinish()
     void firstLoadingFinish();
+    void historyCleared(); ///< the user wants none of it back
     /// The service did not show its dialog for sharing.
     void shareNotServed(const RecentFileInfo &record);
 

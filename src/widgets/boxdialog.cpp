@@ -32,6 +32,13 @@ BoxDialog::BoxDialog(const QString &title, const QString &heading, QWidget *pare
     layout->addSpacing(KLiteStyle::dpiScaled(look::SpaceXS));
 }
 
+QSize BoxDialog::sizeHint() const
+{
+    const int width = qMax(minimumWidth(), QDialog::sizeHint().width());
+    return {width,
+        layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width) : QDialog::sizeHint().height()};
+}
+
 // The box of buttons hands the focus on to its first button. The Tab key, which goes by the order of making,
 // would never come to what was made between the two.
 QDialogButtonBox *BoxDialog::buttons()

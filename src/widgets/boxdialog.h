@@ -17,6 +17,8 @@ public:
     /// The name of a file as a heading can carry it: the middle of a long one is left out.
     static QString headingName(const QString &fileName);
 
+    QSize sizeHint() const override; ///< as tall as the texts are at this width
+
 protected:
     QVBoxLayout *body() const { return m_body; }
     QDialogButtonBox *buttons();          ///< made when first asked for: after the body, see there

@@ -6,7 +6,7 @@
 #include "widgets/focusring.h"
 #include "widgets/rowpaint.h"
 
-#include <QEvent>
+#include <QKeyEvent>
 #include <QPainter>
 
 namespace look = zel::look;
@@ -51,18 +51,24 @@ bool ChoiceButton::event(QEvent *event)
     return QAbstractButton::event(event);
 }
 
+// Enter would press the default button of the dialog.
+void ChoiceButton::keyPressEvent(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        click();
+    else
+        QAbstractButton::keyPressEvent(event);
+}
+
 void ChoiceButton::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const qreal radius = KLiteStyle::dpiScaledF(look::Radius);
-    if (underMouse() || isDown() || KSkin::highContrast()) {
-        painter.setPen(
-            KSkin::highContrast() ? QPen(KSkin::color(KSkin::Color::ControlBorder)) : QPen(Qt::NoPen));
-        painter.setBrush(
-            KSkin::color(underMouse() || isDown() ? KSkin::Color::Hover : KSkin::Color::Surface));
-        painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
-    }
+    const bool active = underMouse() || isDown();
+    painter.setPen(KSkin::color(KSkin::highContrast() ? KSkin::Color::ControlBorder : KSkin::Color::Border));
+    painter.setBrush(KSkin::color(active ? KSkin::Color::Hover : KSkin::Color::Surface));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     const int side = KLiteStyle::dpiScaled(GlyphSide);
     const int margin = KLiteStyle::dpiScaled(look::SpaceM);
     const QFont strong = look::font(look::Type::Strong, font());

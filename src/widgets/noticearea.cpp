@@ -86,6 +86,16 @@ void NoticeArea::placeSoon()
         Qt::QueuedConnection);
 }
 
+void NoticeArea::tellCover()
+{
+    const int gap = KLiteStyle::dpiScaled(look::SpaceM);
+    int cover = 0;
+    for (const Place &place : std::as_const(m_places))
+        cover += place.bar->isStanding() ? place.bar->height() + gap : 0;
+    if (std::exchange(m_cover, cover) != cover)
+        Q_EMIT coverChanged(cover);
+}
+
 void NoticeArea::place()
 {
     const QRect room = this->room();
@@ -107,6 +117,7 @@ void NoticeArea::place()
         place.bar->resize(width, place.bar->heightForWidth(width));
         height = place.to + place.bar->height();
     }
+    tellCover();
     if (height == 0)
         return hide();
     int top = room.bottom() + 1 - height;

@@ -23,6 +23,11 @@ public:
     /// The user does something else: what is only said goes; offers and what stays by itself remain.
     void retire();
 
+Q_SIGNALS:
+    /// How much of the lower edge is covered by notices that do not go by themselves; pixels, 0: nothing. A
+    /// list lets its last rows be scrolled out of there.
+    void coverChanged(int height);
+
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
@@ -36,6 +41,7 @@ private:
     };
 
     void placeSoon();
+    void tellCover();
     void place();
     void moveBars(qreal progress);
     QRect room() const;         ///< of the page, for notices
@@ -47,5 +53,6 @@ private:
     QVector<Place> m_places;
     QVariantAnimation m_slide;
     QPointer<QAbstractItemView> m_followed;
+    int m_cover = 0;
     bool m_placeSoon = false;
 };

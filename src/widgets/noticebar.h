@@ -31,6 +31,7 @@ public:
     void triggerAction(); ///< as if its button were clicked; nothing while it has none
     /// It shows, offers nothing and would go by itself.
     bool isPassing() const { return !isHidden() && !m_offering && m_timer.isActive(); }
+    bool isStanding() const { return !isHidden() && !m_timer.isActive(); } ///< it would not go by itself
     int naturalWidth() const; ///< for its text in one line, look::NoticeWidth at most; pixels
 
 Q_SIGNALS:

@@ -11,33 +11,17 @@
 #include "recentfile/ui/recentguides.h"
 #include "recentfile/ui/sharedialog.h"
 #include "settings/ui/confirmdialog.h"
+#include "support/contrast.h"
 #include "support/fakecloud.h"
 
 #include <QAbstractButton>
 #include <QLabel>
 #include <QPushButton>
 #include <QtTest>
-#include <cmath>
 
 namespace {
 
 constexpr int Scale = 3; // so that strokes have a pixel without an edge
-
-qreal luminance(QRgb color)
-{
-    const auto part = [](int value) {
-        const qreal v = value / 255.0;
-        return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4);
-    };
-    return 0.2126 * part(qRed(color)) + 0.7152 * part(qGreen(color)) + 0.0722 * part(qBlue(color));
-}
-
-qreal contrast(QRgb one, QRgb other)
-{
-    const qreal a = luminance(one);
-    const qreal b = luminance(other);
-    return (qMax(a, b) + 0.05) / (qMin(a, b) + 0.05);
-}
 
 /// Between the ground of a part of the picture and what stands out from it most.
 qreal contrastIn(const QImage &picture, const QRect &part)
@@ -55,7 +39,7 @@ qreal contrastIn(const QImage &picture, const QRect &part)
     qreal best = 1;
     for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
         if (it.value() >= Scale * Scale)
-            best = qMax(best, contrast(it.key(), ground));
+            best = qMax(best, contrast(QColor(it.key()), QColor(ground)));
     }
     return best;
 }

@@ -190,7 +190,9 @@ void TestPageParts::noticesFloat()
     page.view->setCurrentIndex(page.model.index(50));
     QTRY_VERIFY(page.notices.geometry().bottom() > row().bottom());
 
+    QSignalSpy covers(&page.notices, &NoticeArea::coverChanged);
     page.notice->showText(QStringLiteral("Not for good"), NoticeBar::Tone::Problem, NoticeBar::Stay);
+    QTRY_VERIFY(covers.size() == 1 && covers.constFirst().constFirst().toInt() > page.notice->height());
     page.notices.retire();
     QVERIFY(page.notice->isVisible()); // it stands for something that lasts
     page.notice->showText(QStringLiteral("Said"));

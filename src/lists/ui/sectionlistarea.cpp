@@ -133,12 +133,18 @@ void View::leaveOldOrder(QAbstractItemModel::LayoutChangeHint hint)
         verticalScrollBar()->setValue(0);
 }
 
+void View::setEndRoom(int pixels)
+{
+    if (std::exchange(m_endRoom, pixels) != pixels)
+        updateGeometries();
+}
+
 void View::updateGeometries()
 {
     const int height = viewport()->height();
     verticalScrollBar()->setSingleStep(KLiteStyle::dpiScaled(WheelStep));
     verticalScrollBar()->setPageStep(qMax(1, height - m_layout.headerHeight()));
-    verticalScrollBar()->setRange(0, qMax(0, m_layout.contentHeight() - height));
+    verticalScrollBar()->setRange(0, qMax(0, m_layout.contentHeight() + m_endRoom - height));
     QAbstractItemView::updateGeometries();
 }
 

@@ -24,7 +24,8 @@ public:
     ListRowDelegate *rowDelegate() const;
     int rowHeight() const; ///< pixels
 
-    void setSectionsShown(bool shown);             ///< first: yes
+    void setSectionsShown(bool shown); ///< first: yes
+    void setEndRoom(int pixels);       ///< below the last row, where something may stand over the list
     void setMarkedWords(const QStringList &words); ///< folded words of the filter, for the delegate
 
     QRect visualRect(const QModelIndex &index) const override;
@@ -79,6 +80,7 @@ private:
     ListAnchor m_anchor;
     QBasicTimer m_settle;
     QStringList m_markedWords;
+    int m_endRoom = 0;
     bool m_sectionsShown = true;
     bool m_layingOut = false;
 };

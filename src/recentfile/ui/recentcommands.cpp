@@ -140,6 +140,7 @@ void RecentCommands::connectResults()
         [this](int, const QModelIndexList &rows) { onLeftOut(rows); });
     connect(m_actions, &RecentFileActions::filesDeleted, this, &RecentCommands::onFilesDeleted);
     connect(m_actions, &RecentFileActions::filesRestored, this, &RecentCommands::onFilesRestored);
+    connect(m_logic, &KRecentFileLogic::historyCleared, m_undo, &UndoOffer::withdraw);
     connect(m_logic, &KRecentFileLogic::shareNotServed, this, &RecentCommands::showShareDialog);
 }
 
@@ -190,16 +191,17 @@ QStringList RecentCommands::pathsOf(const QModelIndexList &rows) const
 
 void RecentCommands::open(const QModelIndexList &rows)
 {
-    if (rows.size() != 1)
-        return run(Command::Open, rows);
     m_notices->retire();
-    openAll(rows);
+    if (!m_openingNotices->mayOpen(rows.size()))
+        return;
+    if (rows.size() == 1)
+        openAll(rows);
+    else
+        run(Command::Open, rows);
 }
 
 void RecentCommands::openAll(const QModelIndexList &rows)
 {
-    if (!m_openingNotices->mayOpen(rows.size()))
-        return;
     const QVector<QPersistentModelIndex> kept(rows.cbegin(), rows.cend()); // opening moves rows
     for (const QPersistentModelIndex &row : kept) {
         m_logic->open(m_view->recentModel()->mapToSource(row));

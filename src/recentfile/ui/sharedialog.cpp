@@ -1,29 +1,27 @@
 #include "recentfile/ui/sharedialog.h"
 
+#include "recentfile/recordtexts.h"
 #include "widgets/choicebutton.h"
 
 #include <QDialogButtonBox>
-#include <QFileInfo>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 ShareDialog::ShareDialog(const RecentFileInfo &record, QWidget *parent)
-    : BoxDialog(tr("Share document"),
-        tr("Share “%1”")
-            .arg(headingName(record.path.isEmpty() ? record.displayText : QFileInfo(record.path).fileName())),
-        parent)
+    : BoxDialog(
+        tr("Share document"), tr("Share “%1”").arg(headingName(zel::recent::shownName(record))), parent)
 {
     if (record.path.isEmpty()) {
         addText(tr("This document is on another device only. Share it from there, or open it here first."));
     } else {
-        addChoice(QStringLiteral("share"), tr("Copy the file"),
+        addChoice(QStringLiteral("copy"), tr("Copy the file"),
             tr("Then paste it into a chat, a mail or a folder."), &ShareDialog::copyFileChosen);
-        addChoice(QStringLiteral("info"), tr("Copy its path"),
+        addChoice(QStringLiteral("paste"), tr("Copy its path"),
             tr("For somebody who reaches the same folder."), &ShareDialog::copyPathChosen);
         addChoice(QStringLiteral("folder_open"), tr("Show it in its folder"),
             tr("To drag it from there, or to pack it."), &ShareDialog::openFolderChosen);
     }
-    buttons()->addButton(tr("Close"), QDialogButtonBox::RejectRole);
+    buttons()->addButton(tr("Close"), QDialogButtonBox::RejectRole)->setAutoDefault(record.path.isEmpty());
 }
 
 void ShareDialog::addChoice(
