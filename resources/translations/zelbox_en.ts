@@ -150,6 +150,30 @@
     </message>
 </context>
 <context>
+    <name>CloudDocNotices</name>
+    <message numerus="yes">
+        <source>%n item(s) were moved.</source>
+        <translation>
+            <numerusform>%n item was moved.</numerusform>
+            <numerusform>%n items were moved.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) were moved to “%1”.</source>
+        <translation>
+            <numerusform>%n item was moved to “%1”.</numerusform>
+            <numerusform>%n items were moved to “%1”.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) were moved to the recycle bin.</source>
+        <translation>
+            <numerusform>%n item was moved to the recycle bin.</numerusform>
+            <numerusform>%n items were moved to the recycle bin.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>CloudProblems</name>
     <message numerus="yes">
         <source>%n item(s) could not be moved.</source>
@@ -170,6 +194,13 @@
         <translation>
             <numerusform>%n item could not be moved to the recycle bin.</numerusform>
             <numerusform>%n items could not be moved to the recycle bin.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be moved back.</source>
+        <translation>
+            <numerusform>%n item could not be moved back.</numerusform>
+            <numerusform>%n items could not be moved back.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -258,23 +289,6 @@
         <translation>
             <numerusform>%n transfer running</numerusform>
             <numerusform>%n transfers running</numerusform>
-        </translation>
-    </message>
-</context>
-<context>
-    <name>ZelBoxCloudDocWidget</name>
-    <message numerus="yes">
-        <source>%n item(s) are in the recycle bin.</source>
-        <translation>
-            <numerusform>%n item is in the recycle bin.</numerusform>
-            <numerusform>%n items are in the recycle bin.</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>At most %n documents are opened at once.</source>
-        <translation>
-            <numerusform>At most %n document is opened at once.</numerusform>
-            <numerusform>At most %n documents are opened at once.</numerusform>
         </translation>
     </message>
 </context>

@@ -90,6 +90,69 @@
         <source>Move to Recycle Bin</source>
         <translation>移到回收站</translation>
     </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Move to another folder</source>
+        <translation>移动到其他文件夹</translation>
+    </message>
+    <message>
+        <source>Upload files</source>
+        <translation>上传文件</translation>
+    </message>
+    <message>
+        <source>Upload a folder</source>
+        <translation>上传文件夹</translation>
+    </message>
+    <message>
+        <source>Undo</source>
+        <translation>撤销</translation>
+    </message>
+    <message>
+        <source>Undo the last removal, move or new name</source>
+        <translation>撤销上一次移除、移动或重命名</translation>
+    </message>
+    <message>
+        <source>To the folder above</source>
+        <translation>转到上级文件夹</translation>
+    </message>
+    <message>
+        <source>Cloud documents</source>
+        <translation>云文档</translation>
+    </message>
+</context>
+<context>
+    <name>CloudDocCommands</name>
+    <message>
+        <source>Download to</source>
+        <translation>下载到</translation>
+    </message>
+    <message>
+        <source>There are no files on the clipboard.</source>
+        <translation>剪贴板中没有文件。</translation>
+    </message>
+    <message>
+        <source>A folder cannot be moved into itself.</source>
+        <translation>无法将文件夹移动到其自身中。</translation>
+    </message>
+    <message>
+        <source>Upload a Folder</source>
+        <translation>上传文件夹</translation>
+    </message>
+    <message>
+        <source>Upload Files</source>
+        <translation>上传文件</translation>
+    </message>
+    <message>
+        <source>Actions for the selected documents</source>
+        <translation>所选文档的操作</translation>
+    </message>
+    <message>
+        <source>Actions for the folder</source>
+        <translation>文件夹的操作</translation>
+    </message>
 </context>
 <context>
     <name>CloudDocDelegate</name>
@@ -169,14 +232,71 @@
     </message>
 </context>
 <context>
+    <name>CloudDocNotices</name>
+    <message>
+        <source>The folder “%1” is no longer there.</source>
+        <translation>文件夹“%1”已不存在。</translation>
+    </message>
+    <message>
+        <source>The cloud service is not reachable. What you see may be out of date.</source>
+        <translation>无法连接云服务。当前显示的内容可能不是最新的。</translation>
+    </message>
+    <message>
+        <source>Retry</source>
+        <translation>重试</translation>
+    </message>
+    <message>
+        <source>Undo Move</source>
+        <translation>撤销移动</translation>
+    </message>
+    <message>
+        <source>Undo Rename</source>
+        <translation>撤销重命名</translation>
+    </message>
+    <message>
+        <source>Undo Removal</source>
+        <translation>撤销移除</translation>
+    </message>
+    <message>
+        <source>“%1” is now called “%2”.</source>
+        <translation>“%1”已重命名为“%2”。</translation>
+    </message>
+    <message>
+        <source>“%1” was moved.</source>
+        <translation>“%1”已移动。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) were moved.</source>
+        <translation>
+            <numerusform>%n 个项目已移动。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was moved to “%2”.</source>
+        <translation>“%1”已移动到“%2”。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) were moved to “%1”.</source>
+        <translation>
+            <numerusform>%n 个项目已移动到“%1”。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” was moved to the recycle bin.</source>
+        <translation>“%1”已移至回收站。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) were moved to the recycle bin.</source>
+        <translation>
+            <numerusform>%n 个项目已移至回收站。</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>CloudDocStates</name>
     <message>
         <source>Loading the folder</source>
         <translation>正在加载文件夹</translation>
-    </message>
-    <message>
-        <source>Clear</source>
-        <translation>清除</translation>
     </message>
     <message>
         <source>Upload</source>
@@ -221,11 +341,6 @@
 </context>
 <context>
     <name>CloudDocToolBar</name>
-    <message>
-        <source>%1 (%2)</source>
-        <comment>action and its keys</comment>
-        <translation>%1（%2）</translation>
-    </message>
     <message>
         <source>Upload</source>
         <translation>上传</translation>
@@ -328,6 +443,40 @@
     <message>
         <source>Something unexpected went wrong.</source>
         <translation>发生了意外错误。</translation>
+    </message>
+    <message>
+        <source>The name of “%1” could not be changed.</source>
+        <translation>无法更改“%1”的名称。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be moved.</source>
+        <translation>无法移动“%1”。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be copied.</source>
+        <translation>无法复制“%1”。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be moved to the recycle bin.</source>
+        <translation>无法将“%1”移至回收站。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n item(s) could not be moved back.</source>
+        <translation>
+            <numerusform>%n 个项目无法移回原处。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>The old name could not be given back.</source>
+        <translation>无法恢复原来的名称。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be uploaded.</source>
+        <translation>无法上传“%1”。</translation>
+    </message>
+    <message>
+        <source>“%1” could not be downloaded.</source>
+        <translation>无法下载“%1”。</translation>
     </message>
 </context>
 <context>
@@ -1738,6 +1887,10 @@
         <source>Cloud documents</source>
         <translation>云文档</translation>
     </message>
+    <message>
+        <source>Undo the last removal, move or new name</source>
+        <translation>撤销上一次移除、移动或重命名</translation>
+    </message>
 </context>
 <context>
     <name>ShortcutsPage</name>
@@ -2129,80 +2282,8 @@
         <translation>云文档</translation>
     </message>
     <message>
-        <source>The cloud service is not reachable. What you see may be out of date.</source>
-        <translation>无法连接云服务。当前显示的内容可能不是最新的。</translation>
-    </message>
-    <message>
-        <source>Retry</source>
-        <translation>重试</translation>
-    </message>
-    <message>
-        <source>The folder “%1” is no longer there.</source>
-        <translation>文件夹“%1”已不存在。</translation>
-    </message>
-    <message>
-        <source>“%1” is in the recycle bin.</source>
-        <translation>“%1”已移到回收站。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n item(s) are in the recycle bin.</source>
-        <translation>
-            <numerusform>%n 个项目已移到回收站。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>Undo</source>
-        <translation>撤销</translation>
-    </message>
-    <message numerus="yes">
-        <source>At most %n documents are opened at once.</source>
-        <translation>
-            <numerusform>一次最多打开 %n 个文档。</numerusform>
-        </translation>
-    </message>
-    <message>
-        <source>This file is no longer there.</source>
-        <translation>文件已不存在。</translation>
-    </message>
-    <message>
-        <source>You do not have permission to read this file.</source>
-        <translation>您没有读取此文件的权限。</translation>
-    </message>
-    <message>
-        <source>No program on this computer opens this kind of file.</source>
-        <translation>这台计算机上没有程序可打开此类文件。</translation>
-    </message>
-    <message>
-        <source>Download to</source>
-        <translation>下载到</translation>
-    </message>
-    <message>
-        <source>There are no files on the clipboard.</source>
-        <translation>剪贴板中没有文件。</translation>
-    </message>
-    <message>
         <source>New Folder</source>
         <translation>新建文件夹</translation>
-    </message>
-    <message>
-        <source>Upload a Folder</source>
-        <translation>上传文件夹</translation>
-    </message>
-    <message>
-        <source>Upload Files</source>
-        <translation>上传文件</translation>
-    </message>
-    <message>
-        <source>Actions for the selected documents</source>
-        <translation>所选文档的操作</translation>
-    </message>
-    <message>
-        <source>Actions for the folder</source>
-        <translation>文件夹的操作</translation>
-    </message>
-    <message>
-        <source>A folder cannot be moved into itself.</source>
-        <translation>无法将文件夹移动到其自身中。</translation>
     </message>
 </context>
 <context>

@@ -34,6 +34,7 @@ void addFailed(const Errors &errors, CloudOutcome &outcome)
     for (const auto &[key, error] : errors) {
         if (outcome.failed++ > 0)
             continue;
+        outcome.firstFailed = toQt(key);
         outcome.problem = problemNamed(error.errResult);
         outcome.detail = toQt(error.errString);
     }

@@ -22,6 +22,7 @@ CloudDocLogic::CloudDocLogic(KCloudSvrProxy *proxy, QObject *parent)
     qRegisterMetaType<CloudProblem>();
     qRegisterMetaType<CloudConflicts>("CloudConflicts");
     qRegisterMetaType<CloudTransfer>();
+    qRegisterMetaType<CloudUndo>();
     qRegisterMetaType<CloudOperation>();
     connectParts();
 }
@@ -44,11 +45,12 @@ void CloudDocLogic::connectParts()
     connect(m_transfers, &CloudDocTransfers::ended, this, &CloudDocLogic::transferEnded);
 
     using Operations = CloudDocOperations;
+    connect(m_operations, &Operations::begun, this, &CloudDocLogic::operationBegun);
     connect(m_operations, &Operations::outcomeArrived, this, &CloudDocLogic::take);
     connect(m_operations, &Operations::transfersRemoved, m_transfers, &CloudDocTransfers::remove);
     connect(m_operations, &Operations::folderCreated, this, &CloudDocLogic::folderCreated);
-    connect(m_operations, &Operations::trashed, this, &CloudDocLogic::trashed);
-    connect(m_operations, &Operations::untrashed, this, &CloudDocLogic::untrashed);
+    connect(m_operations, &Operations::undoable, this, &CloudDocLogic::undoable);
+    connect(m_operations, &Operations::restored, this, &CloudDocLogic::restored);
     connect(m_operations, &Operations::transfersStarted, this, &CloudDocLogic::transfersStarted);
     connect(m_operations, &Operations::conflictsFound, this, &CloudDocLogic::conflictsFound);
     connect(m_operations, &Operations::done, this, &CloudDocLogic::operationDone);
@@ -88,11 +90,6 @@ bool CloudDocLogic::canGoBack() const
 bool CloudDocLogic::canGoForward() const
 {
     return m_navigator->canGoForward();
-}
-
-bool CloudDocLogic::canUndoTrash() const
-{
-    return m_operations->canUndoTrash();
 }
 
 QString CloudDocLogic::freeFolderName(const QString &wanted) const
@@ -164,9 +161,11 @@ void CloudDocLogic::rename(const QString &id, const QString &name)
     m_operations->rename(id, name);
 }
 
-void CloudDocLogic::move(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
+void CloudDocLogic::move(
+    const QStringList &ids, const QString &folderId, CloudNameChoice choice, const QString &fromFolder)
 {
-    m_operations->move(ids, folderId, choice);
+    const QString from = fromFolder.isEmpty() ? this->folderId() : fromFolder;
+    m_operations->move(ids, folderId, choice, choice == CloudNameChoice::Ask ? from : QString());
 }
 
 void CloudDocLogic::copy(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
@@ -179,9 +178,9 @@ void CloudDocLogic::trash(const QStringList &ids)
     m_operations->trash(ids);
 }
 
-void CloudDocLogic::undoTrash()
+void CloudDocLogic::undo(const CloudUndo &undo)
 {
-    m_operations->undoTrash();
+    m_operations->undo(undo);
 }
 
 void CloudDocLogic::upload(const QStringList &localPaths, const QString &folderId, CloudNameChoice choice)
@@ -201,7 +200,8 @@ void CloudDocLogic::cancelTransfers(const QStringList &ids)
 
 void CloudDocLogic::retryTransfer(const QString &id)
 {
-    m_operations->changeTransfers({id}, TransferStep::TryAgain);
+    if (const int row = transfers()->rowOf(id); row >= 0)
+        m_operations->retry(transfers()->transfer(row));
 }
 
 void CloudDocLogic::clearFinishedTransfers()

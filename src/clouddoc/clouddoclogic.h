@@ -4,6 +4,7 @@
 #include "clouddoc/clouddocmodel.h"
 #include "clouddoc/clouddocnames.h"
 #include "clouddoc/cloudtransfermodel.h"
+#include "clouddoc/cloudundo.h"
 
 #include <QObject>
 #include <QStringList>
@@ -53,7 +54,6 @@ public:
     bool canGoUp() const;
     bool canGoBack() const;
     bool canGoForward() const;
-    bool canUndoTrash() const;
     qint64 spaceUsed() const { return m_spaceUsed; }   ///< bytes; -1: not told yet
     qint64 spaceTotal() const { return m_spaceTotal; } ///< bytes; -1: no limit, or not told yet
 
@@ -79,10 +79,12 @@ public Q_SLOTS:
     // What the user does; names are checked before, see checkName().
     void createFolder(const QString &name); ///< folderCreated() precedes operationDone()
     void rename(const QString &id, const QString &name);
-    void move(const QStringList &ids, const QString &folderId, CloudNameChoice choice = CloudNameChoice::Ask);
+    /// An empty `fromFolder` is the folder on view. With a choice about names it cannot be undone.
+    void move(const QStringList &ids, const QString &folderId, CloudNameChoice choice = CloudNameChoice::Ask,
+        const QString &fromFolder = {});
     void copy(const QStringList &ids, const QString &folderId, CloudNameChoice choice = CloudNameChoice::Ask);
-    void trash(const QStringList &ids); ///< into the drive's recycle bin; trashed() precedes operationDone()
-    void undoTrash();                   ///< of the last trash()
+    void trash(const QStringList &ids); ///< into the drive's recycle bin
+    void undo(const CloudUndo &undo);
     /// Files and folders, by absolute local paths; what is done is in transfers() from then on. An empty
     /// folder id is the folder on view.
     void upload(const QStringList &localPaths, const QString &folderId = {},
@@ -91,7 +93,8 @@ public Q_SLOTS:
         const QStringList &ids, const QString &targetFolder, CloudNameChoice choice = CloudNameChoice::Ask);
 
     void cancelTransfers(const QStringList &ids);
-    void retryTransfer(const QString &id); ///< one that failed or was cancelled, or a paused one
+    /// One that failed or was cancelled, or a paused one. conflictsFound() instead when its name is taken.
+    void retryTransfer(const QString &id);
     void clearFinishedTransfers();
 
 Q_SIGNALS:
@@ -103,15 +106,20 @@ Q_SIGNALS:
     void folderGone(const QString &name);
     void readingFailed(CloudProblem problem); ///< while rows stay on view: they may be out of date
 
-    void folderCreated(const QString &id);             ///< it is in the model already
-    void trashed(int count, const QString &firstName); ///< undoTrash() brings them back
-    void untrashed(const QStringList &ids); ///< those of them that lie in this folder are in the model
+    void operationBegun(CloudOperation operation);
+    void folderCreated(const QString &id); ///< it is in the model already
+    /// Something was done that undo() takes back, or could not be taken back now but may be later. Precedes
+    /// operationDone() or operationFailed().
+    void undoable(const CloudUndo &undo);
+    void restored(
+        const QStringList &ids); ///< by undo(); those of them that lie in this folder are in the model
     void transfersStarted(int count);
     void conflictsFound(CloudOperation operation, const CloudConflicts &conflicts,
         const QString &target); ///< call the operation again for their sources, with a choice
     void operationDone(CloudOperation operation);
-    /// `detail` is for the log; `count` items were not done, the first of them because of `problem`.
-    void operationFailed(CloudOperation operation, CloudProblem problem, int count, const QString &detail);
+    /// `count` items were not done, the first of them, called `name` (empty: not known), because of
+    /// `problem`.
+    void operationFailed(CloudOperation operation, CloudProblem problem, int count, const QString &name);
     void transferEnded(const CloudTransfer &transfer); ///< while one looks: done, failed or cancelled
     void spaceChanged(qint64 used, qint64 total);
 

@@ -4,6 +4,8 @@
 #include "clouddoc/clouddocmodel.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <memory>
 
 namespace {
 
@@ -26,10 +28,19 @@ void append(CloudOutcome &all, const CloudOutcome &part)
     all.transfers += part.transfers;
     all.conflicts += part.conflicts;
     if (all.failed == 0) {
+        all.firstFailed = part.firstFailed;
         all.problem = part.problem;
         all.detail = part.detail;
     }
     all.failed += part.failed;
+}
+
+QStringList idsOf(const CloudDocuments &documents)
+{
+    QStringList ids;
+    for (const CloudDocument &document : documents)
+        ids.append(document.id);
+    return ids;
 }
 
 } // namespace
@@ -39,11 +50,18 @@ CloudDocOperations::CloudDocOperations(CloudDocLink *link, const CloudDocModel *
 {
 }
 
+QString CloudDocOperations::nameOf(const QString &id) const
+{
+    const CloudDocument *document = m_documents->find(id);
+    return document ? document->name : QString();
+}
+
 void CloudDocOperations::createFolder(const QString &parentId, const QString &name)
 {
-    m_link->createFolder(parentId, name, [this](const CloudAnswer<CloudDocument> &answer) {
+    Q_EMIT begun(CloudOperation::CreateFolder);
+    m_link->createFolder(parentId, name, [this, name](const CloudAnswer<CloudDocument> &answer) {
         if (!answer) {
-            Q_EMIT failed(CloudOperation::CreateFolder, answer.problem, 1, answer.detail);
+            Q_EMIT failed(CloudOperation::CreateFolder, answer.problem, 1, name);
             return;
         }
         take(answer.value);
@@ -54,49 +72,17 @@ void CloudDocOperations::createFolder(const QString &parentId, const QString &na
 
 void CloudDocOperations::rename(const QString &id, const QString &name)
 {
-    m_link->rename(id, name, [this](const CloudAnswer<CloudDocument> &answer) {
+    Q_EMIT begun(CloudOperation::Rename);
+    const CloudUndo undo{CloudOperation::Rename, 1, {id}, nameOf(id), name, {}, {}};
+    m_link->rename(id, name, [this, undo](const CloudAnswer<CloudDocument> &answer) {
         if (!answer) {
-            Q_EMIT failed(CloudOperation::Rename, answer.problem, 1, answer.detail);
+            Q_EMIT failed(CloudOperation::Rename, answer.problem, 1, undo.firstName);
             return;
         }
         take(answer.value);
+        if (!undo.firstName.isEmpty())
+            Q_EMIT undoable(undo);
         Q_EMIT done(CloudOperation::Rename);
-    });
-}
-
-// The end never comes within the call, not even that of nothing. `target`: for the end to tell.
-void CloudDocOperations::inParts(
-    CloudOperation operation, const QStringList &ids, const QString &target, const Step &step)
-{
-    if (!ids.isEmpty())
-        nextPart(operation, ids, target, step, {});
-    else
-        QMetaObject::invokeMethod(
-            this, [=, this] { end(operation, {}, target); }, Qt::QueuedConnection);
-}
-
-// `before` is what came of the parts before.
-void CloudDocOperations::nextPart(CloudOperation operation, const QStringList &ids, const QString &target,
-    const Step &step, const CloudOutcome &before)
-{
-    if (ids.isEmpty()) {
-        end(operation, before, target);
-        return;
-    }
-    step(ids.mid(0, LargestPart), [=, this](const CloudAnswer<CloudOutcome> &answer) {
-        CloudOutcome outcome = before;
-        append(outcome, answer.value);
-        if (answer) {
-            Q_EMIT outcomeArrived(answer.value);
-            nextPart(operation, ids.mid(LargestPart), target, step, outcome);
-            return;
-        }
-        CloudOutcome rest;
-        rest.failed = ids.size();
-        rest.problem = answer.problem;
-        rest.detail = answer.detail;
-        append(outcome, rest);
-        end(operation, outcome, target);
     });
 }
 
@@ -107,92 +93,180 @@ void CloudDocOperations::take(const CloudDocument &document)
     Q_EMIT outcomeArrived(outcome);
 }
 
-void CloudDocOperations::end(CloudOperation operation, const CloudOutcome &outcome, const QString &target)
+// The end never comes within the call, not even that of nothing.
+void CloudDocOperations::inParts(const Run &run, const QStringList &ids)
 {
-    if (operation == CloudOperation::Trash)
-        m_trashed = outcome.recycled; // of this one alone, however many were asked for meanwhile
-    if (operation == CloudOperation::Trash && !outcome.removed.isEmpty())
-        Q_EMIT trashed(outcome.removed.size(), target);
-    if (operation == CloudOperation::UndoTrash && !outcome.documents.isEmpty()) {
-        QStringList ids;
-        for (const CloudDocument &document : outcome.documents)
-            ids.append(document.id);
-        Q_EMIT untrashed(ids);
+    Q_EMIT begun(run.operation);
+    if (!ids.isEmpty())
+        nextPart(run, ids, {});
+    else
+        QMetaObject::invokeMethod(
+            this, [this, run] { end(run, {}); }, Qt::QueuedConnection);
+}
+
+// `before` is what came of the parts before.
+void CloudDocOperations::nextPart(const Run &run, const QStringList &ids, const CloudOutcome &before)
+{
+    if (ids.isEmpty()) {
+        end(run, before);
+        return;
     }
+    run.step(ids.mid(0, LargestPart), [=, this](const CloudAnswer<CloudOutcome> &answer) {
+        CloudOutcome outcome = before;
+        append(outcome, answer.value);
+        if (answer) {
+            Q_EMIT outcomeArrived(answer.value);
+            nextPart(run, ids.mid(LargestPart), outcome);
+            return;
+        }
+        CloudOutcome rest;
+        rest.failed = ids.size();
+        rest.firstFailed = ids.constFirst();
+        rest.problem = answer.problem;
+        rest.detail = answer.detail;
+        append(outcome, rest);
+        end(run, outcome);
+    });
+}
+
+// Uploads go by their path; an item may be in another folder by now.
+QString CloudDocOperations::failedName(const Run &run, const QString &key) const
+{
+    return run.operation == CloudOperation::Upload ? QFileInfo(key).fileName() : nameOf(key);
+}
+
+void CloudDocOperations::end(const Run &run, CloudOutcome outcome)
+{
+    if (run.finish)
+        run.finish(outcome);
     if (!outcome.transfers.isEmpty())
         Q_EMIT transfersStarted(outcome.transfers.size());
     if (outcome.failed > 0)
-        Q_EMIT failed(operation, outcome.problem, outcome.failed, outcome.detail);
+        Q_EMIT failed(run.operation, outcome.problem, outcome.failed, failedName(run, outcome.firstFailed));
     if (!outcome.conflicts.isEmpty())
-        Q_EMIT conflictsFound(operation, outcome.conflicts, target);
+        Q_EMIT conflictsFound(run.operation, outcome.conflicts, run.target);
     if (outcome.failed == 0 && outcome.conflicts.isEmpty())
-        Q_EMIT done(operation);
+        Q_EMIT done(run.operation);
 }
 
-void CloudDocOperations::move(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
+void CloudDocOperations::move(
+    const QStringList &ids, const QString &folderId, CloudNameChoice choice, const QString &fromFolder)
 {
-    inParts(CloudOperation::Move, ids, folderId,
-        [=, this](const QStringList &part, const Then &then) { m_link->move(part, folderId, choice, then); });
+    const auto step = [=, this](const QStringList &part, const Then &then) {
+        m_link->move(part, folderId, choice, then);
+    };
+    const auto finish = [=, this](const CloudOutcome &all) {
+        if (!fromFolder.isEmpty() && !all.documents.isEmpty())
+            Q_EMIT undoable({CloudOperation::Move, all.documents.size(), idsOf(all.documents),
+                all.documents.first().name, {}, fromFolder, folderId});
+    };
+    inParts({CloudOperation::Move, folderId, step, finish}, ids);
 }
 
 void CloudDocOperations::copy(const QStringList &ids, const QString &folderId, CloudNameChoice choice)
 {
-    inParts(CloudOperation::Copy, ids, folderId,
-        [=, this](const QStringList &part, const Then &then) { m_link->copy(part, folderId, choice, then); });
+    const auto step = [=, this](const QStringList &part, const Then &then) {
+        m_link->copy(part, folderId, choice, then);
+    };
+    inParts({CloudOperation::Copy, folderId, step, {}}, ids);
 }
 
 void CloudDocOperations::trash(const QStringList &ids)
 {
-    const CloudDocument *first = ids.isEmpty() ? nullptr : m_documents->find(ids.first());
-    inParts(CloudOperation::Trash, ids, first ? first->name : QString(),
-        [this](const QStringList &part, const Then &then) { m_link->remove(part, then); });
+    const QString name = nameOf(ids.value(0));
+    const auto step = [this](const QStringList &part, const Then &then) { m_link->remove(part, then); };
+    const auto finish = [=, this](const CloudOutcome &all) {
+        if (!all.removed.isEmpty())
+            Q_EMIT undoable({CloudOperation::Trash, all.removed.size(), all.recycled, name, {}, {}, {}});
+    };
+    inParts({CloudOperation::Trash, {}, step, finish}, ids);
 }
 
-void CloudDocOperations::undoTrash()
+void CloudDocOperations::undo(const CloudUndo &undo)
 {
-    inParts(CloudOperation::UndoTrash, std::exchange(m_trashed, {}), {},
-        [this](const QStringList &part, const Then &then) {
-            m_link->recover(part, [this, part, then](const CloudAnswer<CloudOutcome> &answer) {
-                if (answer.problem == CloudProblem::NotReached)
-                    m_trashed += part; // it can be tried again
-                then(answer);
+    const auto step = [=, this](const QStringList &part, const Then &then) {
+        if (undo.operation == CloudOperation::Trash)
+            m_link->recover(part, then);
+        else if (undo.operation == CloudOperation::Move)
+            m_link->move(part, undo.fromFolder, CloudNameChoice::Ask, then);
+        else
+            m_link->rename(part.first(), undo.firstName, [then](const CloudAnswer<CloudDocument> &answer) {
+                CloudAnswer<CloudOutcome> all{answer.problem, answer.detail, {}};
+                if (answer)
+                    all.value.documents = {answer.value};
+                then(all);
             });
+    };
+    const CloudOperation operation = undo.operation == CloudOperation::Trash ? CloudOperation::UndoTrash
+        : undo.operation == CloudOperation::Move                             ? CloudOperation::UndoMove
+                                                                             : CloudOperation::UndoRename;
+    restore(operation, undo, step);
+}
+
+// Nobody is asked about names while undoing: what is taken by now counts as not done. What was not reached
+// can be tried again.
+void CloudDocOperations::restore(CloudOperation operation, const CloudUndo &undo, const Step &step)
+{
+    const auto again = std::make_shared<QStringList>();
+    const auto noted = [step, again](const QStringList &part, const Then &then) {
+        step(part, [=](const CloudAnswer<CloudOutcome> &answer) {
+            if (answer.problem == CloudProblem::NotReached)
+                *again += part;
+            then(answer);
         });
+    };
+    const auto finish = [=, this](CloudOutcome &all) {
+        if (const int taken = std::exchange(all.conflicts, {}).size()) {
+            all.problem = all.failed > 0 ? all.problem : CloudProblem::Exists;
+            all.failed += taken;
+        }
+        if (!again->isEmpty()) {
+            CloudUndo rest = undo;
+            rest.ids = *again;
+            rest.count = again->size();
+            Q_EMIT undoable(rest);
+        }
+        if (!all.documents.isEmpty())
+            Q_EMIT restored(idsOf(all.documents));
+    };
+    inParts({operation, {}, noted, finish}, undo.ids);
 }
 
 void CloudDocOperations::upload(
     const QStringList &localPaths, const QString &folderId, CloudNameChoice choice)
 {
+    takeOffFailed(localPaths);
     QStringList paths;
     for (const QString &path : localPaths)
         paths.append(QDir::cleanPath(path)); // as the answer has it
-    inParts(CloudOperation::Upload, paths, folderId, [=, this](const QStringList &part, const Then &then) {
+    const auto step = [=, this](const QStringList &part, const Then &then) {
         m_link->upload(part, folderId, choice, then);
-    });
+    };
+    inParts({CloudOperation::Upload, folderId, step, {}}, paths);
 }
 
 // The answer names what has a taken name by its id only, and the user may be in another folder by then.
 void CloudDocOperations::download(const QStringList &ids, const QString &targetFolder, CloudNameChoice choice)
 {
+    takeOffFailed(ids);
     QHash<QString, QString> names;
     for (const QString &id : ids)
-        if (const CloudDocument *document = m_documents->find(id))
-            names.insert(id, document->name);
-    inParts(
-        CloudOperation::Download, ids, targetFolder, [=, this](const QStringList &part, const Then &then) {
-            m_link->download(part, targetFolder, choice, [=](CloudAnswer<CloudOutcome> answer) {
-                answer.value.conflicts = namedConflicts(answer.value.conflicts, names);
-                for (CloudConflict &conflict : answer.value.conflicts)
-                    conflict.existing.localPath = QDir(targetFolder).filePath(conflict.name);
-                then(answer);
-            });
+        names.insert(id, nameOf(id));
+    const auto step = [=, this](const QStringList &part, const Then &then) {
+        m_link->download(part, targetFolder, choice, [=](CloudAnswer<CloudOutcome> answer) {
+            answer.value.conflicts = namedConflicts(answer.value.conflicts, names);
+            for (CloudConflict &conflict : answer.value.conflicts)
+                conflict.existing.localPath = QDir(targetFolder).filePath(conflict.name);
+            then(answer);
         });
+    };
+    inParts({CloudOperation::Download, targetFolder, step, {}}, ids);
 }
 
-void CloudDocOperations::changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep step)
+void CloudDocOperations::changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep change)
 {
-    inParts(CloudOperation::Transfer, ids, {}, [=, this](const QStringList &part, const Then &then) {
-        m_link->changeTransfers(part, step, [this, then](CloudAnswer<CloudOutcome> answer) {
+    const auto step = [=, this](const QStringList &part, const Then &then) {
+        m_link->changeTransfers(part, change, [this, then](CloudAnswer<CloudOutcome> answer) {
             // What is no document of a folder is not taken for one, and none of them was started now.
             Q_EMIT transfersRemoved(std::exchange(answer.value.removed, {}));
             CloudOutcome changed;
@@ -200,5 +274,33 @@ void CloudDocOperations::changeTransfers(const QStringList &ids, zel::clouddoc::
             Q_EMIT outcomeArrived(changed);
             then(answer);
         });
-    });
+    };
+    inParts({CloudOperation::Transfer, {}, step, {}}, ids);
+}
+
+// The same request would end in the same way, so the user is asked first, as for one that is new.
+void CloudDocOperations::retry(const CloudTransfer &transfer)
+{
+    if (transfer.state != CloudTransfer::State::Failed || transfer.problem != CloudProblem::Exists)
+        return changeTransfers({transfer.id}, zel::clouddoc::TransferStep::TryAgain);
+    const bool up = transfer.direction == CloudTransfer::Direction::Up;
+    CloudConflict conflict{up ? transfer.localPath : transfer.itemId, transfer.name, {}, {}};
+    conflict.existing.name = transfer.name;
+    if (!up)
+        conflict.existing.localPath = transfer.localPath;
+    m_failed.insert(conflict.source, transfer.id);
+    Q_EMIT conflictsFound(up ? CloudOperation::Upload : CloudOperation::Download, {conflict},
+        up ? transfer.folderId : QFileInfo(transfer.localPath).path());
+}
+
+// Of those that are asked for anew.
+void CloudDocOperations::takeOffFailed(const QStringList &sources)
+{
+    QStringList ids;
+    for (const QString &source : sources) {
+        if (const QString id = m_failed.take(source); !id.isEmpty())
+            ids += id;
+    }
+    if (!ids.isEmpty())
+        changeTransfers(ids, zel::clouddoc::TransferStep::TakeOff);
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "clouddoc/clouddocrecords.h"
+#include "clouddoc/cloudundo.h"
 
+#include <QHash>
 #include <QObject>
 #include <functional>
 
@@ -21,42 +23,60 @@ public:
     /// Both are used as long as this is. `documents` are those of the folder on view; they know names.
     CloudDocOperations(CloudDocLink *link, const CloudDocModel *documents, QObject *parent = nullptr);
 
-    bool canUndoTrash() const { return !m_trashed.isEmpty(); }
-
     void createFolder(const QString &parentId, const QString &name); ///< folderCreated() precedes done()
     void rename(const QString &id, const QString &name);
-    void move(const QStringList &ids, const QString &folderId, CloudNameChoice choice);
+    /// `fromFolder`, where they are, makes it undoable; empty: it is not.
+    void move(const QStringList &ids, const QString &folderId, CloudNameChoice choice,
+        const QString &fromFolder = {});
     void copy(const QStringList &ids, const QString &folderId, CloudNameChoice choice);
-    void trash(const QStringList &ids); ///< into the recycle bin; trashed() precedes done()
-    void undoTrash();                   ///< of the last trash()
+    void trash(const QStringList &ids); ///< into the recycle bin
+    void undo(const CloudUndo &undo);   ///< restored() precedes done()
     void upload(const QStringList &localPaths, const QString &folderId, CloudNameChoice choice);
     void download(const QStringList &ids, const QString &targetFolder, CloudNameChoice choice);
-    void changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep step);
+    void changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep change);
+    /// Of one that failed because its name is taken: conflictsFound(), at once.
+    void retry(const CloudTransfer &transfer);
 
 Q_SIGNALS:
+    void begun(CloudOperation operation);
     void outcomeArrived(const CloudOutcome &outcome); ///< of one part
     void transfersRemoved(const QStringList &ids);    ///< from the list of transfers
     void folderCreated(const QString &id);
-    void trashed(int count, const QString &firstName); ///< undoTrash() brings them back
-    void untrashed(const QStringList &ids);
+    /// Something was done that undo() takes back, or could not be taken back now but may be later. Precedes
+    /// done() or failed().
+    void undoable(const CloudUndo &undo);
+    void restored(const QStringList &ids); ///< to where they were
     void transfersStarted(int count);
     /// Call the operation again for their sources, with a choice.
     void conflictsFound(CloudOperation operation, const CloudConflicts &conflicts, const QString &target);
     void done(CloudOperation operation);
-    /// `detail` is for the log; `count` items were not done, the first of them because of `problem`.
-    void failed(CloudOperation operation, CloudProblem problem, int count, const QString &detail);
+    /// `count` items were not done, the first of them, called `name` (empty: not known), because of
+    /// `problem`.
+    void failed(CloudOperation operation, CloudProblem problem, int count, const QString &name);
 
 private:
     using Then = std::function<void(const CloudAnswer<CloudOutcome> &)>;
     using Step = std::function<void(const QStringList &ids, const Then &then)>;
 
+    using Finish = std::function<void(CloudOutcome &all)>; ///< of all parts; may change how it ends
+    struct Run
+    {
+        CloudOperation operation;
+        QString target; ///< for conflictsFound()
+        Step step;
+        Finish finish;
+    };
+
+    QString nameOf(const QString &id) const; ///< empty: not in the folder on view
     void take(const CloudDocument &document);
-    void inParts(CloudOperation operation, const QStringList &ids, const QString &target, const Step &step);
-    void nextPart(CloudOperation operation, const QStringList &ids, const QString &target, const Step &step,
-        const CloudOutcome &before);
-    void end(CloudOperation operation, const CloudOutcome &outcome, const QString &target);
+    void inParts(const Run &run, const QStringList &ids);
+    void nextPart(const Run &run, const QStringList &ids, const CloudOutcome &before);
+    QString failedName(const Run &run, const QString &key) const;
+    void end(const Run &run, CloudOutcome outcome);
+    void restore(CloudOperation operation, const CloudUndo &undo, const Step &step);
+    void takeOffFailed(const QStringList &sources);
 
     CloudDocLink *m_link;
     const CloudDocModel *m_documents;
-    QStringList m_trashed; ///< ids in the recycle bin
+    QHash<QString, QString> m_failed; ///< transfers that were asked about, by their source
 };

@@ -34,7 +34,8 @@ struct CloudOutcome
     CloudTransfers transfers;
     CloudConflicts conflicts;
     int failed = 0;
-    CloudProblem problem = CloudProblem::None; ///< of the first that failed
+    QString firstFailed;                       ///< id, or path of an upload
+    CloudProblem problem = CloudProblem::None; ///< of that one
     QString detail;
 };
 

@@ -27,6 +27,8 @@ enum class CloudOperation {
     Copy,
     Trash,
     UndoTrash,
+    UndoMove,
+    UndoRename,
     Upload,
     Download,
     Transfer, ///< cancel, retry or clear transfers

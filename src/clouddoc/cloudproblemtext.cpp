@@ -11,26 +11,37 @@ struct Texts
     Q_DECLARE_TR_FUNCTIONS(CloudProblems)
 };
 
-QString whatFailed(CloudOperation operation, int count)
+QString whatFailed(CloudOperation operation, int count, const QString &name)
 {
     using Operation = CloudOperation;
+    const bool one = count == 1 && !name.isEmpty();
     switch (operation) {
     case Operation::CreateFolder:
         return Texts::tr("The folder could not be made.");
     case Operation::Rename:
-        return Texts::tr("The name could not be changed.");
+        return one ? Texts::tr("The name of “%1” could not be changed.").arg(name)
+                   : Texts::tr("The name could not be changed.");
     case Operation::Move:
-        return Texts::tr("%n item(s) could not be moved.", nullptr, count);
+        return one ? Texts::tr("“%1” could not be moved.").arg(name)
+                   : Texts::tr("%n item(s) could not be moved.", nullptr, count);
     case Operation::Copy:
-        return Texts::tr("%n item(s) could not be copied.", nullptr, count);
+        return one ? Texts::tr("“%1” could not be copied.").arg(name)
+                   : Texts::tr("%n item(s) could not be copied.", nullptr, count);
     case Operation::Trash:
-        return Texts::tr("%n item(s) could not be moved to the recycle bin.", nullptr, count);
+        return one ? Texts::tr("“%1” could not be moved to the recycle bin.").arg(name)
+                   : Texts::tr("%n item(s) could not be moved to the recycle bin.", nullptr, count);
     case Operation::UndoTrash:
         return Texts::tr("%n item(s) could not be brought back.", nullptr, count);
+    case Operation::UndoMove:
+        return Texts::tr("%n item(s) could not be moved back.", nullptr, count);
+    case Operation::UndoRename:
+        return Texts::tr("The old name could not be given back.");
     case Operation::Upload:
-        return Texts::tr("%n item(s) could not be uploaded.", nullptr, count);
+        return one ? Texts::tr("“%1” could not be uploaded.").arg(name)
+                   : Texts::tr("%n item(s) could not be uploaded.", nullptr, count);
     case Operation::Download:
-        return Texts::tr("%n item(s) could not be downloaded.", nullptr, count);
+        return one ? Texts::tr("“%1” could not be downloaded.").arg(name)
+                   : Texts::tr("%n item(s) could not be downloaded.", nullptr, count);
     case Operation::Transfer:
         return Texts::tr("The transfer could not be changed.");
     }
@@ -68,10 +79,10 @@ QString problemText(CloudProblem problem)
     return {};
 }
 
-QString failureText(CloudOperation operation, CloudProblem problem, int count)
+QString failureText(CloudOperation operation, CloudProblem problem, int count, const QString &name)
 {
     const QString why = problemText(problem);
-    const QString what = whatFailed(operation, qMax(1, count));
+    const QString what = whatFailed(operation, qMax(1, count), name);
     return why.isEmpty() ? what : QString(what + QLatin1Char(' ') + why);
 }
 

@@ -60,6 +60,8 @@ QVector<ShortcutRow> makeTable()
         cloud("cloud.move", QT_TRANSLATE_NOOP("Shortcuts", "Move to another folder"), "Ctrl+Shift+M"),
         cloud("cloud.rename", QT_TRANSLATE_NOOP("Shortcuts", "Rename"), "F2"),
         cloud("cloud.trash", QT_TRANSLATE_NOOP("Shortcuts", "Move to recycle bin"), "Del"),
+        cloud("cloud.undo", QT_TRANSLATE_NOOP("Shortcuts", "Undo the last removal, move or new name"),
+            "Ctrl+Z"),
         cloud("cloud.refresh", QT_TRANSLATE_NOOP("Shortcuts", "Refresh"), "F5"),
         {"mini.open", Group::MiniWindow, QT_TRANSLATE_NOOP("Shortcuts", "Open"), keys("Return")},
         {"mini.folder", Group::MiniWindow, QT_TRANSLATE_NOOP("Shortcuts", "Open folder"),

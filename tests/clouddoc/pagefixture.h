@@ -1,12 +1,13 @@
 #pragma once
 
-#include "clouddoc/ui/clouddocactions.h"
 #include "clouddoc/ui/clouddoclistview.h"
 #include "clouddoc/ui/zelboxclouddocwidget.h"
+#include "kdocumentopener.h"
 #include "support/fakecloud.h"
 #include "support/fakeopener.h"
 #include "widgets/noticebar.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QPushButton>
 #include <QTest>
@@ -73,12 +74,13 @@ protected:
     State state() const { return page()->states()->state(); }
     QString notice() const ///< what the page says at present
     {
+        QStringList texts;
         const auto bars = page()->findChildren<NoticeBar *>();
         for (const NoticeBar *bar : bars) {
             if (bar->isVisible())
-                return bar->text();
+                texts << bar->text();
         }
-        return {};
+        return texts.join(QLatin1Char(' '));
     }
 
     ZelBoxCloudDocWidget *page() const { return m_page.get(); }

@@ -3,7 +3,6 @@
 
 #include "base/clock.h"
 #include "clouddoc/ui/breadcrumbbar.h"
-#include "clouddoc/ui/clouddocactions.h"
 #include "clouddoc/ui/clouddoclistview.h"
 #include "clouddoc/ui/cloudsortmenu.h"
 #include "clouddoc/ui/conflictdialog.h"
@@ -12,6 +11,7 @@
 #include "clouddoc/ui/zelboxclouddocwidget.h"
 #include "support/picturerun.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QMenu>
@@ -123,7 +123,8 @@ void lists(Scene &scene)
     scene.view()->beginRename(model->index(6));
     scene.save("rename");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    Q_EMIT scene.page()->logic()->trashed(3, {});
+    Q_EMIT scene.page()->logic()->undoable(
+        {CloudOperation::Trash, 1, {QStringLiteral("bin")}, QStringLiteral("Budget 2024.xlsx"), {}, {}, {}});
     scene.save("undo");
     scene.cloud().disconnectNow();
     scene.save("stale");
@@ -191,7 +192,7 @@ void popups(Scene &scene)
     scene.save("conflicts", &several);
     several.close();
     one.close();
-    scene.page()->actions()->moveTo->trigger();
+    scene.page()->action(CloudCommand::MoveTo)->trigger();
     scene.answer(QStringLiteral("root"), 14);
     scene.save("move", scene.find<MoveDialog>());
     scene.find<MoveDialog>()->reject();

@@ -93,6 +93,7 @@ void TestDrive::aDayInTheDrive()
 {
     QSignalSpy ended(m_logic.get(), &CloudDocLogic::transferEnded);
     QSignalSpy conflicts(m_logic.get(), &CloudDocLogic::conflictsFound);
+    QSignalSpy undoable(m_logic.get(), &CloudDocLogic::undoable);
     QSignalSpy space(m_logic.get(), &CloudDocLogic::spaceChanged);
     reach();
     m_logic->createFolder(QStringLiteral("报告"));
@@ -117,6 +118,12 @@ void TestDrive::aDayInTheDrive()
     QCOMPARE(idOf("c.odt"), second);
     m_logic->move({second, idOf("tree")}, folder);
     QTRY_COMPARE(print(), QStringLiteral("报告 a.odt"));
+    for (const QList<QVariant> &done : {undoable.takeLast(), undoable.takeLast()}) // the move, the name
+        m_logic->undo(done.at(0).value<CloudUndo>());
+    QTRY_COMPARE(print(), QStringLiteral("tree 报告 a (2).odt a.odt"));
+    m_logic->move({second, idOf("tree")}, folder);
+    m_logic->rename(second, QStringLiteral("c.odt"));
+    QTRY_COMPARE(undoable.count(), 2);
     m_logic->openFolder(folder);
     QTRY_COMPARE(print(), QStringLiteral("tree c.odt"));
 
@@ -126,8 +133,8 @@ void TestDrive::aDayInTheDrive()
     m_logic->trash({idOf("tree"), idOf("c.odt")});
     QTRY_COMPARE(print(), QString());
     QVERIFY(!QFile::exists(inDrive(QStringLiteral("报告/c.odt"))));
-    QTRY_VERIFY(m_logic->canUndoTrash());
-    m_logic->undoTrash();
+    QTRY_COMPARE(undoable.count(), 3);
+    m_logic->undo(undoable.last().at(0).value<CloudUndo>());
     QTRY_COMPARE(print(), QStringLiteral("tree c.odt"));
     QCOMPARE(idOf("c.odt"), second);
     m_logic->clearFinishedTransfers();

@@ -17,7 +17,9 @@ private Q_SLOTS:
     void operationsEndOnce_data();
     void operationsEndOnce();
     void whatIsDoneInPart();
-    void removalsOverlap();
+    void undoGoesBackOrSaysWhy_data();
+    void undoGoesBackOrSaysWhy();
+    void takenNamesOfTransfersAreAsked();
     void takenNamesAreAsked();
 };
 
@@ -30,8 +32,7 @@ void TestCloudDocOperations::operationsEndOnce_data()
         const char *name;
         const char *end;
     };
-    const Way ways[] = {{"done", "done"}, {"refused", "failed"}, {"no answer", "failed"},
-        {"connection lost", "failed"}, {"proxy gone", "failed"}};
+    const Way ways[] = {{"done", "done"}, {"refused", "failed"}, {"no answer", "failed"}};
     for (int operation = 0; operation <= int(Operation::Transfer); ++operation)
         for (const Way &way : ways)
             QTest::addRow("%d %s", operation, way.name) << operation << text(way.end);
@@ -43,22 +44,12 @@ void TestCloudDocOperations::operationsEndOnce()
     QFETCH(QString, end);
     const QString way = text(QTest::currentDataTag()).section(QLatin1Char(' '), 1);
     openRoot({text("a"), text("f/")});
-    if (Operation(operation) == Operation::UndoTrash) {
-        logic().trash({text("a")});
-        BatchRemoveResult removed;
-        removed.removedIds = {"a"};
-        removed.extraParam["a"] = "bin1";
-        QVERIFY(cloud().answer("batchRemove", removed));
-        QVERIFY(logic().canUndoTrash());
-    }
+    QSignalSpy begun(&logic(), &CloudDocLogic::operationBegun);
+    QSignalSpy undoable(&logic(), &CloudDocLogic::undoable);
     QSignalSpy done(&logic(), &CloudDocLogic::operationDone);
     QSignalSpy failed(&logic(), &CloudDocLogic::operationFailed);
     const auto answer = [&](const char *method, auto result) {
-        if (way == QLatin1String("connection lost"))
-            cloud().disconnectNow();
-        if (way == QLatin1String("proxy gone"))
-            m_cloud.reset();
-        else if (way == QLatin1String("refused"))
+        if (way == QLatin1String("refused"))
             QVERIFY(cloud().refuse(method, result, DeniedState));
         else
             QVERIFY(cloud().answer(method, result, way == QLatin1String("done")));
@@ -81,8 +72,14 @@ void TestCloudDocOperations::operationsEndOnce()
             logic().trash({text("a")});
             return answer("batchRemove", BatchRemoveResult());
         case Operation::UndoTrash:
-            logic().undoTrash();
+            logic().undo({Operation::Trash, 1, {text("bin")}, text("a"), {}, {}, {}});
             return answer("recoverRecycles", RecoverRecyclesResult());
+        case Operation::UndoMove:
+            logic().undo({Operation::Move, 1, {text("a")}, text("a"), {}, text("root"), text("f")});
+            return answer("cloudItemsMoveTo", CloudItemsMoveToResult());
+        case Operation::UndoRename:
+            logic().undo({Operation::Rename, 1, {text("a")}, text("old"), text("a"), {}, {}});
+            return answer("rename", RenameResult());
         case Operation::Upload:
             logic().upload({text("/tmp/a")});
             return answer("uploadItems", UploadItemsResult());
@@ -101,15 +98,16 @@ void TestCloudDocOperations::operationsEndOnce()
         QCOMPARE(failed.at(0).at(1).value<CloudProblem>(), CloudProblem::Denied);
     else if (end == QLatin1String("failed"))
         QCOMPARE(failed.at(0).at(1).value<CloudProblem>(), CloudProblem::NotReached);
-    const bool undo = Operation(operation) == Operation::UndoTrash;
-    QCOMPARE(
-        logic().canUndoTrash(), undo && end == QLatin1String("failed") && way != QLatin1String("refused"));
+    QCOMPARE(begun.count(), 1);
+    const bool undo = operation >= int(Operation::UndoTrash) && operation <= int(Operation::UndoRename);
+    const bool again = undo && way == QLatin1String("no answer"); // it can be tried again
+    QCOMPARE(undoable.count(), int(again || (operation == int(Operation::Rename) && done.count() == 1)));
 }
 
 void TestCloudDocOperations::whatIsDoneInPart()
 {
     openRoot({text("a"), text("b"), text("c"), text("f/")});
-    QSignalSpy trashed(&logic(), &CloudDocLogic::trashed);
+    QSignalSpy undoable(&logic(), &CloudDocLogic::undoable);
     QSignalSpy failed(&logic(), &CloudDocLogic::operationFailed);
     logic().trash({text("b"), text("c")});
     BatchRemoveResult removed;
@@ -118,11 +116,12 @@ void TestCloudDocOperations::whatIsDoneInPart()
     removed.failedItems["c"].errResult = "denied";
     QVERIFY(cloud().answer("batchRemove", removed));
     QCOMPARE(print(logic()), text("f a c"));
-    QCOMPARE(trashed.at(0), (QVariantList{1, text("b")}));
+    const auto removal = undoable.at(0).at(0).value<CloudUndo>();
+    QCOMPARE(removal, (CloudUndo{Operation::Trash, 1, {text("bin")}, text("b"), {}, {}, {}}));
     QCOMPARE(failed.at(0).at(1).value<CloudProblem>(), CloudProblem::Denied);
-    QCOMPARE(failed.at(0).at(2).toInt(), 1);
+    QCOMPARE(failed.at(0).mid(2), (QVariantList{1, text("c")}));
 
-    logic().undoTrash();
+    logic().undo(removal);
     RecoverRecyclesResult back;
     back.items = {FakeCloud::item(text("b"))};
     QVERIFY(cloud().answer("recoverRecycles", back));
@@ -139,26 +138,81 @@ void TestCloudDocOperations::whatIsDoneInPart()
     QCOMPARE(conflicts.at(0).at(1).value<CloudConflicts>().at(0).source, text("b"));
 }
 
-// Each says its own name, and only the last one can be undone.
-void TestCloudDocOperations::removalsOverlap()
+void TestCloudDocOperations::undoGoesBackOrSaysWhy_data()
 {
-    openRoot({text("a"), text("b")});
-    QSignalSpy trashed(&logic(), &CloudDocLogic::trashed);
-    logic().trash({text("a")});
-    logic().trash({text("b")});
-    const auto removed = [](const char *id) {
-        BatchRemoveResult result;
-        result.removedIds = {id};
-        result.extraParam[id] = std::string("bin-") + id;
-        return result;
-    };
-    QVERIFY(cloud().answer("batchRemove", removed("a")));
-    QCOMPARE(trashed.at(0), (QVariantList{1, text("a")}));
-    QVERIFY(logic().canUndoTrash()); // although the other one is under way
-    QVERIFY(cloud().answer("batchRemove", removed("b")));
-    QCOMPARE(trashed.at(1), (QVariantList{1, text("b")}));
-    logic().undoTrash();
-    QCOMPARE(cloud().askedFor("recoverRecycles"), QStringList(text("bin-b")));
+    QTest::addColumn<bool>("rename");
+    QTest::addColumn<bool>("taken");
+    for (const bool rename : {false, true})
+        for (const bool taken : {false, true})
+            QTest::addRow("%s%s", rename ? "rename" : "move", taken ? ", taken meanwhile" : "")
+                << rename << taken;
+}
+
+// Nobody is asked about names: what was there before comes back as it was, or not at all.
+void TestCloudDocOperations::undoGoesBackOrSaysWhy()
+{
+    QFETCH(bool, rename);
+    QFETCH(bool, taken);
+    constexpr int ExistsState = 4;
+    openRoot({text("a"), text("f/")});
+    QSignalSpy undoable(&logic(), &CloudDocLogic::undoable);
+    QSignalSpy conflicts(&logic(), &CloudDocLogic::conflictsFound);
+    QSignalSpy failed(&logic(), &CloudDocLogic::operationFailed);
+    QSignalSpy restored(&logic(), &CloudDocLogic::restored);
+    RenameResult renamed;
+    CloudItemsMoveToResult moved;
+    if (rename) {
+        logic().rename(text("a"), text("b"));
+        renamed.item = FakeCloud::item(text("b"));
+        renamed.item.id = "a";
+        QVERIFY(cloud().answer("rename", renamed));
+    } else {
+        logic().move({text("a")}, text("f"));
+        moved.items = {FakeCloud::item(text("a"), text("f"))};
+        QVERIFY(cloud().answer("cloudItemsMoveTo", moved));
+    }
+    logic().undo(undoable.at(0).at(0).value<CloudUndo>());
+    QCOMPARE(cloud().wanted.last(), rename ? text("rename a -> a") : text("cloudItemsMoveTo a -> root (0)"));
+    renamed.item = FakeCloud::item(text("a"));
+    moved.items = taken ? std::vector<CloudItem>() : std::vector{renamed.item};
+    moved.conflicts.resize(taken ? 1 : 0);
+    QVERIFY(rename ? cloud().refuse("rename", renamed, taken ? ExistsState : 0)
+                   : cloud().answer("cloudItemsMoveTo", moved));
+    QCOMPARE(restored.count(), int(!taken));
+    QCOMPARE(failed.count(), int(taken));
+    if (taken)
+        QCOMPARE(failed.at(0).at(1).value<CloudProblem>(), CloudProblem::Exists);
+    QCOMPARE(print(logic()), taken ? (rename ? text("f b") : text("f")) : text("f a"));
+    QCOMPARE(conflicts.count(), 0);
+}
+
+// Trying the same again would fail in the same way.
+void TestCloudDocOperations::takenNamesOfTransfersAreAsked()
+{
+    openRoot({});
+    CloudTransfer up;
+    up.id = text("t");
+    up.name = text("a.odt");
+    up.localPath = text("/x/a.odt");
+    up.folderId = text("f");
+    up.state = CloudTransfer::State::Failed;
+    up.problem = CloudProblem::Exists;
+    CloudTransfer down = up;
+    down.id = down.itemId = text("d");
+    down.direction = CloudTransfer::Direction::Down;
+    logic().transfers()->put({up, down});
+    QSignalSpy conflicts(&logic(), &CloudDocLogic::conflictsFound);
+    for (const CloudTransfer &transfer : {up, down})
+        logic().retryTransfer(transfer.id);
+    QCOMPARE(cloud().wanted, QStringList());
+    QCOMPARE(conflicts.at(0).at(0).value<Operation>(), Operation::Upload);
+    QCOMPARE(conflicts.at(0).at(1).value<CloudConflicts>().at(0).source, up.localPath);
+    QCOMPARE(conflicts.at(0).at(2).toString(), up.folderId);
+    QCOMPARE(conflicts.at(1).at(1).value<CloudConflicts>().at(0).source, down.itemId);
+    QCOMPARE(conflicts.at(1).at(2).toString(), text("/x"));
+    logic().upload({up.localPath}, up.folderId, CloudNameChoice::Replace);
+    QCOMPARE(cloud().wanted, // the one that failed goes
+        QStringList({text("updateTransferInfo t step 5"), text("uploadItems /x/a.odt -> f (2)")}));
 }
 
 // An upload's answer names conflicts by the last part of a path, a download's by the item's id alone.

@@ -31,6 +31,7 @@ private Q_SLOTS:
     void goesThroughFolders();
     void renames();
     void removesAndOffersUndo();
+    void undoUntilTheNextAction();
     void newFolderIsNamedAtOnce();
     void dropsGoWhereTheyFall_data();
     void dropsGoWhereTheyFall();
@@ -66,7 +67,7 @@ private:
 void TestPage::statesOfALoad()
 {
     make();
-    QCOMPARE(state(), State::Loading);
+    QCOMPARE(state(), State::Waiting);
     QVERIFY(answer(s("root"), {}));
     QCOMPARE(state(), State::Empty);
     QVERIFY(button("New Folder", page()->states()));
@@ -74,12 +75,12 @@ void TestPage::statesOfALoad()
     QCOMPARE(state(), State::List);
     page()->setFilterText(s("zebra"));
     QCOMPARE(state(), State::NothingFound);
-    QTest::mouseClick(button("Clear"), Qt::LeftButton);
+    QTest::mouseClick(button("Show All"), Qt::LeftButton);
     QCOMPARE(state(), State::List);
 
     make();
     m_cloud->disconnectNow();
-    QCOMPARE(state(), State::Offline);
+    QCOMPARE(state(), State::TimedOut);
     m_cloud->connectNow();                                                          // comes back by itself
     QVERIFY(m_cloud->answer("getInfoList", zel::vela::GetInfoListResult(), false)); // the one that was lost
     QVERIFY(answer(s("root"), {s("a.txt")}));
@@ -104,7 +105,7 @@ void TestPage::quickFoldersDoNotFlash()
     QVERIFY(answer(s("a"), {s("c.txt")}));
     QVERIFY(view()->updatesEnabled());
     key(Qt::Key_Backspace);
-    QTRY_COMPARE(state(), State::Loading); // a slow one
+    QTRY_COMPARE(state(), State::Waiting); // a slow one
     QVERIFY(view()->updatesEnabled());
 }
 
@@ -197,10 +198,38 @@ void TestPage::removesAndOffersUndo()
     QCOMPARE(m_cloud->askedFor("recoverRecycles"), QStringList({s("bin1 bin2"), s("bin3")}));
 }
 
+void TestPage::undoUntilTheNextAction()
+{
+    load({s("a.txt"), s("b/")});
+    QAction *undo = page()->action(CloudCommand::Undo);
+    QVERIFY(!undo->isEnabled());
+    page()->logic()->rename(s("a.txt"), s("n.txt"));
+    zel::vela::RenameResult renamed;
+    renamed.item = FakeCloud::item(s("a.txt"));
+    renamed.item.name = "n.txt";
+    QVERIFY(m_cloud->answer("rename", renamed));
+    QVERIFY2(notice().contains(s("n.txt")), qPrintable(notice()));
+    key(Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(wanted().last(), s("rename a.txt -> a.txt"));
+    QVERIFY(!undo->isEnabled() && notice().isEmpty());
+
+    page()->logic()->move({s("a.txt")}, s("b"));
+    zel::vela::CloudItemsMoveToResult moved;
+    moved.items = {FakeCloud::item(s("a.txt"), s("b"))};
+    QVERIFY(m_cloud->answer("cloudItemsMoveTo", moved));
+    QVERIFY2(
+        notice().contains(s("a.txt")) && notice().contains(QString::fromUtf8("“b”")), qPrintable(notice()));
+    page()->logic()->openFolder(s("b")); // looking elsewhere changes nothing
+    QVERIFY(undo->isEnabled());
+    page()->action(CloudCommand::NewFolder)->setEnabled(true);
+    page()->action(CloudCommand::NewFolder)->trigger();
+    QVERIFY(!undo->isEnabled() && notice().isEmpty());
+}
+
 void TestPage::newFolderIsNamedAtOnce()
 {
     load({s("New Folder/")});
-    page()->actions()->newFolder->trigger();
+    page()->action(CloudCommand::NewFolder)->trigger();
     QCOMPARE(wanted(), QStringList(s("createFolder New Folder (2)")));
     zel::vela::CreateFolderResult made;
     made.item = FakeCloud::item(s("New Folder (2)/"));
@@ -352,7 +381,7 @@ void TestPage::movesByDialog()
     load({s("a/"), s("b/"), s("c.txt")});
     click(1);
     click(2, Qt::ControlModifier);
-    page()->actions()->moveTo->trigger();
+    page()->action(CloudCommand::MoveTo)->trigger();
     auto *dialog = find<MoveDialog>();
     QVERIFY(dialog && QTest::qWaitForWindowActive(dialog));
     QVERIFY(answer(s("root"), {s("a/"), s("b/"), s("c.txt")}));

@@ -80,7 +80,7 @@ void TestPageOutside::staleRowsSaySo()
     QTest::mouseClick(button("Retry"), Qt::LeftButton);
     QVERIFY(m_cloud->answer("getInfoList", zel::vela::GetInfoListResult(), false));
     QVERIFY(notice().contains(s("out of date")));
-    QVERIFY(!page()->actions()->trash->isEnabled());
+    QVERIFY(!page()->action(CloudCommand::Trash)->isEnabled());
     m_cloud->connectNow();
     QVERIFY(answer(s("root"), {s("a.txt")}));
     QVERIFY(notice().isEmpty());

@@ -51,10 +51,9 @@ void BreadcrumbBar::rebuild()
     for (const Crumb &crumb : std::as_const(m_crumbs)) {
         auto *button = new CrumbButton(crumb.id, crumb.name, this);
         button->setLast(m_buttons.size() == m_crumbs.size() - 1);
-        connect(
-            button, &QAbstractButton::clicked, this, [this, id = crumb.id] { Q_EMIT sigCrumbChosen(id); });
-        connect(button, &CrumbButton::sigItemsDropped, this, &BreadcrumbBar::sigItemsDropped);
-        connect(button, &CrumbButton::sigFilesDropped, this, &BreadcrumbBar::sigFilesDropped);
+        connect(button, &QAbstractButton::clicked, this, [this, id = crumb.id] { Q_EMIT crumbChosen(id); });
+        connect(button, &CrumbButton::itemsDropped, this, &BreadcrumbBar::itemsDropped);
+        connect(button, &CrumbButton::filesDropped, this, &BreadcrumbBar::filesDropped);
         m_buttons << button;
     }
     arrange();
@@ -118,7 +117,7 @@ void BreadcrumbBar::fillMenu()
             name = name.left(LongestMenuName) + QChar(0x2026);
         name.replace(QLatin1Char('&'), QStringLiteral("&&"));
         const QIcon icon = zel::tintedIcon(QStringLiteral(":/icons_svg/folder.svg"));
-        m_menu->addAction(icon, name, this, [this, id = m_crumbs.at(i).id] { Q_EMIT sigCrumbChosen(id); });
+        m_menu->addAction(icon, name, this, [this, id = m_crumbs.at(i).id] { Q_EMIT crumbChosen(id); });
     }
 }
 

@@ -34,9 +34,9 @@ public:
     QSize minimumSizeHint() const override;
 
 Q_SIGNALS:
-    void sigCrumbChosen(const QString &folderId);
-    void sigItemsDropped(const QString &folderId, const QStringList &itemIds);
-    void sigFilesDropped(const QString &folderId, const QStringList &localPaths);
+    void crumbChosen(const QString &folderId);
+    void itemsDropped(const QString &folderId, const QStringList &itemIds, const QString &fromFolder);
+    void filesDropped(const QString &folderId, const QStringList &localPaths);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

@@ -1,123 +1,100 @@
 #include "clouddoc/ui/clouddocstates.h"
 
+#include "clouddoc/clouddoclogic.h"
 #include "clouddoc/cloudproblemtext.h"
 #include "klitestyle.h"
 #include "widgets/emptystate.h"
-#include "widgets/loadingindicator.h"
 #include "widgets/rowpaint.h"
 
-#include <QEvent>
+#include <QAbstractItemView>
 #include <QPainter>
 #include <QPushButton>
 
-CloudDocStates::CloudDocStates(QWidget *list, QWidget *parent) : QStackedWidget(parent)
+using Logic = CloudDocLogic;
+
+// A folder that is read this fast follows the one before without anything in between.
+static constexpr int QuickLoad = 150; // ms
+
+CloudDocStates::CloudDocStates(CloudDocLogic *logic, QAbstractItemView *list, QWidget *parent)
+    : StateStack(list, tr("Loading the folder"), parent), m_logic(logic), m_list(list)
 {
-    m_widgets[int(State::List)] = list;
-    addWidget(list);
-    setCurrentWidget(widgetFor(m_state));
+    setMaker(State::Empty, [this] { return makeEmpty(); });
+    setMaker(State::TimedOut, [this] { return makeOffline(); });
+    setTexts(State::NothingFound, tr("Nothing found"),
+        tr("No document in this folder has a name that contains these words."));
+    m_waitingSoon.setSingleShot(true);
+    connect(&m_waitingSoon, &QTimer::timeout, this, [this] {
+        m_waitsLong = true;
+        follow();
+    });
+    connect(logic, &Logic::stateChanged, this, &CloudDocStates::follow);
+    connect(logic->documents(), &CloudDocModel::countsChanged, this, &CloudDocStates::follow);
 }
 
-void CloudDocStates::setState(State state)
+CloudDocStates::State CloudDocStates::wantedState() const
 {
-    if (m_state == state)
-        return;
-    const QWidget *focused = window()->focusWidget(); // our own focusWidget() may have lost it long ago
-    const bool hadFocus = focused == currentWidget() || currentWidget()->isAncestorOf(focused);
-    m_state = state;
-    setCurrentWidget(widgetFor(state));
-    if (hadFocus)
-        widgetFor(state)->setFocus(Qt::OtherFocusReason); // the keyboard stays in the page
-}
-
-void CloudDocStates::setProblem(CloudProblem problem)
-{
-    m_problem = problem;
-    if (m_widgets[int(State::Failed)])
-        retranslate(State::Failed);
-}
-
-QWidget *CloudDocStates::widgetFor(State state)
-{
-    QWidget *&widget = m_widgets[int(state)];
-    if (!widget) {
-        widget = make(state);
-        addWidget(widget);
-        retranslate(state);
+    const CloudDocModel &documents = *m_logic->documents();
+    if (documents.rowCount() > 0)
+        return State::List;
+    switch (m_logic->state()) {
+    case Logic::State::Idle:
+    case Logic::State::Loading:
+        return State::Waiting;
+    case Logic::State::Offline:
+        return State::TimedOut;
+    case Logic::State::Failed:
+        return State::Failed;
+    case Logic::State::Ready:
+        break;
     }
-    return widget;
+    if (documents.totalCount() > 0 && !documents.filterText().isEmpty())
+        return State::NothingFound;
+    return m_logic->isComplete() ? State::Empty : State::Waiting;
 }
 
-QWidget *CloudDocStates::make(State state)
+void CloudDocStates::follow()
 {
-    switch (state) {
-    case State::Loading:
-        return new LoadingIndicator(tr("Loading the folder"), this);
-    case State::List:
-        break; // there from the beginning
-    case State::Empty:
-        return makeEmpty();
-    case State::NothingFound: {
-        auto *nothing = new EmptyStateWidget(QStringLiteral(":/icons_svg/empty_generic.svg"), {}, {}, this);
-        connect(nothing->addAction(tr("Clear")), &QAbstractButton::clicked, this,
-            &CloudDocStates::clearFilterWanted);
-        return nothing;
+    const State wanted = wantedState();
+    const bool keep = wanted == State::Waiting && state() != State::Waiting && !m_waitsLong;
+    m_list->setUpdatesEnabled(!keep);
+    if (keep) {
+        if (!m_waitingSoon.isActive())
+            m_waitingSoon.start(QuickLoad);
+    } else {
+        m_waitingSoon.stop();
+        m_waitsLong = false;
+        if (wanted == State::Failed)
+            setTexts(State::Failed, tr("This folder cannot be shown"),
+                zel::clouddoc::problemText(m_logic->problem()));
+        setState(wanted);
     }
-    case State::Offline:
-        return makeWithRetry("empty_offline");
-    case State::Failed:
-        return makeWithRetry("empty_generic");
-    }
-    return m_widgets[int(State::List)];
+    Q_EMIT followed();
 }
 
-EmptyStateWidget *CloudDocStates::makeEmpty()
+bool CloudDocStates::isStale() const
 {
-    auto *empty = new EmptyStateWidget(QStringLiteral(":/icons_svg/empty_cloud.svg"), {}, {}, this);
+    return state() == State::List && m_logic->state() == Logic::State::Offline;
+}
+
+QWidget *CloudDocStates::makeEmpty()
+{
+    auto *empty = new EmptyStateWidget(QStringLiteral(":/icons_svg/empty_cloud.svg"),
+        tr("This folder is empty"), tr("Drop files here, or upload them."), this);
     QPushButton *upload = empty->addAction(tr("Upload"));
     upload->setDefault(true);
-    connect(upload, &QAbstractButton::clicked, this, [this, upload] { Q_EMIT uploadWanted(upload); });
+    connect(upload, &QAbstractButton::clicked, this, [this, upload] { Q_EMIT uploadRequested(upload); });
     connect(empty->addAction(tr("New Folder")), &QAbstractButton::clicked, this,
-        &CloudDocStates::newFolderWanted);
+        &CloudDocStates::newFolderRequested);
     return empty;
 }
 
-EmptyStateWidget *CloudDocStates::makeWithRetry(const char *picture)
+QWidget *CloudDocStates::makeOffline()
 {
-    auto *state =
-        new EmptyStateWidget(QStringLiteral(":/icons_svg/%1.svg").arg(QLatin1String(picture)), {}, {}, this);
-    connect(state->addAction(tr("Retry")), &QAbstractButton::clicked, this, &CloudDocStates::retryWanted);
-    return state;
-}
-
-void CloudDocStates::retranslate(State state)
-{
-    auto *widget = qobject_cast<EmptyStateWidget *>(m_widgets[int(state)]);
-    if (!widget)
-        return;
-    switch (state) {
-    case State::Loading:
-    case State::List:
-        return;
-    case State::Empty:
-        return widget->setTexts(tr("This folder is empty"), tr("Drop files here, or upload them."));
-    case State::NothingFound:
-        return widget->setTexts(
-            tr("Nothing found"), tr("No document in this folder has a name that contains these words."));
-    case State::Offline:
-        return widget->setTexts(tr("Cloud documents are not reachable"),
-            tr("The cloud service does not answer. The page comes back by itself once it does."));
-    case State::Failed:
-        return widget->setTexts(tr("This folder cannot be shown"), zel::clouddoc::problemText(m_problem));
-    }
-}
-
-void CloudDocStates::changeEvent(QEvent *event)
-{
-    QStackedWidget::changeEvent(event);
-    if (event->type() == QEvent::LanguageChange) {
-        for (int state = 0; state <= int(State::Failed); ++state)
-            retranslate(State(state));
-    }
+    auto *offline = new EmptyStateWidget(QStringLiteral(":/icons_svg/empty_offline.svg"),
+        tr("Cloud documents are not reachable"),
+        tr("The cloud service does not answer. The page comes back by itself once it does."), this);
+    connect(offline->addAction(tr("Retry")), &QAbstractButton::clicked, this, &StateStack::retryRequested);
+    return offline;
 }
 
 void CloudDocStates::setDropTarget(bool target)
@@ -128,7 +105,7 @@ void CloudDocStates::setDropTarget(bool target)
 
 void CloudDocStates::paintEvent(QPaintEvent *event)
 {
-    QStackedWidget::paintEvent(event);
+    StateStack::paintEvent(event);
     if (!m_dropTarget)
         return;
     QPainter painter(this);

@@ -1,46 +1,43 @@
 #pragma once
 
-#include "clouddoc/clouddocument.h"
+#include "lists/ui/statestack.h"
 
-#include <QStackedWidget>
+#include <QTimer>
 
-class EmptyStateWidget;
+class CloudDocLogic;
+class QAbstractItemView;
 
-/// What stands in the middle of the cloud page: the list, or why there is none. GUI thread. The others are
-/// made when first shown.
-class CloudDocStates : public QStackedWidget
+/// What stands in the middle of the cloud page: the list of the folder, or why there is none. GUI thread.
+/// Follows the logic by itself; what was on view stays for a moment, so that a folder that is read at once
+/// does not flash. TimedOut means that the service is away.
+class CloudDocStates : public StateStack
 {
     Q_OBJECT
 public:
-    enum class State { Loading, List, Empty, NothingFound, Offline, Failed };
-    Q_ENUM(State)
+    CloudDocStates(CloudDocLogic *logic, QAbstractItemView *list, QWidget *parent = nullptr);
 
-    explicit CloudDocStates(QWidget *list, QWidget *parent = nullptr);
+    bool isStale() const;            ///< the rows are there, the service is not
+    void setDropTarget(bool target); ///< a frame around all, while something is dragged over it
 
-    State state() const { return m_state; }
-    void setState(State state);
-    void setProblem(CloudProblem problem); ///< that State::Failed tells
-    void setDropTarget(bool target);       ///< a frame around all, while something is dragged over it
+public Q_SLOTS:
+    void follow();
 
 Q_SIGNALS:
-    void uploadWanted(QWidget *button);
-    void newFolderWanted();
-    void retryWanted();
-    void clearFilterWanted();
+    void followed(); ///< the logic, whether or not state() is another one
+    void uploadRequested(QWidget *button);
+    void newFolderRequested();
 
 protected:
-    void changeEvent(QEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
-    QWidget *widgetFor(State state);
-    QWidget *make(State state);
-    EmptyStateWidget *makeEmpty();
-    EmptyStateWidget *makeWithRetry(const char *picture);
-    void retranslate(State state);
+    State wantedState() const;
+    QWidget *makeEmpty();
+    QWidget *makeOffline();
 
-    QWidget *m_widgets[6] = {}; // by State
-    State m_state = State::Loading;
-    CloudProblem m_problem = CloudProblem::None;
+    CloudDocLogic *m_logic;
+    QAbstractItemView *m_list;
+    QTimer m_waitingSoon{this};
+    bool m_waitsLong = false;
     bool m_dropTarget = false;
 };

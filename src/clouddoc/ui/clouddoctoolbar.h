@@ -3,9 +3,9 @@
 #include "clouddoc/clouddocorder.h"
 #include "clouddoc/ui/breadcrumbbar.h"
 
-class CloudDocActions;
 class CloudSortMenu;
 class IconButton;
+class ListActions;
 class QPushButton;
 class TransferButton;
 
@@ -15,7 +15,7 @@ class CloudDocToolBar : public QWidget
 {
     Q_OBJECT
 public:
-    explicit CloudDocToolBar(CloudDocActions *actions, QWidget *parent = nullptr);
+    explicit CloudDocToolBar(const ListActions *actions, QWidget *parent = nullptr);
 
     BreadcrumbBar *crumbs() const { return m_crumbs; }
     TransferButton *transferButton() const { return m_transfers; }
@@ -30,12 +30,9 @@ Q_SIGNALS:
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
-    void changeEvent(QEvent *event) override;
 
 private:
     IconButton *buttonFor(QAction *action);
-    void retranslate();
-    void setFonts();
     void adapt();
 
     BreadcrumbBar *m_crumbs;

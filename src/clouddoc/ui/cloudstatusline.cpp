@@ -3,6 +3,7 @@
 #include "base/sizetext.h"
 #include "klitestyle.h"
 #include "klook.h"
+#include "widgets/contentcolumn.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -20,9 +21,9 @@ CloudStatusLine::CloudStatusLine(QWidget *parent)
         label->setTextFormat(Qt::PlainText);
     }
     auto *layout = new QHBoxLayout(this);
-    layout->setContentsMargins(KLiteStyle::dpiScaledMargins({24, 6, 24, 8}));
     layout->addWidget(m_counts, 1);
     layout->addWidget(m_space);
+    zel::keepInContentColumn(this, {zel::look::SpaceXL, 6, zel::look::SpaceXL, 8});
 }
 
 void CloudStatusLine::setFonts()

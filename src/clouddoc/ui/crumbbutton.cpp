@@ -91,11 +91,11 @@ void CrumbButton::dropEvent(QDropEvent *event)
     setDropTarget(false);
     if (!zel::clouddoc::acceptDrag(event, m_folderId))
         return event->ignore();
-    const QStringList items = zel::clouddoc::itemsOf(event->mimeData()).ids;
-    if (items.isEmpty())
-        Q_EMIT sigFilesDropped(m_folderId, zel::clouddoc::localFiles(event->mimeData()));
+    const zel::clouddoc::CarriedItems items = zel::clouddoc::itemsOf(event->mimeData());
+    if (items.ids.isEmpty())
+        Q_EMIT filesDropped(m_folderId, zel::clouddoc::localFiles(event->mimeData()));
     else
-        Q_EMIT sigItemsDropped(m_folderId, items);
+        Q_EMIT itemsDropped(m_folderId, items.ids, items.folderId);
 }
 
 void CrumbButton::setDropTarget(bool target)

@@ -16,8 +16,8 @@ public:
     QSize sizeHint() const override;
 
 Q_SIGNALS:
-    void sigItemsDropped(const QString &folderId, const QStringList &itemIds);
-    void sigFilesDropped(const QString &folderId, const QStringList &localPaths);
+    void itemsDropped(const QString &folderId, const QStringList &itemIds, const QString &fromFolder);
+    void filesDropped(const QString &folderId, const QStringList &localPaths);
 
 protected:
     void paintEvent(QPaintEvent *event) override;

@@ -85,7 +85,7 @@ void MoveDialog::connectLogic()
     connect(m_logic, &Logic::operationDone, m_delegate, &CloudDocDelegate::forgetNewNames);
     connect(m_delegate, &CloudDocDelegate::sigRenameRequested, m_logic, &Logic::rename);
     connect(m_logic->documents(), &CloudDocModel::countsChanged, this, &MoveDialog::update);
-    connect(m_crumbs, &BreadcrumbBar::sigCrumbChosen, m_logic, &Logic::openFolder);
+    connect(m_crumbs, &BreadcrumbBar::crumbChosen, m_logic, &Logic::openFolder);
     connect(m_view, &QAbstractItemView::doubleClicked, this, &MoveDialog::enter);
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &MoveDialog::update);
     connect(m_newFolder, &QAbstractButton::clicked, this,

@@ -1,23 +1,23 @@
 #include "clouddoc/ui/zelboxclouddocwidget.h"
 
 #include "base/sourcekeys.h"
-#include "clouddoc/cloudproblemtext.h"
-#include "clouddoc/ui/clouddocactions.h"
+#include "clouddoc/ui/clouddoccommands.h"
 #include "clouddoc/ui/clouddocdelegate.h"
 #include "clouddoc/ui/clouddoclistview.h"
+#include "clouddoc/ui/clouddocnotices.h"
+#include "clouddoc/ui/clouddocopening.h"
 #include "clouddoc/ui/clouddoctoolbar.h"
 #include "clouddoc/ui/clouddrag.h"
 #include "clouddoc/ui/cloudstatusline.h"
 #include "clouddoc/ui/crumbtexts.h"
 #include "clouddoc/ui/transferbutton.h"
+#include "clouddoc/ui/transferlistview.h"
 #include "clouddoc/ui/transferpanel.h"
-#include "klitestyle.h"
 #include "kskin.h"
-#include "widgets/boxdialog.h"
-#include "widgets/noticebar.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDragEnterEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -26,40 +26,28 @@ using namespace zel::clouddoc;
 using State = CloudDocStates::State;
 using Logic = CloudDocLogic;
 
-// A folder that is read this fast follows the one before without anything in between.
-static constexpr int QuickLoad = 150; // ms
-
-static constexpr int UndoTime = 10000; // ms
-
 // The sizes of very many selected rows are not added up again at each of many changes.
 static constexpr int MostCountedAtOnce = 1000;
 static constexpr int CountPause = 200; // ms
 
 ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *parent)
     : QWidget(parent),
-      m_proxy(proxy),
       m_logic(new CloudDocLogic(proxy, this)),
-      m_actions(new CloudDocActions(this)),
-      m_toolBar(new CloudDocToolBar(m_actions, this)),
-      m_offline(new NoticeBar(this)),
-      m_notice(new NoticeBar(this)),
       m_view(new CloudDocListView(this)),
-      m_states(new CloudDocStates(m_view, this)),
+      m_states(new CloudDocStates(m_logic, m_view, this)),
+      m_commands(new CloudDocCommands({proxy, m_logic, m_view, m_states, this})),
+      m_notices(new CloudDocNotices(m_logic, m_commands->action(CloudCommand::Undo), this, m_states)),
+      m_opening(new CloudDocOpening(m_logic, m_notices->notice(), this)),
+      m_toolBar(new CloudDocToolBar(m_commands->actions(), this)),
       m_status(new CloudStatusLine(this)),
       m_panel(new TransferPanel(m_logic->transfers(), this))
 {
     m_view->setModel(m_logic->documents());
-    m_actions->setList(m_states);
     layOut();
     connectLogic();
-    connectResults();
     connectView();
-    connectActions();
-    m_loadingSoon.setSingleShot(true);
-    connect(&m_loadingSoon, &QTimer::timeout, this, [this] {
-        m_loadsLong = true;
-        updateState();
-    });
+    connectParts();
+    connectTransfers();
     m_countSoon.setSingleShot(true);
     connect(&m_countSoon, &QTimer::timeout, this, &ZelBoxCloudDocWidget::showCounts);
     setAcceptDrops(true);
@@ -70,18 +58,17 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
     updateTransfers();
 }
 
+QAction *ZelBoxCloudDocWidget::action(CloudCommand command) const
+{
+    return m_commands->action(command);
+}
+
 void ZelBoxCloudDocWidget::layOut()
 {
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addWidget(m_toolBar);
-    auto *notices = new QVBoxLayout;
-    notices->setContentsMargins(KLiteStyle::dpiScaledMargins({12, 0, 12, 0}));
-    notices->setSpacing(KLiteStyle::dpiScaled(6));
-    notices->addWidget(m_offline);
-    notices->addWidget(m_notice);
-    layout->addLayout(notices);
     layout->addWidget(m_states, 1);
     layout->addWidget(m_status);
     layout->addWidget(m_panel);
@@ -89,99 +76,97 @@ void ZelBoxCloudDocWidget::layOut()
 
 void ZelBoxCloudDocWidget::connectLogic()
 {
-    connect(m_logic, &Logic::stateChanged, this, &ZelBoxCloudDocWidget::updateState);
     connect(m_logic, &Logic::folderChanged, this, &ZelBoxCloudDocWidget::onFolderChanged);
     connect(m_logic, &Logic::historyChanged, this, &ZelBoxCloudDocWidget::updateActions);
     connect(m_logic, &Logic::spaceChanged, m_status, &CloudStatusLine::setSpace);
     connect(m_logic, &Logic::crumbsChanged, this,
         [this] { m_toolBar->crumbs()->setCrumbs(namedCrumbs(m_logic->crumbs())); });
-    connect(m_logic->documents(), &CloudDocModel::countsChanged, this, &ZelBoxCloudDocWidget::updateState);
     connect(m_logic->documents(), &CloudDocModel::sortOrderChanged, this,
         [this] { m_toolBar->setSort(m_logic->documents()->sortOrder()); });
-    connect(m_logic->transfers(), &CloudTransferModel::activityChanged, this,
-        &ZelBoxCloudDocWidget::updateTransfers);
-    connect(m_toolBar, &CloudDocToolBar::sortChosen, m_logic, &Logic::setSortOrder);
-    connect(m_toolBar->crumbs(), &BreadcrumbBar::sigCrumbChosen, this, &ZelBoxCloudDocWidget::openCrumb);
+    connect(m_logic, &Logic::restored, m_view, &CloudDocListView::selectIds);
+    connect(m_logic, &Logic::operationDone, this, &ZelBoxCloudDocWidget::forgetNewNames);
+    connect(m_logic, &Logic::operationFailed, this, &ZelBoxCloudDocWidget::forgetNewNames);
+    connect(m_logic, &Logic::folderCreated, this, [this](const QString &id) {
+        m_view->beginRename(m_logic->documents()->index(m_logic->documents()->rowOf(id)));
+    });
 }
 
 void ZelBoxCloudDocWidget::connectView()
 {
     using View = CloudDocListView;
+    BreadcrumbBar *crumbs = m_toolBar->crumbs();
     connect(m_view, &View::activated, this, &ZelBoxCloudDocWidget::openSelected);
-    connect(m_view, &View::customContextMenuRequested, this, &ZelBoxCloudDocWidget::showMenu);
-    connect(m_view, &View::sigUpRequested, m_actions->up, &QAction::trigger);
+    connect(m_view, &View::customContextMenuRequested, m_commands, &CloudDocCommands::showMenu);
+    connect(m_view, &View::sigUpRequested, m_logic, &Logic::up);
     connect(m_view, &View::sigSelectionChanged, this, &ZelBoxCloudDocWidget::updateActions);
-    connect(m_view, &View::sigItemsDropped, this, &ZelBoxCloudDocWidget::move);
-    connect(m_view, &View::sigFilesDropped, this, &ZelBoxCloudDocWidget::upload);
-    connect(m_toolBar->crumbs(), &BreadcrumbBar::sigItemsDropped, this, &ZelBoxCloudDocWidget::move);
-    connect(m_toolBar->crumbs(), &BreadcrumbBar::sigFilesDropped, this, &ZelBoxCloudDocWidget::upload);
+    connect(m_view, &View::sigItemsDropped, this,
+        [this](const QString &folder, const QStringList &ids) { m_commands->move(folder, ids, {}); });
+    connect(m_view, &View::sigFilesDropped, m_commands, &CloudDocCommands::upload);
+    connect(crumbs, &BreadcrumbBar::itemsDropped, m_commands, &CloudDocCommands::move);
+    connect(crumbs, &BreadcrumbBar::filesDropped, m_commands, &CloudDocCommands::upload);
+    connect(crumbs, &BreadcrumbBar::crumbChosen, this, &ZelBoxCloudDocWidget::openCrumb);
     CloudDocDelegate *delegate = m_view->rowDelegate();
     connect(delegate, &CloudDocDelegate::sigRenameRequested, m_logic, &Logic::rename);
     delegate->setNameCheck(
         [this](const QString &id, const QString &name) { return m_logic->checkName(name, id); });
-
-    connect(m_states, &CloudDocStates::uploadWanted, m_toolBar, &CloudDocToolBar::popUpUploadMenu);
-    connect(m_states, &CloudDocStates::newFolderWanted, this, &ZelBoxCloudDocWidget::makeFolder);
-    connect(m_states, &CloudDocStates::retryWanted, m_logic, &Logic::reload);
-    connect(m_states, &CloudDocStates::clearFilterWanted, this, [this] {
-        clearFilter();
-        m_view->setFocus(Qt::OtherFocusReason);
-    });
     connect(
         QApplication::clipboard(), &QClipboard::dataChanged, this, &ZelBoxCloudDocWidget::onClipboardChanged);
 }
 
-State ZelBoxCloudDocWidget::wantedState() const
+void ZelBoxCloudDocWidget::connectParts()
 {
-    const CloudDocModel &documents = *m_logic->documents();
-    const bool known = documents.totalCount() > 0;
-    if (documents.rowCount() > 0)
-        return State::List;
-    switch (m_logic->state()) {
-    case Logic::State::Idle:
-    case Logic::State::Loading:
-        return State::Loading;
-    case Logic::State::Offline:
-        return State::Offline;
-    case Logic::State::Failed:
-        return State::Failed;
-    case Logic::State::Ready:
-        break;
-    }
-    if (known && !documents.filterText().isEmpty())
-        return State::NothingFound;
-    return m_logic->isComplete() ? State::Empty : State::Loading;
+    using Commands = CloudDocCommands;
+    connect(m_commands, &Commands::openRequested, this, &ZelBoxCloudDocWidget::openSelected);
+    connect(m_commands, &Commands::revealRequested, m_opening, &CloudDocOpening::reveal);
+    connect(m_commands, &Commands::newFolderRequested, this, &ZelBoxCloudDocWidget::makeFolder);
+    connect(m_commands, &Commands::undoRequested, m_notices, &CloudDocNotices::undo);
+    connect(m_commands, &Commands::notDone, m_notices, &CloudDocNotices::tell);
+    connect(m_commands->actions(), &ListActions::aboutToRun, m_notices, &CloudDocNotices::retire);
+    connect(m_notices, &CloudDocNotices::retryRequested, m_logic, &Logic::reload);
+    connect(m_toolBar, &CloudDocToolBar::sortChosen, m_logic, &Logic::setSortOrder);
+    connect(m_states, &CloudDocStates::followed, this, &ZelBoxCloudDocWidget::onFollowed);
+    connect(m_states, &CloudDocStates::uploadRequested, m_toolBar, &CloudDocToolBar::popUpUploadMenu);
+    connect(m_states, &CloudDocStates::newFolderRequested, this, &ZelBoxCloudDocWidget::makeFolder);
+    connect(m_states, &CloudDocStates::retryRequested, m_logic, &Logic::reload);
+    connect(m_states, &CloudDocStates::clearFilterRequested, this, [this] {
+        clearFilter();
+        m_view->setFocus(Qt::OtherFocusReason);
+    });
 }
 
-void ZelBoxCloudDocWidget::updateState()
+void ZelBoxCloudDocWidget::connectTransfers()
 {
-    const State wanted = wantedState();
-    if (wanted == State::Loading && m_states->state() != State::Loading && !m_loadsLong)
-        return keepForAMoment();
-    m_loadingSoon.stop();
-    m_loadsLong = false;
-    m_view->setUpdatesEnabled(true);
-    m_states->setProblem(m_logic->problem());
-    m_states->setState(wanted);
-    m_toolBar->setSortShown(wanted == State::List || wanted == State::NothingFound);
-    const bool stale = wanted == State::List && m_logic->state() == Logic::State::Offline;
-    const bool changed = std::exchange(m_stale, stale) != stale;
-    if (stale && changed) // not again once the user has closed it
-        m_offline->showAction(tr("The cloud service is not reachable. What you see may be out of date."),
-            tr("Retry"), NoticeBar::Tone::Problem, NoticeBar::Stay);
-    else if (!stale)
-        m_offline->hide();
+    TransferButton *button = m_toolBar->transferButton();
+    TransferListView *list = m_panel->view();
+    connect(m_logic->transfers(), &CloudTransferModel::activityChanged, this,
+        &ZelBoxCloudDocWidget::updateTransfers);
+    connect(m_logic, &Logic::transfersStarted, this, [this] { m_panel->setOpen(true); });
+    connect(m_logic, &Logic::transferEnded, this, [this](const CloudTransfer &transfer) {
+        if (transfer.state == CloudTransfer::State::Failed && !m_panel->isOpen())
+            m_failedTransfers = true;
+        updateTransfers();
+    });
+    connect(button, &QAbstractButton::clicked, m_panel, &TransferPanel::setOpen);
+    connect(m_panel, &TransferPanel::openChanged, this, [this, button](bool open) {
+        button->setChecked(open);
+        m_failedTransfers = m_failedTransfers && !open;
+        updateTransfers();
+    });
+    connect(m_panel, &TransferPanel::clearRequested, m_logic, &Logic::clearFinishedTransfers);
+    connect(list, &TransferListView::sigCancelRequested, m_logic, &Logic::cancelTransfers);
+    connect(list, &TransferListView::sigRetryRequested, m_logic, &Logic::retryTransfer);
+    connect(list, &TransferListView::sigOpenRequested, this, [this](const QModelIndex &index) {
+        m_opening->openLocal(index.data(CloudTransferModel::LocalPathRole).toString());
+    });
+}
+
+void ZelBoxCloudDocWidget::onFollowed()
+{
+    const State state = m_states->state();
+    m_toolBar->setSortShown(state == State::List || state == State::NothingFound);
+    m_notices->setStale(m_states->isStale());
     if (m_logic->state() == Logic::State::Ready)
         onReady();
-    updateActions();
-}
-
-// The rows of the folder before stay on the screen, so that nothing flashes.
-void ZelBoxCloudDocWidget::keepForAMoment()
-{
-    if (!m_loadingSoon.isActive())
-        m_loadingSoon.start(QuickLoad);
-    m_view->setUpdatesEnabled(false);
     updateActions();
 }
 
@@ -190,7 +175,8 @@ void ZelBoxCloudDocWidget::onFolderChanged()
     m_selectOnReady = true;
     m_view->setFolderId(m_logic->folderId());
     m_view->scrollToTop();
-    updateState();
+    m_notices->retire();
+    m_states->follow();
 }
 
 void ZelBoxCloudDocWidget::onReady()
@@ -207,19 +193,9 @@ void ZelBoxCloudDocWidget::onReady()
 
 void ZelBoxCloudDocWidget::updateActions()
 {
-    CloudDocActions::Situation now;
-    now.selected = m_view->selectedCount();
-    if (now.selected == 1) {
-        const CloudDocument *document = m_logic->documents()->find(m_view->selectedIds().constFirst());
-        now.local = document && !document->localPath.isEmpty();
-    }
-    now.inFolder = m_logic->state() == Logic::State::Ready;
-    now.canGoBack = m_logic->canGoBack();
-    now.canGoForward = m_logic->canGoForward();
-    now.canGoUp = m_logic->canGoUp();
-    m_actions->update(now);
+    m_commands->update();
     if (!m_countSoon.isActive())
-        m_countSoon.start(now.selected > MostCountedAtOnce ? CountPause : 0);
+        m_countSoon.start(m_view->selectedCount() > MostCountedAtOnce ? CountPause : 0);
 }
 
 void ZelBoxCloudDocWidget::showCounts()
@@ -239,31 +215,39 @@ void ZelBoxCloudDocWidget::updateTransfers()
         transfers.activeCount(), transfers.totalPercent(), m_failedTransfers);
 }
 
-void ZelBoxCloudDocWidget::tellProblem(const QString &text)
+void ZelBoxCloudDocWidget::openSelected()
 {
-    m_notice->showText(text, NoticeBar::Tone::Problem);
+    CloudDocuments documents;
+    const QStringList ids = m_view->selectedIds();
+    for (const QString &id : ids) {
+        if (const CloudDocument *document = m_logic->documents()->find(id))
+            documents << *document;
+    }
+    if (documents.isEmpty() && m_view->currentIndex().isValid())
+        documents << m_logic->documents()->document(m_view->currentIndex().row());
+    m_notices->retire();
+    m_opening->open(documents);
 }
 
-void ZelBoxCloudDocWidget::onTrashed(int count, const QString &firstName)
+void ZelBoxCloudDocWidget::openCrumb(const QString &id)
 {
-    const QString text = count == 1 ? tr("“%1” is in the recycle bin.").arg(BoxDialog::headingName(firstName))
-                                    : tr("%n item(s) are in the recycle bin.", nullptr, count);
-    m_notice->showAction(text, tr("Undo"), NoticeBar::Tone::Info, UndoTime);
+    if (id == m_logic->folderId())
+        return;
+    m_logic->openFolder(id);
+    m_view->setFocus(Qt::OtherFocusReason);
 }
 
-void ZelBoxCloudDocWidget::onOperationFailed(CloudOperation operation, CloudProblem problem, int count)
+void ZelBoxCloudDocWidget::makeFolder()
+{
+    clearFilter(); // else it might not be seen
+    m_logic->createFolder(m_logic->freeFolderName(tr("New Folder")));
+}
+
+// What was typed is the name now, or has not become it.
+void ZelBoxCloudDocWidget::forgetNewNames()
 {
     m_view->rowDelegate()->forgetNewNames();
     m_view->viewport()->update();
-    if (operation == CloudOperation::Download)
-        m_openNext.clear();
-    const QString text = failureText(operation, problem, count);
-    if (operation == CloudOperation::Trash && m_logic->canUndoTrash()) // of what was done
-        m_notice->showAction(text, tr("Undo"), NoticeBar::Tone::Problem, UndoTime);
-    else if (operation == CloudOperation::UndoTrash && m_logic->canUndoTrash())
-        m_notice->showAction(text, tr("Retry"), NoticeBar::Tone::Problem, UndoTime);
-    else
-        tellProblem(text);
 }
 
 // Only our own clipboard is looked at: to ask another program means to wait for it.
@@ -279,7 +263,7 @@ void ZelBoxCloudDocWidget::setFilterText(const QString &text)
 {
     m_logic->documents()->setFilterText(text);
     m_view->scrollToTop(); // the first hits are what was looked for
-    updateState();
+    m_states->follow();
 }
 
 void ZelBoxCloudDocWidget::clearFilter()
@@ -322,21 +306,12 @@ void ZelBoxCloudDocWidget::showEvent(QShowEvent *event)
         m_logic->openRoot();
 }
 
-void ZelBoxCloudDocWidget::changeEvent(QEvent *event)
-{
-    QWidget::changeEvent(event);
-    if (event->type() != QEvent::LanguageChange)
-        return;
-    m_actions->retranslate();
-    m_toolBar->crumbs()->setCrumbs(namedCrumbs(m_logic->crumbs()));
-}
-
 void ZelBoxCloudDocWidget::mousePressEvent(QMouseEvent *event)
 {
     if (event->button() == Qt::BackButton)
-        m_actions->back->trigger();
+        m_logic->back();
     else if (event->button() == Qt::ForwardButton)
-        m_actions->forward->trigger();
+        m_logic->forward();
     else
         QWidget::mousePressEvent(event);
 }
@@ -344,4 +319,34 @@ void ZelBoxCloudDocWidget::mousePressEvent(QMouseEvent *event)
 void ZelBoxCloudDocWidget::paintEvent(QPaintEvent *event)
 {
     QPainter(this).fillRect(event->rect(), KSkin::color(KSkin::Color::Surface));
+}
+
+// The list takes what is dragged over it; this is for the page without one.
+void ZelBoxCloudDocWidget::dragEnterEvent(QDragEnterEvent *event)
+{
+    const bool taken = m_logic->state() == Logic::State::Ready && acceptDrag(event, m_logic->folderId());
+    m_states->setDropTarget(taken && m_states->state() != State::List);
+    event->setAccepted(taken);
+}
+
+void ZelBoxCloudDocWidget::dragMoveEvent(QDragMoveEvent *event)
+{
+    event->setAccepted(acceptDrag(event, m_logic->folderId()));
+}
+
+void ZelBoxCloudDocWidget::dragLeaveEvent(QDragLeaveEvent *)
+{
+    m_states->setDropTarget(false);
+}
+
+void ZelBoxCloudDocWidget::dropEvent(QDropEvent *event)
+{
+    m_states->setDropTarget(false);
+    if (m_logic->state() != Logic::State::Ready || !acceptDrag(event, m_logic->folderId()))
+        return event->ignore();
+    const CarriedItems items = itemsOf(event->mimeData());
+    if (items.ids.isEmpty())
+        m_commands->upload(m_logic->folderId(), localFiles(event->mimeData()));
+    else
+        m_commands->move(m_logic->folderId(), items.ids, items.folderId);
 }

@@ -1,24 +1,25 @@
 #pragma once
 
 #include "clouddoc/clouddoclogic.h"
+#include "clouddoc/ui/cloudactiontable.h"
 #include "clouddoc/ui/clouddocstates.h"
-#include "kdocumentopener.h"
 #include "widgets/boxpage.h"
 
-#include <QSet>
 #include <QTimer>
 #include <QWidget>
 
-class CloudDocActions;
+class CloudDocCommands;
 class CloudDocListView;
+class CloudDocNotices;
+class CloudDocOpening;
 class CloudDocToolBar;
 class CloudStatusLine;
-class NoticeBar;
-class QMenu;
+class QAction;
 class TransferPanel;
 
 /// The page of cloud documents: one folder of the drive at a time, and the transfers. GUI thread. Owns its
-/// logic; reads the drive from its first show on.
+/// logic; reads the drive from its first show on. What the user does is in CloudDocCommands, what is said of
+/// it in CloudDocNotices.
 class ZelBoxCloudDocWidget : public QWidget, public BoxPage
 {
     Q_OBJECT
@@ -27,9 +28,9 @@ public:
 
     CloudDocLogic *logic() const { return m_logic; }
     CloudDocListView *view() const { return m_view; }
-    CloudDocActions *actions() const { return m_actions; }
     CloudDocStates *states() const { return m_states; }
     TransferPanel *transferPanel() const { return m_panel; }
+    QAction *action(CloudCommand command) const;
 
     void setFilterText(const QString &text) override;
     QWidget *focusTarget() override;
@@ -39,7 +40,6 @@ public:
 
 protected:
     void showEvent(QShowEvent *event) override;
-    void changeEvent(QEvent *event) override;
     void focusInEvent(QFocusEvent *event) override;
     void mousePressEvent(QMouseEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -49,15 +49,12 @@ protected:
     void dropEvent(QDropEvent *event) override;
 
 private:
-    // What is shown.
     void layOut();
     void connectLogic();
-    void connectResults();
     void connectView();
-    void connectActions();
-    CloudDocStates::State wantedState() const;
-    void updateState();
-    void keepForAMoment();
+    void connectParts();
+    void connectTransfers();
+    void onFollowed();
     void updateActions();
     void showCounts();
     void updateTransfers();
@@ -65,48 +62,22 @@ private:
     void onFolderChanged();
     void onReady();
     void onClipboardChanged();
-    void onTrashed(int count, const QString &firstName);
-    void onOperationFailed(CloudOperation operation, CloudProblem problem, int count);
-    void tellProblem(const QString &text);
-
-    // What the user does.
     void openSelected();
-    void openDocument(const CloudDocument &document);
-    void openLocal(const QString &path);
     void openCrumb(const QString &id);
-    void onOpened(const QString &path, KDocumentOpener::Outcome outcome);
-    void onTransferEnded(const CloudTransfer &transfer);
-    void revealSelected();
-    void downloadSelected();
-    void carry(bool cut);
-    void paste();
-    void move(const QString &folderId, const QStringList &ids);
-    void moveSelected();
-    void renameCurrent();
     void makeFolder();
-    void chooseUpload(bool folder);
-    void upload(const QString &folderId, const QStringList &paths);
-    void askAboutConflicts(CloudOperation operation, const CloudConflicts &conflicts, const QString &target);
-    void showMenu(const QPoint &pos);
-    QMenu *makeMenu(bool onRow);
+    void forgetNewNames();
 
-    KCloudSvrProxy *m_proxy;
     CloudDocLogic *m_logic;
-    CloudDocActions *m_actions;
-    CloudDocToolBar *m_toolBar;
-    NoticeBar *m_offline;
-    NoticeBar *m_notice;
     CloudDocListView *m_view;
     CloudDocStates *m_states;
+    CloudDocCommands *m_commands;
+    CloudDocNotices *m_notices;
+    CloudDocOpening *m_opening;
+    CloudDocToolBar *m_toolBar;
     CloudStatusLine *m_status;
     TransferPanel *m_panel;
     BoxPageHost *m_host = nullptr;
-    QTimer m_loadingSoon; // until it is over, what was on view stays
     QTimer m_countSoon;
-    QSet<QString> m_openNext;       // items that are being downloaded to be opened
-    QSet<QString> m_opening;        // paths that the opener has
     bool m_failedTransfers = false; // since the user looked
-    bool m_loadsLong = false;
-    bool m_stale = false; // the rows are there, the service is not
     bool m_selectOnReady = false;
 };

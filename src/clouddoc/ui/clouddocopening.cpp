@@ -1,0 +1,56 @@
+#include "clouddoc/ui/clouddocopening.h"
+
+#include "clouddoc/clouddoclogic.h"
+#include "lists/documentopening.h"
+#include "lists/ui/openingnotices.h"
+
+#include <QStandardPaths>
+
+CloudDocOpening::CloudDocOpening(CloudDocLogic *logic, NoticeBar *notice, QObject *parent)
+    : QObject(parent),
+      m_logic(logic),
+      m_opening(new DocumentOpening(nullptr, this)),
+      m_notices(new OpeningNotices(m_opening, notice, this))
+{
+    connect(logic, &CloudDocLogic::transferEnded, this, &CloudDocOpening::onTransferEnded);
+    connect(logic, &CloudDocLogic::operationFailed, this, [this](CloudOperation operation) {
+        if (operation == CloudOperation::Download)
+            m_downloading.clear();
+    });
+}
+
+void CloudDocOpening::open(const CloudDocuments &documents)
+{
+    if (!m_notices->mayOpen(documents.size()))
+        return;
+    for (const CloudDocument &document : documents) {
+        if (document.folder && documents.size() == 1) {
+            m_logic->openFolder(document.id);
+        } else if (!document.folder && !document.localPath.isEmpty()) {
+            m_opening->open(document.localPath, document.name);
+        } else if (!document.folder) {
+            m_downloading.insert(document.id);
+            m_logic->download({document.id},
+                QStandardPaths::writableLocation(QStandardPaths::DownloadLocation),
+                CloudNameChoice::KeepBoth);
+        }
+    }
+}
+
+void CloudDocOpening::openLocal(const QString &path)
+{
+    if (!path.isEmpty())
+        m_opening->open(path);
+}
+
+void CloudDocOpening::reveal(const QString &path)
+{
+    m_opening->reveal(path);
+}
+
+void CloudDocOpening::onTransferEnded(const CloudTransfer &transfer)
+{
+    const bool wanted = m_downloading.remove(transfer.itemId);
+    if (wanted && transfer.state == CloudTransfer::State::Done)
+        openLocal(transfer.localPath);
+}
