@@ -1,6 +1,6 @@
 // The tray icon on a private session bus, with a tray of the test's own at the other end.
 
-#include "platform/runtime/privatebus.h"
+#include "support/privatebus.h"
 #include "tray/statusnotifieritem.h"
 #include "tray/trayimage.h"
 #include "tray/ui/zelboxtray.h"

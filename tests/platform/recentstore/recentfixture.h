@@ -2,7 +2,7 @@
 
 #include "platform/impl/recentstore/recentproxy.h"
 #include "platform/impl/recentstore/xbel/xbelsources.h"
-#include "support/table.h"
+#include "support/columns.h"
 
 #include <QDateTime>
 #include <QDir>

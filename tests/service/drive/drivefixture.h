@@ -1,7 +1,7 @@
 #pragma once
 
 #include "service/drive/localdrive.h"
-#include "support/table.h"
+#include "support/columns.h"
 
 #include <QBuffer>
 #include <QDir>

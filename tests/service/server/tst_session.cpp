@@ -190,7 +190,7 @@ private Q_SLOTS:
 
     void dropsAClientThatStopsReading()
     {
-        m_fixture->makeServer({.pauseBytes = 1 << 20, .stallTime = 100ms});
+        m_fixture->makeServer({.stallTime = 100ms, .pauseBytes = 1 << 20});
         m_fixture->answerSize = 4 << 20;
         const auto reads = m_fixture->welcomeClient();
         const auto sleeps = m_fixture->welcomeClient();

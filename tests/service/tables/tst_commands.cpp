@@ -29,9 +29,9 @@ QString print(const QVector<Push> &pushes)
     return lines.join(QLatin1Char('\n'));
 }
 
-// Out of the class, where moc would stumble over it.
 const QByteArray LinkDocument =
-    R"({"fileId":"f9","fileName":"获.odt","linkId":"l","operatorId":"u9","title":"t'"})";
+    "{\"fileId\":\"f9\",\"fileName\":\"获.odt\",\"linkId\":\"l\",\"operatorId\":\"u9\","
+    "\"title\":\"t'\"}";
 
 } // namespace
 
