@@ -1,11 +1,11 @@
 // The mini window and the quick search, with real events.
 
+#include "lists/ui/sectionlistview.h"
 #include "mini/miniplaces.h"
 #include "mini/ui/minipanel.h"
 #include "mini/ui/recentpicker.h"
 #include "mini/ui/zelboxminiwidget.h"
 #include "mini/ui/zelboxminiwindow.h"
-#include "lists/ui/sectionlistview.h"
 #include "recentfile/fakes.h"
 
 #include <QApplication>
