@@ -1640,6 +1640,17 @@
     </message>
 </context>
 <context>
+    <name>RecentStates</name>
+    <message>
+        <source>Nothing found</source>
+        <translation>未找到</translation>
+    </message>
+    <message>
+        <source>No recent file has this name or is of this kind.</source>
+        <translation>没有此名称或此类型的最近文件。</translation>
+    </message>
+</context>
+<context>
     <name>RemoveRecordDialog</name>
     <message>
         <source>Remove record</source>
@@ -2483,10 +2494,6 @@
         <translation>设备</translation>
     </message>
     <message>
-        <source>Share</source>
-        <translation>分享</translation>
-    </message>
-    <message>
         <source>More</source>
         <translation>更多</translation>
     </message>
@@ -2642,14 +2649,6 @@ Last used on %2</source>
     <message>
         <source>Loading recent files</source>
         <translation>正在加载最近文件</translation>
-    </message>
-    <message>
-        <source>Nothing found</source>
-        <translation>未找到</translation>
-    </message>
-    <message>
-        <source>No recent file has this name or is of this kind.</source>
-        <translation>没有此名称或此类型的最近文件。</translation>
     </message>
 </context>
 <context>

@@ -29,7 +29,7 @@ ListHeader::ListHeader(const QString &title, QWidget *parent)
     layout->addLayout(m_buttons);
     addText(name);
     addText(m_count);
-    zel::keepInContentColumn(this, {look::SpaceXL, 18, look::SpaceL + look::SpaceS, 6});
+    zel::keepInContentColumn(this, {look::SpaceXL, 18, look::SpaceL, 6});
 }
 
 void ListHeader::addText(QWidget *text)

@@ -3,6 +3,7 @@
 #include "base/sizetext.h"
 #include "base/timetext.h"
 #include "recentfile/recentfilemodel.h"
+#include "recentfile/ui/recentactiontable.h"
 #include "widgets/nametext.h"
 
 #include <QDir>
@@ -54,5 +55,6 @@ QString ZelBoxRecentFileDelegate::toolTip(const QModelIndex &index) const
 
 QString ZelBoxRecentFileDelegate::buttonName(const QModelIndex &, int button) const
 {
-    return button == RecentButton::Share ? tr("Share") : tr("More");
+    return button == RecentButton::Share ? recentActionTable().explained(int(RecentCommand::Share))
+                                         : tr("More");
 }

@@ -4,13 +4,13 @@
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
 #include "recentfile/recenttelemetry.h"
-#include "recentfile/ui/loadingouttime.h"
 #include "recentfile/ui/recentcommands.h"
 #include "recentfile/ui/recentfilelistview.h"
 #include "recentfile/ui/recentfilemenu.h"
 #include "recentfile/ui/recentfiletitlewidget.h"
 #include "recentfile/ui/recentfilterbar.h"
 #include "recentfile/ui/recentguides.h"
+#include "recentfile/ui/recentstates.h"
 #include "widgets/noticearea.h"
 
 #include <QApplication>
@@ -32,21 +32,20 @@ ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase(
       m_title(new ZelBoxRecentFileTitleWidget(this)),
       m_filterBar(new RecentFilterBar(this)),
       m_view(new ZelBoxRecentFileListView(this)),
-      m_states(new StateStack(m_view, tr("Loading recent files"), this)),
-      m_notices(new NoticeArea(this, m_states)),
-      m_roamingGuide(new ZelBoxRecentFileRoamingGuideWidget(m_notices)),
-      m_outtime(new LoadingOuttime(loadingTimeout(), this))
+      m_stack(new StateStack(m_view, tr("Loading recent files"), this)),
+      m_notices(new NoticeArea(this, m_stack)),
+      m_roamingGuide(new ZelBoxRecentFileRoamingGuideWidget(m_notices))
 {
     m_notices->addBar(m_roamingGuide);
     m_rows->setSourceModel(m_model);
     m_view->setModel(m_rows);
     m_commands = new RecentCommands(m_logic, m_actions, m_view, m_notices, this);
+    m_logic->setModel(m_model);
+    m_states = new RecentStates(m_logic, m_rows, m_stack);
     layOut();
-    makeStates();
     const RecentSort sort = storedSort();
     m_title->setSort(sort);
     applySort(sort);
-    m_logic->setModel(m_model);
     connectLogic();
     connectView();
     connectTitle();
@@ -61,35 +60,11 @@ void ZelBoxRecentFileWidgetBase::layOut()
     layout->setSpacing(0);
     layout->addWidget(m_title);
     layout->addWidget(m_filterBar);
-    layout->addWidget(m_states, 1);
+    layout->addWidget(m_stack, 1);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     m_title->addCommands(
         {m_commands->action(RecentCommand::Undo), m_commands->action(RecentCommand::Refresh)});
     onStateChanged();
-}
-
-void ZelBoxRecentFileWidgetBase::makeStates()
-{
-    using Self = ZelBoxRecentFileWidgetBase;
-    using Guide = ZelBoxRecentFileEmptyGuideWidget;
-    m_states->setTexts(
-        State::NothingFound, tr("Nothing found"), tr("No recent file has this name or is of this kind."));
-    m_states->setMaker(State::TimedOut, [this] {
-        auto *outtime = new ZelBoxLoadingOuttimeWidget(this);
-        connect(outtime, &ZelBoxLoadingOuttimeWidget::sigRetry, this, &Self::onRetry);
-        connect(outtime, &ZelBoxLoadingOuttimeWidget::sigFeedBack, this, &Self::onFeedBack);
-        return outtime;
-    });
-    m_states->setMaker(State::Empty, [this] {
-        auto *guide = new Guide(this);
-        connect(guide, &Guide::openFileRequested, this, &Self::openChosenFile);
-        connect(guide, &Guide::loginRequested, this, &Self::sigSettingsWanted);
-        connect(guide, &Guide::enableRoamingRequested, this, &Self::sigSettingsWanted);
-        guide->setReason(emptyReason());
-        return guide;
-    });
-    connect(m_states, &StateStack::clearFilterRequested, this, &Self::clearFilter);
-    connect(m_states, &StateStack::stateChanged, this, &Self::onStateChanged);
 }
 
 void ZelBoxRecentFileWidgetBase::connectLogic()
@@ -97,11 +72,14 @@ void ZelBoxRecentFileWidgetBase::connectLogic()
     using Logic = KRecentFileLogic;
     using Self = ZelBoxRecentFileWidgetBase;
     connect(m_logic, &Logic::recentFileUnreadMsgCount, this, &Self::tellUnread);
-    connect(m_logic, &Logic::needToWaitFirstLoading, this, &Self::beginWaiting);
-    connect(m_logic, &Logic::itemsBatchArrived, this, &Self::updateState);
-    connect(m_logic, &Logic::itemStateChanged, this, &Self::updateState); // it may pass the filter no more
     connect(m_model, &ZelBoxRecentFileModel::rowCountChanged, this, &Self::onRowCountChanged);
-    connect(m_outtime, &LoadingOuttime::sigTimeout, this, &Self::onLoadingTimeout);
+    connect(m_rows, &RecentSortFilterModel::countsChanged, this,
+        [this] { m_title->setCount(m_rows->rowCount()); });
+    connect(m_states, &RecentStates::openFileRequested, this, &Self::openChosenFile);
+    connect(m_states, &RecentStates::settingsRequested, this, &Self::sigSettingsWanted);
+    connect(m_states, &RecentStates::feedbackRequested, this, &Self::sigFeedBack);
+    connect(m_stack, &StateStack::clearFilterRequested, this, &Self::clearFilter);
+    connect(m_stack, &StateStack::stateChanged, this, &Self::onStateChanged);
 }
 
 void ZelBoxRecentFileWidgetBase::connectTitle()
@@ -157,6 +135,7 @@ void ZelBoxRecentFileWidgetBase::connectView()
         if (m_host)
             m_host->beginFinding(typed);
     });
+    connect(m_notices, &NoticeArea::coverChanged, m_view, &View::setEndRoom);
     m_clickTimer.setSingleShot(true);
     connect(&m_clickTimer, &QTimer::timeout, this, &Self::onClickTimeout);
 }
@@ -174,7 +153,7 @@ void ZelBoxRecentFileWidgetBase::applyFilter()
     m_notices->retire();
     m_rows->setFilter({m_filterText, m_filterBar->kinds()});
     m_view->scrollToTop(); // the first hits are what was looked for
-    updateState();
+    m_states->update();
 }
 
 void ZelBoxRecentFileWidgetBase::clearFilter()
@@ -203,7 +182,7 @@ void ZelBoxRecentFileWidgetBase::setHost(BoxPageHost *host)
 
 QWidget *ZelBoxRecentFileWidgetBase::focusTarget()
 {
-    return m_states->currentWidget();
+    return m_stack->currentWidget();
 }
 
 void ZelBoxRecentFileWidgetBase::findEnded(bool toFirstRow)
@@ -220,12 +199,11 @@ KRecentFileMenu *ZelBoxRecentFileWidgetBase::openMenu() const
 
 void ZelBoxRecentFileWidgetBase::onWindowFirstShown()
 {
-    if (state() == State::Waiting && kindMask() != 0)
-        m_outtime->start();
+    m_states->waitFromNowOn();
     m_logic->onWindowFirstShown();
     if (m_rows->sort().key == RecentSort::Key::Size)
         m_actions->lookUpSizes();
-    updateState();
+    m_states->update();
 }
 
 void ZelBoxRecentFileWidgetBase::onWindowReadyToShow()
@@ -237,18 +215,17 @@ void ZelBoxRecentFileWidgetBase::onLoginStatusChanged(bool bLogin)
 {
     m_title->onLoginStatusChanged(bLogin);
     m_logic->onLoginStatusChanged(bLogin);
-    updateState();
-    updateEmptyGuide();
+    m_states->update();
+    m_states->updateGuide();
 }
 
 void ZelBoxRecentFileWidgetBase::onRoamingStatusChanged(bool bAutoRoaming)
 {
-    m_roamingOn = bAutoRoaming;
+    m_states->setRoamingOn(bAutoRoaming);
     if (bAutoRoaming)
         m_roamingGuide->setNeeded(false);
     else
         onNotifyNeedOpenRoaming();
-    updateEmptyGuide();
 }
 
 void ZelBoxRecentFileWidgetBase::onNotifyNeedOpenRoaming()
@@ -270,58 +247,7 @@ void ZelBoxRecentFileWidgetBase::tellUnread(quint64 count)
 void ZelBoxRecentFileWidgetBase::onRowCountChanged(int)
 {
     if (!m_logic->isReloading()) // else it is the count on the way from the old rows to the new ones
-        updateState();
-}
-
-void ZelBoxRecentFileWidgetBase::beginWaiting()
-{
-    m_timedOut = false;
-    if (kindMask() != 0)
-        m_outtime->start();
-    updateState();
-}
-
-void ZelBoxRecentFileWidgetBase::onLoadingTimeout()
-{
-    m_timedOut = true;
-    updateState();
-    telemetry::post(Event::TimeoutShow);
-}
-
-void ZelBoxRecentFileWidgetBase::onRetry()
-{
-    telemetry::timeoutClicked(telemetry::TimeoutTarget::Redo);
-    beginWaiting();
-    m_logic->onUpdateRecentRoamingFileItemsWithSync();
-    m_logic->loadAll();
-}
-
-void ZelBoxRecentFileWidgetBase::onFeedBack()
-{
-    telemetry::timeoutClicked(telemetry::TimeoutTarget::Feedback);
-    Q_EMIT sigFeedBack();
-}
-
-ZelBoxRecentFileWidgetBase::State ZelBoxRecentFileWidgetBase::wantedState() const
-{
-    if (kindMask() == 0) // nothing to wait for
-        return State::Empty;
-    // A sign-in loads at once what the store has, which may be nothing yet.
-    const bool empty = m_model->rowCount() == 0;
-    if (m_logic->isWaitingForFirstLoad() || (empty && !m_logic->isStoreReady()))
-        return m_timedOut ? State::TimedOut : State::Waiting;
-    if (empty)
-        return State::Empty;
-    return m_rows->rowCount() == 0 ? State::NothingFound : State::List;
-}
-
-void ZelBoxRecentFileWidgetBase::updateState()
-{
-    m_title->setCount(m_rows->rowCount());
-    const State wanted = wantedState();
-    if (wanted != State::Waiting && wanted != State::TimedOut)
-        m_outtime->stop();
-    m_states->setState(wanted);
+        m_states->update();
 }
 
 // Where there is no list, there is nothing to find, to narrow or to order.
@@ -330,25 +256,6 @@ void ZelBoxRecentFileWidgetBase::onStateChanged()
     const bool listed = state() == State::List || state() == State::NothingFound;
     m_filterBar->setVisible(listed);
     m_title->setListTools(listed);
-    if (isVisible())
-        tellShown();
-}
-
-// Until the service is there nobody knows who is logged in, and a button to sign in would only flash.
-ZelBoxRecentFileEmptyGuideWidget::Reason ZelBoxRecentFileWidgetBase::emptyReason() const
-{
-    using Reason = ZelBoxRecentFileEmptyGuideWidget::Reason;
-    if (!m_logic->isCloudReached())
-        return Reason::NothingOpened;
-    if (!m_logic->isLoggedIn())
-        return Reason::NotLoggedIn;
-    return m_roamingOn ? Reason::NothingOpened : Reason::RoamingOff;
-}
-
-void ZelBoxRecentFileWidgetBase::updateEmptyGuide()
-{
-    if (auto *guide = static_cast<ZelBoxRecentFileEmptyGuideWidget *>(m_states->widgetOf(State::Empty)))
-        guide->setReason(emptyReason());
 }
 
 void ZelBoxRecentFileWidgetBase::showEvent(QShowEvent *event)
@@ -356,24 +263,7 @@ void ZelBoxRecentFileWidgetBase::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     if (event->spontaneous())
         return;
-    m_pageShowToTell = true;
-    tellShown();
-}
-
-// The page's own event carries the number of rows, so it waits until they are known.
-void ZelBoxRecentFileWidgetBase::tellShown()
-{
-    if (state() == State::Waiting)
-        return;
-    if (std::exchange(m_pageShowToTell, false)) {
-        const bool loggedIn = m_logic->isLoggedIn();
-        telemetry::pageShown(
-            {loggedIn, loggedIn && m_roamingOn, m_model->unreadCount(), m_model->rowCount()});
-    }
-    if (state() == State::List && !std::exchange(m_listShowTold, true))
-        telemetry::post(Event::ListShow);
-    if (state() == State::Empty)
-        telemetry::post(Event::EmptyPageShow);
+    m_states->pageShown();
 }
 
 QModelIndexList ZelBoxRecentFileWidgetBase::rowsFor(const QModelIndex &index) const

@@ -13,10 +13,10 @@
 #include <QWidget>
 
 class KRecentFileMenu;
-class LoadingOuttime;
 class NoticeArea;
 class RecentCommands;
 class RecentFilterBar;
+class RecentStates;
 class ZelBoxRecentFileListView;
 class ZelBoxRecentFileModel;
 class ZelBoxRecentFileTitleWidget;
@@ -34,7 +34,7 @@ public:
     ZelBoxRecentFileWidgetBase(
         KRecentFileLogic *logic, RecentFileActions *actions, QWidget *parent = nullptr);
 
-    State state() const { return m_states->state(); }
+    State state() const { return m_stack->state(); }
     ZelBoxRecentFileListView *view() const { return m_view; }
     KRecentFileMenu *openMenu() const; ///< the one that is on the screen; null when there is none
 
@@ -85,7 +85,6 @@ protected:
 
 private:
     void layOut();
-    void makeStates();
     void connectLogic();
     void connectView();
     void connectTitle();
@@ -103,16 +102,7 @@ private:
     void openChosenFile();
     void showRoamingGuide();
 
-    void beginWaiting();
-    void onLoadingTimeout();
-    void onRetry();
-    void onFeedBack();
-    State wantedState() const;
-    void updateState();
     void onStateChanged();
-    ZelBoxRecentFileEmptyGuideWidget::Reason emptyReason() const;
-    void updateEmptyGuide();
-    void tellShown();
 
     KRecentFileLogic *m_logic;
     RecentFileActions *m_actions;
@@ -121,18 +111,14 @@ private:
     ZelBoxRecentFileTitleWidget *m_title;
     RecentFilterBar *m_filterBar;
     ZelBoxRecentFileListView *m_view;
-    StateStack *m_states;
+    StateStack *m_stack;
     NoticeArea *m_notices;
     ZelBoxRecentFileRoamingGuideWidget *m_roamingGuide;
     RecentCommands *m_commands;
-    LoadingOuttime *m_outtime;
+    RecentStates *m_states;
     QPointer<KRecentFileMenu> m_menu;
     BoxPageHost *m_host = nullptr;
     QString m_filterText;
-    bool m_timedOut = false;
-    bool m_pageShowToTell = false;
-    bool m_listShowTold = false;
-    bool m_roamingOn = true; // until the service says otherwise
     QPersistentModelIndex m_clicked;
     QTimer m_clickTimer; // a click counts as one only when no second follows
 };
