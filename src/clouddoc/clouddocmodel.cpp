@@ -111,8 +111,17 @@ bool CloudDocModel::isBefore(Handle a, Handle b) const
 
 bool CloudDocModel::passes(Handle handle) const
 {
-    const QString &name = m_documents[handle].name;
-    return !name.startsWith(QLatin1Char('.')) && m_filter.matches(name);
+    const CloudDocument &document = m_documents[handle];
+    if (m_foldersOnly && (!document.folder || m_hidden.contains(document.id)))
+        return false;
+    return !document.name.startsWith(QLatin1Char('.')) && m_filter.matches(document.name);
+}
+
+void CloudDocModel::showFoldersOnly(const QStringList &without)
+{
+    Q_ASSERT(rowCount() == 0);
+    m_foldersOnly = true;
+    m_hidden = QSet<QString>(without.cbegin(), without.cend());
 }
 
 void CloudDocModel::setSortOrder(CloudSort sort)

@@ -5,6 +5,8 @@
 #include "lists/sortedlistmodel.h"
 #include "lists/wordfilter.h"
 
+#include <QSet>
+
 /// The documents of one folder in the order and through the filter that the user chose; folders come first,
 /// names that begin with a dot are not shown. GUI thread; owns copies of the values. Resets only when another
 /// folder is shown.
@@ -41,6 +43,8 @@ public:
     void setSortOrder(CloudSort sort); ///< O(n log n)
     QString filterText() const { return m_filterText; }
     void setFilterText(const QString &text); ///< words in any order; case and accents ignored
+    /// For choosing a folder: shows folders only, and not these. To be called while there are no rows.
+    void showFoldersOnly(const QStringList &without);
 
     // By the logic:
     void clear();                              ///< another folder follows
@@ -65,4 +69,6 @@ private:
     CloudDocOrder m_order;
     QString m_filterText;
     zel::WordFilter m_filter;
+    bool m_foldersOnly = false;
+    QSet<QString> m_hidden; // of the folders
 };

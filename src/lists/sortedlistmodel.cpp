@@ -269,6 +269,8 @@ void SortedListModel::showByRanges(const Handles &rows, const zel::RowDiff &diff
 // and come in the other way round.
 void SortedListModel::showByLayout(const Handles &rows, const zel::RowDiff &diff)
 {
+    const bool sorted = diff.removals.isEmpty() && diff.insertions.isEmpty();
+    const LayoutChangeHint hint = sorted ? VerticalSortHint : NoLayoutChangeHint;
     Handles leaving;
     for (const zel::RowRange &range : diff.removals)
         leaving.insert(leaving.end(), m_rows.cbegin() + range.first, m_rows.cbegin() + range.last + 1);
@@ -284,7 +286,7 @@ void SortedListModel::showByLayout(const Handles &rows, const zel::RowDiff &diff
 
     Handles all = staying;
     append(&all, leaving);
-    relayout(all, staying.size());
+    relayout(all, staying.size(), hint);
     if (!leaving.empty())
         removeRowRange(int(staying.size()), rowCount() - 1);
     if (coming.empty())
@@ -293,15 +295,15 @@ void SortedListModel::showByLayout(const Handles &rows, const zel::RowDiff &diff
     append(&m_rows, coming);
     renewSections(staying.size());
     endInsertRows();
-    relayout(rows, rows.size());
+    relayout(rows, rows.size(), hint);
 }
 
 // Persistent indexes are few: the current row, the selection's ends, what a view keeps.
-void SortedListModel::relayout(const Handles &rows, size_t inOrder)
+void SortedListModel::relayout(const Handles &rows, size_t inOrder, LayoutChangeHint hint)
 {
     if (rows == m_rows)
         return;
-    Q_EMIT layoutAboutToBeChanged({}, VerticalSortHint);
+    Q_EMIT layoutAboutToBeChanged({}, hint);
     const QModelIndexList before = persistentIndexList();
     Handles rowOf; // by handle
     if (!before.isEmpty())
@@ -314,7 +316,7 @@ void SortedListModel::relayout(const Handles &rows, size_t inOrder)
     m_rows = rows;
     renewSections(inOrder);
     changePersistentIndexList(before, after);
-    Q_EMIT layoutChanged({}, VerticalSortHint);
+    Q_EMIT layoutChanged({}, hint);
 }
 
 // Rows behind those that are in order are on their way in or out; they count for the last section.

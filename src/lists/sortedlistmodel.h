@@ -81,7 +81,7 @@ private:
     void show(const zel::Handles &rows);
     void showByRanges(const zel::Handles &rows, const zel::RowDiff &diff);
     void showByLayout(const zel::Handles &rows, const zel::RowDiff &diff);
-    void relayout(const zel::Handles &rows, size_t inOrder);
+    void relayout(const zel::Handles &rows, size_t inOrder, LayoutChangeHint hint);
     void renewSections() { renewSections(m_rows.size()); }
     void renewSections(size_t inOrder);
     void tellData(const zel::Handles &handles, const QVector<int> &roles);

@@ -35,24 +35,12 @@ class TestPageOutside : public QObject, private PageFixture
     Q_OBJECT
 private Q_SLOTS:
     void cleanup() { clear(); }
-    void rowsThatOthersRemove();
     void filterLeavesTheFocusAlone();
     void staleRowsSaySo();
     void dragsAreReadOnce();
     void goesWithAllOpen_data();
     void goesWithAllOpen();
 };
-
-// The next key, or a menu that is open, must not hit what nobody chose.
-void TestPageOutside::rowsThatOthersRemove()
-{
-    load({s("a.txt"), s("b.txt"), s("c.txt")});
-    click(1);
-    m_cloud->tellRemoved(s("b.txt"));
-    QCOMPARE(view()->currentId(), s("c.txt"));
-    key(Qt::Key_Delete);
-    QCOMPARE(m_cloud->wanted, QStringList());
-}
 
 void TestPageOutside::filterLeavesTheFocusAlone()
 {

@@ -26,13 +26,6 @@ const QVector<int> RowMenu{int(Command::Open), int(Command::Reveal), int(Command
 const QVector<int> FolderMenu{int(Command::NewFolder), int(Command::UploadFiles), int(Command::UploadFolder),
     int(Command::Paste), int(Command::Undo), int(Command::Reload)};
 
-QModelIndexList rowsOf(const QAbstractItemView *view)
-{
-    QModelIndexList rows = view->selectionModel()->selectedIndexes();
-    std::sort(rows.begin(), rows.end());
-    return rows;
-}
-
 QString localPathOf(const QModelIndex &row)
 {
     return row.data(CloudDocModel::LocalPathRole).toString();
@@ -54,7 +47,7 @@ void CloudDocCommands::bindActions()
     const auto bind = [this](Command command, ListActions::Run run, ListActions::Can can = {}) {
         m_actions->bind(int(command), std::move(run), std::move(can));
     };
-    m_actions->setList(m_parts.list, [view] { return rowsOf(view); });
+    m_actions->setList(m_parts.list, [view] { return view->selectedRows(); });
     bind(Command::Open, [this](const Rows &) { Q_EMIT openRequested(); });
     bind(
         Command::Reveal, [this](const Rows &rows) { Q_EMIT revealRequested(localPathOf(rows.constFirst())); },
@@ -229,7 +222,7 @@ void CloudDocCommands::showMenu(const QPoint &pos)
     menu->setObjectName(QStringLiteral("menu-documents"));
     menu->setAccessibleName(
         index.isValid() ? tr("Actions for the selected documents") : tr("Actions for the folder"));
-    m_actions->fill(menu, index.isValid() ? RowMenu : FolderMenu, rowsOf(m_parts.view));
+    m_actions->fill(menu, index.isValid() ? RowMenu : FolderMenu, m_parts.view->selectedRows());
     if (index.isValid())
         menu->setDefaultAction(menu->actions().constFirst());
     menu->setAttribute(Qt::WA_DeleteOnClose);

@@ -45,16 +45,6 @@ CloudRow CloudDocDelegate::rowOf(const QModelIndex &index) const
     return row;
 }
 
-void CloudDocDelegate::paint(
-    QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const
-{
-    ListRowOption ours(option);
-    if (!m_showsFocus)
-        ours.state &= ~QStyle::State_HasFocus;
-    ours.dropTarget = ours.dropTarget || (!m_dropTarget.isEmpty() && idOf(index) == m_dropTarget);
-    RowDelegate::paint(painter, ours, index);
-}
-
 QString CloudDocDelegate::toolTip(const QModelIndex &index) const
 {
     const auto document = index.data(Model::DocumentRole).value<CloudDocument>();

@@ -20,16 +20,9 @@ public:
     explicit CloudDocDelegate(QObject *parent = nullptr);
 
     void setNameCheck(const NameCheck &check) { m_check = check; }
-    void setDropTarget(const QString &id)
-    {
-        m_dropTarget = id;
-    }                                                        ///< the folder that would take what is dragged
-    void setShowsFocus(bool shows) { m_showsFocus = shows; } ///< the focus ring of the current row
     void setCutIds(const QStringList &ids);
     void forgetNewNames() { m_newNames.clear(); } ///< the drive has answered
 
-    void paint(
-        QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
     QString toolTip(const QModelIndex &index) const override;
     QWidget *createEditor(
         QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
@@ -50,9 +43,7 @@ private:
     static void selectStem(QLineEdit *editor);
 
     NameCheck m_check;
-    QString m_dropTarget;
     QSet<QString> m_cut;
-    bool m_showsFocus = false;
     mutable QHash<QString, QString> m_newNames; // asked for, by id
 };
 

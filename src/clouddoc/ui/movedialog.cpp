@@ -4,16 +4,14 @@
 #include "clouddoc/cloudproblemtext.h"
 #include "clouddoc/ui/breadcrumbbar.h"
 #include "clouddoc/ui/clouddocdelegate.h"
-#include "clouddoc/ui/cloudfoldersmodel.h"
 #include "clouddoc/ui/crumbtexts.h"
 #include "klitestyle.h"
+#include "lists/ui/sectionlistview.h"
 #include "widgets/iconbutton.h"
 #include "widgets/nametext.h"
 
 #include <QDialogButtonBox>
-#include <QKeyEvent>
 #include <QLabel>
-#include <QListView>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -26,15 +24,14 @@ MoveDialog::MoveDialog(KCloudSvrProxy *proxy, const QStringList &ids, const QStr
                         : tr("Move %n item(s) to", nullptr, ids.size()),
         parent),
       m_logic(new Logic(proxy, this)),
-      m_folders(new CloudFoldersModel(ids, this)),
       m_mayMove(mayMove),
       m_crumbs(new BreadcrumbBar(this)),
-      m_view(new QListView(this)),
+      m_view(new SectionListView(this)),
       m_delegate(new CloudDocDelegate(this)),
       m_note(new QLabel(this)),
       m_newFolder(new IconButton(QStringLiteral(":/icons_svg/folder_new.svg"), tr("New Folder"), this))
 {
-    m_folders->setSourceModel(m_logic->documents());
+    m_logic->documents()->showFoldersOnly(ids);
     layOut();
     connectLogic();
     update();
@@ -44,15 +41,14 @@ MoveDialog::MoveDialog(KCloudSvrProxy *proxy, const QStringList &ids, const QStr
 
 void MoveDialog::layOut()
 {
-    m_view->setModel(m_folders);
     m_view->setItemDelegate(m_delegate);
-    m_view->setUniformItemSizes(true);
-    m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_view->viewport()->setAttribute(Qt::WA_Hover);
+    m_view->setModel(m_logic->documents());
+    m_view->setFrameShape(QFrame::StyledPanel);
+    m_view->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_view->setContextMenuPolicy(Qt::DefaultContextMenu);
+    m_view->setTypeToFilter(false);
     m_view->setAccessibleName(tr("Folders"));
-    m_view->installEventFilter(this);
-    m_delegate->setShowsFocus(true);
+    bindKeys();
     m_delegate->setNameCheck(
         [this](const QString &id, const QString &name) { return m_logic->checkName(name, id); });
     m_note->setAlignment(Qt::AlignCenter);
@@ -133,7 +129,7 @@ void MoveDialog::update()
         note = tr("The cloud service is not reachable at present.");
     else if (m_logic->state() == Logic::State::Failed)
         note = zel::clouddoc::problemText(m_logic->problem());
-    else if (!loading && m_folders->rowCount() == 0)
+    else if (!loading && m_logic->documents()->rowCount() == 0)
         note = tr("There are no folders in here.");
     m_note->setText(note);
     m_note->setVisible(!note.isEmpty());
@@ -141,12 +137,7 @@ void MoveDialog::update()
 
 void MoveDialog::onFolderCreated(const QString &id)
 {
-    const QModelIndex made =
-        m_folders->mapFromSource(m_logic->documents()->index(m_logic->documents()->rowOf(id)));
-    if (!made.isValid())
-        return;
-    m_view->setCurrentIndex(made);
-    m_view->edit(made);
+    m_view->beginRename(m_logic->documents()->index(m_logic->documents()->rowOf(id)));
 }
 
 void MoveDialog::accept()
@@ -159,20 +150,18 @@ void MoveDialog::accept()
 }
 
 // Enter moves; Right and Left go into a folder and out of it, as in a tree.
-bool MoveDialog::eventFilter(QObject *watched, QEvent *event)
+void MoveDialog::bindKeys()
 {
-    if (watched != m_view || event->type() != QEvent::KeyPress)
-        return BoxDialog::eventFilter(watched, event);
-    switch (static_cast<QKeyEvent *>(event)->key()) {
-    case Qt::Key_Right:
-        enter(m_view->currentIndex());
-        return true;
-    case Qt::Key_Left:
-    case Qt::Key_Backspace:
-        if (m_logic->canGoUp())
-            m_logic->up();
-        return true;
-    default:
-        return BoxDialog::eventFilter(watched, event);
+    using Needs = ListKeyboard::Needs;
+    ListKeyboard &keys = m_view->keyboard();
+    for (const int key : {int(Qt::Key_Return), int(Qt::Key_Enter)})
+        keys.bind(key, Needs::Nothing, [this] { accept(); });
+    keys.bind(Qt::Key_Escape, Needs::Nothing, [this] { reject(); });
+    keys.bind(Qt::Key_Right, Needs::Current, [this] { enter(m_view->currentIndex()); });
+    for (const int key : {int(Qt::Key_Left), int(Qt::Key_Backspace)}) {
+        keys.bind(key, Needs::Nothing, [this] {
+            if (m_logic->canGoUp())
+                m_logic->up();
+        });
     }
 }

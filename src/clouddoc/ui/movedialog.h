@@ -8,11 +8,10 @@
 class BreadcrumbBar;
 class CloudDocDelegate;
 class CloudDocLogic;
-class CloudFoldersModel;
 class IconButton;
 class KCloudSvrProxy;
-class QListView;
 class QPushButton;
+class SectionListView;
 
 /// Lets a person choose a folder of the drive by going through its folders. GUI thread. Reads the drive by a
 /// logic of its own, so that the page behind it stays where it is.
@@ -27,7 +26,7 @@ public:
         QWidget *parent = nullptr);
 
     void openFolder(const QString &id); ///< where to begin
-    QListView *view() const { return m_view; }
+    SectionListView *view() const { return m_view; }
     CloudDocLogic *logic() const { return m_logic; }
 
     void accept() override;
@@ -35,11 +34,9 @@ public:
 Q_SIGNALS:
     void folderChosen(const QString &folderId);
 
-protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
-
 private:
     void layOut();
+    void bindKeys();
     void connectLogic();
     void update();
     void enter(const QModelIndex &index);
@@ -48,10 +45,9 @@ private:
     QString targetName() const;
 
     CloudDocLogic *m_logic;
-    CloudFoldersModel *m_folders;
     MayMove m_mayMove;
     BreadcrumbBar *m_crumbs;
-    QListView *m_view;
+    SectionListView *m_view;
     CloudDocDelegate *m_delegate;
     QLabel *m_note;
     IconButton *m_newFolder;

@@ -97,11 +97,16 @@ void ZelBoxCloudDocWidget::connectView()
     BreadcrumbBar *crumbs = m_toolBar->crumbs();
     connect(m_view, &View::activated, this, &ZelBoxCloudDocWidget::openSelected);
     connect(m_view, &View::customContextMenuRequested, m_commands, &CloudDocCommands::showMenu);
-    connect(m_view, &View::sigUpRequested, m_logic, &Logic::up);
-    connect(m_view, &View::sigSelectionChanged, this, &ZelBoxCloudDocWidget::updateActions);
-    connect(m_view, &View::sigItemsDropped, this,
+    connect(m_view, &View::upRequested, m_logic, &Logic::up);
+    connect(m_view, &View::selectedRowsChanged, this, &ZelBoxCloudDocWidget::updateActions);
+    connect(m_view, &View::itemsDropped, this,
         [this](const QString &folder, const QStringList &ids) { m_commands->move(folder, ids, {}); });
-    connect(m_view, &View::sigFilesDropped, m_commands, &CloudDocCommands::upload);
+    connect(m_view, &View::filesDropped, m_commands, &CloudDocCommands::upload);
+    connect(m_view, &View::folderLingered, m_logic, &Logic::openFolder);
+    connect(m_view, &View::textTyped, this, [this](const QString &typed) {
+        if (m_host)
+            m_host->beginFinding(typed);
+    });
     connect(crumbs, &BreadcrumbBar::itemsDropped, m_commands, &CloudDocCommands::move);
     connect(crumbs, &BreadcrumbBar::filesDropped, m_commands, &CloudDocCommands::upload);
     connect(crumbs, &BreadcrumbBar::crumbChosen, this, &ZelBoxCloudDocWidget::openCrumb);
@@ -153,9 +158,9 @@ void ZelBoxCloudDocWidget::connectTransfers()
         updateTransfers();
     });
     connect(m_panel, &TransferPanel::clearRequested, m_logic, &Logic::clearFinishedTransfers);
-    connect(list, &TransferListView::sigCancelRequested, m_logic, &Logic::cancelTransfers);
-    connect(list, &TransferListView::sigRetryRequested, m_logic, &Logic::retryTransfer);
-    connect(list, &TransferListView::sigOpenRequested, this, [this](const QModelIndex &index) {
+    connect(list, &TransferListView::cancelRequested, m_logic, &Logic::cancelTransfers);
+    connect(list, &TransferListView::retryRequested, m_logic, &Logic::retryTransfer);
+    connect(list, &TransferListView::openRequested, this, [this](const QModelIndex &index) {
         m_opening->openLocal(index.data(CloudTransferModel::LocalPathRole).toString());
     });
 }
@@ -262,6 +267,7 @@ void ZelBoxCloudDocWidget::onClipboardChanged()
 void ZelBoxCloudDocWidget::setFilterText(const QString &text)
 {
     m_logic->documents()->setFilterText(text);
+    m_view->setMarkedWords(zel::WordFilter(text).words());
     m_view->scrollToTop(); // the first hits are what was looked for
     m_states->follow();
 }

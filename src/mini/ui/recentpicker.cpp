@@ -92,6 +92,7 @@ void RecentPicker::connectInput()
         RecentFilter filter;
         filter.text = text;
         m_rows->setFilter(filter);
+        m_list->setMarkedWords(m_rows->words().words());
         chooseFirst();
         updateState();
     });
