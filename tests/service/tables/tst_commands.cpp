@@ -29,10 +29,6 @@ QString print(const QVector<Push> &pushes)
     return lines.join(QLatin1Char('\n'));
 }
 
-const QByteArray LinkDocument =
-    "{\"fileId\":\"f9\",\"fileName\":\"获.odt\",\"linkId\":\"l\",\"operatorId\":\"u9\","
-    "\"title\":\"t'\"}";
-
 } // namespace
 
 class CommandsTest : public QObject
@@ -97,9 +93,12 @@ private Q_SLOTS:
         TableData data;
         SwitchTable switches(data.database);
         CommandProcessor processor(data.radar, data.messages, switches);
+        // No raw string: moc does not find the class behind one.
+        const QByteArray json = "{\"fileId\":\"f9\",\"fileName\":\"获.odt\",\"linkId\":\"l\","
+                                "\"operatorId\":\"u9\",\"title\":\"t'\"}";
         setFixedNow(QDateTime::fromMSecsSinceEpoch(12345));
         const auto outcome =
-            processor.process("/InsertLinkCreateDocMsg="_s + QString::fromLatin1(LinkDocument.toBase64()));
+            processor.process("/InsertLinkCreateDocMsg="_s + QString::fromLatin1(json.toBase64()));
         setFixedNow({});
         QCOMPARE(print(outcome.pushes), "NewMsgArrive all {}"_s);
         const auto rows = data.messages.run(IdMessages{IdColumn::OperatorId, "u9"_s, 9}).rows;
