@@ -36,8 +36,7 @@ public:
 
     void showMiniWidget(bool asMainBox); ///< start mode "mainbox" or "miniwidget"
 
-    ZelBoxMainWindow *mainWindow() const;                         ///< null until needed
-    ZelBoxIconThemeMgr *iconTheme() const { return m_iconTheme; } ///< null before init()
+    ZelBoxMainWindow *mainWindow() const; ///< null until needed
 
     /// Destroys every window, stops the recent-file store and removes the translations. Called while the
     /// application object still lives; later commands make windows anew. Safe to call again.

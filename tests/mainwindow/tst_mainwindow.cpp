@@ -128,7 +128,6 @@ private Q_SLOTS:
     void searchBelongsToThePage();
     void whatPagesHear();
     void whatPagesTell();
-    void edges_data();
     void edges();
 };
 
@@ -315,34 +314,32 @@ void TestMainWindow::whatPagesTell()
     QCOMPARE(host.settings, QStringList(QStringLiteral("cloud")));
 }
 
-void TestMainWindow::edges_data()
-{
-    QTest::addColumn<QPoint>("pos");
-    QTest::addColumn<Qt::Edges>("edges");
-    QTest::addColumn<Qt::CursorShape>("cursor");
-    using E = Qt::Edges;
-    QTest::newRow("inside") << QPoint(50, 50) << E() << Qt::ArrowCursor;
-    QTest::newRow("left") << QPoint(0, 50) << E(Qt::LeftEdge) << Qt::SizeHorCursor;
-    QTest::newRow("left, last pixel") << QPoint(4, 50) << E(Qt::LeftEdge) << Qt::SizeHorCursor;
-    QTest::newRow("past the left edge") << QPoint(5, 50) << E() << Qt::ArrowCursor;
-    QTest::newRow("right") << QPoint(99, 50) << E(Qt::RightEdge) << Qt::SizeHorCursor;
-    QTest::newRow("top") << QPoint(50, 0) << E(Qt::TopEdge) << Qt::SizeVerCursor;
-    QTest::newRow("bottom") << QPoint(50, 99) << E(Qt::BottomEdge) << Qt::SizeVerCursor;
-    QTest::newRow("corner along the top")
-        << QPoint(14, 0) << E(Qt::TopEdge | Qt::LeftEdge) << Qt::SizeFDiagCursor;
-    QTest::newRow("corner along the side")
-        << QPoint(99, 86) << E(Qt::RightEdge | Qt::BottomEdge) << Qt::SizeFDiagCursor;
-    QTest::newRow("bottom left") << QPoint(0, 99) << E(Qt::BottomEdge | Qt::LeftEdge) << Qt::SizeBDiagCursor;
-    QTest::newRow("outside") << QPoint(-1, 50) << E() << Qt::ArrowCursor;
-}
-
 void TestMainWindow::edges()
 {
-    QFETCH(QPoint, pos);
-    QFETCH(Qt::Edges, edges);
-    QFETCH(Qt::CursorShape, cursor);
-    QCOMPARE(WidgetResizeHelper::edgesAt(pos, {100, 100}, 5), edges);
-    QCOMPARE(WidgetResizeHelper::cursorFor(edges), cursor);
+    using E = Qt::Edges;
+    const struct
+    {
+        const char *name;
+        QPoint pos;
+        E edges;
+        Qt::CursorShape cursor;
+    } rows[] = {
+        {"inside", {50, 50}, {}, Qt::ArrowCursor},
+        {"left, last pixel", {4, 50}, Qt::LeftEdge, Qt::SizeHorCursor},
+        {"past the left edge", {5, 50}, {}, Qt::ArrowCursor},
+        {"right", {99, 50}, Qt::RightEdge, Qt::SizeHorCursor},
+        {"top", {50, 0}, Qt::TopEdge, Qt::SizeVerCursor},
+        {"bottom", {50, 99}, Qt::BottomEdge, Qt::SizeVerCursor},
+        {"corner along the top", {14, 0}, Qt::TopEdge | Qt::LeftEdge, Qt::SizeFDiagCursor},
+        {"corner along the side", {99, 86}, Qt::RightEdge | Qt::BottomEdge, Qt::SizeFDiagCursor},
+        {"bottom left", {0, 99}, Qt::BottomEdge | Qt::LeftEdge, Qt::SizeBDiagCursor},
+        {"outside", {-1, 50}, {}, Qt::ArrowCursor},
+    };
+    for (const auto &row : rows) {
+        const E found = WidgetResizeHelper::edgesAt(row.pos, {100, 100}, 5);
+        QVERIFY2(found == row.edges, row.name);
+        QVERIFY2(WidgetResizeHelper::cursorFor(found) == row.cursor, row.name);
+    }
 }
 
 int main(int argc, char **argv)

@@ -17,7 +17,6 @@ public:
     explicit MiniPanel(const KRecentFileLogic::Services &services, QWidget *parent = nullptr);
 
     RecentPicker *picker() const { return m_picker; }
-    IconButton *pinButton() const { return m_pin; }
     void setPinned(bool pinned);         ///< shows it; pinToggled() is for the user's own choice
     void setPinVisible(bool visible);    ///< a window that cannot dock has no use for it
     void setPopupsAllowed(bool allowed); ///< false: no tool tips and no menus
