@@ -1,10 +1,6 @@
 #pragma once
 
-#include "lists/handle.h"
-
-#include <QHash>
-#include <QString>
-#include <optional>
+#include "lists/idindex.h"
 
 namespace zel {
 
@@ -12,13 +8,14 @@ namespace zel {
 /// member `id`. A record keeps its handle while it is here; handles that are free again are used first.
 template <class Record> class RecordTable
 {
-public:
-    int size() const { return m_handles.size(); }
-    std::optional<Handle> handleOf(const QString &id) const
+    auto idOf() const
     {
-        const auto known = m_handles.constFind(id);
-        return known == m_handles.cend() ? std::nullopt : std::optional(*known);
+        return [this](Handle handle) -> const QString & { return m_records[handle].id; };
     }
+
+public:
+    int size() const { return m_index.size(); }
+    std::optional<Handle> handleOf(const QString &id) const { return m_index.find(id, idOf()); }
     const Record *find(const QString &id) const ///< null: not here; until the next add()
     {
         const auto handle = handleOf(id);
@@ -29,7 +26,6 @@ public:
 
     Handle add(const Record &record) ///< its id is new here
     {
-        Q_ASSERT(!m_handles.contains(record.id));
         auto handle = Handle(m_records.size());
         if (m_free.empty()) {
             m_records.push_back(record);
@@ -38,12 +34,14 @@ public:
             m_free.pop_back();
             m_records[handle] = record;
         }
-        m_handles.insert(record.id, handle);
+        const bool fresh = m_index.add(record.id, handle, idOf());
+        Q_ASSERT(fresh);
+        Q_UNUSED(fresh)
         return handle;
     }
     void remove(Handle handle)
     {
-        m_handles.remove(m_records[handle].id);
+        m_index.remove(m_records[handle].id, idOf());
         m_records[handle] = {};
         m_free.push_back(handle);
     }
@@ -52,7 +50,7 @@ public:
 private:
     std::vector<Record> m_records; // by handle
     Handles m_free;
-    QHash<QString, Handle> m_handles; // by id
+    IdIndex m_index;
 };
 
 } // namespace zel

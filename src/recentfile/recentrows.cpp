@@ -25,7 +25,7 @@ void RecentRows::clear()
     m_records.clear();
     m_order.clear();
     m_free.clear();
-    m_handleOf.clear();
+    m_index.clear();
 }
 
 // The store hands out sorted records, so this is one pass of comparisons as a rule.
@@ -40,16 +40,10 @@ void RecentRows::sortOrder()
 
 void RecentRows::dropDuplicates()
 {
-    m_handleOf.reserve(int(m_order.size()));
+    m_index.reserve(int(m_order.size()));
     const auto unwanted = [this](Handle handle) {
         const QString &id = m_records.at(int(handle)).id;
-        if (id.isEmpty())
-            return true;
-        quint32 &known = m_handleOf[id];
-        if (known != 0) // handle + 1, so that 0 means "new"
-            return true;
-        known = handle + 1;
-        return false;
+        return id.isEmpty() || !m_index.add(id, handle, idOf());
     };
     Handles kept;
     kept.reserve(m_order.size());
@@ -64,8 +58,8 @@ void RecentRows::dropDuplicates()
 
 int RecentRows::rowOf(const QString &id) const
 {
-    const quint32 known = m_handleOf.value(id);
-    return known == 0 ? -1 : placeFor(m_records.at(int(known - 1)));
+    const auto handle = m_index.find(id, idOf());
+    return handle ? placeFor(m_records.at(int(*handle))) : -1;
 }
 
 int RecentRows::placeFor(const RecentFileInfo &record) const
@@ -77,7 +71,7 @@ int RecentRows::placeFor(const RecentFileInfo &record) const
 
 void RecentRows::insert(int row, const RecentFileInfo &record)
 {
-    Q_ASSERT(!m_handleOf.contains(record.id));
+    Q_ASSERT(rowOf(record.id) < 0);
     Handle handle = Handle(m_records.size());
     if (m_free.empty()) {
         m_records.append(record);
@@ -86,7 +80,7 @@ void RecentRows::insert(int row, const RecentFileInfo &record)
         m_free.pop_back();
         m_records[int(handle)] = record;
     }
-    m_handleOf.insert(record.id, handle + 1);
+    m_index.add(record.id, handle, idOf());
     m_order.insert(m_order.begin() + row, handle);
 }
 
@@ -98,7 +92,7 @@ void RecentRows::remove(int first, int count)
     }
     const auto begin = m_order.begin() + first;
     for (auto it = begin; it != begin + count; ++it) {
-        m_handleOf.remove(m_records.at(int(*it)).id);
+        m_index.remove(m_records.at(int(*it)).id, idOf());
         m_records[int(*it)] = {};
         m_free.push_back(*it);
     }

@@ -1,9 +1,8 @@
 #pragma once
 
 #include "krecentfile.h"
-#include "lists/handle.h"
+#include "lists/idindex.h"
 
-#include <QHash>
 #include <vector>
 
 namespace zel::recent {
@@ -28,10 +27,7 @@ public:
     Handle handleAt(int row) const { return m_order[size_t(row)]; }
     int handleCount() const { return m_records.size(); } ///< above every handle in use
     const RecentFileInfo &withHandle(Handle handle) const { return m_records.at(int(handle)); }
-    int rowOfHandle(Handle handle) const
-    {
-        return placeFor(withHandle(handle));
-    } ///< of a handle in use; O(log n)
+    int rowOfHandle(Handle handle) const { return placeFor(withHandle(handle)); } ///< it is in use
 
     int rowOf(const QString &id) const;               ///< -1 when there is none; O(log n)
     int placeFor(const RecentFileInfo &record) const; ///< row before which the order puts it; O(log n)
@@ -46,11 +42,15 @@ public:
 private:
     void sortOrder();
     void dropDuplicates();
+    auto idOf() const
+    {
+        return [this](Handle handle) -> const QString & { return m_records.at(int(handle)).id; };
+    }
 
     RecordInfoList m_records;
     Handles m_order; // row -> handle
     Handles m_free;  // handles that can be used again
-    QHash<QString, Handle> m_handleOf;
+    IdIndex m_index;
 };
 
 } // namespace zel::recent

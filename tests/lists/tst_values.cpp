@@ -1,6 +1,8 @@
+#include "lists/idindex.h"
 #include "lists/rowdiff.h"
 #include "lists/wordfilter.h"
 
+#include <QRandomGenerator>
 #include <QTest>
 
 using zel::RowDiff;
@@ -16,6 +18,7 @@ private Q_SLOTS:
     void wordsAreFound_data();
     void wordsAreFound();
     void narrowerFilters();
+    void idsAreFound();
 };
 
 namespace {
@@ -121,6 +124,30 @@ void TestListValues::narrowerFilters()
     QVERIFY(!WordFilter(QStringLiteral("report2024"))
                  .matches({QStringLiteral("Report"), QStringLiteral("2024")}));
     QVERIFY(!WordFilter(QString::fromUtf8("カ")).matches(QString::fromUtf8("ガイド"))); // another syllable
+}
+
+// Ids come and go in any order, so that places of the table are shared and given back.
+void TestListValues::idsAreFound()
+{
+    QStringList ids; // by handle
+    for (int i = 0; i < 300; ++i)
+        ids << QString::number(i * i);
+    const auto idOf = [&ids](zel::Handle handle) -> const QString & { return ids.at(int(handle)); };
+    zel::IdIndex index;
+    QMap<zel::Handle, bool> known;
+    QRandomGenerator random(7);
+    for (int step = 0; step < 20'000; ++step) {
+        const zel::Handle handle = random.bounded(quint32(step % 4000 < 2000 ? 300 : 40));
+        if (random.bounded(2) == 0) {
+            QCOMPARE(index.add(idOf(handle), handle, idOf), !std::exchange(known[handle], true));
+        } else {
+            index.remove(idOf(handle), idOf);
+            known[handle] = false;
+        }
+        const zel::Handle asked = random.bounded(300U);
+        QCOMPARE(index.find(idOf(asked), idOf), known.value(asked) ? std::optional(asked) : std::nullopt);
+    }
+    QCOMPARE(index.size(), known.values().count(true));
 }
 
 QTEST_GUILESS_MAIN(TestListValues)
