@@ -1803,10 +1803,6 @@
         <translation>打开文件夹</translation>
     </message>
     <message>
-        <source>Copy</source>
-        <translation>复制</translation>
-    </message>
-    <message>
         <source>Select or clear the row</source>
         <translation>选中或取消选中该行</translation>
     </message>
@@ -1817,62 +1813,6 @@
     <message>
         <source>Menu of the row</source>
         <translation>该行的菜单</translation>
-    </message>
-    <message>
-        <source>Refresh</source>
-        <translation>刷新</translation>
-    </message>
-    <message>
-        <source>Back</source>
-        <translation>后退</translation>
-    </message>
-    <message>
-        <source>Forward</source>
-        <translation>前进</translation>
-    </message>
-    <message>
-        <source>To the folder above</source>
-        <translation>转到上级文件夹</translation>
-    </message>
-    <message>
-        <source>Upload files</source>
-        <translation>上传文件</translation>
-    </message>
-    <message>
-        <source>Upload a folder</source>
-        <translation>上传文件夹</translation>
-    </message>
-    <message>
-        <source>New folder</source>
-        <translation>新建文件夹</translation>
-    </message>
-    <message>
-        <source>Download</source>
-        <translation>下载</translation>
-    </message>
-    <message>
-        <source>Show in file manager</source>
-        <translation>在文件管理器中显示</translation>
-    </message>
-    <message>
-        <source>Cut</source>
-        <translation>剪切</translation>
-    </message>
-    <message>
-        <source>Paste</source>
-        <translation>粘贴</translation>
-    </message>
-    <message>
-        <source>Move to another folder</source>
-        <translation>移动到其他文件夹</translation>
-    </message>
-    <message>
-        <source>Rename</source>
-        <translation>重命名</translation>
-    </message>
-    <message>
-        <source>Move to recycle bin</source>
-        <translation>移到回收站</translation>
     </message>
     <message>
         <source>Empty the search field, or hide</source>
@@ -1893,14 +1833,6 @@
     <message>
         <source>Leave the edge</source>
         <translation>离开边缘</translation>
-    </message>
-    <message>
-        <source>Cloud documents</source>
-        <translation>云文档</translation>
-    </message>
-    <message>
-        <source>Undo the last removal, move or new name</source>
-        <translation>撤销上一次移除、移动或重命名</translation>
     </message>
 </context>
 <context>

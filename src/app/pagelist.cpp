@@ -1,10 +1,13 @@
 #include "app/pagelist.h"
 
 #include "base/sourcekeys.h"
+#include "clouddoc/ui/cloudactiontable.h"
 #include "clouddoc/ui/zelboxclouddocwidget.h"
+#include "recentfile/ui/recentactiontable.h"
 #include "recentfile/ui/recentfile.h"
 #include "recentfile/ui/recentfilewidget.h"
 #include "widgets/emptystate.h"
+#include "widgets/shortcuts.h"
 
 #include <QCoreApplication>
 
@@ -49,6 +52,8 @@ PageInfo coming(QLatin1String key, const char *title, const char *name, const ch
 
 PageList boxPages()
 {
+    Shortcuts::addPage(recentActionTable()); // the settings list them, made or not
+    Shortcuts::addPage(cloudActionTable());
     return {
         {source::RecentFile, text(QT_TRANSLATE_NOOP("Navigation", "Recent")), picture("nav", "recent"),
             recentFiles},

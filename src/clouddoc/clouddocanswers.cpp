@@ -106,7 +106,6 @@ CloudNews actionNews(const NotifyFileActionArg &push)
         news.gone.append(toQt(push.item.id));
     else if (push.action == "rename" || push.action == "move" || push.action == "save")
         news.present.append(documentOf(push.item));
-    news.room = push.action == "remove" || push.action == "save";
     return news;
 }
 
@@ -115,14 +114,12 @@ CloudNews propertyNews(const NotifyFilePropertyArg &push)
     CloudNews news;
     const std::vector<std::string> &fields = push.changedFields;
     const bool children = std::find(fields.begin(), fields.end(), "children") != fields.end();
-    const bool size = std::find(fields.begin(), fields.end(), "size") != fields.end();
     for (const CloudItem &item : push.items) {
         if (children)
             news.unlisted.append(toQt(item.id));
         else
             news.present.append(documentOf(item));
     }
-    news.room = children || size;
     return news;
 }
 
@@ -275,16 +272,10 @@ CloudTransfers transfersOf(const TransferInfoListResult &result)
     return transfers;
 }
 
-CloudRoom roomOf(const GetStorageInfoResult &result)
-{
-    return {result.usedSize, result.totalSize};
-}
-
 CloudNews newsOf(const NotifyFileCreationArg &push)
 {
     CloudNews news;
     news.present.append(documentOf(push.item));
-    news.room = true;
     return news;
 }
 
@@ -297,8 +288,6 @@ CloudNews newsOf(const QString &method, const QVariant &record)
     CloudNews news;
     if (method == QLatin1String("notifyFileTransfer"))
         news.transfers.append(transferOf(record.value<NotifyFileTransferArg>()));
-    else
-        news.room = method == QLatin1String("notifyRecycleBin");
     return news;
 }
 

@@ -31,7 +31,7 @@ void CloudDocLink::setReached(bool reached)
 void CloudDocLink::onPush(const QString &method, const QVariant &record)
 {
     const CloudNews told = newsOf(method, record);
-    if (told.room || !told.present.isEmpty() || !told.gone.isEmpty() || !told.unlisted.isEmpty()
+    if (!told.present.isEmpty() || !told.gone.isEmpty() || !told.unlisted.isEmpty()
         || !told.transfers.isEmpty())
         Q_EMIT news(told);
 }
@@ -140,11 +140,6 @@ void CloudDocLink::changeTransfers(const QStringList &ids, TransferStep step, Th
 {
     ask<UpdateTransferInfoResult>(
         "updateTransferInfo", transferStepRequest(ids, step), std::move(then), ToOutcome);
-}
-
-void CloudDocLink::readRoom(Then<CloudRoom> then)
-{
-    ask<GetStorageInfoResult>("getStorageInfo", GetStorageInfoArg(), std::move(then), roomOf);
 }
 
 void CloudDocLink::subscribeTransfers()

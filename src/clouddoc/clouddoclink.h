@@ -53,7 +53,6 @@ public:
         const QStringList &ids, const QString &folder, CloudNameChoice choice, Then<CloudOutcome> then);
     void listTransfers(int count, Then<CloudTransfers> then); ///< the newest ones
     void changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep step, Then<CloudOutcome> then);
-    void readRoom(Then<CloudRoom> then);
     void subscribeTransfers(); ///< news() tell from now on how far each is; ends with the connection
 
 Q_SIGNALS:

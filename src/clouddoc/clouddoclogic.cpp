@@ -34,7 +34,6 @@ void CloudDocLogic::connectParts()
     connect(m_link, &CloudDocLink::reachedChanged, this, &CloudDocLogic::onReached);
     connect(m_link, &CloudDocLink::news, this, &CloudDocLogic::onNews);
 
-    connect(m_folder, &CloudDocFolder::documentArrived, this, &CloudDocLogic::readRoom);
     connect(m_folder, &CloudDocFolder::readEnded, m_transfers, &CloudDocTransfers::showAll);
     connect(m_folder, &CloudDocFolder::stateChanged, this, &CloudDocLogic::stateChanged);
     connect(m_folder, &CloudDocFolder::readingFailed, this, &CloudDocLogic::readingFailed);
@@ -254,29 +253,4 @@ void CloudDocLogic::onNews(const CloudNews &news)
         else if (m_navigator->isAbove(id))
             m_navigator->checkCrumbs();
     }
-    if (news.room)
-        readRoom();
-}
-
-// One request at a time, however many changes ask for it.
-void CloudDocLogic::readRoom()
-{
-    m_roomStale = m_readingRoom;
-    if (m_readingRoom)
-        return;
-    m_readingRoom = true;
-    m_link->readRoom([this](const CloudAnswer<CloudRoom> &answer) {
-        m_readingRoom = false;
-        const bool again = std::exchange(m_roomStale, false);
-        if (!answer)
-            return;
-        if (again)
-            readRoom();
-        const CloudRoom &room = answer.value;
-        if (room.used == m_spaceUsed && room.total == m_spaceTotal)
-            return;
-        m_spaceUsed = room.used;
-        m_spaceTotal = room.total;
-        Q_EMIT spaceChanged(room.used, room.total);
-    });
 }

@@ -54,8 +54,6 @@ public:
     bool canGoUp() const;
     bool canGoBack() const;
     bool canGoForward() const;
-    qint64 spaceUsed() const { return m_spaceUsed; }   ///< bytes; -1: not told yet
-    qint64 spaceTotal() const { return m_spaceTotal; } ///< bytes; -1: no limit, or not told yet
 
     /// A name for a new folder that is free in the folder on view.
     QString freeFolderName(const QString &wanted) const;
@@ -121,7 +119,6 @@ Q_SIGNALS:
     /// `problem`.
     void operationFailed(CloudOperation operation, CloudProblem problem, int count, const QString &name);
     void transferEnded(const CloudTransfer &transfer); ///< while one looks: done, failed or cancelled
-    void spaceChanged(qint64 used, qint64 total);
 
 private:
     void connectParts();
@@ -129,7 +126,6 @@ private:
     void onReached(bool reached);
     void onNews(const CloudNews &news);
     void take(const CloudOutcome &outcome);
-    void readRoom();
 
     CloudDocLink *m_link; ///< owned, as all below
     CloudDocModel *m_documents;
@@ -137,8 +133,4 @@ private:
     CloudDocNavigator *m_navigator;
     CloudDocTransfers *m_transfers;
     CloudDocOperations *m_operations;
-    bool m_readingRoom = false;
-    bool m_roomStale = false;
-    qint64 m_spaceUsed = -1;
-    qint64 m_spaceTotal = -1;
 };

@@ -39,13 +39,6 @@ struct CloudOutcome
     QString detail;
 };
 
-/// Room of the drive, bytes.
-struct CloudRoom
-{
-    qint64 used = 0;
-    qint64 total = -1; ///< -1: no limit
-};
-
 /// What the service tells unasked.
 struct CloudNews
 {
@@ -53,7 +46,6 @@ struct CloudNews
     QStringList gone;       ///< ids
     QStringList unlisted;   ///< ids of folders in which more changed than is told one by one
     CloudTransfers transfers;
-    bool room = false; ///< the room that is used may be another one
 };
 
 namespace zel::clouddoc {
@@ -92,7 +84,6 @@ CloudOutcome outcomeOf(const zel::vela::UploadItemsResult &result, const QString
 CloudOutcome outcomeOf(const zel::vela::DownloadItemsResult &result);
 CloudOutcome outcomeOf(const zel::vela::UpdateTransferInfoResult &result); ///< `removed`: taken off the list
 CloudTransfers transfersOf(const zel::vela::TransferInfoListResult &result);
-CloudRoom roomOf(const zel::vela::GetStorageInfoResult &result);
 
 CloudNews newsOf(const zel::vela::NotifyFileCreationArg &push);
 /// Of a push that has no signal of its own; empty for one that does not matter here.

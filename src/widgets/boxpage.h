@@ -42,6 +42,9 @@ public:
     virtual void pageHidden() { }  ///< another page was chosen
     /// Opens what others know by name on this page (`base/sourcekeys.h`); false: it has nothing of this name.
     virtual bool openPlace(const QString & /*place*/) { return false; }
+    /// How much of the user's cloud space is taken, bytes; `used` -1: not known, `total` 0: no limit. Told
+    /// when the page is made and at each change.
+    virtual void setCloudSpace(qint64 /*used*/, qint64 /*total*/) { }
     /// The box goes into the background: what can be made again cheaply is given back.
     virtual void releaseMemory() { }
 

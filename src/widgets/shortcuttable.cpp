@@ -17,10 +17,6 @@ QVector<ShortcutRow> makeTable()
         return ShortcutRow{
             id, Group::Pages, QT_TRANSLATE_NOOP("Shortcuts", "Go to %1"), keys(number), name, true};
     };
-    const auto cloud = [&](const char *id, const char *text, const char *cloudKeys) {
-        return ShortcutRow{id, Group::ListPage, text, keys(cloudKeys), nullptr, false,
-            QT_TRANSLATE_NOOP("Shortcuts", "Cloud documents")};
-    };
     return {
         {"window.search", Group::MainWindow, QT_TRANSLATE_NOOP("Shortcuts", "Search"), keys("Ctrl+F"),
             nullptr, true},
@@ -45,24 +41,6 @@ QVector<ShortcutRow> makeTable()
             keys("Space")},
         {"list.selectall", Group::Lists, QT_TRANSLATE_NOOP("Shortcuts", "Select all"), keys("Ctrl+A")},
         {"list.menu", Group::Lists, QT_TRANSLATE_NOOP("Shortcuts", "Menu of the row"), keys("Shift+F10")},
-        cloud("cloud.open", QT_TRANSLATE_NOOP("Shortcuts", "Open"), "Return"),
-        cloud("cloud.back", QT_TRANSLATE_NOOP("Shortcuts", "Back"), "Alt+Left"),
-        cloud("cloud.forward", QT_TRANSLATE_NOOP("Shortcuts", "Forward"), "Alt+Right"),
-        cloud("cloud.up", QT_TRANSLATE_NOOP("Shortcuts", "To the folder above"), "Alt+Up"),
-        cloud("cloud.upload", QT_TRANSLATE_NOOP("Shortcuts", "Upload files"), "Ctrl+U"),
-        cloud("cloud.uploadfolder", QT_TRANSLATE_NOOP("Shortcuts", "Upload a folder"), "Ctrl+Shift+U"),
-        cloud("cloud.newfolder", QT_TRANSLATE_NOOP("Shortcuts", "New folder"), "Ctrl+Shift+N"),
-        cloud("cloud.download", QT_TRANSLATE_NOOP("Shortcuts", "Download"), "Ctrl+D"),
-        cloud("cloud.reveal", QT_TRANSLATE_NOOP("Shortcuts", "Show in file manager"), "Ctrl+Return"),
-        cloud("cloud.cut", QT_TRANSLATE_NOOP("Shortcuts", "Cut"), "Ctrl+X"),
-        cloud("cloud.copy", QT_TRANSLATE_NOOP("Shortcuts", "Copy"), "Ctrl+C"),
-        cloud("cloud.paste", QT_TRANSLATE_NOOP("Shortcuts", "Paste"), "Ctrl+V"),
-        cloud("cloud.move", QT_TRANSLATE_NOOP("Shortcuts", "Move to another folder"), "Ctrl+Shift+M"),
-        cloud("cloud.rename", QT_TRANSLATE_NOOP("Shortcuts", "Rename"), "F2"),
-        cloud("cloud.trash", QT_TRANSLATE_NOOP("Shortcuts", "Move to recycle bin"), "Del"),
-        cloud("cloud.undo", QT_TRANSLATE_NOOP("Shortcuts", "Undo the last removal, move or new name"),
-            "Ctrl+Z"),
-        cloud("cloud.refresh", QT_TRANSLATE_NOOP("Shortcuts", "Refresh"), "F5"),
         {"mini.open", Group::MiniWindow, QT_TRANSLATE_NOOP("Shortcuts", "Open"), keys("Return")},
         {"mini.folder", Group::MiniWindow, QT_TRANSLATE_NOOP("Shortcuts", "Open folder"),
             keys("Ctrl+Return")},

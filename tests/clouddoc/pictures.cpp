@@ -78,10 +78,7 @@ public:
     {
         start();
         answer(QStringLiteral("root"), rows);
-        zel::vela::GetStorageInfoResult room;
-        room.usedSize = 4'200'000'000;
-        room.totalSize = 10'000'000'000;
-        m_cloud->answer("getStorageInfo", room);
+        m_page->setCloudSpace(4'200'000'000, 10'000'000'000);
     }
     void answer(const QString &folder, int rows) { m_cloud->answer("getInfoList", ::page(folder, rows)); }
     void save(const char *name, QWidget *widget = nullptr) const

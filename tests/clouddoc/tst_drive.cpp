@@ -94,7 +94,6 @@ void TestDrive::aDayInTheDrive()
     QSignalSpy ended(m_logic.get(), &CloudDocLogic::transferEnded);
     QSignalSpy conflicts(m_logic.get(), &CloudDocLogic::conflictsFound);
     QSignalSpy undoable(m_logic.get(), &CloudDocLogic::undoable);
-    QSignalSpy space(m_logic.get(), &CloudDocLogic::spaceChanged);
     reach();
     m_logic->createFolder(QStringLiteral("报告"));
     QTRY_COMPARE(print(), QStringLiteral("报告"));
@@ -106,7 +105,6 @@ void TestDrive::aDayInTheDrive()
     QTRY_COMPARE_WITH_TIMEOUT(ended.count(), 2, Patience);
     QTRY_COMPARE(print(), QStringLiteral("tree 报告 a.odt"));
     QCOMPARE(m_logic->documents()->document(2).localPath, inDrive(QStringLiteral("a.odt")));
-    QTRY_VERIFY(m_logic->spaceUsed() >= 6);
 
     m_logic->upload({local(QStringLiteral("a.odt"))});
     QTRY_COMPARE(conflicts.count(), 1);
@@ -118,6 +116,7 @@ void TestDrive::aDayInTheDrive()
     QCOMPARE(idOf("c.odt"), second);
     m_logic->move({second, idOf("tree")}, folder);
     QTRY_COMPARE(print(), QStringLiteral("报告 a.odt"));
+    QTRY_COMPARE(undoable.count(), 2); // a push may have told before the answer
     for (const QList<QVariant> &done : {undoable.takeLast(), undoable.takeLast()}) // the move, the name
         m_logic->undo(done.at(0).value<CloudUndo>());
     QTRY_COMPARE(print(), QStringLiteral("tree 报告 a (2).odt a.odt"));

@@ -13,7 +13,7 @@ public:
     explicit CloudStatusLine(QWidget *parent = nullptr);
 
     void setCounts(int shown, int selected, qint64 selectedBytes); ///< bytes below 0: not known
-    void setSpace(qint64 used, qint64 total);                      ///< bytes; below 0: not known, no limit
+    void setSpace(qint64 used, qint64 total); ///< bytes; below 0: not known; total 0: no limit
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

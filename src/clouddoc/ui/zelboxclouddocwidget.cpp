@@ -78,7 +78,6 @@ void ZelBoxCloudDocWidget::connectLogic()
 {
     connect(m_logic, &Logic::folderChanged, this, &ZelBoxCloudDocWidget::onFolderChanged);
     connect(m_logic, &Logic::historyChanged, this, &ZelBoxCloudDocWidget::updateActions);
-    connect(m_logic, &Logic::spaceChanged, m_status, &CloudStatusLine::setSpace);
     connect(m_logic, &Logic::crumbsChanged, this,
         [this] { m_toolBar->crumbs()->setCrumbs(namedCrumbs(m_logic->crumbs())); });
     connect(m_logic->documents(), &CloudDocModel::sortOrderChanged, this,

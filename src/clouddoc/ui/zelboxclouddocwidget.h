@@ -37,6 +37,7 @@ public:
     void findEnded(bool toFirstRow) override;
     void setHost(BoxPageHost *host) override { m_host = host; }
     bool openPlace(const QString &place) override;
+    void setCloudSpace(qint64 used, qint64 total) override;
 
 protected:
     void showEvent(QShowEvent *event) override;

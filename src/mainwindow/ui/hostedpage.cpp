@@ -59,6 +59,12 @@ bool HostedPage::openPlace(const QString &place)
     return m_page && m_page->openPlace(place);
 }
 
+void HostedPage::setCloudSpace(qint64 used, qint64 total)
+{
+    if (m_page)
+        m_page->setCloudSpace(used, total);
+}
+
 void HostedPage::releaseMemory()
 {
     if (m_page)

@@ -26,6 +26,7 @@ public:
     void findEnded(bool toFirstRow);
     void takeFocus();
     bool openPlace(const QString &place);
+    void setCloudSpace(qint64 used, qint64 total);
     void releaseMemory();
 
     // BoxPageHost

@@ -163,6 +163,7 @@ void KCentralWidget::makePage(int number)
     connect(made, &HostedPage::settingsRequested, this, &KCentralWidget::settingsRequested);
     connect(made, &HostedPage::unreadChanged, this,
         [this, number](int count, int redPointCount) { Q_EMIT unreadChanged(number, count, redPointCount); });
+    made->setCloudSpace(m_space->usedBytes(), m_space->totalBytes());
     if (m_started)
         made->start();
     if (m_ready)
@@ -174,6 +175,10 @@ void KCentralWidget::updateSpace()
     m_spaceBar->setLoggedIn(m_space->isLoggedIn());
     if (m_space->isLoggedIn())
         m_spaceBar->loginWidget()->setAccount(*m_space);
+    for (HostedPage *each : std::as_const(m_pages)) {
+        if (each)
+            each->setCloudSpace(m_space->usedBytes(), m_space->totalBytes());
+    }
 }
 
 void KCentralWidget::paintEvent(QPaintEvent *)
