@@ -18,9 +18,6 @@ enum RecentSectionKey : int {
     FirstTypeSection = 200
 };
 
-using RecentSection = ListSection;
-using RecentSections = ListSections;
-
 /// Sorted rows as the splitting sees them.
 struct SectionedRows
 {
