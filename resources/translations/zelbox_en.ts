@@ -121,10 +121,10 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) are in the recycle bin.</source>
+        <source>%n file(s) were moved to the recycle bin.</source>
         <translation>
-            <numerusform>%n file is in the recycle bin.</numerusform>
-            <numerusform>%n files are in the recycle bin.</numerusform>
+            <numerusform>%n file was moved to the recycle bin.</numerusform>
+            <numerusform>%n files were moved to the recycle bin.</numerusform>
         </translation>
     </message>
     <message numerus="yes">

@@ -1444,11 +1444,11 @@
         </translation>
     </message>
     <message>
-        <source>“%1” is in the recycle bin.</source>
+        <source>“%1” was moved to the recycle bin.</source>
         <translation>“%1”已移到回收站。</translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) are in the recycle bin.</source>
+        <source>%n file(s) were moved to the recycle bin.</source>
         <translation>
             <numerusform>%n 个文件已移到回收站。</numerusform>
         </translation>

@@ -35,6 +35,7 @@ CloudDocNotices::CloudDocNotices(CloudDocLogic *logic, QAction *undo, QWidget *p
         tell(tr("The folder “%1” is no longer there.").arg(zel::shortName(name)));
     });
     connect(logic, &Logic::readingFailed, this, [this](CloudProblem problem) { tell(problemText(problem)); });
+    connect(m_area, &NoticeArea::coverChanged, this, &CloudDocNotices::coverChanged);
     connect(m_offline, &NoticeBar::actionTriggered, this, [this] {
         m_stale = false; // it is told again when this does not help
         Q_EMIT retryRequested();

@@ -23,7 +23,8 @@ public:
     void undo();
 
 Q_SIGNALS:
-    void retryRequested(); ///< to reach the service
+    void retryRequested();         ///< to reach the service
+    void coverChanged(int height); ///< as NoticeArea tells it
 
 private:
     void onUndoable(const CloudUndo &undo);

@@ -126,6 +126,7 @@ void ZelBoxCloudDocWidget::connectParts()
     connect(m_commands, &Commands::undoRequested, m_notices, &CloudDocNotices::undo);
     connect(m_commands, &Commands::notDone, m_notices, &CloudDocNotices::tell);
     connect(m_commands->actions(), &ListActions::aboutToRun, m_notices, &CloudDocNotices::retire);
+    connect(m_notices, &CloudDocNotices::coverChanged, m_view, &CloudDocListView::setEndRoom);
     connect(m_notices, &CloudDocNotices::retryRequested, m_logic, &Logic::reload);
     connect(m_toolBar, &CloudDocToolBar::sortChosen, m_logic, &Logic::setSortOrder);
     connect(m_states, &CloudDocStates::followed, this, &ZelBoxCloudDocWidget::onFollowed);

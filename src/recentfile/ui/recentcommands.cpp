@@ -305,8 +305,8 @@ void RecentCommands::onFilesDeleted(const RecordInfoList &deleted, const RecordI
     if (deleted.isEmpty())
         return;
     const QString text = deleted.size() == 1
-        ? tr("“%1” is in the recycle bin.").arg(nameOf(deleted.constFirst()))
-        : tr("%n file(s) are in the recycle bin.", nullptr, deleted.size());
+        ? tr("“%1” was moved to the recycle bin.").arg(nameOf(deleted.constFirst()))
+        : tr("%n file(s) were moved to the recycle bin.", nullptr, deleted.size());
     m_undo->offer(text, tr("Undo Deletion"), [this] { m_actions->undoDelete(); });
 }
 
