@@ -71,7 +71,7 @@ void ZelBoxRecentFileModel::removeAll()
 void ZelBoxRecentFileModel::setRecords(const RecordInfoList &records)
 {
     removeAll();
-    RecentRows rows;
+    RecordsByTime rows;
     rows.assign(records);
     if (rows.size() == 0)
         return;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "recentfile/recentroles.h"
-#include "recentfile/recentrows.h"
+#include "recentfile/recordsbytime.h"
 #include "recentfile/timegroups.h"
 
 #include <QAbstractListModel>
@@ -80,7 +80,7 @@ private:
     void finishChange();
     void armDayTimer();
 
-    zel::recent::RecentRows m_rows;
+    zel::recent::RecordsByTime m_rows;
     zel::recent::TimeGroupEdges m_edges;
     zel::recent::TimeGroups m_groups;
     int m_unread = 0;

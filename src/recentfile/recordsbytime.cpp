@@ -1,4 +1,4 @@
-#include "recentfile/recentrows.h"
+#include "recentfile/recordsbytime.h"
 
 #include <algorithm>
 #include <numeric>
@@ -10,7 +10,7 @@ bool comesBefore(const RecentFileInfo &a, const RecentFileInfo &b)
     return a.lastAccess != b.lastAccess ? a.lastAccess > b.lastAccess : a.id < b.id;
 }
 
-void RecentRows::assign(RecordInfoList records)
+void RecordsByTime::assign(RecordInfoList records)
 {
     clear();
     m_records = std::move(records);
@@ -20,7 +20,7 @@ void RecentRows::assign(RecordInfoList records)
     dropDuplicates();
 }
 
-void RecentRows::clear()
+void RecordsByTime::clear()
 {
     m_records.clear();
     m_order.clear();
@@ -29,7 +29,7 @@ void RecentRows::clear()
 }
 
 // The store hands out sorted records, so this is one pass of comparisons as a rule.
-void RecentRows::sortOrder()
+void RecordsByTime::sortOrder()
 {
     const RecordInfoList &records = m_records;
     const auto less = [&records](
@@ -38,7 +38,7 @@ void RecentRows::sortOrder()
         std::sort(m_order.begin(), m_order.end(), less);
 }
 
-void RecentRows::dropDuplicates()
+void RecordsByTime::dropDuplicates()
 {
     m_index.reserve(int(m_order.size()));
     const auto unwanted = [this](Handle handle) {
@@ -56,20 +56,20 @@ void RecentRows::dropDuplicates()
     m_order = std::move(kept);
 }
 
-int RecentRows::rowOf(const QString &id) const
+int RecordsByTime::rowOf(const QString &id) const
 {
     const auto handle = m_index.find(id, idOf());
     return handle ? placeFor(m_records.at(int(*handle))) : -1;
 }
 
-int RecentRows::placeFor(const RecentFileInfo &record) const
+int RecordsByTime::placeFor(const RecentFileInfo &record) const
 {
     const auto place = std::partition_point(m_order.cbegin(), m_order.cend(),
         [&](Handle handle) { return comesBefore(m_records.at(int(handle)), record); });
     return int(place - m_order.cbegin());
 }
 
-void RecentRows::insert(int row, const RecentFileInfo &record)
+void RecordsByTime::insert(int row, const RecentFileInfo &record)
 {
     Q_ASSERT(rowOf(record.id) < 0);
     Handle handle = Handle(m_records.size());
@@ -84,7 +84,7 @@ void RecentRows::insert(int row, const RecentFileInfo &record)
     m_order.insert(m_order.begin() + row, handle);
 }
 
-void RecentRows::remove(int first, int count)
+void RecordsByTime::remove(int first, int count)
 {
     if (count == size()) {
         clear();
@@ -99,7 +99,7 @@ void RecentRows::remove(int first, int count)
     m_order.erase(begin, begin + count);
 }
 
-int RecentRows::replace(int from, int place, const RecentFileInfo &record)
+int RecordsByTime::replace(int from, int place, const RecentFileInfo &record)
 {
     m_records[int(m_order[size_t(from)])] = record;
     const auto begin = m_order.begin();

@@ -13,7 +13,7 @@ bool comesBefore(const RecentFileInfo &a, const RecentFileInfo &b);
 /// The records of the list, newest first (equal times by id), found by row and by id. Plain container, one
 /// thread. Records never move in memory: a row is a number into them, so adding to or removing from the
 /// middle of 100,000 rows shifts numbers only.
-class RecentRows
+class RecordsByTime
 {
 public:
     /// Replaces everything. Sorts when needed; drops records without id and all but the newest of one id.
