@@ -35,6 +35,7 @@ private Q_SLOTS:
     void newFolderIsNamedAtOnce();
     void dropsGoWhereTheyFall_data();
     void dropsGoWhereTheyFall();
+    void dragOpensFolders();
     void carriesByClipboard_data();
     void carriesByClipboard();
     void opensDocuments();
@@ -292,6 +293,25 @@ void TestPage::dropsGoWhereTheyFall()
     else
         drop(view()->viewport(), row < 0 ? QPoint(50, view()->height() - 10) : centre(row), data.get());
     QTEST(wanted().join(QLatin1Char('\n')), "expected");
+}
+
+// And what is undone goes back to where the drag began.
+void TestPage::dragOpensFolders()
+{
+    load({s("a/"), s("c.txt")});
+    const auto data = zel::clouddoc::itemsMimeData({s("root"), {s("c.txt")}}, {});
+    const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enter(centre(0), actions, data.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(view()->viewport(), &enter);
+    QTRY_COMPARE(m_cloud->askedFor("getInfoList").last(), s("a"));
+    QVERIFY(answer(s("a"), {s("d.txt")}));
+    drop(view()->viewport(), QPoint(50, view()->height() - 10), data.get());
+    QCOMPARE(wanted(), QStringList(s("cloudItemsMoveTo c.txt -> a (0)")));
+    zel::vela::CloudItemsMoveToResult moved;
+    moved.items = {FakeCloud::item(s("c.txt"), s("a"))};
+    QVERIFY(m_cloud->answer("cloudItemsMoveTo", moved));
+    page()->action(CloudCommand::Undo)->trigger();
+    QCOMPARE(wanted().last(), s("cloudItemsMoveTo c.txt -> root (0)"));
 }
 
 void TestPage::carriesByClipboard_data()

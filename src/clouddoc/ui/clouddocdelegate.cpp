@@ -91,7 +91,7 @@ void CloudDocDelegate::setModelData(QWidget *editor, QAbstractItemModel *, const
     if (name == index.data(Model::NameRole).toString() || !isFine(edit))
         return;
     m_newNames.insert(idOf(index), name);
-    Q_EMIT const_cast<CloudDocDelegate *>(this)->sigRenameRequested(idOf(index), name);
+    Q_EMIT const_cast<CloudDocDelegate *>(this)->renameRequested(idOf(index), name);
 }
 
 bool CloudDocDelegate::isFine(const QLineEdit *editor) const

@@ -32,7 +32,7 @@ public:
         QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
 
 Q_SIGNALS:
-    void sigRenameRequested(const QString &id, const QString &name);
+    void renameRequested(const QString &id, const QString &name);
 
 protected:
     bool eventFilter(QObject *editor, QEvent *event) override;

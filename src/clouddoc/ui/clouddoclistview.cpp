@@ -65,9 +65,9 @@ bool View::acceptDrop(QDropEvent *event, const QModelIndex &row)
 void View::dropInto(const QModelIndex &row, QDropEvent *event)
 {
     const QString folder = row.isValid() ? m_documents->document(row.row()).id : m_folderId;
-    const QStringList ids = itemsOf(event->mimeData()).ids;
-    if (ids.isEmpty())
+    const CarriedItems items = itemsOf(event->mimeData());
+    if (items.ids.isEmpty())
         Q_EMIT filesDropped(folder, localFiles(event->mimeData()));
     else
-        Q_EMIT itemsDropped(folder, ids);
+        Q_EMIT itemsDropped(folder, items.ids, items.folderId);
 }

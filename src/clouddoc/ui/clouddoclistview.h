@@ -18,7 +18,8 @@ public:
     void setFolderId(const QString &id); ///< that is shown
 
 Q_SIGNALS:
-    void itemsDropped(const QString &folderId, const QStringList &itemIds);
+    /// `fromFolder` is where they lie; the folder that is shown may have been opened during the drag.
+    void itemsDropped(const QString &folderId, const QStringList &itemIds, const QString &fromFolder);
     void filesDropped(const QString &folderId, const QStringList &localPaths);
     void upRequested();
     void folderLingered(const QString &folderId); ///< a drag has stayed over it for a moment

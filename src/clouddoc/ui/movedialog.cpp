@@ -79,7 +79,7 @@ void MoveDialog::connectLogic()
             m_note->show();
         });
     connect(m_logic, &Logic::operationDone, m_delegate, &CloudDocDelegate::forgetNewNames);
-    connect(m_delegate, &CloudDocDelegate::sigRenameRequested, m_logic, &Logic::rename);
+    connect(m_delegate, &CloudDocDelegate::renameRequested, m_logic, &Logic::rename);
     connect(m_logic->documents(), &CloudDocModel::countsChanged, this, &MoveDialog::update);
     connect(m_crumbs, &BreadcrumbBar::crumbChosen, m_logic, &Logic::openFolder);
     connect(m_view, &QAbstractItemView::doubleClicked, this, &MoveDialog::enter);

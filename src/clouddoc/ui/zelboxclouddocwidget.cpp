@@ -98,8 +98,7 @@ void ZelBoxCloudDocWidget::connectView()
     connect(m_view, &View::customContextMenuRequested, m_commands, &CloudDocCommands::showMenu);
     connect(m_view, &View::upRequested, m_logic, &Logic::up);
     connect(m_view, &View::selectedRowsChanged, this, &ZelBoxCloudDocWidget::updateActions);
-    connect(m_view, &View::itemsDropped, this,
-        [this](const QString &folder, const QStringList &ids) { m_commands->move(folder, ids, {}); });
+    connect(m_view, &View::itemsDropped, m_commands, &CloudDocCommands::move);
     connect(m_view, &View::filesDropped, m_commands, &CloudDocCommands::upload);
     connect(m_view, &View::folderLingered, m_logic, &Logic::openFolder);
     connect(m_view, &View::textTyped, this, [this](const QString &typed) {
@@ -110,7 +109,7 @@ void ZelBoxCloudDocWidget::connectView()
     connect(crumbs, &BreadcrumbBar::filesDropped, m_commands, &CloudDocCommands::upload);
     connect(crumbs, &BreadcrumbBar::crumbChosen, this, &ZelBoxCloudDocWidget::openCrumb);
     CloudDocDelegate *delegate = m_view->rowDelegate();
-    connect(delegate, &CloudDocDelegate::sigRenameRequested, m_logic, &Logic::rename);
+    connect(delegate, &CloudDocDelegate::renameRequested, m_logic, &Logic::rename);
     delegate->setNameCheck(
         [this](const QString &id, const QString &name) { return m_logic->checkName(name, id); });
     connect(
