@@ -271,6 +271,11 @@ void ZelBoxCloudDocWidget::setFilterText(const QString &text)
     m_states->follow();
 }
 
+void ZelBoxCloudDocWidget::setCloudSpace(qint64 used, qint64 total)
+{
+    m_status->setSpace(used, total);
+}
+
 void ZelBoxCloudDocWidget::clearFilter()
 {
     if (m_host)
