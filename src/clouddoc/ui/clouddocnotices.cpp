@@ -36,6 +36,9 @@ CloudDocNotices::CloudDocNotices(CloudDocLogic *logic, QAction *undo, QWidget *p
     });
     connect(logic, &Logic::readingFailed, this, [this](CloudProblem problem) { tell(problemText(problem)); });
     connect(m_area, &NoticeArea::coverChanged, this, &CloudDocNotices::coverChanged);
+    const auto bars = m_area->findChildren<NoticeBar *>();
+    for (NoticeBar *bar : bars) // which goes with its button; the keyboard stays in the page
+        connect(bar, &NoticeBar::actionTriggered, page, [page] { page->setFocus(Qt::OtherFocusReason); });
     connect(m_offline, &NoticeBar::actionTriggered, this, [this] {
         m_stale = false; // it is told again when this does not help
         Q_EMIT retryRequested();

@@ -271,6 +271,8 @@ void View::bindKeys()
 
 void View::keyPressEvent(QKeyEvent *event)
 {
+    if (isRenaming() && !hasFocus()) // the editor passes on what it has no use for, Enter among it
+        return SectionListArea::keyPressEvent(event);
     if (!ListKeyboard::isModifier(event->key())) // that may be on its way to a click
         setKeyboardLeads(true);
     if (m_keyboard.run(*event, selectionModel())) {
