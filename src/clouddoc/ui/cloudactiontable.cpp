@@ -43,7 +43,7 @@ QVector<ActionRow> rows()
         row(C::Rename, Changing, "cloud.rename", QT_TRANSLATE_NOOP("CloudDocActions", "Rename"), "rename",
             keys("F2"), One, InList),
         row(C::Trash, Changing, "cloud.trash", QT_TRANSLATE_NOOP("CloudDocActions", "Move to Recycle Bin"),
-            "trash", standard(QKeySequence::Delete), Rows, InList),
+            "trash", keys("Del"), Rows, InList),
         row(C::NewFolder, Adding, "cloud.newfolder", QT_TRANSLATE_NOOP("CloudDocActions", "New Folder"),
             "folder_new", keys("Ctrl+Shift+N"), None, InPage),
         row(C::UploadFiles, Adding, "cloud.upload", QT_TRANSLATE_NOOP("CloudDocActions", "Upload Files…"),
