@@ -4,6 +4,7 @@
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsortfiltermodel.h"
 
+#include <QAbstractEventDispatcher>
 #include <QElapsedTimer>
 #include <QEventLoop>
 
@@ -161,8 +162,8 @@ void sortByName(benchmark::State &state)
         const double start = double(timer.nsecsElapsed()) / 1e6;
         QEventLoop loop;
         double applying = 0;
-        const auto begin = QObject::connect(
-            &models.proxy, &QAbstractItemModel::layoutAboutToBeChanged, &loop, [&] { timer.start(); });
+        const auto begin = QObject::connect(QAbstractEventDispatcher::instance(),
+            &QAbstractEventDispatcher::awake, &loop, [&] { timer.start(); });
         const auto end = QObject::connect(&models.proxy, &QAbstractItemModel::layoutChanged, &loop, [&] {
             applying = double(timer.nsecsElapsed()) / 1e6;
             loop.quit();

@@ -41,7 +41,7 @@ inline const RecordInfoList &records()
             const QString name = names.at(random.bounded(names.size()))
                 + QString::number(random.bounded(100'000)) + suffixes.at(random.bounded(suffixes.size()));
             RecentFileInfo info = recenttest::record(
-                QStringLiteral("/home/someone/Documents/Folder %1/%2 %3").arg(i % 100).arg(i).arg(name),
+                QStringLiteral("/home/someone/Documents/Folder %1/%2/%3").arg(i % 100).arg(i).arg(name),
                 newest - i * 100'000LL);
             info.path = info.id;
             info.displayText = name;

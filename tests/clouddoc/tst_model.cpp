@@ -4,6 +4,7 @@
 
 #include "support/printmodel.h"
 #include "support/rowsignals.h"
+#include "support/table.h"
 
 #include <QAbstractItemModelTester>
 #include <QRegularExpression>
@@ -14,6 +15,7 @@ using namespace zel::clouddoc;
 using zeltest::printModel;
 using Key = CloudSort::Key;
 Q_DECLARE_METATYPE(CloudSort)
+Q_DECLARE_METATYPE(NameProblem)
 
 namespace {
 
@@ -56,17 +58,14 @@ private Q_SLOTS:
 
 void TestCloudDocModel::sorts_data()
 {
-    QTest::addColumn<CloudSort>("sort");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, Key key, Qt::SortOrder order, const char *expected) {
-        QTest::newRow(name) << CloudSort{key, order} << QString::fromLatin1(expected);
-    };
-    row("names: case ignored, digits by value", Key::Name, Qt::AscendingOrder, "A b a2.odt B.txt C9.zip c10");
-    row("names backwards, folders still first", Key::Name, Qt::DescendingOrder,
+    const auto row = zeltest::table<CloudSort, QString>("sort", "expected");
+    row("names: case ignored, digits by value", {Key::Name, Qt::AscendingOrder},
+        "A b a2.odt B.txt C9.zip c10");
+    row("names backwards, folders still first", {Key::Name, Qt::DescendingOrder},
         "b A c10 C9.zip B.txt a2.odt");
-    row("newest first", Key::Time, Qt::DescendingOrder, "A b c10 B.txt a2.odt C9.zip");
-    row("largest first, equal ones by name", Key::Size, Qt::DescendingOrder, "A b B.txt a2.odt C9.zip c10");
-    row("type", Key::Type, Qt::AscendingOrder, "A b c10 a2.odt B.txt C9.zip");
+    row("newest first", {Key::Time, Qt::DescendingOrder}, "A b c10 B.txt a2.odt C9.zip");
+    row("largest first, equal ones by name", {Key::Size, Qt::DescendingOrder}, "A b B.txt a2.odt C9.zip c10");
+    row("type", {Key::Type, Qt::AscendingOrder}, "A b c10 a2.odt B.txt C9.zip");
 }
 
 void TestCloudDocModel::sorts()
@@ -82,11 +81,10 @@ void TestCloudDocModel::sorts()
 
 void TestCloudDocModel::filters_data()
 {
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("nothing") << QString() << QStringLiteral("Bilder Größe.odt report-2024.txt 报告.odt");
-    QTest::newRow("folders as well") << QStringLiteral("BILD") << QStringLiteral("Bilder");
-    QTest::newRow("what is hidden stays hidden") << QStringLiteral("secret") << QString();
+    const auto row = zeltest::table<QString, QString>("text", "expected");
+    row("nothing", "", "Bilder Größe.odt report-2024.txt 报告.odt");
+    row("folders as well", "BILD", "Bilder");
+    row("what is hidden stays hidden", "secret", "");
 }
 
 void TestCloudDocModel::filters()
@@ -130,28 +128,24 @@ void TestCloudDocModel::changes()
 
 void TestCloudDocModel::names_data()
 {
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<int>("problem");
-    const auto row = [](const char *title, const QString &name, NameProblem problem) {
-        QTest::newRow(title) << name << int(problem);
-    };
-    row("usual", QStringLiteral("报告 2.odt"), NameProblem::None);
-    row("hidden", QStringLiteral(".config"), NameProblem::None);
+    const auto row = zeltest::table<QString, NameProblem>("name", "problem");
+    row("usual", "报告 2.odt", NameProblem::None);
+    row("hidden", ".config", NameProblem::None);
     row("empty", QString(), NameProblem::Empty);
-    row("slash", QStringLiteral("a/b"), NameProblem::Slash);
-    row("the folder above", QStringLiteral(".."), NameProblem::Reserved);
-    row("the drive's own", QStringLiteral(".zel-x"), NameProblem::Reserved);
-    row("line break", QStringLiteral("a\nb"), NameProblem::ControlCharacter);
+    row("slash", "a/b", NameProblem::Slash);
+    row("the folder above", "..", NameProblem::Reserved);
+    row("the drive's own", ".zel-x", NameProblem::Reserved);
+    row("line break", "a\nb", NameProblem::ControlCharacter);
     row("lone surrogate", QString(QChar(0xD800)), NameProblem::ControlCharacter);
     row("longest", QString(255, QLatin1Char('x')), NameProblem::None);
     row("bytes count, not characters", QString(86, QChar(0x544A)), NameProblem::TooLong);
-    row("taken", QStringLiteral("taken"), NameProblem::Taken);
+    row("taken", "taken", NameProblem::Taken);
 }
 
 void TestCloudDocModel::names()
 {
     QFETCH(QString, name);
-    QTEST(int(checkName(name, [](const QString &one) { return one == QLatin1String("taken"); })), "problem");
+    QTEST(checkName(name, [](const QString &one) { return one == QLatin1String("taken"); }), "problem");
 }
 
 void TestCloudDocModel::freeNames()

@@ -3,6 +3,7 @@
 
 #include "support/printmodel.h"
 #include "support/rowsignals.h"
+#include "support/table.h"
 
 #include <QAbstractItemModelTester>
 #include <QItemSelectionModel>
@@ -142,13 +143,7 @@ private Q_SLOTS:
 // Signals of one change of "a1 b1 c2 d2 e3", of which "e" is hidden.
 void TestSortedList::tellsLittle_data()
 {
-    QTest::addColumn<QString>("come");
-    QTest::addColumn<QString>("go");
-    QTest::addColumn<QString>("expected");
-    const auto row = [](const char *name, const char *come, const char *go, const char *expected) {
-        QTest::newRow(name) << QString::fromLatin1(come) << QString::fromLatin1(go)
-                            << QString::fromLatin1(expected);
-    };
+    const auto row = zeltest::table<QString, QString, QString>("come", "go", "expected");
     row("nothing", "", "", "");
     row("one comes", "x1", "", "inserted 2; sections; counts");
     row("one goes", "", "b", "removed 1; sections; counts");

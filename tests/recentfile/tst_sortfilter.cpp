@@ -4,6 +4,7 @@
 #include "recentfile/records.h"
 #include "support/printmodel.h"
 #include "support/rowsignals.h"
+#include "support/table.h"
 
 #include <QAbstractItemModelTester>
 #include <QDir>
@@ -118,14 +119,8 @@ private Q_SLOTS:
 
 void TestSortFilter::orders_data()
 {
-    QTest::addColumn<Key>("key");
-    QTest::addColumn<QString>("records");
-    QTest::addColumn<QString>("ascending");
-    QTest::addColumn<QString>("descending");
-    const auto row = [](const char *name, Key key, const char *records, const char *up, const char *down) {
-        QTest::newRow(name) << key << QString::fromUtf8(records) << QString::fromUtf8(up)
-                            << QString::fromUtf8(down);
-    };
+    const auto row =
+        zeltest::table<Key, QString, QString, QString>("key", "records", "ascending", "descending");
     row("time", Key::Time, "new.odt@0 mid.odt@1 old.odt@400",
         "[2023 Year 12 Month] old.odt [Yesterday] mid.odt [Today] new.odt",
         "[Today] new.odt [Yesterday] mid.odt [2023 Year 12 Month] old.odt");
@@ -197,15 +192,11 @@ void TestSortFilter::aNewFilterIsOneRemovalAndOneInsertion()
 // All rows but "b" pass the filter: a1 pinned, then a2 a3 a4 by time.
 void TestSortFilter::sourceChangesStaySmall_data()
 {
-    QTest::addColumn<RecentSort>("sort");
-    QTest::addColumn<QString>("change"); // a record, "-id" that goes, "id name" for another name
-    QTest::addColumn<QString>("expected");
+    // A change: a record, "-id" that goes, "id name" for another name.
+    const auto row = zeltest::table<RecentSort, QString, QString>("sort", "change", "expected");
     const RecentSort byTime;
     const RecentSort byName{Key::Name, Qt::AscendingOrder};
     const RecentSort bySize{Key::Size, Qt::DescendingOrder};
-    const auto row = [](const char *name, const RecentSort &sort, const char *change, const char *expected) {
-        QTest::newRow(name) << sort << QString::fromUtf8(change) << QString::fromUtf8(expected);
-    };
     row("comes", byTime, "a5.odt@2", "inserted 2; sections; counts");
     row("comes, does not pass", byTime, "c.odt@2", "counts");
     row("goes", byTime, "-a3.odt", "removed 2; sections; counts");

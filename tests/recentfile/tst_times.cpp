@@ -2,6 +2,7 @@
 #include "recentfile/timegroups.h"
 
 #include "recentfile/records.h"
+#include "support/table.h"
 
 #include <QTest>
 #include <QTranslator>
@@ -28,19 +29,13 @@ private Q_SLOTS:
 // A row has no name but its clock, or the zone and the reason why it is there.
 void TestTimes::textAndGroup_data()
 {
-    QTest::addColumn<QByteArray>("zone");
-    QTest::addColumn<QString>("now");
-    QTest::addColumn<QString>("time");
-    QTest::addColumn<QString>("text");
-    QTest::addColumn<int>("kind");
-    QTest::addColumn<QString>("title");
-
+    const auto add = zeltest::table<QByteArray, QString, QString, QString, int, QString>(
+        "zone", "now", "time", "text", "kind", "title");
     const char *zone = "UTC";
     const char *now = "2024-03-20 10:00";
     const auto row = [&](const char *why, const char *time, const char *text, int kind, const char *title) {
-        QTest::addRow("%s %s: %s", zone, now, why)
-            << QByteArray(zone) << QString::fromLatin1(now) << QString::fromLatin1(time)
-            << QString::fromLatin1(text) << kind << QString::fromLatin1(title);
+        add(QStringLiteral("%1 %2: %3").arg(QLatin1String(zone), QLatin1String(now), QLatin1String(why)),
+            zone, now, time, text, kind, title);
     };
     row("next year", "2025-01-01 00:00", "2025-01-01", 1, "Today");
     row("tomorrow", "2024-03-21 08:00", "3month21day", 1, "Today");
@@ -111,7 +106,7 @@ void TestTimes::textAndGroup()
 void TestTimes::utcTimesAreShownInLocalTime()
 {
     recenttest::setZone("America/New_York");
-    const QDateTime now = at(QStringLiteral("2024-07-01 21:00"));
+    const QDateTime now = at("2024-07-01 21:00");
     const QDateTime utc(QDate(2024, 7, 2), QTime(0, 30), Qt::UTC);
     QCOMPARE(timeText(utc, now), QStringLiteral("20:30"));
     QCOMPARE(timeText(utc, now.toUTC()), QStringLiteral("20:30"));
@@ -140,13 +135,12 @@ void TestTimes::cataloguesNameMonths()
         bool isEmpty() const override { return false; }
     } german;
     QCoreApplication::installTranslator(&german);
-    QCOMPARE(timeText(at(QStringLiteral("2024-03-07 09:05")), at(QStringLiteral("2024-10-20 10:00"))),
-        QString::fromUtf8("7. März"));
+    QCOMPARE(timeText(at("2024-03-07 09:05"), at("2024-10-20 10:00")), QString::fromUtf8("7. März"));
     const TimeGroupEdges edges = timeGroupEdges(QDate(2024, 2, 20));
     QCOMPARE(timeGroupTitle(edges, 5), QStringLiteral("Januar"));
     QCOMPARE(timeGroupTitle(edges, 6), QStringLiteral("Dezember 2023"));
-    QCOMPARE(zel::longTimeText(at(QStringLiteral("2024-03-07 09:05"))),
-        QString::fromUtf8("Donnerstag, 7. März 2024 um 09:05"));
+    QCOMPARE(
+        zel::longTimeText(at("2024-03-07 09:05")), QString::fromUtf8("Donnerstag, 7. März 2024 um 09:05"));
 }
 
 // Whatever the day: the groups follow one another, nothing is lost between them, and the days that have a
@@ -178,14 +172,11 @@ void TestTimes::everyDayOfFiveYears()
 
 void TestTimes::rowsOfGroups_data()
 {
-    QTest::addColumn<QList<int>>("daysAgo");
-    QTest::addColumn<QString>("expected"); // kind:first+count of the groups that have rows
-
-    QTest::newRow("none") << QList<int>() << QString();
-    QTest::newRow("each") << QList<int>{0, 1, 2, 7, 20, 50, 80}
-                          << QStringLiteral("1:0+1 2:1+1 3:2+1 4:3+1 5:4+1 6:5+1 7:6+1");
-    QTest::newRow("gaps and several")
-        << QList<int>{-3, 0, 0, 3, 4, 5, 80, 90, 900} << QStringLiteral("1:0+3 3:3+3 7:6+3");
+    // kind:first+count of the groups that have rows
+    const auto row = zeltest::table<QList<int>, QString>("daysAgo", "expected");
+    row("none", {}, "");
+    row("each", {0, 1, 2, 7, 20, 50, 80}, "1:0+1 2:1+1 3:2+1 4:3+1 5:4+1 6:5+1 7:6+1");
+    row("gaps and several", {-3, 0, 0, 3, 4, 5, 80, 90, 900}, "1:0+3 3:3+3 7:6+3");
 }
 
 void TestTimes::rowsOfGroups()
