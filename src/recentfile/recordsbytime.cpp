@@ -22,7 +22,7 @@ void RecordsByTime::assign(RecordInfoList records)
 
 void RecordsByTime::clear()
 {
-    m_records.clear();
+    m_records = {}; // QVector::clear() would copy the list that the store shares before it empties it
     m_order.clear();
     m_free.clear();
     m_index.clear();
