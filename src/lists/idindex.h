@@ -28,14 +28,24 @@ public:
     /// False, and nothing is done, when there is another one with this id.
     template <class IdOf> bool add(const QString &id, Handle handle, const IdOf &idOf)
     {
+        return add(id, qHash(id), handle, idOf);
+    }
+    /// The same for who has qHash(id) already, and has said a few ids ago that it comes.
+    template <class IdOf> bool add(const QString &id, uint hash, Handle handle, const IdOf &idOf)
+    {
         makeRoom(m_count + 1);
-        const uint hash = qHash(id);
         Entry &entry = m_entries[placeOf(id, hash, idOf)];
         if (!entry.isFree())
             return false;
         entry = {hash, handle};
         ++m_count;
         return true;
+    }
+    /// Fetches the place of an id that is added soon: of many, each would wait for the memory otherwise.
+    void expect(uint hash) const
+    {
+        if (!m_entries.empty())
+            __builtin_prefetch(&m_entries[hash & mask()], 1);
     }
     template <class IdOf> void remove(const QString &id, const IdOf &idOf)
     {

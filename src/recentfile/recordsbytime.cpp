@@ -40,18 +40,20 @@ void RecordsByTime::sortOrder()
 
 void RecordsByTime::dropDuplicates()
 {
+    constexpr size_t Ahead = 12;
+    std::vector<uint> hashes;
+    hashes.reserve(m_order.size());
+    for (const Handle handle : m_order)
+        hashes.push_back(qHash(m_records.at(int(handle)).id));
     m_index.reserve(int(m_order.size()));
-    const auto unwanted = [this](Handle handle) {
-        const QString &id = m_records.at(int(handle)).id;
-        return id.isEmpty() || !m_index.add(id, handle, idOf());
-    };
     Handles kept;
     kept.reserve(m_order.size());
-    for (const Handle handle : m_order) {
-        if (unwanted(handle))
-            m_free.push_back(handle);
-        else
-            kept.push_back(handle);
+    for (size_t row = 0; row < m_order.size(); ++row) {
+        if (row + Ahead < hashes.size())
+            m_index.expect(hashes[row + Ahead]);
+        const QString &id = m_records.at(int(m_order[row])).id;
+        const bool wanted = !id.isEmpty() && m_index.add(id, hashes[row], m_order[row], idOf());
+        (wanted ? kept : m_free).push_back(m_order[row]);
     }
     m_order = std::move(kept);
 }
