@@ -53,6 +53,12 @@ ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase(
     m_title->onLoginStatusChanged(m_logic->isLoggedIn());
 }
 
+// The record model goes before the rows that hang on it; nobody is to hear that these leave with the page.
+ZelBoxRecentFileWidgetBase::~ZelBoxRecentFileWidgetBase()
+{
+    m_rows->blockSignals(true);
+}
+
 void ZelBoxRecentFileWidgetBase::layOut()
 {
     auto *layout = new QVBoxLayout(this);

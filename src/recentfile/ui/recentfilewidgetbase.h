@@ -33,6 +33,7 @@ public:
     /// Outlived by `logic` and `actions`.
     ZelBoxRecentFileWidgetBase(
         KRecentFileLogic *logic, RecentFileActions *actions, QWidget *parent = nullptr);
+    ~ZelBoxRecentFileWidgetBase() override;
 
     State state() const { return m_stack->state(); }
     ZelBoxRecentFileListView *view() const { return m_view; }
