@@ -42,6 +42,19 @@ void loadModel(benchmark::State &state)
 }
 BENCHMARK(loadModel)->Unit(benchmark::kMillisecond);
 
+/// What the first question for an id costs besides: after the rows were painted, or in a reload that has
+/// something selected.
+void loadModelAndFind(benchmark::State &state)
+{
+    const FixedNow now(benchNow());
+    ZelBoxRecentFileModel model;
+    for (auto _ : state) {
+        model.setRecords(records());
+        require(model.rowOf(records().at(Count / 2).id) == Count / 2);
+    }
+}
+BENCHMARK(loadModelAndFind)->Unit(benchmark::kMillisecond);
+
 void loadModelAndProxy(benchmark::State &state)
 {
     Models models(false);

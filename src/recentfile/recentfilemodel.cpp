@@ -53,7 +53,7 @@ bool ZelBoxRecentFileModel::removeRows(int row, int count, const QModelIndex &pa
     if (parent.isValid() || row < 0 || count < 1 || row > m_rows.size() - count)
         return false;
     beginRemoveRows({}, row, row + count - 1);
-    for (int i = row; i < row + count; ++i)
+    for (int i = row; m_unread > 0 && i < row + count; ++i)
         m_unread -= unreadIn(m_rows.at(i));
     m_rows.remove(row, count);
     regroup();

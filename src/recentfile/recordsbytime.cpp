@@ -17,7 +17,6 @@ void RecordsByTime::assign(RecordInfoList records)
     m_order.resize(size_t(m_records.size()));
     std::iota(m_order.begin(), m_order.end(), 0U);
     sortOrder();
-    dropDuplicates();
 }
 
 void RecordsByTime::clear()
@@ -25,7 +24,7 @@ void RecordsByTime::clear()
     m_records = {}; // QVector::clear() would copy the list that the store shares before it empties it
     m_order.clear();
     m_free.clear();
-    m_index.clear();
+    m_index.reset();
 }
 
 // The store hands out sorted records, so this is one pass of comparisons as a rule.
@@ -38,29 +37,16 @@ void RecordsByTime::sortOrder()
         std::sort(m_order.begin(), m_order.end(), less);
 }
 
-void RecordsByTime::dropDuplicates()
+IdIndex &RecordsByTime::index() const
 {
-    constexpr size_t Ahead = 12;
-    std::vector<uint> hashes;
-    hashes.reserve(m_order.size());
-    for (const Handle handle : m_order)
-        hashes.push_back(qHash(m_records.at(int(handle)).id));
-    m_index.reserve(int(m_order.size()));
-    Handles kept;
-    kept.reserve(m_order.size());
-    for (size_t row = 0; row < m_order.size(); ++row) {
-        if (row + Ahead < hashes.size())
-            m_index.expect(hashes[row + Ahead]);
-        const QString &id = m_records.at(int(m_order[row])).id;
-        const bool wanted = !id.isEmpty() && m_index.add(id, hashes[row], m_order[row], idOf());
-        (wanted ? kept : m_free).push_back(m_order[row]);
-    }
-    m_order = std::move(kept);
+    if (!m_index)
+        m_index.emplace().add(m_order, idOf());
+    return *m_index;
 }
 
 int RecordsByTime::rowOf(const QString &id) const
 {
-    const auto handle = m_index.find(id, idOf());
+    const auto handle = id.isEmpty() ? std::nullopt : index().find(id, idOf());
     return handle ? placeFor(m_records.at(int(*handle))) : -1;
 }
 
@@ -73,7 +59,7 @@ int RecordsByTime::placeFor(const RecentFileInfo &record) const
 
 void RecordsByTime::insert(int row, const RecentFileInfo &record)
 {
-    Q_ASSERT(rowOf(record.id) < 0);
+    IdIndex &ids = index(); // of before
     Handle handle = Handle(m_records.size());
     if (m_free.empty()) {
         m_records.append(record);
@@ -82,7 +68,7 @@ void RecordsByTime::insert(int row, const RecentFileInfo &record)
         m_free.pop_back();
         m_records[int(handle)] = record;
     }
-    m_index.add(record.id, handle, idOf());
+    ids.add(record.id, handle, idOf());
     m_order.insert(m_order.begin() + row, handle);
 }
 
@@ -94,7 +80,8 @@ void RecordsByTime::remove(int first, int count)
     }
     const auto begin = m_order.begin() + first;
     for (auto it = begin; it != begin + count; ++it) {
-        m_index.remove(m_records.at(int(*it)).id, idOf());
+        if (m_index)
+            m_index->remove(m_records.at(int(*it)).id, idOf());
         m_records[int(*it)] = {};
         m_free.push_back(*it);
     }

@@ -16,8 +16,7 @@ bool comesBefore(const RecentFileInfo &a, const RecentFileInfo &b);
 class RecordsByTime
 {
 public:
-    /// Replaces everything. Sorts when needed; drops records without id and all but the newest of one id.
-    /// O(n).
+    /// Replaces everything. Sorts when needed. Each record has an id of its own. O(n).
     void assign(RecordInfoList records);
     void clear();
 
@@ -29,7 +28,7 @@ public:
     const RecentFileInfo &withHandle(Handle handle) const { return m_records.at(int(handle)); }
     int rowOfHandle(Handle handle) const { return placeFor(withHandle(handle)); } ///< it is in use
 
-    int rowOf(const QString &id) const;               ///< -1 when there is none; O(log n)
+    int rowOf(const QString &id) const; ///< -1 when there is none; O(log n), the first after assign() O(n)
     int placeFor(const RecentFileInfo &record) const; ///< row before which the order puts it; O(log n)
 
     void insert(int row, const RecentFileInfo &record); ///< `row` from placeFor(); its id must be new
@@ -41,7 +40,7 @@ public:
 
 private:
     void sortOrder();
-    void dropDuplicates();
+    IdIndex &index() const;
     auto idOf() const
     {
         return [this](Handle handle) -> const QString & { return m_records.at(int(handle)).id; };
@@ -50,7 +49,8 @@ private:
     RecordInfoList m_records;
     Handles m_order; // row -> handle
     Handles m_free;  // handles that can be used again
-    IdIndex m_index;
+    // Made when it is asked for first: a list that is loaded is painted before anybody looks for an id.
+    mutable std::optional<IdIndex> m_index;
 };
 
 } // namespace zel::recent

@@ -79,9 +79,10 @@ void TestModel::badRecordsDoNotGetIn()
 {
     Model model;
     QAbstractItemModelTester tester(&model);
-    model.setRecords({record(QStringLiteral("a"), 5), record({}, 7), record(QStringLiteral("a"), 9),
-        record(QStringLiteral("b"), 9),
-        record(QStringLiteral("c"), 20)}); // unsorted, one id twice, one empty
+    model.setRecords({record(QStringLiteral("a"), 9), record(QStringLiteral("d"), 9),
+        record(QStringLiteral("b"), 9), record(QStringLiteral("c"), 20)}); // unsorted
+    QVERIFY(model.removeRows(3, 1));                                       // before any id is looked for
+    QCOMPARE(model.rowOf(QStringLiteral("d")), -1);
     QCOMPARE(ids(model), QStringList({QStringLiteral("c"), QStringLiteral("a"), QStringLiteral("b")}));
     QCOMPARE(model.addRecord(record({}, 1)), -1);
     QVERIFY(!model.updateRecord(record(QStringLiteral("nobody"), 1)));
