@@ -1,7 +1,7 @@
 #pragma once
 
 #include "service/cloudservice.h"
-#include "support/columns.h"
+#include "support/table.h"
 #include "support/wireclient.h"
 
 #include <QTemporaryDir>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "kcoreapplication.h"
+#include "support/text.h"
 
 #include <QtTest>
 
@@ -8,8 +9,7 @@
 #define ZELTEST_BOX_MAIN(Test)                                                                               \
     int main(int argc, char **argv)                                                                          \
     {                                                                                                        \
-        KCoreApplication app(                                                                                \
-            argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));          \
+        KCoreApplication app(argc, argv, "zelbox"_s, "Office"_s, "6.0"_s);                                   \
         Test test;                                                                                           \
         return QTest::qExec(&test, argc, argv);                                                              \
     }

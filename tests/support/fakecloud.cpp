@@ -121,8 +121,8 @@ QString FakeCloud::asynCallEx(
     const QString &method, const QGenericArgument &arg, QObject *receiver, const QString &slot)
 {
     asked << QString(method + QLatin1Char(' ') + QString::fromStdString(textOf(arg))).trimmed();
-    const bool reads = method.startsWith(QLatin1String("get")) || method == QLatin1String("transferInfoList")
-        || method == QLatin1String("velaIpcCall");
+    const bool reads =
+        method.startsWith("get"_s) || method == "transferInfoList"_s || method == "velaIpcCall"_s;
     if (!reads)
         wanted << asked.last();
     const QString id = QString::number(++m_last);
@@ -144,8 +144,8 @@ CloudItem FakeCloud::item(const QString &text, const QString &parent)
 GetInfoListResult FakeCloud::page(const QString &folder, const QStringList &items, bool more, int64_t version)
 {
     GetInfoListResult result;
-    const bool root = folder == QLatin1String("root");
-    result.folder = item(folder + QLatin1Char('/'), root ? QString() : QStringLiteral("root"));
+    const bool root = folder == "root"_s;
+    result.folder = item(folder + QLatin1Char('/'), root ? QString() : "root"_s);
     result.folder.name = root ? "" : result.folder.name;
     for (const QString &text : items)
         result.items.push_back(item(text, folder));

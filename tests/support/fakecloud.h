@@ -2,6 +2,7 @@
 
 #include "kcloudask.h"
 #include "kcloudsvrproxy.h"
+#include "support/text.h"
 
 #include "drive_types.h"
 #include "notify_types.h"
@@ -78,7 +79,7 @@ public:
     }
     bool isAnyWaiting() const { return !m_waiting.isEmpty(); }
 
-    static zel::vela::CloudItem item(const QString &text, const QString &parent = QStringLiteral("root"));
+    static zel::vela::CloudItem item(const QString &text, const QString &parent = "root"_s);
     /// A page of a folder in the folder "root", or of "root" itself.
     static zel::vela::GetInfoListResult page(
         const QString &folder, const QStringList &items, bool more = false, int64_t version = 1);
@@ -89,8 +90,8 @@ public:
     {
         Q_EMIT velaEventObject()->signal_pushArrived(QLatin1String(method), QVariant::fromValue(push));
     }
-    void tellRemoved(const QString &id, const QString &parent = QStringLiteral("root"));
-    void tellCreated(const QString &text, const QString &parent = QStringLiteral("root"));
+    void tellRemoved(const QString &id, const QString &parent = "root"_s);
+    void tellCreated(const QString &text, const QString &parent = "root"_s);
     void tellProperty(const zel::vela::CloudItem &item, const char *field);
 
 private:

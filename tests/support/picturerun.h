@@ -4,6 +4,7 @@
 #include "klitestyle.h"
 #include "krt/krt.h"
 #include "kskin.h"
+#include "support/text.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -22,11 +23,11 @@ public:
     PictureRun(int &argc, char **argv) : m_app(prepared(argc, argv), argv)
     {
         QStringList words = QCoreApplication::arguments().mid(1);
-        m_folder = words.isEmpty() ? QStringLiteral(".") : words.takeFirst();
-        const bool dark = words.contains(QStringLiteral("dark"));
-        const QString locale = words.filter(QStringLiteral("_")).value(0);
+        m_folder = words.isEmpty() ? "."_s : words.takeFirst();
+        const bool dark = words.contains("dark"_s);
+        const QString locale = words.filter("_"_s).value(0);
         const QString resources =
-            qEnvironmentVariable("ZEL_RESOURCES", krt::dirs::office() + QStringLiteral("/res/2019zelbox"));
+            qEnvironmentVariable("ZEL_RESOURCES", krt::dirs::office() + "/res/2019zelbox"_s);
         QApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
         QApplication::setStyle(new KLiteStyle);
         QApplication::setFont(KLiteStyle::applicationFont());
@@ -36,14 +37,13 @@ public:
         KLiteSkin::setDefaultBaseSkinInfo(KLiteSkinInfo());
         QApplication::setPalette(KLiteStyle::palette(dark));
         KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
-        const QString language = locale.isEmpty() ? QStringLiteral("en") : locale;
-        if (m_translator.load(QStringLiteral("zelbox"), resources + QStringLiteral("/../../mui/") + language))
+        const QString language = locale.isEmpty() ? "en"_s : locale;
+        if (m_translator.load("zelbox"_s, resources + "/../../mui/"_s + language))
             QCoreApplication::installTranslator(&m_translator);
         if (!locale.isEmpty())
             QLocale::setDefault(QLocale(locale));
-        m_suffix = (dark ? QStringLiteral("-dark") : QString())
-            + (locale.isEmpty() ? QString() : QLatin1Char('-') + locale)
-            + QStringLiteral("-%1x.png").arg(qApp->devicePixelRatio());
+        m_suffix = (dark ? "-dark"_s : QString()) + (locale.isEmpty() ? QString() : QLatin1Char('-') + locale)
+            + "-%1x.png"_s.arg(qApp->devicePixelRatio());
     }
 
     void save(const QString &name, const QPixmap &picture) const

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lists/listmodel.h"
+#include "support/text.h"
 
 #include <QStringList>
 #include <functional>
@@ -25,14 +26,14 @@ inline QString printModel(const QAbstractItemModel &model, const RowWord &word =
     int row = 0;
     for (const zel::ListSection &section : sections) {
         if (section.firstRow != row || (list && section.count < 1))
-            words << QStringLiteral("GAP");
+            words << "GAP"_s;
         if (!section.title.isEmpty())
             words << QLatin1Char('[') + section.title + QLatin1Char(']');
         for (; row < section.firstRow + section.count; ++row)
             words << word(model.index(row, 0));
     }
     if (row != model.rowCount())
-        words << QStringLiteral("GAP");
+        words << "GAP"_s;
     return words.join(QLatin1Char(' '));
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/text.h"
+
 #include <QDBusConnection>
 #include <QFile>
 #include <QProcess>
@@ -13,30 +15,28 @@ class PrivateBus
 public:
     PrivateBus()
     {
-        const QString daemon = QStandardPaths::findExecutable(QStringLiteral("dbus-daemon"));
+        const QString daemon = QStandardPaths::findExecutable("dbus-daemon"_s);
         if (daemon.isEmpty() || !writeConfiguration())
             return;
-        m_daemon.start(daemon,
-            {QStringLiteral("--nofork"), QStringLiteral("--print-address=1"),
-                QStringLiteral("--config-file=") + configuration()});
+        m_daemon.start(daemon, {"--nofork"_s, "--print-address=1"_s, "--config-file="_s + configuration()});
         if (!m_daemon.waitForStarted() || !m_daemon.waitForReadyRead())
             return;
         const QByteArray address = m_daemon.readLine().trimmed();
         qputenv("DBUS_SESSION_BUS_ADDRESS", address);
-        QDBusConnection::connectToBus(QString::fromLatin1(address), QStringLiteral("desktop"));
+        QDBusConnection::connectToBus(QString::fromLatin1(address), "desktop"_s);
     }
     ~PrivateBus()
     {
-        QDBusConnection::disconnectFromBus(QStringLiteral("desktop"));
-        QDBusConnection::disconnectFromBus(QStringLiteral("qt_default_session_bus"));
+        QDBusConnection::disconnectFromBus("desktop"_s);
+        QDBusConnection::disconnectFromBus("qt_default_session_bus"_s);
         m_daemon.terminate();
         m_daemon.waitForFinished();
     }
     bool isRunning() const { return desktop().isConnected(); }
-    static QDBusConnection desktop() { return QDBusConnection(QStringLiteral("desktop")); }
+    static QDBusConnection desktop() { return QDBusConnection("desktop"_s); }
 
 private:
-    QString configuration() const { return m_folder.filePath(QStringLiteral("bus.conf")); }
+    QString configuration() const { return m_folder.filePath("bus.conf"_s); }
     bool writeConfiguration() const
     {
         QFile file(configuration());

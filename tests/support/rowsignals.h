@@ -1,6 +1,7 @@
 #pragma once
 
 #include "lists/listmodel.h"
+#include "support/text.h"
 
 #include <QStringList>
 
@@ -14,34 +15,32 @@ class RowSignals : public QObject
 public:
     explicit RowSignals(ListModel *model) : m_model(model)
     {
-        connect(model, &ListModel::rowsInserted, this, [this](const QModelIndex &, int first, int last) {
-            note(QStringLiteral("inserted ") + rows(first, last));
-        });
+        connect(model, &ListModel::rowsInserted, this,
+            [this](const QModelIndex &, int first, int last) { note("inserted "_s + rows(first, last)); });
         connect(model, &ListModel::rowsAboutToBeRemoved, this, [this](const QModelIndex &, int first) {
             if (m_model->rowOf(m_model->idOf(first)) != first)
-                note(QStringLiteral("LOST"));
+                note("LOST"_s);
         });
-        connect(model, &ListModel::rowsRemoved, this, [this](const QModelIndex &, int first, int last) {
-            note(QStringLiteral("removed ") + rows(first, last));
-        });
+        connect(model, &ListModel::rowsRemoved, this,
+            [this](const QModelIndex &, int first, int last) { note("removed "_s + rows(first, last)); });
         connect(model, &ListModel::rowsMoved, this,
             [this](const QModelIndex &, int from, int, const QModelIndex &, int to) {
-                note(QStringLiteral("moved %1 to %2").arg(from).arg(to));
+                note("moved %1 to %2"_s.arg(from).arg(to));
             });
         connect(model, &ListModel::dataChanged, this,
             [this](const QModelIndex &a, const QModelIndex &b, const QVector<int> &roles) {
                 m_roles = roles;
-                note(QStringLiteral("changed ") + rows(a.row(), b.row()));
+                note("changed "_s + rows(a.row(), b.row()));
             });
-        connect(model, &ListModel::layoutChanged, this, [this] { note(QStringLiteral("layout")); });
-        connect(model, &ListModel::modelReset, this, [this] { note(QStringLiteral("reset")); });
-        connect(model, &ListModel::sectionsChanged, this, [this] { note(QStringLiteral("sections")); });
-        connect(model, &ListModel::countsChanged, this, [this] { note(QStringLiteral("counts")); });
+        connect(model, &ListModel::layoutChanged, this, [this] { note("layout"_s); });
+        connect(model, &ListModel::modelReset, this, [this] { note("reset"_s); });
+        connect(model, &ListModel::sectionsChanged, this, [this] { note("sections"_s); });
+        connect(model, &ListModel::countsChanged, this, [this] { note("counts"_s); });
     }
 
     QString take() ///< since the last time
     {
-        const QString text = m_told.join(QStringLiteral("; "));
+        const QString text = m_told.join("; "_s);
         m_told.clear();
         return text;
     }
@@ -50,14 +49,14 @@ public:
 private:
     static QString rows(int first, int last)
     {
-        return first == last ? QString::number(first) : QStringLiteral("%1-%2").arg(first).arg(last);
+        return first == last ? QString::number(first) : "%1-%2"_s.arg(first).arg(last);
     }
     void note(const QString &text)
     {
         int next = 0;
         for (const zel::ListSection &section : m_model->sections())
             next = section.firstRow == next ? next + section.count : -1;
-        m_told << (next == m_model->rowCount() ? text : text + QStringLiteral(" STALE"));
+        m_told << (next == m_model->rowCount() ? text : text + " STALE"_s);
     }
 
     ListModel *m_model;

@@ -22,4 +22,26 @@ template <class... Columns, class... Names> auto table(Names... names)
     };
 }
 
+template <class Column> struct NamedValue
+{
+    Text name;
+    CellOf<Column> value;
+};
+
+/// A table of one column: `rows<bool>("up", {{"upload", true}, {"download", false}});`.
+template <class Column> void rows(const char *column, std::initializer_list<NamedValue<Column>> list)
+{
+    const auto row = table<Column>(column);
+    for (const NamedValue<Column> &each : list)
+        row(each.name, each.value);
+}
+
+/// A column of texts that are the names of their rows.
+inline void names(const char *column, std::initializer_list<Text> list)
+{
+    const auto row = table<QString>(column);
+    for (const Text &each : list)
+        row(each, each);
+}
+
 } // namespace zeltest

@@ -5,6 +5,7 @@
 #include "cloud/wire/limits.h"
 #include "cloud/wire/message.h"
 #include "common_types.h"
+#include "support/text.h"
 
 #include <QTest>
 #include <map>
@@ -77,7 +78,7 @@ public:
     /// The whole message that answers a request.
     std::optional<QByteArray> waitForAnswer(int32_t number)
     {
-        m_error = QStringLiteral("no answer");
+        m_error = "no answer"_s;
         if (!QTest::qWaitFor([this, number] { return m_answers.count(number) || m_closed; }, Patience))
             return {};
         const auto it = m_answers.find(number);

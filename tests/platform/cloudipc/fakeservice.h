@@ -6,6 +6,7 @@
 #include "cloud/wire/message.h"
 #include "cloud/wire/serviceerror.h"
 #include "common_types.h"
+#include "support/text.h"
 
 #include <QDir>
 #include <QFile>
@@ -87,7 +88,7 @@ public:
 private:
     static zel::posix::UniqueFd listenIn(const QString &runtimeFolder)
     {
-        QDir(runtimeFolder).mkdir(QStringLiteral("zelbox"));
+        QDir(runtimeFolder).mkdir("zelbox"_s);
         return zel::posix::listenUnix(QFile::encodeName(runtimeFolder).toStdString() + "/zelbox/cloud.sock");
     }
 
@@ -135,12 +136,11 @@ private:
             return reply(m_helloCall, answer);
         case Hello::Full:
             answer.state = int32_t(wire::ServiceError::Denied);
-            answer.errorInfo =
-                wire::errorInfo(wire::ServiceError::Denied, QStringLiteral("too many clients"));
+            answer.errorInfo = wire::errorInfo(wire::ServiceError::Denied, "too many clients"_s);
             return reply(m_helloCall, answer);
         case Hello::Unknown:
-            return send(wire::refusalFrame("getVersion", m_helloCall.sequence, wire::Refusal::UnknownMethod,
-                QStringLiteral("never heard of it")));
+            return send(wire::refusalFrame(
+                "getVersion", m_helloCall.sequence, wire::Refusal::UnknownMethod, "never heard of it"_s));
         case Hello::Garbage:
             return send(QByteArray("\0\0\0\7garbage", 11));
         case Hello::Push:

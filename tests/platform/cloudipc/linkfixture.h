@@ -3,7 +3,6 @@
 #include "fakeservice.h"
 #include "kcloudsvrproxy.h"
 
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
 
@@ -28,8 +27,8 @@ template <class Proxy> struct LinkFixture
         zel::vela::VelaIpcArg arg;
         arg.nameSpace = "KVelaIpcCallObj";
         arg.method = method;
-        const QString id = proxy->asynCallEx(QStringLiteral("velaIpcCall"),
-            QGenericArgument("VelaIpcArg", &arg), receiver, QString::fromLatin1(slot));
+        const QString id = proxy->asynCallEx(
+            "velaIpcCall"_s, QGenericArgument("VelaIpcArg", &arg), receiver, QString::fromLatin1(slot));
         arg.method = "changed right after the call";
         return id;
     }

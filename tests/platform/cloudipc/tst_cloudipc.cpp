@@ -5,8 +5,6 @@
 #include "support/temptree.h"
 
 #include <QDir>
-#include <QSignalSpy>
-#include <QSocketNotifier>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <cerrno>
@@ -68,40 +66,6 @@ private Q_SLOTS:
         QCOMPARE(inited.size(), 1);
     }
 
-    void connectsToARunningService()
-    {
-        KCloudSvrProxy first;
-        QVERIFY(connectNow(first));
-        const pid_t pid = servicePid();
-
-        KCloudSvrProxy second;
-        QSignalSpy inited(&second, &KCloudSvrProxy::velaInited);
-        second.startVelaProcess(QString());
-        QCOMPARE(inited.size(), 0); // only on a later turn of the loop
-        QVERIFY(inited.wait(patience));
-        QCOMPARE(servicePid(), pid);
-    }
-
-    void comesBackAfterACrash()
-    {
-        KCloudSvrProxy proxy;
-        QSignalSpy inited(&proxy, &KCloudSvrProxy::velaInited);
-        QSignalSpy lost(proxy.velaEventObject(), &KVelaEventObject::SocketDisConnected);
-        proxy.startVelaProcess(QString());
-        QVERIFY(inited.wait(patience));
-        for (int crash = 1; crash <= 2; ++crash) {
-            const pid_t pid = servicePid();
-            QVERIFY(pid > 0);
-            ::kill(pid, SIGKILL);
-            QVERIFY(lost.wait(patience));
-            QVERIFY(!proxy.isConnected());
-            QTRY_COMPARE_WITH_TIMEOUT(inited.size(), crash + 1, patience);
-            QVERIFY(proxy.isConnected());
-            QCOMPARE(lost.size(), crash);
-            QVERIFY(servicePid() != pid);
-        }
-    }
-
     void serviceThatCannotRun_data()
     {
         // script: null: none
@@ -139,20 +103,19 @@ private Q_SLOTS:
         KCloudSvrProxy proxy;
         QVERIFY(connectNow(proxy));
         const pid_t pid = servicePid();
-        const QString process = QStringLiteral("/proc/%1/").arg(pid);
+        const QString process = "/proc/%1/"_s.arg(pid);
         QCOMPARE(::getsid(pid), pid);
-        QCOMPARE(QFile::symLinkTarget(process + QStringLiteral("cwd")), QStringLiteral("/"));
-        QCOMPARE(QFile::symLinkTarget(process + QStringLiteral("fd/0")), QStringLiteral("/dev/null"));
-        QCOMPARE(QFile::symLinkTarget(process + QStringLiteral("fd/1")), QStringLiteral("/dev/null"));
+        QCOMPARE(QFile::symLinkTarget(process + "cwd"_s), "/"_s);
+        QCOMPARE(QFile::symLinkTarget(process + "fd/0"_s), "/dev/null"_s);
+        QCOMPARE(QFile::symLinkTarget(process + "fd/1"_s), "/dev/null"_s);
         struct stat info = {};
         if (::fstat(2, &info) == 0 && S_ISFIFO(info.st_mode))
-            QCOMPARE(QFile::symLinkTarget(process + QStringLiteral("fd/2")), QStringLiteral("/dev/null"));
+            QCOMPARE(QFile::symLinkTarget(process + "fd/2"_s), "/dev/null"_s);
         const QStringList descriptors =
-            QDir(process + QStringLiteral("fd"))
-                .entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System);
+            QDir(process + "fd"_s).entryList(QDir::NoDotAndDotDot | QDir::AllEntries | QDir::System);
         for (const QString &fd : descriptors) {
-            const QString target = QFile::symLinkTarget(process + QStringLiteral("fd/") + fd);
-            QVERIFY2(!target.endsWith(QLatin1String("/status")), qPrintable(target));
+            const QString target = QFile::symLinkTarget(process + "fd/"_s + fd);
+            QVERIFY2(!target.endsWith("/status"_s), qPrintable(target));
         }
     }
 
@@ -173,10 +136,7 @@ private Q_SLOTS:
     // What destroys it in its own signals is tested with a service that plays along.
     void destroyedAtAnyMoment_data()
     {
-        const auto row = zeltest::table<bool>("connected");
-        row("unused", false);
-        row("introducing", true);
-        row("pausing", true);
+        zeltest::rows<bool>("connected", {{"unused", false}, {"introducing", true}, {"pausing", true}});
     }
     void destroyedAtAnyMoment()
     {
@@ -205,10 +165,7 @@ private Q_SLOTS:
     }
 
 private:
-    std::string socketPath() const
-    {
-        return m_folder->filePath(QStringLiteral("zelbox/cloud.sock")).toStdString();
-    }
+    std::string socketPath() const { return m_folder->filePath("zelbox/cloud.sock"_s).toStdString(); }
     pid_t servicePid() const
     {
         const UniqueFd fd = connectUnixUntil(socketPath(), deadlineIn(5s));

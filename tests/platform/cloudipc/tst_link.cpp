@@ -22,8 +22,7 @@ private Q_SLOTS:
         QCOMPARE(f.service->client.protocolVersion, wire::ProtocolVersion);
         QCOMPARE(QString::fromStdString(f.service->client.clientName), QCoreApplication::applicationName());
         QCOMPARE(f.service->client.processId, QCoreApplication::applicationPid());
-        QCOMPARE(
-            f.service->methods, (QStringList{QStringLiteral("getVersion"), QStringLiteral("getLoginInfo")}));
+        QCOMPARE(f.service->methods, (QStringList{"getVersion"_s, "getLoginInfo"_s}));
         QVERIFY(f.proxy->linkError().isEmpty());
     }
 
@@ -62,9 +61,8 @@ private Q_SLOTS:
 
     void brokenIntroduction_data()
     {
-        const auto row = zeltest::table<FakeService::Hello>("hello");
-        row("garbage", FakeService::Hello::Garbage);
-        row("something else", FakeService::Hello::Push);
+        using Hello = FakeService::Hello;
+        zeltest::rows<Hello>("hello", {{"garbage", Hello::Garbage}, {"something else", Hello::Push}});
     }
     void brokenIntroduction()
     {
@@ -86,8 +84,8 @@ private Q_SLOTS:
         cloudipc::CloudLink link([](const wire::MessageHead &, wire::MessageReader &) {});
         link.setHandshakeTimeout(50ms);
         QSignalSpy unreachable(&link, &cloudipc::CloudLink::unreachable);
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("introduction in time")));
-        link.start(QString(), {}, QStringLiteral("test"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("introduction in time"_s));
+        link.start(QString(), {}, "test"_s);
         QVERIFY(unreachable.wait(Fixture::Patience));
         QSignalSpy up(&link, &cloudipc::CloudLink::up);
         f.service->hello = FakeService::Hello::Accept;
@@ -98,29 +96,25 @@ private Q_SLOTS:
     {
         Fixture f;
         QStringList told;
-        connect(
-            f.proxy.get(), &KCloudSvrProxy::velaInited, this, [&] { told.append(QStringLiteral("inited")); });
+        connect(f.proxy.get(), &KCloudSvrProxy::velaInited, this, [&] { told.append("inited"_s); });
         const KVelaEventObject *events = f.proxy->velaEventObject();
-        connect(events, &KVelaEventObject::SocketConnected, this,
-            [&] { told.append(QStringLiteral("connected")); });
-        connect(events, &KVelaEventObject::SocketDisConnected, this,
-            [&] { told.append(QStringLiteral("lost")); });
+        connect(events, &KVelaEventObject::SocketConnected, this, [&] { told.append("connected"_s); });
+        connect(events, &KVelaEventObject::SocketDisConnected, this, [&] { told.append("lost"_s); });
         QSignalSpy offline(KVelaNetworkMonitor::instance(), &KVelaNetworkMonitor::velaOffline);
         QVERIFY(f.connectNow());
         const int before = offline.size();
         f.service->hangUp();
         QTRY_COMPARE_WITH_TIMEOUT(told.size(), 5, Fixture::Patience);
-        QCOMPARE(told.join(QLatin1Char(' ')), QStringLiteral("inited connected lost inited connected"));
+        QCOMPARE(told.join(QLatin1Char(' ')), "inited connected lost inited connected"_s);
         QCOMPARE(offline.size(), before + 1);
-        QTRY_COMPARE(f.service->methods.count(QStringLiteral("getLoginInfo")), 2);
+        QTRY_COMPARE(f.service->methods.count("getLoginInfo"_s), 2);
     }
 
     void destroyedBySignals_data()
     {
-        const auto row = zeltest::table<QString>("signal");
-        for (const char *signal : {"velaInited", "SocketConnected", "loginStatusChanged", "push",
-                 "SocketDisConnected", "linkRefused"})
-            row(signal, signal);
+        zeltest::names("signal",
+            {"velaInited", "SocketConnected", "loginStatusChanged", "push", "SocketDisConnected",
+                "linkRefused"});
     }
     void destroyedBySignals()
     {
@@ -129,21 +123,21 @@ private Q_SLOTS:
         QPointer<KCloudSvrProxy> proxy(f.proxy.get());
         const auto destroy = [&f] { f.proxy.reset(); };
         const KVelaEventObject *events = proxy->velaEventObject();
-        if (signal == QLatin1String("velaInited"))
+        if (signal == "velaInited"_s)
             connect(proxy, &KCloudSvrProxy::velaInited, this, destroy);
-        if (signal == QLatin1String("loginStatusChanged"))
+        if (signal == "loginStatusChanged"_s)
             connect(proxy, &KCloudSvrProxy::loginStatusChanged, this, destroy);
-        if (signal == QLatin1String("linkRefused")) {
+        if (signal == "linkRefused"_s) {
             f.service->hello = FakeService::Hello::OtherVersion;
             connect(proxy, &KCloudSvrProxy::linkRefused, this, destroy);
         }
-        if (signal == QLatin1String("SocketConnected"))
+        if (signal == "SocketConnected"_s)
             connect(events, &KVelaEventObject::SocketConnected, this, destroy);
         connect(events, &KVelaEventObject::signal_notifyRecentFileListChanged, this, destroy);
         connect(events, &KVelaEventObject::SocketDisConnected, this, destroy);
-        if (signal == QLatin1String("push") || signal == QLatin1String("SocketDisConnected")) {
+        if (signal == "push"_s || signal == "SocketDisConnected"_s) {
             QVERIFY(f.connectNow());
-            if (signal == QLatin1String("push"))
+            if (signal == "push"_s)
                 f.service->push("notifyRecentFileChange", vela::NotifyRecentFileChangeArg());
             else
                 f.service->send(QByteArray(8, char(0xff)));
@@ -156,17 +150,14 @@ private Q_SLOTS:
 
     void helpers()
     {
-        const QStringList ids = {QStringLiteral("1"), QStringLiteral("2")};
-        QCOMPARE(KVelaUtil::joinIds(ids), QStringLiteral("1|2"));
-        QCOMPARE(KVelaUtil::splitIds(QStringLiteral("1|2|")), ids);
-        QCOMPARE(KVelaUtil::boolText(true) + KVelaUtil::boolText(false), QStringLiteral("truefalse"));
-        QVERIFY(KVelaUtil::ipcArg(QStringLiteral("reloadMessageConfig")).argMap.empty());
+        const QStringList ids = {"1"_s, "2"_s};
+        QCOMPARE(KVelaUtil::joinIds(ids), "1|2"_s);
+        QCOMPARE(KVelaUtil::splitIds("1|2|"_s), ids);
         KCloudSvrProxy proxy;
         QSignalSpy spy(proxy.velaEventObject(), &KVelaEventObject::signal_notify);
-        proxy.notify(QStringLiteral("name"), 1, QStringLiteral("two"));
+        proxy.notify("name"_s, 1, "two"_s);
         QCOMPARE(spy.size(), 1);
-        QCOMPARE(proxy.getCurrentSettingRootPath(),
-            QStringLiteral("HKEY_CURRENT_USER\\SOFTWARE\\Halvorn\\ZELCloud"));
+        QCOMPARE(proxy.getCurrentSettingRootPath(), "HKEY_CURRENT_USER\\SOFTWARE\\Halvorn\\ZELCloud"_s);
     }
 };
 

@@ -33,9 +33,9 @@ QString textOf(const QVariant &value)
 class Windows final : public KClientSvrProxy
 {
 public:
-    bool addBrowserPage(const QString &url) override { return take(QStringLiteral("browser ") + url); }
-    bool activateWindow(const QString &window) override { return take(QStringLiteral("activate ") + window); }
-    bool addPlumePage(const QString &url) override { return take(QStringLiteral("plume ") + url); }
+    bool addBrowserPage(const QString &url) override { return take("browser "_s + url); }
+    bool activateWindow(const QString &window) override { return take("activate "_s + window); }
+    bool addPlumePage(const QString &url) override { return take("plume "_s + url); }
     bool take(const QString &wish)
     {
         wishes.append(wish);
@@ -62,31 +62,29 @@ private Q_SLOTS:
         row(SIGNAL(signal_notifyRecentFileListChanged()), "notifyRecentFileChange",
             vela::NotifyRecentFileChangeArg(), QString());
         row(SIGNAL(signal_notifyFileCreation(const NotifyFileCreationArg &)), "notifyFileCreation",
-            vela::NotifyFileCreationArg(), QStringLiteral("zel::vela::NotifyFileCreationArg"));
+            vela::NotifyFileCreationArg(), "zel::vela::NotifyFileCreationArg"_s);
         row(SIGNAL(signal_notifyUserThumbnail(const NotifyUserThumbnailArg &)), "notifyUserThumbnail",
-            vela::NotifyUserThumbnailArg(), QStringLiteral("zel::vela::NotifyUserThumbnailArg"));
+            vela::NotifyUserThumbnailArg(), "zel::vela::NotifyUserThumbnailArg"_s);
         row(SIGNAL(signal_notifyRecentFileStateChanged(const QVector<zel::vela::CloudItem> &)),
-            "notifyFileStateList", vela::NotifyFileStateListArg(),
-            QStringLiteral("QVector<zel::vela::CloudItem>"));
+            "notifyFileStateList", vela::NotifyFileStateListArg(), "QVector<zel::vela::CloudItem>"_s);
         vela::NotifyMsgListArg messages;
         messages.newMsgList = {"7", "ä"};
-        row(SIGNAL(signal_notifyNewMsgList(const QStringList &)), "notifyMsgList", messages,
-            QStringLiteral("7,ä"));
+        row(SIGNAL(signal_notifyNewMsgList(const QStringList &)), "notifyMsgList", messages, "7,ä"_s);
         vela::NotifyActionsMapArg actions;
         actions.actionsMap = {{"GetRadarMsg", "{}"}, {"empty", ""}};
         row(SIGNAL(signal_notifyActionsMapForReadMessage(const QMap<QString, QString> &)), "notifyActionsMap",
-            actions, QStringLiteral("GetRadarMsg={},empty="));
+            actions, "GetRadarMsg={},empty="_s);
         vela::NotifyShareDiscussionArg discussion;
         discussion.action = "reply";
         discussion.fileId = "f";
         discussion.actionsMap = {{"x", "y"}};
         row(SIGNAL(signal_notifyShareDiscussion(const QMap<QString, QString> &)), "notifyShareDiscussion",
-            discussion, QStringLiteral("action=reply,content=,discussionId=,fileId=f,groupId=,x=y"));
+            discussion, "action=reply,content=,discussionId=,fileId=f,groupId=,x=y"_s);
         vela::NotifyUserGenericInfoArg membership;
         membership.infoKey = "vipInfo";
         membership.info = {{"vipType", "super"}};
         row(SIGNAL(signal_vipInfoChanged(const QVariant &)), "notifyUserGenericInfo", membership,
-            QStringLiteral("vipType=super"));
+            "vipType=super"_s);
     }
     // The signals are looked up by their texts, as those do that know no record.
     void pushes()
@@ -115,14 +113,14 @@ private Q_SLOTS:
         Fixture f;
         QVERIFY(f.connectNow());
         QSignalSpy spy(f.proxy->velaEventObject(), &KVelaEventObject::signal_pushArrived);
-        QTest::ignoreMessage(QtInfoMsg, QRegularExpression(QStringLiteral("tells notifyWhatever, ")));
+        QTest::ignoreMessage(QtInfoMsg, QRegularExpression("tells notifyWhatever, "_s));
         for (int i = 0; i < 2; ++i) // logged once
             f.service->push("notifyWhatever", vela::NotifyActionArg());
         vela::NotifyFileTransferArg transfer;
         transfer.taskId = "t1";
         f.service->push("notifyFileTransfer", transfer);
         QVERIFY(spy.wait(Fixture::Patience));
-        QCOMPARE(spy.first().first().toString(), QStringLiteral("notifyFileTransfer"));
+        QCOMPARE(spy.first().first().toString(), "notifyFileTransfer"_s);
         QCOMPARE(spy.first().last().value<QVariant>().value<vela::NotifyFileTransferArg>(), transfer);
         QVERIFY(f.proxy->isConnected());
 
@@ -155,8 +153,8 @@ private Q_SLOTS:
             action.action = name;
             f.service->push("notifyAction", action);
         }
-        const QStringList all = {QStringLiteral("activate mainbox"),
-            QStringLiteral("browser https://example.org/"), QStringLiteral("plume https://example.org/")};
+        const QStringList all = {
+            "activate mainbox"_s, "browser https://example.org/"_s, "plume https://example.org/"_s};
         QTRY_COMPARE(second.wishes, all);
         QCOMPARE(first.wishes, all);
         first.answer = true;
@@ -183,13 +181,11 @@ private Q_SLOTS:
             {"companyId", "c"}, {"companyName", "Corp"}};
         QVERIFY(f.connectNow());
         QVERIFY(f.proxy->getUserLoginInfo(&login));
-        QCOMPARE(login,
-            (KVelaIpcLoginCache{
-                2, QStringLiteral("u1"), QStringLiteral("Ann"), {}, QStringLiteral("super")}));
+        QCOMPARE(login, (KVelaIpcLoginCache{2, "u1"_s, "Ann"_s, {}, "super"_s}));
         QVERIFY(f.proxy->isLogined() && f.proxy->isVip(VipType::Super) && !f.proxy->isVip(VipType::Plume));
-        QVERIFY(f.proxy->getUserCompanyInfo(&company) && company.companyName == QLatin1String("Corp"));
+        QVERIFY(f.proxy->getUserCompanyInfo(&company) && company.companyName == "Corp"_s);
         QVERIFY(f.proxy->getLoginInfoIpcRes(&response) && response.map() == f.proxy->getLoginInfoMap());
-        QCOMPARE(f.proxy->queryLoginInfo(QStringLiteral("nickName")), QStringLiteral("Ann"));
+        QCOMPARE(f.proxy->queryLoginInfo("nickName"_s), "Ann"_s);
         QVERIFY(KVelaUtil::canQueryDesktopSyncState());
 
         f.service->login = {{"loginStatus", "0"}};
@@ -199,7 +195,7 @@ private Q_SLOTS:
         QVERIFY(!f.proxy->isLogined() && !f.proxy->isVip(VipType::Super));
         QVERIFY(!KVelaUtil::canQueryDesktopSyncState());
         QVERIFY(f.proxy->getLastUserLoginInfo(&login));
-        QCOMPARE(login.userId, QStringLiteral("u1"));
+        QCOMPARE(login.userId, "u1"_s);
     }
 
     void loginPushes_data()
@@ -239,8 +235,7 @@ private Q_SLOTS:
         else
             QVERIFY(!changed.wait(50));
         QCOMPARE(changed.size(), told);
-        QCOMPARE(f.proxy->queryLoginInfo(QStringLiteral("nickName")),
-            told && newName ? QStringLiteral("Bea") : QStringLiteral("Ann"));
+        QCOMPARE(f.proxy->queryLoginInfo("nickName"_s), told && newName ? "Bea"_s : "Ann"_s);
     }
 
     void signsInAndOut()
@@ -267,20 +262,18 @@ private Q_SLOTS:
             f.service->login = {{"userId", "u"}, {"loginStatus", "2"}};
             f.service->reply(head, zel::vela::VelaIpcResult());
         };
-        f.proxy->login(AdType::Server, QStringLiteral("ann"), QStringLiteral("secret"));
+        f.proxy->login(AdType::Server, "ann"_s, "secret"_s);
         QTRY_VERIFY(f.proxy->isLogined());
-        f.proxy->logout(QStringLiteral("by hand"));
+        f.proxy->logout("by hand"_s);
         QTRY_VERIFY(!f.proxy->isLogined());
         QCOMPARE(QByteArray::fromStdString(out.reason), QByteArray("by hand"));
-        f.proxy->loginEx(QStringLiteral("ticket7"));
+        f.proxy->loginEx("ticket7"_s);
         QTRY_VERIFY(f.proxy->isLogined());
-        f.proxy->openAutoLoginUrl(QStringLiteral("https://example.org/"));
-        f.proxy->cmdNotify(QStringLiteral("/GetRadarMsg=x"));
+        f.proxy->openAutoLoginUrl("https://example.org/"_s);
+        f.proxy->cmdNotify("/GetRadarMsg=x"_s);
         QTRY_COMPARE(QByteArray::fromStdString(line.commandline), QByteArray("/GetRadarMsg=x"));
-        const QVector<QStringList> expected = {
-            {QStringLiteral("server"), QStringLiteral("ann"), QStringLiteral("secret")},
-            {QStringLiteral("ticket"), QString(), QStringLiteral("ticket7")},
-            {QStringLiteral("https://example.org/")}};
+        const QVector<QStringList> expected = {{"server"_s, "ann"_s, "secret"_s},
+            {"ticket"_s, QString(), "ticket7"_s}, {"https://example.org/"_s}};
         QCOMPARE(texts, expected);
     }
 };

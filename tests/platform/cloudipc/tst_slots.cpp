@@ -35,14 +35,14 @@ private Q_SLOTS:
         warnings = 0;
         const QtMessageHandler usual =
             qInstallMessageHandler([](QtMsgType type, const QMessageLogContext &, const QString &text) {
-                warnings += type == QtWarningMsg && text.contains(QLatin1String("has no slot")) ? 1 : 0;
+                warnings += type == QtWarningMsg && text.contains("has no slot"_s) ? 1 : 0;
             });
         f.call(&listener, slot.constData());
         f.call(&listener, slot.constData());
         qInstallMessageHandler(usual);
         QCOMPARE(warnings, fits || slot.isEmpty() ? 0 : 1); // not once for each request
         f.call(&listener, "onResult");
-        QTRY_COMPARE(f.service->methods.count(QStringLiteral("velaIpcCall")), 3);
+        QTRY_COMPARE(f.service->methods.count("velaIpcCall"_s), 3);
         QTRY_COMPARE(listener.endings.size(), fits ? 3 : 1);
         if (fits)
             QCOMPARE(listener.endings.first().slot, QString::fromLatin1(slot));
@@ -65,17 +65,15 @@ private Q_SLOTS:
         QTRY_COMPARE(listener.endings.size(), 1);
         QCOMPARE(QByteArray::fromStdString(came.method), QByteArray("the real one"));
 
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("\"NoSuchArg\" is no record")));
-        QTest::ignoreMessage(
-            QtWarningMsg, QRegularExpression(QStringLiteral("cannot write the request copy")));
-        f.proxy->asynCallEx(QStringLiteral("copy"), QGenericArgument("NoSuchArg", &came), &listener,
-            QStringLiteral("onResult"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("\"NoSuchArg\" is no record"_s));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("cannot write the request copy"_s));
+        f.proxy->asynCallEx("copy"_s, QGenericArgument("NoSuchArg", &came), &listener, "onResult"_s);
         QTRY_COMPARE(listener.endings.size(), 2);
         QVERIFY(!listener.endings.last().ok);
         vela::CloudDocSearchArg search;
-        f.proxy->asynCallEx(QStringLiteral("cloudDocSearch"), Q_ARG(zel::vela::CloudDocSearchArg, search),
-            nullptr, QString());
-        QTRY_COMPARE(f.service->methods.last(), QStringLiteral("cloudDocSearch"));
+        f.proxy->asynCallEx(
+            "cloudDocSearch"_s, Q_ARG(zel::vela::CloudDocSearchArg, search), nullptr, QString());
+        QTRY_COMPARE(f.service->methods.last(), "cloudDocSearch"_s);
     }
 
     void listCalls()
@@ -93,12 +91,12 @@ private Q_SLOTS:
         };
         QVERIFY(f.connectNow());
         Listener listener;
-        const QStringList texts = {QStringLiteral("ä|b"), QString()};
-        f.proxy->asyncCall(QStringLiteral("redirect"), texts, &listener, QStringLiteral("onResponse"));
-        f.proxy->asyncCall(QStringLiteral("getUserId"), {}, &listener, QStringLiteral("onResponse"));
+        const QStringList texts = {"ä|b"_s, QString()};
+        f.proxy->asyncCall("redirect"_s, texts, &listener, "onResponse"_s);
+        f.proxy->asyncCall("getUserId"_s, {}, &listener, "onResponse"_s);
         QTRY_COMPARE(listener.endings.size(), 2);
         QCOMPARE(came, (QVector<QStringList>{texts, {}}));
-        QCOMPARE(listener.endings.first().text, QStringLiteral("text:a,b"));
+        QCOMPARE(listener.endings.first().text, "text:a,b"_s);
     }
 
     // Both answers come with one piece of the stream; the loop inside the first slot still gets the second.
@@ -108,7 +106,7 @@ private Q_SLOTS:
         QByteArray answers;
         f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) {
             answers += wire::replyFrame(head.method, head.sequence, vela::VelaIpcResult());
-            if (f.service->methods.count(QStringLiteral("velaIpcCall")) == 3)
+            if (f.service->methods.count("velaIpcCall"_s) == 3)
                 f.service->send(answers);
         };
         QVERIFY(f.connectNow());
@@ -156,9 +154,9 @@ private Q_SLOTS:
         QFETCH(QString, ending);
         Fixture f;
         f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) {
-            if (ending == QLatin1String("answer"))
+            if (ending == "answer"_s)
                 f.service->answer(head);
-            else if (ending == QLatin1String("refusal"))
+            else if (ending == "refusal"_s)
                 f.service->send(
                     wire::refusalFrame(head.method, head.sequence, wire::Refusal::InternalError, {}));
             else
@@ -170,7 +168,7 @@ private Q_SLOTS:
         int called = 0;
         listener->then = [&] {
             ++called;
-            if (what == QLatin1String("proxy"))
+            if (what == "proxy"_s)
                 f.proxy.reset();
             else
                 delete listener.data();

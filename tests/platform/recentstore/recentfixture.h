@@ -2,7 +2,8 @@
 
 #include "platform/impl/recentstore/recentproxy.h"
 #include "platform/impl/recentstore/xbel/xbelsources.h"
-#include "support/columns.h"
+#include "support/table.h"
+#include "support/temptree.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -10,7 +11,6 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QUrl>
 
 namespace zel::recent::test {
@@ -75,9 +75,8 @@ inline QByteArray contentOf(const QString &path)
 }
 
 /// A home of its own for one store.
-struct Home
+struct Home : zeltest::TempTree
 {
-    QTemporaryDir folder;
     RecentPlaces places{path("data/zelbox/recent.db"_s), path("data/recently-used.xbel"_s), path("var/app"_s),
         {path("tmp"_s)}};
 
@@ -87,7 +86,6 @@ struct Home
         if (!setDesktop(desktop))
             qFatal("the fixture cannot write");
     }
-    QString path(const QString &relative) const { return folder.path() + QLatin1Char('/') + relative; }
     QString sandboxList(const QString &application) const
     {
         return path("var/app/"_s + application + "/data/recently-used.xbel"_s);
@@ -97,6 +95,15 @@ struct Home
         return replaceFile(places.desktopList, listText(bookmarks));
     }
 };
+
+/// Names and kinds in the order given, as "b:8 a:32".
+inline QString textOf(const RecordInfoList &records)
+{
+    const auto text = [](const RecentFileInfo &r) -> QString {
+        return r.displayText + QLatin1Char(':') + QString::number(r.kind);
+    };
+    return zeltest::joined(records, text);
+}
 
 /// A running store and everything that it says.
 struct Store
@@ -117,15 +124,7 @@ struct Store
         proxy.initKind(RecentRecordKind::Roaming);
         return initFinished.wait(timeoutMs);
     }
-    /// Names and kinds in the order shown, as "b:8 a:32".
-    QString shown() const
-    {
-        QStringList texts;
-        const RecordInfoList records = proxy.records();
-        for (const RecentFileInfo &record : records)
-            texts.append(record.displayText + QLatin1Char(':') + QString::number(record.kind));
-        return texts.join(QLatin1Char(' '));
-    }
+    QString shown() const { return textOf(proxy.records()); }
     RecentFileInfo record(const QString &path) const
     {
         const RecordInfoList records = proxy.records();

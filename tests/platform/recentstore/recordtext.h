@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/impl/recentstore/records/recenttypes.h"
-#include "support/columns.h"
+#include "support/table.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -159,7 +159,7 @@ inline RecordInfoList byId(RecordInfoList list)
 /// Begins the table of a merge: what the state and the news lead to. Each call of the result adds a row.
 inline auto newsTable()
 {
-    return columns<QString, QString, QString, QString>("state", "news", "shown", "after");
+    return zeltest::table<QString, QString, QString, QString>("state", "news", "shown", "after");
 }
 
 } // namespace zel::recent::test

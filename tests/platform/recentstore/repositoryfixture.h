@@ -43,13 +43,7 @@ struct Opened
             },
             Durability::Relaxed);
     }
-    QString texts() const
-    {
-        QStringList list;
-        for (const RecentFileInfo &record : visibleRecords(repository.state()))
-            list.append(record.displayText + QLatin1Char(':') + QString::number(record.kind));
-        return list.join(QLatin1Char(' '));
-    }
+    QString texts() const { return textOf(visibleRecords(repository.state())); }
 };
 
 inline XbelEntry entry(const QString &path, qint64 time)

@@ -4,8 +4,6 @@
 #include "platform/impl/recentstore/xbel/xbelwatcher.h"
 #include "platform/impl/recentstore/xbel/xbelwriter.h"
 
-#include "base/paths.h"
-
 #include <QTest>
 
 using namespace zel::recent;
@@ -293,10 +291,7 @@ QString notesAroundTheApplicationsEnd(int &argc, char **argv)
     if (KRecentFileProxy::instance())
         return "not stopped"_s;
     RecentRepository repository(RecentPlaces::fromEnvironment().database, [](const QString &) {});
-    QStringList names;
-    for (const RecentFileInfo &record : repository.open())
-        names.append(record.displayText);
-    return names.join(QLatin1Char(' '));
+    return zeltest::joined(repository.open(), &RecentFileInfo::displayText);
 }
 
 QStringList warnings;

@@ -1,6 +1,7 @@
 #include "kliteskin.h"
 #include "krt/krt.h"
 #include "support/boxmain.h"
+#include "support/text.h"
 
 #include <QFile>
 #include <QIcon>
@@ -18,16 +19,15 @@ private Q_SLOTS:
     {
         QTemporaryDir empty;
         KLitOfficeInfo info;
-        info.resourceDirs =
-            QStringList{empty.path(), krt::dirs::office() + QStringLiteral("/res/2019zelbox")};
-        info.skinDescription = info.resourceDirs.constLast() + QStringLiteral("/zelbox.kuip");
+        info.resourceDirs = QStringList{empty.path(), krt::dirs::office() + "/res/2019zelbox"_s};
+        info.skinDescription = info.resourceDirs.constLast() + "/zelbox.kuip"_s;
         KLiteSkin::setOfficeInfo(info);
         KLiteSkin::setDefaultBaseSkinInfo({QString(), QString(), QString()}); // the description completes it
         QCOMPARE(KLiteSkin::defaultBaseSkinInfo().skinName, KLiteSkinInfo().skinName);
-        QVERIFY(QFile::exists(QStringLiteral(":/icons_svg/16x16/zelbox_share.svg")));
-        QVERIFY(!QIcon(QStringLiteral(":/icons_svg/nav_recent.svg")).pixmap(24).isNull());
+        QVERIFY(QFile::exists(":/icons_svg/16x16/zelbox_share.svg"_s));
+        QVERIFY(!QIcon(":/icons_svg/nav_recent.svg"_s).pixmap(24).isNull());
 
-        QImageReader icon(QStringLiteral(":/icons/zelbox.ico"));
+        QImageReader icon(":/icons/zelbox.ico"_s);
         QSet<int> sides;
         do {
             const QImage image = icon.read();
@@ -38,7 +38,7 @@ private Q_SLOTS:
 
         KLiteSkin::setDefaultBaseSkinInfo({}); // again: replaces
         krt::clear();
-        QVERIFY(!QFile::exists(QStringLiteral(":/icons/zelbox.ico")));
+        QVERIFY(!QFile::exists(":/icons/zelbox.ico"_s));
     }
 };
 

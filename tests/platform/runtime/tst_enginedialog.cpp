@@ -22,8 +22,8 @@ QPushButton *button(QWidget &dialog, const QString &text)
     return nullptr;
 }
 
-const QString Cancel = QStringLiteral("Cancel");
-const QString GoOn = QStringLiteral("Continue without");
+const QString Cancel = "Cancel"_s;
+const QString GoOn = "Continue without"_s;
 
 } // namespace
 
@@ -36,35 +36,25 @@ private Q_SLOTS:
 
     void endings_data()
     {
-        const auto row = zeltest::table<KxCefEngine::State, Act, int>("first", "act", "result");
+        const auto row = zeltest::table<KxCefEngine::State, int, Act>("first", "result", "act");
         const auto engine = [](KxCefEngine::State state) {
             return [state](KCefLoadingProgressDlg &) { KxCefEngine::instance()->setState(state); };
         };
-        row("becomes ready", KxCefEngine::Loading, engine(KxCefEngine::Ready), QDialog::Accepted);
-        row(
-            "was ready before", KxCefEngine::Ready, [](KCefLoadingProgressDlg &) {}, QDialog::Accepted);
-        row(
-            "Cancel clicked", KxCefEngine::Loading,
-            [](KCefLoadingProgressDlg &d) { QTest::mouseClick(button(d, Cancel), Qt::LeftButton); },
-            QDialog::Rejected);
-        row(
-            "missing, goes on without", KxCefEngine::Missing,
-            [](KCefLoadingProgressDlg &d) { QTest::mouseClick(button(d, GoOn), Qt::LeftButton); },
-            QDialog::Accepted);
-        row(
-            "fails, Return", KxCefEngine::Loading,
-            [](KCefLoadingProgressDlg &d) {
-                KxCefEngine::instance()->setState(KxCefEngine::Failed);
-                QTest::keyClick(&d, Qt::Key_Return);
-            },
-            QDialog::Accepted);
-        row(
-            "fails, loads again, ready", KxCefEngine::Failed,
-            [](KCefLoadingProgressDlg &) {
-                KxCefEngine::instance()->setState(KxCefEngine::Loading);
-                KxCefEngine::instance()->setState(KxCefEngine::Ready);
-            },
-            QDialog::Accepted);
+        using Engine = KxCefEngine;
+        row("becomes ready", Engine::Loading, QDialog::Accepted, engine(Engine::Ready));
+        row("was ready before", Engine::Ready, QDialog::Accepted, [](KCefLoadingProgressDlg &) {});
+        row("Cancel clicked", Engine::Loading, QDialog::Rejected,
+            [](KCefLoadingProgressDlg &d) { QTest::mouseClick(button(d, Cancel), Qt::LeftButton); });
+        row("missing, goes on without", Engine::Missing, QDialog::Accepted,
+            [](KCefLoadingProgressDlg &d) { QTest::mouseClick(button(d, GoOn), Qt::LeftButton); });
+        row("fails, Return", Engine::Loading, QDialog::Accepted, [=](KCefLoadingProgressDlg &d) {
+            engine(Engine::Failed)(d);
+            QTest::keyClick(&d, Qt::Key_Return);
+        });
+        row("fails, loads again, ready", Engine::Failed, QDialog::Accepted, [=](KCefLoadingProgressDlg &d) {
+            engine(Engine::Loading)(d);
+            engine(Engine::Ready)(d);
+        });
     }
     void endings()
     {

@@ -79,12 +79,12 @@ private Q_SLOTS:
         QVERIFY(red.save(folder.path("red.png")));
 
         auto *provider = KFileIconProvider::instance();
-        QCOMPARE(mainColor(provider->icon(QStringLiteral("a.pdf"))), familyColor("pdf"));
+        QCOMPARE(mainColor(provider->icon("a.pdf"_s)), familyColor("pdf"));
         QTest::ignoreMessage(QtWarningMsg, "icon set: no picture for suffix odt");
         QCOMPARE(provider->initIconItems(folder.path()), 2);
-        QCOMPARE(mainColor(provider->icon(QStringLiteral("a.pdf"))), QColor(Qt::red).rgba());
-        QCOMPARE(mainColor(provider->icon(QStringLiteral("a.ods"))), familyColor("sheet"));
-        QCOMPARE(mainColor(provider->icon(QStringLiteral("a.odt"))), familyColor("document"));
+        QCOMPARE(mainColor(provider->icon("a.pdf"_s)), QColor(Qt::red).rgba());
+        QCOMPARE(mainColor(provider->icon("a.ods"_s)), familyColor("sheet"));
+        QCOMPARE(mainColor(provider->icon("a.odt"_s)), familyColor("document"));
     }
 };
 

@@ -4,7 +4,6 @@
 
 #include <QElapsedTimer>
 #include <QSemaphore>
-#include <QSignalSpy>
 #include <QtTest>
 
 using Outcome = KFileTrash::Outcome;
@@ -37,7 +36,7 @@ private Q_SLOTS:
         QSignalSpy restored(trash, &KFileTrash::restored);
         trash->trash(path);
         trash->trash(path); // by then it is gone
-        trash->trash(QStringLiteral("/"));
+        trash->trash("/"_s);
         QCOMPARE(trashed.count(), 0); // never from inside the call
         QTRY_COMPARE(trashed.count(), 3);
         const auto outcome = [](const QList<QVariant> &arguments) {
@@ -50,7 +49,7 @@ private Q_SLOTS:
         const QString id = trashed.at(0).at(1).toString();
 
         trash->restore(id);
-        trash->restore(QStringLiteral("/etc/passwd"));
+        trash->restore("/etc/passwd"_s);
         QTRY_COMPARE(restored.count(), 2);
         QCOMPARE(restored.at(0).at(1).toString(), path);
         QCOMPARE(outcome(restored.at(0)), Outcome::Done);
@@ -111,7 +110,7 @@ private Q_SLOTS:
         for (int n = 0; n < 3; ++n)
             queue.add(hangs, note);
         QVERIFY(answered(works)); // with so many that hang, nothing is begun
-        QCOMPARE(answers, QStringLiteral("ffff"));
+        QCOMPARE(answers, "ffff"_s);
         gate->release(4);
         QVERIFY(back->tryAcquire(4, 20000));
         // They have come back, so it goes on; what they say now is not told.

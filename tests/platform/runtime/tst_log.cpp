@@ -36,13 +36,12 @@ QList<QByteArray> linesOf(const QString &path)
 
 QString logPath()
 {
-    return zel::paths::stateDir() + QStringLiteral("/logtest.log");
+    return zel::paths::stateDir() + "/logtest.log"_s;
 }
 
 void initRuntime()
 {
-    krt::init(QStringLiteral("Halvorn"), QStringLiteral("Office"), QStringLiteral("6.0"),
-        QStringLiteral("logtest"));
+    krt::init("Halvorn"_s, "Office"_s, "6.0"_s, "logtest"_s);
 }
 
 QStringList g_seenByHost;
@@ -76,10 +75,10 @@ private Q_SLOTS:
     {
         const auto row = zeltest::table<QString, QByteArray>("text", "tail");
         row("forged line", "a\n2024-01-01 W c: b\r", "c: a\\n2024-01-01 W c: b\\x0d");
-        row("terminal escape, C1, line separator", QStringLiteral("\x1b[2J") + QChar(0x85) + QChar(0x2028),
+        row("terminal escape, C1, line separator", "\x1b[2J"_s + QChar(0x85) + QChar(0x2028),
             "c: \\x1b[2J\\x85\\x2028");
         // The cut may not fall between the halves of a character.
-        row("overlong", QString(8191, QLatin1Char('x')) + QStringLiteral("😀😀"),
+        row("overlong", QString(8191, QLatin1Char('x')) + "😀😀"_s,
             QByteArray("c: ") + QByteArray(8191, 'x') + "…");
     }
     void lineFormat()
@@ -104,7 +103,7 @@ private Q_SLOTS:
         KxLoggerLite::writeInfo(L"after");
         qInstallMessageHandler(earlier);
 
-        QCOMPARE(g_seenByHost, QStringList({QStringLiteral("before"), QStringLiteral("after")}));
+        QCOMPARE(g_seenByHost, QStringList({"before"_s, "after"_s}));
         const QList<QByteArray> lines = linesOf(logPath());
         QCOMPARE(lines.size(), 2);
         QVERIFY2(lines.at(0).endsWith(" I zel.trace: 文 kept"), lines.at(0).constData());
@@ -115,7 +114,7 @@ private Q_SLOTS:
     void unusableLogFile()
     {
         QVERIFY(QDir().mkpath(logPath())); // a folder in its place
-        QFile captured(m_folder->filePath(QStringLiteral("stderr")));
+        QFile captured(m_folder->filePath("stderr"_s));
         QVERIFY(captured.open(QIODevice::ReadWrite));
         const int realStderr = ::dup(STDERR_FILENO);
         ::dup2(captured.handle(), STDERR_FILENO);
@@ -142,7 +141,7 @@ private Q_SLOTS:
         QFETCH(int, files);
         constexpr int Threads = 6;
         constexpr int Lines = 1000;
-        const QString path = m_folder->filePath(QStringLiteral("shared.log"));
+        const QString path = m_folder->filePath("shared.log"_s);
         std::atomic_int failures = 0;
         RotatingFile first(path, limit);
         RotatingFile second(path, limit);
@@ -159,8 +158,7 @@ private Q_SLOTS:
             writer.join();
         QCOMPARE(failures.load(), 0);
 
-        const QStringList found =
-            QDir(m_folder->path()).entryList({QStringLiteral("shared.log*")}, QDir::Files);
+        const QStringList found = QDir(m_folder->path()).entryList({"shared.log*"_s}, QDir::Files);
         QCOMPARE(found.size(), files);
         QSet<QByteArray> distinct;
         int total = 0;
@@ -178,7 +176,7 @@ private Q_SLOTS:
 
     void removedFileComesBack()
     {
-        const QString path = m_folder->filePath(QStringLiteral("gone.log"));
+        const QString path = m_folder->filePath("gone.log"_s);
         RotatingFile file(path);
         QVERIFY(file.append("one"));
         QVERIFY(QFile::remove(path));
@@ -188,19 +186,19 @@ private Q_SLOTS:
 
     void telemetryOnlyWhenSwitchedOn()
     {
-        const QString path = zel::paths::stateDir() + QStringLiteral("/telemetry.jsonl");
-        const QString name = QStringLiteral("zelbox_mainbox_recent_filelist_click");
+        const QString path = zel::paths::stateDir() + "/telemetry.jsonl"_s;
+        const QString name = "zelbox_mainbox_recent_filelist_click"_s;
         KDcInfoC::postGeneralEvent(name);
         QVERIFY(!QFile::exists(path));
 
         KDcInfoC::setEnabled(true);
-        KDcInfoC::postGeneralEvent(name, {{QStringLiteral("from\n"), QStringLiteral("\"文\"")}});
+        KDcInfoC::postGeneralEvent(name, {{"from\n"_s, "\"文\""_s}});
         const QList<QByteArray> lines = linesOf(path);
         QCOMPARE(lines.size(), 1);
         const QJsonObject event = QJsonDocument::fromJson(lines.constFirst()).object();
-        QCOMPARE(event.value(QStringLiteral("event")).toString(), name);
-        const QJsonObject expected{{QStringLiteral("from\n"), QStringLiteral("\"文\"")}};
-        QCOMPARE(event.value(QStringLiteral("parameters")).toObject(), expected);
+        QCOMPARE(event.value("event"_s).toString(), name);
+        const QJsonObject expected{{"from\n"_s, "\"文\""_s}};
+        QCOMPARE(event.value("parameters"_s).toObject(), expected);
         QCOMPARE(QFile::permissions(path) & 0x0077, QFile::Permissions());
 
         KDcInfoC::setEnabled(false);

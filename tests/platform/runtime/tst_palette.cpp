@@ -118,7 +118,7 @@ private:
     static void verify(const QColor &color, const QColor &ground, double least, int role, int groundRole)
     {
         const double ratio = contrast(color, ground);
-        const QString message = QStringLiteral("%1 (%2) on %3 (%4): %5");
+        const QString message = "%1 (%2) on %3 (%4): %5"_s;
         QVERIFY2(ratio >= least,
             qPrintable(message.arg(color.name()).arg(role).arg(ground.name()).arg(groundRole).arg(ratio)));
     }

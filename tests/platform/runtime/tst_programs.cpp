@@ -4,7 +4,6 @@
 #include "support/table.h"
 #include "support/temptree.h"
 
-#include <QSignalSpy>
 #include <QUrl>
 #include <QtTest>
 
@@ -48,7 +47,7 @@ private Q_SLOTS:
     void findPrograms_data()
     {
         const auto row = zeltest::table<QString, QStringList>("name", "ids");
-        const QStringList forTexts{QStringLiteral("editor.desktop"), QStringLiteral("viewer.desktop")};
+        const QStringList forTexts{"editor.desktop"_s, "viewer.desktop"_s};
         row("default first", "letter ü&%1.txt", forTexts);
         row("type by content", "README", forTexts);
         row("for a wider type", "code.cpp", forTexts);
@@ -66,15 +65,11 @@ private Q_SLOTS:
         QTRY_COMPARE(found.count(), 1);
         QCOMPARE(found.constFirst().at(0).toString(), m_data.path(name));
         const auto programs = found.constFirst().at(1).value<KProgramList>();
-        QStringList foundIds;
-        for (const KProgram &program : programs)
-            foundIds.append(program.id);
-        QCOMPARE(foundIds, ids);
+        QCOMPARE(zeltest::joined(programs, &KProgram::id), ids.join(QLatin1Char(' ')));
         if (ids.isEmpty())
             return;
-        const KProgram editor{
-            ids.at(0), QStringLiteral("Program editor"), QStringLiteral("/pictures/edit.png"), true};
-        const KProgram viewer{ids.at(1), QStringLiteral("Program viewer"), QStringLiteral("view"), false};
+        const KProgram editor{ids.at(0), "Program editor"_s, "/pictures/edit.png"_s, true};
+        const KProgram viewer{ids.at(1), "Program viewer"_s, "view"_s, false};
         QCOMPARE(programs, KProgramList({editor, viewer}));
     }
 
@@ -95,7 +90,7 @@ private Q_SLOTS:
     void openWith_data()
     {
         const auto row = zeltest::table<QString, QString, Outcome>("name", "id", "outcome");
-        const QString text = QStringLiteral("letter ü&%1.txt");
+        const QString text = "letter ü&%1.txt"_s;
         row("started", text, "viewer.desktop", Outcome::Opened);
         row("takes several", text, "editor.desktop", Outcome::Opened);
         row("unknown program", text, "other.desktop", Outcome::NoProgram);
@@ -122,13 +117,13 @@ private Q_SLOTS:
         const QString document = ran.section(QLatin1Char('|'), 0, 0);
         const QUrl address(document);
         QCOMPARE(address.isLocalFile() ? address.toLocalFile() : document, m_data.path(name));
-        QVERIFY(!ran.endsWith(QLatin1String("of the box")));
+        QVERIFY(!ran.endsWith("of the box"_s));
     }
 
 private:
     void writeEntry(const QByteArray &name, const QByteArray &exec, const QByteArray &more) const
     {
-        m_data.write(QStringLiteral("applications/%1.desktop").arg(QLatin1String(name)),
+        m_data.write("applications/%1.desktop"_s.arg(QLatin1String(name)),
             "[Desktop Entry]\nType=Application\nName=Program " + name + "\nExec=" + exec + '\n' + more);
     }
 

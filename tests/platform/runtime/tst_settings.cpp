@@ -13,7 +13,7 @@ namespace {
 
 QStringList keptAside()
 {
-    return QDir(zel::paths::settingsDir()).entryList({QStringLiteral("zelbox.conf.damaged-*")});
+    return QDir(zel::paths::settingsDir()).entryList({"zelbox.conf.damaged-*"_s});
 }
 
 } // namespace
@@ -57,28 +57,28 @@ private Q_SLOTS:
         QFETCH(bool, damaged);
         QFETCH(bool, writable);
         const QString path = KSettings::filePath();
-        if (kind == QLatin1String("file") || kind == QLatin1String("locked"))
+        if (kind == "file"_s || kind == "locked"_s)
             m_folder->write(path, content);
-        if (kind == QLatin1String("locked"))
+        if (kind == "locked"_s)
             QVERIFY(QFile::setPermissions(path, {}));
-        if (kind == QLatin1String("folder"))
+        if (kind == "folder"_s)
             QVERIFY(QDir().mkpath(path));
-        if (kind == QLatin1String("FIFO"))
+        if (kind == "FIFO"_s)
             QCOMPARE(::mkfifo(QFile::encodeName(path).constData(), 0600), 0);
-        if (kind == QLatin1String("link"))
+        if (kind == "link"_s)
             m_folder->link(path, path);
 
         KSettings settings;
-        settings.beginGroup(QStringLiteral("plugins"));
-        settings.beginGroup(QStringLiteral("zelbox"));
-        QTEST(settings.value(QStringLiteral("number"), 0).toInt(), "value");
+        settings.beginGroup("plugins"_s);
+        settings.beginGroup("zelbox"_s);
+        QTEST(settings.value("number"_s, 0).toInt(), "value");
         QCOMPARE(keptAside().size(), damaged ? 1 : 0);
         if (damaged)
             QCOMPARE(m_folder->read(zel::paths::settingsDir() + QLatin1Char('/') + keptAside().constFirst()),
                 content);
 
-        settings.setValue(QStringLiteral("number"), 9);
-        QCOMPARE(settings.value(QStringLiteral("number")).toInt(), 9);
+        settings.setValue("number"_s, 9);
+        QCOMPARE(settings.value("number"_s).toInt(), 9);
         QCOMPARE(settings.sync(), writable);
         if (writable)
             QCOMPARE(QFile::permissions(KSettings::filePath()) & 0x0077, QFile::Permissions());
@@ -86,23 +86,23 @@ private Q_SLOTS:
 
     void valuesSurviveARestart()
     {
-        const QString key = QStringLiteral("HKEY_CURRENT_USER\\SOFTWARE\\Halvorn\\文档 ü=[x]");
-        const QString text = QStringLiteral("值\n\"quoted\"; [no section] \\ end");
+        const QString key = "HKEY_CURRENT_USER\\SOFTWARE\\Halvorn\\文档 ü=[x]"_s;
+        const QString text = "值\n\"quoted\"; [no section] \\ end"_s;
         {
             KSettings settings;
             settings.setValue(key, text);
-            settings.beginGroup(QStringLiteral("a\\b"));
-            settings.setValue(QStringLiteral("c"), QStringList{QStringLiteral("x, y"), QString()});
+            settings.beginGroup("a\\b"_s);
+            settings.setValue("c"_s, QStringList{"x, y"_s, QString()});
         }
         zel::platform::releaseSettingsStore();
         KSettings settings;
         QCOMPARE(keptAside(), QStringList());
         QCOMPARE(settings.value(key).toString(), text);
         QCOMPARE(settings.value(QString(key).replace(QLatin1Char('\\'), QLatin1Char('/'))).toString(), text);
-        QCOMPARE(settings.value(QStringLiteral("a/b/c")).toStringList().size(), 2);
-        settings.beginGroup(QStringLiteral("a"));
-        settings.remove(QStringLiteral("b"));
-        QVERIFY(!settings.contains(QStringLiteral("b\\c")));
+        QCOMPARE(settings.value("a/b/c"_s).toStringList().size(), 2);
+        settings.beginGroup("a"_s);
+        settings.remove("b"_s);
+        QVERIFY(!settings.contains("b\\c"_s));
     }
 
 private:

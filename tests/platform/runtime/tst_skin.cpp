@@ -10,7 +10,6 @@
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusVariant>
-#include <QSignalSpy>
 #include <QToolTip>
 #include <QtTest>
 
@@ -26,12 +25,12 @@ namespace {
 
 QString appearance()
 {
-    return QStringLiteral("org.freedesktop.appearance");
+    return "org.freedesktop.appearance"_s;
 }
 
 QString gnome()
 {
-    return QStringLiteral("org.gnome.desktop.interface");
+    return "org.gnome.desktop.interface"_s;
 }
 
 } // namespace
@@ -42,13 +41,13 @@ class FakePortal : public QObject
     Q_OBJECT
     Q_CLASSINFO("D-Bus Interface", "org.freedesktop.portal.Settings")
 public:
-    PortalSettings settings{{appearance(), {{QStringLiteral("color-scheme"), 1U}}}};
+    PortalSettings settings{{appearance(), {{"color-scheme"_s, 1U}}}};
     int reads = 0;
 
     void change(const QString &group, const char *key, const QVariant &value)
     {
-        auto signal = QDBusMessage::createSignal(QStringLiteral("/org/freedesktop/portal/desktop"),
-            QStringLiteral("org.freedesktop.portal.Settings"), QStringLiteral("SettingChanged"));
+        auto signal = QDBusMessage::createSignal(
+            "/org/freedesktop/portal/desktop"_s, "org.freedesktop.portal.Settings"_s, "SettingChanged"_s);
         signal << group << QLatin1String(key) << QVariant::fromValue(QDBusVariant(value));
         PrivateBus::desktop().send(signal);
     }
@@ -140,15 +139,15 @@ private Q_SLOTS:
         KSkin::setTheme(KSkin::Theme::Auto);
         QApplication::setPalette(KLiteStyle::palette(false));
         KSettings settings;
-        settings.beginGroup(QStringLiteral("plugins"));
-        settings.beginGroup(QStringLiteral("zelbox"));
-        settings.beginGroup(QStringLiteral("desktopLook"));
-        settings.setValue(QStringLiteral("dark"), true);
-        settings.setValue(QStringLiteral("textScale"), QStringLiteral("nan"));
+        settings.beginGroup("plugins"_s);
+        settings.beginGroup("zelbox"_s);
+        settings.beginGroup("desktopLook"_s);
+        settings.setValue("dark"_s, true);
+        settings.setValue("textScale"_s, "nan"_s);
         zel::platform::SkinState::instance().adoptPlatformPalette();
         QVERIFY(KSkin::isDark());
         QCOMPARE(KSkin::textScale(), 1.0);
-        settings.remove(QStringLiteral("dark"));
+        settings.remove("dark"_s);
         QApplication::setPalette(KLiteStyle::palette(false));
         zel::platform::SkinState::instance().adoptPlatformPalette();
         QVERIFY(!KSkin::isDark());
@@ -156,7 +155,7 @@ private Q_SLOTS:
 
     void choices_data()
     {
-        const QString kde = QStringLiteral("org.kde.kdeglobals.KDE");
+        const QString kde = "org.kde.kdeglobals.KDE"_s;
         const auto one = [](const QString &group, const char *key, const QVariant &value) {
             return PortalSettings{{group, {{QLatin1String(key), value}}}};
         };
@@ -164,14 +163,13 @@ private Q_SLOTS:
         row("nothing said", PortalSettings(), DesktopChoices());
         row("a scheme of the future", one(appearance(), "color-scheme", 7U), DesktopChoices());
         row("contrast by the accessibility group",
-            one(QStringLiteral("org.gnome.desktop.a11y.interface"), "high-contrast", true),
+            one("org.gnome.desktop.a11y.interface"_s, "high-contrast", true),
             DesktopChoices{{}, true, true, 1});
-        row("motion off as text", one(kde, "AnimationDurationFactor", QStringLiteral("0")),
+        row("motion off as text", one(kde, "AnimationDurationFactor", "0"_s),
             DesktopChoices{{}, false, false, 1});
         row("motion fast", one(kde, "AnimationDurationFactor", 0.25), DesktopChoices());
         row("motion of the wrong type", one(gnome(), "enable-animations", QStringList()), DesktopChoices());
-        row("contrast of the wrong type",
-            one(QStringLiteral("org.gnome.desktop.a11y.interface"), "high-contrast", QStringLiteral("no")),
+        row("contrast of the wrong type", one("org.gnome.desktop.a11y.interface"_s, "high-contrast", "no"_s),
             DesktopChoices());
         row("scale out of range", one(gnome(), "text-scaling-factor", 40.0),
             DesktopChoices{{}, false, true, 3});
@@ -204,8 +202,7 @@ private Q_SLOTS:
         QCOMPARE(QApplication::palette().color(QPalette::Base), KSkin::color(Color::Surface, true));
         QCOMPARE(QToolTip::palette().color(QPalette::ToolTipBase),
             KLiteStyle::palette(true).color(QPalette::ToolTipBase));
-        QCOMPARE(
-            KSettings().value(QStringLiteral("plugins/zelbox/theme")).toString(), QStringLiteral("dark"));
+        QCOMPARE(KSettings().value("plugins/zelbox/theme"_s).toString(), "dark"_s);
         KSkin::setTheme(KSkin::Theme::Dark);
         QCOMPARE(oneTold.count(), 1);
     }
@@ -215,8 +212,8 @@ private:
     {
         QDBusConnection desktop = PrivateBus::desktop();
         QVERIFY(desktop.registerObject(
-            QStringLiteral("/org/freedesktop/portal/desktop"), &portal, QDBusConnection::ExportAllSlots));
-        QVERIFY(desktop.registerService(QStringLiteral("org.freedesktop.portal.Desktop")));
+            "/org/freedesktop/portal/desktop"_s, &portal, QDBusConnection::ExportAllSlots));
+        QVERIFY(desktop.registerService("org.freedesktop.portal.Desktop"_s));
     }
 
     PrivateBus m_bus;

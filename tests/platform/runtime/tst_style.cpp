@@ -7,11 +7,9 @@
 
 #include <QAbstractEventDispatcher>
 #include <QHBoxLayout>
-#include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
-#include <QSignalSpy>
 #include <QStyleOptionSlider>
 #include <QtTest>
 
@@ -105,8 +103,8 @@ private Q_SLOTS:
     {
         QWidget window;
         auto *row = new QHBoxLayout(&window);
-        auto *first = new QPushButton(QStringLiteral("x"));
-        auto *second = new QPushButton(QStringLiteral("y"));
+        auto *first = new QPushButton("x"_s);
+        auto *second = new QPushButton("y"_s);
         row->addWidget(first);
         row->addWidget(second);
         window.show();
@@ -124,8 +122,8 @@ private Q_SLOTS:
 
     void defaultButtonStandsOut()
     {
-        QPushButton plain(QStringLiteral("Cancel"));
-        QPushButton primary(QStringLiteral("OK"));
+        QPushButton plain("Cancel"_s);
+        QPushButton primary("OK"_s);
         primary.setDefault(true);
         for (const bool dark : {false, true}) {
             KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);

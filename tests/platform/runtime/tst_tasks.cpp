@@ -3,7 +3,6 @@
 #include "support/table.h"
 
 #include <QSemaphore>
-#include <QSignalSpy>
 #include <QThread>
 #include <QtTest>
 
@@ -83,7 +82,6 @@ private Q_SLOTS:
     void endsExactlyOnce()
     {
         QFETCH(Ending, how);
-        QFETCH(bool, runs);
         const bool queued = how == CancelQueued || how == SchedulerDiesQueued;
         auto scheduler = std::make_unique<KAsyncScheduler>();
         std::unique_ptr<Plug> plug(queued ? new Plug(*scheduler) : nullptr);
@@ -118,7 +116,7 @@ private Q_SLOTS:
         QCOMPARE(finishedOn, QThread::currentThread());
         // A queued task may have been taken up between the plug and the end of the scheduler.
         if (how != SchedulerDiesQueued)
-            QCOMPARE(ran.load(), runs);
+            QTEST(ran.load(), "runs");
     }
 
     void parentDiesWhileTheTaskRuns()
@@ -169,14 +167,14 @@ private Q_SLOTS:
     {
         KThreadTiming timing;
         QSignalSpy done(&timing, &KThreadTiming::threadTiming);
-        timing.endJob(QStringLiteral("never begun"));
-        timing.beginJob(QStringLiteral("a"));
-        timing.beginJob(QStringLiteral("a"));
-        timing.beginJob(QStringLiteral("b"));
-        timing.endJob(QStringLiteral("a"));
+        timing.endJob("never begun"_s);
+        timing.beginJob("a"_s);
+        timing.beginJob("a"_s);
+        timing.beginJob("b"_s);
+        timing.endJob("a"_s);
         QVERIFY(!timing.isThreadTimingFinished());
         QCOMPARE(done.count(), 0);
-        timing.endJob(QStringLiteral("b"));
+        timing.endJob("b"_s);
         QVERIFY(timing.isThreadTimingFinished());
         QCOMPARE(done.count(), 1);
     }

@@ -2,8 +2,8 @@
 #include "klitestyle.h"
 #include "kskin.h"
 #include "skinstate.h"
+#include "support/text.h"
 
-#include <QSignalSpy>
 #include <QtEndian>
 #include <QtTest>
 
@@ -93,8 +93,7 @@ private:
 int main(int argc, char **argv)
 {
     SettingsManager manager;
-    KCoreApplication app(
-        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
+    KCoreApplication app(argc, argv, "zelbox"_s, "Office"_s, "6.0"_s);
     TextScaleTest test(manager);
     return QTest::qExec(&test, argc, argv);
 }

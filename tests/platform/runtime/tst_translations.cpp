@@ -13,7 +13,7 @@ using krt::KAppTranslators;
 
 namespace {
 
-const QString Name = QStringLiteral("runtimetest");
+const QString Name = "runtimetest"_s;
 
 QString text()
 {
@@ -22,15 +22,14 @@ QString text()
 
 void chooseLanguage(const QString &language)
 {
-    KSettings().setValue(QStringLiteral("plugins/zelbox/language"), language);
+    KSettings().setValue("plugins/zelbox/language"_s, language);
 }
 
 void putCatalogue(const QString &locale)
 {
-    const QString folder = krt::dirs::officeHome() + QStringLiteral("/mui/") + locale;
+    const QString folder = krt::dirs::officeHome() + "/mui/"_s + locale;
     QVERIFY(QDir().mkpath(folder));
-    QVERIFY(QFile::copy(
-        QStringLiteral(TEST_CATALOGUE), folder + QLatin1Char('/') + Name + QStringLiteral(".qm")));
+    QVERIFY(QFile::copy(QStringLiteral(TEST_CATALOGUE), folder + QLatin1Char('/') + Name + ".qm"_s));
 }
 
 } // namespace
@@ -65,19 +64,19 @@ private Q_SLOTS:
         chooseLanguage(language);
         putCatalogue(folder);
         QCOMPARE(KAppTranslators::installTranslation(Name), found);
-        QCOMPARE(text(), found ? QStringLiteral("Guten Tag") : QStringLiteral("Hello"));
+        QCOMPARE(text(), found ? "Guten Tag"_s : "Hello"_s);
         KAppTranslators::uninstallTranslation(Name);
-        QCOMPARE(text(), QStringLiteral("Hello"));
+        QCOMPARE(text(), "Hello"_s);
     }
 
     void damagedCatalogueIsPassedOver()
     {
-        chooseLanguage(QStringLiteral("de_DE"));
-        putCatalogue(QStringLiteral("de"));
+        chooseLanguage("de_DE"_s);
+        putCatalogue("de"_s);
         zeltest::TempTree().write(
-            krt::dirs::officeHome() + QStringLiteral("/mui/de_DE/%1.qm").arg(Name), "not a catalogue");
+            krt::dirs::officeHome() + "/mui/de_DE/%1.qm"_s.arg(Name), "not a catalogue");
         QVERIFY(KAppTranslators::installTranslation(Name));
-        QCOMPARE(text(), QStringLiteral("Guten Tag"));
+        QCOMPARE(text(), "Guten Tag"_s);
     }
 };
 
@@ -86,8 +85,8 @@ static void uninstallAfterTheApplication(int argc, char **argv)
 {
     {
         QCoreApplication app(argc, argv);
-        chooseLanguage(QStringLiteral("de"));
-        putCatalogue(QStringLiteral("de"));
+        chooseLanguage("de"_s);
+        putCatalogue("de"_s);
         KAppTranslators::installTranslation(Name);
     }
     KAppTranslators::uninstallTranslation(Name);

@@ -98,10 +98,7 @@ public:
 
     static QString names(const std::vector<zel::vela::CloudItem> &items)
     {
-        QStringList texts;
-        for (const zel::vela::CloudItem &item : items)
-            texts.append(QString::fromStdString(item.name));
-        return texts.join(QLatin1Char(' '));
+        return zeltest::joined(items, &zel::vela::CloudItem::name);
     }
     zel::vela::GetInfoListResult list(const zel::vela::GetInfoListArg &request = {})
     {
@@ -117,6 +114,12 @@ public:
     {
         using namespace zel::vela;
         return client.call<GetRecycleBinListResult>("getRecycleBinList", GetRecycleBinListArg()).items;
+    }
+    zel::vela::RecoverRecyclesResult recover(const std::vector<std::string> &ids)
+    {
+        zel::vela::RecoverRecyclesArg request;
+        request.recycleIds = ids;
+        return client.call<zel::vela::RecoverRecyclesResult>("recoverRecycles", request);
     }
     zel::vela::CloudItemId idOf(const char *path)
     {

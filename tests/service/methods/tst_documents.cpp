@@ -1,10 +1,7 @@
 #include "methodclient.h"
 #include "notify_types.h"
 #include "service/methods/clouddocuments.h"
-
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include "support/temptree.h"
 
 using namespace zel;
 using namespace zel::vela;
@@ -13,23 +10,14 @@ namespace {
 
 struct Service
 {
-    QTemporaryDir place;
+    zeltest::TempTree place;
     MethodClient client;
     service::ServiceHooks hooks;
-    service::CloudDatabase database{place.filePath("cloud.db"_s)};
-    service::CloudDocuments documents{{place.filePath("Drive"_s), place.filePath("drive.db"_s)}, database,
-        client.methods, client, hooks, nullptr, [] {
+    service::CloudDatabase database{place.path("cloud.db")};
+    service::CloudDocuments documents{
+        {place.path("Drive"), place.path("drive.db")}, database, client.methods, client, hooks, nullptr, [] {
             return service::Identity{"u1"_s, {}, "this"_s, {}};
         }};
-
-    QString write(const char *path)
-    {
-        QFile file(place.filePath(QLatin1String(path)));
-        QDir().mkpath(QFileInfo(file).path());
-        if (!file.open(QIODevice::WriteOnly))
-            qFatal("cannot write");
-        return file.fileName();
-    }
 };
 
 } // namespace
@@ -45,7 +33,7 @@ private Q_SLOTS:
     void recordFollowsItsFile()
     {
         Service service;
-        const QString file = service.write("Drive/a.odt");
+        const QString file = service.place.write("Drive/a.odt");
         GetFileIdByFilePathArg path;
         path.filePath = file.toStdString();
         const auto item = service.client.call<GetFileIdByFilePathResult>("getFileIdByFilePath", path);

@@ -6,7 +6,7 @@
 #include "notify_types.h"
 #include "service/dispatch/methodtable.h"
 #include "service/server/cloudserver.h"
-#include "support/columns.h"
+#include "support/table.h"
 #include "support/wireclient.h"
 
 #include <QTemporaryDir>

@@ -1,6 +1,5 @@
 #include "service/server/sessionfixture.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 using namespace std::chrono_literals;

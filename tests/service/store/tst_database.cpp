@@ -1,10 +1,9 @@
 #include "service/store/clouddatabase.h"
 #include "service/store/servicetables.h"
-#include "support/columns.h"
+#include "support/table.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
 #include <sys/stat.h>
@@ -57,7 +56,7 @@ private Q_SLOTS:
 
     void unusableFile_data()
     {
-        const auto row = columns<QString>("damage");
+        const auto row = zeltest::table<QString>("damage");
         row("another format", "text");
         row("zeroed header", "header");
         row("a page in the middle overwritten", "page");
@@ -171,7 +170,13 @@ private:
         CloudDatabase database;
         ServiceTables tables;
     };
-    void write(const QByteArray &bytes) const;
+    void write(const QByteArray &bytes) const
+    {
+        QFile file(m_file);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        QCOMPARE(file.write(bytes), bytes.size());
+    }
+
     void fill() const; // with enough rows that a page in the middle belongs to them
     QStringList keptAside() const
     {
@@ -181,13 +186,6 @@ private:
     std::unique_ptr<QTemporaryDir> m_folder;
     QString m_file;
 };
-
-void TestDatabase::write(const QByteArray &bytes) const
-{
-    QFile file(m_file);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(bytes), bytes.size());
-}
 
 void TestDatabase::fill() const
 {

@@ -3,7 +3,7 @@
 #include "service/tables/messagetable.h"
 #include "service/tables/radartable.h"
 #include "service/tables/tableschema.h"
-#include "support/columns.h"
+#include "support/table.h"
 
 #include <QTemporaryDir>
 

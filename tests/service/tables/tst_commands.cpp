@@ -1,5 +1,4 @@
 #include "base/clock.h"
-#include "cloud/wire/rowcodec.h"
 #include "service/tables/commandprocessor.h"
 #include "tabledata.h"
 
@@ -38,7 +37,7 @@ private Q_SLOTS:
 
     void pushes_data()
     {
-        const auto row = columns<QString, bool, QString>("command", "done", "pushes");
+        const auto row = zeltest::table<QString, bool, QString>("command", "done", "pushes");
         const QString list = "select * from metadata_zelbox_fileradar Order by Time Desc"_s;
         row("radar list", line("GetRadarMsg", list, "GetUnreadRadarMsg"_s), true,
             "GetRadarMsg asker "

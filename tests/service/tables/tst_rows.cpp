@@ -1,5 +1,5 @@
 #include "cloud/wire/rowcodec.h"
-#include "support/columns.h"
+#include "support/table.h"
 
 #include <QTest>
 
@@ -12,7 +12,7 @@ private Q_SLOTS:
 
     void comeBackTheSame_data()
     {
-        const auto row = columns<Rows, QString>("rows", "text");
+        const auto row = zeltest::table<Rows, QString>("rows", "text");
         const QString empty = ""_s;
         row("none", {}, "");
         row("plain", {{"1"_s, "获取.odt"_s}, {"2"_s, empty}}, "1$$$$获取.odt####2$$$$\\e");

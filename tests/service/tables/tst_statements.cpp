@@ -1,6 +1,6 @@
 #include "service/tables/servicecommand.h"
 #include "service/tables/statementparser.h"
-#include "support/columns.h"
+#include "support/table.h"
 
 #include <QTest>
 
@@ -56,7 +56,7 @@ private Q_SLOTS:
         using R = RadarStatement;
         using M = MessageStatement;
         const auto File = IdColumn::FileId, Operator = IdColumn::OperatorId;
-        const auto row = columns<QString, Statement>("text", "meaning");
+        const auto row = zeltest::table<QString, Statement>("text", "meaning");
         const QString table = "metadata_zelbox_filemessage"_s;
         row("radar forget", forget("C:\\获取\\a b.docx"_s), R(RadarForget{"C:\\获取\\a b.docx"_s}));
         row("radar clear", "delete from metadata_zelbox_fileradar where ImType = 3", R(RadarClear{3}));
@@ -145,7 +145,7 @@ private Q_SLOTS:
     void understandsCommands_data()
     {
         // kind: index in ServiceCommand, -1: not understood
-        const auto row = columns<QString, int>("line", "kind");
+        const auto row = zeltest::table<QString, int>("line", "kind");
         const QString text = base64("selects >>>o?o?~? 获取"_s);
         row("radar", "/GetRadarMsg=%1 /TaskGuid=GetUnreadRadarMsg"_s.arg(text), 0);
         row("stored, other order and case, quoted",

@@ -15,10 +15,8 @@ namespace {
 /// Rows with their fields joined by ",", only the first `fields` of each.
 QString print(const QVector<QStringList> &rows, int fields)
 {
-    QStringList lines;
-    for (const QStringList &row : rows)
-        lines.append(row.mid(0, fields).join(QLatin1Char(',')));
-    return lines.join(QLatin1Char(' '));
+    return zeltest::joined(
+        rows, [fields](const QStringList &row) { return row.mid(0, fields).join(QLatin1Char(',')); });
 }
 
 } // namespace
@@ -30,7 +28,7 @@ private Q_SLOTS:
 
     void questions_data()
     {
-        const auto row = columns<MessageStatement, int, QString>("statement", "fields", "rows");
+        const auto row = zeltest::table<MessageStatement, int, QString>("statement", "fields", "rows");
         const auto File = IdColumn::FileId, Operator = IdColumn::OperatorId;
         const auto id = [](const char *text) { return QString::fromUtf8(text); };
         // The fields after the count are those of the newest message.
@@ -60,7 +58,7 @@ private Q_SLOTS:
 
     void marks_data()
     {
-        const auto row = columns<MessageStatement, QString, QString>("statement", "read", "trayRead");
+        const auto row = zeltest::table<MessageStatement, QString, QString>("statement", "read", "trayRead");
         const auto id = [](const char *text) { return QString::fromUtf8(text); };
         row("clear a file, not its roaming", ClearId{IdColumn::FileId, id("f1")}, "m1 m2 m4", "m1 m2 m4");
         row("clear an operator", ClearId{IdColumn::OperatorId, id("u1")}, "m1 m3 m4", "m1 m3 m4");
@@ -89,10 +87,8 @@ private Q_SLOTS:
         TableData data;
         QVERIFY(data.fillRadar());
         const auto paths = [&data] {
-            QStringList list;
-            for (const QStringList &row : data.radar.run(RadarList{}).rows)
-                list.append(RadarTable::fromRow(row).path);
-            return list.join(QLatin1Char(' '));
+            const auto pathOf = [](const QStringList &row) { return RadarTable::fromRow(row).path; };
+            return zeltest::joined(data.radar.run(RadarList{}).rows, pathOf);
         };
         QCOMPARE(paths(), "C:\\b C:\\获 C:\\a it's"_s);
 

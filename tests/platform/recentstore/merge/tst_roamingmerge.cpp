@@ -199,7 +199,7 @@ private Q_SLOTS:
     void recordsOfTheService_data()
     {
         // expected: name, path used here, copy, device, time, unread
-        const auto row = columns<QString, Change>("expected", "change");
+        const auto row = zeltest::table<QString, Change>("expected", "change");
         row("elsewhere", "n.odt,,,far,5,-1", [](auto &) {});
         row("copied", "n.odt,,/c/n.odt,far,5,-1", [](auto &r) { r.cachePath = "/c//./n.odt"; });
         row("no path of a file", "n.odt,,,far,5,-1", [](auto &r) { r.cachePath = std::string("/c\0x", 4); });

@@ -53,36 +53,25 @@ class PresenceTest : public QObject
 private Q_SLOTS:
     void paths_data()
     {
-        QTest::addColumn<int>("presence");
-        QTest::addColumn<qint64>("size");
-        const auto row = [](const char *name, Presence presence, qint64 size = -1) {
-            QTest::newRow(name) << int(presence) << size;
-        };
+        const auto row = zeltest::table<int, qint64>("presence", "size");
         row("file", Presence::Present, 3);
         row("link", Presence::Present, 3);
-        row("locked", Presence::Present);
-        row("none", Presence::Missing);
-        row("dangling", Presence::Missing);
-        row("loop", Presence::Missing);
-        row("file/below", Presence::Missing);
+        row("locked", Presence::Present, -1);
+        row("none", Presence::Missing, -1);
+        row("dangling", Presence::Missing, -1);
+        row("loop", Presence::Missing, -1);
+        row("file/below", Presence::Missing, -1);
         if (::geteuid() != 0)
-            row("locked/file", Presence::Unknown);
+            row("locked/file", Presence::Unknown, -1);
     }
     void paths()
     {
         QFETCH(int, presence);
         test::Home home;
-        const auto name = [&](const char *relative) {
-            return QFile::encodeName(home.path(QLatin1String(relative)));
-        };
-        QVERIFY(test::replaceFile(home.path("file"_s), "xyz"));
-        QVERIFY(test::replaceFile(home.path("locked/file"_s), "x"));
-        QCOMPARE(::symlink(name("file").constData(), name("link").constData()), 0);
-        QCOMPARE(::symlink(name("nowhere").constData(), name("dangling").constData()), 0);
-        QCOMPARE(::symlink(name("loop").constData(), name("loop").constData()), 0);
-        QCOMPARE(::chmod(name("locked").constData(), 0), 0);
+        home.make({"file=xyz", "locked/file=x", "link->file", "dangling->nowhere", "loop->loop"});
+        QCOMPARE(::chmod(home.bytes("locked").constData(), 0), 0);
         const FileLook found = lookAt(home.path(QString::fromLatin1(QTest::currentDataTag())));
-        ::chmod(name("locked").constData(), 0700);
+        ::chmod(home.bytes("locked").constData(), 0700);
         QCOMPARE(int(found.presence), presence);
         QTEST(found.size, "size");
     }

@@ -2,7 +2,6 @@
 #include "platform/recentstore/recentfixture.h"
 #include "platform/recentstore/recordtext.h"
 
-#include "platform/impl/recentstore/merge/recentmerge.h"
 #include "platform/impl/recentstore/records/sourcefilter.h"
 
 #include <QTest>
@@ -30,7 +29,7 @@ private Q_SLOTS:
     void seenThroughSources_data()
     {
         using namespace RecentSource;
-        const auto row = columns<QString, int, QString>("state", "sources", "shown");
+        const auto row = zeltest::table<QString, int, QString>("state", "sources", "shown");
         row("the list only", "a d5; b o3", Desktop, "+a32@5");
         row("sandboxes are lists", "a s5; b o3", Box, "+b8@3");
         row("known twice, by the other one", "a d9 o3", Box, "+a8@3");

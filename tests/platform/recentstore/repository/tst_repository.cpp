@@ -65,7 +65,7 @@ private Q_SLOTS:
 
     void olderVersions_data()
     {
-        const auto row = columns<QString>("back");
+        const auto row = zeltest::table<QString>("back");
         const QString toTwo = "ALTER TABLE record DROP COLUMN size; ALTER TABLE record DROP COLUMN pin_time;"
                               "DROP TABLE roaming; PRAGMA user_version=2;"_s;
         row("2", toTwo);
@@ -92,7 +92,7 @@ private Q_SLOTS:
 
     void damage_data()
     {
-        const auto row = columns<QString>("expected");
+        const auto row = zeltest::table<QString>("expected");
         row("garbage", "");
         row("truncated", "");
         row("newer version", "");
@@ -138,9 +138,7 @@ private Q_SLOTS:
 
     void damageWhileRunning_data()
     {
-        const auto row = columns<bool>("pages");
-        row("a table is gone", false);
-        row("pages are overwritten", true);
+        zeltest::rows<bool>("pages", {{"a table is gone", false}, {"pages are overwritten", true}});
     }
     // The file is damaged under the running store: its memory makes the new database.
     void damageWhileRunning()
@@ -208,9 +206,7 @@ private Q_SLOTS:
 
     void nobodyElseMayRead_data()
     {
-        const auto row = columns<bool>("old");
-        row("new", false);
-        row("made readable by an older version", true);
+        zeltest::rows<bool>("old", {{"new", false}, {"made readable by an older version", true}});
     }
     void nobodyElseMayRead()
     {

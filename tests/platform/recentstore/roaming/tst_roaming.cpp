@@ -2,7 +2,6 @@
 // neither.
 #include "cloudlist.h"
 
-#include "platform/impl/recentstore/roaming/roamingrecords.h"
 #include "platform/impl/recentstore/roaming/roamingsource.h"
 
 #include <QTest>
@@ -56,9 +55,7 @@ private Q_SLOTS:
 
     void aListThatFails_data()
     {
-        const auto row = columns<QString>("trouble");
-        for (const char *trouble : {"error", "link lost", "no records", "no end to changes"})
-            row(trouble, QString::fromLatin1(trouble));
+        zeltest::names("trouble", {"error", "link lost", "no records", "no end to changes"});
     }
     // Nothing of it is shown, what was known stays, and the next one is read.
     void aListThatFails()

@@ -205,7 +205,7 @@ private Q_SLOTS:
 
     void writing_data()
     {
-        const auto row = columns<QByteArray, XbelEditResult>("before", "result");
+        const auto row = zeltest::table<QByteArray, XbelEditResult>("before", "result");
         row("missing", QByteArray(), XbelEditResult::Written);
         row("empty", QByteArray(""), XbelEditResult::Written);
         row("no list", QByteArray("notes of mine"), XbelEditResult::Damaged);

@@ -171,7 +171,7 @@ private Q_SLOTS:
 
     void exitNotice_data()
     {
-        const auto row = columns<bool, int, bool>("stop", "others", "stops");
+        const auto row = zeltest::table<bool, int, bool>("stop", "others", "stops");
         row("only says so", false, 0, false);
         row("others are there", true, 1, false);
         row("the last one", true, 0, true);

@@ -21,7 +21,8 @@ private Q_SLOTS:
     {
         // words: method, item ("?": named by its place only), folder, name; tree: empty for the same as
         // before
-        const auto row = columns<QStringList, int, QString, QString>("words", "policy", "error", "tree");
+        const auto row =
+            zeltest::table<QStringList, int, QString, QString>("words", "policy", "error", "tree");
         row("rename", words("rename|a.txt||x.txt"), 0, "", "b.txt d/ d/a.txt d/e/ d/e/f.txt x.txt");
         row("rename to a taken name", words("rename|a.txt||b.txt"), 0, "exists", "");
         row("rename, keep both", words("rename|a.txt||b.txt"), 1, "",

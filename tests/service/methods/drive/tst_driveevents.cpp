@@ -15,7 +15,7 @@ private Q_SLOTS:
 
     void tellsWhatOthersDo_data()
     {
-        const auto row = columns<QString, QString, QString>("from", "to", "push");
+        const auto row = zeltest::table<QString, QString, QString>("from", "to", "push");
         row("new file", "", "d/n.txt", "notifyFileCreation");
         row("saved", "", "a.txt", "notifyFileProperty");
         row("moved", "a.txt", "d/m.txt", "notifyFileProperty");

@@ -21,7 +21,7 @@ private Q_SLOTS:
 
     void lists_data()
     {
-        const auto row = columns<QString, Ask>("expected", "ask");
+        const auto row = zeltest::table<QString, Ask>("expected", "ask");
         row("by name", "10.odt b.txt c.odt d", [](auto &) {});
         row("backwards, folders still first", "d c.odt b.txt 10.odt",
             [](auto &a) { a.foldersFirst = a.descending = true; });
@@ -125,7 +125,7 @@ private Q_SLOTS:
 
     void search_data()
     {
-        const auto row = columns<QString, SearchAsk>("found", "ask");
+        const auto row = zeltest::table<QString, SearchAsk>("found", "ask");
         row("best first", "plan plan b.odt my plan.odt explanation.txt", [](auto &a) { a.keyword = "Plan"; });
         row("suffix", "plan b.odt my plan.odt", [](auto &a) { a.keyword = "plan", a.suffixes = {"odt"}; });
         row("page", "plan b.odt", [](auto &a) { a.keyword = "plan", a.offset = a.count = 1; });
@@ -159,7 +159,7 @@ private Q_SLOTS:
     void thumbnails_data()
     {
         // age: of the picture, seconds
-        const auto row = columns<int, QByteArray, int>("age", "content", "width");
+        const auto row = zeltest::table<int, QByteArray, int>("age", "content", "width");
         row("of the file as it is", 0, QByteArray(), 200);
         row("of an older content", 5, QByteArray(), 0);
         row("damaged", 0, QByteArray("\x89PNG\r\n\x1a\n\xff\xff\xff\xffIHDR"), 0);

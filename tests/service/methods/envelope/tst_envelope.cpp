@@ -1,6 +1,7 @@
 #include "notify_types.h"
 #include "service/methods/envelope/machinefacts.h"
 #include "service/servicefixture.h"
+#include "support/temptree.h"
 
 #include <QDir>
 #include <QFile>
@@ -11,13 +12,6 @@ using namespace zel::vela;
 using service::ClientId;
 
 namespace {
-
-bool writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    return QDir().mkpath(QFileInfo(path).path()) && file.open(QIODevice::WriteOnly)
-        && file.write(bytes) == bytes.size();
-}
 
 // "a=1;b=2"
 std::map<std::string, std::string> mapOf(const QString &text)
@@ -46,7 +40,7 @@ private Q_SLOTS:
     void calls_data()
     {
         // steps: method, values, expected result; and so on
-        const auto row = columns<QStringList>("steps");
+        const auto row = zeltest::table<QStringList>("steps");
         const auto words = [](const char *text) { return QString::fromUtf8(text).split(QLatin1Char(' ')); };
         row("disk entry",
             words("getCloudDiskEntryVisible  visible=true "
@@ -110,8 +104,8 @@ private Q_SLOTS:
         QVERIFY(cache.startsWith(qEnvironmentVariable("XDG_CACHE_HOME")));
         QDir(cache).removeRecursively();
         QCOMPARE(call("getCloudFileCacheSize"), "size=0"_s);
-        QVERIFY(writeFile(cache + "/a"_s, QByteArray(1000, 'a')));
-        QVERIFY(writeFile(cache + "/deep/er/.b"_s, QByteArray(234, 'b')));
+        m_files.write(cache + "/a"_s, QByteArray(1000, 'a'));
+        m_files.write(cache + "/deep/er/.b"_s, QByteArray(234, 'b'));
         QVERIFY(QFile::link(cache, cache + "/deep/round"_s));
         QCOMPARE(call("getCloudFileCacheSize"), "size=1234"_s);
     }
@@ -119,7 +113,7 @@ private Q_SLOTS:
     void autoRun_data()
     {
         // ofUser: empty: no file
-        const auto row = columns<QByteArray, QByteArray, QString>("ofUser", "ofSystem", "result");
+        const auto row = zeltest::table<QByteArray, QByteArray, QString>("ofUser", "ofSystem", "result");
         const QByteArray on = "[Desktop Entry]\nType=Application\nExec=zelbox\n";
         const QByteArray hidden = "[Desktop Entry]\nHidden = true\n";
         row("of the user", on, QByteArray(), "autoRun=true");
@@ -134,8 +128,10 @@ private Q_SLOTS:
         const QString file = "/autostart/org.zelbox.ZelBox.desktop"_s;
         qputenv("XDG_CONFIG_DIRS", QFile::encodeName(system));
         QFile::remove(qEnvironmentVariable("XDG_CONFIG_HOME") + file);
-        QVERIFY(ofUser.isEmpty() || writeFile(qEnvironmentVariable("XDG_CONFIG_HOME") + file, ofUser));
-        QVERIFY(ofSystem.isEmpty() || writeFile(system + file, ofSystem));
+        if (!ofUser.isEmpty())
+            m_files.write(qEnvironmentVariable("XDG_CONFIG_HOME") + file, ofUser);
+        if (!ofSystem.isEmpty())
+            m_files.write(system + file, ofSystem);
         QTEST(call("getZelBoxAutoRunStatus"), "result");
     }
 
@@ -200,30 +196,27 @@ private Q_SLOTS:
 
 private:
     /// The results as "a=1;b=2", or the error's name.
-    QString call(const char *method, const QString &values = {}, const char *object = "KVelaIpcCallObj");
+    QString call(const char *method, const QString &values = {}, const char *object = "KVelaIpcCallObj")
+    {
+        VelaIpcArg request;
+        request.nameSpace = object;
+        request.method = method;
+        request.argMap = mapOf(values);
+        const auto answer = m_client->call<VelaIpcResult>("velaIpcCall", request);
+        if (!answer)
+            return m_client->error();
+        if (answer->state != 0)
+            return QString::fromStdString(answer->resultMap.at("errResult"));
+        m_list = answer->resultList;
+        const auto pair = [](const auto &entry) { return entry.first + '=' + entry.second; };
+        return zeltest::joined(answer->resultMap, pair, ";"_s);
+    }
 
+    zeltest::TempTree m_files;
     std::unique_ptr<ServiceFixture> m_fixture;
     std::unique_ptr<WireClient> m_client;
     std::vector<std::string> m_list;
 };
-
-QString TestEnvelope::call(const char *method, const QString &values, const char *object)
-{
-    VelaIpcArg request;
-    request.nameSpace = object;
-    request.method = method;
-    request.argMap = mapOf(values);
-    const auto answer = m_client->call<VelaIpcResult>("velaIpcCall", request);
-    if (!answer)
-        return m_client->error();
-    if (answer->state != 0)
-        return QString::fromStdString(answer->resultMap.at("errResult"));
-    m_list = answer->resultList;
-    QStringList pairs;
-    for (const auto &[key, value] : answer->resultMap)
-        pairs.append(QString::fromStdString(key) + QLatin1Char('=') + QString::fromStdString(value));
-    return pairs.join(QLatin1Char(';'));
-}
 
 QTEST_GUILESS_MAIN(TestEnvelope)
 #include "tst_envelope.moc"

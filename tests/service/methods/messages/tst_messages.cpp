@@ -137,7 +137,7 @@ private Q_SLOTS:
 
     void lists_data()
     {
-        const auto row = columns<Ids, int, int, Wish>("ids", "total", "unread", "wish");
+        const auto row = zeltest::table<Ids, int, int, Wish>("ids", "total", "unread", "wish");
         row("all", {"5", "4", "3", "2", "1"}, 5, 4, [](auto &) {});
         row("category", {"5"}, 1, 1, [](auto &r) { r.category = "team"; });
         row("topics", {"3", "2"}, 2, 2, [](auto &r) { r.topics = {"zel.link", "zel.roaming"}; });
@@ -294,43 +294,39 @@ private Q_SLOTS:
     }
 
 private:
-    StoreZelBoxMessageResult store(const NewMessageItem &item, bool replace = false);
-    void fill();
+    StoreZelBoxMessageResult store(const NewMessageItem &item, bool replace = false)
+    {
+        StoreZelBoxMessageArg request;
+        request.message = item;
+        request.replaceExisting = replace;
+        return m_client->call<StoreZelBoxMessageResult>("storeZelBoxMessage", request)
+            .value_or(StoreZelBoxMessageResult());
+    }
+
+    void fill()
+    {
+        store(message("1", "zel.file", 10, "A", "ann"));
+        store(message("2", "zel.link", 20, "A", "bob"));
+        store(message("3", "zel.roaming", 30, "B", "ann"));
+        NewMessageItem read = message("4", "zel.file", 40, "C", "bob");
+        read.bRead = true;
+        store(read);
+        NewMessageItem team = message("5", "zel.file", 50, "", "ann");
+        team.category = "team";
+        store(team);
+    }
+
     /// The next command pushed to `client`: name and JSON.
-    std::pair<std::string, std::string> command(WireClient &client);
+    std::pair<std::string, std::string> command(WireClient &client)
+    {
+        const auto push = client.waitForPush<NotifyActionsMapArg>("notifyActionsMap");
+        return push && push->actionsMap.size() == 1 ? *push->actionsMap.begin()
+                                                    : std::pair<const std::string, std::string>();
+    }
 
     std::unique_ptr<ServiceFixture> m_fixture;
     std::unique_ptr<WireClient> m_client;
 };
-
-StoreZelBoxMessageResult TestMessages::store(const NewMessageItem &item, bool replace)
-{
-    StoreZelBoxMessageArg request;
-    request.message = item;
-    request.replaceExisting = replace;
-    return m_client->call<StoreZelBoxMessageResult>("storeZelBoxMessage", request)
-        .value_or(StoreZelBoxMessageResult());
-}
-
-void TestMessages::fill()
-{
-    store(message("1", "zel.file", 10, "A", "ann"));
-    store(message("2", "zel.link", 20, "A", "bob"));
-    store(message("3", "zel.roaming", 30, "B", "ann"));
-    NewMessageItem read = message("4", "zel.file", 40, "C", "bob");
-    read.bRead = true;
-    store(read);
-    NewMessageItem team = message("5", "zel.file", 50, "", "ann");
-    team.category = "team";
-    store(team);
-}
-
-std::pair<std::string, std::string> TestMessages::command(WireClient &client)
-{
-    const auto push = client.waitForPush<NotifyActionsMapArg>("notifyActionsMap");
-    return push && push->actionsMap.size() == 1 ? *push->actionsMap.begin()
-                                                : std::pair<const std::string, std::string>();
-}
 
 QTEST_GUILESS_MAIN(TestMessages)
 #include "tst_messages.moc"

@@ -17,7 +17,7 @@ private Q_SLOTS:
     void replacedItemsAreInTheBin_data()
     {
         // source: of createFile; "copy": another method
-        const auto row = columns<QString, QByteArray>("source", "content");
+        const auto row = zeltest::table<QString, QByteArray>("source", "content");
         row("copy", "copy", QByteArray("one"));
         row("new from a local file", "new", QByteArray("local"));
         row("new and empty", "", QByteArray());
@@ -49,10 +49,7 @@ private Q_SLOTS:
         QTEST(DriveFixture::read(fixture.inDrive("d/a.txt")), "content");
         const auto bin = fixture.recycleBin();
         QCOMPARE(bin.size(), size_t(1));
-        RecoverRecyclesArg recover;
-        recover.recycleIds = {bin[0].recycleId};
-        QCOMPARE(
-            fixture.client.call<RecoverRecyclesResult>("recoverRecycles", recover).items.size(), size_t(1));
+        QCOMPARE(fixture.recover({bin[0].recycleId}).items.size(), size_t(1));
         QCOMPARE(DriveFixture::read(fixture.inDrive("d/a (2).txt")), QByteArray("old"));
     }
 
@@ -97,9 +94,7 @@ private Q_SLOTS:
 
     void clearingLeavesWhatCameLater_data()
     {
-        const auto row = columns<bool>("v5");
-        row("one space", false);
-        row("several", true);
+        zeltest::rows<bool>("v5", {{"one space", false}, {"several", true}});
     }
 
     void clearingLeavesWhatCameLater()
@@ -136,7 +131,7 @@ private Q_SLOTS:
     void localFiles_data()
     {
         // path: in the folder of the test; as it is when it begins with "=" or "/"
-        const auto row = columns<QString, QString>("path", "error");
+        const auto row = zeltest::table<QString, QString>("path", "error");
         row("file", "l/a.txt", "");
         row("folder with its content", "l", "");
         row("link, not what it points to", "link", "");
@@ -185,9 +180,7 @@ private Q_SLOTS:
         QVERIFY2(!QFileInfo(path).isSymLink() && !QFileInfo::exists(path), "gone from its place");
         QVERIFY(fixture.client.pushed<NotifyRecycleBinArg>("notifyRecycleBin").empty());
 
-        RecoverRecyclesArg recover;
-        recover.recycleIds = {removed.recycleId, "77", "/nowhere.trashinfo"};
-        const auto back = fixture.client.call<RecoverRecyclesResult>("recoverRecycles", recover);
+        const auto back = fixture.recover({removed.recycleId, "77", "/nowhere.trashinfo"});
         QCOMPARE(back.recoveredIds, std::vector<std::string>{removed.recycleId});
         QCOMPARE(back.items.at(0).extraParam.at("path"), real.toStdString());
         QCOMPARE(back.failedItems.size(), size_t(2));

@@ -3,6 +3,8 @@
 
 using namespace zel;
 using namespace zel::vela;
+using Ask = std::function<void(GetRecentFilesArg &)>;
+Q_DECLARE_METATYPE(Ask)
 
 namespace {
 
@@ -30,10 +32,7 @@ GetRecentFilesResult list(MethodClient &client, GetRecentFilesArg request = {})
 
 QString names(const GetRecentFilesResult &result)
 {
-    QStringList texts;
-    for (const RecentFileItem &item : result.items)
-        texts.append(QString::fromStdString(item.name));
-    return texts.join(QLatin1Char(' '));
+    return zeltest::joined(result.items, &RecentFileItem::name);
 }
 
 } // namespace
@@ -47,7 +46,7 @@ private Q_SLOTS:
     void identity_data()
     {
         // first, second: "device|path|cloud file|time"; time: of the latest
-        const auto row = columns<QString, QString, int, qint64>("first", "second", "count", "time");
+        const auto row = zeltest::table<QString, QString, int, qint64>("first", "second", "count", "time");
         row("same path", "this|/a/x.odt||10", "this|/a/x.odt||20", 1, 20);
         row("path written otherwise", "this|/a/x.odt||10", "this|/a/../a//x.odt||20", 1, 20);
         row("late news", "this|/a/x.odt||20", "this|/a/x.odt||10", 1, 20);
@@ -61,8 +60,6 @@ private Q_SLOTS:
     {
         QFETCH(QString, first);
         QFETCH(QString, second);
-        QFETCH(int, count);
-        QFETCH(qint64, time);
         DriveFixture fixture;
         for (const QStringList &given : {first.split(QLatin1Char('|')), second.split(QLatin1Char('|'))}) {
             FileRecordItem event =
@@ -71,8 +68,8 @@ private Q_SLOTS:
             QCOMPARE(add(fixture.client, {event}).state, 0);
         }
         const auto result = list(fixture.client);
-        QCOMPARE(int(result.total), count);
-        QCOMPARE(qint64(result.items.at(0).fileTime), time);
+        QTEST(int(result.total), "count");
+        QTEST(qint64(result.items.at(0).fileTime), "time");
         QVERIFY(!result.items.at(0).roamingId.empty());
     }
 
@@ -104,7 +101,7 @@ private Q_SLOTS:
 
     void removal_data()
     {
-        const auto row = columns<QString, QString>("kind", "left");
+        const auto row = zeltest::table<QString, QString>("kind", "left");
         row("by path, of this machine only", "path", "cloud /a-there");
         row("by cloud file", "file", "/a-there /a");
         row("by id", "id", "cloud /a");
@@ -148,32 +145,28 @@ private Q_SLOTS:
             QCOMPARE(pushes[0].removedIds.size(), removed);
     }
 
+    void pagesAndFilters_data()
+    {
+        const auto row = zeltest::table<QString, bool, Ask>("expected", "hasMore", "ask");
+        row("page", "c.odt b.pdf", true, [](auto &a) { a.count = 2; });
+        row("last page", "Äpfel.ODT", false, [](auto &a) { a.offset = a.count = 2; });
+        row("keyword", "Äpfel.ODT", false, [](auto &a) { a.keyword = "äPF"; });
+        row("suffix", "c.odt Äpfel.ODT", false, [](auto &a) { a.suffixes = {"odt"}; });
+        row("others", "c.odt b.pdf", false, [](auto &a) { a.otherDevicesOnly = true; });
+        row("odd numbers", "c.odt b.pdf Äpfel.ODT", false, [](auto &a) { a.offset = -5, a.count = -1; });
+    }
     void pagesAndFilters()
     {
+        QFETCH(Ask, ask);
         DriveFixture fixture;
         add(fixture.client,
             {use("/Äpfel.ODT", "this", "open", 1), use("/b.pdf", "that", "open", 2),
                 use("/c.odt", "that", "open", 3)});
-        GetRecentFilesArg page;
-        page.count = 2;
-        QCOMPARE(names(list(fixture.client, page)), "c.odt b.pdf"_s);
-        QVERIFY(list(fixture.client, page).hasMore);
-        page.offset = 2;
-        QCOMPARE(names(list(fixture.client, page)), "Äpfel.ODT"_s);
-        QVERIFY(!list(fixture.client, page).hasMore);
-        GetRecentFilesArg keyword;
-        keyword.keyword = "äPF";
-        QCOMPARE(names(list(fixture.client, keyword)), "Äpfel.ODT"_s);
-        GetRecentFilesArg suffix;
-        suffix.suffixes = {"odt"};
-        QCOMPARE(names(list(fixture.client, suffix)), "c.odt Äpfel.ODT"_s);
-        GetRecentFilesArg others;
-        others.otherDevicesOnly = true;
-        QCOMPARE(names(list(fixture.client, others)), "c.odt b.pdf"_s);
-        GetRecentFilesArg odd;
-        odd.offset = -5;
-        odd.count = -1;
-        QCOMPARE(int(list(fixture.client, odd).items.size()), 3);
+        GetRecentFilesArg request;
+        ask(request);
+        const auto result = list(fixture.client, request);
+        QTEST(names(result), "expected");
+        QTEST(result.hasMore, "hasMore");
     }
 
     void badRecords()

@@ -39,7 +39,7 @@ private Q_SLOTS:
     void counts_data()
     {
         // steps: uses as device:operation, or what the box does
-        const auto row = columns<QString, QString>("steps", "counts");
+        const auto row = zeltest::table<QString, QString>("steps", "counts");
         row("used here", "here:open", "0/0/0");
         row("new elsewhere", "far:open", "1/0/1");
         row("changed elsewhere", "here:open far:save", "0/1/1");
@@ -133,10 +133,104 @@ private:
         const char *operation;
         const char *fileId = "7";
     };
-    AddRoamingRecordResult add(const std::vector<Use> &uses);
-    void perform(const QString &step);
-    QString ask(const char *statement, const char *guid);
-    QString countsNow();
+    AddRoamingRecordResult add(const std::vector<Use> &uses)
+    {
+        AddRoamingRecordArg request;
+        for (const Use &use : uses) {
+            FileRecordItem event;
+            event.path = "/x.odt";
+            event.fileId = use.fileId;
+            event.deviceId = use.device;
+            event.deviceName = use.device;
+            event.operation = use.operation;
+            event.actionTime = ++m_time;
+            request.records.push_back(event);
+        }
+        m_last = request;
+        return *m_device->call<AddRoamingRecordResult>("addRoamingRecord", request);
+    }
+
+    void perform(const QString &step)
+    {
+        SetCloudItemReadArg read;
+        read.items.resize(1);
+        read.items[0].id = "7";
+        read.unread = step == "unread"_s;
+        read.allItems = step == "readAll"_s;
+        DelRoamingRecordArg remove;
+        remove.fileIds = {"7"};
+        remove.allRecords = step == "removeAll"_s;
+        VelaIpcArg envelope;
+        envelope.nameSpace = "KVelaIpcCallObj";
+        envelope.method = "delRoamingFileRecord";
+        envelope.argMap["fileIds"] = "5|7";
+        if (step.startsWith("remove"_s)) {
+            QVERIFY(m_box->call<DelRoamingRecordResult>("delRoamingRecord", remove)->removedCount > 0);
+        } else if (step == "envelope"_s) {
+            const auto answer = m_box->call<VelaIpcResult>("velaIpcCall", envelope);
+            QCOMPARE(answer->resultMap.at("removedCount"), std::string("1"));
+            QCOMPARE(answer->resultList.size(), size_t(1));
+        } else if (step == "gone"_s || step == "back"_s) {
+            m_documents.lock()->roaming().markFiles({"7"_s}, step == "gone"_s);
+        } else if (step == "again"_s) {
+            QCOMPARE(m_device->call<AddRoamingRecordResult>("addRoamingRecord", m_last)->state, 0);
+        } else if (step.contains("ead"_s)) {
+            QCOMPARE(m_box->call<SetCloudItemReadResult>("setCloudItemRead", read)->state, 0);
+        } else {
+            std::vector<QByteArray> words;
+            std::vector<Use> uses;
+            for (const QString &use : step.split(QLatin1Char('+')))
+                for (int part = 0; part < 3; ++part)
+                    words.push_back(use.section(QLatin1Char(':'), part, part).toUtf8());
+            for (size_t i = 0; i < words.size(); i += 3)
+                uses.push_back({words[i] == "here" ? "" : words[i].constData(), words[i + 1].constData(),
+                    words[i + 2] == "local" ? "" : "7"});
+            QCOMPARE(add(uses).state, 0);
+        }
+    }
+
+    QString ask(const char *statement, const char *guid)
+    {
+        ZelBoxAsynCommandLineArg request;
+        request.commandline =
+            "/GetStoredMsg=" + QByteArray(statement).toBase64().toStdString() + " /TaskGuid=" + guid;
+        m_box->call<ZelBoxAsynCommandLineResult>("zelBoxAsynCommandLine", request);
+        for (;;) {
+            const auto push = m_box->waitForPush<NotifyActionsMapArg>("notifyActionsMap");
+            if (!push)
+                return "no reply"_s;
+            const auto reply = push->actionsMap.find(guid);
+            if (reply == push->actionsMap.end())
+                continue;
+            const auto values = QJsonDocument::fromJson(QByteArray::fromStdString(reply->second)).object();
+            return values.value("commandline"_s).toString();
+        }
+    }
+
+    // "<messages of new documents>/<of changed ones>/<documents that the recent tab counts>"
+    QString countsNow()
+    {
+        const auto messages = [this](const char *statement, const char *guid) {
+            int count = 0;
+            const auto rows = wire::splitRows(ask(statement, guid));
+            for (const QStringList &row : rows)
+                count += row.value(1).toInt();
+            return QString::number(count);
+        };
+        const QString created =
+            messages("select fileId,count(*),max(time),* from metadata_zelbox_filemessage where"
+                     " read = 0 and type = 'roaming_create' group by fileId Order by time Desc",
+                "GetRoamingCreateMsg");
+        const QString updated =
+            messages("select fileId,count(*),max(time),* from metadata_zelbox_filemessage where"
+                     " read = 0 and type = 'roaming_update' group by fileId Order by time Desc",
+                "GetRoamingUpdateMsg");
+        const QString tab =
+            ask("select count(distinct fileId) as 'count(*)' from metadata_zelbox_filemessage where"
+                " recentRead = 0 and topic = 'zel.roaming' and fileId != ''",
+                "GetRoamingTabUnread");
+        return created + QLatin1Char('/') + updated + QLatin1Char('/') + tab;
+    }
 
     std::unique_ptr<ServiceFixture> m_fixture;
     std::weak_ptr<service::CloudDocuments> m_documents;
@@ -145,105 +239,6 @@ private:
     qint64 m_time = 0;
     AddRoamingRecordArg m_last;
 };
-
-AddRoamingRecordResult TestRoamingMessages::add(const std::vector<Use> &uses)
-{
-    AddRoamingRecordArg request;
-    for (const Use &use : uses) {
-        FileRecordItem event;
-        event.path = "/x.odt";
-        event.fileId = use.fileId;
-        event.deviceId = use.device;
-        event.deviceName = use.device;
-        event.operation = use.operation;
-        event.actionTime = ++m_time;
-        request.records.push_back(event);
-    }
-    m_last = request;
-    return *m_device->call<AddRoamingRecordResult>("addRoamingRecord", request);
-}
-
-QString TestRoamingMessages::ask(const char *statement, const char *guid)
-{
-    ZelBoxAsynCommandLineArg request;
-    request.commandline =
-        "/GetStoredMsg=" + QByteArray(statement).toBase64().toStdString() + " /TaskGuid=" + guid;
-    m_box->call<ZelBoxAsynCommandLineResult>("zelBoxAsynCommandLine", request);
-    for (;;) {
-        const auto push = m_box->waitForPush<NotifyActionsMapArg>("notifyActionsMap");
-        if (!push)
-            return "no reply"_s;
-        const auto reply = push->actionsMap.find(guid);
-        if (reply == push->actionsMap.end())
-            continue;
-        const auto values = QJsonDocument::fromJson(QByteArray::fromStdString(reply->second)).object();
-        return values.value("commandline"_s).toString();
-    }
-}
-
-// "<messages of new documents>/<of changed ones>/<documents that the recent tab counts>"
-QString TestRoamingMessages::countsNow()
-{
-    const auto messages = [this](const char *statement, const char *guid) {
-        int count = 0;
-        const auto rows = wire::splitRows(ask(statement, guid));
-        for (const QStringList &row : rows)
-            count += row.value(1).toInt();
-        return QString::number(count);
-    };
-    const QString created =
-        messages("select fileId,count(*),max(time),* from metadata_zelbox_filemessage where"
-                 " read = 0 and type = 'roaming_create' group by fileId Order by time Desc",
-            "GetRoamingCreateMsg");
-    const QString updated =
-        messages("select fileId,count(*),max(time),* from metadata_zelbox_filemessage where"
-                 " read = 0 and type = 'roaming_update' group by fileId Order by time Desc",
-            "GetRoamingUpdateMsg");
-    const QString tab =
-        ask("select count(distinct fileId) as 'count(*)' from metadata_zelbox_filemessage where"
-            " recentRead = 0 and topic = 'zel.roaming' and fileId != ''",
-            "GetRoamingTabUnread");
-    return created + QLatin1Char('/') + updated + QLatin1Char('/') + tab;
-}
-
-void TestRoamingMessages::perform(const QString &step)
-{
-    SetCloudItemReadArg read;
-    read.items.resize(1);
-    read.items[0].id = "7";
-    read.unread = step == "unread"_s;
-    read.allItems = step == "readAll"_s;
-    DelRoamingRecordArg remove;
-    remove.fileIds = {"7"};
-    remove.allRecords = step == "removeAll"_s;
-    VelaIpcArg envelope;
-    envelope.nameSpace = "KVelaIpcCallObj";
-    envelope.method = "delRoamingFileRecord";
-    envelope.argMap["fileIds"] = "5|7";
-    if (step.startsWith("remove"_s)) {
-        QVERIFY(m_box->call<DelRoamingRecordResult>("delRoamingRecord", remove)->removedCount > 0);
-    } else if (step == "envelope"_s) {
-        const auto answer = m_box->call<VelaIpcResult>("velaIpcCall", envelope);
-        QCOMPARE(answer->resultMap.at("removedCount"), std::string("1"));
-        QCOMPARE(answer->resultList.size(), size_t(1));
-    } else if (step == "gone"_s || step == "back"_s) {
-        m_documents.lock()->roaming().markFiles({"7"_s}, step == "gone"_s);
-    } else if (step == "again"_s) {
-        QCOMPARE(m_device->call<AddRoamingRecordResult>("addRoamingRecord", m_last)->state, 0);
-    } else if (step.contains("ead"_s)) {
-        QCOMPARE(m_box->call<SetCloudItemReadResult>("setCloudItemRead", read)->state, 0);
-    } else {
-        std::vector<QByteArray> words;
-        std::vector<Use> uses;
-        for (const QString &use : step.split(QLatin1Char('+')))
-            for (int part = 0; part < 3; ++part)
-                words.push_back(use.section(QLatin1Char(':'), part, part).toUtf8());
-        for (size_t i = 0; i < words.size(); i += 3)
-            uses.push_back({words[i] == "here" ? "" : words[i].constData(), words[i + 1].constData(),
-                words[i + 2] == "local" ? "" : "7"});
-        QCOMPARE(add(uses).state, 0);
-    }
-}
 
 QTEST_GUILESS_MAIN(TestRoamingMessages)
 #include "tst_roamingmessages.moc"
