@@ -2,23 +2,16 @@
 
 #include "clouddoc/clouddoclogic.h"
 #include "support/fakecloud.h"
+#include "support/printmodel.h"
 
 #include <QAbstractItemModelTester>
 #include <QTest>
 #include <memory>
 
-inline QString text(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
-
 /// Names of the rows.
 inline QString print(const CloudDocLogic &logic)
 {
-    QStringList names;
-    for (int row = 0; row < logic.documents()->rowCount(); ++row)
-        names << logic.documents()->document(row).name;
-    return names.join(QLatin1Char(' '));
+    return zeltest::printModel(*logic.documents());
 }
 
 /// The page's logic over a service that the test plays; new for each row.
@@ -43,7 +36,7 @@ protected:
     {
         cloud().connectNow();
         logic().openRoot();
-        QVERIFY(page(text("root"), items));
+        QVERIFY(page("root"_s, items));
         QCOMPARE(logic().state(), CloudDocLogic::State::Ready);
     }
     bool page(const QString &folder, const QStringList &items)

@@ -44,7 +44,7 @@ protected:
     void load(const QStringList &items)
     {
         make();
-        QVERIFY(answer(QStringLiteral("root"), items));
+        QVERIFY(answer("root"_s, items));
         view()->setFocus();
     }
     QPushButton *button(const char *text, QWidget *in = nullptr) const

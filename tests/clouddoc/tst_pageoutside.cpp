@@ -1,4 +1,5 @@
 #include "clouddoc/pagefixture.h"
+#include "support/table.h"
 
 #include "clouddoc/ui/movedialog.h"
 
@@ -8,11 +9,6 @@
 #include <QPointer>
 #include <QScopeGuard>
 
-static QString s(const char *latin)
-{
-    return QString::fromLatin1(latin);
-}
-
 /// Files of another program, which takes its time for each answer.
 class ForeignFiles : public QMimeData
 {
@@ -21,7 +17,7 @@ public:
     mutable int answers = 0;
 
 protected:
-    QStringList formats() const override { return {s("text/uri-list")}; }
+    QStringList formats() const override { return {"text/uri-list"_s}; }
     QVariant retrieveData(const QString &, QVariant::Type) const override
     {
         ++answers;
@@ -35,94 +31,87 @@ class TestPageOutside : public QObject, private PageFixture
     Q_OBJECT
 private Q_SLOTS:
     void cleanup() { clear(); }
-    void filterLeavesTheFocusAlone();
-    void staleRowsSaySo();
-    void dragsAreReadOnce();
-    void goesWithAllOpen_data();
-    void goesWithAllOpen();
-};
-
-void TestPageOutside::filterLeavesTheFocusAlone()
-{
-    QWidget window;
-    const auto before = qScopeGuard([this] { clear(); }); // the window would take the page along
-    load({s("a.txt")});
-    QLineEdit search(&window);
-    page()->setParent(&window);
-    page()->show();
-    search.show();
-    window.show();
-    QVERIFY(QTest::qWaitForWindowActive(&window));
-    view()->setFocus();
-    search.setFocus();
-    page()->setFilterText(s("zebra"));
-    QCOMPARE(state(), State::NothingFound);
-    QVERIFY(search.hasFocus());
-}
-
-void TestPageOutside::staleRowsSaySo()
-{
-    load({s("a.txt")});
-    m_cloud->disconnectNow();
-    QCOMPARE(state(), State::List); // what was there stays
-    QTest::mouseClick(button("Retry"), Qt::LeftButton);
-    QVERIFY(m_cloud->answer("getInfoList", zel::vela::GetInfoListResult(), false));
-    QVERIFY(notice().contains(s("out of date")));
-    QVERIFY(!page()->action(CloudCommand::Trash)->isEnabled());
-    m_cloud->connectNow();
-    QVERIFY(answer(s("root"), {s("a.txt")}));
-    QVERIFY(notice().isEmpty());
-}
-
-void TestPageOutside::dragsAreReadOnce()
-{
-    load({s("a/"), s("b.txt")});
-    ForeignFiles data;
-    QDragEnterEvent enter(centre(0), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(view()->viewport(), &enter);
-    const int before = data.answers;
-    for (int row = 0; row < 2; ++row) {
-        QDragMoveEvent move(centre(row), Qt::CopyAction, &data, Qt::LeftButton, {});
-        QApplication::sendEvent(view()->viewport(), &move);
-        QVERIFY(move.isAccepted());
+    void filterLeavesTheFocusAlone()
+    {
+        QWidget window;
+        const auto before = qScopeGuard([this] { clear(); }); // the window would take the page along
+        load({"a.txt"_s});
+        QLineEdit search(&window);
+        page()->setParent(&window);
+        page()->show();
+        search.show();
+        window.show();
+        QVERIFY(QTest::qWaitForWindowActive(&window));
+        view()->setFocus();
+        search.setFocus();
+        page()->setFilterText("zebra"_s);
+        QCOMPARE(state(), State::NothingFound);
+        QVERIFY(search.hasFocus());
     }
-    QCOMPARE(data.answers, before);
-}
 
-void TestPageOutside::goesWithAllOpen_data()
-{
-    QTest::addColumn<int>("keys");
-    QTest::newRow("editor") << int(Qt::Key_F2);
-    QTest::newRow("menu") << int(Qt::Key_Menu);
-    QTest::newRow("dialog to move") << int(Qt::CTRL) + int(Qt::SHIFT) + int(Qt::Key_M);
-    QTest::newRow("dialog of files") << int(Qt::CTRL) + int(Qt::Key_D);
-    QTest::newRow("removal on its way") << int(Qt::Key_Delete);
-}
+    void staleRowsSaySo()
+    {
+        load({"a.txt"_s});
+        m_cloud->disconnectNow();
+        QCOMPARE(state(), State::List); // what was there stays
+        QTest::mouseClick(button("Retry"), Qt::LeftButton);
+        QVERIFY(m_cloud->answer("getInfoList", zel::vela::GetInfoListResult(), false));
+        QVERIFY(notice().contains("out of date"_s));
+        QVERIFY(!page()->action(CloudCommand::Trash)->isEnabled());
+        m_cloud->connectNow();
+        QVERIFY(answer("root"_s, {"a.txt"_s}));
+        QVERIFY(notice().isEmpty());
+    }
 
-// The windows are made anew when the language changes, whatever the user is about.
-void TestPageOutside::goesWithAllOpen()
-{
-    QFETCH(int, keys);
-    load({s("a/"), s("b.txt"), s("c.txt")});
-    click(1);
-    CloudTransfer running;
-    running.state = CloudTransfer::State::Running;
-    page()->logic()->transfers()->put({running});
-    Q_EMIT page()->logic()->transfersStarted(1); // the panel slides
-    const auto modifiers = Qt::KeyboardModifiers(keys & int(Qt::KeyboardModifierMask));
-    if (keys == int(Qt::Key_Menu))
-        Q_EMIT view()->customContextMenuRequested(centre(1));
-    else
-        key(keys & ~int(Qt::KeyboardModifierMask), modifiers);
-    answer(s("root"), {s("a/")}); // of the dialog that reads folders itself
-    if (auto *dialog = find<MoveDialog>())
-        QTest::keyClick(dialog->view(), Qt::Key_Down);
-    const QPointer<QWidget> popup = QApplication::activePopupWidget();
-    clear();
-    QVERIFY(!popup);
-    QTest::qWait(0); // what was put off
-    QVERIFY(!QApplication::activeModalWidget());
-}
+    void dragsAreReadOnce()
+    {
+        load({"a/"_s, "b.txt"_s});
+        ForeignFiles data;
+        QDragEnterEvent enter(centre(0), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(view()->viewport(), &enter);
+        const int before = data.answers;
+        for (int row = 0; row < 2; ++row) {
+            QDragMoveEvent move(centre(row), Qt::CopyAction, &data, Qt::LeftButton, {});
+            QApplication::sendEvent(view()->viewport(), &move);
+            QVERIFY(move.isAccepted());
+        }
+        QCOMPARE(data.answers, before);
+    }
+
+    void goesWithAllOpen_data()
+    {
+        const auto row = zeltest::table<int>("keys");
+        row("editor", int(Qt::Key_F2));
+        row("menu", int(Qt::Key_Menu));
+        row("dialog to move", int(Qt::CTRL) + int(Qt::SHIFT) + int(Qt::Key_M));
+        row("dialog of files", int(Qt::CTRL) + int(Qt::Key_D));
+        row("removal on its way", int(Qt::Key_Delete));
+    }
+    // The windows are made anew when the language changes, whatever the user is about.
+    void goesWithAllOpen()
+    {
+        QFETCH(int, keys);
+        load({"a/"_s, "b.txt"_s, "c.txt"_s});
+        click(1);
+        CloudTransfer running;
+        running.state = CloudTransfer::State::Running;
+        page()->logic()->transfers()->put({running});
+        Q_EMIT page()->logic()->transfersStarted(1); // the panel slides
+        const auto modifiers = Qt::KeyboardModifiers(keys & int(Qt::KeyboardModifierMask));
+        if (keys == int(Qt::Key_Menu))
+            Q_EMIT view()->customContextMenuRequested(centre(1));
+        else
+            key(keys & ~int(Qt::KeyboardModifierMask), modifiers);
+        answer("root"_s, {"a/"_s}); // of the dialog that reads folders itself
+        if (auto *dialog = find<MoveDialog>())
+            QTest::keyClick(dialog->view(), Qt::Key_Down);
+        const QPointer<QWidget> popup = QApplication::activePopupWidget();
+        clear();
+        QVERIFY(!popup);
+        QTest::qWait(0); // what was put off
+        QVERIFY(!QApplication::activeModalWidget());
+    }
+};
 
 QTEST_MAIN(TestPageOutside)
 #include "tst_pageoutside.moc"

@@ -3,6 +3,7 @@
 #include "lists/ui/columnheadings.h"
 #include "lists/ui/listrow.h"
 #include "support/picturerun.h"
+#include "support/text.h"
 
 #include <QPainter>
 
@@ -13,18 +14,17 @@ ListRow rowOf(ListRow::Kind kind, const char *name)
     ListRow row;
     row.kind = kind;
     row.fileName = row.name = QString::fromUtf8(name);
-    row.place = QStringLiteral("~/Documents/Reports/Year");
-    row.detail = QStringLiteral("· 12 kB");
+    row.place = "~/Documents/Reports/Year"_s;
+    row.detail = "· 12 kB"_s;
     if (kind != ListRow::Kind::Columns)
-        row.time = QStringLiteral("yesterday 14:30");
+        row.time = "yesterday 14:30"_s;
     row.columns = {RowColumn::Time, RowColumn::Size};
-    row.columnTexts = QStringList{QStringLiteral("yesterday 14:30"), QStringLiteral("12 kB")};
-    const QString text =
-        QStringLiteral("What the annual report says of the first quarter, in the words of those "
-                       "who were there, and what it says of the second.");
+    row.columnTexts = QStringList{"yesterday 14:30"_s, "12 kB"_s};
+    const QString text = "What the annual report says of the first quarter, in the words of those "
+                         "who were there, and what it says of the second."_s;
     row.snippet = {
         text, {{text.indexOf(QLatin1String("report")), 6}, {text.indexOf(QLatin1String("first")), 5}}};
-    row.buttons = {{0, QStringLiteral(":/icons_svg/share.svg")}, {1, QStringLiteral(":/icons_svg/more.svg")}};
+    row.buttons = {{0, ":/icons_svg/share.svg"_s}, {1, ":/icons_svg/more.svg"_s}};
     row.buttonRoom = 2;
     return row;
 }
@@ -35,9 +35,9 @@ class Sheet : public QWidget
 public:
     Sheet(ListRow::Kind kind, int width) : m_kind(kind), m_headings(this)
     {
-        m_headings.setName(1, QStringLiteral("Name"));
-        m_headings.addColumn(RowColumn::Time, 0, QStringLiteral("Modified"));
-        m_headings.addColumn(RowColumn::Size, 2, QStringLiteral("Size"));
+        m_headings.setName(1, "Name"_s);
+        m_headings.addColumn(RowColumn::Time, 0, "Modified"_s);
+        m_headings.addColumn(RowColumn::Size, 2, "Size"_s);
         m_headings.setSort(width > 500 ? 2 : 1, Qt::AscendingOrder);
         m_headings.setVisible(kind == ListRow::Kind::Columns);
         setFixedSize(width, 440);
@@ -59,15 +59,15 @@ protected:
             ListRow row = rowOf(m_kind, name);
             ListRowOption option;
             option.rect = QRect(0, top, width(), row.height(fonts.sizes));
-            option.markedWords = QStringList{QStringLiteral("report"), QString::fromUtf8("报告")};
+            option.markedWords = QStringList{"report"_s, "报告"_s};
             option.state.setFlag(QStyle::State_Selected, number == 1);
             option.state.setFlag(QStyle::State_MouseOver, number == 2);
             option.buttons = number == 2;
             option.hovered = 0;
             if (number == 3) {
-                row.state = QStringLiteral("40%");
+                row.state = "40%"_s;
                 row.progress = m_kind == ListRow::Kind::Snippet ? -1 : 40;
-                row.badge = QStringLiteral("New");
+                row.badge = "New"_s;
             }
             const RowCell cell = row.fit(option, fonts);
             row.paint(&painter, cell, fonts, option);
@@ -90,7 +90,7 @@ int main(int argc, char **argv)
         {"columns", ListRow::Kind::Columns}, {"snippet", ListRow::Kind::Snippet}};
     for (const auto &[name, kind] : kinds) {
         for (const int width : {720, 360})
-            run.save(QStringLiteral("%1-%2").arg(QLatin1String(name)).arg(width), Sheet(kind, width).grab());
+            run.save("%1-%2"_s.arg(QLatin1String(name)).arg(width), Sheet(kind, width).grab());
     }
     return 0;
 }

@@ -3,6 +3,7 @@
 #include "kfiletrash.h"
 #include "recentfile/records.h"
 #include "support/fakeopener.h"
+#include "support/text.h"
 
 #include <algorithm>
 
@@ -15,29 +16,25 @@ public:
     bool ready = true;
 
     bool isKindReady(int) const override { return ready; }
-    void initKind(int kind) override { say(QStringLiteral("init %1").arg(kind)); }
+    void initKind(int kind) override { say("init %1"_s.arg(kind)); }
     RecordInfoList records() const override { return content; }
     void requestRoaming(int kind, const QString &filter, bool sync) override
     {
         ++roamingRequests;
-        say(QStringLiteral("roaming %1%2%3")
-                .arg(QString::number(kind), filter, sync ? QStringLiteral(" sync") : QString()));
+        say("roaming %1%2%3"_s.arg(QString::number(kind), filter, sync ? " sync"_s : QString()));
     }
-    void removeRecords(const QStringList &ids) override { say(QStringLiteral("forget"), ids); }
+    void removeRecords(const QStringList &ids) override { say("forget"_s, ids); }
     void undoRemoval(const RecordInfoList &records) override
     {
         for (const RecentFileInfo &each : records)
-            say(QStringLiteral("unforget"), {each.id});
+            say("unforget"_s, {each.id});
     }
     void noteOpened(const QString &path) override { noteAllOpened({path}); }
-    void noteAllOpened(const QStringList &paths) override { say(QStringLiteral("note"), paths); }
-    void checkPresence(const QStringList &ids) override { say(QStringLiteral("check"), ids); }
-    void lookUpSizes() override { say(QStringLiteral("sizes")); }
-    void setPinned(const QStringList &ids, bool pinned) override
-    {
-        say(pinned ? QStringLiteral("pin") : QStringLiteral("unpin"), ids);
-    }
-    void markRead(const QStringList &ids) override { say(QStringLiteral("read"), ids); }
+    void noteAllOpened(const QStringList &paths) override { say("note"_s, paths); }
+    void checkPresence(const QStringList &ids) override { say("check"_s, ids); }
+    void lookUpSizes() override { say("sizes"_s); }
+    void setPinned(const QStringList &ids, bool pinned) override { say(pinned ? "pin"_s : "unpin"_s, ids); }
+    void markRead(const QStringList &ids) override { say("read"_s, ids); }
     void setCloudService(KCloudSvrProxy *) override { }
 
     int roamingRequests = 0;
@@ -63,15 +60,15 @@ public:
         asked << path;
         if (slow)
             return;
-        if (path.contains(QLatin1String("stuck")))
+        if (path.contains("stuck"_s))
             Q_EMIT trashed(path, {}, Outcome::Denied);
         else
-            Q_EMIT trashed(path, QStringLiteral("trash:") + path, Outcome::Done);
+            Q_EMIT trashed(path, "trash:"_s + path, Outcome::Done);
     }
     void restore(const QString &trashId) override
     {
         asked << trashId;
-        const bool taken = trashId.contains(QLatin1String("taken"));
+        const bool taken = trashId.contains("taken"_s);
         Q_EMIT restored(trashId, trashId.mid(6), taken ? Outcome::Exists : Outcome::Done);
     }
 };

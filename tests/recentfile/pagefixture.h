@@ -42,7 +42,7 @@ protected:
     void set(const QString &key, const QVariant &value)
     {
         KSettings settings;
-        settings.beginGroup(QStringLiteral("zelbox"));
+        settings.beginGroup("zelbox"_s);
         if (value.isValid())
             settings.setValue(key, value);
         else
@@ -83,7 +83,7 @@ protected:
 
     QStringList events() const ///< telemetry, one line each
     {
-        QFile file(qEnvironmentVariable("XDG_STATE_HOME") + QStringLiteral("/zelbox/telemetry.jsonl"));
+        QFile file(qEnvironmentVariable("XDG_STATE_HOME") + "/zelbox/telemetry.jsonl"_s);
         if (!file.open(QIODevice::ReadOnly))
             return {};
         QStringList lines;
@@ -96,7 +96,7 @@ protected:
     ZelBoxRecentFileListView *view() const { return page()->view(); }
     QModelIndex row(int number) const { return view()->model()->index(number, 0); }
     QPoint centreOf(int number) const { return view()->visualRect(row(number)).center(); }
-    NoticeBar *notice() const { return page()->findChild<NoticeBar *>(QStringLiteral("notice")); }
+    NoticeBar *notice() const { return page()->findChild<NoticeBar *>("notice"_s); }
 
     FakeStore m_store;
     std::unique_ptr<KRecentFileEvents> m_events;

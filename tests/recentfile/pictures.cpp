@@ -3,7 +3,6 @@
 #include "support/fakecloud.h"
 
 #include "recentfile/recentfilemodel.h"
-#include "recentfile/recentsettings.h"
 #include "recentfile/ui/loadingouttime.h"
 #include "recentfile/ui/recentdialogs.h"
 #include "recentfile/ui/recentfile.h"
@@ -39,8 +38,7 @@ RecordInfoList records(int count, const QDateTime &now)
              "group on the "
              "renewal of the heating system in the north wing, second revised version (final) (2).docx"),
         home("文档/二零二四年第一季度财务报告及市场分析总结.pptx"), home("Pictures/Holiday/DSC_0042.jpg"),
-        home("ドキュメント/議事録.pdf"),
-        QStringLiteral("/mnt/share/projects/heating/plans/north-wing/floor-2/drawing.svg"),
+        home("ドキュメント/議事録.pdf"), "/mnt/share/projects/heating/plans/north-wing/floor-2/drawing.svg"_s,
         home("archive.tar.gz"), home("Documents/Letter to the editor.doc"), home("notes"),
         home("Музыка/Концерт.flac"), home("src/parser.cpp")};
     RecordInfoList list;
@@ -55,9 +53,9 @@ RecordInfoList records(int count, const QDateTime &now)
         info.pinned = i == 8;
         if (i == 3) {
             info.path.clear();
-            info.cloudName = info.displayText = QString::fromUtf8("二零二四年第一季度财务报告.pptx");
-            info.deviceName = QStringLiteral("Tablet");
-            info.roamingId = QStringLiteral("r3");
+            info.cloudName = info.displayText = "二零二四年第一季度财务报告.pptx"_s;
+            info.deviceName = "Tablet"_s;
+            info.roamingId = "r3"_s;
             info.roaming = info.cloudBacked = true;
             info.cloudFileId = 3;
         }
@@ -87,7 +85,7 @@ public:
     ZelBoxRecentFileWidget *page() const { return m_recent->page(); }
     ZelBoxRecentFileListView *view() const { return page()->view(); }
     template <class Widget> Widget *find() const { return page()->findChild<Widget *>(); }
-    NoticeBar *notice() const { return page()->findChild<NoticeBar *>(QStringLiteral("notice")); }
+    NoticeBar *notice() const { return page()->findChild<NoticeBar *>("notice"_s); }
 
     void save(const char *name, QWidget *widget = nullptr) const
     {
@@ -119,17 +117,17 @@ void lists(Scene &scene)
     scene.save("many");
     QTest::keyClick(scene.view(), Qt::Key_Down);
     scene.view()->verticalScrollBar()->setValue(690);
-    scene.notice()->showText(QStringLiteral("“Letter to the editor.doc” is no longer there."));
+    scene.notice()->showText("“Letter to the editor.doc” is no longer there."_s);
     scene.save("scrolled");
     scene.page()->findChildren<NoticeBar *>().constLast()->showAction(
-        QStringLiteral("3 files are in the recycle bin."), QStringLiteral("Undo"));
+        "3 files are in the recycle bin."_s, "Undo"_s);
     scene.save("undo");
     scene.page()->resize(440, 400);
     scene.save("narrow");
     scene.page()->resize(680, 540);
-    scene.page()->setFilterText(QStringLiteral("report"));
+    scene.page()->setFilterText("report"_s);
     scene.save("found");
-    scene.page()->setFilterText(QStringLiteral("no such name"));
+    scene.page()->setFilterText("no such name"_s);
     scene.save("nothing");
 }
 
@@ -180,7 +178,7 @@ void emptyPages(Scene &scene)
 int main(int argc, char **argv)
 {
     const PictureRun run(argc, argv);
-    const FixedNow now(at(QStringLiteral("2024-03-20 14:30")));
+    const FixedNow now(at("2024-03-20 14:30"_s));
     Scene scene(run);
     lists(scene);
     popups(scene);

@@ -15,7 +15,7 @@ inline RecentFileInfo record(const QString &id, qint64 time = 0, int kind = Rece
     RecentFileInfo info;
     info.id = id;
     info.kind = kind;
-    info.path = QStringLiteral("/data/docs/") + id + QStringLiteral(".odt");
+    info.path = "/data/docs/"_s + id + ".odt"_s;
     info.displayText = id;
     info.lastAccess = time;
     return info;
