@@ -5,7 +5,6 @@
 
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
-#include <QDBusPendingReply>
 #include <QX11Info>
 #include <QtTest>
 #include <xcb/xcb.h>
@@ -15,13 +14,13 @@ namespace {
 // A call as a desktop makes it; returns the error's name, empty for none.
 QString call(const QString &method, const QVariantList &arguments)
 {
-    QDBusMessage message = QDBusMessage::createMethodCall(QStringLiteral("org.zelbox.ZelBox"),
-        QStringLiteral("/org/zelbox/ZelBox"), QStringLiteral("org.freedesktop.Application"), method);
+    QDBusMessage message = QDBusMessage::createMethodCall(
+        "org.zelbox.ZelBox"_s, "/org/zelbox/ZelBox"_s, "org.freedesktop.Application"_s, method);
     message.setArguments(arguments);
     QDBusPendingCallWatcher watcher(PrivateBus::desktop().asyncCall(message));
     QSignalSpy finished(&watcher, &QDBusPendingCallWatcher::finished);
     if (!watcher.isFinished() && !finished.wait())
-        return QStringLiteral("no answer");
+        return "no answer"_s;
     return watcher.isError() ? watcher.error().name() : QString();
 }
 
@@ -67,101 +66,90 @@ class TestDesktopActivation : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
-    void calls_data();
-    void calls();
-    void nameTaken();
-    void tokens();
-    void permissionToComeToTheFront();
+    void initTestCase() { QVERIFY2(m_bus.isRunning(), "no dbus-daemon on this machine"); }
+
+    void calls_data()
+    {
+        QTest::addColumn<QString>("method");
+        QTest::addColumn<QVariantList>("arguments");
+        QTest::addColumn<QStringList>("expected");
+        QTest::addColumn<QString>("error");
+        const auto row = [](const char *name, const char *method, const QVariantList &arguments,
+                             const char *expected, const char *error = "") {
+            QTest::newRow(name) << QString::fromLatin1(method) << arguments
+                                << QString::fromLatin1(expected).split(QLatin1Char(' '), Qt::SkipEmptyParts)
+                                << QString::fromLatin1(error);
+        };
+        const QVariantMap odd{
+            {"desktop-startup-id"_s, QStringList{"x"_s}}, {"activation-token"_s, "8f3c"_s}, {"new"_s, 1}};
+        const auto action = [](const char *name) {
+            return QVariantList{QString::fromLatin1(name), QVariantList{}, QVariantMap{}};
+        };
+        row("activate", "Activate", {QVariantMap{}}, "main");
+        row("odd platform data", "Activate", {odd}, "main");
+        row("open", "Open", {QStringList{"file:///a"_s}, QVariantMap{}}, "main");
+        row("mini window", "ActivateAction", action("mini-window"), "mini");
+        row("settings", "ActivateAction", action("settings"), "settings");
+        row("quit", "ActivateAction", action("quit"), "quit");
+        row("unknown action", "ActivateAction", action("format"), "",
+            "org.freedesktop.DBus.Error.InvalidArgs");
+        row("no platform data", "Activate", {}, "", "org.freedesktop.DBus.Error.UnknownMethod");
+        row("a method of the class only", "start", {}, "", "org.freedesktop.DBus.Error.UnknownMethod");
+    }
+    void calls()
+    {
+        QFETCH(QString, method);
+        QFETCH(QVariantList, arguments);
+        CommandRecorder target;
+        DesktopActivation activation(target);
+        QVERIFY(startAndSettle(activation));
+        QTEST(call(method, arguments), "error");
+        QTEST(target.calls, "expected");
+    }
+
+    void nameTaken()
+    {
+        CommandRecorder target;
+        QVERIFY(PrivateBus::desktop().registerService("org.zelbox.ZelBox"_s));
+        auto first = std::make_unique<DesktopActivation>(target);
+        QTest::ignoreMessage(QtInfoMsg, "the desktop cannot reach the box: another program has its name");
+        QVERIFY(!startAndSettle(*first));
+        QVERIFY(PrivateBus::desktop().unregisterService("org.zelbox.ZelBox"_s));
+        QVERIFY(startAndSettle(*first));
+        first.reset(); // gives the name back, so that whoever calls then starts a new box
+        QTRY_COMPARE(call("Activate"_s, {QVariantMap{}}), "org.freedesktop.DBus.Error.ServiceUnknown"_s);
+    }
+
+    void tokens()
+    {
+        QCOMPARE(StartupToken::fromIpc("id_TIME1\n8f3c"_s), (StartupToken{"id_TIME1", "8f3c"}));
+        QVERIFY(StartupToken::fromIpc(QString()).isEmpty());
+        QCOMPARE(x11TimeOf("panel/_TIMEbox/3-host_TIME4294967295"), 4294967295U);
+        for (const char *none : {"", "panel", "x_TIME", "x_TIME-1", "x_TIME4294967296", "x_TIME12h"})
+            QCOMPARE(x11TimeOf(none), 0U);
+    }
+
+    void permissionToComeToTheFront()
+    {
+        for (const bool clicked : {true, false}) { // just now, or a click that is yet to come
+            const quint32 time = quint32(QX11Info::getTimestamp()) + (clicked ? -5 : 100'000);
+            const QByteArray id = "panel/a \"box\" with a long name/1_TIME" + QByteArray::number(time);
+            StartupListener listener;
+            {
+                const StartupNotice notice({id, {}});
+                QCOMPARE(quint32(QX11Info::appUserTime()) == time, clicked);
+                QCOMPARE(QX11Info::nextStartupId(), id);
+            }
+            QVERIFY(QX11Info::nextStartupId().isEmpty());
+            QByteArray quoted = id;
+            quoted.replace('"', "\\\"");
+            QTRY_COMPARE(listener.heard(), "remove: ID=\"" + quoted + '"');
+        }
+    }
 
 private:
     PrivateBus m_bus;
 };
-
-void TestDesktopActivation::initTestCase()
-{
-    QVERIFY2(m_bus.isRunning(), "no dbus-daemon on this machine");
-}
-
-void TestDesktopActivation::calls_data()
-{
-    QTest::addColumn<QString>("method");
-    QTest::addColumn<QVariantList>("arguments");
-    QTest::addColumn<QStringList>("expected");
-    QTest::addColumn<QString>("error");
-    const auto row = [](const char *name, const char *method, const QVariantList &arguments,
-                         const char *expected, const char *error = "") {
-        QTest::newRow(name) << QString::fromLatin1(method) << arguments
-                            << QString::fromLatin1(expected).split(QLatin1Char(' '), Qt::SkipEmptyParts)
-                            << QString::fromLatin1(error);
-    };
-    const QVariantMap odd{{QStringLiteral("desktop-startup-id"), QStringList{QStringLiteral("x")}},
-        {QStringLiteral("activation-token"), QStringLiteral("8f3c")}, {QStringLiteral("new"), 1}};
-    const auto action = [](const char *name) {
-        return QVariantList{QString::fromLatin1(name), QVariantList{}, QVariantMap{}};
-    };
-    row("activate", "Activate", {QVariantMap{}}, "main");
-    row("odd platform data", "Activate", {odd}, "main");
-    row("open", "Open", {QStringList{QStringLiteral("file:///a")}, QVariantMap{}}, "main");
-    row("mini window", "ActivateAction", action("mini-window"), "mini");
-    row("settings", "ActivateAction", action("settings"), "settings");
-    row("quit", "ActivateAction", action("quit"), "quit");
-    row("unknown action", "ActivateAction", action("format"), "", "org.freedesktop.DBus.Error.InvalidArgs");
-    row("no platform data", "Activate", {}, "", "org.freedesktop.DBus.Error.UnknownMethod");
-    row("a method of the class only", "start", {}, "", "org.freedesktop.DBus.Error.UnknownMethod");
-}
-
-void TestDesktopActivation::calls()
-{
-    QFETCH(QString, method);
-    QFETCH(QVariantList, arguments);
-    CommandRecorder target;
-    DesktopActivation activation(target);
-    QVERIFY(startAndSettle(activation));
-    QTEST(call(method, arguments), "error");
-    QTEST(target.calls, "expected");
-}
-
-void TestDesktopActivation::nameTaken()
-{
-    CommandRecorder target;
-    QVERIFY(PrivateBus::desktop().registerService(QStringLiteral("org.zelbox.ZelBox")));
-    auto first = std::make_unique<DesktopActivation>(target);
-    QTest::ignoreMessage(QtInfoMsg, "the desktop cannot reach the box: another program has its name");
-    QVERIFY(!startAndSettle(*first));
-    QVERIFY(PrivateBus::desktop().unregisterService(QStringLiteral("org.zelbox.ZelBox")));
-    QVERIFY(startAndSettle(*first));
-    first.reset(); // gives the name back, so that whoever calls then starts a new box
-    QTRY_COMPARE(call(QStringLiteral("Activate"), {QVariantMap{}}),
-        QStringLiteral("org.freedesktop.DBus.Error.ServiceUnknown"));
-}
-
-void TestDesktopActivation::tokens()
-{
-    QCOMPARE(StartupToken::fromIpc(QStringLiteral("id_TIME1\n8f3c")), (StartupToken{"id_TIME1", "8f3c"}));
-    QVERIFY(StartupToken::fromIpc(QString()).isEmpty());
-    QCOMPARE(x11TimeOf("panel/_TIMEbox/3-host_TIME4294967295"), 4294967295U);
-    for (const char *none : {"", "panel", "x_TIME", "x_TIME-1", "x_TIME4294967296", "x_TIME12h"})
-        QCOMPARE(x11TimeOf(none), 0U);
-}
-
-void TestDesktopActivation::permissionToComeToTheFront()
-{
-    for (const bool clicked : {true, false}) { // just now, or a click that is yet to come
-        const quint32 time = quint32(QX11Info::getTimestamp()) + (clicked ? -5 : 100'000);
-        const QByteArray id = "panel/a \"box\" with a long name/1_TIME" + QByteArray::number(time);
-        StartupListener listener;
-        {
-            const StartupNotice notice({id, {}});
-            QCOMPARE(quint32(QX11Info::appUserTime()) == time, clicked);
-            QCOMPARE(QX11Info::nextStartupId(), id);
-        }
-        QVERIFY(QX11Info::nextStartupId().isEmpty());
-        QByteArray quoted = id;
-        quoted.replace('"', "\\\"");
-        QTRY_COMPARE(listener.heard(), "remove: ID=\"" + quoted + '"');
-    }
-}
 
 QTEST_MAIN(TestDesktopActivation)
 #include "tst_desktopactivation.moc"

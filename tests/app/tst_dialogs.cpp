@@ -47,16 +47,16 @@ qreal contrastIn(const QImage &picture, const QRect &part)
 RecentFileInfo document()
 {
     RecentFileInfo record;
-    record.id = record.path = QStringLiteral("/docs/A report with a name that is not exactly short.odt");
-    record.roamingId = QStringLiteral("r1");
+    record.id = record.path = "/docs/A report with a name that is not exactly short.odt"_s;
+    record.roamingId = "r1"_s;
     return record;
 }
 
 CloudConflicts conflicts()
 {
     CloudConflict one;
-    one.name = QStringLiteral("report.odt");
-    one.suggestedName = QStringLiteral("report (2).odt");
+    one.name = "report.odt"_s;
+    one.suggestedName = "report (2).odt"_s;
     return {one};
 }
 
@@ -68,91 +68,79 @@ class TestDialogs : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
-    void oneFrame_data();
-    void oneFrame();
+    void initTestCase()
+    {
+        QApplication::setStyle(new KLiteStyle);
+        QApplication::setFont(KLiteStyle::applicationFont());
+    }
+
+    void oneFrame_data()
+    {
+        using Make = std::function<BoxDialog *()>;
+        QTest::addColumn<Make>("make");
+        QTest::addColumn<bool>("dark");
+        const QVector<std::pair<const char *, Make>> dialogs{
+            {"remove", [] { return new RemoveRecordDialog({document()}); }},
+            {"delete", [] { return new DeleteFileDialog("a.odt"_s, 1); }},
+            {"share", [] { return new ShareDialog(document()); }},
+            {"roaming guide", [] { return new ZelBoxRecentFileGuideDialog; }},
+            {"conflict", [] { return new ConflictDialog(CloudOperation::Copy, conflicts()); }},
+            {"move",
+                [this] { return new MoveDialog(&m_cloud, {}, "a"_s, [](const QString &) { return true; }); }},
+            {"exit", [] { return new ZelBoxExitDialog; }},
+            {"folder", [] { return new FolderSelectorDlg; }},
+            {"synchronise", [] { return new SyncFolderDlg; }},
+            {"confirm", [] { return new ConfirmDialog("Title"_s, "Clear it all?"_s, "Clear"_s, nullptr); }},
+        };
+        for (const auto &[name, make] : dialogs) {
+            for (const bool dark : {false, true})
+                QTest::addRow("%s, %s", name, dark ? "dark" : "light") << make << dark;
+        }
+    }
+    void oneFrame()
+    {
+        QFETCH(std::function<BoxDialog *()>, make);
+        QFETCH(bool, dark);
+        KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
+        QApplication::setPalette(KLiteStyle::palette(dark));
+        const std::unique_ptr<BoxDialog> dialog(make());
+        dialog->setAttribute(Qt::WA_DeleteOnClose, false);
+        dialog->show();
+        QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
+        QVERIFY(dialog->width() >= KLiteStyle::dpiScaled(zel::look::DialogWidth));
+        QVERIFY(!(dialog->windowFlags() & (Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint)));
+        int defaults = 0;
+        for (const QPushButton *button : dialog->findChildren<QPushButton *>())
+            defaults += button->isDefault() ? 1 : 0;
+        QVERIFY(defaults <= 1);
+
+        QImage picture(dialog->size() * Scale, QImage::Format_RGB32);
+        picture.setDevicePixelRatio(Scale);
+        dialog->render(&picture);
+        int texts = 0;
+        for (const QWidget *widget : dialog->findChildren<QWidget *>()) {
+            const auto *label = qobject_cast<const QLabel *>(widget);
+            const auto *button = qobject_cast<const QAbstractButton *>(widget);
+            const QString text = label ? label->text() : button ? button->text() : QString();
+            if (text.isEmpty() || !widget->isVisible() || !widget->isEnabled())
+                continue;
+            ++texts;
+            if (label && label->wordWrap())
+                QVERIFY2(label->heightForWidth(label->width()) <= label->height(), qPrintable(text));
+            else
+                QVERIFY2(widget->sizeHint().width() <= widget->width(), qPrintable(text));
+            const int edge = button ? 4 : 0; // what is painted around the text
+            const QRect part = QRect(widget->mapTo(dialog.get(), QPoint()), widget->size())
+                                   .adjusted(edge, edge, -edge, -edge);
+            const qreal measured = contrastIn(picture, {part.topLeft() * Scale, part.size() * Scale});
+            QVERIFY2(measured >= 4.5, qPrintable("%1: %2"_s.arg(text).arg(measured)));
+        }
+        QVERIFY(texts >= 3);
+    }
 
 private:
     FakeCloud m_cloud;
 };
-
-void TestDialogs::initTestCase()
-{
-    QApplication::setStyle(new KLiteStyle);
-    QApplication::setFont(KLiteStyle::applicationFont());
-}
-
-void TestDialogs::oneFrame_data()
-{
-    using Make = std::function<BoxDialog *()>;
-    QTest::addColumn<Make>("make");
-    QTest::addColumn<bool>("dark");
-    const QVector<std::pair<const char *, Make>> dialogs{
-        {"remove", [] { return new RemoveRecordDialog({document()}); }},
-        {"delete", [] { return new DeleteFileDialog(QStringLiteral("a.odt"), 1); }},
-        {"share", [] { return new ShareDialog(document()); }},
-        {"roaming guide", [] { return new ZelBoxRecentFileGuideDialog; }},
-        {"conflict", [] { return new ConflictDialog(CloudOperation::Copy, conflicts()); }},
-        {"move",
-            [this] {
-                return new MoveDialog(
-                    &m_cloud, {}, QStringLiteral("a"), [](const QString &) { return true; });
-            }},
-        {"exit", [] { return new ZelBoxExitDialog; }},
-        {"folder", [] { return new FolderSelectorDlg; }},
-        {"synchronise", [] { return new SyncFolderDlg; }},
-        {"confirm",
-            [] {
-                return new ConfirmDialog(QStringLiteral("Title"), QStringLiteral("Clear it all?"),
-                    QStringLiteral("Clear"), nullptr);
-            }},
-    };
-    for (const auto &[name, make] : dialogs) {
-        for (const bool dark : {false, true})
-            QTest::addRow("%s, %s", name, dark ? "dark" : "light") << make << dark;
-    }
-}
-
-void TestDialogs::oneFrame()
-{
-    QFETCH(std::function<BoxDialog *()>, make);
-    QFETCH(bool, dark);
-    KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
-    QApplication::setPalette(KLiteStyle::palette(dark));
-    const std::unique_ptr<BoxDialog> dialog(make());
-    dialog->setAttribute(Qt::WA_DeleteOnClose, false);
-    dialog->show();
-    QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
-    QVERIFY(dialog->width() >= KLiteStyle::dpiScaled(zel::look::DialogWidth));
-    QVERIFY(!(dialog->windowFlags() & (Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint)));
-    int defaults = 0;
-    for (const QPushButton *button : dialog->findChildren<QPushButton *>())
-        defaults += button->isDefault() ? 1 : 0;
-    QVERIFY(defaults <= 1);
-
-    QImage picture(dialog->size() * Scale, QImage::Format_RGB32);
-    picture.setDevicePixelRatio(Scale);
-    dialog->render(&picture);
-    int texts = 0;
-    for (const QWidget *widget : dialog->findChildren<QWidget *>()) {
-        const auto *label = qobject_cast<const QLabel *>(widget);
-        const auto *button = qobject_cast<const QAbstractButton *>(widget);
-        const QString text = label ? label->text() : button ? button->text() : QString();
-        if (text.isEmpty() || !widget->isVisible() || !widget->isEnabled())
-            continue;
-        ++texts;
-        if (label && label->wordWrap())
-            QVERIFY2(label->heightForWidth(label->width()) <= label->height(), qPrintable(text));
-        else
-            QVERIFY2(widget->sizeHint().width() <= widget->width(), qPrintable(text));
-        const int edge = button ? 4 : 0; // what is painted around the text
-        const QRect part =
-            QRect(widget->mapTo(dialog.get(), QPoint()), widget->size()).adjusted(edge, edge, -edge, -edge);
-        const qreal measured = contrastIn(picture, {part.topLeft() * Scale, part.size() * Scale});
-        QVERIFY2(measured >= 4.5, qPrintable(QStringLiteral("%1: %2").arg(text).arg(measured)));
-    }
-    QVERIFY(texts >= 3);
-}
 
 QTEST_MAIN(TestDialogs)
 #include "tst_dialogs.moc"

@@ -5,33 +5,31 @@
 #include "ksettings.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
 #include "standalonebox.h"
+#include "support/text.h"
 
-#include <QSignalSpy>
 #include <QtTest>
 
 class TestEnterprise : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void backgroundCommandLeavesTheWindow();
-};
-
-void TestEnterprise::backgroundCommandLeavesTheWindow()
-{
+    void backgroundCommandLeavesTheWindow()
     {
-        KSettings settings;
-        settings.beginGroup(zel::keys::Plugins);
-        settings.beginGroup(zel::keys::Zelbox);
-        settings.setValue(zel::keys::Enterprise, true);
+        {
+            KSettings settings;
+            settings.beginGroup(zel::keys::Plugins);
+            settings.beginGroup(zel::keys::Zelbox);
+            settings.setValue(zel::keys::Enterprise, true);
+        }
+        StandAloneBox box;
+        QVERIFY(box.application.start(QString()));
+        ZelBoxCore *core = ZelBoxCore::instance();
+        QSignalSpy closed(core->mainWindow(), &ZelBoxMainWindow::windowClose);
+        core->dispatch("/from=tray"_s, false);
+        QVERIFY(core->mainWindow()->isVisible());
+        QCOMPARE(closed.size(), 0);
     }
-    StandAloneBox box;
-    QVERIFY(box.application.start(QString()));
-    ZelBoxCore *core = ZelBoxCore::instance();
-    QSignalSpy closed(core->mainWindow(), &ZelBoxMainWindow::windowClose);
-    core->dispatch(QStringLiteral("/from=tray"), false);
-    QVERIFY(core->mainWindow()->isVisible());
-    QCOMPARE(closed.size(), 0);
-}
+};
 
 QTEST_APPLESS_MAIN(TestEnterprise)
 #include "tst_enterprise.moc"

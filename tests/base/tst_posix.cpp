@@ -84,15 +84,15 @@ private Q_SLOTS:
         QFETCH(QString, before);
         QFETCH(bool, usable);
         const std::string folder = path("zelbox");
-        if (before == QLatin1String("link")) {
+        if (before == "link"_s) {
             QCOMPARE(::mkdir(path("target").c_str(), 0700), 0);
             QCOMPARE(::symlink(path("target").c_str(), folder.c_str()), 0);
-        } else if (before == QLatin1String("file")) {
+        } else if (before == "file"_s) {
             QVERIFY(openLockFile(folder));
         } else if (!before.isEmpty()) {
             QCOMPARE(::mkdir(folder.c_str(), 0700), 0);
-            QCOMPARE(::chmod(folder.c_str(), before == QLatin1String("open") ? 0777 : 0700), 0);
-            if (before == QLatin1String("stranger") && ::chown(folder.c_str(), stranger, stranger) != 0)
+            QCOMPARE(::chmod(folder.c_str(), before == "open"_s ? 0777 : 0700), 0);
+            if (before == "stranger"_s && ::chown(folder.c_str(), stranger, stranger) != 0)
                 QSKIP("only root can give a folder away");
         }
         const RuntimeDir dir = openRuntimeDir();
@@ -105,12 +105,7 @@ private Q_SLOTS:
         }
     }
 
-    void runtimeDirWithoutXdg_data()
-    {
-        const auto row = zeltest::table<bool>("set");
-        row("unset", false);
-        row("relative", true);
-    }
+    void runtimeDirWithoutXdg_data() { zeltest::rows<bool>("set", {{"unset", false}, {"relative", true}}); }
     void runtimeDirWithoutXdg()
     {
         QFETCH(bool, set);

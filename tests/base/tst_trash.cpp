@@ -21,7 +21,7 @@ bool isThere(const QString &path) // links count themselves
 
 QString inTrash(const char *name = "")
 {
-    return QDir::cleanPath(zel::paths::dataHome() + QStringLiteral("/Trash/") + QString::fromUtf8(name));
+    return QDir::cleanPath(zel::paths::dataHome() + "/Trash/"_s + QString::fromUtf8(name));
 }
 
 quint64 deviceOf(const QString &path)
@@ -81,7 +81,7 @@ private Q_SLOTS:
         const auto row = zeltest::table<QString, QString>("name", "kind");
         row("file", "letter.txt", "file");
         row("hard name", "50% [Trash] ü\n=;.txt", "file");
-        row("longest name", QString(251, QLatin1Char('x')) + QStringLiteral(".odt"), "file");
+        row("longest name", QString(251, QLatin1Char('x')) + ".odt"_s, "file");
         row("folder with contents", "folder", "folder");
         row("dangling link", "dangling", "link");
         row("link with a slash behind", "link/", "link to folder");
@@ -94,9 +94,9 @@ private Q_SLOTS:
         const QString path = m_tree->path(name);
         const QString bare = name.endsWith(QLatin1Char('/')) ? path.chopped(1) : path;
         const QString target = m_tree->path("target");
-        const bool isLink = kind.startsWith(QLatin1String("link"));
-        const QString content = kind == QLatin1String("folder") ? path + QStringLiteral("/inside") : path;
-        if (kind == QLatin1String("link to folder"))
+        const bool isLink = kind.startsWith("link"_s);
+        const QString content = kind == "folder"_s ? path + "/inside"_s : path;
+        if (kind == "link to folder"_s)
             m_tree->make({"target/"});
         if (isLink)
             m_tree->link("target", bare);
@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(QFileInfo(gone.trashId).path(), inTrash("info"));
         QCOMPARE(pathOfInfo(m_tree->read(gone.trashId)), QFile::encodeName(bare));
         QCOMPARE(QFile::permissions(inTrash()) & 0x0077, QFile::Permissions());
-        if (kind == QLatin1String("folder gone"))
+        if (kind == "folder gone"_s)
             QVERIFY(QDir(m_tree->path("a")).removeRecursively());
 
         const Result back = restore(gone.trashId);
@@ -130,14 +130,13 @@ private Q_SLOTS:
     {
         QStringList ids;
         for (int n = 0; n < 40; ++n) { // more than are counted in sequence
-            const Result gone =
-                put(m_tree->write(QString::number(n) + QStringLiteral("/same.txt"), QByteArray::number(n)));
+            const Result gone = put(m_tree->write(QString::number(n) + "/same.txt"_s, QByteArray::number(n)));
             QCOMPARE(gone.outcome, Outcome::Done);
             ids.append(gone.trashId);
         }
         for (int n = 0; n < ids.size(); ++n) {
             QCOMPARE(restore(ids.at(n)).outcome, Outcome::Done);
-            QCOMPARE(m_tree->read(QString::number(n) + QStringLiteral("/same.txt")), QByteArray::number(n));
+            QCOMPARE(m_tree->read(QString::number(n) + "/same.txt"_s), QByteArray::number(n));
         }
     }
 
@@ -160,8 +159,8 @@ private Q_SLOTS:
         row("missing", "/nowhere/at/all", Outcome::Missing);
         row("root", "/", Outcome::Denied);
         row("relative", "letter.txt", Outcome::Denied);
-        row("no name of a file", QDir::homePath() + QStringLiteral("/a") + QChar(0xd800), Outcome::Denied);
-        row("climbing", QDir::homePath() + QStringLiteral("/x/.."), Outcome::Denied);
+        row("no name of a file", QDir::homePath() + "/a"_s + QChar(0xd800), Outcome::Denied);
+        row("climbing", QDir::homePath() + "/x/.."_s, Outcome::Denied);
         row("folder that the trash is in", QDir::homePath(), Outcome::Denied);
         row("the trash", inTrash(), Outcome::Denied);
         row("in the trash", inTrash("files/orphan.txt"), Outcome::Denied);
@@ -203,8 +202,7 @@ private Q_SLOTS:
         const auto row = zeltest::table<QString, QByteArray, Outcome>("id", "info", "outcome");
         const QByteArray good = "[Trash Info]\nPath=$/back\n";
         row("folder that is no trash", "$/info/f.trashinfo", good, Outcome::Denied);
-        row("looks like one", QStringLiteral("$/.Trash-%1/info/f.trashinfo").arg(::getuid()), good,
-            Outcome::Denied);
+        row("looks like one", "$/.Trash-%1/info/f.trashinfo"_s.arg(::getuid()), good, Outcome::Denied);
         row("climbs", "%/info/../info/f.trashinfo", good, Outcome::Denied);
         row("below info", "%/info/info/f.trashinfo", good, Outcome::Denied);
         row("of no name", "%/info/.trashinfo", good, Outcome::Denied);
@@ -222,12 +220,12 @@ private Q_SLOTS:
         info.replace('$', QFile::encodeName(m_tree->path()));
         const QString trash = QFileInfo(QFileInfo(id).path()).path();
         m_tree->write(QDir::cleanPath(id), info);
-        m_tree->write(trash + QStringLiteral("/files/f"), "text");
+        m_tree->write(trash + "/files/f"_s, "text");
         const Result result = restore(id);
         QTEST(result.outcome, "outcome");
         QVERIFY(!result.logText.isEmpty());
         QVERIFY(!isThere(m_tree->path("back")));
-        QCOMPARE(m_tree->read(trash + QStringLiteral("/files/f")), QByteArray("text"));
+        QCOMPARE(m_tree->read(trash + "/files/f"_s), QByteArray("text"));
     }
 
     void linkInPlaceOfTheInfo()
@@ -244,9 +242,9 @@ private Q_SLOTS:
     {
         // mode: of the shared trash; -1: none, -2: a link in its place
         const auto row = zeltest::table<int, QString>("mode", "trash");
-        const QString own = QStringLiteral("/dev/shm/.Trash-%1").arg(::getuid());
+        const QString own = "/dev/shm/.Trash-%1"_s.arg(::getuid());
         row("no shared trash", -1, own);
-        row("shared trash", 01777, QStringLiteral("/dev/shm/.Trash/%1").arg(::getuid()));
+        row("shared trash", 01777, "/dev/shm/.Trash/%1"_s.arg(::getuid()));
         row("shared trash without sticky bit", 0777, own);
         row("link in place of the shared trash", -2, own);
     }
@@ -254,17 +252,17 @@ private Q_SLOTS:
     {
         QFETCH(int, mode);
         QFETCH(QString, trash);
-        const QString shared = QStringLiteral("/dev/shm/.Trash");
-        if (deviceOf(QStringLiteral("/dev/shm")) == deviceOf(QDir::homePath())
-            || ::access("/dev/shm", W_OK) != 0 || isThere(shared) || isThere(trash))
+        const QString shared = "/dev/shm/.Trash"_s;
+        if (deviceOf("/dev/shm"_s) == deviceOf(QDir::homePath()) || ::access("/dev/shm", W_OK) != 0
+            || isThere(shared) || isThere(trash))
             QSKIP("no second file system for this test");
-        const QTemporaryDir folder(QStringLiteral("/dev/shm/zeltest-XXXXXX"));
-        const QTemporaryDir elsewhere(QStringLiteral("/dev/shm/zeltest-XXXXXX"));
+        const QTemporaryDir folder("/dev/shm/zeltest-XXXXXX"_s);
+        const QTemporaryDir elsewhere("/dev/shm/zeltest-XXXXXX"_s);
         if (mode >= 0)
             QVERIFY(::mkdir("/dev/shm/.Trash", 0700) == 0 && ::chmod("/dev/shm/.Trash", mode_t(mode)) == 0);
         else if (mode == -2)
             QVERIFY(::symlink(QFile::encodeName(elsewhere.path()).constData(), "/dev/shm/.Trash") == 0);
-        const QString path = folder.filePath(QStringLiteral("letter ü.txt"));
+        const QString path = folder.filePath("letter ü.txt"_s);
         m_tree->write(path, "text");
 
         const Result gone = put(path);
@@ -276,7 +274,7 @@ private Q_SLOTS:
             ::remove("/dev/shm/.Trash");
 
         QCOMPARE(gone.logText, QString());
-        QCOMPARE(gone.trashId, trash + QStringLiteral("/info/letter ü.txt.trashinfo"));
+        QCOMPARE(gone.trashId, trash + "/info/letter ü.txt.trashinfo"_s);
         QVERIFY(!wasThere);
         QCOMPARE(pathOfInfo(info), QFile::encodeName(path.mid(int(qstrlen("/dev/shm/")))));
         QCOMPARE(back.logText, QString());

@@ -85,9 +85,9 @@ private Q_SLOTS:
         QSignalSpy states(box, SIGNAL(notifyRecentFileStateChanged(const QVector<zel::vela::CloudItem> &)));
         QSignalSpy membership(box, &ZelBoxCloudSvr::signal_vipInfoChanged);
         KVelaEventObject *events = box->velaEventObject();
-        Q_EMIT events->signal_vipInfoChanged(QVariantMap{{QStringLiteral("kind"), QStringLiteral("super")}});
+        Q_EMIT events->signal_vipInfoChanged(QVariantMap{{"kind"_s, "super"_s}});
         Q_EMIT events->signal_notifyFileCreation({});
-        Q_EMIT events->signal_notifyNewMsgList({QStringLiteral("1")});
+        Q_EMIT events->signal_notifyNewMsgList({"1"_s});
         Q_EMIT events->signal_notifyActionsMapForReadMessage({});
         Q_EMIT events->signal_notifyShareDiscussion({});
         Q_EMIT events->signal_notifyUserThumbnail({});
@@ -95,7 +95,7 @@ private Q_SLOTS:
         for (const QSignalSpy *spy :
             {&creation, &messages, &actions, &discussion, &thumbnail, &states, &membership})
             QCOMPARE(spy->size(), 1);
-        QCOMPARE(messages.first().first().toStringList(), QStringList{QStringLiteral("1")});
+        QCOMPARE(messages.first().first().toStringList(), QStringList{"1"_s});
 
         QSignalSpy disconnected(box, &ZelBoxCloudSvr::socketDisconnected);
         QSignalSpy offline(box, &ZelBoxCloudSvr::velaOffline);
@@ -125,10 +125,10 @@ private Q_SLOTS:
         Fixture f;
         f.service->login = wholeLogin;
         QVERIFY(f.connectNow());
-        const CloudCredentials before{QStringLiteral("id"), QStringLiteral("key"), QStringLiteral("c=1")};
+        const CloudCredentials before{"id"_s, "key"_s, "c=1"_s};
         QTRY_COMPARE(f.proxy->credentials(), before); // asked for after the change of the login state
         f.proxy->onUpdateLoginInfo(ok, QString(), responseOf(login));
-        const CloudCredentials other{QStringLiteral("id2"), QStringLiteral("key"), QString()};
+        const CloudCredentials other{"id2"_s, "key"_s, QString()};
         QCOMPARE(f.proxy->credentials(), taken ? other : before);
     }
 
@@ -138,13 +138,12 @@ private Q_SLOTS:
         f.service->login = {{"loginStatus", "0"}};
         QSignalSpy updated(f.proxy.get(), &ZelBoxCloudSvr::vipInfoUpdated);
         QVERIFY(f.connectNow());
-        QCOMPARE(updated.size(), 1); // nothing was known before
-        QTRY_COMPARE(
-            f.service->methods.count(QStringLiteral("getLoginInfo")), 2); // the proxy's and the facade's
+        QCOMPARE(updated.size(), 1);                                 // nothing was known before
+        QTRY_COMPARE(f.service->methods.count("getLoginInfo"_s), 2); // the proxy's and the facade's
         for (int i = 0; i < 3; ++i)
             f.proxy->onLoginStatusChanged();
         QCOMPARE(updated.size(), 1);
-        QTRY_COMPARE(f.service->methods.count(QStringLiteral("getLoginInfo")), 5);
+        QTRY_COMPARE(f.service->methods.count("getLoginInfo"_s), 5);
         f.service->login = wholeLogin;
         vela::NotifyUserGenericInfoArg push;
         push.infoKey = "loginStatus";
@@ -158,11 +157,11 @@ private Q_SLOTS:
     void membership_data()
     {
         const auto row = zeltest::table<QVariant, bool>("info", "told");
-        row("map", QVariant(QVariantMap{{QStringLiteral("level"), 3}}), true);
+        row("map", QVariant(QVariantMap{{"level"_s, 3}}), true);
         row("empty map", QVariant(QVariantMap()), true);
         row("invalid", QVariant(), false);
-        row("text", QVariant(QStringLiteral("level=3")), false);
-        row("list", QVariant(QStringList{QStringLiteral("level")}), false);
+        row("text", QVariant("level=3"_s), false);
+        row("list", QVariant(QStringList{"level"_s}), false);
     }
     void membership()
     {
@@ -173,8 +172,7 @@ private Q_SLOTS:
         box.onVipInfoChanged(info);
         QCOMPARE(spy.size(), told ? 1 : 0);
         if (told && !info.toMap().isEmpty())
-            QCOMPARE((spy.first().first().value<QMap<QString, QString>>().value(QStringLiteral("level"))),
-                QStringLiteral("3"));
+            QCOMPARE((spy.first().first().value<QMap<QString, QString>>().value("level"_s)), "3"_s);
     }
 
     void operations_data()
@@ -192,7 +190,7 @@ private Q_SLOTS:
         };
         const Check isU1 = [](FakeService::Reader &reader) {
             QStringList texts;
-            return reader.readRequestList(texts) && texts == QStringList{QStringLiteral("u1")};
+            return reader.readRequestList(texts) && texts == QStringList{"u1"_s};
         };
         using Svr = ZelBoxCloudSvr;
         row("cloudDocSearch", &Svr::cloudDocSearch, vela::CloudDocSearchArg());
@@ -205,11 +203,11 @@ private Q_SLOTS:
         row("folderUpload", &Svr::folderUpload, vela::UploadFolderToCloudArg());
         row("downloadFileFromCloud", &Svr::downloadFileFromCloud, vela::DownloadCloudFileArg());
         QTest::newRow("redirect") << Call([isU1](Svr &box) {
-            box.redirect(QStringLiteral("u1"));
+            box.redirect("u1"_s);
             return isU1;
         });
         QTest::newRow("showUpgradeVip") << Call([isU1](Svr &box) {
-            box.showUpgradeVip(QStringLiteral("u1"));
+            box.showUpgradeVip("u1"_s);
             return isU1;
         });
     }
@@ -236,7 +234,7 @@ private Q_SLOTS:
             reader.readRequest(came);
         };
         QVERIFY(f.connectNow());
-        f.proxy->cancelTask({QStringLiteral("t1"), QStringLiteral("t2")}, nullptr, QString());
+        f.proxy->cancelTask({"t1"_s, "t2"_s}, nullptr, QString());
         vela::VelaIpcArg expected;
         expected.nameSpace = "KVelaIpcCallObj";
         expected.method = "cancelTask";
@@ -247,10 +245,10 @@ private Q_SLOTS:
 
     void upgradeQueries()
     {
-        QCOMPARE(upgrade::query(QStringLiteral("zelbox_menu"), QStringLiteral("pay"), upgrade::Offer::Super),
-            QStringLiteral("&position=zelbox_menu&payconfig=pay&component=pc_svip"));
-        QCOMPARE(upgrade::query(QStringLiteral("a&b"), QStringLiteral("%1"), upgrade::Offer::Plume),
-            QStringLiteral("&position=a%26b&payconfig=%251&component=pc_plume"));
+        QCOMPARE(upgrade::query("zelbox_menu"_s, "pay"_s, upgrade::Offer::Super),
+            "&position=zelbox_menu&payconfig=pay&component=pc_svip"_s);
+        QCOMPARE(upgrade::query("a&b"_s, "%1"_s, upgrade::Offer::Plume),
+            "&position=a%26b&payconfig=%251&component=pc_plume"_s);
     }
 
     void windowIdentity_data()

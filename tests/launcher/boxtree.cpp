@@ -1,4 +1,5 @@
 #include "launcher/boxtree.h"
+#include "support/text.h"
 
 #include <QDir>
 #include <QFile>
@@ -21,28 +22,28 @@ void copy(const char *variable, const QString &target)
 
 QString activate(const zeltest::Text &commandLine)
 {
-    return QStringLiteral("zelbox_active_window?=") + commandLine.text();
+    return "zelbox_active_window?="_s + commandLine.text();
 }
 
 BoxTree::BoxTree(const QString &libraryFolder) : environment(QProcessEnvironment::systemEnvironment())
 {
     const QDir folder(root.path());
-    folder.mkdir(QStringLiteral("bin"));
-    folder.mkdir(QStringLiteral("run"));
-    copy("ZEL_LAUNCHER", folder.filePath(QStringLiteral("bin/zelbox")));
+    folder.mkdir("bin"_s);
+    folder.mkdir("run"_s);
+    copy("ZEL_LAUNCHER", folder.filePath("bin/zelbox"_s));
     if (!libraryFolder.isEmpty()) {
         folder.mkpath(libraryFolder);
-        copy("ZEL_FAKEBOX", folder.filePath(libraryFolder + QStringLiteral("/libzelbox.so")));
+        copy("ZEL_FAKEBOX", folder.filePath(libraryFolder + "/libzelbox.so"_s));
     }
-    set(QStringLiteral("XDG_RUNTIME_DIR"), folder.filePath(QStringLiteral("run")));
-    set(QStringLiteral("FAKEBOX_LOG"), folder.filePath(QStringLiteral("log")));
+    set("XDG_RUNTIME_DIR"_s, folder.filePath("run"_s));
+    set("FAKEBOX_LOG"_s, folder.filePath("log"_s));
 }
 
 // A failed test must not leave a box behind.
 BoxTree::~BoxTree()
 {
     for (const Record &record : records()) {
-        const QString program = QFile::symLinkTarget(QStringLiteral("/proc/%1/exe").arg(record.pid));
+        const QString program = QFile::symLinkTarget("/proc/%1/exe"_s.arg(record.pid));
         if (program.startsWith(root.path()))
             ::kill(pid_t(record.pid), SIGKILL);
     }
@@ -64,7 +65,7 @@ BoxTree::Process BoxTree::start(const QStringList &arguments)
 {
     Process process(new QProcess);
     process->setProcessEnvironment(environment);
-    process->start(root.filePath(QStringLiteral("bin/zelbox")), arguments);
+    process->start(root.filePath("bin/zelbox"_s), arguments);
     if (!process->waitForStarted(patience))
         qFatal("cannot start the launcher");
     return process;
@@ -75,9 +76,8 @@ BoxTree::Process BoxTree::startBox(const QStringList &arguments)
     Process process = start(arguments);
     const auto isBox = [this, pid = process->processId()] {
         const QVector<Record> all = records();
-        return std::any_of(all.begin(), all.end(), [pid](const Record &record) {
-            return record.pid == pid && record.what == QLatin1String("start");
-        });
+        return std::any_of(all.begin(), all.end(),
+            [pid](const Record &record) { return record.pid == pid && record.what == "start"_s; });
     };
     return QTest::qWaitFor(isBox, patience) ? std::move(process) : nullptr;
 }
@@ -93,7 +93,7 @@ int BoxTree::run(const QStringList &arguments)
 
 bool BoxTree::isUp()
 {
-    return run({QStringLiteral("/up")}) == 0;
+    return run({"/up"_s}) == 0;
 }
 
 bool BoxTree::end(QProcess &box)
@@ -104,7 +104,7 @@ bool BoxTree::end(QProcess &box)
 QVector<BoxTree::Record> BoxTree::records() const
 {
     QVector<Record> result;
-    QFile file(root.filePath(QStringLiteral("log")));
+    QFile file(root.filePath("log"_s));
     if (!file.open(QIODevice::ReadOnly))
         return result;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(QLatin1Char('\n'), Qt::SkipEmptyParts);
@@ -126,12 +126,12 @@ QStringList BoxTree::texts(const zeltest::Text &what) const
 
 QString BoxTree::runtimeFolder() const
 {
-    return root.filePath(QStringLiteral("run/zelbox"));
+    return root.filePath("run/zelbox"_s);
 }
 
 std::string BoxTree::socketPath() const
 {
-    return QFile::encodeName(runtimeFolder() + QStringLiteral("/zelbox.sock")).toStdString();
+    return QFile::encodeName(runtimeFolder() + "/zelbox.sock"_s).toStdString();
 }
 
 QString BoxTree::pipePath(const QString &variable) const

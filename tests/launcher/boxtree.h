@@ -7,10 +7,10 @@
 #include <QTemporaryDir>
 #include <memory>
 
-constexpr int patience = 30000;                                 ///< milliseconds for what has to come
-const QString holdStart = QStringLiteral("FAKEBOX_HOLD_START"); ///< before the box registers its handler
-const QString holdEnd = QStringLiteral("FAKEBOX_HOLD_END"); ///< when it has removed it and is about to end
-const QString exitCommand = QStringLiteral("/action=exit");
+constexpr int patience = 30000;                   ///< milliseconds for what has to come
+const QString holdStart = "FAKEBOX_HOLD_START"_s; ///< before the box registers its handler
+const QString holdEnd = "FAKEBOX_HOLD_END"_s;     ///< when it has removed it and is about to end
+const QString exitCommand = "/action=exit"_s;
 
 using zeltest::words;
 QString activate(const zeltest::Text &commandLine); ///< the message for that command line
@@ -28,7 +28,7 @@ public:
     using Process = std::unique_ptr<QProcess>;
 
     /// `libraryFolder` is where the box lies, below the root; empty for no box at all.
-    explicit BoxTree(const QString &libraryFolder = QStringLiteral("lib"));
+    explicit BoxTree(const QString &libraryFolder = "lib"_s);
     ~BoxTree();
 
     void set(const zeltest::Text &variable, const zeltest::Text &value)

@@ -16,7 +16,7 @@ namespace {
 // How many connections the socket has on the box's side, accepted or queued.
 int connectionsTo(const std::string &socketPath)
 {
-    QFile file(QStringLiteral("/proc/net/unix"));
+    QFile file("/proc/net/unix"_s);
     if (!file.open(QIODevice::ReadOnly))
         return -1;
     int count = 0;
@@ -58,8 +58,8 @@ private Q_SLOTS:
         const QString longLine(100000, QLatin1Char('x'));
         row("none", {}, {});
         row("Chinese, blanks, beyond the first plane",
-            {QStringLiteral("/id=\u6587\u6863 \u7BB1"), QString(), QStringLiteral("\U0001F4C4")},
-            QStringLiteral("\"/id=\u6587\u6863 \u7BB1\" \"\" \U0001F4C4"));
+            {"/id=\u6587\u6863 \u7BB1"_s, QString(), "\U0001F4C4"_s},
+            "\"/id=\u6587\u6863 \u7BB1\" \"\" \U0001F4C4"_s);
         row("100 kB", {longLine}, longLine);
         row("the launcher's options behind --", words({"--", "--help", "/x"}), "--help /x");
     }
@@ -73,7 +73,7 @@ private Q_SLOTS:
         QCOMPARE(tree.run(arguments), 0);
         QCOMPARE(tree.texts("start"), QStringList{line});
         QCOMPARE(tree.texts("message"), QStringList{activate(line)});
-        QVERIFY(tree.texts("arguments").value(0).endsWith(QLatin1String(" terminated")));
+        QVERIFY(tree.texts("arguments").value(0).endsWith(" terminated"_s));
         QVERIFY(tree.end(*box));
     }
 
@@ -93,10 +93,9 @@ private Q_SLOTS:
         QVERIFY(box);
         tree.set("DESKTOP_STARTUP_ID", startupId);
         tree.set("XDG_ACTIVATION_TOKEN", activationToken);
-        QCOMPARE(tree.run({QStringLiteral("/show")}), 0);
+        QCOMPARE(tree.run({"/show"_s}), 0);
         // The record keeps one line a message.
-        const QString token =
-            QStringLiteral("zelbox_startup?=") + startupId + QLatin1Char('|') + activationToken;
+        const QString token = "zelbox_startup?="_s + startupId + QLatin1Char('|') + activationToken;
         QCOMPARE(tree.texts("message"), (QStringList{token, activate("/show")}));
         QVERIFY(tree.end(*box));
     }
@@ -117,7 +116,7 @@ private Q_SLOTS:
         QStringList lines;
         for (int i = 0; i < count; ++i) {
             const bool end = ends && i % 3 == 2;
-            const QString line = end ? exitCommand : QStringLiteral("/n=%1").arg(i);
+            const QString line = end ? exitCommand : "/n=%1"_s.arg(i);
             if (!end)
                 lines << activate(line);
             all.push_back(tree.start({line}));
@@ -141,12 +140,12 @@ private Q_SLOTS:
 
         qint64 owner = 0;
         for (const BoxTree::Record &record : tree.records()) {
-            if (record.what == QLatin1String("start")) {
+            if (record.what == "start"_s) {
                 QCOMPARE(owner, 0);
                 owner = record.pid;
             }
             QCOMPARE(record.pid, owner);
-            if (record.what == QLatin1String("end"))
+            if (record.what == "end"_s)
                 owner = 0;
         }
         QCOMPARE(owner, 0);
@@ -156,11 +155,11 @@ private Q_SLOTS:
     {
         BoxTree tree;
         tree.hold(holdEnd);
-        const auto leaving = tree.startBox({QStringLiteral("/first")});
+        const auto leaving = tree.startBox({"/first"_s});
         QVERIFY(leaving);
         QCOMPARE(tree.run({exitCommand}), 0);
         QTRY_COMPARE_WITH_TIMEOUT(tree.texts(holdEnd).size(), 1, patience);
-        const auto next = tree.start({QStringLiteral("/second")});
+        const auto next = tree.start({"/second"_s});
         QTRY_COMPARE_WITH_TIMEOUT(connectionsTo(tree.socketPath()), 1, patience);
         QCOMPARE(next->state(), QProcess::Running);
         tree.letGo(holdEnd);
@@ -179,12 +178,12 @@ private Q_SLOTS:
         BoxTree tree;
         tree.set("FAKEBOX_DEAF", "1");
         tree.hold(holdStart);
-        const auto deaf = tree.startBox({QStringLiteral("/deaf")});
+        const auto deaf = tree.startBox({"/deaf"_s});
         QVERIFY(deaf);
         QTRY_COMPARE_WITH_TIMEOUT(tree.texts(holdStart).size(), 1, patience);
-        tree.environment.remove(QStringLiteral("FAKEBOX_DEAF"));
+        tree.environment.remove("FAKEBOX_DEAF"_s);
         tree.environment.remove(holdStart);
-        const auto second = tree.start({QStringLiteral("/second")});
+        const auto second = tree.start({"/second"_s});
         QTRY_COMPARE_WITH_TIMEOUT(connectionsTo(tree.socketPath()), 1, patience);
         tree.letGo(holdStart);
         QVERIFY(deaf->waitForFinished(patience));
@@ -244,7 +243,7 @@ private Q_SLOTS:
         for (int i = 0; i < 50; ++i) {
             QElapsedTimer timer;
             timer.start();
-            QCOMPARE(tree.run({QStringLiteral("/n=%1").arg(i)}), 0);
+            QCOMPARE(tree.run({"/n=%1"_s.arg(i)}), 0);
             times.push_back(timer.nsecsElapsed());
         }
         std::sort(times.begin(), times.end());

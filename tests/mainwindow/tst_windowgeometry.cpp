@@ -1,4 +1,5 @@
 #include "mainwindow/windowgeometry.h"
+#include "support/table.h"
 
 #include <QtTest>
 
@@ -11,94 +12,81 @@ class TestWindowGeometry : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void stored_data();
-    void stored();
-    void restored_data();
-    void restored();
+    void stored_data()
+    {
+        const auto row = zeltest::table<QVector<int>, bool>("numbers", "valid");
+        row("left of the screen", QVector<int>{-900, 20, 900, 580}, true);
+        row("larger than the screen", QVector<int>{0, 0, 2000, 1200}, true);
+        row("absurdly wide", QVector<int>{0, 0, 30000, 580}, false);
+        row("absurdly high", QVector<int>{0, 0, 900, 4001}, false);
+        row("no window system goes there", QVector<int>{40000, 0, 900, 580}, false);
+        row("would overflow", QVector<int>{INT_MAX, INT_MIN, INT_MAX, 580}, false);
+        row("nothing", QVector<int>{0, 0, 0, 0}, false);
+    }
+    void stored()
+    {
+        QFETCH(QVector<int>, numbers);
+        const ScreenState screen{QRect(0, 0, 1600, 1000), QRect(0, 40, 1600, 960), 1600};
+        QTEST(storedRect(numbers[0], numbers[1], numbers[2], numbers[3], screen).isValid(), "valid");
+    }
+
+    void restored_data()
+    {
+        const auto row = zeltest::table<StoredPlacement, QSize, ScreenState, Placement>(
+            "stored", "current", "screen", "expected");
+
+        const QSize usual(900, 580);
+        // A panel of 40 pixels at the top.
+        const ScreenState one{QRect(0, 0, 1600, 1000), QRect(0, 40, 1600, 960), 1600};
+        const ScreenState two{one.primary, one.available, 3200};
+        // The primary screen stands at the right.
+        const ScreenState right{QRect(1600, 0, 1600, 1000), QRect(1600, 40, 1600, 960), 3200};
+        const QRect centred(350, 230, 900, 580);
+
+        row("nothing stored", {}, usual, one, {centred, false});
+        row("nothing stored, right screen", {}, usual, right, {centred.translated(1600, 0), false});
+        row("nothing stored, default as large as the area", {}, {1600, 960}, one, {one.available, true});
+        row("larger than the area: halves towards zero", {}, {1603, 965}, one,
+            {QRect(0, 38, 1603, 965), false});
+        row("stored", {QRect(10, 50, 800, 500), false}, usual, one, {QRect(10, 50, 800, 500), false});
+        row("maximised goes back to the stored rectangle", {QRect(10, 50, 800, 500), true}, usual, one,
+            {QRect(10, 50, 800, 500), true});
+        row("stored as large as the area opens maximised", {QRect(0, 40, 1600, 960), false}, usual, one,
+            {QRect(0, 40, 1600, 960), true});
+        row("maximised mark without a rectangle", {QRect(), true}, usual, one, {centred, false});
+        row("negative height", {QRect(10, 50, 800, -5), false}, usual, one, {centred, false});
+
+        // The size stays, the place does not.
+        const QRect middle(400, 270, 800, 500);
+        row("left of every screen", {QRect(-900, 50, 800, 500), false}, usual, one, {middle, false});
+        row("far right", {QRect(5000, 50, 800, 500), false}, usual, two, {middle, false});
+        row("below", {QRect(10, 1200, 800, 500), false}, usual, one, {middle, false});
+        row("first pixel beside the screen", {QRect(1600, 50, 800, 500), false}, usual, one, {middle, false});
+        row("last pixel on the screen", {QRect(1599, 999, 800, 500), false}, usual, one,
+            {QRect(1599, 999, 800, 500), false});
+        row("top left just outside", {QRect(-1, 50, 800, 500), false}, usual, one, {middle, false});
+        row("higher than the screen", {QRect(10, 50, 800, 1001), false}, usual, one,
+            {QRect(400, 20, 800, 1001), false});
+        row("wider than all screens", {QRect(10, 50, 1601, 500), false}, usual, one,
+            {QRect(0, 270, 1601, 500), false});
+        row("wider than one screen of two", {QRect(10, 50, 1601, 500), false}, usual, two,
+            {QRect(10, 50, 1601, 500), false});
+        row("centred above the top is raised to 0", {QRect(-5, 50, 800, 1100), false}, usual, one,
+            {QRect(400, 0, 800, 1100), false});
+        row("maximised with a lost rectangle", {QRect(9000, 9000, 800, 500), true}, usual, one,
+            {middle, true});
+    }
+    void restored()
+    {
+        QFETCH(StoredPlacement, stored);
+        QFETCH(QSize, current);
+        QFETCH(ScreenState, screen);
+        QFETCH(Placement, expected);
+        const Placement actual = restore(stored, current, screen);
+        QCOMPARE(actual.normal, expected.normal);
+        QCOMPARE(actual.maximized, expected.maximized);
+    }
 };
-
-void TestWindowGeometry::stored_data()
-{
-    QTest::addColumn<QVector<int>>("numbers");
-    QTest::addColumn<bool>("valid");
-    QTest::newRow("left of the screen") << QVector<int>{-900, 20, 900, 580} << true;
-    QTest::newRow("larger than the screen") << QVector<int>{0, 0, 2000, 1200} << true;
-    QTest::newRow("absurdly wide") << QVector<int>{0, 0, 30000, 580} << false;
-    QTest::newRow("absurdly high") << QVector<int>{0, 0, 900, 4001} << false;
-    QTest::newRow("no window system goes there") << QVector<int>{40000, 0, 900, 580} << false;
-    QTest::newRow("would overflow") << QVector<int>{INT_MAX, INT_MIN, INT_MAX, 580} << false;
-    QTest::newRow("nothing") << QVector<int>{0, 0, 0, 0} << false;
-}
-
-void TestWindowGeometry::stored()
-{
-    QFETCH(QVector<int>, numbers);
-    QFETCH(bool, valid);
-    const ScreenState screen{QRect(0, 0, 1600, 1000), QRect(0, 40, 1600, 960), 1600};
-    QCOMPARE(storedRect(numbers[0], numbers[1], numbers[2], numbers[3], screen).isValid(), valid);
-}
-
-void TestWindowGeometry::restored_data()
-{
-    QTest::addColumn<StoredPlacement>("stored");
-    QTest::addColumn<QSize>("current");
-    QTest::addColumn<ScreenState>("screen");
-    QTest::addColumn<Placement>("expected");
-
-    const QSize usual(900, 580);
-    // A panel of 40 pixels at the top.
-    const ScreenState one{QRect(0, 0, 1600, 1000), QRect(0, 40, 1600, 960), 1600};
-    const ScreenState two{one.primary, one.available, 3200};
-    // The primary screen stands at the right.
-    const ScreenState right{QRect(1600, 0, 1600, 1000), QRect(1600, 40, 1600, 960), 3200};
-    const QRect centred(350, 230, 900, 580);
-    const auto row = [](const char *name, const StoredPlacement &stored, const QSize &current,
-                         const ScreenState &screen, const Placement &expected) {
-        QTest::newRow(name) << stored << current << screen << expected;
-    };
-
-    row("nothing stored", {}, usual, one, {centred, false});
-    row("nothing stored, right screen", {}, usual, right, {centred.translated(1600, 0), false});
-    row("nothing stored, default as large as the area", {}, {1600, 960}, one, {one.available, true});
-    row("larger than the area: halves towards zero", {}, {1603, 965}, one, {QRect(0, 38, 1603, 965), false});
-    row("stored", {QRect(10, 50, 800, 500), false}, usual, one, {QRect(10, 50, 800, 500), false});
-    row("maximised goes back to the stored rectangle", {QRect(10, 50, 800, 500), true}, usual, one,
-        {QRect(10, 50, 800, 500), true});
-    row("stored as large as the area opens maximised", {QRect(0, 40, 1600, 960), false}, usual, one,
-        {QRect(0, 40, 1600, 960), true});
-    row("maximised mark without a rectangle", {QRect(), true}, usual, one, {centred, false});
-    row("negative height", {QRect(10, 50, 800, -5), false}, usual, one, {centred, false});
-
-    // The size stays, the place does not.
-    const QRect middle(400, 270, 800, 500);
-    row("left of every screen", {QRect(-900, 50, 800, 500), false}, usual, one, {middle, false});
-    row("far right", {QRect(5000, 50, 800, 500), false}, usual, two, {middle, false});
-    row("below", {QRect(10, 1200, 800, 500), false}, usual, one, {middle, false});
-    row("first pixel beside the screen", {QRect(1600, 50, 800, 500), false}, usual, one, {middle, false});
-    row("last pixel on the screen", {QRect(1599, 999, 800, 500), false}, usual, one,
-        {QRect(1599, 999, 800, 500), false});
-    row("top left just outside", {QRect(-1, 50, 800, 500), false}, usual, one, {middle, false});
-    row("higher than the screen", {QRect(10, 50, 800, 1001), false}, usual, one,
-        {QRect(400, 20, 800, 1001), false});
-    row("wider than all screens", {QRect(10, 50, 1601, 500), false}, usual, one,
-        {QRect(0, 270, 1601, 500), false});
-    row("wider than one screen of two", {QRect(10, 50, 1601, 500), false}, usual, two,
-        {QRect(10, 50, 1601, 500), false});
-    row("centred above the top is raised to 0", {QRect(-5, 50, 800, 1100), false}, usual, one,
-        {QRect(400, 0, 800, 1100), false});
-    row("maximised with a lost rectangle", {QRect(9000, 9000, 800, 500), true}, usual, one, {middle, true});
-}
-
-void TestWindowGeometry::restored()
-{
-    QFETCH(StoredPlacement, stored);
-    QFETCH(QSize, current);
-    QFETCH(ScreenState, screen);
-    QFETCH(Placement, expected);
-    const Placement actual = restore(stored, current, screen);
-    QCOMPARE(actual.normal, expected.normal);
-    QCOMPARE(actual.maximized, expected.maximized);
-}
 
 QTEST_GUILESS_MAIN(TestWindowGeometry)
 #include "tst_windowgeometry.moc"

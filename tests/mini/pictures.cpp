@@ -5,6 +5,7 @@
 #include "mini/ui/zelboxminiwindow.h"
 #include "recentfile/fakes.h"
 #include "support/picturerun.h"
+#include "support/text.h"
 #include "tray/trayimage.h"
 
 #include <QApplication>
@@ -66,7 +67,7 @@ void miniWindow(Scene &scene, const RecordInfoList &content)
     window.setPinned(true);
     scene.save("mini-pinned", window);
     window.setPinned(false);
-    window.findChild<QLineEdit *>()->setText(QStringLiteral("no such name"));
+    window.findChild<QLineEdit *>()->setText("no such name"_s);
     scene.save("mini-nothing", window);
     window.hide();
 
@@ -84,7 +85,7 @@ void quickSearch(Scene &scene, const RecordInfoList &content)
     widget.showWithFocus();
     QTest::qWait(300);
     scene.save("quick", widget);
-    widget.findChild<QLineEdit *>()->setText(QStringLiteral("report"));
+    widget.findChild<QLineEdit *>()->setText("report"_s);
     scene.save("quick-found", widget);
     ZelBoxMiniWidget empty(nullptr, scene.services({}));
     empty.showWithFocus();
@@ -119,7 +120,7 @@ void trayIcons(Scene &scene)
 int main(int argc, char **argv)
 {
     const PictureRun run(argc, argv);
-    const FixedNow now(at(QStringLiteral("2024-03-20 14:30")));
+    const FixedNow now(at("2024-03-20 14:30"_s));
     Scene scene(run);
     const RecordInfoList content = records(zel::now());
     miniWindow(scene, content);

@@ -29,26 +29,26 @@ void pages(const PictureRun &run, KZelBoxCloudSettingsDlg &dialog)
         dialog.setParameter(QLatin1String(page));
         save(QLatin1String(page), &dialog);
     }
-    auto *exit = dialog.findChild<KeyField *>(QStringLiteral("window.exit"));
+    auto *exit = dialog.findChild<KeyField *>("window.exit"_s);
     exit->click();
-    save(QStringLiteral("shortcuts-waiting"), &dialog);
+    save("shortcuts-waiting"_s, &dialog);
     QTest::keyClick(exit, Qt::Key_W, Qt::ControlModifier);
-    zel::Shortcuts::instance()->setKeys(QStringLiteral("page.1"), {});
-    save(QStringLiteral("shortcuts-taken"), &dialog);
+    zel::Shortcuts::instance()->setKeys("page.1"_s, {});
+    save("shortcuts-taken"_s, &dialog);
     zel::Shortcuts::instance()->resetAll();
-    dialog.setParameter(QStringLiteral("privacy"));
+    dialog.setParameter("privacy"_s);
     for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
         if (!button->isVisible() || !button->text().endsWith(QChar(0x2026)) || !button->isEnabled())
             continue;
         button->click();
-        save(QStringLiteral("privacy-clear"), QApplication::activeModalWidget());
+        save("privacy-clear"_s, QApplication::activeModalWidget());
         QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
         break;
     }
     dialog.resize(640, 480);
     for (const char *page : {"general", "recent", "cloud", "privacy", "shortcuts"}) {
         dialog.setParameter(QLatin1String(page));
-        save(QLatin1String(page) + QStringLiteral("-small"), &dialog);
+        save(QLatin1String(page) + "-small"_s, &dialog);
     }
 }
 
@@ -57,8 +57,7 @@ void pages(const PictureRun &run, KZelBoxCloudSettingsDlg &dialog)
 int main(int argc, char **argv)
 {
     const PictureRun run(argc, argv);
-    krt::init(
-        QStringLiteral("Halvorn"), QStringLiteral("Office"), QStringLiteral("6.0"), QStringLiteral("zelbox"));
+    krt::init("Halvorn"_s, "Office"_s, "6.0"_s, "zelbox"_s);
     qInfo("so that there is a log");
     KCloudSvrProxy cloud;
     ServiceProcess service;

@@ -14,6 +14,7 @@
 #include "settings/ui/keyfield.h"
 #include "settings/ui/kzelboxcloudsettingsdlg.h"
 #include "support/serviceprocess.h"
+#include "support/table.h"
 #include "widgets/noticebar.h"
 #include "widgets/shortcuts.h"
 #include "widgets/sidelist.h"
@@ -23,7 +24,6 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QScrollArea>
-#include <QSignalSpy>
 #include <QTranslator>
 #include <QtTest>
 
@@ -128,237 +128,219 @@ class TestSettings : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void initTestCase();
-    void pagesByKeyboard();
-    void namesOfCommands_data();
-    void namesOfCommands();
-    void general();
-    void recent();
-    void shortcuts();
-    void clearing();
-    void cloud();
-    void fitsWithLongTexts();
+    void initTestCase()
+    {
+        QApplication::setStyle(new KLiteStyle);
+        QApplication::setFont(KLiteStyle::applicationFont());
+        KLitOfficeInfo office;
+        office.resourceDirs << qEnvironmentVariable("ZEL_BUILD_DIR") + "/share/zelbox/res/2019zelbox"_s;
+        KLiteSkin::setOfficeInfo(office);
+        KLiteSkin::setDefaultBaseSkinInfo({});
+        krt::init("Halvorn"_s, "Office"_s, "6.0"_s, "zelbox"_s);
+    }
+
+    void pagesByKeyboard()
+    {
+        Window window("general");
+        QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Down);
+        QCOMPARE(window.dialog.currentPage(), "recent"_s);
+        QTest::keyClick(window.dialog.focusWidget(), Qt::Key_End);
+        QCOMPARE(window.dialog.currentPage(), "shortcuts"_s);
+        QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Tab);
+        QVERIFY(qobject_cast<KeyField *>(window.dialog.focusWidget()));
+        QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Return);
+        QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Escape); // ends the waiting only
+        QVERIFY(window.dialog.isVisible());
+        QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Escape);
+        QVERIFY(!window.dialog.isVisible());
+    }
+
+    void namesOfCommands_data()
+    {
+        const auto row = zeltest::table<QString, QString>("page", "control");
+        for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"})
+            row(page, page, "");
+        row("theme", "general", "Appearance");
+        row("close", "general", "When the window is closed");
+        row("telemetry", "privacy", "Write usage events to a file on this computer");
+        row("nonsense", "radar", "");
+    }
+    void namesOfCommands()
+    {
+        QFETCH(const QString, control);
+        Window window("radar");
+        window.dialog.setParameter(QLatin1String(QTest::currentDataTag()));
+        QTEST(window.dialog.currentPage(), "page");
+        if (!control.isEmpty())
+            QCOMPARE(window.dialog.focusWidget()->accessibleName(), control);
+    }
+
+    void general()
+    {
+        Window window("general");
+        QSignalSpy language(&window.dialog, &KZelBoxCloudSettingsDlg::languageChosen);
+        const QString entry = zel::AutostartPlaces::fromEnvironment().userFolder + QLatin1Char('/')
+            + zel::Autostart::fileName();
+        auto *appearance = window.find<QComboBox>("Appearance");
+        QWheelEvent wheel({5, 5}, appearance->mapToGlobal(QPoint(5, 5)), {}, {0, -120}, {}, {},
+            Qt::NoScrollPhase,
+            false); // the page scrolls below the pointer
+        QApplication::sendEvent(appearance, &wheel);
+        QCOMPARE(KSkin::theme(), KSkin::Theme::Auto);
+        auto *start = window.find<Toggle>("Start with the session");
+        QVERIFY(!start->isChecked());
+        QTest::mouseClick(start->parentWidget(), Qt::LeftButton); // anywhere on the row
+        QVERIFY(start->isChecked() && QFile::exists(entry));
+        QVERIFY(QFile::remove(entry)); // by the desktop's own settings
+        QEvent activation(QEvent::WindowActivate);
+        QApplication::sendEvent(&window.dialog, &activation);
+        QVERIFY(!start->isChecked());
+        QFile blocker(entry);
+        QVERIFY(QDir().mkpath(entry)); // a folder in the entry's place
+        QTest::mouseClick(start, Qt::LeftButton);
+        QVERIFY(!start->isChecked() && !window.notice().isEmpty());
+
+        QTest::keyClick(window.find<QComboBox>("When the window is closed"), Qt::Key_End);
+        QCOMPARE(stored(zel::keys::CloseAction), QVariant("exit"_s));
+        QTest::keyClick(window.find<QComboBox>("Appearance"), Qt::Key_End);
+        QCOMPARE(KSkin::theme(), KSkin::Theme::Dark);
+        KSkin::setTheme(KSkin::Theme::Light); // by a command
+        QCOMPARE(window.find<QComboBox>("Appearance")->currentText(), "Light"_s);
+        QTest::keyClick(window.find<QComboBox>("Language"), Qt::Key_End);
+        QCOMPARE(stored(zel::keys::Language), QVariant("zh_CN"_s));
+        QCOMPARE(language.size(), 1);
+        KSettings().remove("plugins/zelbox/language"_s);
+    }
+
+    void recent()
+    {
+        Window window("recent");
+        QCOMPARE(zel::recent::storedSources(), int(RecentSource::All));
+        window.click<Toggle>("This desktop's list");
+        QCOMPARE(zel::recent::storedSources(), RecentSource::Box | RecentSource::Devices);
+        QCOMPARE(RecentSources(), RecentSource::Box | RecentSource::Devices);
+        QVERIFY(!window.find<Toggle>("Last used in sandboxed programs")->isEnabled());
+        QVERIFY(window.find<Toggle>("Last used in ZEL Box")->isEnabled());
+        window.click<Toggle>("Last used in ZEL Box");
+        QCOMPARE(zel::recent::kindMask(), zel::recent::AllKinds & ~RecentRecordKind::Opened);
+        window.click<Toggle>("This desktop's list");
+        window.click<Toggle>("Last used in ZEL Box");
+        QCOMPARE(RecentSources(), int(RecentSource::All));
+        zel::recent::setRemindersOn(false); // in the page's menu
+        QVERIFY(!window.find<Toggle>("Remind of changes on other devices")->isChecked());
+    }
+
+    void shortcuts()
+    {
+        Window window("shortcuts");
+        Shortcuts *all = Shortcuts::instance();
+        QAction action;
+        all->follow("window.exit"_s, &action);
+        auto *field = window.click<KeyField>("Exit");
+        QTest::keyClick(field, Qt::Key_Q, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(action.shortcut(), keys("Ctrl+Shift+Q"));
+        QTest::mouseClick(field, Qt::LeftButton);
+        QTest::keyClick(field, Qt::Key_Backspace);
+        QVERIFY(action.shortcut().isEmpty());
+        QTest::mouseClick(field, Qt::LeftButton);
+        QTest::keyClick(field, Qt::Key_W, Qt::ControlModifier); // of another, which gives it up
+        QVERIFY(action.shortcut().isEmpty() && window.notice().contains("Close window"_s));
+        for (QPushButton *button : window.dialog.findChildren<QPushButton *>()) {
+            if (button->isVisible() && button->text() == "Use here"_s)
+                QTest::mouseClick(button, Qt::LeftButton);
+        }
+        QCOMPARE(action.shortcut(), keys("Ctrl+W"));
+        QVERIFY(all->keys("window.close"_s).isEmpty());
+        window.click<QPushButton>("Reset all…");
+        sayYes("Reset all");
+        QCOMPARE(action.shortcut(), keys("Ctrl+Q"));
+        QVERIFY(!all->isChanged("window.close"_s));
+    }
+
+    void clearing()
+    {
+        const QString logs = krt::log::filePath();
+        QFile old(logs + ".2"_s);
+        QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old lines") > 0);
+        old.close();
+        qInfo("a line before");
+        Window window("privacy");
+        QTRY_VERIFY(window.canPress("Clear \"Logs\"…"));
+        window.click<QPushButton>("Clear \"Logs\"…");
+        sayYes("Clear");
+        QTRY_COMPARE(window.notice(), "Cleared."_s);
+        QVERIFY(!old.exists());
+        qInfo("a line after");
+        QFile log(logs);
+        QVERIFY(log.open(QIODevice::ReadOnly));
+        const QByteArray content = log.readAll();
+        QVERIFY(!content.contains("a line before") && content.contains("a line after"));
+
+        QVERIFY(!KDcInfoC::isEnabled()); // at first
+        window.click<Toggle>("Write usage events to a file on this computer");
+        KDcInfoC::postGeneralEvent("some_event"_s);
+        QVERIFY(QFile::exists(KDcInfoC::filePath()));
+        window.dialog.setParameter("general"_s);
+        window.dialog.setParameter("privacy"_s); // looked at again
+        QTRY_VERIFY(window.canPress("Clear \"Usage events\"…"));
+        window.click<QPushButton>("Clear \"Usage events\"…");
+        sayYes("Clear");
+        QVERIFY(!QFile::exists(KDcInfoC::filePath()));
+        KDcInfoC::setEnabled(false);
+    }
+
+    void cloud()
+    {
+        ServiceProcess service;
+        QVERIFY(service.start());
+        KCloudSvrProxy cloud;
+        Window window("cloud", &cloud);
+        window.click<QPushButton>("Try again"); // finds the service that runs
+        QTRY_VERIFY_WITH_TIMEOUT(cloud.isLogined(), 20000);
+        QTRY_VERIFY(window.canPress("Open folder"));
+        for (const QPushButton *button : window.dialog.findChildren<QPushButton *>()) // Enter presses none
+            QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->text()));
+        QSignalSpy cleared(RecentFileEventObject(), &KRecentFileEvents::historyCleared);
+        HistoryCleaner(&cloud).clear(); // and the dialog is closed at once
+        QTRY_COMPARE(cleared.size(), 1);
+        UninitRecentFile();
+        window.click<QPushButton>("Sign out");
+        QTRY_VERIFY(!cloud.isLogined());
+        QTRY_VERIFY(window.canPress("Sign in"));
+        window.click<QPushButton>("Sign in");
+        QTRY_VERIFY(cloud.isLogined());
+        QTRY_VERIFY(window.canPress("Sign out"));
+        service.kill();
+        QTRY_VERIFY(!window.canPress("Sign out"));
+        QTRY_VERIFY_WITH_TIMEOUT(window.canPress("Sign out"), 30000); // the link starts another one
+    }
+
+    void fitsWithLongTexts()
+    {
+        LongTexts texts;
+        QCoreApplication::installTranslator(&texts);
+        QFont large = QApplication::font();
+        large.setPointSizeF(large.pointSizeF() * 1.5);
+        const QFont ordinary = QApplication::font();
+        QApplication::setFont(large);
+        Window window("general");
+        window.dialog.resize(640, 480);
+        QCOMPARE(window.dialog.size(), QSize(640, 480));
+        for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"}) {
+            window.dialog.setParameter(QLatin1String(page));
+            const auto areas = window.dialog.findChildren<QScrollArea *>();
+            const auto shown = std::find_if(
+                areas.begin(), areas.end(), [](const QScrollArea *area) { return area->isVisible(); });
+            QTRY_VERIFY2(
+                (*shown)->widget()->minimumSizeHint().width() <= (*shown)->viewport()->width(), page);
+        }
+        window.dialog.setParameter("language"_s); // at the end of its page
+        const QWidget *language = window.dialog.focusWidget();
+        QTRY_COMPARE(language->visibleRegion().boundingRect(), language->rect());
+        QApplication::setFont(ordinary);
+        QCoreApplication::removeTranslator(&texts);
+    }
 };
-
-void TestSettings::initTestCase()
-{
-    QApplication::setStyle(new KLiteStyle);
-    QApplication::setFont(KLiteStyle::applicationFont());
-    KLitOfficeInfo office;
-    office.resourceDirs << qEnvironmentVariable("ZEL_BUILD_DIR")
-            + QStringLiteral("/share/zelbox/res/2019zelbox");
-    KLiteSkin::setOfficeInfo(office);
-    KLiteSkin::setDefaultBaseSkinInfo({});
-    krt::init(
-        QStringLiteral("Halvorn"), QStringLiteral("Office"), QStringLiteral("6.0"), QStringLiteral("zelbox"));
-}
-
-void TestSettings::pagesByKeyboard()
-{
-    Window window("general");
-    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Down);
-    QCOMPARE(window.dialog.currentPage(), QStringLiteral("recent"));
-    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_End);
-    QCOMPARE(window.dialog.currentPage(), QStringLiteral("shortcuts"));
-    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Tab);
-    QVERIFY(qobject_cast<KeyField *>(window.dialog.focusWidget()));
-    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Return);
-    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Escape); // ends the waiting only
-    QVERIFY(window.dialog.isVisible());
-    QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Escape);
-    QVERIFY(!window.dialog.isVisible());
-}
-
-void TestSettings::namesOfCommands_data()
-{
-    QTest::addColumn<QString>("page");
-    QTest::addColumn<QString>("control");
-    for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"})
-        QTest::newRow(page) << page << "";
-    QTest::newRow("theme") << "general"
-                           << "Appearance";
-    QTest::newRow("close") << "general"
-                           << "When the window is closed";
-    QTest::newRow("telemetry") << "privacy"
-                               << "Write usage events to a file on this computer";
-    QTest::newRow("nonsense") << "radar"
-                              << "";
-}
-
-void TestSettings::namesOfCommands()
-{
-    QFETCH(const QString, page);
-    QFETCH(const QString, control);
-    Window window("radar");
-    window.dialog.setParameter(QLatin1String(QTest::currentDataTag()));
-    QCOMPARE(window.dialog.currentPage(), page);
-    if (!control.isEmpty())
-        QCOMPARE(window.dialog.focusWidget()->accessibleName(), control);
-}
-
-void TestSettings::general()
-{
-    Window window("general");
-    QSignalSpy language(&window.dialog, &KZelBoxCloudSettingsDlg::languageChosen);
-    const QString entry =
-        zel::AutostartPlaces::fromEnvironment().userFolder + QLatin1Char('/') + zel::Autostart::fileName();
-    auto *appearance = window.find<QComboBox>("Appearance");
-    QWheelEvent wheel({5, 5}, appearance->mapToGlobal(QPoint(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
-        false); // the page scrolls below the pointer
-    QApplication::sendEvent(appearance, &wheel);
-    QCOMPARE(KSkin::theme(), KSkin::Theme::Auto);
-    auto *start = window.find<Toggle>("Start with the session");
-    QVERIFY(!start->isChecked());
-    QTest::mouseClick(start->parentWidget(), Qt::LeftButton); // anywhere on the row
-    QVERIFY(start->isChecked() && QFile::exists(entry));
-    QVERIFY(QFile::remove(entry)); // by the desktop's own settings
-    QEvent activation(QEvent::WindowActivate);
-    QApplication::sendEvent(&window.dialog, &activation);
-    QVERIFY(!start->isChecked());
-    QFile blocker(entry);
-    QVERIFY(QDir().mkpath(entry)); // a folder in the entry's place
-    QTest::mouseClick(start, Qt::LeftButton);
-    QVERIFY(!start->isChecked() && !window.notice().isEmpty());
-
-    QTest::keyClick(window.find<QComboBox>("When the window is closed"), Qt::Key_End);
-    QCOMPARE(stored(zel::keys::CloseAction), QVariant(QStringLiteral("exit")));
-    QTest::keyClick(window.find<QComboBox>("Appearance"), Qt::Key_End);
-    QCOMPARE(KSkin::theme(), KSkin::Theme::Dark);
-    KSkin::setTheme(KSkin::Theme::Light); // by a command
-    QCOMPARE(window.find<QComboBox>("Appearance")->currentText(), QStringLiteral("Light"));
-    QTest::keyClick(window.find<QComboBox>("Language"), Qt::Key_End);
-    QCOMPARE(stored(zel::keys::Language), QVariant(QStringLiteral("zh_CN")));
-    QCOMPARE(language.size(), 1);
-    KSettings().remove(QStringLiteral("plugins/zelbox/language"));
-}
-
-void TestSettings::recent()
-{
-    Window window("recent");
-    QCOMPARE(zel::recent::storedSources(), int(RecentSource::All));
-    window.click<Toggle>("This desktop's list");
-    QCOMPARE(zel::recent::storedSources(), RecentSource::Box | RecentSource::Devices);
-    QCOMPARE(RecentSources(), RecentSource::Box | RecentSource::Devices);
-    QVERIFY(!window.find<Toggle>("Last used in sandboxed programs")->isEnabled());
-    QVERIFY(window.find<Toggle>("Last used in ZEL Box")->isEnabled());
-    window.click<Toggle>("Last used in ZEL Box");
-    QCOMPARE(zel::recent::kindMask(), zel::recent::AllKinds & ~RecentRecordKind::Opened);
-    window.click<Toggle>("This desktop's list");
-    window.click<Toggle>("Last used in ZEL Box");
-    QCOMPARE(RecentSources(), int(RecentSource::All));
-    zel::recent::setRemindersOn(false); // in the page's menu
-    QVERIFY(!window.find<Toggle>("Remind of changes on other devices")->isChecked());
-}
-
-void TestSettings::shortcuts()
-{
-    Window window("shortcuts");
-    Shortcuts *all = Shortcuts::instance();
-    QAction action;
-    all->follow(QStringLiteral("window.exit"), &action);
-    auto *field = window.click<KeyField>("Exit");
-    QTest::keyClick(field, Qt::Key_Q, Qt::ControlModifier | Qt::ShiftModifier);
-    QCOMPARE(action.shortcut(), keys("Ctrl+Shift+Q"));
-    QTest::mouseClick(field, Qt::LeftButton);
-    QTest::keyClick(field, Qt::Key_Backspace);
-    QVERIFY(action.shortcut().isEmpty());
-    QTest::mouseClick(field, Qt::LeftButton);
-    QTest::keyClick(field, Qt::Key_W, Qt::ControlModifier); // of another, which gives it up
-    QVERIFY(action.shortcut().isEmpty() && window.notice().contains(QStringLiteral("Close window")));
-    for (QPushButton *button : window.dialog.findChildren<QPushButton *>()) {
-        if (button->isVisible() && button->text() == QStringLiteral("Use here"))
-            QTest::mouseClick(button, Qt::LeftButton);
-    }
-    QCOMPARE(action.shortcut(), keys("Ctrl+W"));
-    QVERIFY(all->keys(QStringLiteral("window.close")).isEmpty());
-    window.click<QPushButton>("Reset all…");
-    sayYes("Reset all");
-    QCOMPARE(action.shortcut(), keys("Ctrl+Q"));
-    QVERIFY(!all->isChanged(QStringLiteral("window.close")));
-}
-
-void TestSettings::clearing()
-{
-    const QString logs = krt::log::filePath();
-    QFile old(logs + QStringLiteral(".2"));
-    QVERIFY(old.open(QIODevice::WriteOnly) && old.write("old lines") > 0);
-    old.close();
-    qInfo("a line before");
-    Window window("privacy");
-    QTRY_VERIFY(window.canPress("Clear \"Logs\"…"));
-    window.click<QPushButton>("Clear \"Logs\"…");
-    sayYes("Clear");
-    QTRY_COMPARE(window.notice(), QStringLiteral("Cleared."));
-    QVERIFY(!old.exists());
-    qInfo("a line after");
-    QFile log(logs);
-    QVERIFY(log.open(QIODevice::ReadOnly));
-    const QByteArray content = log.readAll();
-    QVERIFY(!content.contains("a line before") && content.contains("a line after"));
-
-    QVERIFY(!KDcInfoC::isEnabled()); // at first
-    window.click<Toggle>("Write usage events to a file on this computer");
-    KDcInfoC::postGeneralEvent(QStringLiteral("some_event"));
-    QVERIFY(QFile::exists(KDcInfoC::filePath()));
-    window.dialog.setParameter(QStringLiteral("general"));
-    window.dialog.setParameter(QStringLiteral("privacy")); // looked at again
-    QTRY_VERIFY(window.canPress("Clear \"Usage events\"…"));
-    window.click<QPushButton>("Clear \"Usage events\"…");
-    sayYes("Clear");
-    QVERIFY(!QFile::exists(KDcInfoC::filePath()));
-    KDcInfoC::setEnabled(false);
-}
-
-void TestSettings::cloud()
-{
-    ServiceProcess service;
-    QVERIFY(service.start());
-    KCloudSvrProxy cloud;
-    Window window("cloud", &cloud);
-    window.click<QPushButton>("Try again"); // finds the service that runs
-    QTRY_VERIFY_WITH_TIMEOUT(cloud.isLogined(), 20000);
-    QTRY_VERIFY(window.canPress("Open folder"));
-    for (const QPushButton *button : window.dialog.findChildren<QPushButton *>()) // Enter presses none
-        QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->text()));
-    QSignalSpy cleared(RecentFileEventObject(), &KRecentFileEvents::historyCleared);
-    HistoryCleaner(&cloud).clear(); // and the dialog is closed at once
-    QTRY_COMPARE(cleared.size(), 1);
-    UninitRecentFile();
-    window.click<QPushButton>("Sign out");
-    QTRY_VERIFY(!cloud.isLogined());
-    QTRY_VERIFY(window.canPress("Sign in"));
-    window.click<QPushButton>("Sign in");
-    QTRY_VERIFY(cloud.isLogined());
-    QTRY_VERIFY(window.canPress("Sign out"));
-    service.kill();
-    QTRY_VERIFY(!window.canPress("Sign out"));
-    QTRY_VERIFY_WITH_TIMEOUT(window.canPress("Sign out"), 30000); // the link starts another one
-}
-
-void TestSettings::fitsWithLongTexts()
-{
-    LongTexts texts;
-    QCoreApplication::installTranslator(&texts);
-    QFont large = QApplication::font();
-    large.setPointSizeF(large.pointSizeF() * 1.5);
-    const QFont ordinary = QApplication::font();
-    QApplication::setFont(large);
-    Window window("general");
-    window.dialog.resize(640, 480);
-    QCOMPARE(window.dialog.size(), QSize(640, 480));
-    for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"}) {
-        window.dialog.setParameter(QLatin1String(page));
-        const auto areas = window.dialog.findChildren<QScrollArea *>();
-        const auto shown = std::find_if(
-            areas.begin(), areas.end(), [](const QScrollArea *area) { return area->isVisible(); });
-        QTRY_VERIFY2((*shown)->widget()->minimumSizeHint().width() <= (*shown)->viewport()->width(), page);
-    }
-    window.dialog.setParameter(QStringLiteral("language")); // at the end of its page
-    const QWidget *language = window.dialog.focusWidget();
-    QTRY_COMPARE(language->visibleRegion().boundingRect(), language->rect());
-    QApplication::setFont(ordinary);
-    QCoreApplication::removeTranslator(&texts);
-}
 
 QTEST_MAIN(TestSettings)
 #include "tst_settings.moc"

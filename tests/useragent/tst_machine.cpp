@@ -1,5 +1,6 @@
 #include "base/settingskeys.h"
 #include "ksettings.h"
+#include "support/text.h"
 #include "useragent/kxuseragentutil.h"
 
 #include <QCryptographicHash>
@@ -20,12 +21,10 @@ Run inNamespace(const QString &script)
 {
     QProcess shell;
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(
-        QStringLiteral("probe"), QCoreApplication::applicationDirPath() + QStringLiteral("/useragent_probe"));
+    environment.insert("probe"_s, QCoreApplication::applicationDirPath() + "/useragent_probe"_s);
     shell.setProcessEnvironment(environment);
     shell.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    shell.start(QStringLiteral("unshare"),
-        {QStringLiteral("-rnu"), QStringLiteral("sh"), QStringLiteral("-ec"), script});
+    shell.start("unshare"_s, {"-rnu"_s, "sh"_s, "-ec"_s, script});
     if (!shell.waitForFinished(30000))
         return {};
     return {shell.exitCode(),
@@ -53,13 +52,13 @@ class TestMachine : public QObject
 private Q_SLOTS:
     void idThroughTheDays()
     {
-        if (inNamespace(QStringLiteral("ip link show lo")).exitCode != 0)
+        if (inNamespace("ip link show lo"_s).exitCode != 0)
             QSKIP("no network namespaces for this user here, or no ip command");
-        const QString bridge = QStringLiteral("ip link add %1 address %2 type bridge; ");
-        const QString first = bridge.arg(QStringLiteral("br0"), QStringLiteral("02:00:00:00:00:0a"));
-        const QString machines = bridge.arg(QStringLiteral("virtual0"), QStringLiteral("02:00:00:00:00:0b"));
-        const QString other = bridge.arg(QStringLiteral("br1"), QStringLiteral("02:00:00:00:00:0c"));
-        const QString tell = QStringLiteral("exec $probe");
+        const QString bridge = "ip link add %1 address %2 type bridge; "_s;
+        const QString first = bridge.arg("br0"_s, "02:00:00:00:00:0a"_s);
+        const QString machines = bridge.arg("virtual0"_s, "02:00:00:00:00:0b"_s);
+        const QString other = bridge.arg("br1"_s, "02:00:00:00:00:0c"_s);
+        const QString tell = "exec $probe"_s;
         const QString none = idOf({});
         const QString chosen = idOf("02:00:00:00:00:0A");
 
@@ -73,22 +72,21 @@ private Q_SLOTS:
 
     void hostNameIsReadOnce()
     {
-        const Run run = inNamespace(
-            QStringLiteral("printf '%s' '~~~?~?' >/proc/sys/kernel/hostname; exec $probe another"));
+        const Run run = inNamespace("printf '%s' '~~~?~?' >/proc/sys/kernel/hostname; exec $probe another"_s);
         if (run.exitCode != 0)
             QSKIP("no host name of its own for this user here");
         QCOMPARE(run.lines.size(), 4);
-        QCOMPARE(run.lines.at(1), QStringLiteral("ZELUA/1.0 (pc-office:; %1:fn5-P34_)").arg(run.lines.at(0)));
+        QCOMPARE(run.lines.at(1), "ZELUA/1.0 (pc-office:; %1:fn5-P34_)"_s.arg(run.lines.at(0)));
         QCOMPARE(run.lines.at(3), run.lines.at(1));
     }
 
     void cookie()
     {
-        KxUserAgentUtil::setVersion(QStringLiteral("1.2.3"));
+        KxUserAgentUtil::setVersion("1.2.3"_s);
         const QString agent = KxUserAgentUtil::getUserAgent();
-        QVERIFY2(agent.startsWith(QLatin1String("ZELUA/1.0 (pc-office:1.2.3; ")), qPrintable(agent));
+        QVERIFY2(agent.startsWith("ZELUA/1.0 (pc-office:1.2.3; "_s), qPrintable(agent));
         const QNetworkCookie placeholder = KxUserAgentUtil::getUserAgentCookie();
-        QCOMPARE(placeholder.domain(), QStringLiteral(".zelbox.invalid"));
+        QCOMPARE(placeholder.domain(), ".zelbox.invalid"_s);
         QCOMPARE(KxUserAgentUtil::getUserAgentTargetUrl(), QString());
         QCOMPARE(
             QString::fromUtf8(QByteArray::fromBase64(placeholder.value(), QByteArray::Base64UrlEncoding)),
@@ -97,12 +95,12 @@ private Q_SLOTS:
         QVERIFY(qAbs(placeholder.expirationDate().secsTo(expected)) < 60);
         QVERIFY(!placeholder.isSecure());
 
-        configure(zel::keys::UserAgentCookieDomain, QStringLiteral("docs.example"));
-        configure(zel::keys::UserAgentTargetUrl, QStringLiteral("https://docs.example/box"));
-        QCOMPARE(KxUserAgentUtil::getUserAgentCookie().domain(), QStringLiteral(".docs.example"));
-        QCOMPARE(KxUserAgentUtil::getUserAgentCookie().path(), QStringLiteral("/"));
-        QCOMPARE(KxUserAgentUtil::getUserAgentTargetUrl(), QStringLiteral("https://docs.example/box"));
-        configure(zel::keys::UserAgentTargetUrl, QStringLiteral("no address"));
+        configure(zel::keys::UserAgentCookieDomain, "docs.example"_s);
+        configure(zel::keys::UserAgentTargetUrl, "https://docs.example/box"_s);
+        QCOMPARE(KxUserAgentUtil::getUserAgentCookie().domain(), ".docs.example"_s);
+        QCOMPARE(KxUserAgentUtil::getUserAgentCookie().path(), "/"_s);
+        QCOMPARE(KxUserAgentUtil::getUserAgentTargetUrl(), "https://docs.example/box"_s);
+        configure(zel::keys::UserAgentTargetUrl, "no address"_s);
         QTest::ignoreMessage(QtWarningMsg, "the configured service address is no address");
         QCOMPARE(KxUserAgentUtil::getUserAgentTargetUrl(), QString());
     }

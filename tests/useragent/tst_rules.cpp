@@ -24,11 +24,11 @@ QVector<InterfaceFact> machine(const QString &description)
         InterfaceFact fact;
         fact.index = words.at(0).toInt();
         fact.name = words.at(1);
-        fact.attachment = words.at(2) == QLatin1String("b") ? Attachment::BuiltIn
-            : words.at(2) == QLatin1String("r")             ? Attachment::Removable
-                                                            : Attachment::Software;
-        fact.wireless = words.at(3) == QLatin1String("a");
-        fact.loopback = words.at(3) == QLatin1String("l");
+        fact.attachment = words.at(2) == "b"_s ? Attachment::BuiltIn
+            : words.at(2) == "r"_s             ? Attachment::Removable
+                                               : Attachment::Software;
+        fact.wireless = words.at(3) == "a"_s;
+        fact.loopback = words.at(3) == "l"_s;
         fact.address = words.value(4);
         facts.append(fact);
     }
@@ -73,8 +73,8 @@ private Q_SLOTS:
     {
         QFETCH(QString, now);
         QFETCH(QString, onMachine);
-        const RememberedAddress remembered{onMachine, QStringLiteral("AA")};
-        QTEST(deviceAddress(machine(now), remembered, QStringLiteral("this")), "address");
+        const RememberedAddress remembered{onMachine, "AA"_s};
+        QTEST(deviceAddress(machine(now), remembered, "this"_s), "address");
     }
 
     void attachment_data()
@@ -102,7 +102,7 @@ private Q_SLOTS:
             tree.link(place + QLatin1String("/if"), "class/net/if0/device");
             tree.write(place + QLatin1String("/removable"), removable);
         }
-        QTEST(attachmentOf(tree.path("class/net"), QStringLiteral("if0")), "expected");
+        QTEST(attachmentOf(tree.path("class/net"), "if0"_s), "expected");
     }
 
     void texts_data()
@@ -110,10 +110,10 @@ private Q_SLOTS:
         const auto row = zeltest::table<QString, QString>("made", "expected");
         row("id of nothing", deviceId({}), "d41d8cd98f00b204e9800998ecf8427e");
         row("padding stays, bytes as they are, URL-safe",
-            userAgentText(QStringLiteral("%2"), QStringLiteral("%1"), QByteArray("\xff\xef\xbe~~~~")),
+            userAgentText("%2"_s, "%1"_s, QByteArray("\xff\xef\xbe~~~~")),
             "ZELUA/1.0 (pc-office:%2; %1:_---fn5-fg==)");
-        row("domain gets its dot", cookieDomain(QStringLiteral("Docs.Example")), ".docs.example");
-        row("domain has its dot", cookieDomain(QStringLiteral(".docs.example")), ".docs.example");
+        row("domain gets its dot", cookieDomain("Docs.Example"_s), ".docs.example");
+        row("domain has its dot", cookieDomain(".docs.example"_s), ".docs.example");
     }
     void texts()
     {

@@ -4,7 +4,6 @@
 #include <QPixmap>
 #include <QString>
 #include <QVector>
-#include <QWidget>
 
 #include "klitestyle.h"
 #include "klook.h"

@@ -2,6 +2,7 @@
 // states, each light and dark and in high contrast.
 // ZEL_RESOURCES=<folder of the resource bundle> widgets_pictures <folder> [text scale]; QT_SCALE_FACTOR=2 for
 // high resolution.
+#include "support/text.h"
 #include "widgets/contactsheet.h"
 
 #include "kcoreapplication.h"
@@ -44,7 +45,7 @@ constexpr State AllStates[] = {
 
 QString icon(const char *name)
 {
-    return QStringLiteral(":/icons_svg/%1.svg").arg(QLatin1String(name));
+    return ":/icons_svg/%1.svg"_s.arg(QLatin1String(name));
 }
 
 /// Shows widgets one after the other in an active window and takes their pictures.
@@ -105,7 +106,7 @@ QPixmap blank(const QSize &size, qreal ratio)
 
 void palette(ContactSheet &sheet, qreal ratio)
 {
-    sheet.heading(QStringLiteral("Colours"));
+    sheet.heading("Colours"_s);
     const QMetaEnum names = QMetaEnum::fromType<KSkin::Color>();
     for (int role = 0; role < KSkin::ColorCount; ++role) {
         QPixmap swatch = blank({160, 24}, ratio);
@@ -119,7 +120,7 @@ void palette(ContactSheet &sheet, qreal ratio)
 
 void typeScale(ContactSheet &sheet, qreal ratio)
 {
-    sheet.heading(QStringLiteral("Type"));
+    sheet.heading("Type"_s);
     const char *names[] = {"Caption", "Body", "Strong", "Subtitle", "Title", "Display"};
     for (int type = 0; type < 6; ++type) {
         QPixmap line = blank({560, 34}, ratio);
@@ -127,23 +128,23 @@ void typeScale(ContactSheet &sheet, qreal ratio)
         painter.setFont(look::font(look::Type(type)));
         painter.setPen(KSkin::color(KSkin::Color::Text));
         painter.drawText(line.rect(), Qt::AlignLeft | Qt::AlignTop,
-            QString::fromUtf8("Recent documents 0123 最近的文档 云文档 議事録 최근 문서"));
+            "Recent documents 0123 最近的文档 云文档 議事録 최근 문서"_s);
         sheet.row(QLatin1String(names[type]), {line});
     }
 }
 
 void icons(ContactSheet &sheet, qreal ratio)
 {
-    sheet.heading(QStringLiteral("Icons at 12, 16, 18, 24, 32 and 48"));
+    sheet.heading("Icons at 12, 16, 18, 24, 32 and 48"_s);
     const QColor ink = KSkin::color(KSkin::Color::Text);
     QVector<QPixmap> line;
     QStringList caption;
-    const QStringList files = QDir(QStringLiteral(":/icons_svg")).entryList({QStringLiteral("*.svg")});
+    const QStringList files = QDir(":/icons_svg"_s).entryList({"*.svg"_s});
     for (const QString &file : files) {
-        if (file.startsWith(QLatin1String("empty_")))
+        if (file.startsWith("empty_"_s))
             continue;
         for (const int side : {12, 16, 18, 24, 32, 48})
-            line.append(zel::tintedPixmap(QStringLiteral(":/icons_svg/") + file, {side, side}, ratio, ink));
+            line.append(zel::tintedPixmap(":/icons_svg/"_s + file, {side, side}, ratio, ink));
         caption.append(file.chopped(4));
         if (caption.size() == 3 || file == files.last()) {
             sheet.row(caption.join(QLatin1Char('\n')), line);
@@ -155,78 +156,78 @@ void icons(ContactSheet &sheet, qreal ratio)
 
 void buttons(ContactSheet &sheet, Studio &studio)
 {
-    sheet.heading(QStringLiteral("Normal, hovered, pressed, focused, disabled"));
-    QPushButton plain(QString::fromUtf8("Cancel 取消"));
-    sheet.row(QStringLiteral("button"), studio.states(&plain));
-    QPushButton primary(QString::fromUtf8("Open 打开"));
+    sheet.heading("Normal, hovered, pressed, focused, disabled"_s);
+    QPushButton plain("Cancel 取消"_s);
+    sheet.row("button"_s, studio.states(&plain));
+    QPushButton primary("Open 打开"_s);
     primary.setAutoDefault(false);
     primary.setDefault(true);
-    sheet.row(QStringLiteral("default button"), studio.states(&primary));
-    IconButton iconButton(icon("settings"), QStringLiteral("Settings"));
-    sheet.row(QStringLiteral("icon button"), studio.states(&iconButton));
-    Chip chip(QString::fromUtf8("Spreadsheets 表格"));
-    sheet.row(QStringLiteral("chip"), studio.states(&chip));
+    sheet.row("default button"_s, studio.states(&primary));
+    IconButton iconButton(icon("settings"), "Settings"_s);
+    sheet.row("icon button"_s, studio.states(&iconButton));
+    Chip chip("Spreadsheets 表格"_s);
+    sheet.row("chip"_s, studio.states(&chip));
     chip.setChecked(true);
-    sheet.row(QStringLiteral("chip, chosen"), studio.states(&chip));
+    sheet.row("chip, chosen"_s, studio.states(&chip));
     for (const bool on : {false, true}) {
-        QCheckBox check(QString::fromUtf8("Start with the session 开机启动"));
+        QCheckBox check("Start with the session 开机启动"_s);
         check.setChecked(on);
-        sheet.row(QStringLiteral("check box"), studio.states(&check));
-        QRadioButton radio(QString::fromUtf8("Dark 深色"));
+        sheet.row("check box"_s, studio.states(&check));
+        QRadioButton radio("Dark 深色"_s);
         radio.setChecked(on);
-        sheet.row(QStringLiteral("radio button"), studio.states(&radio));
-        Toggle toggle(QStringLiteral("Toggle"));
+        sheet.row("radio button"_s, studio.states(&radio));
+        Toggle toggle("Toggle"_s);
         toggle.setChecked(on);
-        sheet.row(QStringLiteral("switch"), studio.states(&toggle));
+        sheet.row("switch"_s, studio.states(&toggle));
     }
-    QCheckBox partly(QStringLiteral("Some"));
+    QCheckBox partly("Some"_s);
     partly.setCheckState(Qt::PartiallyChecked);
-    sheet.row(QStringLiteral("check box, partly"), studio.states(&partly));
+    sheet.row("check box, partly"_s, studio.states(&partly));
 }
 
 void fields(ContactSheet &sheet, Studio &studio)
 {
     const QSize wide(KLiteStyle::dpiScaled(180), KLiteStyle::dpiScaled(look::ControlHeight));
     QLineEdit edit;
-    edit.setPlaceholderText(QString::fromUtf8("Name 名称"));
-    sheet.row(QStringLiteral("line edit"), studio.states(&edit, wide));
-    edit.setText(QString::fromUtf8("Report 报告.docx"));
-    sheet.row(QStringLiteral("line edit, filled"), studio.states(&edit, wide));
-    SearchField search(QString::fromUtf8("Search files 搜索"));
-    sheet.row(QStringLiteral("search field"), studio.states(&search, wide));
-    search.setText(QString::fromUtf8("report 报告"));
-    sheet.row(QStringLiteral("search field, filled"), studio.states(&search, wide));
+    edit.setPlaceholderText("Name 名称"_s);
+    sheet.row("line edit"_s, studio.states(&edit, wide));
+    edit.setText("Report 报告.docx"_s);
+    sheet.row("line edit, filled"_s, studio.states(&edit, wide));
+    SearchField search("Search files 搜索"_s);
+    sheet.row("search field"_s, studio.states(&search, wide));
+    search.setText("report 报告"_s);
+    sheet.row("search field, filled"_s, studio.states(&search, wide));
     QComboBox combo;
-    combo.addItems({QString::fromUtf8("As the desktop 跟随系统"), QStringLiteral("Light")});
-    sheet.row(QStringLiteral("combo box"), studio.states(&combo, wide));
+    combo.addItems({"As the desktop 跟随系统"_s, "Light"_s});
+    sheet.row("combo box"_s, studio.states(&combo, wide));
     QSpinBox spin;
-    sheet.row(QStringLiteral("spin box"), studio.states(&spin));
+    sheet.row("spin box"_s, studio.states(&spin));
     QSlider slider(Qt::Horizontal);
     slider.setValue(40);
-    sheet.row(QStringLiteral("slider"), studio.states(&slider, {180, 24}));
+    sheet.row("slider"_s, studio.states(&slider, {180, 24}));
     QScrollBar bar(Qt::Horizontal);
-    sheet.row(QStringLiteral("scroll bar"), studio.states(&bar, {180, 8}));
+    sheet.row("scroll bar"_s, studio.states(&bar, {180, 8}));
     QProgressBar progress;
     progress.setValue(62);
     ProgressRing ring;
     ring.setValue(62);
     ProgressRing busy;
     busy.setRange(0, 0);
-    sheet.row(QStringLiteral("progress"),
-        {studio.shot(&progress, State::Normal, wide), studio.shot(&ring), studio.shot(&busy)});
+    sheet.row(
+        "progress"_s, {studio.shot(&progress, State::Normal, wide), studio.shot(&ring), studio.shot(&busy)});
     QTabBar tabs;
     for (const char *text : {"Recent 最近", "Shared", "Starred"})
         tabs.addTab(QString::fromUtf8(text));
-    sheet.row(QStringLiteral("tabs"), {studio.shot(&tabs), studio.shot(&tabs, State::Focused)});
+    sheet.row("tabs"_s, {studio.shot(&tabs), studio.shot(&tabs, State::Focused)});
 }
 
 class SampleDialog : public BoxDialog
 {
 public:
-    SampleDialog() : BoxDialog(QStringLiteral("Delete"), QString::fromUtf8("Delete “Report 报告.docx”?"))
+    SampleDialog() : BoxDialog("Delete"_s, "Delete “Report 报告.docx”?"_s)
     {
-        addText(QString::fromUtf8("The file goes to the recycle bin. 文件将被移至回收站。"));
-        body()->addWidget(new QCheckBox(QStringLiteral("Do not ask again")));
+        addText("The file goes to the recycle bin. 文件将被移至回收站。"_s);
+        body()->addWidget(new QCheckBox("Do not ask again"_s));
         buttons()->setStandardButtons(QDialogButtonBox::Ok | QDialogButtonBox::Cancel);
         setWindowFlags(Qt::Widget);
     }
@@ -234,55 +235,54 @@ public:
 
 void composites(ContactSheet &sheet, Studio &studio)
 {
-    sheet.heading(QStringLiteral("Composites"));
-    SideList side(QStringLiteral("Pages"));
-    side.addPage(icon("settings"), QString::fromUtf8("General 通用"));
-    side.addPage(icon("nav_recent"), QString::fromUtf8("Recent 最近"));
-    side.addPage(icon("nav_cloud"), QString::fromUtf8("Cloud documents 云文档"));
+    sheet.heading("Composites"_s);
+    SideList side("Pages"_s);
+    side.addPage(icon("settings"), "General 通用"_s);
+    side.addPage(icon("nav_recent"), "Recent 最近"_s);
+    side.addPage(icon("nav_cloud"), "Cloud documents 云文档"_s);
     QListWidget list;
-    list.addItems({QStringLiteral("Documents"), QString::fromUtf8("文档"), QStringLiteral("Pictures")});
+    list.addItems({"Documents"_s, "文档"_s, "Pictures"_s});
     list.setCurrentRow(1);
     QMenu menu;
-    menu.addAction(zel::tintedIcon(icon("folder_open")), QString::fromUtf8("Open folder 打开文件夹"))
-        ->setShortcut(QKeySequence(QStringLiteral("Ctrl+O")));
-    QAction *pinned = menu.addAction(QStringLiteral("Pinned"));
+    menu.addAction(zel::tintedIcon(icon("folder_open")), "Open folder 打开文件夹"_s)
+        ->setShortcut(QKeySequence("Ctrl+O"_s));
+    QAction *pinned = menu.addAction("Pinned"_s);
     pinned->setCheckable(true);
     pinned->setChecked(true);
     menu.addSeparator();
-    menu.addMenu(QStringLiteral("Send to"));
-    QAction *gone = menu.addAction(zel::tintedIcon(icon("trash")), QStringLiteral("Remove"));
+    menu.addMenu("Send to"_s);
+    QAction *gone = menu.addAction(zel::tintedIcon(icon("trash")), "Remove"_s);
     gone->setEnabled(false);
     menu.setActiveAction(menu.actions().constFirst());
-    sheet.row(QStringLiteral("side list, list, menu"),
+    sheet.row("side list, list, menu"_s,
         {studio.shot(&side), studio.shot(&side, State::Focused),
             studio.shot(&list, State::Normal, {160, 110}), studio.shot(&menu)});
     for (const auto tone : {NoticeBar::Tone::Info, NoticeBar::Tone::Problem}) {
         NoticeBar notice;
-        notice.showAction(QString::fromUtf8("3 files moved to the recycle bin. 已移至回收站"),
-            QStringLiteral("Undo"), tone, NoticeBar::Stay);
-        sheet.row(QStringLiteral("notice"), {studio.shot(&notice, State::Normal, {520, 40})});
+        notice.showAction(
+            "3 files moved to the recycle bin. 已移至回收站"_s, "Undo"_s, tone, NoticeBar::Stay);
+        sheet.row("notice"_s, {studio.shot(&notice, State::Normal, {520, 40})});
     }
-    EmptyStateWidget empty(icon("empty_generic"), QString::fromUtf8("Nothing here yet 暂无文件"),
-        QStringLiteral("Files that you open will be listed here, newest first."));
-    empty.addAction(QString::fromUtf8("Open a file 打开"));
+    EmptyStateWidget empty(icon("empty_generic"), "Nothing here yet 暂无文件"_s,
+        "Files that you open will be listed here, newest first."_s);
+    empty.addAction("Open a file 打开"_s);
     SampleDialog dialog;
-    sheet.row(QStringLiteral("empty state, dialog"),
-        {studio.shot(&empty, State::Normal, {380, 320}), studio.shot(&dialog)});
+    sheet.row(
+        "empty state, dialog"_s, {studio.shot(&empty, State::Normal, {380, 320}), studio.shot(&dialog)});
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    KCoreApplication app(
-        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
+    KCoreApplication app(argc, argv, "zelbox"_s, "Office"_s, "6.0"_s);
     KLitOfficeInfo office;
     office.resourceDirs << qEnvironmentVariable("ZEL_RESOURCES");
     KLiteSkin::setOfficeInfo(office);
     KLiteSkin::setDefaultBaseSkinInfo({});
     QApplication::setFont(KLiteStyle::applicationFont());
-    const QDir folder(QCoreApplication::arguments().value(1, QStringLiteral(".")));
-    const qreal textScale = QCoreApplication::arguments().value(2, QStringLiteral("1")).toDouble();
+    const QDir folder(QCoreApplication::arguments().value(1, "."_s));
+    const qreal textScale = QCoreApplication::arguments().value(2, "1"_s).toDouble();
     const KSkin skin; // scale changes reach the font through it
     for (const bool contrast : {false, true}) {
         for (const bool dark : {false, true}) {
@@ -296,12 +296,10 @@ int main(int argc, char **argv)
             buttons(controls, studio);
             fields(controls, studio);
             composites(controls, studio);
-            const QString variant = (dark ? QStringLiteral("dark") : QStringLiteral("light"))
-                + (contrast ? QStringLiteral("-contrast") : QString())
-                + QStringLiteral("-%1x").arg(studio.ratio());
-            basics.image(studio.ratio()).save(folder.filePath(QStringLiteral("basics-%1.png").arg(variant)));
-            controls.image(studio.ratio())
-                .save(folder.filePath(QStringLiteral("controls-%1.png").arg(variant)));
+            const QString variant = (dark ? "dark"_s : "light"_s) + (contrast ? "-contrast"_s : QString())
+                + "-%1x"_s.arg(studio.ratio());
+            basics.image(studio.ratio()).save(folder.filePath("basics-%1.png"_s.arg(variant)));
+            controls.image(studio.ratio()).save(folder.filePath("controls-%1.png"_s.arg(variant)));
         }
     }
     return 0;

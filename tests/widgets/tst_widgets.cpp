@@ -1,5 +1,6 @@
 #include "kcoreapplication.h"
 #include "skinstate.h"
+#include "support/table.h"
 #include "widgets/noticebar.h"
 #include "widgets/progressring.h"
 #include "widgets/searchfield.h"
@@ -8,7 +9,6 @@
 
 #include <QAction>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QVariantAnimation>
@@ -41,13 +41,13 @@ private Q_SLOTS:
     void searchFieldEmptiesBeforeItLetsGo()
     {
         Window window;
-        SearchField field(QStringLiteral("Search files"), &window);
+        SearchField field("Search files"_s, &window);
         const auto buttons = field.findChildren<QToolButton *>();
         QToolButton *clear = buttons.last();
         window.show();
-        QCOMPARE(field.accessibleName(), QStringLiteral("Search files"));
+        QCOMPARE(field.accessibleName(), "Search files"_s);
         QVERIFY(clear->isHidden());
-        QTest::keyClicks(&field, QStringLiteral("ab"));
+        QTest::keyClicks(&field, "ab"_s);
         QVERIFY(clear->isVisible());
         QTest::keyClick(&field, Qt::Key_Escape);
         QCOMPARE(field.text(), QString());
@@ -55,7 +55,7 @@ private Q_SLOTS:
         QVERIFY(clear->isHidden());
         QTest::keyClick(&field, Qt::Key_Escape);
         QCOMPARE(window.escapes, 1);
-        field.setText(QStringLiteral("c"));
+        field.setText("c"_s);
         QTest::mouseClick(clear, Qt::LeftButton);
         QCOMPARE(field.text(), QString());
         QSignalSpy down(&field, &SearchField::leaveDownRequested);
@@ -67,7 +67,7 @@ private Q_SLOTS:
     {
         for (const bool moves : {true, false}) {
             setAnimations(moves);
-            Toggle toggle(QStringLiteral("Start with the session"));
+            Toggle toggle("Start with the session"_s);
             toggle.show();
             const auto *motion = toggle.findChild<QVariantAnimation *>();
             QTest::mouseClick(&toggle, Qt::LeftButton, {}, {2, toggle.height() - 2});
@@ -101,12 +101,12 @@ private Q_SLOTS:
 
     void sideListAlwaysHasAPage()
     {
-        SideList list(QStringLiteral("Settings"));
+        SideList list("Settings"_s);
         QSignalSpy chosen(&list, &SideList::pageChosen);
-        const QString icon = QStringLiteral(":/icons_svg/settings.svg");
-        list.addPage(icon, QStringLiteral("General"));
+        const QString icon = ":/icons_svg/settings.svg"_s;
+        list.addPage(icon, "General"_s);
         const int narrow = list.sizeHint().width();
-        list.addPage(icon, QStringLiteral("A page with a title that asks for more room"));
+        list.addPage(icon, "A page with a title that asks for more room"_s);
         QVERIFY(list.sizeHint().width() > narrow);
         list.show();
         QCOMPARE(list.currentRow(), 0);
@@ -120,15 +120,13 @@ private Q_SLOTS:
 
     void noticeEnds_data()
     {
-        QTest::addColumn<QString>("how");
-        QTest::addColumn<int>("used");
-        QTest::addColumn<int>("dismissed");
-        QTest::newRow("used") << "action" << 1 << 0;
-        QTest::newRow("closed") << "close" << 0 << 1;
-        QTest::newRow("escape") << "escape" << 0 << 1;
-        QTest::newRow("time") << "time" << 0 << 1;
-        QTest::newRow("plain text instead") << "text" << 0 << 1;
-        QTest::newRow("another offer instead") << "offer" << 0 << 0;
+        const auto row = zeltest::table<QString, int, int>("how", "used", "dismissed");
+        row("used", "action", 1, 0);
+        row("closed", "close", 0, 1);
+        row("escape", "escape", 0, 1);
+        row("time", "time", 0, 1);
+        row("plain text instead", "text", 0, 1);
+        row("another offer instead", "offer", 0, 0);
     }
     void noticeEnds()
     {
@@ -144,22 +142,22 @@ private Q_SLOTS:
         QVERIFY(notice->isHidden());
         QSignalSpy used(notice, &NoticeBar::actionTriggered);
         QSignalSpy dismissed(notice, &NoticeBar::dismissed);
-        const int time = how == QLatin1String("time") ? 1 : NoticeBar::Stay;
-        notice->showAction(QStringLiteral("Moved"), QStringLiteral("Undo"), NoticeBar::Tone::Info, time);
+        const int time = how == "time"_s ? 1 : NoticeBar::Stay;
+        notice->showAction("Moved"_s, "Undo"_s, NoticeBar::Tone::Info, time);
         const auto buttons = notice->findChildren<QAbstractButton *>();
         auto *action = notice->findChild<QPushButton *>();
         QVERIFY(notice->isVisible() && action->isVisible());
-        if (how == QLatin1String("action"))
+        if (how == "action"_s)
             action->click();
-        else if (how == QLatin1String("close"))
+        else if (how == "close"_s)
             (buttons.first() == action ? buttons.last() : buttons.first())->click();
-        else if (how == QLatin1String("escape"))
+        else if (how == "escape"_s)
             QTest::keyClick(action, Qt::Key_Escape);
-        else if (how == QLatin1String("text"))
-            notice->showText(QStringLiteral("No longer there"));
-        else if (how == QLatin1String("offer"))
-            notice->showAction(QStringLiteral("Moved again"), QStringLiteral("Undo"));
-        QTRY_COMPARE(notice->isHidden(), how != QLatin1String("text") && how != QLatin1String("offer"));
+        else if (how == "text"_s)
+            notice->showText("No longer there"_s);
+        else if (how == "offer"_s)
+            notice->showAction("Moved again"_s, "Undo"_s);
+        QTRY_COMPARE(notice->isHidden(), how != "text"_s && how != "offer"_s);
         QTEST(used.count(), "used");
         QTEST(dismissed.count(), "dismissed");
     }
@@ -167,8 +165,7 @@ private Q_SLOTS:
 
 int main(int argc, char **argv)
 {
-    KCoreApplication app(
-        argc, argv, QStringLiteral("zelbox"), QStringLiteral("Office"), QStringLiteral("6.0"));
+    KCoreApplication app(argc, argv, "zelbox"_s, "Office"_s, "6.0"_s);
     WidgetsTest test;
     return QTest::qExec(&test, argc, argv);
 }

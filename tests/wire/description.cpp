@@ -1,4 +1,5 @@
 #include "description.h"
+#include "support/text.h"
 
 #include <QDir>
 #include <QFile>
@@ -16,10 +17,9 @@ constexpr int DeepestFilled = 4; // records within records further down stay emp
 
 TType typeNumber(const QString &name)
 {
-    static const QMap<QString, TType> numbers = {{QStringLiteral("bool"), T_BOOL},
-        {QStringLiteral("i32"), T_I32}, {QStringLiteral("i64"), T_I64}, {QStringLiteral("double"), T_DOUBLE},
-        {QStringLiteral("string"), T_STRING}, {QStringLiteral("struct"), T_STRUCT},
-        {QStringLiteral("list"), T_LIST}, {QStringLiteral("map"), T_MAP}};
+    static const QMap<QString, TType> numbers = {{"bool"_s, T_BOOL}, {"i32"_s, T_I32}, {"i64"_s, T_I64},
+        {"double"_s, T_DOUBLE}, {"string"_s, T_STRING}, {"struct"_s, T_STRUCT}, {"list"_s, T_LIST},
+        {"map"_s, T_MAP}};
     return numbers.value(name, T_STOP);
 }
 
@@ -40,7 +40,7 @@ void addText(QByteArray &out, QRandomGenerator &random)
 
 Description::Description(const QString &folder)
 {
-    for (const QFileInfo &info : QDir(folder).entryInfoList({QStringLiteral("*.json")})) {
+    for (const QFileInfo &info : QDir(folder).entryInfoList({"*.json"_s})) {
         QFile file(info.filePath());
         if (!file.open(QIODevice::ReadOnly))
             continue;

@@ -3,8 +3,6 @@
 #include "cloud/wire/limits.h"
 #include "support/table.h"
 
-#include <QEventLoop>
-#include <QSignalSpy>
 #include <QtEndian>
 #include <QtTest>
 #include <fcntl.h>
@@ -58,10 +56,7 @@ private Q_SLOTS:
 
     void framesInAnyPieces_data()
     {
-        const auto row = zeltest::table<int>("piece");
-        row("byte by byte", 1);
-        row("across lengths", 7);
-        row("all at once", 1000000);
+        zeltest::rows<int>("piece", {{"byte by byte", 1}, {"across lengths", 7}, {"all at once", 1000000}});
     }
     void framesInAnyPieces()
     {
@@ -94,12 +89,11 @@ private Q_SLOTS:
     void endings()
     {
         QFETCH(QByteArray, bytes);
-        QFETCH(QString, why);
         QSignalSpy closed(m_channel.get(), &FrameChannel::closed);
         write(bytes);
         m_other.reset();
         QVERIFY(closed.wait());
-        QCOMPARE(closed.constFirst().constFirst().toString(), why);
+        QTEST(closed.constFirst().constFirst().toString(), "why");
         QVERIFY(!m_channel->isOpen());
         m_channel->send(frameOf("nobody hears it"));
         QCOMPARE(closed.size(), 1);
@@ -113,7 +107,7 @@ private Q_SLOTS:
         QVERIFY2(!closed.wait(300), "silence between frames is in order");
         write(frameOf("half").left(6));
         QVERIFY(closed.wait());
-        QCOMPARE(closed.constFirst().constFirst().toString(), QStringLiteral("half a frame, then silence"));
+        QCOMPARE(closed.constFirst().constFirst().toString(), "half a frame, then silence"_s);
     }
 
     void drippingFrame()
@@ -137,7 +131,7 @@ private Q_SLOTS:
         QVERIFY2(!closed.wait(300), "nothing waits");
         m_channel->send(frameOf(QByteArray(1000000, 'x')));
         QVERIFY(closed.wait());
-        QCOMPARE(closed.constFirst().constFirst().toString(), QStringLiteral("the other end does not read"));
+        QCOMPARE(closed.constFirst().constFirst().toString(), "the other end does not read"_s);
     }
 
     void pauseHoldsFramesBack()
@@ -212,9 +206,9 @@ private Q_SLOTS:
         m_handler = [&](const QByteArray &frame) {
             if (frame != "go")
                 return;
-            if (what == QLatin1String("destroy"))
+            if (what == "destroy"_s)
                 m_channel.reset();
-            else if (what == QLatin1String("close"))
+            else if (what == "close"_s)
                 m_channel->close();
             else {
                 write(frameOf(QByteArray(200000, 'y'))); // moves the buffer

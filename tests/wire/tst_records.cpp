@@ -71,18 +71,18 @@ private Q_SLOTS:
             for (int i = 0; i < fields.size(); ++i) {
                 QVERIFY2(fields.at(i).id == i + 1,
                     QByteArray(name + ": numbers from 1 on without a gap").constData());
-                const bool isExtra = fields.at(i).name == QLatin1String("extraParam");
+                const bool isExtra = fields.at(i).name == "extraParam"_s;
                 QVERIFY2(!isExtra || i == fields.size() - 1,
                     QByteArray(name + ": extraParam comes last").constData());
-                const bool isRequired = fields.at(i).required == QLatin1String("required");
+                const bool isRequired = fields.at(i).required == "required"_s;
                 QVERIFY2(isRequired == (name == "VelaIpcArg"), name.constData());
             }
             const Field &last = fields.constLast();
-            if (last.name != QLatin1String("extraParam"))
+            if (last.name != "extraParam"_s)
                 continue;
             ++extended;
-            QCOMPARE(last.typeName, QStringLiteral("map"));
-            QCOMPARE(last.type.value(QLatin1String("valueTypeId")).toString(), QStringLiteral("string"));
+            QCOMPARE(last.typeName, "map"_s);
+            QCOMPARE(last.type.value(QLatin1String("valueTypeId")).toString(), "string"_s);
         }
         QCOMPARE(extended, 587);
     }
@@ -136,11 +136,9 @@ private Q_SLOTS:
     }
     void laidDownRecords()
     {
-        QFETCH(QString, fields);
-        QStringList found;
-        for (const Field &field : m_description.records().value(QString::fromUtf8(QTest::currentDataTag())))
-            found.append(field.name + QLatin1Char(':') + field.typeName);
-        QCOMPARE(found.join(QLatin1Char(' ')), fields);
+        const Fields found = m_description.records().value(QString::fromUtf8(QTest::currentDataTag()));
+        const auto text = [](const Field &field) -> QString { return field.name + ":"_s + field.typeName; };
+        QTEST(zeltest::joined(found, text), "fields");
     }
 
     void metaTypes()
@@ -155,7 +153,7 @@ private Q_SLOTS:
         QCOMPARE(numbers.size(), 620);
         // A class that declares itself to Qt elsewhere is the same type.
         QCOMPARE(qRegisterMetaType<zel::vela::CloudItem>("zel::vela::CloudItem"),
-            recordOf(QStringLiteral("CloudItem"))->metaType());
+            recordOf("CloudItem"_s)->metaType());
     }
 
     void errorsInAnswers()
@@ -206,11 +204,11 @@ private Q_SLOTS:
 
     void documentation()
     {
-        QFile file(qEnvironmentVariable("ZEL_SOURCE_DIR") + QStringLiteral("/docs/wire.md"));
+        QFile file(qEnvironmentVariable("ZEL_SOURCE_DIR") + "/docs/wire.md"_s);
         QVERIFY(file.open(QIODevice::ReadOnly));
         const QByteArray text = file.readAll();
         for (auto it = m_description.records().cbegin(); it != m_description.records().cend(); ++it) {
-            if (it->constLast().name != QLatin1String("extraParam"))
+            if (it->constLast().name != "extraParam"_s)
                 QVERIFY2(text.contains("`" + it.key().toUtf8() + "`"), qPrintable(it.key()));
         }
     }
