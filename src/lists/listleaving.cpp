@@ -11,13 +11,16 @@ void ListLeaving::set(const QStringList &ids)
     m_ids = QSet<QString>(ids.cbegin(), ids.cend());
 }
 
-// Each counts once: a row that has come back may be taken away by others the next time.
-bool ListLeaving::take(const QStringList &ids)
+bool ListLeaving::areSent(const QStringList &ids) const
 {
-    bool all = true;
-    for (const QString &id : ids)
-        all = m_ids.remove(id) && all;
-    return all;
+    return std::all_of(ids.cbegin(), ids.cend(), [this](const QString &id) { return m_ids.contains(id); });
+}
+
+// Each counts once: a row that has come back may be taken away by others the next time.
+void ListLeaving::forget(const ListModel &model, int start, int end)
+{
+    for (int row = start; row <= end && !m_ids.isEmpty(); ++row)
+        m_ids.remove(model.idOf(row));
 }
 
 void ListLeaving::leave(const ListModel &model, QItemSelectionModel *selection, int start, int end)
@@ -27,7 +30,8 @@ void ListLeaving::leave(const ListModel &model, QItemSelectionModel *selection, 
     const bool selectionGoes = !ranges.isEmpty()
         && std::all_of(ranges.cbegin(), ranges.cend(),
             [&](const QItemSelectionRange &range) { return goes(range.top()) && goes(range.bottom()); });
-    const bool goesOn = selectionGoes && take(zel::selectedRowIds(&model, selection));
+    const bool goesOn = selectionGoes && areSent(zel::selectedRowIds(&model, selection));
+    forget(model, start, end);
     const int current = selection->currentIndex().row();
     if (current < 0 || (!goes(current) && !goesOn))
         return;

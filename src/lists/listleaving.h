@@ -17,7 +17,8 @@ public:
     void leave(const ListModel &model, QItemSelectionModel *selection, int start, int end);
 
 private:
-    bool take(const QStringList &ids);
+    bool areSent(const QStringList &ids) const;
+    void forget(const ListModel &model, int start, int end);
 
     QSet<QString> m_ids;
 };

@@ -349,9 +349,8 @@ void SortedListModel::tellRest()
         m_toldSections = m_sections;
         Q_EMIT sectionsChanged();
     }
-    const bool counted = m_toldRows == rowCount() && m_toldTotal == totalCount();
-    m_toldRows = rowCount();
-    m_toldTotal = totalCount();
-    if (!counted)
+    const int rows = std::exchange(m_toldRows, rowCount());
+    const int total = std::exchange(m_total, int(m_order.size()));
+    if (rows != m_toldRows || total != m_total)
         Q_EMIT countsChanged();
 }

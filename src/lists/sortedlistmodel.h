@@ -36,7 +36,7 @@ public:
     using ListModel::ListModel;
 
     int rowCount(const QModelIndex &parent = {}) const override; ///< rows that pass the filter
-    int totalCount() const override { return int(m_order.size()); }
+    int totalCount() const override { return m_total; }          ///< of before while a change is being told
     zel::ListSections sections() const override { return m_sections; }
 
     zel::Handle handleAt(int row) const { return m_rows[size_t(row)]; } ///< `row` is in range
@@ -92,5 +92,5 @@ private:
     zel::ListSections m_sections;
     zel::ListSections m_toldSections;
     int m_toldRows = 0;
-    int m_toldTotal = 0;
+    int m_total = 0;
 };

@@ -1,3 +1,4 @@
+#include "lists/listmemory.h"
 #include "lists/recordtable.h"
 #include "lists/sortedlistmodel.h"
 
@@ -137,6 +138,8 @@ private Q_SLOTS:
     void tellsLittle();
     void manyScatteredRowsAreOneLayoutChange();
     void allAtOnce();
+    void nobodyPickedTheRest_data();
+    void nobodyPickedTheRest();
     void randomSteps();
 };
 
@@ -216,6 +219,33 @@ void TestSortedList::allAtOnce()
     list.applyToAll({Qt::DisplayRole});
     QCOMPARE(told.take(), QStringLiteral("changed 0-1"));
     QCOMPARE(told.roles(), QVector<int>{Qt::DisplayRole});
+}
+
+void TestSortedList::nobodyPickedTheRest_data()
+{
+    const auto row = zeltest::table<QString, QString>("hidden", "come");
+    row("of a filtered list", "cd", "");
+    row("that came to an emptied list", "", "x1");
+}
+
+// When all that shows was selected and goes, other rows that show later are not selected.
+void TestSortedList::nobodyPickedTheRest()
+{
+    QFETCH(QString, hidden);
+    QFETCH(QString, come);
+    WordList list;
+    list.take(words(hidden.isEmpty() ? QStringLiteral("a1 b1") : QStringLiteral("a1 b1 c1 d1")), {});
+    list.hide(hidden);
+    QItemSelectionModel selection(nullptr);
+    ListMemory memory;
+    connect(&list, &WordList::rowsAboutToBeRemoved, this, [&] { memory.keep(list, selection); });
+    selection.setModel(&list);
+    selection.select({list.index(0), list.index(1)}, QItemSelectionModel::Select);
+    list.take({}, {QStringLiteral("a"), QStringLiteral("b")});
+    list.hide({});
+    list.take(words(come), {});
+    memory.giveBack(list, &selection);
+    QVERIFY(list.rowCount() > 0 && !selection.hasSelection());
 }
 
 // Whatever happens, in any mixture: the rows are those that a plain sort gives, and every index that somebody
