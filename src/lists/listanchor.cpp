@@ -20,6 +20,14 @@ void ListAnchor::leave(const ListModel &model, const ListLayout &layout, int scr
         take(model.index(neighbour), layout.rowTop(neighbour) - scroll);
 }
 
+void ListAnchor::give(const ListModel &model, int first, int last)
+{
+    if (m_row.row() < first || m_row.row() > last)
+        return;
+    const int next = last + 1 < model.rowCount() ? last + 1 : first - 1;
+    m_row = next >= 0 ? model.index(next) : QModelIndex();
+}
+
 void ListAnchor::take(const QModelIndex &row, int top)
 {
     m_row = row;

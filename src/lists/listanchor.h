@@ -14,6 +14,8 @@ public:
     void note(const ListModel &model, const ListLayout &layout, int scroll);
     /// Rows are about to be moved; what the user looks at does not go with them.
     void leave(const ListModel &model, const ListLayout &layout, int scroll, int first, int last);
+    /// Rows are about to go; the one after them comes to the place of theirs.
+    void give(const ListModel &model, int first, int last);
     void take(const QModelIndex &row, int top); ///< that row, which shows there
     void drop() { m_row = QModelIndex(); }
 

@@ -78,6 +78,12 @@ public:
         m_shown.removeAt(row);
         endRemoveRows();
     }
+    void removeRange(int first, int last)
+    {
+        beginRemoveRows({}, first, last);
+        m_shown.erase(m_shown.begin() + first, m_shown.begin() + last + 1);
+        endRemoveRows();
+    }
     void moveToTop(int row)
     {
         beginMoveRows({}, row, row, {}, 0);

@@ -101,6 +101,9 @@ void TestListView::lookedAtRowsStayInPlace_data()
     QTest::newRow("new row above") << 1000 << QStringLiteral("insert") << true;
     QTest::newRow("a row further down goes to the top") << 1000 << QStringLiteral("90") << true;
     QTest::newRow("the row at the top edge does") << 1000 << QStringLiteral("first") << true;
+    QTest::newRow("the current row goes, out of sight") << 1000 << QStringLiteral("gone") << true;
+    QTest::newRow("rows up to the one at the top edge go") << 1300 << QStringLiteral("range") << true;
+    QTest::newRow("the list gets the keyboard") << 1000 << QStringLiteral("focus") << true;
     QTest::newRow("at the very top new rows show") << 0 << QStringLiteral("insert") << false;
 }
 
@@ -109,7 +112,12 @@ void TestListView::lookedAtRowsStayInPlace()
     QFETCH(int, scroll);
     QFETCH(QString, what);
     QFETCH(bool, stays);
+    m_view->setCurrentIndex(index(0));
     m_view->verticalScrollBar()->setValue(scroll);
+    if (what == QLatin1String("focus")) {
+        m_view->clearFocus();
+        m_view->selectionModel()->clearCurrentIndex();
+    }
     const QPersistentModelIndex watched = m_view->indexAt({50, 150});
     QVERIFY(watched.isValid());
     const int before = topOf(watched);
@@ -118,9 +126,16 @@ void TestListView::lookedAtRowsStayInPlace()
         ++first;
     if (what == QLatin1String("insert"))
         m_model->insert(0, QStringLiteral("a new one"));
+    else if (what == QLatin1String("gone"))
+        m_model->remove(QStringLiteral("a0"));
+    else if (what == QLatin1String("range"))
+        m_model->removeRange(first - 5, first);
+    else if (what == QLatin1String("focus"))
+        m_view->setFocus(Qt::MouseFocusReason);
     else
         m_model->moveToTop(what == QLatin1String("first") ? first : what.toInt());
-    QCOMPARE(topOf(watched) == before, stays);
+    const int room = what == QLatin1String("range") ? 40 : 0; // of the one that goes below the edge
+    QCOMPARE(topOf(watched) == before - room, stays);
     QCOMPARE(this->scroll() == 0, scroll == 0);
 }
 
@@ -132,6 +147,7 @@ void TestListView::selectionAndPlaceSurvive_data()
     QTest::addColumn<bool>("placeStays");
     const QString some = QStringLiteral("e35 e37 e38");
     QTest::newRow("reload") << "reload" << false << some << true;
+    QTest::newRow("reload, the current row out of sight") << "reload far" << false << some << true;
     QTest::newRow("reload, all") << "reload" << true << names(60).join(QLatin1Char(' ')) << true;
     QTest::newRow("all that was found")
         << "found" << true << names(100).filter(QStringLiteral("5")).join(QLatin1Char(' ')) << false;
@@ -155,9 +171,11 @@ void TestListView::selectionAndPlaceSurvive()
         m_model->filter(QStringLiteral("5"));
     if (all)
         key(Qt::Key_A, Qt::ControlModifier);
+    if (what == QLatin1String("reload far"))
+        m_view->verticalScrollBar()->setValue(100);
     const QString current = m_view->currentId();
     const int before = topOf(m_view->currentIndex());
-    if (what == QLatin1String("reload"))
+    if (what.startsWith(QLatin1String("reload")))
         m_model->load(names(60));
     else if (what == QLatin1String("order"))
         m_model->turnOver();
@@ -258,6 +276,10 @@ void TestListView::assistivePrograms()
     m_view->setModel(&other);
     QCOMPARE(list->childCount(), 2);
     m_view->setModel(m_model.get());
+    QCOMPARE(list->childCount(), 0);
+    m_model->load(names(2));
+    m_model.reset(); // before the list, as a page goes
+    m_view->viewport()->repaint();
     QCOMPARE(list->childCount(), 0);
 }
 

@@ -2,7 +2,6 @@
 
 #include "klitestyle.h"
 #include "kskin.h"
-#include "lists/listmodel.h"
 #include "lists/ui/listheads.h"
 #include "widgets/contentcolumn.h"
 #include "widgets/rowpaint.h"
@@ -44,6 +43,7 @@ void View::setModel(QAbstractItemModel *newModel)
 void View::connectModel()
 {
     connect(m_model, &ListModel::sectionsChanged, this, &View::relayout);
+    connect(m_model, &QObject::destroyed, this, &View::relayout);
     connect(m_model, &QAbstractItemModel::rowsAboutToBeMoved, this,
         [this](const QModelIndex &, int first, int last) {
             m_anchor.leave(*m_model, m_layout, verticalOffset(), first, last);
@@ -241,6 +241,7 @@ void View::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 {
     if (start == 0 && end == m_model->rowCount() - 1)
         m_anchor.keep(*m_model, verticalOffset());
+    m_anchor.give(*m_model, start, end);
     QAbstractItemView::rowsAboutToBeRemoved(parent, start, end);
 }
 

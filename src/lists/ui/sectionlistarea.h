@@ -2,12 +2,12 @@
 
 #include "lists/listanchor.h"
 #include "lists/listlayout.h"
+#include "lists/listmodel.h"
 #include "lists/ui/listrowdelegate.h"
 
 #include <QAbstractItemView>
 #include <QBasicTimer>
-
-class ListModel;
+#include <QPointer>
 
 /// What a list shows and where: rows of one height, in sections whose topmost title stays at the top edge, at
 /// most as wide as a page's content. GUI thread. Every place comes from ListLayout, so that nothing depends
@@ -75,7 +75,7 @@ private:
     int rowFrom(int row, CursorAction action) const;
     ListRowOption plainOption() const;
 
-    ListModel *m_model = nullptr;
+    QPointer<ListModel> m_model; // of a page that goes the model may be the first to go
     ListLayout m_layout;
     ListAnchor m_anchor;
     QBasicTimer m_settle;

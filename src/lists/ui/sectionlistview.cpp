@@ -18,6 +18,27 @@ bool opensOnOneClick(const QWidget *widget)
     return widget->style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, widget);
 }
 
+/// While it lives, another row may become the current one without being scrolled to: the user looks
+/// elsewhere.
+class ScrollKeeper
+{
+public:
+    explicit ScrollKeeper(QAbstractItemView *view) : m_view(view && view->hasAutoScroll() ? view : nullptr)
+    {
+        if (m_view)
+            m_view->setAutoScroll(false);
+    }
+    ~ScrollKeeper()
+    {
+        if (m_view)
+            m_view->setAutoScroll(true);
+    }
+    Q_DISABLE_COPY_MOVE(ScrollKeeper)
+
+private:
+    QAbstractItemView *m_view;
+};
+
 } // namespace
 
 using View = SectionListView;
@@ -72,6 +93,7 @@ void View::selectIds(const QStringList &ids)
 void View::rowsInserted(const QModelIndex &parent, int start, int end)
 {
     SectionListArea::rowsInserted(parent, start, end);
+    const ScrollKeeper keeper(this);
     if (start == 0 && end == listModel()->rowCount() - 1)
         m_memory.giveBack(*listModel(), selectionModel());
 }
@@ -79,6 +101,8 @@ void View::rowsInserted(const QModelIndex &parent, int start, int end)
 // A reload takes all rows away and brings most of them back at once.
 void View::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 {
+    const bool looked = viewport()->rect().intersects(visualRect(currentIndex()));
+    const ScrollKeeper keeper(looked ? nullptr : this);
     if (start == 0 && end == listModel()->rowCount() - 1)
         m_memory.keep(*listModel(), *selectionModel());
     else
@@ -334,6 +358,7 @@ void View::focusInEvent(QFocusEvent *event)
         setKeyboardLeads(true);
     SectionListArea::focusInEvent(event);
     acceptInputMethods();
+    const ScrollKeeper keeper(this); // the click that brought the keyboard is for the row that it meets
     if (listModel() && !currentIndex().isValid())
         selectionModel()->setCurrentIndex(listModel()->index(0), QItemSelectionModel::NoUpdate);
 }
