@@ -11,6 +11,7 @@ KDocumentOpener *DocumentOpening::opener()
 {
     KDocumentOpener *const used = m_opener ? m_opener : KDocumentOpener::instance();
     connect(used, &KDocumentOpener::opened, this, &DocumentOpening::onOpened, Qt::UniqueConnection);
+    connect(used, &KDocumentOpener::folderShown, this, &DocumentOpening::onFolderShown, Qt::UniqueConnection);
     connect(
         used, &KDocumentOpener::programsFound, this, &DocumentOpening::onProgramsFound, Qt::UniqueConnection);
     return used;
@@ -44,7 +45,7 @@ void DocumentOpening::reveal(const QString &path)
 {
     if (path.isEmpty())
         return;
-    m_revealed = path;
+    m_revealing.insert(path);
     opener()->reveal(path);
 }
 
@@ -56,20 +57,17 @@ void DocumentOpening::findPrograms(const QString &path)
 
 void DocumentOpening::onProgramsFound(const QString &path, const KProgramList &programs)
 {
-    if (path == m_programsOf)
-        Q_EMIT programsFound(path, programs);
+    if (path.isEmpty() || path != m_programsOf)
+        return;
+    m_programsOf.clear();
+    Q_EMIT programsFound(path, programs);
 }
 
 void DocumentOpening::onOpened(const QString &path, KDocumentOpener::Outcome outcome)
 {
     using Outcome = KDocumentOpener::Outcome;
-    if (!m_opening.remove(path)) { // then it is about the folder, or somebody else's
-        if (path != m_revealed || outcome == Outcome::Opened)
-            return;
-        m_revealed.clear();
-        Q_EMIT revealFailed(path, outcome == Outcome::Missing);
-        return;
-    }
+    if (!m_opening.remove(path))
+        return; // somebody else's
     switch (outcome) {
     case Outcome::Opened:
         Q_EMIT opened(path);
@@ -81,6 +79,13 @@ void DocumentOpening::onOpened(const QString &path, KDocumentOpener::Outcome out
     case Outcome::NoProgram:
         return fail(path, Problem::NoProgram);
     }
+}
+
+void DocumentOpening::onFolderShown(const QString &path, KDocumentOpener::Outcome outcome)
+{
+    using Outcome = KDocumentOpener::Outcome;
+    if (m_revealing.remove(path) && outcome != Outcome::Opened)
+        Q_EMIT revealFailed(path, outcome == Outcome::Missing);
 }
 
 void DocumentOpening::fail(const QString &path, Problem problem)

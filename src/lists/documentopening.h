@@ -38,10 +38,11 @@ private:
     bool begin(const QString &path, const QString &name);
     void fail(const QString &path, Problem problem);
     void onOpened(const QString &path, KDocumentOpener::Outcome outcome);
+    void onFolderShown(const QString &path, KDocumentOpener::Outcome outcome);
     void onProgramsFound(const QString &path, const KProgramList &programs);
 
     KDocumentOpener *m_opener;
-    QSet<QString> m_opening; // what the opener has not answered yet
-    QString m_revealed;      // asked for last
-    QString m_programsOf;    // likewise
+    QSet<QString> m_opening;   // what the opener has not answered yet
+    QSet<QString> m_revealing; // likewise
+    QString m_programsOf;      // asked for last, until it is answered
 };

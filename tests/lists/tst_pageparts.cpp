@@ -6,6 +6,8 @@
 #include "lists/ui/openingnotices.h"
 #include "lists/ui/statestack.h"
 #include "lists/ui/undooffer.h"
+#include "support/fakeopener.h"
+#include "support/table.h"
 #include "widgets/contentcolumn.h"
 #include "widgets/noticearea.h"
 #include "widgets/shortcuts.h"
@@ -92,7 +94,9 @@ private Q_SLOTS:
     void undoLastsUntilTheNextAction_data();
     void undoLastsUntilTheNextAction();
     void keyboardStaysInThePage();
+    void openingTellsWhatItRunsInto_data();
     void openingTellsWhatItRunsInto();
+    void openingAnswersOnce();
 };
 
 void TestPageParts::actionsWorkOnWhatTheyCan_data()
@@ -282,33 +286,69 @@ void TestPageParts::keyboardStaysInThePage()
     QVERIFY(page.view->hasFocus());
 }
 
+void TestPageParts::openingTellsWhatItRunsInto_data()
+{
+    using Outcome = KDocumentOpener::Outcome;
+    const auto row = zeltest::table<QString, Outcome, QString>("steps", "outcome", "said");
+    row("opens", "open opened", Outcome::Opened, "");
+    row("gone", "open opened", Outcome::Missing, "“a.odt” is no longer there.");
+    row("not readable", "open opened", Outcome::NotReadable, "You do not have permission to read “a.odt”.");
+    row("no program", "open opened", Outcome::NoProgram, "No program on this computer opens “a.odt”.");
+    row("folder gone", "reveal shown", Outcome::Missing, "The folder of “a.odt” is no longer there.");
+    row("folder not shown", "reveal shown", Outcome::NoProgram, "The folder of “a.odt” cannot be shown.");
+    row("of another page", "opened shown", Outcome::NoProgram, "");
+    row("of another page, revealed here", "reveal opened", Outcome::NoProgram, "");
+    row("both at once", "open reveal shown", Outcome::Missing, "The folder of “a.odt” is no longer there.");
+}
+
 void TestPageParts::openingTellsWhatItRunsInto()
 {
-    class Opener : public KDocumentOpener
+    QFETCH(QString, steps);
+    QFETCH(KDocumentOpener::Outcome, outcome);
+    FakeOpener opener;
+    Page page;
+    DocumentOpening opening(&opener);
+    OpeningNotices notices(&opening, page.notice);
+    const QString path = QStringLiteral("/docs/a.odt");
+    for (const QString &step : steps.split(QLatin1Char(' '))) {
+        if (step == QLatin1String("open"))
+            opening.open(path);
+        else if (step == QLatin1String("reveal"))
+            opening.reveal(path);
+        else if (step == QLatin1String("opened"))
+            opener.answer(path, outcome);
+        else
+            Q_EMIT opener.folderShown(path, outcome);
+    }
+    QTEST(page.notice->isVisible() ? page.notice->text() : QString(), "said");
+}
+
+// What is asked for twice is done once, and programs are those of the row that was asked about last.
+void TestPageParts::openingAnswersOnce()
+{
+    struct Opener : FakeOpener
     {
-    public:
-        void open(const QString &path) override { asked << path; }
-        void reveal(const QString &path) override { asked << path; }
-        QStringList asked;
+        void findPrograms(const QString &) override { }
     } opener;
     Page page;
     DocumentOpening opening(&opener);
     OpeningNotices notices(&opening, page.notice);
     QSignalSpy opened(&opening, &DocumentOpening::opened);
+    QSignalSpy found(&opening, &DocumentOpening::programsFound);
     const QString path = QStringLiteral("/docs/a.odt");
-    opening.open(path);
-    opening.open(path); // impatiently
-    QCOMPARE(opener.asked, QStringList(path));
-    Q_EMIT opener.opened(QStringLiteral("/docs/of another page"), KDocumentOpener::Outcome::Missing);
-    QVERIFY(!page.notice->isVisible());
-    Q_EMIT opener.opened(path, KDocumentOpener::Outcome::Missing);
-    QVERIFY(page.notice->text().contains(QStringLiteral("“a.odt” is no longer there")));
-    opening.open(path);
-    Q_EMIT opener.opened(path, KDocumentOpener::Outcome::Opened);
-    QCOMPARE(opened.size(), 1);
-    opening.reveal(path);
-    Q_EMIT opener.opened(path, KDocumentOpener::Outcome::NoProgram);
-    QVERIFY(page.notice->text().contains(QStringLiteral("folder of “a.odt”")));
+    const QString other = QStringLiteral("/docs/b.odt");
+    for (const QString &each : {path, path, other}) {
+        opening.open(each);
+        opening.findPrograms(each);
+    }
+    QCOMPARE(opener.asked, QStringList({path, other}));
+    for (const QString &each : {path, other, other}) {
+        opener.answer(each, KDocumentOpener::Outcome::Opened);
+        Q_EMIT opener.programsFound(each, {});
+    }
+    QCOMPARE(opened.size(), 2);
+    QCOMPARE(found.size(), 1);
+    QCOMPARE(found.constFirst().constFirst().toString(), other);
     QVERIFY(notices.mayOpen(10) && !notices.mayOpen(11));
     QVERIFY(page.notice->text().contains(QLatin1String("10")));
 }

@@ -35,7 +35,7 @@ public:
     /// Checks the file on a worker thread, then asks the desktop to open it. `opened` follows exactly once.
     virtual void open(const QString &path);
     /// Shows the file selected in the file manager (org.freedesktop.FileManager1), else opens its folder.
-    /// Only when not even that is possible `opened` follows, with the reason.
+    /// `folderShown` follows exactly once; when not even that is possible, with the reason.
     virtual void reveal(const QString &path);
     /// Looks on a worker thread which programs the desktop recommends for the file, the default one first.
     /// `programsFound` follows exactly once, empty when there are none.
@@ -46,4 +46,5 @@ public:
 Q_SIGNALS:
     void programsFound(const QString &path, const KProgramList &programs);
     void opened(const QString &path, KDocumentOpener::Outcome outcome);
+    void folderShown(const QString &path, KDocumentOpener::Outcome outcome);
 };

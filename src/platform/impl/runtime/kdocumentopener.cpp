@@ -138,11 +138,9 @@ void whenReadable(KDocumentOpener *opener, const QString &path, const std::funct
     check->start();
 }
 
-// Quiet when that works: the folder is what the user asked for.
 void openFolderOf(KDocumentOpener *opener, const QString &path)
 {
-    if (openWithDesktop(folderOf(path)) != Outcome::Opened)
-        Q_EMIT opener->opened(path, Outcome::NoProgram);
+    Q_EMIT opener->folderShown(path, openWithDesktop(folderOf(path)));
 }
 
 void select(KDocumentOpener *opener, const QString &path)
@@ -159,6 +157,8 @@ void select(KDocumentOpener *opener, const QString &path)
         watcher->deleteLater();
         if (watcher->isError())
             openFolderOf(opener, path);
+        else
+            Q_EMIT opener->folderShown(path, Outcome::Opened);
     });
 }
 
@@ -220,10 +220,10 @@ void KDocumentOpener::reveal(const QString &path)
                 openFolderOf(this, path);
                 return;
             case Place::Nowhere:
-                Q_EMIT opened(path, Outcome::Missing);
+                Q_EMIT folderShown(path, Outcome::Missing);
                 return;
             case Place::NoAnswer:
-                Q_EMIT opened(path, Outcome::NotReadable);
+                Q_EMIT folderShown(path, Outcome::NotReadable);
                 return;
             }
         });
