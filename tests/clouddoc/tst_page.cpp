@@ -366,6 +366,8 @@ void TestPage::opensDocuments()
 
     click(0);
     view()->setFocus();
+    Q_EMIT view()->activated(view()->model()->index(1, 0)); // by an assistive program
+    QCOMPARE(m_opener.asked, QStringList({s("/drive/here.txt"), s("/drive/here.txt")}));
     key(Qt::Key_Return);
     QCOMPARE(wanted(), QStringList(s("downloadItems far.txt")));
     CloudTransfer other;
@@ -377,7 +379,7 @@ void TestPage::opensDocuments()
     done.localPath = s("/downloads/far.txt");
     Q_EMIT page()->logic()->transferEnded(done);
     Q_EMIT page()->logic()->transferEnded(done); // again, later, for another reason
-    QCOMPARE(m_opener.asked, QStringList({s("/drive/here.txt"), s("/downloads/far.txt")}));
+    QCOMPARE(m_opener.asked.mid(2), QStringList(s("/downloads/far.txt")));
 }
 
 void TestPage::asksAboutTakenNames()

@@ -94,7 +94,12 @@ void ZelBoxCloudDocWidget::connectView()
 {
     using View = CloudDocListView;
     BreadcrumbBar *crumbs = m_toolBar->crumbs();
-    connect(m_view, &View::activated, this, &ZelBoxCloudDocWidget::openSelected);
+    connect(m_view, &View::activated, this, [this](const QModelIndex &row) {
+        if (m_view->selectionModel()->isSelected(row))
+            openSelected();
+        else
+            open({m_logic->documents()->document(row.row())});
+    });
     connect(m_view, &View::customContextMenuRequested, m_commands, &CloudDocCommands::showMenu);
     connect(m_view, &View::upRequested, m_logic, &Logic::up);
     connect(m_view, &View::selectedRowsChanged, this, &ZelBoxCloudDocWidget::updateActions);
@@ -229,6 +234,11 @@ void ZelBoxCloudDocWidget::openSelected()
     }
     if (documents.isEmpty() && m_view->currentIndex().isValid())
         documents << m_logic->documents()->document(m_view->currentIndex().row());
+    open(documents);
+}
+
+void ZelBoxCloudDocWidget::open(const CloudDocuments &documents)
+{
     m_notices->retire();
     m_opening->open(documents);
 }

@@ -64,6 +64,7 @@ private:
     void onReady();
     void onClipboardChanged();
     void openSelected();
+    void open(const CloudDocuments &documents);
     void openCrumb(const QString &id);
     void makeFolder();
     void forgetNewNames();
