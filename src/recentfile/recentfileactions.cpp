@@ -157,7 +157,8 @@ void RecentFileActions::finishDeleting()
     RecordInfoList records;
     for (const Deleted &deleted : std::as_const(m_underWay))
         records << deleted.record;
-    m_deleted = std::exchange(m_underWay, {});
+    if (!m_underWay.isEmpty()) // else what is offered to be undone is still what went before
+        m_deleted = std::exchange(m_underWay, {});
     const RecordInfoList failed = std::exchange(m_failed, {});
     qCInfo(lcRecent, "deleted %d files, %d failed", int(records.size()), int(failed.size()));
     removeRecords(records);
@@ -176,7 +177,11 @@ void RecentFileActions::undoDelete()
     m_notRestored.clear();
     for (const Deleted &each : deleted)
         m_restoring.insert(each.recycleId, each.record);
+    QSet<QString> asked; // two records can be of one file
     for (const Deleted &each : deleted) {
+        if (asked.contains(each.recycleId))
+            continue;
+        asked.insert(each.recycleId);
         if (each.byService)
             m_services.cloud->recover(each.recycleId);
         else
@@ -186,15 +191,10 @@ void RecentFileActions::undoDelete()
 
 void RecentFileActions::noteRestored(const QString &recycleId, bool ok)
 {
-    const auto asked = m_restoring.find(recycleId);
-    if (asked == m_restoring.end())
-        return;
-    if (ok)
-        m_restored << *asked;
-    else
-        m_notRestored << *asked;
-    m_restoring.erase(asked);
-    if (!m_restoring.isEmpty())
+    const QList<RecentFileInfo> asked = m_restoring.values(recycleId);
+    for (const RecentFileInfo &record : asked)
+        (ok ? m_restored : m_notRestored) << record;
+    if (m_restoring.remove(recycleId) == 0 || !m_restoring.isEmpty())
         return;
     restoreRecords(m_restored);
     Q_EMIT filesRestored(m_restored, m_notRestored);

@@ -73,8 +73,8 @@ private:
     QMultiHash<QString, RecentFileInfo> m_trashing; // by path: asked of the desktop's trash
     QVector<Deleted> m_underWay;                    // ended well, of the deletion under way
     RecordInfoList m_failed;
-    QVector<Deleted> m_deleted;                 // what an undo brings back
-    QHash<QString, RecentFileInfo> m_restoring; // by recycle id
+    QVector<Deleted> m_deleted;                      // what an undo brings back
+    QMultiHash<QString, RecentFileInfo> m_restoring; // by recycle id
     RecordInfoList m_restored;
     RecordInfoList m_notRestored;
 };

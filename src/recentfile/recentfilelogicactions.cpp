@@ -57,6 +57,7 @@ void KRecentFileLogic::openWith(const QModelIndex &index, const QString &program
 
 void KRecentFileLogic::onOpened(const QString &path)
 {
+    qCInfo(lcRecent, "open: done");
     const QString id = m_openingIds.take(path);
     if (m_model)
         clearUnread(m_model->index(m_model->rowOf(id)));

@@ -158,6 +158,9 @@ void TestActions::twoRecordsOfOneFileGoTogether()
     QCOMPARE(m_trash.asked.size(), 1);
     Q_EMIT m_trash.trashed(records[0].path, QStringLiteral("trash:a"), KFileTrash::Outcome::Done);
     QCOMPARE(ended.size(), 1);
+    QSignalSpy restored(m_actions.get(), &RecentFileActions::filesRestored);
+    m_actions->undoDelete();
+    QCOMPARE(names(restored.value(0).value(0)), QStringLiteral("a b"));
 }
 
 void TestActions::undoBringsBackWhatWent_data()
@@ -179,6 +182,8 @@ void TestActions::undoBringsBackWhatWent()
     QSignalSpy restored(m_actions.get(), &RecentFileActions::filesRestored);
     m_actions->deleteFiles({this->file(file)});
     QVERIFY(m_proxy->answerRemove(byService));
+    m_actions->deleteFiles(files(QStringLiteral("c"))); // fails, and takes nothing from the offer
+    QVERIFY(m_proxy->answerRemove(false));
     m_log.clear();
     m_actions->undoDelete();
     if (byService) {

@@ -188,6 +188,8 @@ void TestPageActions::finding()
     QVERIFY(view()->hasFocus());
     QTest::keyClick(view(), Qt::Key_Return);
     QCOMPARE(m_opener.asked, QStringList(QStringLiteral("/data/docs/1.odt")));
+    QTest::keyClick(view(), Qt::Key_Enter, Qt::AltModifier | Qt::KeypadModifier);
+    QCOMPARE(m_opener.revealed, QStringList(QStringLiteral("/data/docs/1.odt")));
     page()->setFilterText(QStringLiteral("1x"));
     QCOMPARE(page()->state(), State::NothingFound);
     QTest::mouseClick(button(QStringLiteral("Show All")), Qt::LeftButton);

@@ -28,7 +28,7 @@ QVector<ActionRow> rows()
         row(C::OpenWith, Opening, "recent.openwith", QT_TRANSLATE_NOOP("KRecentFileMenu", "Open With"),
             nullptr, {}, One),
         row(C::OpenFolder, Opening, "recent.folder", QT_TRANSLATE_NOOP("KRecentFileMenu", "Open Folder"),
-            "folder_open", keys("Ctrl+Return; Ctrl+Enter; Alt+Return")),
+            "folder_open", keys("Ctrl+Return; Ctrl+Enter; Alt+Return; Alt+Enter")),
         row(C::Share, Opening, "recent.share", QT_TRANSLATE_NOOP("KRecentFileMenu", "share doc"),
             "16x16/zelbox_share", {}, One, ActionKeys::InList, QT_TRANSLATE_NOOP("KRecentFileMenu", "Share")),
         row(C::Pin, Keeping, "recent.pin", QT_TRANSLATE_NOOP("KRecentFileMenu", "Pin to Top"), "pin", {}),

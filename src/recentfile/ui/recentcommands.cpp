@@ -327,6 +327,8 @@ void RecentCommands::onLeftOut(const QModelIndexList &rows)
     if (rows.size() > 1)
         return m_notice->showText(
             tr("%n document(s) were left out: they are not on this device.", nullptr, rows.size()));
+    if (!rows.constFirst().isValid())
+        return; // it has gone meanwhile
     const RecentFileInfo &record = recordAt(rows.constFirst());
     m_openingNotices->tell(zel::recent::shownName(record),
         record.path.isEmpty() ? DocumentOpening::Problem::NotOnThisDevice
