@@ -66,6 +66,14 @@ public:
         request.priority = priority;
         return client.call<zel::vela::UploadFileResult>("uploadFile", request).taskId;
     }
+    std::string uploadFolder(const QString &path, int policy = 0)
+    {
+        zel::vela::UploadFolderToCloudArg request;
+        request.folderPath = path.toStdString();
+        request.conflictPolicy = policy;
+        request.excludedSuffixes = {"tmp"};
+        return client.call<zel::vela::VelaIpcResult>("folderUpload", request).resultList.at(0);
+    }
     std::string download(const zel::vela::CloudItemId &item, const QString &target, int policy = 0)
     {
         zel::vela::DownloadCloudFileArg request;
@@ -73,5 +81,17 @@ public:
         request.targetPath = target.toStdString();
         request.conflictPolicy = policy;
         return client.call<zel::vela::DownloadCloudFileResult>("downloadFileFromCloud", request).taskId;
+    }
+    /// Pauses, continues, cancels and so on, by the service's numbers.
+    zel::vela::UpdateTransferInfoResult update(const std::vector<std::string> &ids, int operation)
+    {
+        zel::vela::UpdateTransferInfoArg request;
+        request.taskIds = ids;
+        request.operation = operation;
+        return client.call<zel::vela::UpdateTransferInfoResult>("updateTransferInfo", request);
+    }
+    std::string errorOf(const std::string &id)
+    {
+        return table.find(QString::fromStdString(id))->info.errorInfo.errResult;
     }
 };

@@ -20,7 +20,7 @@ private Q_SLOTS:
     void uploads_data()
     {
         // content: of f/a.txt or a.txt
-        const auto row = columns<bool, int, QString, QString>("folder", "policy", "tree", "content");
+        const auto row = zeltest::table<bool, int, QString, QString>("folder", "policy", "tree", "content");
         row("file", false, 1, "a (2).txt a.txt f/ f/a.txt f/old.txt", "drive");
         row("file replaces", false, 2, "a.txt f/ f/a.txt f/old.txt", "local");
         row("file is skipped", false, 3, "a.txt f/ f/a.txt f/old.txt", "drive");
@@ -41,24 +41,21 @@ private Q_SLOTS:
         for (const char *file : {"l/f/a.txt", "l/f/sub/b.txt", "l/f/.hidden", "l/f/x.tmp"})
             DriveFixture::write(fixture.local(file), "local");
         QVERIFY(QFile::link(fixture.local("l"), fixture.local("l/f/round")));
-        VelaIpcResult result;
+        std::string id;
         if (folder) {
-            UploadFolderToCloudArg request;
-            request.folderPath = fixture.local("l/f").toStdString();
-            request.conflictPolicy = policy;
-            request.excludedSuffixes = {"tmp"};
-            result = fixture.client.call<VelaIpcResult>("folderUpload", request);
+            id = fixture.uploadFolder(fixture.local("l/f"), policy);
         } else {
             BatchUploadFilesToCloudArg request;
             request.filePaths = {fixture.local("l/a.txt").toStdString(), "/nowhere", "/proc/self/status"};
             request.conflictPolicy = policy;
-            result = fixture.client.call<VelaIpcResult>("batchUploadFileListToAnyExistedPath", request);
+            auto result = fixture.client.call<VelaIpcResult>("batchUploadFileListToAnyExistedPath", request);
+            QCOMPARE(result.state, 0);
             QCOMPARE(result.resultMap.at("/nowhere"), std::string("notFound"));
             QCOMPARE(result.resultMap.at("/proc/self/status"), std::string("denied"));
+            QCOMPARE(result.resultList.size(), size_t(1));
+            id = result.resultList[0];
         }
-        QCOMPARE(result.state, 0);
-        QCOMPARE(result.resultList.size(), size_t(1));
-        QVERIFY(fixture.waitFor(result.resultList[0], TransferState::Done));
+        QVERIFY(fixture.waitFor(id, TransferState::Done));
         QFETCH(QString, tree);
         QCOMPARE(DriveFixture::sorted(DriveFixture::tree(fixture.root())), DriveFixture::sorted(tree));
         QTEST(
@@ -70,7 +67,7 @@ private Q_SLOTS:
         // state: of the answer
         // content: of what was there
         const auto row =
-            columns<QString, int, int, QString, QString>("item", "policy", "state", "tree", "content");
+            zeltest::table<QString, int, int, QString, QString>("item", "policy", "state", "tree", "content");
         const int exists = int(wire::ServiceError::Exists);
 
         row("file, refused", "a.txt", 0, exists, "a.txt f/ f/a.txt", "mine");
@@ -111,7 +108,7 @@ private Q_SLOTS:
     void permissions_data()
     {
         // replaced: 0: nothing is there
-        const auto row = columns<bool, int, int, int>("up", "source", "replaced", "mode");
+        const auto row = zeltest::table<bool, int, int, int>("up", "source", "replaced", "mode");
         row("upload", true, 0600, 0, 0600);
         row("upload replaces", true, 0644, 0640, 0640);
         row("download", false, 0600, 0, 0600);
@@ -162,7 +159,7 @@ private Q_SLOTS:
     void stoppedInTheMiddle_data()
     {
         // end: of the service, else the user cancels
-        const auto row = columns<bool, bool>("up", "end");
+        const auto row = zeltest::table<bool, bool>("up", "end");
         row("upload cancelled", true, false);
         row("download cancelled", false, false);
         row("upload at the end of the service", true, true);
@@ -202,16 +199,11 @@ private Q_SLOTS:
         const QString path = fixture.makeLarge(fixture.local("large"));
         const std::string id = fixture.upload(path);
         QVERIFY(fixture.waitForProgress(id));
-        UpdateTransferInfoArg request;
-        request.taskIds = {id, "nobody's"};
-        request.operation = 1;
-        const auto paused = fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", request);
-        QVERIFY(paused.failedItems.count("nobody's"));
+        QVERIFY(fixture.update({id, "nobody's"}, 1).failedItems.count("nobody's"));
         QVERIFY(fixture.waitFor(id, TransferState::Paused));
         QCOMPARE(DriveFixture::tree(fixture.root()), QString());
         DriveFixture::write(path, "short now");
-        request.operation = 2;
-        fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", request);
+        fixture.update({id}, 2);
         QVERIFY(fixture.waitFor(id, TransferState::Done));
         QCOMPARE(DriveFixture::read(fixture.inDrive("large")), QByteArray("short now"));
     }
@@ -220,7 +212,7 @@ private Q_SLOTS:
     {
         // there: in the drive when the next process starts
         // source: is still there
-        const auto row = columns<QString, bool, int, QString>("there", "source", "state", "tree");
+        const auto row = zeltest::table<QString, bool, int, QString>("there", "source", "state", "tree");
         row("nothing done", "", true, int(TransferState::Done), "a.txt");
         row("all done but noted", "same", true, int(TransferState::Done), "a.txt");
         row("somebody else took the name", "other", true, int(TransferState::Failed), "a.txt");
@@ -262,9 +254,7 @@ private Q_SLOTS:
         TransferFixture fixture;
         DriveFixture::write(fixture.local("f/a.txt"), "small");
         fixture.makeLarge(fixture.local("f/large"));
-        UploadFolderToCloudArg request;
-        request.folderPath = fixture.local("f").toStdString();
-        const auto id = fixture.client.call<VelaIpcResult>("folderUpload", request).resultList.at(0);
+        const auto id = fixture.uploadFolder(fixture.local("f"));
         QVERIFY(fixture.waitForProgress(id, 2));
         fixture.runner->stop();
         QCOMPARE(DriveFixture::tree(fixture.root()), "f/ f/a.txt"_s);
@@ -274,12 +264,7 @@ private Q_SLOTS:
         QCOMPARE(DriveFixture::tree(fixture.root()), "f/ f/a.txt f/large"_s);
     }
 
-    void fullDisk_data()
-    {
-        const auto row = columns<bool>("up");
-        row("upload", true);
-        row("download", false);
-    }
+    void fullDisk_data() { zeltest::rows<bool>("up", {{"upload", true}, {"download", false}}); }
 
     void fullDisk()
     {
@@ -298,15 +283,10 @@ private Q_SLOTS:
         const bool failed = fixture.waitFor(id, TransferState::Failed);
         ::setrlimit(RLIMIT_FSIZE, &before);
         QVERIFY(failed);
-        const auto task = fixture.table.find(QString::fromStdString(id));
-        QVERIFY2(
-            task->info.errorInfo.errResult == "diskFull" || task->info.errorInfo.errResult == "inputOutput",
-            task->info.errorInfo.errResult.c_str());
+        const std::string error = fixture.errorOf(id);
+        QVERIFY2(error == "diskFull" || error == "inputOutput", error.c_str());
         QCOMPARE(DriveFixture::tree(up ? fixture.root() : fixture.local("l")), QString());
-        UpdateTransferInfoArg again;
-        again.taskIds = {id};
-        again.operation = 4;
-        fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", again);
+        fixture.update({id}, 4);
         QVERIFY(fixture.waitFor(id, TransferState::Done));
         QCOMPARE(DriveFixture::read(up ? fixture.inDrive("big") : fixture.local("l/big")), content);
     }
@@ -317,13 +297,9 @@ private Q_SLOTS:
         fixture.fill({"f/b.txt/"_s}); // a folder where a file is to go
         for (const char *file : {"f/a.txt", "f/b.txt", "f/c.txt"})
             DriveFixture::write(fixture.local(file), "x");
-        UploadFolderToCloudArg request;
-        request.folderPath = fixture.local("f").toStdString();
-        request.conflictPolicy = 2;
-        const auto id = fixture.client.call<VelaIpcResult>("folderUpload", request).resultList.at(0);
+        const auto id = fixture.uploadFolder(fixture.local("f"), 2);
         QVERIFY(fixture.waitFor(id, TransferState::Failed));
-        QCOMPARE(
-            fixture.table.find(QString::fromStdString(id))->info.errorInfo.errResult, std::string("exists"));
+        QCOMPARE(fixture.errorOf(id), std::string("exists"));
         QCOMPARE(DriveFixture::tree(fixture.root()), "f/ f/a.txt f/b.txt/ f/c.txt"_s);
     }
 };
