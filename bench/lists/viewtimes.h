@@ -119,6 +119,26 @@ template <typename Side> double loadTime(Side &side)
     return time;
 }
 
+/// Types a text letter by letter into a filter, and takes it back at once. "letter_ms" is what the slowest
+/// letter takes until the rows are painted, "back_ms" the way back to all (medians).
+template <typename Side, typename SetText>
+void typeLetters(benchmark::State &state, Side &side, const QString &text, const SetText &setText)
+{
+    std::vector<std::vector<double>> times(size_t(text.size()) + 1);
+    for (auto _ : state) {
+        for (int typed = 1; typed <= text.size(); ++typed)
+            times[size_t(typed)].push_back(side.paint.timeOf([&] { setText(text.left(typed)); }));
+        require(side.view.model()->rowCount() > 0 && side.view.model()->rowCount() < Rows / 10);
+        times[0].push_back(side.paint.timeOf([&] { setText(QString()); }));
+        require(side.view.model()->rowCount() == Rows);
+    }
+    double slowest = 0;
+    for (int typed = 1; typed <= text.size(); ++typed)
+        slowest = std::max(slowest, median(times[size_t(typed)]));
+    state.counters["letter_ms"] = slowest;
+    state.counters["back_ms"] = median(times[0]);
+}
+
 /// A page further: every row of the frame is a new one.
 template <typename Side> double pageTime(Side &side)
 {

@@ -82,6 +82,19 @@ void viewChangeToRepaint(benchmark::State &state)
 }
 BENCHMARK(viewChangeToRepaint)->Unit(benchmark::kMillisecond)->UseRealTime();
 
+// At most 16 ms a letter is what we want.
+void viewLetterToRepaint(benchmark::State &state)
+{
+    Recent recent;
+    loadTime(recent);
+    recent.view.setCurrentIndex(recent.proxy.index(4));
+    typeLetters(state, recent, QStringLiteral("budget12"), [&](const QString &text) {
+        recent.proxy.setFilter({text, {}});
+        recent.view.showFound(recent.proxy.words().words());
+    });
+}
+BENCHMARK(viewLetterToRepaint)->Unit(benchmark::kMillisecond)->UseRealTime();
+
 // At most 0.7 is what we want.
 void viewScrolledFrame(benchmark::State &state)
 {

@@ -24,7 +24,7 @@ void ListAnchor::give(const ListModel &model, int first, int last)
 {
     if (m_row.row() < first || m_row.row() > last)
         return;
-    const int next = last + 1 < model.rowCount() ? last + 1 : first - 1;
+    const int next = model.successorOf(m_row.row(), first, last);
     m_row = next >= 0 ? model.index(next) : QModelIndex();
 }
 

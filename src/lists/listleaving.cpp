@@ -35,7 +35,7 @@ void ListLeaving::leave(const ListModel &model, QItemSelectionModel *selection, 
     const int current = selection->currentIndex().row();
     if (current < 0 || (!goes(current) && !goesOn))
         return;
-    const int next = !goes(current) ? current : end + 1 < model.rowCount() ? end + 1 : start - 1;
+    const int next = goes(current) ? model.successorOf(current, start, end) : current;
     selection->setCurrentIndex(
         model.index(next), goesOn ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate);
 }

@@ -5,8 +5,8 @@
 class ListModel;
 class QItemSelectionModel;
 
-/// What a person had current and selected, by ids: a reload or a new filter takes all rows away and brings
-/// most of them back at once. GUI thread.
+/// What a person had current and selected, by ids: a reload takes all rows away and brings most of them
+/// back at once, and a filter may leave none for a while. GUI thread.
 class ListMemory
 {
 public:

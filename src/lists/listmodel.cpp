@@ -7,3 +7,8 @@ zel::ListSections ListModel::sections() const
         return {};
     return {{zel::ListSection::Unheaded, {}, 0, rows}};
 }
+
+int ListModel::successorOf(int, int first, int last) const
+{
+    return last + 1 < rowCount() ? last + 1 : first - 1;
+}

@@ -16,6 +16,9 @@ public:
     virtual int rowOf(const QString &id) const = 0; ///< -1: not here, or hidden by a filter
     /// All rows, by section; up to date whenever a signal about rows is emitted. Here: one without a header.
     virtual zel::ListSections sections() const;
+    /// Who follows `row` when the rows `first` to `last`, it among them, are about to go: the next one that
+    /// stays, else the one before; -1: nobody stays.
+    virtual int successorOf(int row, int first, int last) const;
     virtual int totalCount() const { return rowCount(); } ///< also what a filter hides
 
 Q_SIGNALS:

@@ -11,6 +11,7 @@ namespace {
 
 constexpr int MostRanges = 32;        ///< of rows that come or go, told one by one
 constexpr size_t MostDataSingly = 64; ///< rows with other data, told one by one
+constexpr size_t FewRecords = 1000;   ///< asked in any order
 
 Handles without(const Handles &list, const std::vector<bool> &marked)
 {
@@ -83,13 +84,36 @@ static void moveWithin(Handles &list, int from, int target)
         std::rotate(list.begin() + target, own, own + 1);
 }
 
+// Records are asked in the order of their handles, as they lie in memory: in the order of the rows each of
+// many would be waited for.
 Handles SortedListModel::passing(const Handles &candidates) const
 {
     Handles rows;
     rows.reserve(candidates.size());
+    if (candidates.size() < FewRecords) {
+        std::copy_if(candidates.cbegin(), candidates.cend(), std::back_inserter(rows),
+            [this](Handle handle) { return passes(handle); });
+        return rows;
+    }
+    std::vector<bool> pass(size_t(*std::max_element(candidates.cbegin(), candidates.cend())) + 1);
+    for (const Handle handle : candidates)
+        pass[handle] = true;
+    for (Handle handle = 0; handle < pass.size(); ++handle)
+        pass[handle] = pass[handle] && passes(handle);
     std::copy_if(candidates.cbegin(), candidates.cend(), std::back_inserter(rows),
-        [this](Handle handle) { return passes(handle); });
+        [&pass](Handle handle) { return pass[handle]; });
     return rows;
+}
+
+// Many scattered rows leave from the end, where they stand in no order with those before.
+int SortedListModel::successorOf(int row, int first, int last) const
+{
+    if (last + 1 < rowCount())
+        return last + 1;
+    const Handle leaving = handleAt(row);
+    const auto next = std::partition_point(m_rows.cbegin(), m_rows.cbegin() + first,
+        [this, leaving](Handle other) { return isBefore(other, leaving); });
+    return std::min(int(next - m_rows.cbegin()), first - 1);
 }
 
 void SortedListModel::apply(const zel::ListDelta &delta)
@@ -188,17 +212,6 @@ void SortedListModel::setOrder(Handles inOrder)
 void SortedListModel::refilter(bool narrower)
 {
     show(passing(narrower ? m_rows : m_order));
-    tellRest();
-}
-
-void SortedListModel::refilterAnew(bool narrower)
-{
-    const Handles rows = passing(narrower ? m_rows : m_order);
-    if (rows == m_rows)
-        return;
-    if (!m_rows.empty())
-        removeRowRange(0, rowCount() - 1);
-    insertRowRange(0, rows);
     tellRest();
 }
 

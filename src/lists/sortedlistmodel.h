@@ -37,6 +37,7 @@ public:
 
     int rowCount(const QModelIndex &parent = {}) const override; ///< rows that pass the filter
     int totalCount() const override { return m_total; }          ///< of before while a change is being told
+    int successorOf(int row, int first, int last) const override;
     zel::ListSections sections() const override { return m_sections; }
 
     zel::Handle handleAt(int row) const { return m_rows[size_t(row)]; } ///< `row` is in range
@@ -62,9 +63,6 @@ protected:
     void setOrder(zel::Handles inOrder);
     /// passes() answers otherwise; `narrower`: what was hidden stays so.
     void refilter(bool narrower = false);
-    /// The same as one removal and one insertion of all rows: what a view takes for a reload, where it looks
-    /// for its selection anew instead of going on with the next row.
-    void refilterAnew(bool narrower = false);
     void reset(); ///< no records any more; as a reset of the model
 
 private:

@@ -107,7 +107,7 @@ void RecentSortFilterModel::setFilter(const RecentFilter &filter)
         return;
     const RecentFilter before = std::exchange(m_filter, filter);
     const zel::WordFilter wordsBefore = std::exchange(m_words, zel::WordFilter(filter.text));
-    refilterAnew(m_words.isNarrowerThan(wordsBefore) && (!before.kinds || filter.kinds == before.kinds));
+    refilter(m_words.isNarrowerThan(wordsBefore) && (!before.kinds || filter.kinds == before.kinds));
 }
 
 bool RecentSortFilterModel::passes(Handle handle) const

@@ -14,8 +14,8 @@ class ZelBoxRecentFileModel;
 /// those that pass the filter, in sections. GUI thread. Shows the records of a ZelBoxRecentFileModel and
 /// keeps no copies.
 ///
-/// Changes of the source come through as the same kind of change of as few rows as possible; a new filter is
-/// one removal and one insertion of rows, or nothing when the same rows pass; a new order is a layout change,
+/// Changes of the source and of the filter come through as changes of as few rows as possible; a new order is
+/// a layout change,
 /// which for many names comes a moment later: they are sorted on another thread, until then the old order
 /// stays (a list that is loaded meanwhile: newest first).
 class RecentSortFilterModel final : public SortedListModel

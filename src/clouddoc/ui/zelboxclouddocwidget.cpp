@@ -276,8 +276,7 @@ void ZelBoxCloudDocWidget::onClipboardChanged()
 void ZelBoxCloudDocWidget::setFilterText(const QString &text)
 {
     m_logic->documents()->setFilterText(text);
-    m_view->setMarkedWords(zel::WordFilter(text).words());
-    m_view->scrollToTop(); // the first hits are what was looked for
+    m_view->showFound(zel::WordFilter(text).words());
     m_states->follow();
 }
 

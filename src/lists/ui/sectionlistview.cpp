@@ -90,6 +90,14 @@ void View::selectIds(const QStringList &ids)
     scrollTo(first);
 }
 
+void View::showFound(const QStringList &words)
+{
+    setMarkedWords(words);
+    scrollToTop();
+    if (words.isEmpty() && selectionModel()->isSelected(currentIndex()))
+        scrollTo(currentIndex());
+}
+
 void View::rowsInserted(const QModelIndex &parent, int start, int end)
 {
     SectionListArea::rowsInserted(parent, start, end);

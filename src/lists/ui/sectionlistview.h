@@ -35,6 +35,9 @@ public:
     int selectedCount() const { return zel::selectedRowCount(selectionModel()); } ///< O(ranges)
     QString currentId() const;                                                    ///< empty: none
     void selectIds(const QStringList &ids); ///< those that are here; the first of them becomes current
+    /// The model shows what a filter with these (folded) words lets through. The first hits are what was
+    /// looked for; without words, what is selected among all.
+    void showFound(const QStringList &words);
     /// Rows that the user sends away: when they go, the one after them is selected; see ListLeaving.
     void setLeaving(const QStringList &ids) { m_leaving.set(ids); }
     void beginRename(const QModelIndex &index); ///< of a row that can be edited

@@ -158,8 +158,7 @@ void ZelBoxRecentFileWidgetBase::applyFilter()
 {
     m_notices->retire();
     m_rows->setFilter({m_filterText, m_filterBar->kinds()});
-    m_view->setMarkedWords(m_rows->words().words());
-    m_view->scrollToTop(); // the first hits are what was looked for
+    m_view->showFound(m_rows->words().words());
     m_states->update();
 }
 
