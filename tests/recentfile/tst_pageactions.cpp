@@ -166,8 +166,12 @@ void TestPageActions::removalCanBeUndone()
     if (QTest::currentDataTag() == QByteArray("all cleared meanwhile"))
         Q_EMIT m_events->historyCleared(true);
     m_log.clear();
+    Q_EMIT m_events->recordsRemoved({m_store.content.at(1)});
     QTest::keyClick(view(), Qt::Key_Z, Qt::ControlModifier);
     QTEST(m_log.join(QLatin1Char(';')), "undone");
+    Q_EMIT m_events->recordsAdded({m_store.content.at(1)});
+    QCOMPARE(
+        view()->selectedIds(), m_log.isEmpty() ? QStringList() : QStringList(row(1).data(256).toString()));
 }
 
 void TestPageActions::finding()

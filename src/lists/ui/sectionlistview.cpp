@@ -104,6 +104,8 @@ void View::rowsInserted(const QModelIndex &parent, int start, int end)
     const ScrollKeeper keeper(this);
     if (start == 0 && end == listModel()->rowCount() - 1)
         m_memory.giveBack(*listModel(), selectionModel());
+    else if (m_returning.arrive(*listModel(), selectionModel(), start, end))
+        scrollTo(currentIndex());
 }
 
 // A reload takes all rows away and brings most of them back at once.
@@ -192,6 +194,7 @@ void View::mousePressEvent(QMouseEvent *event)
         event->ignore(); // the page's
         return;
     }
+    m_returning.clear();
     const bool left = event->button() == Qt::LeftButton;
     const ListHover::Spot button =
         left ? m_hover.buttonAt(event->pos()) : ListHover::Spot(); // that was to be seen
@@ -305,8 +308,10 @@ void View::keyPressEvent(QKeyEvent *event)
 {
     if (isRenaming() && !hasFocus()) // the editor passes on what it has no use for, Enter among it
         return SectionListArea::keyPressEvent(event);
-    if (!ListKeyboard::isModifier(event->key())) // that may be on its way to a click
+    if (!ListKeyboard::isModifier(event->key())) { // that may be on its way to a click
         setKeyboardLeads(true);
+        m_returning.clear();
+    }
     if (m_keyboard.run(*event, selectionModel())) {
         event->accept();
     } else if (event->key() == Qt::Key_Escape) {

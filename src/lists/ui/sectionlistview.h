@@ -2,6 +2,7 @@
 
 #include "lists/listleaving.h"
 #include "lists/listmemory.h"
+#include "lists/listreturning.h"
 #include "lists/rowselection.h"
 #include "lists/ui/listdrag.h"
 #include "lists/ui/listhover.h"
@@ -40,6 +41,8 @@ public:
     void showFound(const QStringList &words);
     /// Rows that the user sends away: when they go, the one after them is selected; see ListLeaving.
     void setLeaving(const QStringList &ids) { m_leaving.set(ids); }
+    /// Rows that the user brings back: once they come, they are selected; see ListReturning.
+    void setReturning(const QStringList &ids) { m_returning.expect(ids); }
     void beginRename(const QModelIndex &index); ///< of a row that can be edited
     bool isRenaming() const;
     void requestMenuOfCurrent(); ///< selects the current row for it
@@ -93,6 +96,7 @@ private:
 
     ListMemory m_memory;
     ListLeaving m_leaving;
+    ListReturning m_returning;
     ListKeyboard m_keyboard;
     ListHover m_hover{this};
     ListPress m_press;

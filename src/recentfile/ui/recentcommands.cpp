@@ -275,6 +275,7 @@ void RecentCommands::remove(const RecordInfoList &records)
 
 void RecentCommands::restore(const RecordInfoList &records)
 {
+    m_view->setReturning(idsOf(records));
     m_actions->restoreRecords(records);
     const int local = countLocal(records);
     m_notice->showText(local == 1 && records.size() == 1
@@ -312,6 +313,7 @@ void RecentCommands::onFilesDeleted(const RecordInfoList &deleted, const RecordI
 
 void RecentCommands::onFilesRestored(const RecordInfoList &restored, const RecordInfoList &failed)
 {
+    m_view->setReturning(idsOf(restored)); // the store tells of them later
     if (!failed.isEmpty())
         m_notice->showText(failed.size() == 1
                 ? tr("“%1” could not be brought back.").arg(nameOf(failed.constFirst()))
