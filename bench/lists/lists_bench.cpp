@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int Count = 100'000;
-constexpr CloudSort ByName{CloudSort::Key::Name, Qt::AscendingOrder};
+constexpr zel::ListSort ByName{zel::ListSort::Key::Name, Qt::AscendingOrder};
 
 // A benchmark of something that does not work says nothing.
 void require(bool holds)
@@ -102,7 +102,7 @@ void typeFilter(benchmark::State &state)
 }
 BENCHMARK(typeFilter)->Unit(benchmark::kMillisecond);
 
-void sortBy(benchmark::State &state, CloudSort::Key key)
+void sortBy(benchmark::State &state, zel::ListSort::Key key)
 {
     CloudDocModel model;
     model.add(documents());
@@ -112,7 +112,7 @@ void sortBy(benchmark::State &state, CloudSort::Key key)
     }
     require(model.document(0).name == QLatin1String("Quarterly report 0.odt"));
 }
-BENCHMARK_CAPTURE(sortBy, time_and_back, CloudSort::Key::Time)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(sortBy, size_and_back, CloudSort::Key::Size)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(sortBy, time_and_back, zel::ListSort::Key::Time)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(sortBy, size_and_back, zel::ListSort::Key::Size)->Unit(benchmark::kMillisecond);
 
 } // namespace

@@ -15,7 +15,7 @@ using recenttest::FixedNow;
 
 namespace {
 
-constexpr RecentSort ByName{RecentSort::Key::Name, Qt::AscendingOrder};
+constexpr zel::ListSort ByName{zel::ListSort::Key::Name, Qt::AscendingOrder};
 
 struct Models
 {
@@ -66,7 +66,7 @@ void loadModelAndProxy(benchmark::State &state)
 BENCHMARK(loadModelAndProxy)->Unit(benchmark::kMillisecond);
 
 /// From the middle to the top and back, in the order that is asked for.
-void changeRecord(benchmark::State &state, const RecentSort &sort, const QString &filter)
+void changeRecord(benchmark::State &state, const zel::ListSort &sort, const QString &filter)
 {
     Models models;
     models.proxy.setFilter({filter, {}});
@@ -86,11 +86,11 @@ void changeRecord(benchmark::State &state, const RecentSort &sort, const QString
     }
     require(models.proxy.record(models.proxy.rowOf(record.id)) == record);
 }
-BENCHMARK_CAPTURE(changeRecord, by_time, RecentSort(), QString())->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(changeRecord, by_time, zel::ListSort(), QString())->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(changeRecord, by_name, ByName, QString())->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(changeRecord, by_size, RecentSort{RecentSort::Key::Size}, QString())
+BENCHMARK_CAPTURE(changeRecord, by_size, zel::ListSort{zel::ListSort::Key::Size}, QString())
     ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(changeRecord, filtered, RecentSort(), QStringLiteral("folder"))
+BENCHMARK_CAPTURE(changeRecord, filtered, zel::ListSort(), QStringLiteral("folder"))
     ->Unit(benchmark::kMicrosecond);
 
 void addAndRemoveRecord(benchmark::State &state)
@@ -151,7 +151,7 @@ void filterKind(benchmark::State &state)
 }
 BENCHMARK(filterKind)->Unit(benchmark::kMillisecond);
 
-void sortBy(benchmark::State &state, RecentSort::Key key)
+void sortBy(benchmark::State &state, zel::ListSort::Key key)
 {
     Models models;
     for (auto _ : state) {
@@ -160,8 +160,8 @@ void sortBy(benchmark::State &state, RecentSort::Key key)
         models.proxy.setSort({});
     }
 }
-BENCHMARK_CAPTURE(sortBy, size_and_back, RecentSort::Key::Size)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(sortBy, type_and_back, RecentSort::Key::Type)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(sortBy, size_and_back, zel::ListSort::Key::Size)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(sortBy, type_and_back, zel::ListSort::Key::Type)->Unit(benchmark::kMillisecond);
 
 // The GUI thread's share is what it takes to start the sorting and to show its result.
 void sortByName(benchmark::State &state)

@@ -65,7 +65,7 @@ void CloudDocLink::ask(
 }
 
 void CloudDocLink::listFolder(
-    const QString &id, int offset, int count, CloudSort sort, qint64 version, Then<CloudPage> then)
+    const QString &id, int offset, int count, zel::ListSort sort, qint64 version, Then<CloudPage> then)
 {
     ask<GetInfoListResult>(
         "getInfoList", listRequest(id, offset, count, sort, version), std::move(then), pageOf);

@@ -37,7 +37,7 @@ public:
 
     /// `version` of the page before, so that the pages fit together; 0 with the first.
     void listFolder(
-        const QString &id, int offset, int count, CloudSort sort, qint64 version, Then<CloudPage> then);
+        const QString &id, int offset, int count, zel::ListSort sort, qint64 version, Then<CloudPage> then);
     void findPath(const QString &id, Then<CloudCrumbs> then); ///< NotFound when it is gone
     void createFolder(const QString &parentId, const QString &name, Then<CloudDocument> then);
     void rename(const QString &id, const QString &name, Then<CloudDocument> then);

@@ -145,7 +145,7 @@ void CloudDocLogic::reload()
     m_folder->reload();
 }
 
-void CloudDocLogic::setSortOrder(CloudSort sort)
+void CloudDocLogic::setSortOrder(zel::ListSort sort)
 {
     m_documents->setSortOrder(sort);
 }

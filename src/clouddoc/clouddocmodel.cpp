@@ -124,7 +124,7 @@ void CloudDocModel::showFoldersOnly(const QStringList &without)
     m_hidden = QSet<QString>(without.cbegin(), without.cend());
 }
 
-void CloudDocModel::setSortOrder(CloudSort sort)
+void CloudDocModel::setSortOrder(zel::ListSort sort)
 {
     if (sort == m_order.sort())
         return;

@@ -39,8 +39,8 @@ public:
     const CloudDocument *find(const QString &id) const; ///< also when the filter hides it; null: not here
     bool hasName(const QString &name) const;            ///< exactly this one, also when it is not shown; O(n)
 
-    CloudSort sortOrder() const { return m_order.sort(); }
-    void setSortOrder(CloudSort sort); ///< O(n log n)
+    zel::ListSort sortOrder() const { return m_order.sort(); }
+    void setSortOrder(zel::ListSort sort); ///< O(n log n)
     QString filterText() const { return m_filterText; }
     void setFilterText(const QString &text); ///< words in any order; case and accents ignored
     /// For choosing a folder: shows folders only, and not these. To be called while there are no rows.

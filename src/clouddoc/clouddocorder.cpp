@@ -29,13 +29,13 @@ int CloudDocOrder::compare(
     const CloudDocument &a, Handle handleA, const CloudDocument &b, Handle handleB) const
 {
     switch (m_sort.key) {
-    case CloudSort::Key::Name:
+    case zel::ListSort::Key::Name:
         return m_names.compare(handleA, handleB);
-    case CloudSort::Key::Time:
+    case zel::ListSort::Key::Time:
         return compareNumbers(a.modifiedAt, b.modifiedAt);
-    case CloudSort::Key::Size:
+    case zel::ListSort::Key::Size:
         return a.folder ? 0 : compareNumbers(a.size, b.size);
-    case CloudSort::Key::Type:
+    case zel::ListSort::Key::Type:
         return a.folder ? 0 : m_suffixes.compare(handleA, handleB);
     }
     return 0;
@@ -49,7 +49,7 @@ bool CloudDocOrder::isBefore(
     const int order = compare(a, handleA, b, handleB);
     if (order != 0)
         return m_sort.order == Qt::AscendingOrder ? order < 0 : order > 0;
-    const int byName = m_sort.key == CloudSort::Key::Name ? 0 : m_names.compare(handleA, handleB);
+    const int byName = m_sort.key == zel::ListSort::Key::Name ? 0 : m_names.compare(handleA, handleB);
     if (byName != 0)
         return byName < 0;
     return a.id < b.id; // names that differ in case only

@@ -4,16 +4,13 @@
 #include "lists/listsort.h"
 #include "lists/namekeys.h"
 
-/// In which order the documents of a folder stand. Folders come first in any.
-using CloudSort = zel::ListSort;
-
-/// Compares documents as a file manager does; equal ones by name. Keeps keys of the names, by handle. One
-/// thread at a time.
+/// Compares documents as a file manager does: folders first, equal ones by name. Keeps keys of the names, by
+/// handle. One thread at a time.
 class CloudDocOrder
 {
 public:
-    CloudSort sort() const { return m_sort; }
-    void setSort(CloudSort sort) { m_sort = sort; }
+    zel::ListSort sort() const { return m_sort; }
+    void setSort(zel::ListSort sort) { m_sort = sort; }
 
     void setName(zel::Handle handle, const QString &name); ///< is new
     void clear();
@@ -25,7 +22,7 @@ private:
     int compare(
         const CloudDocument &a, zel::Handle handleA, const CloudDocument &b, zel::Handle handleB) const;
 
-    CloudSort m_sort{CloudSort::Key::Name, Qt::AscendingOrder};
+    zel::ListSort m_sort{zel::ListSort::Key::Name, Qt::AscendingOrder};
     zel::NameKeys m_names;
     zel::NameKeys m_suffixes;
 };

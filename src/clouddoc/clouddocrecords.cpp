@@ -30,16 +30,16 @@ std::vector<CloudItemId> idsOf(const QStringList &ids)
     return items;
 }
 
-const char *orderName(CloudSort::Key key)
+const char *orderName(zel::ListSort::Key key)
 {
     switch (key) {
-    case CloudSort::Key::Name:
+    case zel::ListSort::Key::Name:
         return "name";
-    case CloudSort::Key::Time:
+    case zel::ListSort::Key::Time:
         return "mtime";
-    case CloudSort::Key::Size:
+    case zel::ListSort::Key::Size:
         return "size";
-    case CloudSort::Key::Type:
+    case zel::ListSort::Key::Type:
         return "type";
     }
     return "name";
@@ -85,7 +85,7 @@ CloudProblem problemOf(int state)
 }
 
 // The pages come in the order of the list, so that each is one range of rows.
-GetInfoListArg listRequest(const QString &folderId, int offset, int count, CloudSort sort, qint64 version)
+GetInfoListArg listRequest(const QString &folderId, int offset, int count, zel::ListSort sort, qint64 version)
 {
     GetInfoListArg request;
     request.parentId = fromQt(folderId);

@@ -54,7 +54,7 @@ CloudProblem problemOf(int state); ///< of an answer
 CloudTransfer::State transferStateOf(int number);
 
 zel::vela::GetInfoListArg listRequest(
-    const QString &folderId, int offset, int count, CloudSort sort, qint64 version);
+    const QString &folderId, int offset, int count, zel::ListSort sort, qint64 version);
 zel::vela::GetItemInfoListV5Arg pathRequest(const QString &id);
 zel::vela::CreateFolderArg createFolderRequest(const QString &parentId, const QString &name);
 zel::vela::RenameArg renameRequest(const QString &id, const QString &name);

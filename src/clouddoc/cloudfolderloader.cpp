@@ -13,7 +13,7 @@ constexpr int LaterPages = 2000;
 
 CloudFolderLoader::CloudFolderLoader(CloudDocLink *link, QObject *parent) : QObject(parent), m_link(link) { }
 
-void CloudFolderLoader::start(const QString &folderId, CloudSort sort)
+void CloudFolderLoader::start(const QString &folderId, zel::ListSort sort)
 {
     ++m_run;
     m_running = true;

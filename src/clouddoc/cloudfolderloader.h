@@ -16,8 +16,8 @@ public:
     /// `link` outlives this.
     explicit CloudFolderLoader(CloudDocLink *link, QObject *parent = nullptr);
 
-    void start(const QString &folderId, CloudSort sort); ///< an empty id is the root
-    void stop();                                         ///< nothing is told any more
+    void start(const QString &folderId, zel::ListSort sort); ///< an empty id is the root
+    void stop();                                             ///< nothing is told any more
     bool isRunning() const { return m_running; }
 
 Q_SIGNALS:
@@ -32,7 +32,7 @@ private:
 
     CloudDocLink *m_link;
     QString m_folderId;
-    CloudSort m_sort;
+    zel::ListSort m_sort;
     int m_offset = 0;
     qint64 m_version = 0;
     bool m_fits = true;

@@ -1,13 +1,9 @@
 #pragma once
 
-#include "lists/listsort.h"
 #include "lists/wordfilter.h"
 #include "recentfile/documentkind.h"
 
 struct RecentFileInfo;
-
-/// In which order the list stands. Pinned rows come first in any.
-using RecentSort = zel::ListSort;
 
 /// Which rows are shown. The empty filter shows all.
 struct RecentFilter

@@ -47,20 +47,20 @@ bool RecentOrder::isBefore(Handle a, Handle b) const
         return x.pinned;
     const bool ascending = m_sort.order == Qt::AscendingOrder;
     switch (m_sort.key) {
-    case RecentSort::Key::Time:
+    case ListSort::Key::Time:
         return ascending ? comesBefore(y, x) : comesBefore(x, y);
-    case RecentSort::Key::Name: {
+    case ListSort::Key::Name: {
         const int order = m_names.compare(a, b);
         if (order != 0)
             return ascending ? order < 0 : order > 0;
         const auto [first, second] = ascending ? std::tie(x, y) : std::tie(y, x);
         return std::tie(first.path, first.id) < std::tie(second.path, second.id);
     }
-    case RecentSort::Key::Size:
+    case ListSort::Key::Size:
         if (const qint64 rank = sizeRank(x, m_sort.order), other = sizeRank(y, m_sort.order); rank != other)
             return rank < other;
         break;
-    case RecentSort::Key::Type:
+    case ListSort::Key::Type:
         if (kindOf(a) != kindOf(b))
             return (kindOf(a) < kindOf(b)) == ascending;
         break;
@@ -68,19 +68,19 @@ bool RecentOrder::isBefore(Handle a, Handle b) const
     return comesBefore(x, y);
 }
 
-bool RecentOrder::isSlow(const RecentSort &sort, const Handles &present) const
+bool RecentOrder::isSlow(const ListSort &sort, const Handles &present) const
 {
-    return sort.key == RecentSort::Key::Name && !isByName(present) && m_source->rowCount() > FewNames;
+    return sort.key == ListSort::Key::Name && !isByName(present) && m_source->rowCount() > FewNames;
 }
 
 bool RecentOrder::isByName(const Handles &present) const
 {
-    return m_sort.key == RecentSort::Key::Name && int(present.size()) == m_source->rowCount();
+    return m_sort.key == ListSort::Key::Name && int(present.size()) == m_source->rowCount();
 }
 
-Handles RecentOrder::sorted(const RecentSort &sort, const Handles &present)
+Handles RecentOrder::sorted(const ListSort &sort, const Handles &present)
 {
-    const bool namesAreSorted = isByName(present) && sort.key == RecentSort::Key::Name;
+    const bool namesAreSorted = isByName(present) && sort.key == ListSort::Key::Name;
     const bool turn = m_sort.order != sort.order;
     m_sort = sort;
     Handles handles;
@@ -88,7 +88,7 @@ Handles RecentOrder::sorted(const RecentSort &sort, const Handles &present)
         handles = present;
         if (turn)
             std::reverse(handles.begin(), handles.end());
-    } else if (sort.key == RecentSort::Key::Name) {
+    } else if (sort.key == ListSort::Key::Name) {
         return adopted(orderByName(namedRecords()), sort, {});
     } else {
         m_names.clear();
@@ -101,12 +101,12 @@ Handles RecentOrder::sorted(const RecentSort &sort, const Handles &present)
 // One comparable number per record, beside its handle: records themselves lie far apart in memory.
 void RecentOrder::sortByRank(Handles *handles) const
 {
-    if (m_sort.key == RecentSort::Key::Time) {
+    if (m_sort.key == ListSort::Key::Time) {
         if (m_sort.order == Qt::AscendingOrder)
             std::reverse(handles->begin(), handles->end());
         return;
     }
-    const bool bySize = m_sort.key == RecentSort::Key::Size;
+    const bool bySize = m_sort.key == ListSort::Key::Size;
     const int direction = m_sort.order == Qt::AscendingOrder ? 1 : -1;
     std::vector<std::pair<qint64, Handle>> ranked;
     ranked.reserve(handles->size());
@@ -132,7 +132,7 @@ std::vector<NamedRecord> RecentOrder::namedRecords() const
     return named;
 }
 
-Handles RecentOrder::adopted(NameOrder order, const RecentSort &sort, const std::vector<bool> &touched)
+Handles RecentOrder::adopted(NameOrder order, const ListSort &sort, const std::vector<bool> &touched)
 {
     m_sort = sort;
     m_names = std::move(order.keys);
@@ -169,7 +169,7 @@ Handles RecentOrder::adopted(NameOrder order, const RecentSort &sort, const std:
 
 void RecentOrder::learn(Handle handle)
 {
-    if (m_sort.key == RecentSort::Key::Name)
+    if (m_sort.key == ListSort::Key::Name)
         m_names.set(handle, shownName(m_source->recordIn(handle)));
     if (handle < m_kindBytes.size())
         m_kindBytes[handle] = 0;

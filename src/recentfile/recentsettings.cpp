@@ -49,12 +49,6 @@ constexpr SourceKey SourceKeys[] = {
     {RecentSource::Devices, keys::RecentSourceDevices},
 };
 
-// In the order of RecentSort::Key.
-QStringList sortKeyNames()
-{
-    return {QStringLiteral("time"), QStringLiteral("name"), QStringLiteral("size"), QStringLiteral("type")};
-}
-
 } // namespace
 
 SettingsEvents *SettingsEvents::instance()
@@ -136,30 +130,6 @@ void storeSources(int sources)
     for (const SourceKey &each : SourceKeys)
         settings.setValue(each.key, (sources & each.source) != 0);
     SetRecentSources(sources);
-}
-
-RecentSort storedSort()
-{
-    KSettings settings;
-    settings.beginGroup(keys::Plugins);
-    settings.beginGroup(keys::Zelbox);
-    RecentSort sort;
-    const int key = sortKeyNames().indexOf(settings.value(keys::RecentSortKey).toString());
-    if (key < 0)
-        return sort;
-    sort.key = RecentSort::Key(key);
-    const bool descending = settings.value(keys::RecentSortDescending, true).toBool();
-    sort.order = descending ? Qt::DescendingOrder : Qt::AscendingOrder;
-    return sort;
-}
-
-void storeSort(const RecentSort &sort)
-{
-    KSettings settings;
-    settings.beginGroup(keys::Plugins);
-    settings.beginGroup(keys::Zelbox);
-    settings.setValue(keys::RecentSortKey, sortKeyNames().at(int(sort.key)));
-    settings.setValue(keys::RecentSortDescending, sort.order == Qt::DescendingOrder);
 }
 
 void resetSettingsCache()

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "recentfile/recentfilter.h"
+#include "base/settingskeys.h"
+#include "lists/listsortmemory.h"
 
 #include <QObject>
 
@@ -40,9 +41,8 @@ void setRemindersOn(bool on);
 int storedSources();
 void storeSources(int sources); ///< and the store follows at once
 
-/// The order that the list was in last; by time at first.
-RecentSort storedSort();
-void storeSort(const RecentSort &sort);
+/// Where the order is kept that the list was in last.
+inline constexpr ListSortKeys SortKeys{keys::RecentSortKey, keys::RecentSortDescending};
 
 /// Forgets what was read, so that a test can change the settings.
 void resetSettingsCache();

@@ -70,12 +70,12 @@ void RecentSortFilterModel::connectSource()
     connect(m_source, &QObject::destroyed, this, [this] { setSourceModel(nullptr); });
 }
 
-void RecentSortFilterModel::setSort(const RecentSort &sort)
+void RecentSortFilterModel::setSort(const zel::ListSort &sort)
 {
     if (sort == m_sort)
         return;
     m_sort = sort;
-    if (isSorting() && sort.key == RecentSort::Key::Name)
+    if (isSorting() && sort.key == zel::ListSort::Key::Name)
         return; // what is being made serves both directions
     m_nameSorter.drop();
     if (!m_source || sort == m_order.sort())
@@ -122,7 +122,7 @@ void RecentSortFilterModel::load()
 {
     m_nameSorter.drop();
     const bool later = m_order.isSlow(m_sort, inOrder());
-    setOrder(m_order.sorted(later ? RecentSort() : m_sort, inOrder()));
+    setOrder(m_order.sorted(later ? zel::ListSort() : m_sort, inOrder()));
     if (later)
         sortNamesAside();
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "lists/namesorter.h"
 #include "lists/sortedlistmodel.h"
+#include "recentfile/namesorter.h"
 #include "recentfile/recentfilter.h"
 #include "recentfile/recentorder.h"
 #include "recentfile/recentsections.h"
@@ -27,8 +27,8 @@ public:
     void setSourceModel(ZelBoxRecentFileModel *model);
     ZelBoxRecentFileModel *recentModel() const;
 
-    RecentSort sort() const { return m_sort; }
-    void setSort(const RecentSort &sort);
+    zel::ListSort sort() const { return m_sort; }
+    void setSort(const zel::ListSort &sort);
     bool isSorting() const { return m_nameSorter.isRunning(); } ///< the order of sort() is still to come
     const RecentFilter &filter() const { return m_filter; }
     void setFilter(const RecentFilter &filter);
@@ -56,7 +56,7 @@ private:
     void touch(zel::Handle handle);
 
     QPointer<ZelBoxRecentFileModel> m_source;
-    RecentSort m_sort; // as wanted; the order has what is applied
+    zel::ListSort m_sort; // as wanted; the order has what is applied
     RecentFilter m_filter;
     zel::WordFilter m_words; // of the filter
     zel::recent::RecentOrder m_order;

@@ -13,8 +13,8 @@
 
 using namespace zel::clouddoc;
 using zeltest::printModel;
-using Key = CloudSort::Key;
-Q_DECLARE_METATYPE(CloudSort)
+using Key = zel::ListSort::Key;
+Q_DECLARE_METATYPE(zel::ListSort)
 Q_DECLARE_METATYPE(NameProblem)
 
 namespace {
@@ -47,7 +47,7 @@ class TestCloudDocModel : public QObject
 private Q_SLOTS:
     void sorts_data()
     {
-        const auto row = zeltest::table<CloudSort, QString>("sort", "expected");
+        const auto row = zeltest::table<zel::ListSort, QString>("sort", "expected");
         row("names: case ignored, digits by value", {Key::Name, Qt::AscendingOrder},
             "A b a2.odt B.txt C9.zip c10");
         row("names backwards, folders still first", {Key::Name, Qt::DescendingOrder},
@@ -59,7 +59,7 @@ private Q_SLOTS:
     }
     void sorts()
     {
-        QFETCH(CloudSort, sort);
+        QFETCH(zel::ListSort, sort);
         CloudDocModel model;
         const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
         model.add(documents("c10:1@9 b/@7 a2.odt:1@3 A/@8 B.txt:5@4 C9.zip:1@1"_s));

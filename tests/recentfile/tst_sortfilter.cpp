@@ -16,10 +16,10 @@
 using namespace recenttest;
 using zel::recent::DocumentKind;
 using zeltest::printModel;
-using Key = RecentSort::Key;
+using Key = zel::ListSort::Key;
 
-Q_DECLARE_METATYPE(RecentSort)
-Q_DECLARE_METATYPE(RecentSort::Key)
+Q_DECLARE_METATYPE(zel::ListSort)
+Q_DECLARE_METATYPE(zel::ListSort::Key)
 
 namespace {
 
@@ -74,7 +74,7 @@ struct Lists
 
     QString print() const { return printModel(rows); }
     /// The same from a list that begins with what there is now.
-    QString printAnew(const RecentSort &sort) const
+    QString printAnew(const zel::ListSort &sort) const
     {
         RecentSortFilterModel fresh;
         fresh.setFilter(rows.filter());
@@ -193,10 +193,10 @@ void TestSortFilter::aNewFilterTellsWhatDiffers()
 void TestSortFilter::sourceChangesStaySmall_data()
 {
     // A change: a record, "-id" that goes, "id name" for another name.
-    const auto row = zeltest::table<RecentSort, QString, QString>("sort", "change", "expected");
-    const RecentSort byTime;
-    const RecentSort byName{Key::Name, Qt::AscendingOrder};
-    const RecentSort bySize{Key::Size, Qt::DescendingOrder};
+    const auto row = zeltest::table<zel::ListSort, QString, QString>("sort", "change", "expected");
+    const zel::ListSort byTime;
+    const zel::ListSort byName{Key::Name, Qt::AscendingOrder};
+    const zel::ListSort bySize{Key::Size, Qt::DescendingOrder};
     row("comes", byTime, "a5.odt@2", "inserted 2; sections; counts");
     row("comes, does not pass", byTime, "c.odt@2", "counts");
     row("goes", byTime, "-a3.odt", "removed 2; sections; counts");
@@ -213,7 +213,7 @@ void TestSortFilter::sourceChangesStaySmall_data()
 
 void TestSortFilter::sourceChangesStaySmall()
 {
-    QFETCH(RecentSort, sort);
+    QFETCH(zel::ListSort, sort);
     QFETCH(QString, change);
     Lists lists;
     lists.rows.setFilter({QStringLiteral("a"), {}});
@@ -250,9 +250,9 @@ void TestSortFilter::anotherDayOrLanguageReachesTheSections()
 // More names than are sorted on the spot; changes come in while that goes on.
 void TestSortFilter::manyNamesAreSortedAside()
 {
-    const RecentSort byTime;
-    const RecentSort up{Key::Name, Qt::AscendingOrder};
-    const RecentSort down{Key::Name, Qt::DescendingOrder};
+    const zel::ListSort byTime;
+    const zel::ListSort up{Key::Name, Qt::AscendingOrder};
+    const zel::ListSort down{Key::Name, Qt::DescendingOrder};
     Lists lists;
     lists.model.setRecords(manyFiles(6000));
     const QPersistentModelIndex kept = lists.rows.index(4321);
@@ -286,10 +286,10 @@ void TestSortFilter::droppedSortingChangesNothing()
 {
     Lists lists;
     lists.model.setRecords(manyFiles(6000));
-    const RecentSort byName{Key::Name, Qt::AscendingOrder};
+    const zel::ListSort byName{Key::Name, Qt::AscendingOrder};
     QSignalSpy layouts(&lists.rows, &QAbstractItemModel::layoutChanged);
     lists.rows.setSort(byName);
-    lists.rows.setSort(RecentSort());
+    lists.rows.setSort(zel::ListSort());
     QVERIFY(!lists.rows.isSorting());
     lists.rows.setSort(byName);
     lists.model.removeAll();

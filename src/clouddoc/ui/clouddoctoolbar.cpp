@@ -96,7 +96,7 @@ void CloudDocToolBar::popUpUploadMenu(QWidget *below)
     m_uploadMenu->popup(below->mapToGlobal(QPoint(0, below->height() + KLiteStyle::dpiScaled(2))));
 }
 
-void CloudDocToolBar::setSort(const CloudSort &sort)
+void CloudDocToolBar::setSort(const zel::ListSort &sort)
 {
     m_sortMenu->setSort(sort);
 }

@@ -19,14 +19,14 @@ public:
 
     BreadcrumbBar *crumbs() const { return m_crumbs; }
     TransferButton *transferButton() const { return m_transfers; }
-    void setSort(const CloudSort &sort);
+    void setSort(const zel::ListSort &sort);
     void setSortShown(bool shown);
     void popUpUploadMenu(QWidget *below);
 
     QSize minimumSizeHint() const override; ///< of the narrowest form
 
 Q_SIGNALS:
-    void sortChosen(const CloudSort &sort);
+    void sortChosen(const zel::ListSort &sort);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;

@@ -1,6 +1,6 @@
 #include "clouddoc/ui/cloudsortmenu.h"
 
-using Key = CloudSort::Key;
+using Key = zel::ListSort::Key;
 
 CloudSortMenu::CloudSortMenu(QWidget *parent) : ListSortMenu(parent)
 {
@@ -14,7 +14,7 @@ CloudSortMenu::CloudSortMenu(QWidget *parent) : ListSortMenu(parent)
     });
 }
 
-void CloudSortMenu::setSort(const CloudSort &sort)
+void CloudSortMenu::setSort(const zel::ListSort &sort)
 {
     ListSortMenu::setSort(int(sort.key), sort.order);
 }

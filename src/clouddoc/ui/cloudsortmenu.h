@@ -10,8 +10,8 @@ class CloudSortMenu : public ListSortMenu
 public:
     explicit CloudSortMenu(QWidget *parent = nullptr);
 
-    void setSort(const CloudSort &sort); ///< shows it; emits nothing
+    void setSort(const zel::ListSort &sort); ///< shows it; emits nothing
 
 Q_SIGNALS:
-    void sortChosen(const CloudSort &sort);
+    void sortChosen(const zel::ListSort &sort);
 };

@@ -1,5 +1,6 @@
 #include "clouddoc/ui/zelboxclouddocwidget.h"
 
+#include "base/settingskeys.h"
 #include "base/sourcekeys.h"
 #include "clouddoc/ui/clouddoccommands.h"
 #include "clouddoc/ui/clouddocdelegate.h"
@@ -14,6 +15,7 @@
 #include "clouddoc/ui/transferlistview.h"
 #include "clouddoc/ui/transferpanel.h"
 #include "kskin.h"
+#include "lists/listsortmemory.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -29,6 +31,7 @@ using Logic = CloudDocLogic;
 // The sizes of very many selected rows are not added up again at each of many changes.
 static constexpr int MostCountedAtOnce = 1000;
 static constexpr int CountPause = 200; // ms
+static constexpr zel::ListSortKeys SortKeys{zel::keys::CloudSortKey, zel::keys::CloudSortDescending};
 
 ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *parent)
     : QWidget(parent),
@@ -53,7 +56,8 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
     setAcceptDrops(true);
     setAccessibleName(tr("Cloud documents"));
     m_toolBar->crumbs()->setCrumbs(namedCrumbs({}));
-    m_toolBar->setSort(m_logic->documents()->sortOrder());
+    m_logic->setSortOrder(zel::storedSort(SortKeys, m_logic->documents()->sortOrder()));
+    showSort();
     updateActions();
     updateTransfers();
 }
@@ -80,8 +84,7 @@ void ZelBoxCloudDocWidget::connectLogic()
     connect(m_logic, &Logic::historyChanged, this, &ZelBoxCloudDocWidget::updateActions);
     connect(m_logic, &Logic::crumbsChanged, this,
         [this] { m_toolBar->crumbs()->setCrumbs(namedCrumbs(m_logic->crumbs())); });
-    connect(m_logic->documents(), &CloudDocModel::sortOrderChanged, this,
-        [this] { m_toolBar->setSort(m_logic->documents()->sortOrder()); });
+    connect(m_logic->documents(), &CloudDocModel::sortOrderChanged, this, &ZelBoxCloudDocWidget::showSort);
     connect(m_logic, &Logic::restored, m_view, &CloudDocListView::selectIds);
     connect(m_logic, &Logic::operationDone, this, &ZelBoxCloudDocWidget::forgetNewNames);
     connect(m_logic, &Logic::operationFailed, this, &ZelBoxCloudDocWidget::forgetNewNames);
@@ -132,7 +135,7 @@ void ZelBoxCloudDocWidget::connectParts()
     connect(m_commands->actions(), &ListActions::aboutToRun, m_notices, &CloudDocNotices::retire);
     connect(m_notices, &CloudDocNotices::coverChanged, m_view, &CloudDocListView::setEndRoom);
     connect(m_notices, &CloudDocNotices::retryRequested, m_logic, &Logic::reload);
-    connect(m_toolBar, &CloudDocToolBar::sortChosen, m_logic, &Logic::setSortOrder);
+    connect(m_toolBar, &CloudDocToolBar::sortChosen, this, &ZelBoxCloudDocWidget::chooseSort);
     connect(m_states, &CloudDocStates::followed, this, &ZelBoxCloudDocWidget::onFollowed);
     connect(m_states, &CloudDocStates::uploadRequested, m_toolBar, &CloudDocToolBar::popUpUploadMenu);
     connect(m_states, &CloudDocStates::newFolderRequested, this, &ZelBoxCloudDocWidget::makeFolder);
@@ -169,10 +172,22 @@ void ZelBoxCloudDocWidget::connectTransfers()
     });
 }
 
+void ZelBoxCloudDocWidget::chooseSort(const zel::ListSort &sort)
+{
+    zel::storeSort(SortKeys, sort);
+    m_logic->setSortOrder(sort);
+}
+
+void ZelBoxCloudDocWidget::showSort()
+{
+    m_toolBar->setSort(m_logic->documents()->sortOrder());
+}
+
 void ZelBoxCloudDocWidget::onFollowed()
 {
     const State state = m_states->state();
-    m_toolBar->setSortShown(state == State::List || state == State::NothingFound);
+    const bool listed = state == State::List || state == State::NothingFound;
+    m_toolBar->setSortShown(listed);
     m_notices->setStale(m_states->isStale());
     if (m_logic->state() == Logic::State::Ready)
         onReady();

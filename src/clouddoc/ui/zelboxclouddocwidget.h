@@ -55,6 +55,8 @@ private:
     void connectView();
     void connectParts();
     void connectTransfers();
+    void chooseSort(const zel::ListSort &sort);
+    void showSort();
     void onFollowed();
     void updateActions();
     void showCounts();

@@ -56,7 +56,7 @@ void ZelBoxRecentFileTitleWidget::setUnreadCount(int count)
     m_unreadLabel->setAccessibleName(text);
 }
 
-void ZelBoxRecentFileTitleWidget::setSort(const RecentSort &sort)
+void ZelBoxRecentFileTitleWidget::setSort(const zel::ListSort &sort)
 {
     m_sortMenu->setSort(sort);
 }

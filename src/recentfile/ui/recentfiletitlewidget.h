@@ -1,7 +1,7 @@
 #pragma once
 
+#include "lists/listsort.h"
 #include "lists/ui/listheader.h"
-#include "recentfile/recentfilter.h"
 
 class IconButton;
 class KRecentFileTitleMenu;
@@ -19,12 +19,12 @@ public:
     void setListTools(bool shown);  ///< the order
     void setCount(int count);       ///< 0 shows none
     void setUnreadCount(int count); ///< likewise
-    void setSort(const RecentSort &sort);
+    void setSort(const zel::ListSort &sort);
     void addCommands(const QList<QAction *> &commands); ///< of the page, to the menu; not owned
 
 Q_SIGNALS:
     void clearUnreadMsg();
-    void sortChosen(const RecentSort &sort);
+    void sortChosen(const zel::ListSort &sort);
     void remindersChanged(bool on);
     void roamingGuideWanted(); ///< the user asks how files of other devices come here
     void needOpenRoaming(bool need);

@@ -43,7 +43,7 @@ ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase(
     m_logic->setModel(m_model);
     m_states = new RecentStates(m_logic, m_rows, m_stack);
     layOut();
-    const RecentSort sort = storedSort();
+    const zel::ListSort sort = zel::storedSort(SortKeys, {});
     m_title->setSort(sort);
     applySort(sort);
     connectLogic();
@@ -95,8 +95,8 @@ void ZelBoxRecentFileWidgetBase::connectTitle()
     using Guide = ZelBoxRecentFileRoamingGuideWidget;
     connect(m_title, &Title::clearUnreadMsg, this, &Self::onClearUnreadMsg);
     connect(m_filterBar, &FilterBar::chipChosen, this, &Self::applyFilter);
-    connect(m_title, &Title::sortChosen, this, [this](const RecentSort &sort) {
-        storeSort(sort);
+    connect(m_title, &Title::sortChosen, this, [this](const zel::ListSort &sort) {
+        zel::storeSort(SortKeys, sort);
         applySort(sort);
         m_view->scrollToTop();
     });
@@ -146,11 +146,11 @@ void ZelBoxRecentFileWidgetBase::connectView()
     connect(&m_clickTimer, &QTimer::timeout, this, &Self::onClickTimeout);
 }
 
-void ZelBoxRecentFileWidgetBase::applySort(const RecentSort &sort)
+void ZelBoxRecentFileWidgetBase::applySort(const zel::ListSort &sort)
 {
     m_rows->setSort(sort);
-    m_view->setShownDetail(sort.key == RecentSort::Key::Size ? RecentDetail::Size : RecentDetail::Time);
-    if (sort.key == RecentSort::Key::Size)
+    m_view->setShownDetail(sort.key == zel::ListSort::Key::Size ? RecentDetail::Size : RecentDetail::Time);
+    if (sort.key == zel::ListSort::Key::Size)
         m_actions->lookUpSizes();
 }
 
@@ -207,7 +207,7 @@ void ZelBoxRecentFileWidgetBase::onWindowFirstShown()
 {
     m_states->waitFromNowOn();
     m_logic->onWindowFirstShown();
-    if (m_rows->sort().key == RecentSort::Key::Size)
+    if (m_rows->sort().key == zel::ListSort::Key::Size)
         m_actions->lookUpSizes();
     m_states->update();
 }

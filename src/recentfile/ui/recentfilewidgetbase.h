@@ -90,7 +90,7 @@ private:
     void connectView();
     void connectTitle();
     void connectCommands();
-    void applySort(const RecentSort &sort);
+    void applySort(const zel::ListSort &sort);
     void applyFilter();
     void clearFilter();
     void checkPresence(const QModelIndexList &rows);

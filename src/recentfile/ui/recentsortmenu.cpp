@@ -1,6 +1,6 @@
 #include "recentfile/ui/recentsortmenu.h"
 
-using Key = RecentSort::Key;
+using Key = zel::ListSort::Key;
 
 RecentSortMenu::RecentSortMenu(QWidget *parent) : ListSortMenu(parent)
 {
@@ -8,13 +8,13 @@ RecentSortMenu::RecentSortMenu(QWidget *parent) : ListSortMenu(parent)
     addKey(int(Key::Name), Kind::Text, tr("Name"));
     addKey(int(Key::Size), Kind::Size, tr("Size"));
     addKey(int(Key::Type), Kind::Text, tr("Type"));
-    setSort(RecentSort());
+    setSort(zel::ListSort());
     connect(this, &ListSortMenu::chosen, this, [this](int key, Qt::SortOrder order) {
         Q_EMIT sortChosen({Key(key), order});
     });
 }
 
-void RecentSortMenu::setSort(const RecentSort &sort)
+void RecentSortMenu::setSort(const zel::ListSort &sort)
 {
     ListSortMenu::setSort(int(sort.key), sort.order);
 }

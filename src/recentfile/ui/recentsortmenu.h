@@ -1,6 +1,6 @@
 #pragma once
 
-#include "recentfile/recentfilter.h"
+#include "lists/listsort.h"
 #include "widgets/listsortmenu.h"
 
 /// The menu that chooses the order of the recent list. GUI thread.
@@ -10,8 +10,8 @@ class RecentSortMenu : public ListSortMenu
 public:
     explicit RecentSortMenu(QWidget *parent = nullptr);
 
-    void setSort(const RecentSort &sort); ///< shows it; emits nothing
+    void setSort(const zel::ListSort &sort); ///< shows it; emits nothing
 
 Q_SIGNALS:
-    void sortChosen(const RecentSort &sort);
+    void sortChosen(const zel::ListSort &sort);
 };

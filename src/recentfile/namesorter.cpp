@@ -1,4 +1,4 @@
-#include "lists/namesorter.h"
+#include "recentfile/namesorter.h"
 
 #include <QThreadPool>
 #include <mutex>
