@@ -25,6 +25,21 @@
     </message>
 </context>
 <context>
+    <name>CloudColumns</name>
+    <message>
+        <source>Name</source>
+        <translation>名称</translation>
+    </message>
+    <message>
+        <source>Modified</source>
+        <translation>修改时间</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+</context>
+<context>
     <name>CloudDocActions</name>
     <message>
         <source>Back</source>

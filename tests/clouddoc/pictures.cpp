@@ -112,7 +112,7 @@ void lists(Scene &scene)
     model->setTransfer(model->document(7).id, CloudDocument::Transfer::Uploading, 45);
     model->setTransfer(model->document(6).id, CloudDocument::Transfer::Failed, 0);
     scene.save("many");
-    for (const int width : {320, 440, 600, 2000}) {
+    for (const int width : {320, 440, 600, 800, 1100, 1600}) {
         scene.page()->resize(width, 420);
         scene.save(qPrintable(QStringLiteral("width%1").arg(width)));
     }

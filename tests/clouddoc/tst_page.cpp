@@ -2,10 +2,12 @@
 
 #include "clouddoc/ui/breadcrumbbar.h"
 #include "clouddoc/ui/clouddrag.h"
+#include "clouddoc/ui/cloudsortmenu.h"
 #include "clouddoc/ui/conflictdialog.h"
 #include "clouddoc/ui/movedialog.h"
 #include "clouddoc/ui/transferlistview.h"
 #include "clouddoc/ui/transferpanel.h"
+#include "lists/ui/columnheading.h"
 
 #include <QClipboard>
 #include <QDragEnterEvent>
@@ -42,6 +44,7 @@ private Q_SLOTS:
     void asksAboutTakenNames();
     void movesByDialog();
     void transfersCanBeCancelled();
+    void headingsAndMenuSortAlike();
 
 private:
     void drop(QWidget *target, const QPoint &pos, QMimeData *data)
@@ -444,6 +447,30 @@ void TestPage::transfersCanBeCancelled()
     QCOMPARE(wanted(), QStringList({s("updateTransferInfo t1 step 3"), s("updateTransferInfo t2 step 3")}));
     QTest::keyClick(list, Qt::Key_Escape);
     QVERIFY(!page()->transferPanel()->isOpen());
+}
+
+// The next page begins as the last one was left.
+void TestPage::headingsAndMenuSortAlike()
+{
+    const auto looks = [this] {
+        QString texts = view()->listModel()->index(0).data().toString();
+        for (const ColumnHeading *heading : page()->findChildren<ColumnHeading *>())
+            texts += heading->accessibleDescription().isEmpty() ? QString() : s(" ") + heading->text();
+        for (const QAction *action : find<CloudSortMenu>()->actions())
+            texts += action->isChecked() ? s(" ") + action->text() : QString();
+        return texts;
+    };
+    const QStringList items{s("a.odt"), s("b.odt")};
+    load(items);
+    QCOMPARE(looks(), s("a.odt Name Name A to Z"));
+    QTest::mouseClick(find<ColumnHeading>(), Qt::LeftButton);
+    QCOMPARE(looks(), s("b.odt Name Name Z to A"));
+    load(items);
+    QCOMPARE(looks(), s("b.odt Name Name Z to A"));
+    find<CloudSortMenu>()->actions().at(3)->trigger();
+    QCOMPARE(looks(), s("a.odt Type A to Z"));
+    QCOMPARE(find<ColumnHeading>()->focusPolicy(), Qt::TabFocus); // one of them stays reachable
+    find<CloudSortMenu>()->actions().at(0)->trigger();
 }
 
 QTEST_MAIN(TestPage)

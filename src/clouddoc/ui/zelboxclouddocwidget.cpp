@@ -2,6 +2,7 @@
 
 #include "base/settingskeys.h"
 #include "base/sourcekeys.h"
+#include "clouddoc/ui/cloudcolumns.h"
 #include "clouddoc/ui/clouddoccommands.h"
 #include "clouddoc/ui/clouddocdelegate.h"
 #include "clouddoc/ui/clouddoclistview.h"
@@ -42,10 +43,12 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
       m_notices(new CloudDocNotices(m_logic, m_commands->action(CloudCommand::Undo), this, m_states)),
       m_opening(new CloudDocOpening(m_logic, m_notices->notice(), this)),
       m_toolBar(new CloudDocToolBar(m_commands->actions(), this)),
+      m_columns(new CloudColumns(this)),
       m_status(new CloudStatusLine(this)),
       m_panel(new TransferPanel(m_logic->transfers(), this))
 {
     m_view->setModel(m_logic->documents());
+    m_columns->follow(m_view);
     layOut();
     connectLogic();
     connectView();
@@ -73,6 +76,7 @@ void ZelBoxCloudDocWidget::layOut()
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addWidget(m_toolBar);
+    layout->addWidget(m_columns);
     layout->addWidget(m_states, 1);
     layout->addWidget(m_status);
     layout->addWidget(m_panel);
@@ -136,6 +140,7 @@ void ZelBoxCloudDocWidget::connectParts()
     connect(m_notices, &CloudDocNotices::coverChanged, m_view, &CloudDocListView::setEndRoom);
     connect(m_notices, &CloudDocNotices::retryRequested, m_logic, &Logic::reload);
     connect(m_toolBar, &CloudDocToolBar::sortChosen, this, &ZelBoxCloudDocWidget::chooseSort);
+    connect(m_columns, &CloudColumns::sortChosen, this, &ZelBoxCloudDocWidget::chooseSort);
     connect(m_states, &CloudDocStates::followed, this, &ZelBoxCloudDocWidget::onFollowed);
     connect(m_states, &CloudDocStates::uploadRequested, m_toolBar, &CloudDocToolBar::popUpUploadMenu);
     connect(m_states, &CloudDocStates::newFolderRequested, this, &ZelBoxCloudDocWidget::makeFolder);
@@ -181,6 +186,7 @@ void ZelBoxCloudDocWidget::chooseSort(const zel::ListSort &sort)
 void ZelBoxCloudDocWidget::showSort()
 {
     m_toolBar->setSort(m_logic->documents()->sortOrder());
+    m_columns->setSort(m_logic->documents()->sortOrder());
 }
 
 void ZelBoxCloudDocWidget::onFollowed()
@@ -188,6 +194,7 @@ void ZelBoxCloudDocWidget::onFollowed()
     const State state = m_states->state();
     const bool listed = state == State::List || state == State::NothingFound;
     m_toolBar->setSortShown(listed);
+    m_columns->setVisible(listed);
     m_notices->setStale(m_states->isStale());
     if (m_logic->state() == Logic::State::Ready)
         onReady();

@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <QWidget>
 
+class CloudColumns;
 class CloudDocCommands;
 class CloudDocListView;
 class CloudDocNotices;
@@ -78,6 +79,7 @@ private:
     CloudDocNotices *m_notices;
     CloudDocOpening *m_opening;
     CloudDocToolBar *m_toolBar;
+    CloudColumns *m_columns;
     CloudStatusLine *m_status;
     TransferPanel *m_panel;
     BoxPageHost *m_host = nullptr;

@@ -51,16 +51,20 @@ void ColumnHeadings::addColumn(RowColumn column, int key, const QString &title)
     m_headings << addHeading(key, kindOf(column), title);
 }
 
-// One stop of the Tab key for all of them.
+// One stop of the Tab key for all of them: the one that the list is sorted by, or the name.
 void ColumnHeadings::setSort(int key, Qt::SortOrder order)
 {
     m_key = key;
     m_order = order;
+    ColumnHeading *stop = m_headings.value(0);
     for (ColumnHeading *heading : std::as_const(m_headings)) {
         const bool sorted = heading->key() == key;
         heading->setSorted(sorted, order);
-        heading->setFocusPolicy(sorted ? Qt::TabFocus : Qt::NoFocus);
+        heading->setFocusPolicy(Qt::NoFocus);
+        stop = sorted ? heading : stop;
     }
+    if (stop)
+        stop->setFocusPolicy(Qt::TabFocus);
 }
 
 void ColumnHeadings::choose(const ColumnHeading &heading)
