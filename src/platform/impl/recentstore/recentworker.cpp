@@ -62,9 +62,11 @@ const char *problemText(XbelEditResult result)
 RecentWorker::RecentWorker(const RecentPlaces &places, WorkMode mode)
     : m_places(places),
       m_mode(mode),
-      m_repository(places.database, [this](const QString &text) { Q_EMIT problem(text); })
+      m_repository(places.database, [this](const QString &text) { Q_EMIT problem(text); }),
+      m_looks(places.temporaryFolders)
 {
-    connect(&m_checker, &PresenceChecker::found, this, &RecentWorker::keepLooks);
+    connect(&m_looks, &RecentLooks::found, this, &RecentWorker::keepLooks);
+    connect(&m_looks, &RecentLooks::used, this, &RecentWorker::used);
     m_retry.setSingleShot(true);
     m_retry.setInterval(RetryMs);
     connect(&m_retry, &QTimer::timeout, this, [this] {
@@ -107,7 +109,7 @@ void RecentWorker::handOver()
         Durability::Relaxed);
     change([](const RecentState &state, SourceTable &) { return limitBoxOnly(state, MostBoxOnly); },
         Durability::Relaxed);
-    lookFor(records);
+    m_looks.lookFor(m_repository.state(), records);
 }
 
 void RecentWorker::followLists()
@@ -134,8 +136,7 @@ void RecentWorker::take(const XbelImport &import)
     const RecentDelta delta = change(
         [&ours](const RecentState &state, SourceTable &sources) { return mergeList(state, sources, ours); },
         Durability::Relaxed);
-    lookFor(delta.added);
-    lookFor(delta.changed);
+    lookFor(delta);
 }
 
 RecentDelta RecentWorker::change(const RecentRepository::Operation &operation, Durability durability)
@@ -177,18 +178,15 @@ void RecentWorker::noteOpened(const QHash<QString, qint64> &times)
         return delta;
     };
     change(mark, Durability::Full);
-    const QStringList paths = times.keys();
-    m_checker.check(paths, true);
-    markRead(paths); // seen by opening it
+    markRead(times.keys()); // seen by opening it
     if (m_mode == WorkMode::ReadOnly)
-        return;
+        return m_looks.lookFor(m_repository.state(), times.keys());
+    m_looks.lookForUses(times);
     auto &visits = m_edit.visits;
     const auto again = [&](const XbelEdit::Visit &visit) { return times.contains(visit.path); };
     visits.erase(std::remove_if(visits.begin(), visits.end(), again), visits.end());
-    for (auto it = times.cbegin(); it != times.cend(); ++it) {
-        m_usesToTell.insert(it.key(), it.value());
+    for (auto it = times.cbegin(); it != times.cend(); ++it)
         visits.append({it.key(), QString(), m_repository.state().value(it.key()).openedAt});
-    }
     const auto isBack = [&times](const QString &path) { return times.contains(path); };
     auto &removals = m_edit.removals;
     removals.erase(std::remove_if(removals.begin(), removals.end(), isBack), removals.end());
@@ -265,6 +263,121 @@ void RecentWorker::findMimeTypes(QVector<XbelEdit::Visit> &visits)
     visits.erase(std::remove_if(visits.begin(), visits.end(), isFolder), visits.end());
 }
 
+void RecentWorker::setPinned(const QStringList &ids, bool pinned)
+{
+    open();
+    change([&](const RecentState &state, SourceTable &) { return markPinned(state, ids, pinned); },
+        Durability::Full);
+}
+
+void RecentWorker::setSources(int sources)
+{
+    if (sources == m_filter.sources())
+        return;
+    m_filter.setSources(sources);
+    if (m_handedOver)
+        Q_EMIT replaced(m_filter.records(m_repository.state()));
+}
+
+void RecentWorker::clearHistory(bool serviceListCleared)
+{
+    open();
+    if (m_mode == WorkMode::Full && !m_scanned) {
+        m_clearWanted = serviceListCleared;
+        if (!m_importer)
+            followLists();
+        return;
+    }
+    eraseHistory(serviceListCleared);
+}
+
+void RecentWorker::eraseHistory(bool serviceListCleared)
+{
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const QStringList ids = m_repository.state().keys();
+    change([&](const RecentState &state, SourceTable &) { return markRemoved(state, ids, now); },
+        Durability::Full);
+    bool emptied = m_mode == WorkMode::Full;
+    if (emptied) {
+        m_edit = {};
+        for (const StoredRecord &record : m_repository.state()) {
+            if (record.accessOf(DesktopSource))
+                m_edit.removals.append(record.id);
+        }
+        emptied = writeDesktopList();
+    }
+    change([&](const RecentState &state,
+               SourceTable &) { return forgetTraces(state, emptied, serviceListCleared); },
+        Durability::Full);
+    m_repository.wipe();
+    Q_EMIT historyCleared(emptied);
+}
+
+void RecentWorker::checkPresence(const QStringList &ids)
+{
+    open();
+    m_looks.lookFor(m_repository.state(), ids);
+}
+
+void RecentWorker::lookUpSizes()
+{
+    open();
+    m_looks.lookForSizes(m_repository.state());
+}
+
+void RecentWorker::lookFor(const RecentDelta &delta)
+{
+    m_looks.lookFor(m_repository.state(), delta.added);
+    m_looks.lookFor(m_repository.state(), delta.changed);
+}
+
+void RecentWorker::keepLooks(const FileLooks &looks)
+{
+    if (!m_looks.marks(m_repository.state(), looks).storesNothing())
+        change([&](const RecentState &state, SourceTable &) { return m_looks.marks(state, looks); },
+            Durability::Relaxed);
+}
+
+void RecentWorker::takeRoaming(const RoamingList &list)
+{
+    open();
+    const RecentDelta delta =
+        change([&](const RecentState &state, SourceTable &) { return mergeRoaming(state, list); },
+            Durability::Relaxed);
+    lookFor(delta);
+}
+
+void RecentWorker::keepRoamingOf(const QString &user)
+{
+    open();
+    change([&](const RecentState &state, SourceTable &) { return zel::recent::keepRoamingOf(state, user); },
+        Durability::Full);
+}
+
+void RecentWorker::markRead(const QStringList &ids)
+{
+    open();
+    if (zel::recent::markRead(m_repository.state(), ids).storesNothing())
+        return;
+    change([&](const RecentState &state, SourceTable &) { return zel::recent::markRead(state, ids); },
+        Durability::Full);
+    tellMarks();
+}
+
+void RecentWorker::tellMarks()
+{
+    open();
+    const QVector<ReadMark> marks = untoldMarks(m_repository.state());
+    if (!marks.isEmpty())
+        Q_EMIT marksSeen(marks);
+}
+
+void RecentWorker::marksTold(const QVector<ReadMark> &marks)
+{
+    change(
+        [&](const RecentState &state, SourceTable &) { return markTold(state, marks); }, Durability::Relaxed);
+}
+
 void RecentWorker::finish()
 {
     if (m_importer)
@@ -273,7 +386,7 @@ void RecentWorker::finish()
     if (m_clearWanted)
         eraseHistory(*std::exchange(m_clearWanted, std::nullopt));
     writeDesktopList();
-    m_checker.end();
+    m_looks.end();
     m_repository.close();
 }
 

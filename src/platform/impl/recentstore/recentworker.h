@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/impl/recentstore/presence/presencechecker.h"
+#include "platform/impl/recentstore/recentlooks.h"
 #include "platform/impl/recentstore/records/sourcefilter.h"
 #include "platform/impl/recentstore/repository/recentrepository.h"
 #include "platform/impl/recentstore/xbel/xbelimporter.h"
@@ -56,10 +56,8 @@ private:
     /// Does the operation and tells what it changed; returns the same.
     RecentDelta change(const RecentRepository::Operation &operation, Durability durability);
     void publish(const RecentDelta &delta);
-    void lookFor(const RecordInfoList &records);
-    QStringList placesOf(const QStringList &ids);
+    void lookFor(const RecentDelta &delta);
     void keepLooks(const FileLooks &looks);
-    void tellUses(const FileLooks &looks);
     void planDesktopList();
     void findMimeTypes(QVector<XbelEdit::Visit> &visits);
 
@@ -68,9 +66,7 @@ private:
     RecentRepository m_repository;
     SourceFilter m_filter;
     std::unique_ptr<XbelImporter> m_importer;
-    PresenceChecker m_checker;
-    QHash<QString, QString> m_idByPlace; ///< of records without a local one that are looked for
-    QHash<QString, qint64> m_usesToTell; ///< times by path, until the file was looked at
+    RecentLooks m_looks;
     RecordInfoList m_firstList;
     XbelEdit m_edit;                   ///< for the desktop's list
     QTimer m_retry;                    ///< runs only while the database is busy
