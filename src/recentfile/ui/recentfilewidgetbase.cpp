@@ -10,6 +10,7 @@
 #include "recentfile/ui/recentfiletitlewidget.h"
 #include "recentfile/ui/recentfilterbar.h"
 #include "recentfile/ui/recentguides.h"
+#include "recentfile/ui/recentlisting.h"
 #include "recentfile/ui/recentstates.h"
 #include "widgets/noticearea.h"
 
@@ -43,9 +44,8 @@ ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase(
     m_logic->setModel(m_model);
     m_states = new RecentStates(m_logic, m_rows, m_stack);
     layOut();
-    const zel::ListSort sort = zel::storedSort(SortKeys, {});
-    m_title->setSort(sort);
-    applySort(sort);
+    m_listing = new RecentListing({m_rows, m_view, m_filterBar, m_actions}, this);
+    m_title->setSort(m_listing->sort());
     connectLogic();
     connectView();
     connectTitle();
@@ -94,12 +94,9 @@ void ZelBoxRecentFileWidgetBase::connectTitle()
     using Self = ZelBoxRecentFileWidgetBase;
     using Guide = ZelBoxRecentFileRoamingGuideWidget;
     connect(m_title, &Title::clearUnreadMsg, this, &Self::onClearUnreadMsg);
-    connect(m_filterBar, &FilterBar::chipChosen, this, &Self::applyFilter);
-    connect(m_title, &Title::sortChosen, this, [this](const zel::ListSort &sort) {
-        zel::storeSort(SortKeys, sort);
-        applySort(sort);
-        m_view->scrollToTop();
-    });
+    connect(m_title, &Title::sortChosen, m_listing, &RecentListing::chooseSort);
+    connect(m_listing, &RecentListing::filtered, m_notices, &NoticeArea::retire);
+    connect(m_listing, &RecentListing::filtered, m_states, &RecentStates::update);
     connect(zel::recent::SettingsEvents::instance(), &zel::recent::SettingsEvents::remindersChanged, this,
         [this] { tellUnread(quint64(m_model->unreadCount())); });
     connect(m_title, &Title::roamingGuideWanted, this, &Self::showRoamingGuide);
@@ -146,35 +143,17 @@ void ZelBoxRecentFileWidgetBase::connectView()
     connect(&m_clickTimer, &QTimer::timeout, this, &Self::onClickTimeout);
 }
 
-void ZelBoxRecentFileWidgetBase::applySort(const zel::ListSort &sort)
-{
-    m_rows->setSort(sort);
-    m_view->setShownDetail(sort.key == zel::ListSort::Key::Size ? RecentDetail::Size : RecentDetail::Time);
-    if (sort.key == zel::ListSort::Key::Size)
-        m_actions->lookUpSizes();
-}
-
-void ZelBoxRecentFileWidgetBase::applyFilter()
-{
-    m_notices->retire();
-    m_rows->setFilter({m_filterText, m_filterBar->kinds()});
-    m_view->showFound(m_rows->words().words());
-    m_states->update();
-}
-
 void ZelBoxRecentFileWidgetBase::clearFilter()
 {
-    setFilterText({});
     if (m_host)
         m_host->clearFilter();
-    m_filterBar->chooseFirst();
+    m_listing->showAll();
     m_view->setFocus(Qt::OtherFocusReason);
 }
 
 void ZelBoxRecentFileWidgetBase::setFilterText(const QString &text)
 {
-    if (std::exchange(m_filterText, text) != text)
-        applyFilter();
+    m_listing->setWords(text);
 }
 
 void ZelBoxRecentFileWidgetBase::setHost(BoxPageHost *host)
@@ -207,8 +186,7 @@ void ZelBoxRecentFileWidgetBase::onWindowFirstShown()
 {
     m_states->waitFromNowOn();
     m_logic->onWindowFirstShown();
-    if (m_rows->sort().key == zel::ListSort::Key::Size)
-        m_actions->lookUpSizes();
+    m_listing->lookUpSizes();
     m_states->update();
 }
 

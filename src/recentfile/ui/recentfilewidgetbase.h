@@ -16,6 +16,7 @@ class KRecentFileMenu;
 class NoticeArea;
 class RecentCommands;
 class RecentFilterBar;
+class RecentListing;
 class RecentStates;
 class ZelBoxRecentFileListView;
 class ZelBoxRecentFileModel;
@@ -90,8 +91,6 @@ private:
     void connectView();
     void connectTitle();
     void connectCommands();
-    void applySort(const zel::ListSort &sort);
-    void applyFilter();
     void clearFilter();
     void checkPresence(const QModelIndexList &rows);
     void tellUnread(quint64 count);
@@ -117,9 +116,9 @@ private:
     ZelBoxRecentFileRoamingGuideWidget *m_roamingGuide;
     RecentCommands *m_commands;
     RecentStates *m_states;
+    RecentListing *m_listing;
     QPointer<KRecentFileMenu> m_menu;
     BoxPageHost *m_host = nullptr;
-    QString m_filterText;
     QPersistentModelIndex m_clicked;
     QTimer m_clickTimer; // a click counts as one only when no second follows
 };
