@@ -5,7 +5,9 @@
 #include <functional>
 
 class BoxPage;
+class BoxPageHost;
 class KCloudSvrProxy;
+class QObject;
 class QWidget;
 
 /// What the main window knows of a page before somebody visits it.
@@ -25,6 +27,10 @@ struct PageInfo
     QString icon;  ///< line icon resource
     /// Makes the page on its first visit; `cloud` is not owned and may be null.
     std::function<MadePage(KCloudSvrProxy *cloud, QWidget *parent)> make;
+    /// Tells the page's host what is unread, from when the box has come up and for as long as the window is
+    /// there; the page need not tell it then. What it makes is a child of `parent`, which `host` outlives.
+    /// None: there are no marks before the first visit.
+    std::function<void(KCloudSvrProxy *cloud, BoxPageHost &host, QObject *parent)> watchUnread = {};
 };
 
 /// In the order of their numbers (the command line's "tab"). The first is made with the window.

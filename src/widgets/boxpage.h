@@ -4,13 +4,15 @@
 
 class QWidget;
 
-/// What a page can tell and ask the window around it. GUI thread. Each page has a host of its own.
+/// What a page can tell and ask the window around it. GUI thread. Each page has a host of its own, which is
+/// there before the page and after it.
 class BoxPageHost
 {
 public:
-    /// Gives the window's search field the focus; `typed` is added to what stands in it.
+    /// Gives the window's search field the focus; `typed` is added to what stands in it. Nothing while
+    /// another page is the chosen one.
     virtual void beginFinding(const QString &typed) = 0;
-    /// Empties the search field, and with it the page's filter.
+    /// Empties the page's search field, and with it its filter; another page's stay.
     virtual void clearFilter() = 0;
     /// How much of the page the user has not seen: a number beside its name, else a red dot when
     /// `redPointCount` is not 0, else nothing. Told at each change, from the start on none.
@@ -33,7 +35,7 @@ public:
     virtual QWidget *focusTarget() = 0;
     /// The keyboard leaves the search field: into the list, onto its first row or where it was.
     virtual void findEnded(bool toFirstRow) = 0;
-    virtual void setHost(BoxPageHost *) { } ///< told once, before everything else; outlives the page
+    virtual void setHost(BoxPageHost *) { } ///< told once, before everything else
     /// The box has come up, on the screen or hidden: what is to be listed or told from the start is loaded
     /// now. Told once; a page that is made later hears it when it is made.
     virtual void windowFirstShown() { }

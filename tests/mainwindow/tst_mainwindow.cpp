@@ -31,6 +31,7 @@ public:
     {
         setObjectName(name);
     }
+    ~FakePage() override { host->setUnread(9, 1); } // for nobody any more
 
     void setFilterText(const QString &text) override { hear(QLatin1String("filter ") + text); }
     QWidget *focusTarget() override { return this; }
@@ -39,7 +40,11 @@ public:
         hear(toFirstRow ? "first row" : "back");
         setFocus();
     }
-    void setHost(BoxPageHost *given) override { host = given; }
+    void setHost(BoxPageHost *given) override
+    {
+        host = given;
+        host->setUnread(1, 1);
+    }
     void windowFirstShown() override { hear("first shown"); }
     void windowReady() override { hear("ready"); }
     void pageShown() override { hear("chosen"); }
@@ -76,7 +81,9 @@ public:
             };
             return zel::PageInfo{name, name, QStringLiteral(":/icons_svg/nav_recent.svg"), make};
         };
-        return {row("One", true), row("Two", true), row("Plain", false)};
+        zel::PageList pages{row("One", true), row("Two", true), row("Plain", false)};
+        pages.last().watchUnread = [](auto *, BoxPageHost &host, auto *) { host.setUnread(4, 1); };
+        return pages;
     }
     void mainWindowFirstShown() override { ++firstShown; }
     void openSettings(const QString &page) override { settings << page; }
@@ -297,7 +304,15 @@ void TestMainWindow::whatPagesTell()
 {
     Host host;
     ZelBoxMainWindow window(&host);
+    const auto badge = [&](const char *page) {
+        return window.findChild<QAbstractButton *>(QLatin1String(page))->accessibleDescription();
+    };
+    QCOMPARE(badge("page_One"), QStringLiteral("1 unread"));
+    window.startHidden();
+    window.startHidden();
+    QCOMPARE(badge("page_Plain"), QStringLiteral("4 unread")); // before its first visit
     window.selectPage(1);
+    QCOMPARE(window.unreadCount(), 6);
     QSignalSpy perPage(&window, &ZelBoxMainWindow::sigMsgCountChanged);
     QSignalSpy together(&window, &ZelBoxMainWindow::unreadCountChanged);
     BoxPageHost *one = window.findChild<FakePage *>(QStringLiteral("One"))->host;
@@ -308,8 +323,12 @@ void TestMainWindow::whatPagesTell()
     QCOMPARE(perPage.takeFirst(), QVariantList({0, 3, 1}));
     QCOMPARE(perPage.takeFirst(), QVariantList({1, 99'999, 0}));
     QCOMPARE(perPage.takeFirst(), QVariantList({0, 0, 1}));
-    QCOMPARE(together, QList<QVariantList>({{3}, {100'002}, {99'999}}));
-    QCOMPARE(window.unreadCount(), 99'999);
+    QCOMPARE(together, QList<QVariantList>({{8}, {100'006}, {100'003}}));
+    QCOMPARE(window.unreadCount(), 100'003);
+    window.central()->beginFinding(QStringLiteral("plan"));
+    one->clearFilter(); // its own
+    one->beginFinding(QStringLiteral("s"));
+    QCOMPARE(window.central()->titleBar()->searchBox()->text(), QStringLiteral("plan"));
     two->openSettings(QStringLiteral("cloud"));
     QCOMPARE(host.settings, QStringList(QStringLiteral("cloud")));
 }

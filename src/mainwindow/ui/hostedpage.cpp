@@ -1,27 +1,46 @@
 #include "mainwindow/ui/hostedpage.h"
 
 #include <QWidget>
+#include <utility>
 
 namespace {
 constexpr int MostUnread = 99999;
 }
 
-HostedPage::HostedPage(const zel::MadePage &made, QObject *parent)
-    : QObject(parent), m_widget(made.widget), m_page(made.page)
+HostedPage::HostedPage(const zel::PageInfo &info, KCloudSvrProxy *cloud, QObject *parent)
+    : QObject(parent), m_info(info), m_cloud(cloud)
 {
-    if (m_page)
-        m_page->setHost(this);
+}
+
+void HostedPage::make(QWidget *parent)
+{
+    const zel::MadePage made = m_info.make(m_cloud, parent);
+    m_widget = made.widget;
+    m_page = made.page;
+    m_widget->setAccessibleName(m_info.title);
+    if (!m_page)
+        return;
+    m_page->setHost(this);
+    m_page->setCloudSpace(m_usedSpace, m_totalSpace);
+    if (m_started)
+        m_page->windowFirstShown();
+    if (m_ready)
+        m_page->windowReady();
 }
 
 void HostedPage::start()
 {
+    if (std::exchange(m_started, true))
+        return;
+    if (m_info.watchUnread)
+        m_info.watchUnread(m_cloud, *this, &m_watch);
     if (m_page)
         m_page->windowFirstShown();
 }
 
 void HostedPage::tellReady()
 {
-    if (m_page)
+    if (!std::exchange(m_ready, true) && m_page)
         m_page->windowReady();
 }
 
@@ -61,6 +80,8 @@ bool HostedPage::openPlace(const QString &place)
 
 void HostedPage::setCloudSpace(qint64 used, qint64 total)
 {
+    m_usedSpace = used;
+    m_totalSpace = total;
     if (m_page)
         m_page->setCloudSpace(used, total);
 }

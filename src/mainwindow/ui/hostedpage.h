@@ -5,22 +5,25 @@
 
 #include <QObject>
 
-/// A page that was made, and what the window keeps for it: the text in the search field, the unread marks.
-/// GUI thread. A page without a contract, which only explains what will come, takes everything and does
-/// nothing.
+/// A page, made or not yet, and what the window keeps for it: the text in the search field, the unread marks.
+/// GUI thread. A page that is not made, or has no contract and only explains what will come, takes everything
+/// and does nothing.
 class HostedPage final : public QObject, public BoxPageHost
 {
     Q_OBJECT
 public:
-    HostedPage(const zel::MadePage &made, QObject *parent);
+    /// `cloud` is not owned and may be null.
+    HostedPage(const zel::PageInfo &info, KCloudSvrProxy *cloud, QObject *parent);
 
-    QWidget *widget() const { return m_widget; }
+    void make(QWidget *parent); ///< once; the page hears what has been told until then
+    const zel::PageInfo &info() const { return m_info; }
+    QWidget *widget() const { return m_widget; } ///< null until it is made
     bool isSearchable() const { return m_page; }
     QString filter() const { return m_filter; }
     int unreadCount() const { return m_unread; }
 
-    void start();                ///< the box has come up
-    void tellReady();            ///< the window stands on the screen
+    void start();                ///< the box has come up; later calls do nothing
+    void tellReady();            ///< the window stands on the screen, started; likewise
     void setChosen(bool chosen); ///< or another page was
     void setFilter(const QString &text);
     void findEnded(bool toFirstRow);
@@ -42,8 +45,15 @@ Q_SIGNALS:
     void settingsRequested(const QString &settingsPage);
 
 private:
-    QWidget *m_widget;
-    BoxPage *m_page;
+    const zel::PageInfo m_info;
+    KCloudSvrProxy *m_cloud;
+    QWidget *m_widget = nullptr;
+    BoxPage *m_page = nullptr;
     QString m_filter;
     int m_unread = 0;
+    qint64 m_usedSpace = -1;
+    qint64 m_totalSpace = 0;
+    bool m_started = false;
+    bool m_ready = false;
+    QObject m_watch; ///< parent of what watches the marks, which may tell to its end: goes first
 };

@@ -25,14 +25,12 @@ constexpr int PageMargin = 24; // left of the text of every page
 KCentralWidget::KCentralWidget(
     const QString &title, const zel::PageList &pages, KCloudSvrProxy *cloud, QWidget *parent)
     : QWidget(parent),
-      m_infos(pages),
       m_cloud(cloud),
       m_titleBar(new TitleBar(title, this)),
       m_navigation(new NavigationBar(pages, this)),
       m_spaceBar(new ZelBoxSpaceBar(this)),
       m_space(new CloudSpace(cloud, this)),
-      m_stack(new QStackedWidget(this)),
-      m_pages(pages.size())
+      m_stack(new QStackedWidget(this))
 {
     m_navigation->setBottomWidget(m_spaceBar);
     m_titleBar->setSearchIndent(
@@ -54,8 +52,36 @@ KCentralWidget::KCentralWidget(
     connect(search, &SearchBox::ended, this,
         [this](bool toFirstRow) { m_pages.at(m_currentPage)->findEnded(toFirstRow); });
     connect(m_space, &CloudSpace::changed, this, &KCentralWidget::updateSpace);
+    for (const zel::PageInfo &info : pages)
+        addPage(info);
     updateSpace();
-    selectPage(0);
+}
+
+// What pages tell while they go with this is for nobody any more.
+KCentralWidget::~KCentralWidget()
+{
+    for (HostedPage *each : std::as_const(m_pages))
+        each->blockSignals(true);
+}
+
+void KCentralWidget::addPage(const zel::PageInfo &info)
+{
+    const int number = m_pages.size();
+    auto *added = new HostedPage(info, m_cloud, this);
+    m_pages.append(added);
+    connect(added, &HostedPage::findingBegun, this, [this, number](const QString &typed) {
+        if (number == m_currentPage)
+            beginFinding(typed);
+    });
+    connect(added, &HostedPage::filterCleared, this, [this, number] {
+        if (number == m_currentPage)
+            m_titleBar->searchBox()->clear();
+        else
+            m_pages.at(number)->setFilter({});
+    });
+    connect(added, &HostedPage::settingsRequested, this, &KCentralWidget::settingsRequested);
+    connect(added, &HostedPage::unreadChanged, this,
+        [this, number](int count, int redPointCount) { Q_EMIT unreadChanged(number, count, redPointCount); });
 }
 
 bool KCentralWidget::selectPage(int number)
@@ -71,7 +97,7 @@ bool KCentralWidget::selectPage(int number)
     m_navigation->setCurrentPage(number);
     SearchBox *search = m_titleBar->searchBox();
     const bool searched = search->hasFocus();
-    search->setPage(chosen->isSearchable() ? m_infos.at(number).title : QString());
+    search->setPage(chosen->isSearchable() ? chosen->info().title : QString());
     search->setEnabled(chosen->isSearchable());
     search->setText(chosen->filter());
     m_stack->setCurrentWidget(chosen->widget());
@@ -83,9 +109,9 @@ bool KCentralWidget::selectPage(int number)
 
 bool KCentralWidget::selectPage(const QString &sourceKey, const QString &place)
 {
-    const auto row = std::find_if(
-        m_infos.cbegin(), m_infos.cend(), [&](const zel::PageInfo &info) { return info.key == sourceKey; });
-    if (row == m_infos.cend() || !selectPage(int(row - m_infos.cbegin())))
+    const auto found = std::find_if(m_pages.cbegin(), m_pages.cend(),
+        [&](const HostedPage *each) { return each->info().key == sourceKey; });
+    if (found == m_pages.cend() || !selectPage(int(found - m_pages.cbegin())))
         return false;
     return place.isEmpty() || m_pages.at(m_currentPage)->openPlace(place);
 }
@@ -109,33 +135,29 @@ void KCentralWidget::beginFinding(const QString &typed)
 int KCentralWidget::unreadCount() const
 {
     return std::accumulate(m_pages.cbegin(), m_pages.cend(), 0,
-        [](int sum, const HostedPage *each) { return sum + (each ? each->unreadCount() : 0); });
+        [](int sum, const HostedPage *each) { return sum + each->unreadCount(); });
 }
 
-void KCentralWidget::forEachMade(void (HostedPage::*tell)()) const
+void KCentralWidget::forEachPage(void (HostedPage::*tell)()) const
 {
-    for (HostedPage *each : m_pages) {
-        if (each)
-            (each->*tell)();
-    }
+    for (HostedPage *each : m_pages)
+        (each->*tell)();
 }
 
 void KCentralWidget::startPages()
 {
-    if (!std::exchange(m_started, true))
-        forEachMade(&HostedPage::start);
+    forEachPage(&HostedPage::start);
 }
 
 void KCentralWidget::tellReady()
 {
     startPages();
-    if (!std::exchange(m_ready, true))
-        forEachMade(&HostedPage::tellReady);
+    forEachPage(&HostedPage::tellReady);
 }
 
 void KCentralWidget::releaseMemory()
 {
-    forEachMade(&HostedPage::releaseMemory);
+    forEachPage(&HostedPage::releaseMemory);
 }
 
 void KCentralWidget::onSearchTextChanged(const QString &text)
@@ -146,28 +168,12 @@ void KCentralWidget::onSearchTextChanged(const QString &text)
 
 HostedPage *KCentralWidget::page(int number)
 {
-    if (!m_pages.at(number))
-        makePage(number);
-    return m_pages.at(number);
-}
-
-void KCentralWidget::makePage(int number)
-{
-    const zel::PageInfo &info = m_infos.at(number);
-    auto *made = new HostedPage(info.make(m_cloud, m_stack), this);
-    m_pages[number] = made;
-    made->widget()->setAccessibleName(info.title);
-    m_stack->addWidget(made->widget());
-    connect(made, &HostedPage::findingBegun, this, &KCentralWidget::beginFinding);
-    connect(made, &HostedPage::filterCleared, m_titleBar->searchBox(), &QLineEdit::clear);
-    connect(made, &HostedPage::settingsRequested, this, &KCentralWidget::settingsRequested);
-    connect(made, &HostedPage::unreadChanged, this,
-        [this, number](int count, int redPointCount) { Q_EMIT unreadChanged(number, count, redPointCount); });
-    made->setCloudSpace(m_space->usedBytes(), m_space->totalBytes());
-    if (m_started)
-        made->start();
-    if (m_ready)
-        made->tellReady();
+    HostedPage *chosen = m_pages.at(number);
+    if (!chosen->widget()) {
+        chosen->make(m_stack);
+        m_stack->addWidget(chosen->widget());
+    }
+    return chosen;
 }
 
 void KCentralWidget::updateSpace()
@@ -175,10 +181,8 @@ void KCentralWidget::updateSpace()
     m_spaceBar->setLoggedIn(m_space->isLoggedIn());
     if (m_space->isLoggedIn())
         m_spaceBar->loginWidget()->setAccount(*m_space);
-    for (HostedPage *each : std::as_const(m_pages)) {
-        if (each)
-            each->setCloudSpace(m_space->usedBytes(), m_space->totalBytes());
-    }
+    for (HostedPage *each : std::as_const(m_pages))
+        each->setCloudSpace(m_space->usedBytes(), m_space->totalBytes());
 }
 
 void KCentralWidget::paintEvent(QPaintEvent *)

@@ -13,7 +13,7 @@ class ZelBoxSpaceBar;
 
 /// Fills the client area of the main window: header above, navigation at the left, the chosen page beside it.
 /// GUI thread. Pages are made on their first visit. What stands in the search field belongs to the page: it
-/// is there again when the page is.
+/// is there again when the page is. No page is chosen at first.
 class KCentralWidget : public QWidget
 {
     Q_OBJECT
@@ -21,15 +21,16 @@ public:
     /// `pages` has one at least; `cloud` may be null: then nobody is ever logged in.
     KCentralWidget(
         const QString &title, const zel::PageList &pages, KCloudSvrProxy *cloud, QWidget *parent = nullptr);
+    ~KCentralWidget() override;
 
     TitleBar *titleBar() const { return m_titleBar; }
     NavigationBar *navigation() const { return m_navigation; }
     ZelBoxSpaceBar *spaceBar() const { return m_spaceBar; }
     CloudSpace *cloudSpace() const { return m_space; }
 
-    int pageCount() const { return m_infos.size(); }
-    int currentPage() const { return m_currentPage; }
-    bool selectPage(int number); ///< false when there is no such page
+    int pageCount() const { return m_pages.size(); }
+    int currentPage() const { return m_currentPage; } ///< -1 until one is chosen
+    bool selectPage(int number);                      ///< false when there is no such page
     /// The same by source key, and there at a place of this name (`base/sourcekeys.h`) if one is given.
     bool selectPage(const QString &sourceKey, const QString &place = {});
     void stepPage(int by);                   ///< to the next one, or round
@@ -49,20 +50,17 @@ protected:
 
 private:
     HostedPage *page(int number); ///< made when it is not there yet
-    void makePage(int number);
-    void forEachMade(void (HostedPage::*tell)()) const;
+    void addPage(const zel::PageInfo &info);
+    void forEachPage(void (HostedPage::*tell)()) const;
     void updateSpace();
     void onSearchTextChanged(const QString &text);
 
-    zel::PageList m_infos;
     KCloudSvrProxy *m_cloud;
     TitleBar *m_titleBar;
     NavigationBar *m_navigation;
     ZelBoxSpaceBar *m_spaceBar;
     CloudSpace *m_space;
     QStackedWidget *m_stack;
-    QVector<HostedPage *> m_pages; ///< by number; null until the first visit
+    QVector<HostedPage *> m_pages; ///< by number
     int m_currentPage = -1;
-    bool m_started = false;
-    bool m_ready = false;
 };

@@ -44,6 +44,7 @@ ZelBoxMainWindow::ZelBoxMainWindow(MainWindowHost *host, QWidget *parent)
     connect(m_central, &KCentralWidget::unreadChanged, this, &ZelBoxMainWindow::tellUnread);
     connect(m_central, &KCentralWidget::settingsRequested, this,
         [this](const QString &page) { m_host->openSettings(page); });
+    m_central->selectPage(0); // what it tells at once is heard
 }
 
 void ZelBoxMainWindow::tellUnread(int page, int count, int redPointCount)
