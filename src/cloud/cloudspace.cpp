@@ -6,6 +6,7 @@
 
 #include <QSet>
 #include <chrono>
+#include <utility>
 
 using namespace std::chrono_literals;
 using zel::vela::GetStorageInfoArg;
@@ -27,23 +28,29 @@ CloudSpace::CloudSpace(KCloudSvrProxy *cloud, QObject *parent) : QObject(parent)
         return;
     connect(cloud, &KCloudSvrProxy::loginStatusChanged, this, &CloudSpace::onLogin);
     const KVelaEventObject *events = cloud->velaEventObject();
+    connect(events, &KVelaEventObject::SocketConnected, this, [this] {
+        if (m_loginTold) // else that comes next, and asks
+            refresh();
+    });
     connect(events, &KVelaEventObject::signal_pushArrived, this, &CloudSpace::onPush);
     connect(events, &KVelaEventObject::signal_notifyFileCreation, this, &CloudSpace::refreshSoon);
     onLogin();
 }
 
-// Also told after each connect.
 void CloudSpace::onLogin()
 {
     KVelaIpcLoginCache login;
-    const bool told = m_cloud->getUserLoginInfo(&login);
-    m_loggedIn = told && login.isLogined();
+    m_loginTold = m_cloud->getUserLoginInfo(&login);
+    m_loggedIn = m_loginTold && login.isLogined();
     m_local = m_loggedIn && login.loginState == LocalAccountState;
     m_account = m_loggedIn ? login.nickName : QString();
-    if (!m_loggedIn)
+    if (std::exchange(m_user, login.userId) != login.userId) {
         m_used = -1;
+        m_total = 0;
+    }
     Q_EMIT changed();
-    refresh();
+    if (m_loginTold)
+        refresh();
 }
 
 void CloudSpace::onPush(const QString &method)
@@ -57,20 +64,18 @@ void CloudSpace::onPush(const QString &method)
 
 void CloudSpace::refreshSoon()
 {
-    if (m_loggedIn && !m_pause.isActive())
+    if (!m_pause.isActive())
         m_pause.start();
 }
 
 void CloudSpace::refresh()
 {
-    if (!m_loggedIn)
-        return;
     GetStorageInfoArg arg;
     arg.refresh = true;
     m_asking.cancel(); // the answer would be older than this one's
     m_asking = zel::ask<GetStorageInfoResult>(
         m_cloud, "getStorageInfo", arg, this, [this](const CloudReply<GetStorageInfoResult> &reply) {
-            if (reply && m_loggedIn)
+            if (reply)
                 take(reply.record);
         });
 }

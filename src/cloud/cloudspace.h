@@ -3,6 +3,7 @@
 #include "kcloudask.h"
 
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 
 class KCloudSvrProxy;
@@ -10,14 +11,15 @@ namespace zel::vela {
 class GetStorageInfoResult;
 }
 
-/// How much of the user's cloud space is taken, kept current while somebody is signed in. GUI thread. Asks
-/// the service after each connect, each sign-in and each change of the drive that the service tells; many
-/// changes in a row are asked about once.
+/// Who is signed in and how much of the cloud space is taken, kept current while the service is there: signed
+/// out, the space is that of the drive on this computer. GUI thread. Asks the service after each connect,
+/// each sign-in or sign-out, and each change of the drive that the service tells; many changes in a row are
+/// asked about once.
 class CloudSpace : public QObject
 {
     Q_OBJECT
 public:
-    /// Without a `cloud` nobody is ever signed in.
+    /// `cloud` is not owned and may go first; without one nobody is ever signed in.
     explicit CloudSpace(KCloudSvrProxy *cloud, QObject *parent = nullptr);
 
     bool isLoggedIn() const { return m_loggedIn; }
@@ -31,7 +33,7 @@ Q_SIGNALS:
     void changed();
 
 public Q_SLOTS:
-    void refresh(); ///< asks now, unless nobody is signed in
+    void refresh(); ///< asks now
 
 private:
     void onLogin();
@@ -39,10 +41,12 @@ private:
     void refreshSoon();
     void take(const zel::vela::GetStorageInfoResult &room);
 
-    KCloudSvrProxy *m_cloud;
+    QPointer<KCloudSvrProxy> m_cloud;
     QTimer m_pause{this}; ///< between a change of the drive and the question
     CloudCall m_asking;   ///< the one whose answer counts
     QString m_account;
+    QString m_user; ///< whose space it is
+    bool m_loginTold = false;
     bool m_loggedIn = false;
     bool m_local = false;
     qint64 m_used = -1;

@@ -26,7 +26,6 @@ CloudAccount::CloudAccount(KCloudSvrProxy *cloud, QObject *parent)
     connect(cloud, &QObject::destroyed, this, &CloudAccount::changed);
     connect(cloud->velaEventObject(), &KVelaEventObject::SocketConnected, this, [this] {
         askFolder();
-        m_space.refresh();
         Q_EMIT changed();
     });
     connect(cloud->velaEventObject(), &KVelaEventObject::SocketDisConnected, this, &CloudAccount::changed);

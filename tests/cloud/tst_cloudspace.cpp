@@ -27,6 +27,7 @@ private Q_SLOTS:
     void whichAnswersCount_data();
     void whichAnswersCount();
     void manyChangesAreOneQuestion();
+    void withoutItsCloud();
 };
 
 void TestCloudSpace::followsTheSignIn()
@@ -34,7 +35,8 @@ void TestCloudSpace::followsTheSignIn()
     FakeCloud cloud;
     CloudSpace space(&cloud);
     QVERIFY(!space.isLoggedIn());
-    QVERIFY(!cloud.isAnyWaiting());
+    QVERIFY(cloud.answer("getStorageInfo", storage(20, 100)));
+    QCOMPARE(space.usedBytes(), 20); // of this computer
     cloud.logIn(QStringLiteral("me"));
     QVERIFY(space.isLoggedIn() && space.isLocalAccount() && !space.isKnown());
     QSignalSpy changed(&space, &CloudSpace::changed);
@@ -44,6 +46,9 @@ void TestCloudSpace::followsTheSignIn()
     QCOMPARE(space.totalBytes(), 100);
     cloud.logIn(QString());
     QVERIFY(!space.isLoggedIn() && !space.isKnown());
+    cloud.asked.clear();
+    cloud.connectNow();
+    QCOMPARE(cloud.asked.size(), 1); // after a loss, without another sign-in
 }
 
 void TestCloudSpace::whichAnswersCount_data()
@@ -64,8 +69,8 @@ void TestCloudSpace::whichAnswersCount()
     QFETCH(int, state);
     QFETCH(bool, signedOutMeanwhile);
     FakeCloud cloud;
+    cloud.user = QStringLiteral("me");
     CloudSpace space(&cloud);
-    cloud.logIn(QStringLiteral("me"));
     if (signedOutMeanwhile)
         cloud.logIn(QString());
     QVERIFY(cloud.answer("getStorageInfo", storage(30, 100, state), ok));
@@ -82,6 +87,16 @@ void TestCloudSpace::manyChangesAreOneQuestion()
         Q_EMIT cloud.velaEventObject()->signal_pushArrived(QStringLiteral("notifyFileAction"), {});
     QVERIFY(cloud.asked.isEmpty());
     QTRY_COMPARE(cloud.asked.size(), 1);
+}
+
+void TestCloudSpace::withoutItsCloud()
+{
+    auto cloud = std::make_unique<FakeCloud>();
+    CloudSpace space(cloud.get());
+    cloud.reset();
+    space.refresh();
+    QCoreApplication::processEvents();
+    QVERIFY(!space.isKnown());
 }
 
 QTEST_GUILESS_MAIN(TestCloudSpace)
