@@ -140,6 +140,10 @@ private Q_SLOTS:
         row("cancelled, then the answer", answer, "failed", "Cancelled", true, cancel);
         row("receiver destroyed", answer, "", "", true, destroyReceiver);
         row("proxy destroyed", answer, "", "Gone", false, destroyProxy);
+        row("proxy destroyed, then cancelled", answer, "", "Cancelled", false, [](Fixture &f) {
+            destroyProxy(f);
+            f.asked.cancel();
+        });
     }
     void everyRequestEndsOnce()
     {

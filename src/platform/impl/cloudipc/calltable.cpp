@@ -56,7 +56,8 @@ QString CallTable::call(
             pending.slot.record = answerOf(method);
     }
     const QString id = idText(pending.number);
-    QByteArray frame = makeFrame(sequenceOf(pending.number));
+    const bool isUnreadable = pending.slot.form == AnswerSlot::Form::Ending && !pending.slot.record;
+    QByteArray frame = isUnreadable ? QByteArray() : makeFrame(sequenceOf(pending.number));
     if (frame.isEmpty()) {
         qCWarning(lcPlatform, "cannot write the request %s", method.c_str());
         fail(std::move(pending), CloudEnd::Rejected, QStringLiteral("It cannot be written."));

@@ -20,7 +20,7 @@ CloudRequest::CloudRequest(KCloudSvrProxy *proxy, QObject *parent, Then then, co
 
 void CloudRequest::cancel()
 {
-    if (!isWaiting() || m_ending)
+    if (!isWaiting())
         return;
     endLater(CloudEnd::Cancelled, QStringLiteral("It was cancelled."));
     if (m_proxy)
@@ -29,13 +29,11 @@ void CloudRequest::cancel()
 
 void CloudRequest::endLater(CloudEnd end, const QString &detail)
 {
-    if (!std::exchange(m_ending, true))
+    if (!m_ending)
         QMetaObject::invokeMethod(
-            this,
-            [=, this] {
-                this->end({end, detail, nullptr});
-            },
-            Qt::QueuedConnection);
+            this, [this] { this->end(CloudEnding(*m_ending)); }, Qt::QueuedConnection);
+    if (!m_ending || end == CloudEnd::Cancelled)
+        m_ending = {end, detail, nullptr};
 }
 
 void CloudRequest::onEnded(bool, const QString &, const CloudEnding &ending)

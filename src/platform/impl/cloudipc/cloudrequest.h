@@ -4,6 +4,7 @@
 #include "kcloudsvrproxy.h"
 
 #include <QObject>
+#include <optional>
 
 namespace zel::cloudipc {
 
@@ -26,13 +27,13 @@ public Q_SLOTS:
     void onEnded(bool bOk, const QString &requestId, const zel::CloudEnding &ending);
 
 private:
-    void endLater(CloudEnd end, const QString &detail); ///< what else comes is dropped
+    void endLater(CloudEnd end, const QString &detail); ///< what else comes, but a cancel, is dropped
     void end(const CloudEnding &ending);
 
     QPointer<KCloudSvrProxy> m_proxy;
     Then m_then; ///< none: it has ended
     QString m_requestId;
-    bool m_ending = false; ///< on a later turn
+    std::optional<CloudEnding> m_ending; ///< on a later turn
 };
 
 } // namespace zel::cloudipc
