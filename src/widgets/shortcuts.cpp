@@ -62,7 +62,7 @@ const ShortcutRow *fixedHolder(const ShortcutRow &row, const QKeySequence &keys)
     const QVector<ShortcutRow> &table = shortcutTable();
     const auto found = std::find_if(table.begin(), table.end(), [&](const ShortcutRow &other) {
         return !other.changeable && shareKeys(row.group, other.group)
-            && other.standard == withoutKeypad(keys);
+            && (other.standard == withoutKeypad(keys) || other.more.contains(keys));
     });
     return found == table.end() ? nullptr : &*found;
 }

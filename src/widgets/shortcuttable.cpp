@@ -84,7 +84,7 @@ void addToShortcutTable(const ActionTable &actions)
             continue;
         all.insert(at++,
             {row.id, Group::ListPage, row.explained ? row.explained : row.text, row.keys.constFirst(),
-                nullptr, false, actions.heading, actions.context});
+                nullptr, false, actions.heading, actions.context, row.keys.mid(1)});
     }
 }
 

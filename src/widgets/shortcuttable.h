@@ -16,6 +16,7 @@ struct ShortcutRow
     bool changeable = false;
     const char *heading = nullptr; ///< of the group, where that is one page's; source text of `context`
     const char *context = "Shortcuts";
+    QList<QKeySequence> more = {}; ///< other keys that do the same and are not shown
 };
 
 const QVector<ShortcutRow> &shortcutTable();

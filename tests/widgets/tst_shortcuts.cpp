@@ -33,7 +33,7 @@ void TestShortcuts::initTestCase()
     static const zel::ActionTable page{"Test", "A page",
         {{0, "page.refresh", "Refresh", nullptr, {Qt::Key_F7}},
             {1, "page.copy", "Copy", nullptr, {QKeySequence(QStringLiteral("Ctrl+K"))}},
-            {2, "page.folder", "Folder", nullptr, {QKeySequence(QStringLiteral("Alt+Return"))}}}};
+            {2, "page.folder", "Folder", nullptr, {keys("Alt+Return"), keys("Ctrl+J")}}}};
     for (int i = 0; i < 2; ++i)
         Shortcuts::addPage(page);
 }
@@ -58,6 +58,7 @@ void TestShortcuts::refusedKeys_data()
     row("of a page inside the window", "window.exit", "F7", Refusal::Taken, "page.refresh");
     row("of a list in it", "page.1", "Ctrl+K", Refusal::Taken, "page.copy");
     row("of a list, on the keypad", "page.1", "Alt+Enter", Refusal::Taken, "page.folder");
+    row("second keys of a list", "page.1", "Ctrl+J", Refusal::Taken, "page.folder");
     row("types a letter", "window.exit", "Shift+Q", Refusal::Typing, "");
     row("moves in lists", "window.exit", "Down", Refusal::Typing, "");
     row("moves between windows", "window.exit", "Ctrl+Tab", Refusal::Typing, "");
