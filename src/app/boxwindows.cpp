@@ -71,7 +71,7 @@ ZelBoxMiniWidget *BoxWindows::ensureMiniWidget()
 
 KZelBoxCloudSettingsDlg *BoxWindows::ensureSettings()
 {
-    if (!m_settings) {
+    if (!m_settings || !m_settings->isVisible()) { // else it is closed, and goes
         m_settings = new KZelBoxCloudSettingsDlg(m_skin, m_host.cloudService());
         m_settings->setAttribute(Qt::WA_DeleteOnClose);
         connect(m_settings, &KZelBoxCloudSettingsDlg::languageChosen, this, &BoxWindows::languageChosen);

@@ -30,7 +30,7 @@ public:
     ZelBoxMainWindow *ensureMainWindow(); ///< made at its remembered place, hidden
     ZelBoxMiniWindow *ensureMiniWindow();
     ZelBoxMiniWidget *ensureMiniWidget();
-    KZelBoxCloudSettingsDlg *ensureSettings(); ///< goes when it is closed
+    KZelBoxCloudSettingsDlg *ensureSettings(); ///< to be shown at once; goes when it is closed
 
     /// Makes every window anew, where it was. Waits for the end of what the user is in the middle of.
     void remake();

@@ -12,7 +12,8 @@ public:
     template <typename Dialog, typename SetUp> Dialog *present(SetUp setUp)
     {
         for (const QPointer<QDialog> &open : m_dialogs) {
-            if (auto *found = qobject_cast<Dialog *>(open.data())) {
+            auto *found = qobject_cast<Dialog *>(open.data());
+            if (found && found->isVisible()) { // else it is closed, and goes
                 bringToFront(found);
                 return found;
             }

@@ -69,6 +69,7 @@ private Q_SLOTS:
     void startedInBackground();
     void languageAtOnce();
     void remakingWaits();
+    void dialogClosedJustNow();
     void guestOfAHost();
     void hostThatNeverRanALoop();
 
@@ -271,6 +272,27 @@ void TestCore::remakingWaits()
     QCoreApplication::sendPostedEvents();
     QVERIFY(window); // once
     QCOMPARE(firstShown.size(), 1);
+}
+
+void TestCore::dialogClosedJustNow()
+{
+    StandAloneBox box;
+    QVERIFY(box.application.start(QString()));
+    const auto shown = []() -> QWidget * {
+        for (QWidget *each : QApplication::topLevelWidgets()) {
+            if (qobject_cast<QDialog *>(each) && each->isVisible())
+                return each;
+        }
+        return nullptr;
+    };
+    for (const char *command : {"/action=exitdlg", "/options=settings"}) {
+        ZelBoxCore::instance()->dispatch(QLatin1String(command), false);
+        shown()->close();
+        ZelBoxCore::instance()->dispatch(QLatin1String(command), false);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QVERIFY2(shown(), command);
+        shown()->close();
+    }
 }
 
 void TestCore::guestOfAHost()
