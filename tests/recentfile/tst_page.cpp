@@ -242,7 +242,7 @@ void TestPage::guides()
     load(0);
     QCOMPARE(page()->state(), State::Empty);
     QVERIFY(!button(QStringLiteral("Sign In"))); // nobody knows yet
-    QSignalSpy settings(page(), &ZelBoxRecentFileWidgetBase::sigSettingsWanted);
+    QSignalSpy settings(page(), &ZelBoxRecentFileWidgetBase::settingsRequested);
     m_proxy->logIn(QStringLiteral("me"));
     zel::vela::GetCurrentDefaultRoamingBoxResult off;
     off.roamingOn = false;

@@ -82,7 +82,7 @@ void ZelBoxRecentFileWidgetBase::connectLogic()
     connect(m_rows, &RecentSortFilterModel::countsChanged, this,
         [this] { m_title->setCount(m_rows->rowCount()); });
     connect(m_states, &RecentStates::openFileRequested, this, &Self::openChosenFile);
-    connect(m_states, &RecentStates::settingsRequested, this, &Self::sigSettingsWanted);
+    connect(m_states, &RecentStates::settingsRequested, this, &Self::settingsRequested);
     connect(m_states, &RecentStates::feedbackRequested, this, &Self::sigFeedBack);
     connect(m_stack, &StateStack::clearFilterRequested, this, &Self::clearFilter);
     connect(m_stack, &StateStack::stateChanged, this, &Self::onStateChanged);
@@ -102,7 +102,7 @@ void ZelBoxRecentFileWidgetBase::connectTitle()
     connect(m_title, &Title::roamingGuideWanted, this, &Self::showRoamingGuide);
     connect(m_title, &Title::needOpenRoaming, m_roamingGuide, &Guide::setNeeded);
     connect(m_roamingGuide, &Guide::explanationRequested, m_title, &Title::onRoamingGuideLinkClicked);
-    connect(m_roamingGuide, &Guide::enableRoamingRequested, this, &Self::sigSettingsWanted);
+    connect(m_roamingGuide, &Guide::enableRoamingRequested, this, &Self::settingsRequested);
 }
 
 void ZelBoxRecentFileWidgetBase::connectCommands()
@@ -161,7 +161,7 @@ void ZelBoxRecentFileWidgetBase::setHost(BoxPageHost *host)
     m_host = host;
     connect(this, &ZelBoxRecentFileWidgetBase::recentFileUnreadMsgCount, this,
         [host](quint64 count) { host->setUnread(int(qMin<quint64>(count, INT_MAX)), count > 0 ? 1 : 0); });
-    connect(this, &ZelBoxRecentFileWidgetBase::sigSettingsWanted, this,
+    connect(this, &ZelBoxRecentFileWidgetBase::settingsRequested, this,
         [host] { host->openSettings(QStringLiteral("cloud")); });
 }
 
@@ -376,7 +376,7 @@ void ZelBoxRecentFileWidgetBase::showRoamingGuide()
 {
     auto *dialog = new ZelBoxRecentFileGuideDialog(this);
     connect(dialog, &ZelBoxRecentFileGuideDialog::settingsRequested, this,
-        &ZelBoxRecentFileWidgetBase::sigSettingsWanted);
+        &ZelBoxRecentFileWidgetBase::settingsRequested);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->open();
 }

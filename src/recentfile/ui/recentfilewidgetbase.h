@@ -57,7 +57,7 @@ Q_SIGNALS:
     void sigRecentFileMenuAboutToShow();
     void sigRecentFileMenuAboutToHide();
     void sigFeedBack();       ///< the user wants to tell that loading does not work
-    void sigSettingsWanted(); ///< to sign in, or to switch roaming on
+    void settingsRequested(); ///< to sign in, or to switch roaming on
 
 public Q_SLOTS:
     void onItemClicked(const QModelIndex &index);
