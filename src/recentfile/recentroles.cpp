@@ -35,23 +35,6 @@ QString timeTextOf(const RecentFileInfo &record)
     return timeText(lastAccessOf(record), zel::now());
 }
 
-// A presence or a size that is looked up concerns thousands of records at a time, so texts are made for those
-// only that have other names.
-bool nameDiffers(const RecentFileInfo &before, const RecentFileInfo &after)
-{
-    using Info = RecentFileInfo;
-    return anyDiffers<&Info::path, &Info::displayText, &Info::cloudName, &Info::roaming>(before, after)
-        && shownName(before) != shownName(after);
-}
-
-bool toolTipDiffers(const RecentFileInfo &before, const RecentFileInfo &after)
-{
-    using Info = RecentFileInfo;
-    return anyDiffers<&Info::path, &Info::displayText, &Info::cloudName, &Info::roaming, &Info::deviceName>(
-               before, after)
-        && toolTip(before) != toolTip(after);
-}
-
 QVariant roleValue(const RecentFileInfo &record, int role)
 {
     const auto field = std::find_if(std::begin(RoleTable::Fields), std::end(RoleTable::Fields),

@@ -48,6 +48,19 @@ template <auto Function, auto... Members> constexpr RoleField made(int role)
     return {role, answerOf<Function>, anyDiffers<Members...>};
 }
 
+template <auto Function, auto... Members>
+bool answerDiffers(const RecentFileInfo &before, const RecentFileInfo &after)
+{
+    return anyDiffers<Members...>(before, after) && Function(before) != Function(after);
+}
+
+/// The same for what often stays as it is when one of the members changes: that is looked at. Not before, as
+/// a presence or a size that is looked up concerns thousands of records at a time.
+template <auto Function, auto... Members> constexpr RoleField compared(int role)
+{
+    return {role, answerOf<Function>, answerDiffers<Function, Members...>};
+}
+
 } // namespace zel::recent
 
 /// What the model of the Recent page tells of its rows.
@@ -90,8 +103,13 @@ QString baseNameOf(const RecentFileInfo &record);
 int documentKindOf(const RecentFileInfo &record);
 QDateTime lastAccessOf(const RecentFileInfo &record);
 QString timeTextOf(const RecentFileInfo &record);
-bool nameDiffers(const RecentFileInfo &before, const RecentFileInfo &after);
-bool toolTipDiffers(const RecentFileInfo &before, const RecentFileInfo &after);
+
+/// What follows from the name that is shown.
+template <auto Function> constexpr RoleField ofName(int role)
+{
+    using Info = RecentFileInfo;
+    return compared<Function, &Info::path, &Info::displayText, &Info::cloudName, &Info::roaming>(role);
+}
 
 /// All roles of the model: a member of the record has its line here and its number above.
 struct RoleTable : RecentRoles
@@ -107,10 +125,11 @@ struct RoleTable : RecentRoles
         made<baseNameOf, &Info::path>(BaseNameRole),
         member<&Info::displayText>(DisplayTextRole),
         member<&Info::cloudName>(CloudNameRole),
-        {NameRole, answerOf<shownName>, nameDiffers},
-        {Qt::DisplayRole, answerOf<shownName>, nameDiffers},
-        {DocumentKindRole, answerOf<documentKindOf>, nameDiffers},
-        {Qt::ToolTipRole, answerOf<toolTip>, toolTipDiffers},
+        ofName<shownName>(NameRole),
+        ofName<shownName>(Qt::DisplayRole),
+        ofName<documentKindOf>(DocumentKindRole),
+        compared<toolTip, &Info::path, &Info::displayText, &Info::cloudName, &Info::roaming,
+            &Info::deviceName>(Qt::ToolTipRole),
         member<&Info::cloudBacked>(CloudBackedRole),
         member<&Info::roaming>(RoamingRole),
         member<&Info::unread>(UnreadRole),
