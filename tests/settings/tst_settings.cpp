@@ -15,6 +15,7 @@
 #include "settings/ui/kzelboxcloudsettingsdlg.h"
 #include "support/serviceprocess.h"
 #include "support/table.h"
+#include "widgets/noticearea.h"
 #include "widgets/noticebar.h"
 #include "widgets/shortcuts.h"
 #include "widgets/sidelist.h"
@@ -24,6 +25,7 @@
 #include <QComboBox>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTranslator>
 #include <QtTest>
 
@@ -245,6 +247,17 @@ private Q_SLOTS:
         QTest::mouseClick(field, Qt::LeftButton);
         QTest::keyClick(field, Qt::Key_W, Qt::ControlModifier); // of another, which gives it up
         QVERIFY(action.shortcut().isEmpty() && window.notice().contains("Close window"_s));
+        auto *last = window.find<QPushButton>("Reset all…");
+        const auto isFree = [last] { // below the notice it could not be reached
+            QWidget *page = last;
+            while (!page->findChild<NoticeArea *>())
+                page = page->parentWidget();
+            auto *bar = page->findChild<QScrollArea *>()->verticalScrollBar();
+            bar->setValue(bar->maximum());
+            const auto *area = page->findChild<NoticeArea *>();
+            return area->isVisible() && last->mapTo(page, last->rect().bottomLeft()).y() < area->y();
+        };
+        QTRY_VERIFY(isFree());
         for (QPushButton *button : window.dialog.findChildren<QPushButton *>()) {
             if (button->isVisible() && button->text() == "Use here"_s)
                 QTest::mouseClick(button, Qt::LeftButton);

@@ -40,8 +40,7 @@ SettingsPage::SettingsPage(const QString &title, QWidget *parent)
       m_scroller(new QScrollArea(this)),
       m_content(new QWidget),
       m_body(new QVBoxLayout(m_content)),
-      m_cards(new QVBoxLayout),
-      m_notice((new NoticeArea(this, m_scroller))->addBar())
+      m_cards(new QVBoxLayout)
 {
     const int side = KLiteStyle::dpiScaled(look::SpaceXL);
     auto *top = new QVBoxLayout;
@@ -61,6 +60,7 @@ SettingsPage::SettingsPage(const QString &title, QWidget *parent)
     m_scroller->setWidget(m_content);
 
     followScrollBar();
+    addNotice();
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
@@ -76,6 +76,19 @@ void SettingsPage::followScrollBar()
     connect(bar, &QScrollBar::rangeChanged, this, [this, bar](int, int last) {
         QMargins margins = m_body->contentsMargins();
         margins.setRight(margins.left() - (last > 0 ? bar->sizeHint().width() : 0));
+        m_body->setContentsMargins(margins);
+    });
+}
+
+// Whatever it stands over can be scrolled out from under it.
+void SettingsPage::addNotice()
+{
+    auto *area = new NoticeArea(this, m_scroller);
+    m_notice = area->addBar();
+    const int bottom = m_body->contentsMargins().bottom();
+    connect(area, &NoticeArea::coverChanged, this, [this, bottom](int cover) {
+        QMargins margins = m_body->contentsMargins();
+        margins.setBottom(qMax(bottom, cover));
         m_body->setContentsMargins(margins);
     });
 }

@@ -33,10 +33,11 @@ protected:
 
 private:
     void followScrollBar();
+    void addNotice();
 
     QScrollArea *m_scroller;
     QWidget *m_content;
     QVBoxLayout *m_body;
     QVBoxLayout *m_cards; ///< in the body, above what room is left
-    NoticeBar *m_notice;
+    NoticeBar *m_notice = nullptr;
 };
