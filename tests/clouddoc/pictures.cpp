@@ -83,7 +83,7 @@ public:
     void answer(const QString &folder, int rows) { m_cloud->answer("getInfoList", ::page(folder, rows)); }
     void save(const char *name, QWidget *widget = nullptr) const
     {
-        m_run.save(QLatin1String(name), widget ? widget : page(), 250);
+        m_run.save(QLatin1String(name), widget ? widget : page());
     }
 
     ZelBoxCloudDocWidget *page() const { return m_page.get(); }

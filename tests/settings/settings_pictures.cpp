@@ -24,7 +24,7 @@ void waitForLogin(KCloudSvrProxy &cloud)
 
 void pages(const PictureRun &run, KZelBoxCloudSettingsDlg &dialog)
 {
-    const auto save = [&](const QString &name, QWidget *widget) { run.save(name, widget, 250); };
+    const auto save = [&](const QString &name, QWidget *widget) { run.save(name, widget); };
     for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"}) {
         dialog.setParameter(QLatin1String(page));
         save(QLatin1String(page), &dialog);

@@ -2,6 +2,7 @@
 
 #include "kliteskin.h"
 #include "klitestyle.h"
+#include "klook.h"
 #include "krt/krt.h"
 #include "kskin.h"
 #include "support/text.h"
@@ -51,10 +52,10 @@ public:
         if (!picture.save(m_folder + QLatin1Char('/') + name + m_suffix))
             qFatal("cannot save %s in %s", qPrintable(name), qPrintable(m_folder));
     }
-    /// What `widget` shows once what moves in it has come to rest, for which it gets `settle` milliseconds.
-    void save(const QString &name, QWidget *widget, int settle = 80) const
+    /// What `widget` shows once what moves in it has come to rest.
+    void save(const QString &name, QWidget *widget) const
     {
-        QTest::qWait(settle);
+        QTest::qWait(KSkin::animationDuration(zel::look::Motion) + 80);
         save(name, widget->grab());
     }
     /// Shows a window and waits until it has the keyboard.
