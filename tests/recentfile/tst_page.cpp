@@ -78,7 +78,7 @@ void TestPage::outtimeOffersRetryAndFeedback()
     make(3, false);
     page()->onWindowFirstShown();
     QTRY_COMPARE(page()->state(), State::TimedOut);
-    QSignalSpy feedback(page(), &ZelBoxRecentFileWidgetBase::sigFeedBack);
+    QSignalSpy feedback(page(), &ZelBoxRecentFileWidgetBase::feedbackRequested);
     QTest::mouseClick(button(QStringLiteral("Feedback")), Qt::LeftButton);
     QCOMPARE(feedback.size(), 1);
     QCOMPARE(page()->state(), State::TimedOut);

@@ -15,6 +15,6 @@ ZelBoxLoadingOuttimeWidget::ZelBoxLoadingOuttimeWidget(QWidget *parent)
 {
     QPushButton *retry = addAction(tr("Retry"));
     QPushButton *feedback = addAction(tr("Feedback"));
-    connect(retry, &QPushButton::clicked, this, &ZelBoxLoadingOuttimeWidget::sigRetry);
-    connect(feedback, &QPushButton::clicked, this, &ZelBoxLoadingOuttimeWidget::sigFeedBack);
+    connect(retry, &QPushButton::clicked, this, &ZelBoxLoadingOuttimeWidget::retryRequested);
+    connect(feedback, &QPushButton::clicked, this, &ZelBoxLoadingOuttimeWidget::feedbackRequested);
 }

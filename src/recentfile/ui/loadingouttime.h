@@ -30,6 +30,6 @@ public:
     explicit ZelBoxLoadingOuttimeWidget(QWidget *parent = nullptr);
 
 Q_SIGNALS:
-    void sigRetry();
-    void sigFeedBack();
+    void retryRequested();
+    void feedbackRequested();
 };

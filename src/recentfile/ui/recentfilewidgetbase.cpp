@@ -83,7 +83,7 @@ void ZelBoxRecentFileWidgetBase::connectLogic()
         [this] { m_title->setCount(m_rows->rowCount()); });
     connect(m_states, &RecentStates::openFileRequested, this, &Self::openChosenFile);
     connect(m_states, &RecentStates::settingsRequested, this, &Self::settingsRequested);
-    connect(m_states, &RecentStates::feedbackRequested, this, &Self::sigFeedBack);
+    connect(m_states, &RecentStates::feedbackRequested, this, &Self::feedbackRequested);
     connect(m_stack, &StateStack::clearFilterRequested, this, &Self::clearFilter);
     connect(m_stack, &StateStack::stateChanged, this, &Self::onStateChanged);
 }

@@ -56,7 +56,7 @@ Q_SIGNALS:
     void sigRecentFileItemOtherMenuTriggered(QPersistentModelIndex index);
     void sigRecentFileMenuAboutToShow();
     void sigRecentFileMenuAboutToHide();
-    void sigFeedBack();       ///< the user wants to tell that loading does not work
+    void feedbackRequested(); ///< the user wants to tell that loading does not work
     void settingsRequested(); ///< to sign in, or to switch roaming on
 
 public Q_SLOTS:

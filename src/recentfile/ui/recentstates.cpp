@@ -36,8 +36,8 @@ RecentStates::RecentStates(KRecentFileLogic *logic, const RecentSortFilterModel 
 QWidget *RecentStates::makeOuttime()
 {
     auto *outtime = new ZelBoxLoadingOuttimeWidget(m_stack);
-    connect(outtime, &ZelBoxLoadingOuttimeWidget::sigRetry, this, &RecentStates::onRetry);
-    connect(outtime, &ZelBoxLoadingOuttimeWidget::sigFeedBack, this, &RecentStates::onFeedBack);
+    connect(outtime, &ZelBoxLoadingOuttimeWidget::retryRequested, this, &RecentStates::onRetry);
+    connect(outtime, &ZelBoxLoadingOuttimeWidget::feedbackRequested, this, &RecentStates::onFeedBack);
     return outtime;
 }
 
