@@ -42,7 +42,7 @@ void BackgroundMode::onCloseClicked()
     else if (action == QLatin1String("hide") || (action.isEmpty() && m_presence.hasTray()))
         leaveScreen();
     else
-        m_commands.showExitDialog();
+        m_commands.askAboutExit();
 }
 
 // Without a tray a hidden box can only be reached by starting it again, which not everybody guesses: the task

@@ -10,6 +10,7 @@
 #include "recentfile/recentsettings.h"
 #include "settings/ui/kzelboxcloudsettingsdlg.h"
 
+#include <QApplication>
 #include <QDialog>
 #include <QDrag>
 #include <algorithm>
@@ -93,6 +94,17 @@ QObject *BoxWindows::runningDrag() const
             return drag;
     }
     return nullptr;
+}
+
+// The small windows hide when the keyboard leaves them, and would take the question along.
+QWidget *BoxWindows::frontWindow() const
+{
+    QWidget *active = QApplication::activeWindow();
+    while (active && active != m_main && active != m_settings)
+        active = active->parentWidget() ? active->parentWidget()->window() : nullptr;
+    if (active)
+        return active;
+    return m_main && m_main->isVisible() && !m_main->isMinimized() ? m_main.data() : nullptr;
 }
 
 QObject *BoxWindows::runningTask() const

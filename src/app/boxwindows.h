@@ -36,6 +36,9 @@ public:
     void remake();
     /// A drag that began in a window, which runs a loop of its own inside that window's code; null: none.
     QObject *runningDrag() const;
+    /// Where a question of the whole box belongs: the main window or the settings, whichever has the
+    /// keyboard, else the main window where it is seen; null: nowhere.
+    QWidget *frontWindow() const;
 
     void takeDown(); ///< destroys all, the last made first; later uses make new ones
 

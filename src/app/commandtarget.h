@@ -15,6 +15,7 @@ public:
     virtual void setTrayState(const QString &state) = 0;
     virtual void quitLater() = 0; ///< on the next turn of the loop
     virtual void showExitDialog() = 0;
+    virtual void askAboutExit() = 0;   ///< the same dialog for who closed the window: to stay is the default
     virtual void showMainWindow() = 0; ///< and brings it to the front
     virtual void showMiniWindow(const QString &startFrom) = 0;
     virtual void openFolderSelector() = 0;

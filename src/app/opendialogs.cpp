@@ -7,6 +7,14 @@ void OpenDialogs::add(QDialog *dialog)
     m_dialogs.append(dialog);
 }
 
+void OpenDialogs::place(QDialog *dialog, QWidget *over)
+{
+    if (dialog->parentWidget() == over)
+        return;
+    dialog->setParent(over, dialog->windowFlags());
+    dialog->setWindowModality(over ? Qt::WindowModal : Qt::NonModal);
+}
+
 void OpenDialogs::takeDown()
 {
     for (const QPointer<QDialog> &dialog : qExchange(m_dialogs, {}))

@@ -316,21 +316,32 @@ void ZelBoxCore::openSettings(const QString &parameter)
 
 void ZelBoxCore::openFolderSelector()
 {
-    m_dialogs.present<FolderSelectorDlg>();
+    m_dialogs.present<FolderSelectorDlg>(nullptr);
 }
 
 void ZelBoxCore::openSyncFolder(const QString &parameter)
 {
-    m_dialogs.present<SyncFolderDlg>()->setParameter(parameter);
+    m_dialogs.present<SyncFolderDlg>(nullptr)->setParameter(parameter);
 }
 
 void ZelBoxCore::showExitDialog()
 {
-    m_dialogs.present<ZelBoxExitDialog>([this](ZelBoxExitDialog *dialog) {
+    presentExitDialog(true);
+}
+
+void ZelBoxCore::askAboutExit()
+{
+    presentExitDialog(false);
+}
+
+void ZelBoxCore::presentExitDialog(bool wanted)
+{
+    const auto setUp = [this](ZelBoxExitDialog *dialog) {
         connect(dialog, &ZelBoxExitDialog::exitChosen, this, &ZelBoxCore::quitLater);
         connect(dialog, &ZelBoxExitDialog::backgroundChosen, m_background, &BackgroundMode::leaveScreen);
         connect(dialog, &QDialog::rejected, m_clientProxy, &ZelBoxClientSvrProxy::onWindowOpened);
-    });
+    };
+    m_dialogs.present<ZelBoxExitDialog>(m_windows->frontWindow(), setUp)->setExitWanted(wanted);
 }
 
 void ZelBoxCore::sendToBackground()

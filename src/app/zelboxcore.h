@@ -48,7 +48,8 @@ public:
     void openSettings(const QString &parameter) override; // and of MainWindowHost
     void setTrayState(const QString &state) override;
     void quitLater() override;
-    void showExitDialog() override;
+    void showExitDialog() override; // and of MainWindowHost
+    void askAboutExit() override;
     void showMainWindow() override;
     void showMiniWindow(const QString &startFrom) override;
     void openFolderSelector() override;
@@ -87,6 +88,7 @@ private:
     bool waitForWebEngine();
     void onMainWindowMade(ZelBoxMainWindow *window);
     void onBackgroundEntered();
+    void presentExitDialog(bool wanted);
 
     bool first = false;
     KSkin *m_skin;

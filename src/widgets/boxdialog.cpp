@@ -2,9 +2,12 @@
 
 #include "klitestyle.h"
 #include "klook.h"
+#include "widgets/balancedlabel.h"
+#include "widgets/modalguard.h"
 #include "widgets/nametext.h"
 
 #include <QDialogButtonBox>
+#include <QEvent>
 #include <QLabel>
 #include <QVBoxLayout>
 
@@ -17,10 +20,9 @@ BoxDialog::BoxDialog(const QString &title, const QString &heading, QWidget *pare
     setWindowIcon(QIcon(QStringLiteral(":/icons/zelbox.ico")));
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
     setMinimumWidth(KLiteStyle::dpiScaled(look::DialogWidth));
-    auto *headingLabel = new QLabel(heading, this);
+    new ModalGuard(this);
+    auto *headingLabel = new BalancedLabel(heading, this); // plain text: it may hold the name of a file
     headingLabel->setFont(look::font(look::Type::Title, font()));
-    headingLabel->setTextFormat(Qt::PlainText); // may hold the name of a file
-    headingLabel->setWordWrap(true);
 
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(
@@ -34,9 +36,25 @@ BoxDialog::BoxDialog(const QString &title, const QString &heading, QWidget *pare
 
 QSize BoxDialog::sizeHint() const
 {
-    const int width = qMax(minimumWidth(), QDialog::sizeHint().width());
+    const int width = qMax(KLiteStyle::dpiScaled(look::DialogWidth), QDialog::sizeHint().width());
     return {width,
         layout()->hasHeightForWidth() ? layout()->totalHeightForWidth(width) : QDialog::sizeHint().height()};
+}
+
+void BoxDialog::makeResizable(const QSize &size)
+{
+    m_isResizable = true;
+    resize(size);
+}
+
+// Some window managers offer to maximise whatever can change its size.
+bool BoxDialog::event(QEvent *event)
+{
+    const bool isDone = QDialog::event(event);
+    const QEvent::Type type = event->type();
+    if (!m_isResizable && (type == QEvent::Polish || type == QEvent::LayoutRequest))
+        setFixedSize(sizeHint());
+    return isDone;
 }
 
 // The box of buttons hands the focus on to its first button. The Tab key, which goes by the order of making,

@@ -26,6 +26,7 @@ struct CommandRecorder : CommandTarget
     void setTrayState(const QString &state) override { note("traystate", state); }
     void quitLater() override { note("quit"); }
     void showExitDialog() override { note("exitdlg"); }
+    void askAboutExit() override { note("exit?"); }
     void showMainWindow() override { note("main"); }
     void showMiniWindow(const QString &startFrom) override { note("mini", startFrom); }
     void openFolderSelector() override { note("folders"); }

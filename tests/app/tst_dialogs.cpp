@@ -79,6 +79,7 @@ private Q_SLOTS:
         using Make = std::function<BoxDialog *()>;
         QTest::addColumn<Make>("make");
         QTest::addColumn<bool>("dark");
+        QTest::addColumn<bool>("hasFixedSize");
         const QVector<std::pair<const char *, Make>> dialogs{
             {"remove", [] { return new RemoveRecordDialog({document()}); }},
             {"delete", [] { return new DeleteFileDialog("a.odt"_s, 1); }},
@@ -94,7 +95,8 @@ private Q_SLOTS:
         };
         for (const auto &[name, make] : dialogs) {
             for (const bool dark : {false, true})
-                QTest::addRow("%s, %s", name, dark ? "dark" : "light") << make << dark;
+                QTest::addRow("%s, %s", name, dark ? "dark" : "light")
+                    << make << dark << !QByteArrayList({"move", "folder"}).contains(name);
         }
     }
     void oneFrame()
@@ -109,6 +111,7 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(dialog.get()));
         QVERIFY(dialog->width() >= KLiteStyle::dpiScaled(zel::look::DialogWidth));
         QVERIFY(!(dialog->windowFlags() & (Qt::WindowMinMaxButtonsHint | Qt::WindowContextHelpButtonHint)));
+        QTEST(dialog->minimumSize() == dialog->maximumSize(), "hasFixedSize");
         int defaults = 0;
         for (const QPushButton *button : dialog->findChildren<QPushButton *>())
             defaults += button->isDefault() ? 1 : 0;
@@ -136,6 +139,20 @@ private Q_SLOTS:
             QVERIFY2(measured >= 4.5, qPrintable("%1: %2"_s.arg(text).arg(measured)));
         }
         QVERIFY(texts >= 3);
+    }
+
+    void exitHasTheDefaultThatWasMeant()
+    {
+        ZelBoxExitDialog dialog;
+        QSignalSpy exits(&dialog, &ZelBoxExitDialog::exitChosen);
+        QSignalSpy stays(&dialog, &ZelBoxExitDialog::backgroundChosen);
+        for (const bool wanted : {true, false}) {
+            dialog.show();
+            dialog.setExitWanted(wanted);
+            QTest::keyClick(&dialog, Qt::Key_Return);
+            QCOMPARE(exits.count(), 1);
+            QCOMPARE(stays.count(), wanted ? 0 : 1);
+        }
     }
 
 private:

@@ -1,6 +1,9 @@
 #include "kcoreapplication.h"
 #include "skinstate.h"
 #include "support/table.h"
+#include "widgets/balancedlabel.h"
+#include "widgets/boxdialog.h"
+#include "widgets/modalguard.h"
 #include "widgets/noticebar.h"
 #include "widgets/progressring.h"
 #include "widgets/searchfield.h"
@@ -116,6 +119,57 @@ private Q_SLOTS:
         QVERIFY(list.item(1)->isSelected());
         QCOMPARE(chosen.count(), 2);
         QCOMPARE(chosen.last().constFirst().toInt(), 1);
+    }
+
+    // A click on the window behind gives it the keyboard, on X11; the upper of two questions goes first.
+    void questionsKeepTheKeys()
+    {
+        QWidget window;
+        new ModalGuard(&window);
+        auto *action = new QAction(&window);
+        action->setShortcut("Ctrl+D"_s);
+        window.addAction(action);
+        QSignalSpy triggered(action, &QAction::triggered);
+        window.show();
+        BoxDialog lower("Lower"_s, "Remove it?"_s, &window);
+        BoxDialog upper("Upper"_s, "Exit?"_s, &window);
+        for (BoxDialog *dialog : {&lower, &upper}) {
+            dialog->open();
+            QTRY_COMPARE(QApplication::activeWindow(), dialog);
+        }
+        const auto givesWay = [&](QWidget *behind, QWidget *question) {
+            QApplication::setActiveWindow(behind);
+            QTest::keyClick(&window, Qt::Key_D, Qt::ControlModifier);
+            QApplication::setActiveWindow(question);
+            QSignalSpy moves(qApp, &QGuiApplication::focusWindowChanged);
+            behind->activateWindow();
+            return QTest::qWaitFor([&] { return moves.count() >= 2; })
+                && QApplication::activeWindow() == question;
+        };
+        QVERIFY(givesWay(&window, &upper));
+        QVERIFY(givesWay(&lower, &upper));
+        upper.reject();
+        QTRY_COMPARE(QApplication::activeWindow(), &lower);
+        QVERIFY(givesWay(&window, &lower));
+        lower.reject();
+        QCOMPARE(triggered.count(), 0);
+        window.activateWindow();
+        QTRY_COMPARE(QApplication::activeWindow(), &window);
+        QTest::keyClick(&window, Qt::Key_D, Qt::ControlModifier);
+        QCOMPARE(triggered.count(), 1);
+    }
+
+    void headingsHaveNoWordAlone()
+    {
+        const QFontMetrics metrics{QFont()};
+        const BalancedLabel label("Are you sure to delete file Quarterly report.odt ?"_s);
+        const int whole = metrics.horizontalAdvance(label.text());
+        const int balanced =
+            BalancedLabel::balancedWidth(label.text(), metrics, whole - 4); // "?" does not fit
+        QVERIFY2(balanced < whole * 3 / 4, qPrintable("%1 of %2"_s.arg(balanced).arg(whole)));
+        QCOMPARE(label.heightForWidth(balanced), label.heightForWidth(whole - 4));
+        QVERIFY(BalancedLabel("A_very_long_name ?"_s).minimumSizeHint().width()
+            > metrics.horizontalAdvance("A_very_long_name"_s));
     }
 
     void noticeEnds_data()

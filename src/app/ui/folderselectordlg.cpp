@@ -57,7 +57,7 @@ FolderSelectorDlg::FolderSelectorDlg(QWidget *parent)
     body()->addWidget(m_path);
     body()->addWidget(m_tree, 1);
     body()->addWidget(m_problem);
-    resize(KLiteStyle::dpiScaledSize({480, 460}));
+    makeResizable(KLiteStyle::dpiScaledSize({480, 460}));
 
     m_open = buttons()->addButton(tr("Open"), QDialogButtonBox::AcceptRole);
     m_open->setDefault(true);

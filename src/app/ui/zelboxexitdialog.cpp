@@ -17,15 +17,22 @@ ZelBoxExitDialog::ZelBoxExitDialog(QWidget *parent)
         "window back."));
     body()->addWidget(m_remember);
 
-    QPushButton *exit = buttons()->addButton(tr("Exit"), QDialogButtonBox::DestructiveRole);
-    QPushButton *background = buttons()->addButton(tr("Keep running"), QDialogButtonBox::AcceptRole);
-    background->setDefault(true);
+    m_exit = buttons()->addButton(tr("Exit"), QDialogButtonBox::DestructiveRole);
+    m_background = buttons()->addButton(tr("Keep running"), QDialogButtonBox::AcceptRole);
     buttons()->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
-    connect(exit, &QPushButton::clicked, this, [this] {
+    connect(m_exit, &QPushButton::clicked, this, [this] {
         Q_EMIT exitChosen();
         close();
     });
-    connect(background, &QPushButton::clicked, this, &ZelBoxExitDialog::chooseBackground);
+    connect(m_background, &QPushButton::clicked, this, &ZelBoxExitDialog::chooseBackground);
+    setExitWanted(false);
+}
+
+void ZelBoxExitDialog::setExitWanted(bool wanted)
+{
+    QPushButton *preferred = wanted ? m_exit : m_background;
+    preferred->setDefault(true);
+    preferred->setFocus();
 }
 
 void ZelBoxExitDialog::chooseBackground()

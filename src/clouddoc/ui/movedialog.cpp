@@ -36,7 +36,7 @@ MoveDialog::MoveDialog(KCloudSvrProxy *proxy, const QStringList &ids, const QStr
     connectLogic();
     update();
     m_view->setFocus();
-    resize(KLiteStyle::dpiScaledSize({460, 480}));
+    makeResizable(KLiteStyle::dpiScaledSize({460, 480}));
 }
 
 void MoveDialog::layOut()

@@ -11,6 +11,7 @@
 #include "mainwindow/ui/windowtitlebuttons.h"
 #include "mainwindow/ui/zelboxmainwindowmenu.h"
 #include "mainwindow/ui/zelboxspacebar.h"
+#include "widgets/modalguard.h"
 #include "widgets/shortcuts.h"
 #include "widgets/windowframe.h"
 
@@ -35,6 +36,7 @@ ZelBoxMainWindow::ZelBoxMainWindow(MainWindowHost *host, QWidget *parent)
     setMinimumSize(KLiteStyle::dpiScaledSize({640, 400}));
     resize(KLiteStyle::dpiScaledSize({900, 580}));
     new WidgetResizeHelper(this);
+    new ModalGuard(this);
     connectTitleBar();
     makeShortcuts();
 

@@ -11,6 +11,7 @@
 #include "settings/ui/privacypage.h"
 #include "settings/ui/recentsettingspage.h"
 #include "settings/ui/shortcutspage.h"
+#include "widgets/modalguard.h"
 #include "widgets/sidelist.h"
 
 #include <QEvent>
@@ -171,6 +172,7 @@ KZelBoxCloudSettingsDlg::KZelBoxCloudSettingsDlg(KSkin *skin, KCloudSvrProxy *cl
     setWindowTitle(tr("Settings"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/zelbox.ico")));
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    new ModalGuard(this);
     auto *layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_settings);
