@@ -11,6 +11,8 @@ inline constexpr QLatin1String WindowPosY = latin1("WindowPosY");
 inline constexpr QLatin1String WindowWidth = latin1("WindowWidth");
 inline constexpr QLatin1String WindowHeight = latin1("WindowHeight");
 inline constexpr QLatin1String WindowIsMaximized = latin1("WindowIsMaximized");
+inline constexpr QLatin1String WindowScreens =
+    latin1("WindowScreens"); // and the scale, when those were written
 
 inline constexpr QLatin1String Plugins = latin1("plugins"); // group, holds group "zelbox"
 inline constexpr QLatin1String Zelbox = latin1("zelbox");   // group, also at the top level

@@ -223,6 +223,7 @@ void TestCore::languageAtOnce()
     QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
     QTRY_COMPARE(firstShown.size(), 1);
     core->dispatch(QStringLiteral("/options=settings"), false);
+    core->mainWindow()->showNormal();  // the default size may fill this screen
     core->mainWindow()->move(-50, 40); // where a start would not put it
     const QRect place = core->mainWindow()->geometry();
     chooseLanguage(QStringLiteral("zh_CN"));

@@ -1,6 +1,7 @@
 #include "mainwindow/ui/windowplacement.h"
 
 #include "base/settingskeys.h"
+#include "klitestyle.h"
 #include "ksettings.h"
 #include "mainwindow/windowgeometry.h"
 
@@ -18,6 +19,18 @@ zel::geometry::ScreenState screenState(const QScreen &primary)
     for (const QScreen *each : QGuiApplication::screens())
         state.totalWidth += each->geometry().width();
     return state;
+}
+
+// Where and how large the screens are in the window's own unit.
+QString screensText()
+{
+    QStringList texts{QString::number(KLiteStyle::dpiFactor())};
+    for (const QScreen *each : QGuiApplication::screens()) {
+        const QRect area = each->geometry();
+        texts
+            << QStringLiteral("%1x%2@%3,%4").arg(area.width()).arg(area.height()).arg(area.x()).arg(area.y());
+    }
+    return texts.join(QLatin1Char(' '));
 }
 
 } // namespace
@@ -53,6 +66,7 @@ void WindowPlacement::save() const
     settings.setValue(keys::WindowWidth, normal.width());
     settings.setValue(keys::WindowHeight, normal.height());
     settings.setValue(keys::WindowIsMaximized, m_window.isMaximized());
+    settings.setValue(keys::WindowScreens, screensText());
     settings.endGroup();
 }
 
@@ -73,6 +87,8 @@ void WindowPlacement::restore()
             number(keys::WindowPosY, m_window.y()), number(keys::WindowWidth, m_window.width()),
             number(keys::WindowHeight, m_window.height()), screen);
         stored.maximized = settings.value(keys::WindowIsMaximized, false).toBool();
+        const QString screens = settings.value(keys::WindowScreens).toString();
+        stored.screensChanged = !screens.isEmpty() && screens != screensText();
     }
     const zel::geometry::Placement placement = zel::geometry::restore(stored, m_window.size(), screen);
     m_window.setUpdatesEnabled(false);
