@@ -1328,6 +1328,10 @@
         <source>The folder of “%1” cannot be shown.</source>
         <translation>无法显示“%1”所在的文件夹。</translation>
     </message>
+    <message>
+        <source>The place of “%1” does not answer.</source>
+        <translation>“%1”所在的位置没有响应。</translation>
+    </message>
 </context>
 <context>
     <name>PrivacyPage</name>

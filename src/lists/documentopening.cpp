@@ -78,6 +78,8 @@ void DocumentOpening::onOpened(const QString &path, KDocumentOpener::Outcome out
         return fail(path, Problem::NotReadable);
     case Outcome::NoProgram:
         return fail(path, Problem::NoProgram);
+    case Outcome::NoAnswer:
+        return fail(path, Problem::NoAnswer);
     }
 }
 

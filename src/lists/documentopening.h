@@ -11,7 +11,7 @@ class DocumentOpening : public QObject
 {
     Q_OBJECT
 public:
-    enum class Problem { Missing, NotReadable, NoProgram, NotOnThisDevice };
+    enum class Problem { Missing, NotReadable, NoProgram, NoAnswer, NotOnThisDevice };
     Q_ENUM(Problem)
     static constexpr int MostAtOnce = 10; ///< more programs at once are an accident
 

@@ -255,6 +255,7 @@ private Q_SLOTS:
         row("not readable", "open opened", Outcome::NotReadable,
             "You do not have permission to read “a.odt”.");
         row("no program", "open opened", Outcome::NoProgram, "No program on this computer opens “a.odt”.");
+        row("no answer", "open opened", Outcome::NoAnswer, "The place of “a.odt” does not answer.");
         row("folder gone", "reveal shown", Outcome::Missing, "The folder of “a.odt” is no longer there.");
         row("folder not shown", "reveal shown", Outcome::NoProgram, "The folder of “a.odt” cannot be shown.");
         row("of another page", "opened shown", Outcome::NoProgram, "");

@@ -15,6 +15,8 @@ QString openProblemText(DocumentOpening::Problem problem, const QString &name)
         return OpeningNotices::tr("You do not have permission to read “%1”.").arg(shown);
     case DocumentOpening::Problem::NoProgram:
         return OpeningNotices::tr("No program on this computer opens “%1”.").arg(shown);
+    case DocumentOpening::Problem::NoAnswer:
+        return OpeningNotices::tr("The place of “%1” does not answer.").arg(shown);
     case DocumentOpening::Problem::NotOnThisDevice:
         return shown.isEmpty() ? OpeningNotices::tr("This file is on another device only.")
                                : OpeningNotices::tr("“%1” is on another device only.").arg(shown);

@@ -24,7 +24,7 @@ class ZELPLATFORM_EXPORT KDocumentOpener : public QObject
 {
     Q_OBJECT
 public:
-    enum class Outcome { Opened, Missing, NotReadable, NoProgram };
+    enum class Outcome { Opened, Missing, NotReadable, NoProgram, NoAnswer /* of its file system */ };
     Q_ENUM(Outcome)
 
     using QObject::QObject;
@@ -32,7 +32,9 @@ public:
     static KDocumentOpener *instance();
     static void setInstance(KDocumentOpener *opener); ///< null restores the real one; not owned
 
-    /// Checks the file on a worker thread, then asks the desktop to open it. `opened` follows exactly once.
+    /// Checks the file on a worker thread, then starts the first program that the desktop recommends for it,
+    /// or where it knows none the desktop's own opener, whose exit code says whether it worked. `opened`
+    /// follows exactly once.
     virtual void open(const QString &path);
     /// Shows the file selected in the file manager (org.freedesktop.FileManager1), else opens its folder.
     /// `folderShown` follows exactly once; when not even that is possible, with the reason.

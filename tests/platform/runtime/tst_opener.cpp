@@ -38,9 +38,12 @@ private Q_SLOTS:
     // The desktop's opener of this test notes what it was called with.
     void initTestCase()
     {
-        m_programs.writeScript("xdg-open", "printf '%s\\n' \"$1\" >>\"" + m_programs.bytes("notes") + "\"\n");
+        m_programs.writeScript("xdg-open",
+            "case $1 in *nobody*) exit 3;; esac; printf '%s\\n' \"$1\" >>\"" + m_programs.bytes("notes")
+                + "\"\n");
+        qputenv("XDG_DATA_DIRS", m_programs.bytes()); // nothing is recommended for any document
         qputenv("PATH", m_programs.bytes() + ':' + qgetenv("PATH"));
-        m_files.make({"sub/", "Größe & mehr 100%.txt=x", "a b#c.txt=x", "loop->loop"});
+        m_files.make({"sub/", "Größe & mehr 100%.txt=x", "a b#c.txt=x", "nobody.xyz=x", "loop->loop"});
         m_files.write("secret.txt", "x", QFile::WriteOther); // nobody may read it
     }
     void init() { QFile::remove(m_programs.path("notes")); }
@@ -51,6 +54,7 @@ private Q_SLOTS:
         row("file", "Größe & mehr 100%.txt", Outcome::Opened);
         row("missing", "none.txt", Outcome::Missing);
         row("below a file", "Größe & mehr 100%.txt/x", Outcome::Missing);
+        row("no program", "nobody.xyz", Outcome::NoProgram);
         row("link to itself", "loop", Outcome::NotReadable);
         if (::geteuid() != 0) // root may read everything
             row("no permission", "secret.txt", Outcome::NotReadable);

@@ -93,6 +93,7 @@ private Q_SLOTS:
         const QString text = "letter ü&%1.txt"_s;
         row("started", text, "viewer.desktop", Outcome::Opened);
         row("takes several", text, "editor.desktop", Outcome::Opened);
+        row("recommended", text, "", Outcome::Opened);
         row("unknown program", text, "other.desktop", Outcome::NoProgram);
         row("program is gone", text, "gone.desktop", Outcome::NoProgram);
         row("no document", "nothing.txt", "viewer.desktop", Outcome::Missing);
@@ -106,7 +107,10 @@ private Q_SLOTS:
         QFile::remove(note);
         KDocumentOpener opener;
         QSignalSpy opened(&opener, &KDocumentOpener::opened);
-        opener.openWith(m_data.path(name), id);
+        if (id.isEmpty())
+            opener.open(m_data.path(name));
+        else
+            opener.openWith(m_data.path(name), id);
         QTRY_COMPARE(opened.count(), 1);
         QCOMPARE(opened.constFirst().at(0).toString(), m_data.path(name));
         QCOMPARE(opened.constFirst().at(1).value<Outcome>(), outcome);

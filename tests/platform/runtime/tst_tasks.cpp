@@ -1,3 +1,4 @@
+#include "boundedjobs.h"
 #include "kthreadtiming.h"
 #include "quvlite/kasynctask.h"
 #include "support/table.h"
@@ -161,6 +162,37 @@ private Q_SLOTS:
         delete scheduler.get(); // not reset(): the slot above still uses the pointer meanwhile
         scheduler.release();
         QTRY_COMPARE(later, 1);
+    }
+
+    // A job that hangs keeps others off its place and nothing else, until it returns.
+    void boundedJobs()
+    {
+        zel::platform::BoundedJobs jobs(std::chrono::milliseconds(50));
+        const auto gate = std::make_shared<QSemaphore>();
+        QStringList ended;
+        const auto start = [&](const char *name, std::function<void()> work) {
+            const QString path = QLatin1String("/nowhere/") + QLatin1String(name);
+            jobs.start(path, std::move(work), this,
+                [&ended, path](bool inTime) { ended << (inTime ? path : path + QLatin1String(" late")); });
+        };
+        start("dead/a", [gate] { gate->acquire(); });
+        QTRY_COMPARE(ended, QStringList{QStringLiteral("/nowhere/dead/a late")});
+        start("dead/b", [] { qFatal("begun"); });
+        start("live/c", [] {});
+        QTRY_COMPARE(ended.size(), 3);
+        QVERIFY(ended.contains(QStringLiteral("/nowhere/dead/b late")));
+        QVERIFY(ended.contains(QStringLiteral("/nowhere/live/c")));
+        for (std::size_t n = 1; n < jobs.Most; ++n)
+            start(qPrintable(QString::number(n) + QLatin1Char('/')), [gate] { gate->acquire(); });
+        start("one more/", [] { qFatal("begun"); });
+        QTRY_COMPARE(ended.size(), 3 + int(jobs.Most));
+        gate->release(int(jobs.Most));
+        QTRY_VERIFY([&] {
+            start("dead/b", [] {});
+            const int before = ended.size();
+            return QTest::qWaitFor([&] { return ended.size() > before; })
+                && ended.constLast() == QLatin1String("/nowhere/dead/b");
+        }());
     }
 
     void timing()

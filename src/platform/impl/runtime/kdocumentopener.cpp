@@ -2,15 +2,15 @@
 
 #include "base/logging.h"
 #include "base/posix/uniquefd.h"
-#include "detachedjob.h"
-#include "filecheck.h"
+#include "boundedjobs.h"
+#include "desktopopen.h"
 #include "programs/programsmodule.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDesktopServices>
+#include <QDeadlineTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QMimeDatabase>
@@ -18,15 +18,16 @@
 #include <QUrl>
 
 #include <array>
+#include <cerrno>
 #include <fcntl.h>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
-using zel::platform::DetachedJob;
 using Outcome = KDocumentOpener::Outcome;
 
 constexpr std::chrono::seconds Patience(15); // an automounter may need some
@@ -37,9 +38,11 @@ QPointer<KDocumentOpener> &replacement()
     return opener;
 }
 
-Outcome openWithDesktop(const QString &path)
+// Never destroyed: jobs may end while static objects go.
+zel::platform::BoundedJobs &jobs()
 {
-    return QDesktopServices::openUrl(QUrl::fromLocalFile(path)) ? Outcome::Opened : Outcome::NoProgram;
+    static auto *all = new zel::platform::BoundedJobs(Patience);
+    return *all;
 }
 
 QString folderOf(const QString &path)
@@ -107,40 +110,59 @@ KProgramList programsFor(const QString &path)
     return module && !type.isEmpty() ? module->programsFor(type) : KProgramList();
 }
 
-// Then `then(opener's thread, result)`; with `late` when the work did not end before the deadline.
+// Then `then(opener's thread, result)`; with `late` when the work did not end in time.
 template <typename Result>
-void runApart(
-    KDocumentOpener *opener, std::function<Result()> work, Result late, std::function<void(Result)> then)
+void runApart(KDocumentOpener *opener, const QString &path, std::function<Result()> work, Result late,
+    std::function<void(Result)> then)
 {
     const auto result = std::make_shared<Result>(late);
-    auto *job = new DetachedJob([work = std::move(work), result] { *result = work(); }, opener);
-    QObject::connect(job, &DetachedJob::done, opener, [=](bool inTime) { then(inTime ? *result : late); });
-    job->start(Patience);
+    jobs().start(
+        path, [work = std::move(work), result] { *result = work(); }, opener,
+        [=](bool inTime) { then(inTime ? *result : late); });
 }
 
-void whenReadable(KDocumentOpener *opener, const QString &path, const std::function<void()> &then)
+Outcome lookAt(const QString &path)
 {
-    using zel::platform::FileCheck;
-    auto *check = new FileCheck(path, opener);
-    QObject::connect(check, &FileCheck::done, opener, [=](FileCheck::Result result) {
-        switch (result) {
-        case FileCheck::Result::Readable:
-            then();
-            return;
-        case FileCheck::Result::Missing:
-            Q_EMIT opener->opened(path, Outcome::Missing);
-            return;
-        case FileCheck::Result::NotReadable:
-            Q_EMIT opener->opened(path, Outcome::NotReadable);
-            return;
-        }
-    });
-    check->start();
+    if (::access(QFile::encodeName(path).constData(), R_OK) == 0)
+        return Outcome::Opened;
+    return errno == ENOENT || errno == ENOTDIR ? Outcome::Missing : Outcome::NotReadable;
+}
+
+// The programs that the desktop recommends, one after the other until one starts. Nothing starts once the
+// document has been reported as not answering.
+Outcome openWithRecommended(const QString &path, QDeadlineTimer deadline)
+{
+    const Outcome look = lookAt(path);
+    if (look != Outcome::Opened)
+        return look;
+    const KProgramList programs = programsFor(path);
+    for (const KProgram &program : programs) {
+        if (deadline.hasExpired())
+            return Outcome::NoAnswer;
+        if (launch(program.id, path) == Outcome::Opened)
+            return Outcome::Opened;
+    }
+    return Outcome::NoProgram;
+}
+
+// The desktop's own opener may know more than the lists of programs say.
+void openBySomeProgram(KDocumentOpener *opener, const QString &path, const std::function<void(Outcome)> &then)
+{
+    const QDeadlineTimer deadline(Patience);
+    runApart<Outcome>(
+        opener, path, [=] { return openWithRecommended(path, deadline); }, Outcome::NoAnswer,
+        [=](Outcome outcome) {
+            if (outcome != Outcome::NoProgram)
+                return then(outcome);
+            zel::platform::openByDesktop(
+                path, opener, [then](bool opened) { then(opened ? Outcome::Opened : Outcome::NoProgram); });
+        });
 }
 
 void openFolderOf(KDocumentOpener *opener, const QString &path)
 {
-    Q_EMIT opener->folderShown(path, openWithDesktop(folderOf(path)));
+    openBySomeProgram(
+        opener, folderOf(path), [=](Outcome outcome) { Q_EMIT opener->folderShown(path, outcome); });
 }
 
 void select(KDocumentOpener *opener, const QString &path)
@@ -188,29 +210,34 @@ void KDocumentOpener::setInstance(KDocumentOpener *opener)
 
 void KDocumentOpener::open(const QString &path)
 {
-    whenReadable(this, path, [this, path] { Q_EMIT opened(path, openWithDesktop(path)); });
+    openBySomeProgram(this, path, [this, path](Outcome outcome) { Q_EMIT opened(path, outcome); });
 }
 
 void KDocumentOpener::openWith(const QString &path, const QString &programId)
 {
-    whenReadable(this, path, [this, path, programId] {
-        runApart<Outcome>(
-            this, [=] { return launch(programId, path); }, Outcome::NoProgram,
-            [this, path](Outcome outcome) { Q_EMIT opened(path, outcome); });
-    });
+    const QDeadlineTimer deadline(Patience);
+    runApart<Outcome>(
+        this, path,
+        [=] {
+            const Outcome look = lookAt(path);
+            if (look != Outcome::Opened || deadline.hasExpired())
+                return look == Outcome::Opened ? Outcome::NoAnswer : look;
+            return launch(programId, path);
+        },
+        Outcome::NoAnswer, [this, path](Outcome outcome) { Q_EMIT opened(path, outcome); });
 }
 
 void KDocumentOpener::findPrograms(const QString &path)
 {
     runApart<KProgramList>(
-        this, [path] { return programsFor(path); }, {},
+        this, path, [path] { return programsFor(path); }, {},
         [this, path](const KProgramList &programs) { Q_EMIT programsFound(path, programs); });
 }
 
 void KDocumentOpener::reveal(const QString &path)
 {
     runApart<Place>(
-        this, [path] { return placeOf(path); }, Place::NoAnswer,
+        this, path, [path] { return placeOf(path); }, Place::NoAnswer,
         [this, path](Place place) {
             switch (place) {
             case Place::There:
@@ -223,7 +250,7 @@ void KDocumentOpener::reveal(const QString &path)
                 Q_EMIT folderShown(path, Outcome::Missing);
                 return;
             case Place::NoAnswer:
-                Q_EMIT folderShown(path, Outcome::NotReadable);
+                Q_EMIT folderShown(path, Outcome::NoAnswer);
                 return;
             }
         });
