@@ -1552,10 +1552,6 @@
         <source>No recent document matches these words.</source>
         <translation>没有符合这些词的最近文档。</translation>
     </message>
-    <message>
-        <source>Search</source>
-        <translation>搜索</translation>
-    </message>
 </context>
 <context>
     <name>RecentSections</name>

@@ -11,6 +11,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScreen>
 #include <QWindow>
 #include <QtTest>
@@ -87,8 +88,15 @@ private Q_SLOTS:
         QTest::keyClick(field, Qt::Key_Down);
         QTest::keyClick(field, Qt::Key_Return);
         QTest::keyClick(field, Qt::Key_Return, Qt::ControlModifier);
-        QCOMPARE(m_opener.asked, (QStringList{m_store.content.at(0).path, m_store.content.at(1).path}));
-        QCOMPARE(m_opener.revealed, QStringList(m_store.content.at(1).path));
+        QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {});
+        QCoreApplication::sendEvent(field, &menuKey);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        QTest::keyClick(menu, Qt::Key_Up); // the last: its folder
+        QTest::keyClick(menu, Qt::Key_Return);
+        const QString second = m_store.content.at(1).path;
+        QCOMPARE(m_opener.asked, (QStringList{m_store.content.at(0).path, second}));
+        QCOMPARE(m_opener.revealed, (QStringList{second, second}));
         QTest::keyClicks(field, "x"_s);
         QTest::keyClick(field, Qt::Key_Escape);
         QVERIFY(window.isVisible() && field->text().isEmpty());

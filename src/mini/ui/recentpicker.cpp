@@ -6,16 +6,16 @@
 #include "recentfile/recentfilelogic.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsortfiltermodel.h"
+#include "recentfile/ui/recentactiontable.h"
 #include "recentfile/ui/recentfiledelegate.h"
 #include "widgets/emptystate.h"
 #include "widgets/noticearea.h"
 #include "widgets/noticebar.h"
-#include "widgets/svgicon.h"
+#include "widgets/searchfield.h"
 
-#include <QAction>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
-#include <QKeyEvent>
-#include <QLineEdit>
+#include <QMenu>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -24,20 +24,13 @@ RecentPicker::RecentPicker(const Services &services, QWidget *parent)
       m_model(new ZelBoxRecentFileModel(this)),
       m_logic(new KRecentFileLogic(services, this)),
       m_rows(new RecentSortFilterModel(this)),
-      m_input(new QLineEdit(this)),
+      m_input(new SearchField(tr("Search recent documents"), this)),
       m_list(new SectionListView(this)),
       m_nothing(new EmptyStateWidget(QStringLiteral(":/icons_svg/empty_recent.svg"), {}, {}, this)),
       m_notice((new NoticeArea(this))->addBar())
 {
     m_logic->setModel(m_model);
     m_rows->setSourceModel(m_model);
-    m_input->setPlaceholderText(tr("Search recent documents"));
-    m_input->setAccessibleName(tr("Search recent documents"));
-    m_input->setClearButtonEnabled(true);
-    m_input
-        ->addAction(zel::tintedIcon(QStringLiteral(":/icons_svg/search.svg"), KSkin::Color::TextSecondary),
-            QLineEdit::LeadingPosition)
-        ->setText(tr("Search")); // never seen, but read out
     // The glyph is a picture, and the clear button works with the keyboard anyway: neither is a stop.
     for (QToolButton *button : m_input->findChildren<QToolButton *>())
         button->setFocusPolicy(Qt::NoFocus);
@@ -48,7 +41,6 @@ RecentPicker::RecentPicker(const Services &services, QWidget *parent)
     m_list->setModel(m_rows);
     m_list->setSectionsShown(false);
     m_list->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_list->setContextMenuPolicy(Qt::DefaultContextMenu);
     m_list->setFocusPolicy(Qt::NoFocus);
     layOut();
     connectModels();
@@ -97,6 +89,7 @@ void RecentPicker::connectInput()
         updateState();
     });
     connect(m_list, &SectionListView::clicked, this, &RecentPicker::openChosen);
+    connect(m_list, &QWidget::customContextMenuRequested, this, &RecentPicker::showMenu);
 }
 
 void RecentPicker::focusInput()
@@ -120,6 +113,7 @@ void RecentPicker::startLoading()
 void RecentPicker::setPopupsAllowed(bool allowed)
 {
     m_input->setContextMenuPolicy(allowed ? Qt::DefaultContextMenu : Qt::PreventContextMenu);
+    m_list->setContextMenuPolicy(allowed ? Qt::CustomContextMenu : Qt::PreventContextMenu);
 }
 
 QModelIndex RecentPicker::chosen() const
@@ -146,6 +140,21 @@ void RecentPicker::revealChosen()
             DocumentOpening::Problem::NotOnThisDevice, row.data(ZelBoxRecentFileModel::NameRole).toString()));
     m_notice->hide();
     m_logic->opening()->reveal(row.data(ZelBoxRecentFileModel::PathRole).toString());
+}
+
+void RecentPicker::showMenu(const QPoint &inList)
+{
+    const QModelIndex row = m_list->indexAt(inList);
+    if (!row.isValid())
+        return;
+    m_list->setCurrentIndex(row);
+    auto *menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QVector<int> commands{int(RecentCommand::Open), int(RecentCommand::OpenFolder)};
+    recentActionTable().fill(
+        menu, commands, [](int) { return true; },
+        [this](int command) { command == int(RecentCommand::Open) ? openChosen() : revealChosen(); });
+    menu->popup(m_list->viewport()->mapToGlobal(inList));
 }
 
 void RecentPicker::chooseFirst()
@@ -181,6 +190,10 @@ bool RecentPicker::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_input && event->type() == QEvent::KeyPress && handleKey(static_cast<QKeyEvent *>(event)))
         return true;
+    // The mouse means the field, but the Menu key the row that is chosen.
+    if (watched == m_input && event->type() == QEvent::ContextMenu && chosen().isValid()
+        && static_cast<QContextMenuEvent *>(event)->reason() == QContextMenuEvent::Keyboard)
+        return QCoreApplication::sendEvent(m_list, event);
     return QWidget::eventFilter(watched, event);
 }
 

@@ -7,13 +7,14 @@
 class EmptyStateWidget;
 class NoticeBar;
 class QKeyEvent;
-class QLineEdit;
 class RecentSortFilterModel;
+class SearchField;
 class SectionListView;
 class ZelBoxRecentFileModel;
 
 /// A search field over the recent documents, newest first: type to narrow the list, Up and Down choose, Enter
-/// or a click opens, Ctrl+Enter shows the file in its folder. GUI thread. The keyboard stays in the field.
+/// or a click opens, Ctrl+Enter shows the file in its folder; the Menu key and a right click offer both. GUI
+/// thread. The keyboard stays in the field.
 class RecentPicker : public QWidget
 {
     Q_OBJECT
@@ -27,9 +28,9 @@ public:
     void focusInput();                   ///< and selects what is in it
     bool clearInput();                   ///< false when nothing was in it
     void startLoading();                 ///< on the first show of the window that holds it
-    void setPopupsAllowed(bool allowed); ///< false: the field opens no menu of its own
+    void setPopupsAllowed(bool allowed); ///< false: neither field nor rows open a menu
 
-    QLineEdit *input() const { return m_input; }
+    SearchField *input() const { return m_input; }
     SectionListView *list() const { return m_list; }
 
 Q_SIGNALS:
@@ -46,6 +47,7 @@ private:
     QModelIndex chosen() const;
     void openChosen();
     void revealChosen();
+    void showMenu(const QPoint &inList);
     void chooseFirst();
     void updateState();
     void checkPresence(const QModelIndexList &shown);
@@ -53,7 +55,7 @@ private:
     ZelBoxRecentFileModel *m_model;
     KRecentFileLogic *m_logic;
     RecentSortFilterModel *m_rows;
-    QLineEdit *m_input;
+    SearchField *m_input;
     SectionListView *m_list;
     EmptyStateWidget *m_nothing;
     NoticeBar *m_notice;

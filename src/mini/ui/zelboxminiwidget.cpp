@@ -4,6 +4,7 @@
 #include "klook.h"
 #include "kskin.h"
 #include "mini/ui/recentpicker.h"
+#include "widgets/searchfield.h"
 #include "widgets/windowframe.h"
 
 #include <QIcon>
