@@ -1405,6 +1405,41 @@
     </message>
 </context>
 <context>
+    <name>QShortcut</name>
+    <message>
+        <source>Return</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Enter</source>
+        <translation>Enter</translation>
+    </message>
+    <message>
+        <source>Space</source>
+        <translation>Space</translation>
+    </message>
+    <message>
+        <source>Backspace</source>
+        <translation>Backspace</translation>
+    </message>
+    <message>
+        <source>Left</source>
+        <translation>←</translation>
+    </message>
+    <message>
+        <source>Right</source>
+        <translation>→</translation>
+    </message>
+    <message>
+        <source>Up</source>
+        <translation>↑</translation>
+    </message>
+    <message>
+        <source>Down</source>
+        <translation>↓</translation>
+    </message>
+</context>
+<context>
     <name>RecentCommands</name>
     <message>
         <source>Undo Pinning</source>
@@ -2343,11 +2378,11 @@
         <translation>主菜单</translation>
     </message>
     <message>
-        <source>Cloud documents</source>
+        <source>Cloud Documents</source>
         <translation>云文档</translation>
     </message>
     <message>
-        <source>Cloud website</source>
+        <source>Cloud Website</source>
         <translation>云网站</translation>
     </message>
     <message>
@@ -2355,7 +2390,7 @@
         <translation>传输列表</translation>
     </message>
     <message>
-        <source>Upgrade membership</source>
+        <source>Upgrade Membership</source>
         <translation>升级会员</translation>
     </message>
     <message>
@@ -2363,7 +2398,7 @@
         <translation>设置</translation>
     </message>
     <message>
-        <source>Sign out</source>
+        <source>Sign Out</source>
         <translation>退出登录</translation>
     </message>
     <message>
@@ -2379,8 +2414,12 @@
         <translation>未登录</translation>
     </message>
     <message>
-        <source>Sign in…</source>
+        <source>Sign In…</source>
         <translation>登录…</translation>
+    </message>
+    <message>
+        <source>Signed in as %1</source>
+        <translation>已登录：%1</translation>
     </message>
 </context>
 <context>
@@ -2612,7 +2651,7 @@ Last used on %2</source>
         <translation>显示 ZEL Box</translation>
     </message>
     <message>
-        <source>Mini window</source>
+        <source>Mini Window</source>
         <translation>迷你窗口</translation>
     </message>
     <message>

@@ -56,6 +56,19 @@ QVector<ShortcutRow> makeTable()
     };
 }
 
+// Qt's own catalogues translate some names of keys and leave others as they stand on the keys. These are the
+// ones that the box shows: a catalogue of ours gives them names of one kind.
+[[maybe_unused]] constexpr const char *KeyNames[] = {
+    QT_TRANSLATE_NOOP("QShortcut", "Return"),
+    QT_TRANSLATE_NOOP("QShortcut", "Enter"),
+    QT_TRANSLATE_NOOP("QShortcut", "Space"),
+    QT_TRANSLATE_NOOP("QShortcut", "Backspace"),
+    QT_TRANSLATE_NOOP("QShortcut", "Left"),
+    QT_TRANSLATE_NOOP("QShortcut", "Right"),
+    QT_TRANSLATE_NOOP("QShortcut", "Up"),
+    QT_TRANSLATE_NOOP("QShortcut", "Down"),
+};
+
 QVector<ShortcutRow> &table()
 {
     static QVector<ShortcutRow> rows = makeTable();

@@ -202,7 +202,7 @@ private Q_SLOTS:
             entry >> id >> properties;
             ids.insert(properties.value("label"_s).toString().remove(QLatin1Char('_')), id);
         }
-        for (const char *label : {"Show ZEL Box", "Mini window", "Settings", "Exit"}) {
+        for (const char *label : {"Show ZEL Box", "Mini Window", "Settings", "Exit"}) {
             QVERIFY2(ids.contains(QLatin1String(label)), label);
             watcher.ask(path, interface, "Event"_s,
                 {ids.value(QLatin1String(label)), "clicked"_s, QVariant::fromValue(QDBusVariant(0)), 0U});

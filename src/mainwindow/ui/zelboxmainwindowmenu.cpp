@@ -33,7 +33,8 @@ ZelBoxMainWindowMenu::ZelBoxMainWindowMenu(MainWindowHost *host, CloudSpace *spa
     account->setText(tr("Cloud space")); // never seen, but read out
     addAction(account);
     addSeparator();
-    add("nav_cloud", tr("Cloud documents"), &ZelBoxMainWindowMenu::onCloudDiskAction);
+    zel::Shortcuts::instance()->follow(QStringLiteral("page.2"),
+        add("nav_cloud", tr("Cloud Documents"), &ZelBoxMainWindowMenu::onCloudDiskAction));
     add("transfer", tr("Transfers"), &ZelBoxMainWindowMenu::onTransferDetailAction);
     addServerEntries();
     addSeparator();
@@ -59,8 +60,8 @@ void ZelBoxMainWindowMenu::addServerEntries()
 {
     if (serverAddress().isEmpty())
         return;
-    add("globe", tr("Cloud website"), &ZelBoxMainWindowMenu::onCloudWebsiteAction);
-    add("upgrade", tr("Upgrade membership"), &ZelBoxMainWindowMenu::onUpgradeVipAction);
+    add("globe", tr("Cloud Website"), &ZelBoxMainWindowMenu::onCloudWebsiteAction);
+    add("upgrade", tr("Upgrade Membership"), &ZelBoxMainWindowMenu::onUpgradeVipAction);
 }
 
 void ZelBoxMainWindowMenu::onCloudDiskAction()
@@ -106,6 +107,6 @@ void ZelBoxMainWindowMenu::onExitAction()
 void ZelBoxMainWindowMenu::onUserVipInfoUpdate()
 {
     const bool signedIn = m_space->isLoggedIn();
-    m_spaceText->setText(signedIn ? m_space->accountName() : tr("Not signed in"));
-    m_sign->setText(signedIn ? tr("Sign out") : tr("Sign in…"));
+    m_spaceText->setText(signedIn ? tr("Signed in as %1").arg(m_space->accountName()) : tr("Not signed in"));
+    m_sign->setText(signedIn ? tr("Sign Out") : tr("Sign In…"));
 }

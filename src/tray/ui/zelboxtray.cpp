@@ -32,7 +32,7 @@ ZelBoxTray::~ZelBoxTray() = default;
 void ZelBoxTray::makeMenu()
 {
     m_menu->addAction(tr("Show ZEL Box"), this, &ZelBoxTray::mainWindowRequested);
-    m_menu->addAction(tr("Mini window"), this, &ZelBoxTray::miniWindowRequested);
+    m_menu->addAction(tr("Mini Window"), this, &ZelBoxTray::miniWindowRequested);
     m_menu->addAction(tr("Settings"), this, &ZelBoxTray::settingsRequested);
     m_menu->addSeparator();
     m_menu->addAction(tr("Exit"), this, &ZelBoxTray::exitRequested);
