@@ -378,6 +378,7 @@ void ZelBoxCore::onLanguageChosen()
 {
     krt::KAppTranslators::uninstallTranslation(krt::applicationName());
     krt::KAppTranslators::installTranslation(krt::applicationName());
+    QApplication::setFont(KLiteStyle::applicationFont());
     // The chooser is one of the windows that go.
     QMetaObject::invokeMethod(this, &ZelBoxCore::remakeWindows, Qt::QueuedConnection);
 }

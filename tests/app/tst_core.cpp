@@ -232,6 +232,7 @@ void TestCore::languageAtOnce()
         return core->mainWindow()->findChild<QAbstractButton *>(QStringLiteral("page_RecentFile"))->text();
     };
     QTRY_COMPARE(titleOf(), QStringLiteral("最近"));
+    QVERIFY(QApplication::font().families().at(1).startsWith(QLatin1String("Microsoft YaHei")));
     QVERIFY(core->mainWindow()->isVisible());
     QCOMPARE(core->mainWindow()->geometry(), place);
     QCOMPARE(core->mainWindow()->central()->currentPage(), 4);
@@ -240,6 +241,7 @@ void TestCore::languageAtOnce()
     chooseLanguage(QString());
     core->onLanguageChosen();
     QTRY_COMPARE(titleOf(), QStringLiteral("Recent"));
+    QCOMPARE(QApplication::font().families().at(1), QStringLiteral("Noto Sans"));
 }
 
 // What is under way, and would be in the code of a window that goes, comes to its end first.

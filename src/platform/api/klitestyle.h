@@ -29,9 +29,10 @@ public:
     /// The skin's colours as a palette: Window and Base are KSkin's Surface, AlternateBase is KSkin's Window.
     static QPalette palette(bool dark, bool highContrast = false);
 
-    /// "Microsoft YaHei" of 9 points (times the text scale where the dpi does not hold it), with sans-serifs
-    /// that cover Latin and Chinese alike for where the family is not installed. Once it is the application's
-    /// font (QApplication::setFont), it follows changes of scale by itself.
+    /// "Microsoft YaHei" of 9 points (times the text scale where the dpi does not hold it), with other
+    /// sans-serifs for where the family is not installed: for Chinese texts those that cover Latin and
+    /// Chinese alike come first, else Latin ones, whose quotes are narrow. Once it is the application's font
+    /// (QApplication::setFont), it follows changes of scale by itself.
     static QFont applicationFont();
 
     QPalette standardPalette() const override;

@@ -20,6 +20,10 @@ public:
     /// Removes what installTranslation(name) installed. Does nothing once the application object is gone,
     /// because Qt has dropped the translators by then.
     static void uninstallTranslation(const QString &name);
+
+    /// The language of the catalogue that was installed last, as its folder is called ("zh_CN"); empty when
+    /// there is none, so that texts are English.
+    static QString language();
 };
 
 } // namespace krt

@@ -25,6 +25,12 @@ QHash<QString, Translators> &installed()
     return *table;
 }
 
+QString &languageInUse()
+{
+    static auto *language = new QString; // likewise
+    return *language;
+}
+
 QStringList wantedLanguages()
 {
     KSettings settings;
@@ -95,8 +101,11 @@ Translators loadFirst(const QString &name)
     for (const QString &language : languages) {
         for (const QString &folderName : folderNames(language)) {
             // The later installed is asked first, so Qt's own comes before the catalogue.
-            if (QTranslator *catalogue = loadCatalogue(name, folderName))
-                return {loadQtCatalogue(language), catalogue};
+            QTranslator *catalogue = loadCatalogue(name, folderName);
+            if (!catalogue)
+                continue;
+            languageInUse() = folderName;
+            return {loadQtCatalogue(language), catalogue};
         }
         if (isEnglish(language)) // the texts are English already: no less wanted language may take over
             break;
@@ -111,6 +120,7 @@ bool KAppTranslators::installTranslation(const QString &name)
     if (!qApp)
         return false;
     uninstallTranslation(name);
+    languageInUse().clear();
     const Translators translators = loadFirst(name);
     for (QTranslator *translator : translators) {
         if (translator)
@@ -127,6 +137,11 @@ void KAppTranslators::uninstallTranslation(const QString &name)
         return;
     for (QTranslator *translator : translators)
         delete translator; // removes itself from the application
+}
+
+QString KAppTranslators::language()
+{
+    return languageInUse();
 }
 
 } // namespace krt

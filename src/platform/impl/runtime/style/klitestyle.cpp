@@ -1,5 +1,6 @@
 #include "klitestyle.h"
 
+#include "krt/kapptranslators.h"
 #include "kskin.h"
 #include "stylepaint.h"
 
@@ -34,6 +35,19 @@ void setEdgeColors(QPalette &palette, const QColor &border, const QColor &surfac
     palette.setColor(QPalette::Shadow, Qt::black);
 }
 
+// What shows first in a line also gives quotes and dots their width, which Chinese wants wide and Latin
+// narrow. Both come before a family for which neither was drawn.
+QStringList substitutes(const QString &language)
+{
+    const QStringList chinese{QStringLiteral("Microsoft YaHei UI"), QStringLiteral("Noto Sans CJK SC"),
+        QStringLiteral("Source Han Sans SC"), QStringLiteral("Source Han Sans CN"),
+        QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("WenQuanYi Zen Hei")};
+    const QStringList latin{QStringLiteral("Noto Sans"), QStringLiteral("Open Sans"),
+        QStringLiteral("Cantarell"), QStringLiteral("Ubuntu"), QStringLiteral("Liberation Sans")};
+    const QStringList last{QStringLiteral("DejaVu Sans")};
+    return language.startsWith(QLatin1String("zh")) ? chinese + latin + last : latin + chinese + last;
+}
+
 // On X11 the desktop puts the scale of texts into the dpi; a dpi forced upon Wayland stands for it, too.
 qreal textScaleBesidesDpi()
 {
@@ -47,16 +61,9 @@ qreal textScaleBesidesDpi()
 
 QFont KLiteStyle::applicationFont()
 {
-    static const QString family = [] {
-        const QString wanted = QStringLiteral("Microsoft YaHei");
-        QFont::insertSubstitutions(wanted,
-            {QStringLiteral("Microsoft YaHei UI"), QStringLiteral("Noto Sans CJK SC"),
-                QStringLiteral("Source Han Sans SC"), QStringLiteral("Source Han Sans CN"),
-                QStringLiteral("WenQuanYi Micro Hei"), QStringLiteral("WenQuanYi Zen Hei"),
-                QStringLiteral("Noto Sans"), QStringLiteral("DejaVu Sans")});
-        return wanted;
-    }();
+    const QString family = QStringLiteral("Microsoft YaHei");
     QFont font(family);
+    font.setFamilies(QStringList(family) + substitutes(krt::KAppTranslators::language()));
     font.setPointSizeF(FontPoints * textScaleBesidesDpi());
     return font;
 }
