@@ -1,7 +1,12 @@
 #include "app/instancelock.h"
 
+#include "base/logging.h"
+#include "base/posix/filelock.h"
+
 #include <QDir>
 #include <QFile>
+#include <cerrno>
+#include <cstring>
 
 #include <fcntl.h>
 #include <unistd.h>
@@ -16,7 +21,14 @@ QString zel::instanceLockPath()
 void zel::takeInstanceLock()
 {
     const QByteArray path = QFile::encodeName(instanceLockPath());
-    const int fd = ::open(path.constData(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644);
+    constexpr int flags = O_WRONLY | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+    posix::UniqueFd opened(::open(path.constData(), flags, 0644));
+    if (!opened || !posix::isOwnPlainFile(opened.get())) {
+        qCWarning(lcApp, "%s cannot be locked: %s", path.constData(),
+            opened ? "it is not a plain file of ours" : std::strerror(errno));
+        return;
+    }
+    const int fd = opened.release();
     struct flock wholeFile = {};
     wholeFile.l_type = F_WRLCK;
     wholeFile.l_whence = SEEK_SET;

@@ -8,9 +8,10 @@ namespace zel {
 /// `<temporary folder>/__#_ZELBOX_INVELA_INSTANCE_KEY_#__<real uid>.lock`
 QString instanceLockPath();
 
-/// Opens the lock file and asks for a write lock over all of it, without waiting. Whether that works is not
-/// looked at, and the descriptor stays open until the process ends: an fcntl lock falls when the process
-/// closes any descriptor of the file, so nothing else may open it.
+/// Opens the lock file and asks for a write lock over all of it, without waiting. Whether another process has
+/// it is not looked at, and the descriptor stays open until the process ends: an fcntl lock falls when the
+/// process closes any descriptor of the file, so nothing else may open it. What is not a plain file of ours,
+/// in a folder where everybody may put something, is left alone and logged.
 void takeInstanceLock();
 
 } // namespace zel

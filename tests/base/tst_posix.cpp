@@ -105,14 +105,20 @@ private Q_SLOTS:
         }
     }
 
-    void runtimeDirWithoutXdg_data() { zeltest::rows<bool>("set", {{"unset", false}, {"relative", true}}); }
+    void runtimeDirWithoutXdg_data()
+    {
+        zeltest::rows<QString>("set", {{"unset", {}}, {"relative", "relative/folder"}, {"too long", "/%1"}});
+    }
     void runtimeDirWithoutXdg()
     {
-        QFETCH(bool, set);
+        QFETCH(QString, set);
         const QByteArray temporary = qgetenv("TMPDIR");
         qputenv("TMPDIR", m_folder->path().toLocal8Bit());
-        if (set)
-            qputenv("XDG_RUNTIME_DIR", "relative/folder");
+        if (set == "/%1"_s)
+            set = m_folder->filePath(QString(90, QLatin1Char('x')));
+        QVERIFY(!set.startsWith(m_folder->path()) || QDir().mkdir(set));
+        if (!set.isEmpty())
+            qputenv("XDG_RUNTIME_DIR", set.toLocal8Bit());
         else
             qunsetenv("XDG_RUNTIME_DIR");
         const RuntimeDir dir = openRuntimeDir();
@@ -151,10 +157,14 @@ private Q_SLOTS:
         QVERIFY(locked);
     }
 
-    void lockFileIsNoLink()
+    void lockFileIsPlain()
     {
-        QCOMPARE(::symlink(path("target").c_str(), path("lock").c_str()), 0);
-        QVERIFY(!openLockFile(path("lock")));
+        QCOMPARE(::symlink(path("target").c_str(), path("link").c_str()), 0);
+        QCOMPARE(::mkfifo(path("pipe").c_str(), 0600), 0);
+        for (const char *name : {"link", "pipe", "."}) {
+            QVERIFY2(!openLockFile(path(name)), name);
+            QCOMPARE(errno, EINVAL);
+        }
         QVERIFY(!QFileInfo::exists(QString::fromStdString(path("target"))));
     }
 

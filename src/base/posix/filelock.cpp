@@ -59,11 +59,22 @@ private:
 
 UniqueFd openLockFile(const std::string &path)
 {
-    UniqueFd fd(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+    constexpr int flags = O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
+    UniqueFd fd(::open(path.c_str(), flags, 0600));
+    if (fd ? !isOwnPlainFile(fd.get()) : errno == ELOOP || errno == EISDIR || errno == ENXIO) {
+        fd.reset();
+        errno = EINVAL;
+    }
     // The sticky bit exempts it from the periodic clean-up of runtime folders; without it only that is lost.
     if (fd && ::fchmod(fd.get(), S_ISVTX | 0600) != 0)
         ::fchmod(fd.get(), 0600);
     return fd;
+}
+
+bool isOwnPlainFile(int fd)
+{
+    struct stat info = {};
+    return ::fstat(fd, &info) == 0 && S_ISREG(info.st_mode) && info.st_uid == ::geteuid();
 }
 
 bool tryLock(int fd)

@@ -10,8 +10,12 @@ namespace zel::posix {
 /// Whole-file locks between processes (flock). The kernel drops a lock with its last descriptor, so a killed
 /// process never leaves one behind. All functions leave errno set when they fail.
 
-/// Opens or makes the file with mode 0600; a symbolic link is refused. Empty on failure. Any thread.
+/// Opens or makes the file with mode 0600. Empty on failure; errno EINVAL means that something else than a
+/// plain file of ours is there. Never waits for a pipe's other end. Any thread.
 UniqueFd openLockFile(const std::string &path);
+
+/// Whether it is a plain file that belongs to us, and so can be locked without anybody's leave. Any thread.
+bool isOwnPlainFile(int fd);
 
 /// True when this descriptor now holds the lock; errno EWOULDBLOCK means that another one does. Any thread.
 bool tryLock(int fd);

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <unistd.h>
 
 namespace zel::posix {
@@ -39,19 +40,31 @@ bool isOurs(const char *folder)
     return ::stat(folder, &info) == 0 && S_ISDIR(info.st_mode) && info.st_uid == ::geteuid();
 }
 
+// The kernel takes socket paths of 107 bytes at most; this is our longest name.
+bool hasRoomForSockets(const std::string &folder)
+{
+    return folder.size() + sizeof("/zelbox.sock") <= sizeof(sockaddr_un::sun_path);
+}
+
+std::string runtimePath()
+{
+    const char *runtime = std::getenv("XDG_RUNTIME_DIR");
+    if (runtime != nullptr && runtime[0] == '/' && isOurs(runtime)) {
+        std::string path = std::string(runtime) + "/zelbox";
+        if (hasRoomForSockets(path))
+            return path;
+    }
+    const std::string name = "/zelbox-" + std::to_string(::getuid());
+    const char *temporary = std::getenv("TMPDIR");
+    const bool usable = temporary != nullptr && temporary[0] == '/' && hasRoomForSockets(temporary + name);
+    return (usable ? temporary : "/tmp") + name;
+}
+
 } // namespace
 
 RuntimeDir openRuntimeDir()
 {
-    std::string path;
-    const char *runtime = std::getenv("XDG_RUNTIME_DIR");
-    if (runtime != nullptr && runtime[0] == '/' && isOurs(runtime)) {
-        path = std::string(runtime) + "/zelbox";
-    } else {
-        const char *temporary = std::getenv("TMPDIR");
-        const bool usable = temporary != nullptr && temporary[0] == '/';
-        path = std::string(usable ? temporary : "/tmp") + "/zelbox-" + std::to_string(::getuid());
-    }
+    std::string path = runtimePath();
     std::string error = makePrivate(path);
     if (!error.empty())
         return {{}, std::move(error)};

@@ -66,7 +66,7 @@ void SingleInstance::release()
 
 SingleInstance::Claim SingleInstance::fail(const std::string &path)
 {
-    m_error = path + ": " + std::strerror(errno);
+    m_error = path + ": " + (errno == EINVAL ? "is not a plain file of ours" : std::strerror(errno));
     return Claim::Failed;
 }
 
