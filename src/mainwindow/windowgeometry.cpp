@@ -20,12 +20,11 @@ QRect storedRect(int x, int y, int width, int height, const ScreenState &screen)
 {
     constexpr int limit = 32767;
     constexpr int screensful = 4;
-    const auto outside = [](int value) { return value < -limit || value > limit; };
-    if (outside(x) || outside(y) || outside(width) || outside(height))
+    if (width > limit || height > limit)
         return {};
     if (width > screensful * screen.totalWidth || height > screensful * screen.primary.height())
         return {};
-    return {x, y, width, height};
+    return {std::clamp(x, -limit, limit), std::clamp(y, -limit, limit), width, height};
 }
 
 QRect centered(const QSize &size, const QRect &area)
@@ -34,14 +33,6 @@ QRect centered(const QSize &size, const QRect &area)
     // area.
     return {area.left() + (area.width() - size.width()) / 2, area.top() + (area.height() - size.height()) / 2,
         size.width(), size.height()};
-}
-
-QRect fitted(const QRect &rect, const QRect &area)
-{
-    const QSize size = rect.size().boundedTo(area.size());
-    return {qBound(area.left(), rect.left(), area.left() + area.width() - size.width()),
-        qBound(area.top(), rect.top(), area.top() + area.height() - size.height()), size.width(),
-        size.height()};
 }
 
 Placement restore(const StoredPlacement &stored, const QSize &current, const ScreenState &screen)
@@ -60,8 +51,6 @@ Placement restore(const StoredPlacement &stored, const QSize &current, const Scr
     if (!keepsPosition(result.normal, screen))
         result.normal = centered(result.normal.size(), screen.available);
     result.normal.moveTo(std::max(0, result.normal.left()), std::max(0, result.normal.top()));
-    if (!hasStored || stored.screensChanged)
-        result.normal = fitted(result.normal, screen.available);
     return result;
 }
 
