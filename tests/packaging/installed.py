@@ -5,6 +5,7 @@ import configparser
 import contextlib
 import os
 import pathlib
+import re
 import select
 import shlex
 import shutil
@@ -66,6 +67,15 @@ class Installed(unittest.TestCase):
         code, said = run(*command)
         self.assertEqual((code, said if output is not None else None), (0, output), said)
         return said
+
+    def test_target_box_makes_what_is_installed(self):
+        build = pathlib.Path(os.environ["ZEL_BUILD_DIR"])
+        made = self.expect("ninja", "-C", build, "-t", "commands", "box")
+        scripts = "".join(path.read_text(encoding="utf-8") for path in build.rglob("cmake_install.cmake"))
+        for files in re.findall(r"^ *file\(INSTALL [^)]* FILES\s+([^)]*)\)", scripts, re.MULTILINE):
+            for path in map(pathlib.Path, re.findall('"(.*?)"', files)):
+                if build in path.parents and "filled" not in path.parts:
+                    self.assertIn(str(path.relative_to(build)), made)
 
     def test_self_test(self):
         self.expect(self.prefix / "bin/zelbox", "--self-test", output="self-test: ok")
