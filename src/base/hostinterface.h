@@ -53,6 +53,19 @@ protected:
     ~HostMessageInterface() = default;
 };
 
+/// What launchers name the memory and the mutex by which they find each other outside of the message channel.
+/// The box itself opens neither.
+struct SharedMemoryNames
+{
+    const wchar_t *key;
+    const wchar_t *mutex;
+    const wchar_t *content;
+};
+inline constexpr SharedMemoryNames DesktopSharedMemory{
+    L"{DEB796DA-F98E-48A4-AE1E-71411184820E}", L"shared_memory_mutex", L"shared_memory_content"};
+inline constexpr SharedMemoryNames StoreAppSharedMemory{
+    L"{DEB796DA-F98E-48A4-AE1E-71411184821F}", L"uwp_shared_memory_mutex", L"uwp_shared_memory_content"};
+
 /// The host's exported function that fills in its interface: `GetHostInterface`, looked up by name.
 using GetHostInterfaceFunction = void (*)(HostMessageInterface **out);
 /// The library's exported entry: `EntryPoint`. `cmdline` is the whole command line without the program's
