@@ -144,7 +144,19 @@ void CloudDocLink::changeTransfers(const QStringList &ids, TransferStep step, Th
 
 void CloudDocLink::subscribeTransfers()
 {
-    zel::tell(m_proxy, "velaIpcCall",
-        KVelaUtil::ipcArg(
-            QStringLiteral("subscribeTransNotify"), {{QStringLiteral("subscribe"), QStringLiteral("true")}}));
+    if (!m_proxy)
+        return;
+    KVelaIpcLoginCache login;
+    m_proxy->getUserLoginInfo(&login);
+    const VelaIpcArg all = KVelaUtil::ipcArg(QStringLiteral("subscribeTransNotify"),
+        {{QStringLiteral("userID"), login.userId}, {QStringLiteral("taskIDs"), QString()},
+            {QStringLiteral("subscribe"), QStringLiteral("true")}});
+    m_proxy->asynCallEx(QStringLiteral("velaIpcCall"), QArgument<VelaIpcArg>("VelaIpcArg", all), this,
+        QStringLiteral("onSubscribeTransNotify"));
+}
+
+void CloudDocLink::onSubscribeTransNotify(bool bOk, const QString &, const VelaIpcResult &result)
+{
+    if (!bOk || result.state != 0)
+        qCWarning(lcCloud, "the service does not tell how far transfers are: %d", result.state);
 }

@@ -59,6 +59,9 @@ Q_SIGNALS:
     void reachedChanged(bool reached); ///< after a loss, before the requests that it ended tell so
     void news(const CloudNews &news);
 
+private Q_SLOTS:
+    void onSubscribeTransNotify(bool bOk, const QString &requestId, const zel::vela::VelaIpcResult &result);
+
 private:
     template <class Answer, class Value, class Read>
     void ask(const char *method, const zel::CloudRequestData &request, Then<Value> then, Read valueOf);
