@@ -63,7 +63,7 @@ void complete(vela::RecentFileItem &item, qint64 now)
     if (item.name.empty())
         item.name = QFileInfo(QString::fromStdString(item.path)).fileName().toStdString();
     item.b64fName = QByteArray::fromStdString(item.name).toBase64().toStdString();
-    if (item.fileTime <= 0)
+    if (item.fileTime <= 0 || item.fileTime > now) // a clock was wrong; it would stay the newest use for long
         item.fileTime = now;
     if (item.status.empty())
         item.status = item.deleted ? "deleted" : "normal";

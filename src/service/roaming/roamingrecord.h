@@ -27,8 +27,8 @@ struct RecordProblem
 /// Why a record cannot be kept; none when it can.
 RecordProblem problemOf(const vela::RecentFileItem &item);
 
-/// Fills what follows from other fields: the name from the path and back into Base64, missing times with
-/// `now`.
+/// Fills what follows from other fields: the name from the path and back into Base64, times that are
+/// missing or to come with `now`.
 void complete(vela::RecentFileItem &item, qint64 now);
 
 /// The record of a use that is told as an event.

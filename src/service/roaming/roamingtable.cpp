@@ -144,7 +144,7 @@ void RoamingTable::addOne(
 {
     complete(item, nowMs());
     const auto before = known(user, item);
-    if (before && before->fileTime > item.fileTime) {
+    if (before && qMin<qint64>(before->fileTime, nowMs()) > item.fileTime) {
         change.items.push_back(*before);
         return;
     }

@@ -6,6 +6,8 @@
 #include "service/methods/envelope/machinefacts.h"
 #include "service/methods/failuretexts.h"
 
+#include <QSet>
+#include <algorithm>
 #include <memory>
 
 namespace zel::service {
@@ -68,6 +70,11 @@ QStringList split(const QString &joined)
     QStringList parts = joined.split(Separator, Qt::SkipEmptyParts);
     parts.removeDuplicates();
     return parts;
+}
+
+QSet<QString> setOf(const QStringList &texts)
+{
+    return {texts.begin(), texts.end()};
 }
 
 // Sends `result` when there is no error.
@@ -205,7 +212,7 @@ void EnvelopeMethods::getFolderAutoUpdateType(const Values &values, Reply reply)
 {
     QString kept;
     const ServiceError error = m_parts.tables.read(m_parts.account.userId(), FoldersKey, kept);
-    const QStringList folders = split(kept);
+    const QSet<QString> folders = setOf(split(kept));
     VelaIpcResult result;
     for (const QString &folder : split(values.value(QStringLiteral("folderList"))))
         result.resultMap[folder.toStdString()] = folders.contains(folder) ? "1" : "0";
@@ -227,8 +234,10 @@ void EnvelopeMethods::updateAutoUpdateFolders(const Values &values, Reply reply)
     if (error != ServiceError::None || before == folders)
         return;
     const auto without = [](QStringList list, const QStringList &others) {
-        for (const QString &other : others)
-            list.removeAll(other);
+        const QSet<QString> gone = setOf(others);
+        list.erase(std::remove_if(
+                       list.begin(), list.end(), [&gone](const QString &one) { return gone.contains(one); }),
+            list.end());
         return utf8(list);
     };
     vela::NotifyAutoUpdateFoldersChangedArg changed;

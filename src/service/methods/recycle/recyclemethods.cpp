@@ -217,14 +217,20 @@ DriveResult<BatchDestroyRecycleFilesResult> batchDestroy(
     return result;
 }
 
-// What was removed after the request was made stays: whoever asked has not seen it in the bin.
+// What was removed after the request was made stays: whoever asked has not seen it in the bin. What is dated
+// ahead of now was removed when the clock was wrong.
+bool wasThere(const DriveJob &job, const DriveTrashItem &item)
+{
+    return item.deletedAt <= job.asked || item.deletedAt > QDateTime::currentMSecsSinceEpoch();
+}
+
 DriveResult<ClearRecycleBinResult> clear(const DriveJob &job, const ClearRecycleBinArg &request)
 {
     const auto space = folderId(job.drive, request.groupId, {});
     if (!space)
         return space.error();
     return destroy<ClearRecycleBinResult>(
-        job, [&job](const DriveTrashItem &item) { return item.deletedAt <= job.asked; },
+        job, [&job](const DriveTrashItem &item) { return wasThere(job, item); },
         [](ClearRecycleBinResult &result, const DriveTrashItem &) { ++result.clearedCount; });
 }
 
@@ -237,7 +243,7 @@ DriveResult<ClearRecycleBinV5Result> clearV5(const DriveJob &job, const ClearRec
     const bool byUser = request.deleterId.empty() || text(request.deleterId) == job.identity.userId;
     const auto wanted = [&](const DriveTrashItem &item) {
         const bool early = request.deletedBefore == 0 || item.deletedAt < request.deletedBefore;
-        return own && byUser && early && item.deletedAt <= job.asked;
+        return own && byUser && early && wasThere(job, item);
     };
     return destroy<ClearRecycleBinV5Result>(
         job, wanted, [](ClearRecycleBinV5Result &result, const DriveTrashItem &) { ++result.clearedCount; });

@@ -122,6 +122,12 @@ private Q_SLOTS:
         const auto bin = fixture.recycleBin();
         QCOMPARE(bin.size(), size_t(1));
         QCOMPARE(bin[0].name, std::string("b.txt"));
+        sqlite::Database dates; // removed when the clock was wrong
+        QVERIFY(dates.open(fixture.local("drive.db"))
+            && dates.exec("UPDATE drive_trash SET deleted_at = 1 << 52"));
+        QCOMPARE(
+            fixture.client.call<ClearRecycleBinResult>("clearRecycleBin", ClearRecycleBinArg()).clearedCount,
+            int64_t(1));
         ClearRecycleBinV5Arg odd;
         odd.deletedBefore = -1;
         QCOMPARE(fixture.client.call<ClearRecycleBinV5Result>("clearRecycleBinV5", odd).state,

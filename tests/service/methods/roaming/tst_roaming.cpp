@@ -1,5 +1,6 @@
 #include "notify_types.h"
 #include "service/methods/drivefixture.h"
+#include "support/testclock.h"
 
 using namespace zel;
 using namespace zel::vela;
@@ -71,6 +72,21 @@ private Q_SLOTS:
         QTEST(int(result.total), "count");
         QTEST(qint64(result.items.at(0).fileTime), "time");
         QVERIFY(!result.items.at(0).roamingId.empty());
+    }
+
+    // By a machine whose clock is wrong.
+    void datedAhead()
+    {
+        DriveFixture fixture;
+        const auto addAt = [&fixture](qint64 now, const char *path, qint64 time) {
+            const zeltest::FixedNow fixed(QDateTime::fromMSecsSinceEpoch(now));
+            add(fixture.client, {use(path, "that", "open", time)});
+        };
+        addAt(1000, "/a", 900000);
+        addAt(2000, "/b", 2000);
+        QCOMPARE(names(list(fixture.client)), "b a"_s);
+        addAt(3000, "/a", 3000);
+        QCOMPARE(names(list(fixture.client)), "a b"_s);
     }
 
     void answeredBeforeTold()
