@@ -1,4 +1,5 @@
 // Figures of the recent-file store with 50,000 records; each benchmark checks its outcome.
+#include "../loopgap.h"
 #include "platform/recentstore/recentfixture.h"
 
 #include "platform/impl/recentstore/records/recentlist.h"
@@ -6,7 +7,6 @@
 
 #include <QBuffer>
 #include <QCoreApplication>
-#include <QElapsedTimer>
 #include <QLoggingCategory>
 #include <QTimer>
 
@@ -34,27 +34,6 @@ void require(bool holds)
     if (!holds)
         qFatal("the outcome is wrong");
 }
-
-// Longest time in which the GUI thread's loop did not come round.
-class LoopGap
-{
-public:
-    LoopGap()
-    {
-        QObject::connect(&m_timer, &QTimer::timeout, [this] {
-            m_longest = std::max(m_longest, m_watch.nsecsElapsed());
-            m_watch.start();
-        });
-        m_watch.start();
-        m_timer.start(0);
-    }
-    double ms() const { return double(m_longest) / 1e6; }
-
-private:
-    QTimer m_timer;
-    QElapsedTimer m_watch;
-    qint64 m_longest = 0;
-};
 
 Home &filledHome()
 {

@@ -1,11 +1,14 @@
 #include "base/logging.h"
+#include "base/paths.h"
 #include "base/posix/exitsignals.h"
 #include "base/posix/runtimedir.h"
 #include "base/posix/singleinstance.h"
 #include "service/cloudservice.h"
+#include "service/endbound.h"
 #include "service/methods/clouddocuments.h"
 #include "service/server/socketactivation.h"
 #include "service/serviceoptions.h"
+#include "service/store/datafolder.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -22,6 +25,7 @@ namespace {
 
 constexpr std::chrono::seconds startTime{10};
 constexpr std::chrono::seconds graceWithoutClients{5};
+constexpr std::chrono::seconds endTime{8}; // below startTime: the next one waits for it
 
 int fail(const std::string &why)
 {
@@ -47,6 +51,12 @@ QString driveFolder(const ServiceOptions &options)
 
 int serve(SingleInstance &instance, const ServiceOptions &options)
 {
+    // These two go last: the threads that work on the user's data end with `documents`.
+    const zel::service::DataFolder data =
+        zel::service::claimDataFolder(zel::paths::dataDir(), zel::posix::deadlineIn(startTime));
+    if (data.isTaken)
+        return fail("another service works on the data of this user still");
+    zel::service::EndBound bound;
     zel::service::CloudService service(instance);
     CloudServer &server = service.server();
     CloudDocuments documents({driveFolder(options), CloudDocuments::defaultDriveDatabase()},
@@ -69,6 +79,7 @@ int serve(SingleInstance &instance, const ServiceOptions &options)
     qCInfo(lcService, "ready");
     reportReady(options.readyFd);
     const int result = QCoreApplication::exec();
+    bound.start(endTime);
     const auto starts = instance.holdStarts(zel::posix::deadlineIn(startTime));
     instance.release();
     qCInfo(lcService, "ends");

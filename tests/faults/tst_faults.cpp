@@ -1,13 +1,17 @@
+#include "faultcontrol.h"
 #include "kcloudsvrproxy.h"
 #include "support/serviceprocess.h"
 #include "support/table.h"
 #include "support/wireclient.h"
 
 #include "cloud/wire/serviceerror.h"
+#include "document_types.h"
+#include "drive_types.h"
 #include "message_types.h"
 #include "notify_types.h"
 #include "transfer_types.h"
 
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QRegularExpression>
 #include <QSet>
@@ -222,6 +226,73 @@ private Q_SLOTS:
         QVERIFY(told);
     }
 
+    // A service that was told to end while it flushes shares its work with nobody before it has ended.
+    void startsWhileTheOldOneFlushes()
+    {
+        const QByteArray content(8 << 20, 'c');
+        const QString target = m_service->home() + QStringLiteral("/target");
+        QVERIFY(QDir().mkpath(m_service->home() + QStringLiteral("/ZEL Cloud")) && QDir().mkpath(target));
+        QFile source(m_service->home() + QStringLiteral("/ZEL Cloud/large"));
+        QVERIFY(source.open(QIODevice::WriteOnly) && source.write(content) == content.size());
+        source.close();
+        if (qEnvironmentVariableIsEmpty("ZEL_FAULT_LAYER"))
+            QSKIP("no layer with sanitizers");
+        const QStringList layer = faults(target);
+        m_faults->takes[FaultControl::Flushes] = 3000;
+        m_faults->takes[FaultControl::Writes] = 100; // each of 32
+        QVERIFY(m_service->start(layer));
+        auto client = std::make_unique<WireClient>(m_service->socketPath());
+        QVERIFY(client->greet());
+        GetFileIdByFilePathArg find;
+        find.filePath = source.fileName().toStdString();
+        DownloadCloudFileArg download;
+        download.item = client->call<GetFileIdByFilePathResult>("getFileIdByFilePath", find)->item;
+        download.targetPath = target.toStdString() + "/large";
+        QVERIFY(client->call<DownloadCloudFileResult>("downloadFileFromCloud", download));
+        const auto parts = [&target](qint64 least) {
+            const auto files =
+                QDir(target).entryInfoList({QStringLiteral(".zel-part-*")}, QDir::Files | QDir::Hidden);
+            return std::count_if(
+                files.begin(), files.end(), [least](const QFileInfo &file) { return file.size() >= least; });
+        };
+        QTRY_COMPARE_WITH_TIMEOUT(parts(content.size()), 1, Patience);
+        m_service->terminate();
+        QVERIFY(m_service->start(layer));
+        client = std::make_unique<WireClient>(m_service->socketPath());
+        QVERIFY(client->greet());
+        const QString real = target + QStringLiteral("/large");
+        QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(real), Patience);
+        m_service->kill();
+        QCOMPARE(QFileInfo(real).size(), qint64(content.size()));
+        QVERIFY(m_service->start());
+        client = std::make_unique<WireClient>(m_service->socketPath());
+        QVERIFY(client->greet());
+        QTRY_COMPARE_WITH_TIMEOUT(parts(0), 0, Patience);
+    }
+
+    // One file system that does not answer holds up what asks it, and neither the drive nor the end.
+    void deadFileSystem()
+    {
+        const QString dead = m_service->home() + QStringLiteral("/dead");
+        QVERIFY(QDir().mkpath(dead));
+        if (qEnvironmentVariableIsEmpty("ZEL_FAULT_LAYER"))
+            QSKIP("no layer with sanitizers");
+        const QStringList layer = faults(dead);
+        m_faults->takes[FaultControl::Looks] = 60000;
+        QVERIFY(m_service->start(layer));
+        WireClient client(m_service->socketPath());
+        QVERIFY(client.greet());
+        UploadFileArg upload;
+        upload.filePath = dead.toStdString() + "/a";
+        client.send("uploadFile", upload);
+        QElapsedTimer since;
+        since.start();
+        QVERIFY(client.call<GetInfoListResult>("getInfoList", GetInfoListArg()));
+        QVERIFY2(since.elapsed() < 3000, "the drive answers");
+        m_service->terminate();
+        QVERIFY2(m_service->hasEnded(20000), "and so does its end");
+    }
+
     // A file system of one megabyte, in a namespace of its own so that no right is needed.
     void fullDisk()
     {
@@ -315,7 +386,20 @@ private:
         }
     }
 
+    /// A wrapper for start(), with which the layer does as m_faults says with what lies below a folder.
+    QStringList faults(const QString &folder)
+    {
+        const QByteArray file = QFile::encodeName(m_service->home()) + "/faults";
+        m_faults = openFaultControl(file.constData());
+        qstrncpy(m_faults->folder, QFile::encodeName(QFileInfo(folder).canonicalFilePath()).constData(),
+            sizeof(m_faults->folder));
+        return {QStringLiteral("env"),
+            QStringLiteral("LD_PRELOAD=") + qEnvironmentVariable("ZEL_FAULT_LAYER"),
+            QStringLiteral("ZEL_FAULTS=") + QString::fromUtf8(file)};
+    }
+
     std::unique_ptr<ServiceProcess> m_service;
+    FaultControl *m_faults = nullptr;
 };
 
 QTEST_GUILESS_MAIN(TestFaults)

@@ -82,6 +82,25 @@ private Q_SLOTS:
         }
     }
 
+    // Two runtime folders do not make two services of one home.
+    void otherRuntimeFolder()
+    {
+        const Process process = startReady();
+        QVERIFY(process);
+        QVERIFY(QDir().mkdir(m_folder->filePath("other"_s)));
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder->filePath("other"_s)));
+        const Process second = start();
+        QVERIFY(hasEnded(*second));
+        QCOMPARE(second->exitCode(), 1);
+        QVERIFY(second->readAllStandardError().contains("another service"));
+        process->terminate();
+        const Process third = startReady(); // waits for what has not quite ended
+        QVERIFY(third);
+        QVERIFY(hasEnded(*process));
+        third->terminate();
+        QVERIFY(hasEnded(*third));
+    }
+
     void endsOnSignal_data()
     {
         const auto row = columns<int>("number");

@@ -42,6 +42,14 @@ public:
         m_process->waitForFinished(Patience);
         m_log += m_process->readAllStandardError();
     }
+    /// Asks it to end and does not wait.
+    void terminate()
+    {
+        m_process->terminate();
+        m_ending = std::move(m_process);
+    }
+    /// Whether the one that was asked to has ended.
+    bool hasEnded(int patience) { return m_ending->waitForFinished(patience); }
     bool isRunning() const { return m_process && m_process->state() == QProcess::Running; }
     QByteArray log()
     {
@@ -61,5 +69,6 @@ private:
 
     QTemporaryDir m_folder;
     std::unique_ptr<QProcess> m_process;
+    std::unique_ptr<QProcess> m_ending; ///< was told to
     QByteArray m_log;
 };

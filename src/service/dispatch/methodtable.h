@@ -4,6 +4,7 @@
 
 #include <QStringList>
 #include <functional>
+#include <memory>
 #include <string_view>
 #include <typeinfo>
 #include <unordered_map>
@@ -23,8 +24,19 @@ public:
     void serve(std::string_view method, std::function<void(const Request &, Answer<Result>)> handler)
     {
         const wire::MethodType &type = checked(method, &typeid(Request), typeid(Result));
-        m_handlers[&type] = [handler = std::move(handler)](const void *request, Reply reply) {
+        m_handlers[&type] = [handler = std::move(handler)](void *request, Reply reply) {
             handler(*static_cast<const Request *>(request), Answer<Result>(std::move(reply)));
+        };
+    }
+    /// The same for a handler that keeps the request, which may be large, until it is answered.
+    template <class Request, class Result>
+    void serveKeeping(
+        std::string_view method, std::function<void(std::shared_ptr<const Request>, Answer<Result>)> handler)
+    {
+        const wire::MethodType &type = checked(method, &typeid(Request), typeid(Result));
+        m_handlers[&type] = [handler = std::move(handler)](void *request, Reply reply) {
+            handler(std::make_shared<const Request>(std::move(*static_cast<Request *>(request))),
+                Answer<Result>(std::move(reply)));
         };
     }
     /// The same for a method that takes a list of texts.
@@ -32,7 +44,7 @@ public:
     void serveList(std::string_view method, std::function<void(const QStringList &, Answer<Result>)> handler)
     {
         const wire::MethodType &type = checked(method, nullptr, typeid(Result));
-        m_handlers[&type] = [handler = std::move(handler)](const void *request, Reply reply) {
+        m_handlers[&type] = [handler = std::move(handler)](void *request, Reply reply) {
             handler(*static_cast<const QStringList *>(request), Answer<Result>(std::move(reply)));
         };
     }
@@ -57,7 +69,7 @@ public:
     bool call(const wire::MethodType &method, wire::MessageReader &message, Reply reply) const;
 
 private:
-    using Handler = std::function<void(const void *request, Reply reply)>;
+    using Handler = std::function<void(void *request, Reply reply)>;
 
     static const wire::MethodType &checked(
         std::string_view method, const std::type_info *request, const std::type_info &result);

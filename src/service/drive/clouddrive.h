@@ -1,5 +1,6 @@
 #pragma once
 
+#include "service/drive/driveclaim.h"
 #include "service/drive/driveresult.h"
 #include "service/drive/drivetypes.h"
 
@@ -18,12 +19,16 @@ class CloudDrive
 public:
     virtual ~CloudDrive() = default;
 
+    /// Makes several calls one step for whoever else uses the drive. Not for long ones.
+    virtual DriveHold hold() { return {}; }
+
     virtual QString rootId() const = 0;
     /// Unordered. Kind::NotFound for an id that is none of a folder.
     virtual DriveResult<QVector<DriveItem>> list(const QString &folderId) = 0;
     virtual DriveResult<DriveItem> stat(const QString &id) = 0;
     /// `path` is relative to the root, with "/" between the names; an empty one is the root.
     virtual DriveResult<DriveItem> resolve(const QString &path) = 0;
+    virtual DriveResult<DriveItem> child(const QString &folderId, const QString &name) = 0;
     /// The steps to an item, the root first and the item last.
     virtual DriveResult<QVector<DriveItem>> pathOf(const QString &id) = 0;
 
@@ -45,12 +50,16 @@ public:
     DriveDone readTo(const QString &id, const QString &target, const DriveProgress &progress);
 
     virtual DriveResult<DriveItem> rename(const QString &id, const QString &name) = 0;
+    /// Without a name it keeps the one that it has then.
     virtual DriveResult<DriveItem> move(
-        const QString &id, const QString &parentId, DriveConflict conflict) = 0;
-    /// A folder with everything in it. Without a name the copy has that of the original.
+        const QString &id, const QString &parentId, const QString &name, DriveConflict conflict) = 0;
+    /// A folder with everything in it but what has a name that the drive cannot hold; `leftOut` is set to how
+    /// many those were, unless it is null. Without a name the copy has that of the original.
     virtual DriveResult<DriveItem> copy(const QString &id, const QString &parentId, const QString &name,
-        DriveConflict conflict, const DriveProgress &progress) = 0;
+        DriveConflict conflict, const DriveProgress &progress, int *leftOut = nullptr) = 0;
 
+    /// For good, past the trash, also when the disk is full.
+    virtual DriveDone remove(const QString &id) = 0;
     virtual DriveResult<DriveTrashItem> trash(const QString &id) = 0;
     virtual DriveResult<QVector<DriveTrashItem>> listTrash() = 0;
     /// Back to its folder, which is made again when it is gone, under a new name when the old one is taken.

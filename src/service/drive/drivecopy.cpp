@@ -13,67 +13,70 @@ DriveDone tooDeep()
 
 } // namespace
 
-qint64 TreeCopy::measure(int from, const QString &name, bool isFolder, const QByteArray &root, int depth)
+qint64 TreeCopy::measure(int source, bool isFolder, const QByteArray &root, int depth)
 {
     if (!isFolder) {
-        const auto entry = disk::entryAt(from, name, root);
+        const auto entry = disk::entryOf(source);
         return entry ? entry->size : 0;
     }
-    const disk::UniqueFd folder = disk::openFolder(from, name);
     int unreadable = 0;
-    const auto entries = disk::entriesOf(folder.get(), root, unreadable);
+    const auto entries = disk::entriesOf(source, root, unreadable);
     qint64 bytes = 0;
-    if (!folder || !entries || depth > disk::DeepestFolder)
+    if (!entries || depth > disk::DeepestFolder)
         return bytes;
-    for (const disk::Entry &entry : *entries)
-        bytes += entry.isFolder ? measure(folder.get(), entry.name, true, root, depth + 1) : entry.size;
+    for (const disk::Entry &entry : *entries) {
+        const disk::UniqueFd folder =
+            entry.isFolder ? disk::openFolder(source, entry.name) : disk::UniqueFd();
+        bytes += folder ? measure(folder.get(), true, root, depth + 1) : entry.size;
+    }
     return bytes;
 }
 
-DriveDone TreeCopy::run(
-    int from, const QString &name, int to, const QString &newName, bool isFolder, int depth)
+DriveDone TreeCopy::run(int source, int to, const QString &newName, bool isFolder, int depth)
 {
-    return isFolder ? copyFolder(from, name, to, newName, depth) : copyFile(from, name, to, newName);
+    return isFolder ? copyFolder(source, to, newName, depth) : copyFile(source, to, newName);
 }
 
-DriveDone TreeCopy::copyFile(int from, const QString &name, int to, const QString &newName)
+DriveDone TreeCopy::copyFile(int source, int to, const QString &newName)
 {
     constexpr int Flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    const disk::UniqueFd source = disk::openFile(from, name, m_root);
-    if (!source)
-        return disk::lastError("open");
     const disk::UniqueFd target(::openat(to, newName.toUtf8().constData(), Flags, 0600));
     if (!target)
         return disk::lastError("create");
-    DriveDone done = copyBytes(source.get(), target.get(), m_meter);
-    copyAttributes(source.get(), target.get());
+    DriveDone done = copyBytes(source, target.get(), m_meter);
+    copyAttributes(source, target.get());
     return done;
 }
 
-DriveDone TreeCopy::copyFolder(int from, const QString &name, int to, const QString &newName, int depth)
+DriveDone TreeCopy::copyFolder(int source, int to, const QString &newName, int depth)
 {
     if (depth >= disk::DeepestFolder)
         return tooDeep();
-    const disk::UniqueFd source = disk::openFolder(from, name);
-    if (!source)
-        return disk::lastError("open folder");
     // Written to before it gets the original's permissions, which may forbid that.
     if (::mkdirat(to, newName.toUtf8().constData(), 0700) != 0)
         return disk::lastError("create folder");
     const disk::UniqueFd target = disk::openFolder(to, newName);
-    int unreadable = 0;
-    const auto entries = disk::entriesOf(source.get(), m_root, unreadable);
+    const auto entries = disk::entriesOf(source, m_root, m_unreadable);
     if (!target || !entries)
         return target ? DriveDone(entries.error()) : DriveDone(disk::lastError("open folder"));
     for (const disk::Entry &entry : *entries) {
-        DriveDone done = run(source.get(), entry.name, target.get(), entry.name, entry.isFolder, depth + 1);
+        DriveDone done = copyChild(source, entry, target.get(), depth + 1);
         if (!done && done.error().kind != DriveError::Kind::NotFound) // gone meanwhile
             return done;
     }
     if (!m_meter.add(0))
         return DriveError{DriveError::Kind::Cancelled, QStringLiteral("cancelled")};
-    copyAttributes(source.get(), target.get());
+    copyAttributes(source, target.get());
     return DriveOk();
+}
+
+DriveDone TreeCopy::copyChild(int source, const disk::Entry &entry, int to, int depth)
+{
+    const disk::UniqueFd child =
+        entry.isFolder ? disk::openFolder(source, entry.name) : disk::openFile(source, entry.name, m_root);
+    if (!child)
+        return disk::lastError("open");
+    return run(child.get(), to, entry.name, entry.isFolder, depth);
 }
 
 } // namespace zel::service

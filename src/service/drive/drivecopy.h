@@ -11,19 +11,22 @@ class TreeCopy
 public:
     TreeCopy(const QByteArray &root, TransferMeter &meter) : m_root(root), m_meter(meter) { }
 
-    DriveDone run(
-        int from, const QString &name, int to, const QString &newName, bool isFolder, int depth = 0);
+    /// `source` is open for reading.
+    DriveDone run(int source, int to, const QString &newName, bool isFolder, int depth = 0);
 
     /// Bytes that a copy would transfer.
-    static qint64 measure(
-        int from, const QString &name, bool isFolder, const QByteArray &root, int depth = 0);
+    static qint64 measure(int source, bool isFolder, const QByteArray &root, int depth = 0);
+    /// Entries that were left out because their names are no UTF-8.
+    int unreadable() const { return m_unreadable; }
 
 private:
-    DriveDone copyFile(int from, const QString &name, int to, const QString &newName);
-    DriveDone copyFolder(int from, const QString &name, int to, const QString &newName, int depth);
+    DriveDone copyFile(int source, int to, const QString &newName);
+    DriveDone copyFolder(int source, int to, const QString &newName, int depth);
+    DriveDone copyChild(int source, const disk::Entry &entry, int to, int depth);
 
     const QByteArray &m_root;
     TransferMeter &m_meter;
+    int m_unreadable = 0;
 };
 
 } // namespace zel::service

@@ -268,6 +268,8 @@ DriveResult<QVector<Entry>> entriesOf(int folder, const QByteArray &root, int &u
             ++unreadable;
         else if (auto entry = entryAt(folder, name, root))
             entries.append(std::move(*entry));
+        else if (errno != ENOENT) // not known is not gone
+            return lastError("list");
         errno = 0;
     }
     if (errno)

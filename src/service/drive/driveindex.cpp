@@ -1,5 +1,7 @@
 #include "driveindex.h"
 
+#include "base/logging.h"
+
 #include <algorithm>
 
 namespace zel::service {
@@ -66,6 +68,13 @@ DriveError DriveIndex::error() const
     if (m_database.ranOutOfSpace())
         error.kind = DriveError::Kind::DiskFull;
     return error;
+}
+
+void DriveIndex::passOver()
+{
+    if (failed() && !std::exchange(m_toldBehind, true))
+        qCWarning(lcService, "drive: the index is behind: %s", qUtf8Printable(m_database.failureText()));
+    m_database.clearFailure();
 }
 
 std::optional<DriveRecord> DriveIndex::find(qint64 id)
@@ -200,25 +209,23 @@ void DriveIndex::removeTree(qint64 id)
         .run();
 }
 
-void DriveIndex::dropMissing(qint64 parent)
+QVector<qint64> DriveIndex::missing(qint64 parent)
 {
-    QVector<qint64> gone;
-    {
-        Statement missing(
-            m_database, "SELECT id FROM drive_item WHERE state = 1 AND (?1 = 0 OR parent = ?1)");
-        missing.bind(1, parent);
-        while (missing.step())
-            gone.append(missing.number(0));
-    }
-    for (const qint64 id : qAsConst(gone)) {
-        journalTree(DriveChange::Kind::Removed, id);
-        removeTree(id);
-    }
+    QVector<qint64> ids;
+    Statement rows(m_database, "SELECT id FROM drive_item WHERE state = 1 AND (?1 = 0 OR parent = ?1)");
+    rows.bind(1, parent);
+    while (rows.step())
+        ids.append(rows.number(0));
+    return ids;
 }
 
-bool DriveIndex::anyMissing()
+void DriveIndex::dropMissing(qint64 id)
 {
-    return m_database.number("SELECT 1 FROM drive_item WHERE state = 1 LIMIT 1") > 0;
+    const auto record = find(id);
+    if (!record || record->state != DriveRecord::State::Missing)
+        return;
+    journalTree(DriveChange::Kind::Removed, id);
+    removeTree(id);
 }
 
 qint64 DriveIndex::totalSize()

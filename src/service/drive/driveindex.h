@@ -1,6 +1,7 @@
 #pragma once
 
 #include "base/sqlite/database.h"
+#include "service/drive/driveclaim.h"
 #include "service/drive/drivedisk.h"
 
 #include <memory>
@@ -24,17 +25,23 @@ struct DriveRecord
 };
 
 /// The drive's items and their ids in the database, and the journal of what happened to them. Failures stay
-/// in the database; whoever begins an operation clears them, whoever ends it asks. The drive's thread.
+/// in the database; whoever begins an operation clears them, whoever ends it asks. The drive's thread, under
+/// its hold, reading alone excepted.
 class DriveIndex
 {
 public:
     static constexpr qint64 RootId = 1;
 
-    explicit DriveIndex(sqlite::Database &database) : m_database(database) { }
+    DriveIndex(sqlite::Database &database, DriveClaim &claim) : m_database(database), m_claim(claim) { }
+
+    DriveHold hold() { return DriveHold(m_claim); }
+    DriveClaim &claim() { return m_claim; }
 
     sqlite::Database &database() { return m_database; }
     bool failed() const { return m_database.failure() != sqlite::Failure::None; }
     DriveError error() const;
+    /// Forgets a failure to write what the disk tells again: what was done there stays done. The log has it.
+    void passOver();
 
     std::optional<DriveRecord> find(qint64 id);
     std::optional<DriveRecord> child(qint64 parent, const QString &name);
@@ -52,10 +59,9 @@ public:
     /// Tells of an item and everything below it.
     void journalTree(DriveChange::Kind kind, qint64 id);
     void removeTree(qint64 id);
-    /// What is still missing from this folder (0: from any) is gone for good.
-    void dropMissing(qint64 parent);
-
-    bool anyMissing();
+    /// Ids of what is missing from this folder; 0: from any.
+    QVector<qint64> missing(qint64 parent = 0);
+    void dropMissing(qint64 id); ///< it is gone for good, if it is missing still
 
     /// Present items and those in the trash.
     qint64 totalSize();
@@ -67,11 +73,13 @@ private:
     sqlite::Statement &keep(Kept &statement, const char *sql);
 
     sqlite::Database &m_database;
+    DriveClaim &m_claim;
     // Of the many steps when a folder is read for the first time; preparing them costs more than running
     // them.
     Kept m_withInode;
     Kept m_add;
     Kept m_journal;
+    bool m_toldBehind = false;
     bool m_stale = false; ///< one of them may not have been prepared
 };
 

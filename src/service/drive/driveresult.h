@@ -16,6 +16,7 @@ struct DriveError
         Denied,      ///< permissions, a read-only place, or a step that makes no sense (a folder into itself)
         InvalidName, ///< not a name that the drive can hold
         NotEmpty,
+        Changed,  ///< it is no longer the version that was meant
         DiskFull, ///< also a quota or a limit on the size of files
         Io,
         Offline,   ///< the drive cannot be reached at present; trying again later is sensible

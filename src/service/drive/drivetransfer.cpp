@@ -1,5 +1,6 @@
 #include "drivetransfer.h"
 
+#include "base/logging.h"
 #include "drivenames.h"
 
 #include <QFileDevice>
@@ -7,6 +8,7 @@
 
 #include <array>
 #include <cerrno>
+#include <cstring>
 #include <fcntl.h>
 #include <memory>
 #include <sys/stat.h>
@@ -86,7 +88,33 @@ bool TransferMeter::add(qint64 bytes)
     return !m_progress || m_progress(m_done, m_total);
 }
 
-DriveDone copyBytes(QIODevice &source, int target, TransferMeter &meter)
+void WrittenContent::add(const char *bytes, qint64 count)
+{
+    m_hash.addData(bytes, int(count));
+    m_size += count;
+}
+
+DriveDone WrittenContent::check(int folder, const QString &name, int file) const
+{
+    const DriveError other{DriveError::Kind::Io, QStringLiteral("what was written is not what is there")};
+    const disk::UniqueFd fd = disk::openFile(folder, name, {});
+    const auto written = disk::entryOf(file);
+    const auto there = fd ? disk::entryOf(fd.get()) : std::nullopt;
+    if (!written || !there)
+        return disk::lastError("look at what was written");
+    if (there->identity.inode != written->identity.inode || there->size != m_size)
+        return other;
+    const auto chunk = std::make_unique<Chunk>();
+    QCryptographicHash hash(QCryptographicHash::Sha1);
+    while (const ssize_t count = readSome(fd.get(), *chunk)) {
+        if (count < 0)
+            return disk::lastError("read what was written");
+        hash.addData(chunk->data(), int(count));
+    }
+    return hash.result() == m_hash.result() ? DriveDone(DriveOk()) : other;
+}
+
+DriveDone copyBytes(QIODevice &source, int target, TransferMeter &meter, WrittenContent &written)
 {
     const auto chunk = std::make_unique<Chunk>();
     while (const qint64 count = readSome(source, *chunk)) {
@@ -94,6 +122,7 @@ DriveDone copyBytes(QIODevice &source, int target, TransferMeter &meter)
             return deviceError("source: ", source);
         if (!writeAll(target, chunk->data(), count))
             return disk::lastError("write");
+        written.add(chunk->data(), count);
         if (!meter.add(count))
             return cancelled();
     }
@@ -143,17 +172,24 @@ TempEntry::TempEntry(DriveIndex &index, qint64 folderId, int folder)
       m_name(QLatin1String(HiddenPrefix) % QStringLiteral("tmp-")
           % QString::number(QRandomGenerator::system()->generate64(), 16))
 {
+    const DriveHold hold = index.hold();
     sqlite::Statement(index.database(), "INSERT INTO drive_temp(folder, name) VALUES(?, ?)")
         .bind(1, folderId)
         .bind(2, m_name)
         .run();
-    m_row = index.database().lastRowId();
+    m_row = index.failed() ? 0 : index.database().lastRowId(); // else that of another row
 }
 
 TempEntry::~TempEntry()
 {
-    if (!m_kept && !disk::removeTree(m_folder, m_name))
-        return; // the row stays, so that the next start tries again
+    if (m_kept || !disk::removeTree(m_folder, m_name))
+        return; // one that cannot be removed keeps its row, so that the next start tries again
+    const DriveHold hold = m_index.hold();
+    note();
+}
+
+void TempEntry::note()
+{
     sqlite::Statement(m_index.database(), "DELETE FROM drive_temp WHERE id = ?").bind(1, m_row).run();
 }
 
@@ -164,6 +200,19 @@ DriveResult<disk::UniqueFd> TempEntry::makeFile()
     if (!fd)
         return disk::lastError("create");
     return fd;
+}
+
+void Unsynced::add(int folder)
+{
+    m_folders.emplace_back(::fcntl(folder, F_DUPFD_CLOEXEC, 0));
+}
+
+void Unsynced::sync()
+{
+    for (const disk::UniqueFd &folder : m_folders)
+        if (folder && ::fsync(folder.get()) != 0)
+            qCWarning(lcService, "drive: a folder cannot be flushed: %s", std::strerror(errno));
+    m_folders.clear();
 }
 
 void copyAttributes(int source, int target)

@@ -2,6 +2,10 @@
 
 #include "service/drive/driveindex.h"
 
+#include <QCryptographicHash>
+
+#include <vector>
+
 class QIODevice;
 
 namespace zel::service {
@@ -20,8 +24,21 @@ private:
     qint64 m_done = 0;
 };
 
+/// What went into a file, to compare it with before it gets its real name. Any thread.
+class WrittenContent
+{
+public:
+    void add(const char *bytes, qint64 count);
+    /// Reads the file that has this name now, which has to be the open one.
+    DriveDone check(int folder, const QString &name, int file) const;
+
+private:
+    QCryptographicHash m_hash{QCryptographicHash::Sha1};
+    qint64 m_size = 0;
+};
+
 /// Bytes between devices and descriptors, to the end of the source. Any thread.
-DriveDone copyBytes(QIODevice &source, int target, TransferMeter &meter);
+DriveDone copyBytes(QIODevice &source, int target, TransferMeter &meter, WrittenContent &written);
 DriveDone copyBytes(int source, QIODevice &target, TransferMeter &meter);
 DriveDone copyBytes(int source, int target, TransferMeter &meter);
 
@@ -39,7 +56,8 @@ public:
 
     const QString &name() const { return m_name; }
     DriveResult<disk::UniqueFd> makeFile(); ///< open for writing; only the user may read it so far
-    void keep() { m_kept = true; }          ///< it has its real name now
+    void note();                            ///< that it is kept, in the transaction that says so
+    void keep() { m_kept = true; }          ///< it has its real name now, and the transaction is done
 
 private:
     DriveIndex &m_index;
@@ -47,6 +65,18 @@ private:
     const QString m_name;
     qint64 m_row = 0;
     bool m_kept = false;
+};
+
+/// Folders in which names changed. They are flushed without a hold, as that may take long; a name that was
+/// not is there all the same, unless the machine fails at once.
+class Unsynced
+{
+public:
+    void add(int folder); ///< keeps a descriptor of its own
+    void sync();
+
+private:
+    std::vector<disk::UniqueFd> m_folders;
 };
 
 /// Gives a file the times and permissions of another; failures do not matter.

@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
-#include <mutex>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -23,13 +22,6 @@ using State = DriveRecord::State;
 constexpr char TrashName[] = ".zel-trash";
 constexpr QLatin1String DoomedPrefix("purged-"); // places are numbers
 
-// Rows and places change in several steps, which the drives on other threads must not mix with theirs.
-std::mutex &places()
-{
-    static std::mutex mutex;
-    return mutex;
-}
-
 DriveError notInTrash()
 {
     return {Kind::NotFound, QStringLiteral("not in the trash")};
@@ -38,6 +30,11 @@ DriveError notInTrash()
 bool makeFolder(int parent, const QString &name, mode_t mode)
 {
     return ::mkdirat(parent, name.toUtf8().constData(), mode) == 0;
+}
+
+QString newPlace()
+{
+    return QString::number(QRandomGenerator::system()->generate64(), 16);
 }
 
 void removeEmpty(int parent, const QString &name)
@@ -89,7 +86,6 @@ DriveResult<disk::UniqueFd> DriveTrash::open(bool make)
 
 DriveDone DriveTrash::recover()
 {
-    const std::lock_guard lock(places());
     const auto root = m_tree.openRoot();
     if (!root) // an absent drive, perhaps on a disk that comes back
         return root.error().kind == Kind::NotFound ? DriveDone(DriveOk()) : root.error();
@@ -160,7 +156,7 @@ qint64 DriveTrash::insert(const Row &row)
         .bind(7, row.item.deletedAt)
         .bind(8, row.place)
         .run();
-    return m_index.database().lastRowId();
+    return m_index.failed() ? 0 : m_index.database().lastRowId(); // else that of another row
 }
 
 QVector<DriveTrash::Row> DriveTrash::rows(qint64 id)
@@ -194,6 +190,7 @@ DriveResult<DriveTrash::Row> DriveTrash::row(qint64 id)
 // Removes a row; `state` is what becomes of the record, Trashed: it goes as well.
 DriveDone DriveTrash::forget(const Row &row, State state)
 {
+    const DriveHold hold = m_index.hold();
     sqlite::Transaction transaction(m_index.database());
     sqlite::Statement(m_index.database(), "DELETE FROM drive_trash WHERE id = ?").bind(1, row.id).run();
     if (state == State::Missing)
@@ -205,9 +202,8 @@ DriveDone DriveTrash::forget(const Row &row, State state)
     return DriveOk();
 }
 
-DriveResult<DriveTrashItem> DriveTrash::put(const DriveTree::Spot &spot)
+DriveResult<DriveTrashItem> DriveTrash::put(const DriveTree::Spot &spot, Unsynced &changed)
 {
-    const std::lock_guard lock(places());
     QVector<DriveRecord> chain = m_index.chain(spot.record.id);
     const auto trash = open(true);
     if (!trash || chain.size() < 2)
@@ -217,32 +213,46 @@ DriveResult<DriveTrashItem> DriveTrash::put(const DriveTree::Spot &spot)
     Row row;
     row.record = spot.record.id;
     row.parent = spot.record.parent;
-    row.place = QString::number(QRandomGenerator::system()->generate64(), 16);
+    row.place = newPlace();
     row.item = {QString(), driveIdText(row.record), entry.name, DriveTree::pathOf(chain), entry.isFolder,
         entry.size, QDateTime::currentMSecsSinceEpoch()};
     if (!makeFolder(trash->get(), row.place, 0700))
         return disk::lastError("trash");
     const disk::UniqueFd place = disk::openFolder(trash->get(), row.place);
     row.id = place ? insert(row) : 0;
-    const auto renamed = place && !m_index.failed()
-        ? disk::rename(
-            spot.parent.get(), entry.name, place.get(), entry.name, entry.isFolder, DriveConflict::Fail)
-        : DriveResult<QString>(place ? m_index.error() : disk::lastError("trash"));
-    if (!renamed) {
+    DriveDone moved = place && !m_index.failed()
+        ? moveThere(spot, place.get(), row)
+        : DriveDone(place ? m_index.error() : disk::lastError("trash"));
+    if (!moved) {
         removeEmpty(trash->get(), row.place);
-        const DriveDone forgotten = forget(row, State::Present);
-        return forgotten ? renamed.error() : forgotten.error();
+        m_index.database().clearFailure();
+        (void)forget(row, State::Present); // a row of nothing is not listed, and goes with the next start
+        return moved.error();
     }
-    ::fsync(place.get());
-    ::fsync(trash->get());
-    ::fsync(spot.parent.get());
+    changed.add(place.get());
+    changed.add(trash->get());
+    changed.add(spot.parent.get());
+    row.item.id = QString::number(row.id);
+    return row.item;
+}
+
+DriveDone DriveTrash::moveThere(const DriveTree::Spot &spot, int place, const Row &row)
+{
+    const disk::Entry &entry = spot.record.entry;
+    const auto move = [&entry](int from, int to) {
+        return disk::rename(from, entry.name, to, entry.name, entry.isFolder, DriveConflict::Fail);
+    };
+    const auto moved = move(spot.parent.get(), place);
+    if (!moved)
+        return moved.error();
     sqlite::Transaction transaction(m_index.database());
     m_index.journalTree(DriveChange::Kind::Removed, row.record);
     m_index.setState(row.record, State::Trashed);
-    if (!transaction.commit())
-        return m_index.error();
-    row.item.id = QString::number(row.id);
-    return row.item;
+    if (transaction.commit())
+        return DriveOk();
+    const DriveError error = m_index.error();
+    (void)move(place, spot.parent.get()); // else a look takes it for gone, and its id with it
+    return error;
 }
 
 DriveResult<QVector<DriveTrashItem>> DriveTrash::list()
@@ -283,8 +293,13 @@ DriveResult<qint64> DriveTrash::originalFolder(const Row &row)
 
 DriveResult<DriveItem> DriveTrash::restore(qint64 id)
 {
-    const std::lock_guard lock(places());
-    const auto row = this->row(id);
+    DriveHold hold = m_index.hold();
+    auto row = this->row(id);
+    if (row) { // its folder may have been moved, which takes long to find out
+        hold.unlock();
+        (void)m_tree.openFolder(row->parent, hold);
+        row = this->row(id);
+    }
     const auto trash = row ? open(false) : DriveResult<disk::UniqueFd>(row.error());
     if (!trash)
         return trash.error();
@@ -308,36 +323,44 @@ DriveResult<DriveItem> DriveTrash::restore(qint64 id)
             disk::rename(folder->get(), *name, place.get(), item.name, item.isFolder, DriveConflict::Fail);
         return back ? lost : back.error();
     }
-    ::fsync(folder->get());
+    auto restored = finishRestore(*row, *folderId, *entry);
+    if (!restored) { // back again: without its id it would be another item
+        (void)disk::rename(folder->get(), *name, place.get(), item.name, item.isFolder, DriveConflict::Fail);
+        return restored;
+    }
     removeEmpty(trash->get(), row->place);
-    return finishRestore(*row, *folderId, *entry);
+    hold.unlock();
+    Unsynced changed;
+    changed.add(folder->get());
+    changed.sync();
+    return restored;
 }
 
 DriveResult<DriveItem> DriveTrash::finishRestore(const Row &row, qint64 folderId, const disk::Entry &entry)
 {
+    sqlite::Transaction transaction(m_index.database());
     auto record = m_index.find(row.record);
-    {
-        sqlite::Transaction transaction(m_index.database());
-        sqlite::Statement(m_index.database(), "DELETE FROM drive_trash WHERE id = ?").bind(1, row.id).run();
-        if (const auto stale = m_index.child(folderId, entry.name))
-            m_index.setState(stale->id, State::Missing);
-        if (record) {
-            record->parent = folderId;
-            record->entry = entry;
-            record->state = State::Present;
-            m_index.update(*record);
-            m_index.journalTree(DriveChange::Kind::Created, record->id);
-        } else {
-            record = m_index.add(folderId, entry);
-        }
-        if (!transaction.commit())
-            return m_index.error();
+    sqlite::Statement(m_index.database(), "DELETE FROM drive_trash WHERE id = ?").bind(1, row.id).run();
+    if (const auto stale = m_index.child(folderId, entry.name))
+        m_index.setState(stale->id, State::Missing);
+    if (record) {
+        record->parent = folderId;
+        record->entry = entry;
+        record->state = State::Present;
+        m_index.update(*record);
+        m_index.journalTree(DriveChange::Kind::Created, record->id);
+    } else {
+        record = m_index.add(folderId, entry);
     }
-    return m_tree.item(record->id);
+    auto item = m_tree.item(record->id);
+    if (!item || !transaction.commit())
+        return m_index.failed() ? m_index.error() : item.error();
+    return item;
 }
 
 DriveDone DriveTrash::purge(qint64 id)
 {
+    // Without a hold for long: what is in the trash stands alone.
     const auto row = this->row(id);
     if (!row)
         return row.error();
@@ -350,8 +373,8 @@ DriveDone DriveTrash::purge(qint64 id)
 // Under another name first, so that nobody restores what is going, nor waits until a large folder is gone.
 DriveDone DriveTrash::destroy(int trash, const Row &row)
 {
-    const auto renamePlace = [trash](const QString &from, const QString &to) {
-        const std::lock_guard lock(places());
+    const auto renamePlace = [this, trash](const QString &from, const QString &to) {
+        const DriveHold hold = m_index.hold();
         return ::renameat(trash, from.toUtf8().constData(), trash, to.toUtf8().constData()) == 0;
     };
     const QString doomed = DoomedPrefix % row.place;
@@ -362,7 +385,39 @@ DriveDone DriveTrash::destroy(int trash, const Row &row)
         renamePlace(doomed, row.place);
         return error;
     }
-    return forget(row, State::Trashed);
+    // A row without its files is not listed, and goes with the next start.
+    if (!forget(row, State::Trashed))
+        m_index.passOver();
+    return DriveOk();
+}
+
+// A folder goes out of sight first, as far as there is room for that.
+DriveDone DriveTrash::destroy(const DriveTree::Spot &spot, DriveHold &hold)
+{
+    const disk::Entry &entry = spot.record.entry;
+    const QByteArray name = entry.name.toUtf8();
+    const QString doomed = DoomedPrefix % newPlace();
+    const auto trash = entry.isFolder ? open(true) : DriveResult<disk::UniqueFd>(disk::UniqueFd());
+    const bool hidden = entry.isFolder && trash
+        && ::renameat(spot.parent.get(), name.constData(), trash->get(), doomed.toUtf8().constData()) == 0;
+    if (hidden)
+        hold.unlock();
+    const bool gone =
+        hidden ? disk::removeTree(trash->get(), doomed) : disk::removeTree(spot.parent.get(), entry.name);
+    const DriveError error = gone ? DriveError() : disk::lastError("remove");
+    if (hidden)
+        hold.lock();
+    if (!gone && hidden)
+        (void)disk::rename(
+            trash->get(), doomed, spot.parent.get(), entry.name, true, DriveConflict::KeepBoth);
+    if (!gone)
+        return error;
+    sqlite::Transaction transaction(m_index.database());
+    m_index.journalTree(DriveChange::Kind::Removed, spot.record.id);
+    m_index.removeTree(spot.record.id);
+    transaction.commit();
+    m_index.passOver(); // noticed with the next look
+    return DriveOk();
 }
 
 } // namespace zel::service

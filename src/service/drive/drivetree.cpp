@@ -33,6 +33,12 @@ QByteArray realPath(int fd)
     return length > 0 ? QByteArray(path, int(length)) : QByteArray();
 }
 
+bool isStill(const DriveRecord &record, int fd)
+{
+    const auto entry = disk::entryOf(fd);
+    return entry && isUnmoved(record, *entry);
+}
+
 QString versionOf(const disk::Entry &entry)
 {
     return QStringLiteral("%1-%2-%3")
@@ -55,18 +61,27 @@ DriveResult<disk::UniqueFd> DriveTree::openRoot(bool make)
     disk::UniqueFd fd(::open(m_root.toUtf8().constData(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!fd)
         return disk::lastError("drive folder");
+    if (!m_index.claim().own(fd.get()))
+        return DriveError{Kind::Offline, QStringLiteral("another service has the drive's folder")};
     m_realRoot = realPath(fd.get());
     return fd;
 }
 
-DriveResult<DriveTree::Spot> DriveTree::locate(qint64 id)
+DriveResult<DriveTree::Spot> DriveTree::locate(qint64 id, DriveHold &hold)
 {
+    hold = m_index.hold();
     auto spot = findNow(id);
-    const auto lost = [&] { return !spot && spot.error().kind == Kind::NotFound && mayExist(id); };
-    if (lost() && syncAncestors(id))
-        spot = findNow(id);
-    if (lost() && scan())
-        spot = findNow(id);
+    const auto searched = [&](const auto &search) {
+        if (spot || spot.error().kind != Kind::NotFound || !mayExist(id))
+            return;
+        hold.unlock();
+        const DriveDone done = search();
+        hold.lock();
+        if (done)
+            spot = findNow(id);
+    };
+    searched([&] { return syncAncestors(id); });
+    searched([&] { return scan(); });
     if (m_index.failed())
         return m_index.error();
     return spot;
@@ -89,10 +104,19 @@ DriveResult<DriveTree::Spot> DriveTree::findNow(qint64 id)
         if (!isUnmoved(spot.record, *entry))
             return notFound();
         spot.parent = std::move(*folder);
-        refreshRecord(m_index, spot.record, *entry);
+        refresh(spot.record, *entry);
     }
     spot.record.entry = *entry;
     return spot;
+}
+
+// A full disk keeps nobody from what is there.
+void DriveTree::refresh(const DriveRecord &record, const disk::Entry &entry)
+{
+    if (m_index.failed())
+        return;
+    refreshRecord(m_index, record, entry);
+    m_index.passOver();
 }
 
 DriveResult<disk::UniqueFd> DriveTree::walk(const QVector<DriveRecord> &folders)
@@ -107,32 +131,43 @@ DriveResult<disk::UniqueFd> DriveTree::walk(const QVector<DriveRecord> &folders)
     return folder;
 }
 
+DriveResult<disk::UniqueFd> DriveTree::openFolder(qint64 id, DriveHold &hold)
+{
+    if (id != DriveIndex::RootId)
+        return openFound(locate(id, hold));
+    hold = m_index.hold();
+    return openRoot();
+}
+
 DriveResult<disk::UniqueFd> DriveTree::openFolder(qint64 id)
 {
-    if (id == DriveIndex::RootId)
-        return openRoot();
-    auto spot = locate(id);
+    return id == DriveIndex::RootId ? openRoot() : openFound(findNow(id));
+}
+
+DriveResult<disk::UniqueFd> DriveTree::openFound(const DriveResult<Spot> &spot)
+{
     if (!spot)
         return spot.error();
     if (!spot->record.entry.isFolder)
         return notFound();
     disk::UniqueFd fd = disk::openFolder(spot->parent.get(), spot->record.entry.name);
-    const auto entry = fd ? disk::entryOf(fd.get()) : std::nullopt;
-    if (!entry)
+    if (!fd)
         return disk::lastError("open folder");
-    if (!isUnmoved(spot->record, *entry)) // exchanged since
+    if (!isStill(spot->record, fd.get())) // exchanged since
         return notFound();
     return fd;
 }
 
 DriveResult<DriveRecord> DriveTree::childOf(qint64 folderId, int folder, const QString &name)
 {
-    const auto entry = isValidDriveName(name) ? disk::entryAt(folder, name, m_realRoot) : std::nullopt;
-    if (!entry)
+    if (!isValidDriveName(name))
         return notFound();
+    const auto entry = disk::entryAt(folder, name, m_realRoot);
+    if (!entry)
+        return disk::lastError("find");
     auto record = m_index.child(folderId, name);
     if (record && isUnmoved(*record, *entry)) {
-        refreshRecord(m_index, *record, *entry);
+        refresh(*record, *entry);
         record->entry = *entry;
         return *record;
     }
@@ -143,29 +178,68 @@ DriveResult<DriveRecord> DriveTree::childOf(qint64 folderId, int folder, const Q
     return record ? DriveResult<DriveRecord>(*record) : notFound();
 }
 
-DriveDone DriveTree::sync(qint64 folderId, int folder)
+DriveResult<QVector<disk::Entry>> DriveTree::entriesOf(qint64 folderId, int folder)
 {
     int unreadable = 0;
-    const auto entries = disk::entriesOf(folder, m_realRoot, unreadable);
-    if (!entries)
-        return entries.error();
-    if (unreadable && !m_complained.contains(folderId)) {
+    auto entries = disk::entriesOf(folder, m_realRoot, unreadable);
+    if (entries && unreadable && !m_complained.contains(folderId)) {
         m_complained.insert(folderId);
         qCWarning(
             lcService, "drive: folder %lld: names that are not UTF-8 are left out: %d", folderId, unreadable);
     }
+    return entries;
+}
+
+DriveDone DriveTree::sync(qint64 folderId, int folder)
+{
+    const DriveHold hold = m_index.hold(); // before reading: what it reads is what the index says meanwhile
+    const auto entries = entriesOf(folderId, folder);
+    return entries ? sync(folderId, *entries) : DriveDone(entries.error());
+}
+
+DriveDone DriveTree::sync(qint64 folderId, const QVector<disk::Entry> &entries)
+{
     sqlite::Transaction transaction(m_index.database());
-    FolderSync(m_index, folderId, [this](const DriveRecord &record) {
-        return isThere(record);
-    }).run(*entries);
+    if (!m_index.failed() && !m_index.find(folderId)) // removed since it was opened
+        return notFound();
+    FolderSync(m_index, folderId, [this](const DriveRecord &record) { return isThere(record); }).run(entries);
     if (!transaction.commit())
         return m_index.error();
     return DriveOk();
 }
 
+DriveResult<QVector<DriveRecord>> DriveTree::contentOf(qint64 folderId, int folder)
+{
+    const auto entries = entriesOf(folderId, folder);
+    if (!entries)
+        return entries.error();
+    const DriveDone synced = sync(folderId, *entries);
+    if (!synced && !m_index.failed())
+        return synced.error();
+    m_index.passOver();
+    QVector<DriveRecord> records = m_index.children(folderId);
+    if (!synced) { // what has no id as long as the disk is full is left out
+        QHash<QString, disk::Entry> there;
+        for (const disk::Entry &entry : *entries)
+            there.insert(entry.name, entry);
+        const auto isGone = [&there](const DriveRecord &record) {
+            const auto entry = there.constFind(record.entry.name);
+            return entry == there.cend() || !isUnmoved(record, *entry);
+        };
+        records.erase(std::remove_if(records.begin(), records.end(), isGone), records.end());
+        for (DriveRecord &record : records)
+            record.entry = there.value(record.entry.name);
+    }
+    if (m_index.failed())
+        return m_index.error();
+    return records;
+}
+
 DriveDone DriveTree::syncTree(qint64 folderId)
 {
-    const auto folder = openFolder(folderId);
+    DriveHold hold;
+    const auto folder = openFolder(folderId, hold);
+    hold = {};
     if (!folder)
         return folder.error();
     return syncBelow(folderId, folder->get(), 0);
@@ -180,8 +254,8 @@ DriveDone DriveTree::syncBelow(qint64 folderId, int folder, int depth)
     for (const DriveRecord &child : children) {
         const disk::UniqueFd fd =
             child.entry.isFolder ? disk::openFolder(folder, child.entry.name) : disk::UniqueFd();
-        // What cannot be read now keeps what is known of it.
-        if (fd && !syncBelow(child.id, fd.get(), depth + 1) && m_index.failed())
+        // What cannot be read now keeps what is known of it, and so does what has moved since.
+        if (fd && isStill(child, fd.get()) && !syncBelow(child.id, fd.get(), depth + 1) && m_index.failed())
             return m_index.error();
     }
     return DriveOk();
@@ -191,15 +265,18 @@ DriveDone DriveTree::scan()
 {
     DriveDone synced = syncTree(DriveIndex::RootId);
     // What someone moves meanwhile, from a folder not read yet to one that was, is found the second time.
-    if (synced && m_index.anyMissing())
+    const QVector<qint64> missing = synced ? m_index.missing() : QVector<qint64>();
+    if (!missing.isEmpty())
         synced = syncTree(DriveIndex::RootId);
-    return synced ? dropMissing({0}) : synced;
+    return synced ? dropMissing(missing) : synced;
 }
 
-DriveDone DriveTree::dropMissing(const QVector<qint64> &folders)
+// What came back meanwhile stays.
+DriveDone DriveTree::dropMissing(const QVector<qint64> &ids)
 {
+    const DriveHold hold = m_index.hold();
     sqlite::Transaction transaction(m_index.database());
-    for (const qint64 id : folders)
+    for (const qint64 id : ids)
         m_index.dropMissing(id);
     if (!transaction.commit())
         return m_index.error();
@@ -209,16 +286,17 @@ DriveDone DriveTree::dropMissing(const QVector<qint64> &folders)
 DriveDone DriveTree::refresh(QStringList folders)
 {
     std::sort(folders.begin(), folders.end()); // those above first
-    QVector<qint64> synced;
+    QVector<qint64> missing;
     for (const QString &path : qAsConst(folders)) {
+        const DriveHold hold = m_index.hold();
         const auto id = folderAt(path);
         const auto folder = id ? openFolder(*id) : DriveResult<disk::UniqueFd>(id.error());
         if (folder && sync(*id, folder->get()))
-            synced.append(*id);
+            missing += m_index.missing(*id);
         if (m_index.failed())
             return m_index.error();
     }
-    return dropMissing(synced);
+    return dropMissing(missing);
 }
 
 DriveResult<qint64> DriveTree::folderAt(const QString &path)
@@ -248,6 +326,7 @@ DriveDone DriveTree::syncAncestors(qint64 id)
         above.prepend(record->parent);
     for (const qint64 step : qAsConst(above)) {
         // Found again by the sync of the folder above, if at all.
+        const DriveHold hold = m_index.hold();
         const QVector<DriveRecord> chain = m_index.chain(step);
         auto next = chain.isEmpty() ? DriveResult<disk::UniqueFd>(notFound()) : walk(chain);
         if (!next || !sync(step, next->get()))

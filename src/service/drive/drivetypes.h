@@ -75,6 +75,10 @@ struct DriveWriteOptions
     /// Under Replace: the file that is replaced goes to the trash, with its id; the new one has an id of its
     /// own.
     bool trashReplaced = false;
+    /// Under Replace: the only item, by its id and its version then, that may be replaced; Kind::Changed when
+    /// another one has the name in the end. An empty version takes any.
+    QString replacedId = {};
+    QString replacedVersion = {};
 };
 
 /// Told now and then of a running transfer on the drive's thread: bytes done, bytes in all (-1: not known).

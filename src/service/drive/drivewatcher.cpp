@@ -53,7 +53,7 @@ QStringList subfolders(const QString &path)
 } // namespace
 
 DriveWatcher::DriveWatcher(const QString &root, int mostWatches, QObject *parent)
-    : QObject(parent), m_root(QDir::cleanPath(root)), m_mostWatches(mostWatches)
+    : QObject(parent), m_root(QDir::cleanPath(root)), m_mostWatches(mostWatches), m_batch(this)
 {
     m_batch.setSingleShot(true);
     connect(&m_batch, &QTimer::timeout, this, &DriveWatcher::tell);
@@ -65,6 +65,7 @@ bool DriveWatcher::start()
 {
     const bool opened = open();
     listen();
+    Q_EMIT started();
     return opened;
 }
 
@@ -93,12 +94,13 @@ void DriveWatcher::rearm()
     if (m_above >= 0)
         ::inotify_rm_watch(m_descriptor.get(), m_above);
     m_above = -1;
-    m_limited = false;
+    m_unwatched = 0;
+    m_complete = true;
     // While one folder is being taken up the next may come into being; then it is that one's turn.
     for (int attempt = 0; attempt < MostReads; ++attempt) {
         watchTree({});
         const QString above = nearestExisting(m_root);
-        if (m_numbers.contains(QString()) || above == m_root)
+        if (m_numbers.count(QString()) || above == m_root)
             return;
         m_above = ::inotify_add_watch(
             m_descriptor.get(), above.toUtf8().constData(), NameEvents | OwnEvents | IN_ONLYDIR);
@@ -112,36 +114,36 @@ void DriveWatcher::rearm()
 
 QStringList DriveWatcher::watchTree(const QString &folder)
 {
+    const int unwatched = m_unwatched;
     QStringList watched;
     QStringList pending{folder};
     while (!pending.isEmpty()) {
         const QString next = pending.takeLast();
         const QString path = next.isEmpty() ? m_root : QString(m_root % QLatin1Char('/') % next);
-        const quint32 mask = next.isEmpty() ? DriveMask : DriveMask | IN_DONT_FOLLOW;
-        const bool full = m_watches.size() >= m_mostWatches;
-        const int number =
-            full ? -1 : ::inotify_add_watch(m_descriptor.get(), path.toUtf8().constData(), mask);
-        if (full || (number < 0 && (errno == ENOSPC || errno == ENOMEM))) {
-            limited();
-            return watched;
-        }
-        if (number < 0)
+        if (addWatch(next, path))
+            watched.append(next);
+        else if (m_unwatched == unwatched)
             continue; // gone again, or not readable
-        remember(number, next);
-        watched.append(next);
         const QStringList names = subfolders(path);
         for (const QString &name : names)
             pending.append(joined(next, name));
     }
+    if (m_unwatched > unwatched && m_complete.exchange(false))
+        qCWarning(lcService, "drive: too many folders; %d are watched for changes, %d are not",
+            int(m_watches.size()), m_unwatched);
     return watched;
 }
 
-void DriveWatcher::limited()
+bool DriveWatcher::addWatch(const QString &folder, const QString &path)
 {
-    if (!m_limited)
-        qCWarning(
-            lcService, "drive: too many folders; only %d are watched for changes", int(m_watches.size()));
-    m_limited = true;
+    const quint32 mask = folder.isEmpty() ? DriveMask : DriveMask | IN_DONT_FOLLOW;
+    const bool full = m_watches.size() >= m_mostWatches;
+    const int number = full ? -1 : ::inotify_add_watch(m_descriptor.get(), path.toUtf8().constData(), mask);
+    if (number >= 0)
+        remember(number, folder);
+    else if (full || errno == ENOSPC || errno == ENOMEM)
+        ++m_unwatched;
+    return number >= 0;
 }
 
 // A watch belongs to the folder itself: one that was found at its new place before the news of its move has
@@ -150,22 +152,27 @@ void DriveWatcher::remember(int number, const QString &folder)
 {
     const auto before = m_watches.constFind(number);
     if (before != m_watches.cend())
-        m_numbers.remove(*before);
+        m_numbers.erase(*before);
     m_watches.insert(number, folder);
-    m_numbers.insert(folder, number);
+    m_numbers[folder] = number;
 }
 
 void DriveWatcher::forgetTree(const QString &folder)
 {
-    const QString prefix = folder % QLatin1Char('/');
-    for (auto it = m_numbers.begin(); it != m_numbers.end();) {
-        const bool below = folder.isEmpty() || it.key() == folder || it.key().startsWith(prefix);
-        if (below) {
-            ::inotify_rm_watch(m_descriptor.get(), it.value());
-            m_watches.remove(it.value());
+    const auto forget = [this](auto from, auto to) {
+        for (auto it = from; it != to; it = m_numbers.erase(it)) {
+            ::inotify_rm_watch(m_descriptor.get(), it->second);
+            m_watches.remove(it->second);
         }
-        it = below ? m_numbers.erase(it) : std::next(it);
+    };
+    if (folder.isEmpty()) {
+        forget(m_numbers.begin(), m_numbers.end());
+        return;
     }
+    if (const auto self = m_numbers.find(folder); self != m_numbers.end())
+        forget(self, std::next(self));
+    constexpr QLatin1Char AfterSlash('0');
+    forget(m_numbers.lower_bound(folder % QLatin1Char('/')), m_numbers.lower_bound(folder % AfterSlash));
 }
 
 void DriveWatcher::readEvents()
@@ -215,7 +222,7 @@ void DriveWatcher::handleAbove(const inotify_event &event, const QByteArray &nam
     if (event.mask & EndEvents)
         m_above = -1;
     rearm();
-    if (m_numbers.contains(QString()))
+    if (m_numbers.count(QString()))
         needRescan();
 }
 
@@ -226,7 +233,7 @@ void DriveWatcher::handleOwn(const inotify_event &event, const QString &folder)
         needRescan();
     } else if (event.mask & EndEvents) {
         m_watches.remove(event.wd);
-        m_numbers.remove(folder);
+        m_numbers.erase(folder);
     }
 }
 

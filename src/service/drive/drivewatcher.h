@@ -8,6 +8,8 @@
 #include <QStringList>
 #include <QTimer>
 
+#include <atomic>
+#include <map>
 #include <memory>
 
 class QSocketNotifier;
@@ -31,26 +33,27 @@ public:
     explicit DriveWatcher(const QString &root, int mostWatches = MostWatches, QObject *parent = nullptr);
     ~DriveWatcher() override;
 
-    /// Reads the tree of folders; false: nothing can be watched. On any thread, as long as no other one uses
-    /// this meanwhile.
-    bool open();
-    /// Begins to tell, everything since open(), on the thread of this object.
-    void listen();
-    bool start(); ///< both
-    /// Whether every folder is watched; otherwise the drive has to be read anew when its state matters.
-    bool isComplete() const { return m_descriptor && !m_limited; }
+    /// Reads the tree of folders, which may take long, says so, and begins to tell what happens since. False:
+    /// nothing can be watched. On the thread of this object, like everything but isComplete().
+    bool start();
+    /// Whether every folder is watched; otherwise the drive has to be read anew when its state matters. Any
+    /// thread.
+    bool isComplete() const { return m_complete; }
     int watchCount() const { return m_watches.size(); }
 
 Q_SIGNALS:
+    void started(); ///< also when nothing can be watched
     /// Paths relative to the root, which is the empty one; folders that came into being are named themselves.
     void changed(const QStringList &folders);
     /// Something was missed, or the drive's folder came or went: read all of it.
     void rescanNeeded();
 
 private:
+    bool open();
+    void listen();
     void rearm();
     QStringList watchTree(const QString &folder);
-    void limited();
+    bool addWatch(const QString &folder, const QString &path);
     void remember(int number, const QString &folder);
     void forgetTree(const QString &folder);
     void readEvents();
@@ -67,14 +70,15 @@ private:
     posix::UniqueFd m_descriptor;
     std::unique_ptr<QSocketNotifier> m_notifier;
     QTimer m_batch;
-    QHash<int, QString> m_watches; ///< of folders in the drive
-    QHash<QString, int> m_numbers; ///< the other way round
-    int m_above = -1;              ///< watch of the nearest folder above while the drive's does not exist
+    QHash<int, QString> m_watches;    ///< of folders in the drive
+    std::map<QString, int> m_numbers; ///< the other way round; what is below a folder follows it
+    int m_above = -1;                 ///< watch of the nearest folder above while the drive's does not exist
     QSet<QString> m_touched;
     QSet<quint32> m_openMoves; ///< went away, and have not turned up elsewhere yet
     bool m_rescan = false;
     bool m_waited = false;
-    bool m_limited = false;
+    int m_unwatched = 0; ///< folders beyond the limit, as far as they are known
+    std::atomic<bool> m_complete = false;
 };
 
 } // namespace zel::service

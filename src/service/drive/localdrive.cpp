@@ -22,8 +22,8 @@ bool isAbsent(const DriveError &error)
 
 } // namespace
 
-LocalDrive::LocalDrive(const QString &root, sqlite::Database &database)
-    : m_index(database), m_tree(root, m_index), m_trash(m_tree, m_index)
+LocalDrive::LocalDrive(const QString &root, sqlite::Database &database, std::shared_ptr<DriveClaim> claim)
+    : m_claim(std::move(claim)), m_index(database, *m_claim), m_tree(root, m_index), m_trash(m_tree, m_index)
 {
 }
 
@@ -41,6 +41,7 @@ qint64 LocalDrive::begin(const QString &id)
 DriveDone LocalDrive::prepare()
 {
     begin({});
+    const DriveHold hold = m_index.hold();
     if (!prepareDriveSchema(m_index.database())) {
         return m_index.failed() ? m_index.error()
                                 : DriveError{Kind::Io, QStringLiteral("drive tables of a later version")};
@@ -90,31 +91,32 @@ DriveDone LocalDrive::rescan()
     // Nothing is taken for removed while the whole folder is away, as with a disk that is not there.
     if (!scanned && !isAbsent(scanned.error()))
         return scanned;
-    m_scanned = bool(scanned);
+    m_claim->scanned = bool(scanned);
     return DriveOk();
 }
 
 DriveDone LocalDrive::ensureScanned()
 {
-    return m_watched && m_scanned ? DriveDone(DriveOk()) : rescan();
+    return m_claim->watched && m_claim->scanned ? DriveDone(DriveOk()) : rescan();
 }
 
 DriveResult<QVector<DriveItem>> LocalDrive::list(const QString &folderId)
 {
     const qint64 id = begin(folderId);
     QVector<DriveItem> items;
-    const auto folder = m_tree.openFolder(id);
+    DriveHold hold;
+    const auto folder = m_tree.openFolder(id, hold);
     if (!folder) {
         const bool empty = id == DriveIndex::RootId && isAbsent(folder.error());
         return empty ? DriveResult<QVector<DriveItem>>(items) : folder.error();
     }
-    const DriveDone synced = m_tree.sync(id, folder->get());
-    if (!synced)
-        return synced.error();
+    const auto children = m_tree.contentOf(id, folder->get());
+    if (!children)
+        return children.error();
     const QString path = DriveTree::pathOf(m_index.chain(id));
-    const QVector<DriveRecord> children = m_index.children(id);
-    items.reserve(children.size());
-    for (const DriveRecord &child : children)
+    hold.unlock();
+    items.reserve(children->size());
+    for (const DriveRecord &child : *children)
         items.append(m_tree.item(child, path));
     if (m_index.failed())
         return m_index.error();
@@ -132,7 +134,8 @@ DriveResult<DriveItem> LocalDrive::stat(const QString &id)
 DriveResult<QVector<DriveItem>> LocalDrive::pathOf(const QString &id)
 {
     const qint64 number = begin(id);
-    const auto spot = m_tree.locate(number);
+    DriveHold hold;
+    const auto spot = m_tree.locate(number, hold);
     const bool absentRoot = !spot && number == DriveIndex::RootId && isAbsent(spot.error());
     if (!spot && !absentRoot)
         return spot.error();
@@ -151,6 +154,7 @@ DriveResult<QVector<DriveItem>> LocalDrive::pathOf(const QString &id)
 DriveResult<DriveItem> LocalDrive::resolve(const QString &path)
 {
     qint64 id = begin(rootId());
+    const DriveHold hold = m_index.hold();
     const QStringList names = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     for (const QString &name : names) {
         const auto folder = m_tree.openFolder(id);
@@ -163,21 +167,37 @@ DriveResult<DriveItem> LocalDrive::resolve(const QString &path)
     return names.isEmpty() ? stat(rootId()) : m_tree.item(id);
 }
 
+DriveResult<DriveItem> LocalDrive::child(const QString &folderId, const QString &name)
+{
+    DriveHold hold;
+    const auto folder = m_tree.openFolder(begin(folderId), hold);
+    const auto record = folder ? m_tree.childOf(driveIdNumber(folderId), folder->get(), name)
+                               : DriveResult<DriveRecord>(folder.error());
+    return record ? m_tree.item(record->id) : DriveResult<DriveItem>(record.error());
+}
+
 DriveResult<DriveTrashItem> LocalDrive::trash(const QString &id)
 {
     const qint64 number = begin(id);
     if (number == DriveIndex::RootId)
         return DriveError{Kind::Denied, QStringLiteral("the root stays")};
-    const auto spot = m_tree.locate(number);
-    if (!spot)
-        return spot.error();
+    DriveHold hold;
+    auto spot = m_tree.locate(number, hold);
     // So that everything below can be told of, and comes back with its ids.
-    if (spot->record.entry.isFolder) {
+    if (spot && spot->record.entry.isFolder) {
+        hold.unlock();
         const DriveDone synced = m_tree.syncTree(number);
         if (!synced && m_index.failed())
             return synced.error();
+        spot = m_tree.locate(number, hold);
     }
-    return m_trash.put(*spot);
+    if (!spot)
+        return spot.error();
+    Unsynced changed;
+    auto item = m_trash.put(*spot, changed);
+    hold.unlock();
+    changed.sync();
+    return item;
 }
 
 DriveResult<QVector<DriveTrashItem>> LocalDrive::listTrash()
@@ -237,6 +257,7 @@ DriveResult<DriveChanges> LocalDrive::changesSince(const QString &cursor)
     if (!scanned)
         return scanned.error();
     begin({});
+    const DriveHold hold = m_index.hold();
     DriveJournal journal(m_index.database());
     journal.trim();
     DriveChanges changes = journal.since(cursor);

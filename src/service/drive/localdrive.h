@@ -4,6 +4,8 @@
 #include "service/drive/drivetrash.h"
 #include "service/drive/drivetree.h"
 
+#include <memory>
+
 namespace zel::service {
 
 class TempEntry;
@@ -20,22 +22,26 @@ class LocalDrive final : public CloudDrive
 {
 public:
     /// The database is open and stays so while the drive lives; it holds the tables of one drive. No
-    /// transaction may be open during a call.
-    LocalDrive(const QString &root, sqlite::Database &database);
+    /// transaction may be open during a call. Drives on the same folder share a claim.
+    LocalDrive(const QString &root, sqlite::Database &database,
+        std::shared_ptr<DriveClaim> claim = std::make_shared<DriveClaim>());
 
     /// Call first. Makes the tables and clears away what a killed process left behind.
     DriveDone prepare();
 
     /// Tells whether a DriveWatcher hands all changes of others to refresh() or rescan(). Without one,
-    /// changesSince(), search() and usage() read the whole tree each time.
-    void setWatched(bool watched) { m_watched = watched; }
+    /// changesSince(), search() and usage() read the whole tree each time. Holds for all that share the
+    /// claim.
+    void setWatched(bool watched) { m_claim->watched = watched; }
     DriveDone refresh(const QStringList &folders); ///< as DriveWatcher::changed() tells them
     DriveDone rescan();
 
+    DriveHold hold() override { return m_index.hold(); }
     QString rootId() const override;
     DriveResult<QVector<DriveItem>> list(const QString &folderId) override;
     DriveResult<DriveItem> stat(const QString &id) override;
     DriveResult<DriveItem> resolve(const QString &path) override;
+    DriveResult<DriveItem> child(const QString &folderId, const QString &name) override;
     DriveResult<QVector<DriveItem>> pathOf(const QString &id) override;
     DriveResult<DriveItem> createFolder(const QString &parentId, const QString &name) override;
     DriveResult<DriveItem> createFile(const QString &parentId, const QString &name) override;
@@ -43,9 +49,11 @@ public:
         const DriveWriteOptions &options, const DriveProgress &progress) override;
     DriveDone read(const QString &id, QIODevice &target, const DriveProgress &progress) override;
     DriveResult<DriveItem> rename(const QString &id, const QString &name) override;
-    DriveResult<DriveItem> move(const QString &id, const QString &parentId, DriveConflict conflict) override;
+    DriveResult<DriveItem> move(
+        const QString &id, const QString &parentId, const QString &name, DriveConflict conflict) override;
     DriveResult<DriveItem> copy(const QString &id, const QString &parentId, const QString &name,
-        DriveConflict conflict, const DriveProgress &progress) override;
+        DriveConflict conflict, const DriveProgress &progress, int *leftOut = nullptr) override;
+    DriveDone remove(const QString &id) override;
     DriveResult<DriveTrashItem> trash(const QString &id) override;
     DriveResult<QVector<DriveTrashItem>> listTrash() override;
     DriveResult<DriveItem> restore(const QString &trashId) override;
@@ -63,24 +71,29 @@ private:
     };
 
     qint64 begin(const QString &id);
-    DriveResult<Folder> folderToFill(const QString &id, const QString &newName);
+    DriveResult<Folder> folderToFill(const QString &id, const QString &newName, DriveHold &hold);
     DriveDone checkTarget(const Folder &folder, const QString &name, bool isFolder, DriveConflict conflict);
-    DriveResult<DriveItem> finish(
+    DriveResult<DriveItem> finish(TempEntry &temp, const Folder &folder, const QString &name, bool isFolder,
+        const DriveWriteOptions &options);
+    DriveResult<DriveItem> putInPlace(
         TempEntry &temp, const Folder &folder, const QString &name, bool isFolder, DriveConflict conflict);
-    DriveResult<DriveItem> finishTrashing(TempEntry &temp, const Folder &folder, const QString &name);
-    DriveResult<DriveItem> adopt(const Folder &folder, const QString &name);
+    DriveResult<DriveItem> putTrashing(TempEntry &temp, const Folder &folder, const QString &name);
+    DriveResult<DriveItem> replace(TempEntry &temp, DriveRecord record, const Folder &folder, bool isFolder);
+    DriveResult<DriveItem> lasting(DriveResult<DriveItem> item, const Folder &folder, DriveHold &hold);
+    DriveDone fill(TempEntry &temp, const Folder &folder, const QString &name, QIODevice &source,
+        const DriveWriteOptions &options, const DriveProgress &progress);
+    DriveResult<DriveItem> adopt(const Folder &folder, const QString &name, TempEntry *temp);
     DriveResult<DriveItem> place(const DriveTree::Spot &spot, qint64 folderId, int folder,
-        const QString &name, DriveConflict conflict);
-    DriveDone copyContent(
-        const DriveTree::Spot &spot, const Folder &folder, TempEntry &temp, const DriveProgress &progress);
+        const QString &name, DriveConflict conflict, DriveHold &hold);
+    DriveDone copyContent(int source, bool isFolder, const Folder &folder, TempEntry &temp,
+        const DriveProgress &progress, int *leftOut);
     DriveDone ensureScanned();
     DriveDone removeLeftovers();
 
+    const std::shared_ptr<DriveClaim> m_claim;
     DriveIndex m_index;
     DriveTree m_tree;
     DriveTrash m_trash;
-    bool m_watched = false;
-    bool m_scanned = false;
 };
 
 } // namespace zel::service

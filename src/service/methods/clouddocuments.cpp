@@ -1,6 +1,7 @@
 #include "service/methods/clouddocuments.h"
 
 #include "base/paths.h"
+#include "service/drive/drivejournal.h"
 #include "service/transfer/localdrivesource.h"
 
 #include <QDir>
@@ -26,10 +27,12 @@ CloudDocuments::CloudDocuments(const Places &places, CloudDatabase &database, Me
       m_drives(localDrives(places.drive, places.driveDatabase)),
       m_quick(m_drives),
       m_bulk(m_drives),
+      m_looking(m_drives),
+      m_local(m_drives),
       m_runner(m_transfers, m_drives),
-      m_events(m_quick, pushes, identity),
+      m_events(m_looking, pushes, identity),
       m_localTrash(places.drive),
-      m_context{m_quick, m_bulk, m_events, m_localTrash, pushes, identity,
+      m_context{m_quick, m_bulk, m_local, m_events, m_localTrash, pushes, identity,
           [this](vela::CloudItem &item) { m_runner.addTransferState(item); }},
       m_roamingMethods(m_roaming, m_quick, pushes, identity),
       m_transferMethods(m_context, m_transfers, m_runner, subscriptions)
@@ -54,6 +57,8 @@ CloudDocuments::~CloudDocuments()
     // Before anything that their jobs speak of goes.
     m_runner.stop();
     m_bulk.stop();
+    m_looking.stop();
+    m_local.stop();
     m_quick.stop();
 }
 
@@ -67,8 +72,8 @@ void CloudDocuments::fillHooks(ServiceHooks &hooks)
         return m_roamingMethods.removeRecords({ids, fileIds, {}, {}}, answer);
     };
     hooks.reportCloudDoc = [this](const QString &file) {
-        const bool isInDrive =
-            QDir::cleanPath(file).startsWith(QDir::cleanPath(m_places.drive) + QLatin1Char('/'));
+        const bool isInDrive = driveIdNumber(file) > 0
+            || QDir::cleanPath(file).startsWith(QDir::cleanPath(m_places.drive) + QLatin1Char('/'));
         if (isInDrive)
             m_events.check();
         return isInDrive ? wire::ServiceError::None : wire::ServiceError::NotFound;

@@ -49,6 +49,8 @@ private:
     const DriveThread::Factory m_drives;
     DriveThread m_quick;
     DriveThread m_bulk;
+    DriveThread m_looking; ///< for what others do, which may mean to read all folders
+    DriveThreads m_local;
     TransferRunner m_runner;
     DriveEvents m_events;
     LocalTrash m_localTrash;

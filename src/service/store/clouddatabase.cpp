@@ -97,7 +97,8 @@ CloudDatabase::Opened CloudDatabase::open()
     QElapsedTimer watch;
     watch.start();
     m_connection.close();
-    if (QFileInfo place(m_file); place.exists() && !place.isFile())
+    struct stat status = {};
+    if (::stat(QFile::encodeName(m_file).constData(), &status) == 0 && !S_ISREG(status.st_mode))
         return Opened::Unusable;
     if (!makeFile())
         return Opened::Later;

@@ -2,10 +2,13 @@
 
 #include "service/drive/drivedisk.h"
 #include "service/drive/drivenames.h"
+#include "service/drive/drivetransfer.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QRandomGenerator>
+#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -17,11 +20,49 @@ namespace {
 using Kind = DriveError::Kind;
 
 constexpr int DeepestFolder = 90;
+const QLatin1String PartialPrefix(".zel-part-");
 
-// The same in each attempt, so that the next one takes away what this one may have to leave.
+// Each process and attempt has a name of its own: what a service left that was killed, or that has not quite
+// ended, is never taken for what is being written.
+QString thisProcess()
+{
+    static const QString mark = QStringLiteral("-%1-").arg(QRandomGenerator::system()->generate64(), 0, 36);
+    return mark;
+}
+
 QString partialName(const TransferTask &task)
 {
-    return QStringLiteral(".zel-part-") + task.id();
+    static std::atomic<int> attempt = 0;
+    return PartialPrefix + task.id() + thisProcess() + QString::number(++attempt);
+}
+
+/// A file of this machine that remembers what went into it.
+class PartialFile final : public QFile
+{
+public:
+    WrittenContent content;
+
+protected:
+    qint64 writeData(const char *bytes, qint64 count) override
+    {
+        const qint64 written = QFile::writeData(bytes, count);
+        if (written > 0)
+            content.add(bytes, written);
+        return written;
+    }
+};
+
+void sweepFolder(const QString &folder, const QString &name, int depth)
+{
+    const QDir dir(folder);
+    const QStringList parts = dir.entryList({name}, QDir::Files | QDir::Hidden | QDir::System);
+    for (const QString &part : parts)
+        if (!part.contains(thisProcess()))
+            QFile::remove(dir.filePath(part));
+    const QStringList below =
+        dir.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks);
+    for (const QString &child : depth < DeepestFolder ? below : QStringList())
+        sweepFolder(dir.filePath(child), name, depth + 1);
 }
 
 bool exists(const QString &path)
@@ -93,6 +134,15 @@ DriveResult<TransferOutcome> DownloadWork::run()
     if (m_failure.first())
         return *m_failure.first();
     return TransferOutcome{*item, *folder, m_monitor.progress.files, m_monitor.progress.total};
+}
+
+void DownloadWork::sweep(const TransferTask &task)
+{
+    const QString name = PartialPrefix + task.id() + QStringLiteral("-*");
+    if (!task.info.isFolder)
+        sweepFolder(task.folder, name, DeepestFolder);
+    else if (!task.made.isEmpty())
+        sweepFolder(task.made, name, 0);
 }
 
 DriveDone DownloadWork::measure(const QString &folder, int depth)
@@ -174,22 +224,22 @@ DriveResult<QString> DownloadWork::putFile(const DriveItem &item, const QString 
     }
     if (taken && m_task.policy == ConflictPolicy::Refuse)
         return DriveError{Kind::Exists, QStringLiteral("The name is taken.")};
-    const QString partial = folder + QLatin1Char('/') + partialName(m_task);
+    const QString partial = partialName(m_task);
     const int replaced = m_task.policy == ConflictPolicy::Replace ? modeOf(path) : -1;
-    const auto fetched = fetch(item, partial, replaced);
-    auto placed = fetched ? place(folder, partialName(m_task), name) : DriveResult<QString>(fetched.error());
+    const auto fetched = fetch(item, folder, partial, replaced);
+    auto placed = fetched ? place(folder, partial, name) : DriveResult<QString>(fetched.error());
     if (!placed)
-        QFile::remove(partial);
+        QFile::remove(folder + QLatin1Char('/') + partial);
     m_done += item.size;
     return placed;
 }
 
-DriveDone DownloadWork::fetch(const DriveItem &item, const QString &path, int mode)
+DriveDone DownloadWork::fetch(const DriveItem &item, const QString &folder, const QString &name, int mode)
 {
     constexpr int Flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
-    QFile::remove(path);
-    const posix::UniqueFd fd(::open(QFile::encodeName(path).constData(), Flags, 0600));
-    QFile file;
+    const posix::UniqueFd place = openFolder(folder);
+    const posix::UniqueFd fd(::openat(place.get(), QFile::encodeName(name).constData(), Flags, 0600));
+    PartialFile file;
     if (!fd || !file.open(fd.get(), QIODevice::WriteOnly | QIODevice::Unbuffered))
         return disk::error("a local file cannot be made", errno);
     const qint64 before = m_done;
@@ -203,7 +253,7 @@ DriveDone DownloadWork::fetch(const DriveItem &item, const QString &path, int mo
     if (::fsync(fd.get()) != 0)
         return disk::lastError("sync");
     file.setFileTime(QDateTime::fromMSecsSinceEpoch(item.mtime), QFileDevice::FileModificationTime);
-    return DriveOk();
+    return file.content.check(place.get(), name, fd.get());
 }
 
 DriveResult<QString> DownloadWork::place(const QString &folder, const QString &partial, const QString &name)

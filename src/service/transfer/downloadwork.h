@@ -16,6 +16,8 @@ public:
     }
 
     DriveResult<TransferOutcome> run();
+    /// Removes what attempts of a task left in processes before this one, which have ended.
+    static void sweep(const TransferTask &task);
 
 private:
     DriveDone measure(const QString &folder, int depth);
@@ -25,7 +27,7 @@ private:
     bool put(const DriveItem &item, const QString &target, int depth);
     DriveResult<QString> putFile(const DriveItem &item, const QString &folder, const QString &name);
     /// `mode`: of the file that will be replaced, -1: of the source.
-    DriveDone fetch(const DriveItem &item, const QString &path, int mode);
+    DriveDone fetch(const DriveItem &item, const QString &folder, const QString &name, int mode);
     DriveResult<QString> place(const QString &folder, const QString &partial, const QString &name);
 
     CloudDrive &m_drive;

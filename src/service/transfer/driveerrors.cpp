@@ -15,6 +15,8 @@ ServiceError serviceError(DriveError::Kind kind)
         return ServiceError::Denied;
     case DriveError::Kind::InvalidName:
         return ServiceError::InvalidArgument;
+    case DriveError::Kind::Changed:
+        return ServiceError::Conflict;
     case DriveError::Kind::NotEmpty:
         return ServiceError::Conflict;
     case DriveError::Kind::DiskFull:

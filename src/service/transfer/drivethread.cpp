@@ -2,6 +2,8 @@
 
 #include "base/logging.h"
 
+#include <algorithm>
+
 namespace zel::service {
 
 DriveThread::DriveThread(Factory factory, QObject *parent)
@@ -11,6 +13,7 @@ void DriveThread::post(std::unique_ptr<Job> job)
 {
     if (m_stopping)
         return;
+    ++m_jobs;
     {
         const std::lock_guard lock(m_mutex);
         m_waiting.push_back(std::move(job));
@@ -86,8 +89,27 @@ void DriveThread::finishJobs()
         const std::lock_guard lock(m_mutex);
         finished.swap(m_finished);
     }
+    m_jobs -= int(finished.size());
     for (const auto &job : finished)
         job->finish();
+}
+
+DriveThreads::DriveThreads(const DriveThread::Factory &factory)
+{
+    for (int i = 0; i < Count; ++i)
+        m_threads.push_back(std::make_unique<DriveThread>(factory));
+}
+
+DriveThread &DriveThreads::leastBusy()
+{
+    return **std::min_element(m_threads.begin(), m_threads.end(),
+        [](const auto &left, const auto &right) { return left->jobs() < right->jobs(); });
+}
+
+void DriveThreads::stop()
+{
+    for (const auto &thread : m_threads)
+        thread->stop();
 }
 
 } // namespace zel::service

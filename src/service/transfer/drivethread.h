@@ -12,6 +12,7 @@
 #include <mutex>
 #include <optional>
 #include <type_traits>
+#include <vector>
 
 namespace zel::service {
 
@@ -38,6 +39,7 @@ public:
     /// Waits for the job that runs, which goingOn() asks to end soon, and drops the others. The drive is
     /// closed.
     void stop();
+    int jobs() const { return m_jobs; } ///< whose end was not told yet
     /// False when jobs are to give up. Any thread; fits a DriveProgress.
     bool goingOn() const { return !m_stopping.load(std::memory_order_relaxed); }
 
@@ -70,11 +72,35 @@ private:
 
     const Factory m_factory;
     std::unique_ptr<QThread> m_thread;
+    int m_jobs = 0;
     std::atomic<bool> m_stopping = false;
     std::mutex m_mutex; ///< of the three below
     std::condition_variable m_wake;
     std::deque<std::unique_ptr<Job>> m_waiting;
     std::deque<std::unique_ptr<Job>> m_finished;
+};
+
+/// A few of them, for jobs that look at files of any file system: one that does not answer holds up only what
+/// asked it. Threads that are not needed are not made. Main thread.
+class DriveThreads final
+{
+public:
+    explicit DriveThreads(const DriveThread::Factory &factory);
+
+    /// On the thread that has the least to do.
+    template <class Work, class Done> void run(Work work, Done done)
+    {
+        leastBusy().run(std::move(work), std::move(done));
+    }
+    void stop();
+    bool goingOn() const { return m_threads.front()->goingOn(); } ///< as DriveThread
+
+private:
+    static constexpr int Count = 4;
+
+    DriveThread &leastBusy();
+
+    std::vector<std::unique_ptr<DriveThread>> m_threads;
 };
 
 } // namespace zel::service

@@ -18,7 +18,8 @@ namespace {
 
 struct OpenDrive
 {
-    explicit OpenDrive(const QString &root) : drive(root, database) { }
+    OpenDrive(const QString &root, const std::shared_ptr<DriveClaim> &claim)
+        : drive(root, database, claim) { }
 
     sqlite::Database database;
     LocalDrive drive;
@@ -60,7 +61,7 @@ public:
     DriveResult<std::shared_ptr<CloudDrive>> make()
     {
         const std::lock_guard lock(m_mutex);
-        const auto made = std::make_shared<OpenDrive>(m_root);
+        const auto made = std::make_shared<OpenDrive>(m_root, m_claim);
         DriveDone ready = prepare(*made);
         if (!ready && !m_prepared && made->database.failure() == sqlite::Failure::Damaged
             && keepAside(made->database, m_file))
@@ -81,6 +82,7 @@ private:
 
     const QString m_root;
     const QString m_file;
+    const std::shared_ptr<DriveClaim> m_claim = std::make_shared<DriveClaim>();
     std::mutex m_mutex;
     bool m_prepared = false;
 };

@@ -2,6 +2,7 @@
 
 #include "base/clock.h"
 #include "base/logging.h"
+#include "service/transfer/downloadwork.h"
 #include "service/transfer/driveerrors.h"
 
 namespace zel::service {
@@ -77,9 +78,26 @@ TransferRunner::TransferRunner(TransferTable &table, const DriveThread::Factory 
 
 void TransferRunner::start()
 {
-    if (!m_takenUp)
+    if (!m_takenUp) {
+        sweep();
         m_takenUp = m_table.takeUpAgain() == ServiceError::None;
+    }
     schedule();
+}
+
+void TransferRunner::sweep()
+{
+    TransferTasks begun;
+    if (m_table.begun(begun) != ServiceError::None || begun.empty())
+        return;
+    m_lanes.front().thread->run(
+        [begun](CloudDrive &) -> DriveDone {
+            for (const TransferTask &task : begun)
+                if (!task.isUpload())
+                    DownloadWork::sweep(task);
+            return DriveOk();
+        },
+        [](const DriveDone &) {});
 }
 
 void TransferRunner::stop()

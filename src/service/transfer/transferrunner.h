@@ -65,6 +65,7 @@ private:
         QElapsedTimer since;
     };
 
+    void sweep();
     bool begin(Lane &lane, TransferTask task);
     void onProgress(const QString &id, const TransferProgress &progress);
     void onMade(const QString &id, const QString &made);

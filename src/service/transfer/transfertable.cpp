@@ -133,6 +133,14 @@ wire::ServiceError TransferTable::takeUpAgain()
     });
 }
 
+wire::ServiceError TransferTable::begun(TransferTasks &tasks)
+{
+    return m_store.use([&](sqlite::Database &database) {
+        Statement rows(database, select("WHERE state = 2 OR (resumed = 1 AND state IN (1, 3))").constData());
+        tasks = readAll(rows);
+    });
+}
+
 wire::ServiceError TransferTable::all(const QString &user, TransferTasks &tasks)
 {
     return m_store.use([&](sqlite::Database &database) {

@@ -29,6 +29,8 @@ public:
     wire::ServiceError takeUpAgain();
 
     wire::ServiceError all(const QString &user, TransferTasks &tasks); ///< the latest first
+    /// Those that have not ended and of which an attempt may have left something; of all users.
+    wire::ServiceError begun(TransferTasks &tasks);
     /// Those of `ids` that there are, the latest first.
     wire::ServiceError named(const QString &user, const QStringList &ids, TransferTasks &tasks);
     /// Those that wait, the one to begin with first; of all users.

@@ -20,6 +20,7 @@ public:
     DriveFixture() { reopen(); }
 
     LocalDrive &drive() { return *m_drive; }
+    const std::shared_ptr<DriveClaim> &claim() const { return m_claim; }
     QString root() const { return m_folder.filePath("drive"_s); }
     QString outside(const QString &name) const { return m_folder.filePath(name); }
     QString at(const char *path) const { return root() + QLatin1Char('/') + QString::fromUtf8(path); }
@@ -28,11 +29,21 @@ public:
     /// As the next start of the service.
     bool reopen()
     {
-        m_drive.reset();
-        m_database.close();
-        m_database.open(database());
-        m_drive = std::make_unique<LocalDrive>(root(), m_database);
+        close();
+        open();
         return bool(m_drive->prepare());
+    }
+    /// For another process, as one may have the folder at a time.
+    void close()
+    {
+        m_drive.reset();
+        m_claim = std::make_shared<DriveClaim>();
+        m_database.close();
+    }
+    void open()
+    {
+        m_database.open(database());
+        m_drive = std::make_unique<LocalDrive>(root(), m_database, m_claim);
     }
 
     /// Done by another program: a file, or a folder when the path ends with "/".
@@ -111,6 +122,7 @@ public:
 
 private:
     QTemporaryDir m_folder;
+    std::shared_ptr<DriveClaim> m_claim = std::make_shared<DriveClaim>();
     sqlite::Database m_database;
     std::unique_ptr<LocalDrive> m_drive;
 };
@@ -118,8 +130,8 @@ private:
 /// "ok" or the kind of the error as a word.
 template <typename T> QString outcome(const DriveResult<T> &result)
 {
-    static const char *const Names[] = {
-        "notFound", "exists", "denied", "invalidName", "notEmpty", "diskFull", "io", "offline", "cancelled"};
+    static const char *const Names[] = {"notFound", "exists", "denied", "invalidName", "notEmpty", "changed",
+        "diskFull", "io", "offline", "cancelled"};
     return result ? "ok"_s : QString::fromLatin1(Names[int(result.error().kind)]);
 }
 

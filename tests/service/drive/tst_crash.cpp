@@ -24,12 +24,14 @@ private Q_SLOTS:
             && f.make("d/2", QByteArray(1000, 'x')));
         const QString a = f.id("a");
         const QString before = f.tree();
+        f.close();
         QProcess helper;
         start(helper, mode, f);
         QVERIFY(helper.waitForReadyRead());
         QCOMPARE(helper.readAll(), QByteArray("middle\n"));
         helper.kill();
         QVERIFY(helper.waitForFinished());
+        f.open();
         QVERIFY2(f.tree() != before, "something lies about, but hidden");
         QCOMPARE(f.listed(f.drive().rootId()), "a d/"_s);
         QCOMPARE(f.content(a), QByteArray("old"));

@@ -111,7 +111,7 @@ private Q_SLOTS:
         QCOMPARE(f.write(rootId, "n"_s, "333", DriveConflict::Replace)->id, n);
         QCOMPARE(told(), "modified n"_s);
         QCOMPARE(drive.rename(n, "m"_s)->id, n);
-        QCOMPARE(drive.move(n, f.id("d"), DriveConflict::Fail)->id, n);
+        QCOMPARE(drive.move(n, f.id("d"), {}, DriveConflict::Fail)->id, n);
         QCOMPARE(told(), "moved m, moved m"_s);
         const auto copy = drive.copy(f.id("d"), rootId, "k"_s, DriveConflict::Fail, {});
         QCOMPARE(told(), "created a, created b, created k, created m, created sub"_s);
@@ -119,7 +119,7 @@ private Q_SLOTS:
         QCOMPARE(told(), "removed a, removed b, removed k, removed m, removed sub"_s);
         QCOMPARE(drive.restore(trashed->id)->id, copy->id);
         QCOMPARE(told(), "created a, created b, created k, created m, created sub"_s);
-        QVERIFY(drive.move(n, f.id("k"), DriveConflict::Replace));
+        QVERIFY(drive.move(n, f.id("k"), {}, DriveConflict::Replace));
         QCOMPARE(told(), "moved m, removed m"_s);
         QCOMPARE(told(), QString());
     }

@@ -45,18 +45,41 @@ void creatingRows()
         [](F &f) { return outcome(f.write(top, d, "new", C::Replace)); });
 }
 
+void replacingRows()
+{
+    // Somebody saves the document, or moves it, while its new content is on the way.
+    const auto update = [](F &f, const std::function<void()> &meanwhile) {
+        const auto before = f.drive().stat(f.id("a.txt"));
+        DriveWriteOptions options{C::Replace, -1};
+        options.replacedId = before->id;
+        options.replacedVersion = before->version;
+        QBuffer source;
+        source.setData("new");
+        source.open(QIODevice::ReadOnly);
+        return outcome(f.drive().write(top, a, source, options, [&](qint64, qint64) {
+            meanwhile();
+            return true;
+        }));
+    };
+    row("update", "ok", "a.txt=new d/ d/a.txt=D e/", [update](F &f) { return update(f, [] {}); });
+    row("update, saved meanwhile", "changed", "a.txt=saved d/ d/a.txt=D e/",
+        [update](F &f) { return update(f, [&f] { f.make("a.txt", "saved"); }); });
+    row("update, moved meanwhile", "changed", "b=A d/ d/a.txt=D e/",
+        [update](F &f) { return update(f, [&f] { f.outsideMove("a.txt", "b"); }); });
+}
+
 void movingRows()
 {
     row("rename the root", "denied", same, [](F &f) { return outcome(f.drive().rename(top, "b"_s)); });
     row("move, replace", "ok", "d/ d/a.txt=A e/",
-        [](F &f) { return outcome(f.drive().move(f.id("a.txt"), f.id("d"), C::Replace)); });
+        [](F &f) { return outcome(f.drive().move(f.id("a.txt"), f.id("d"), {}, C::Replace)); });
     row("move over a full folder", "notEmpty", "a.txt=A d/ d/a.txt=D e/ e/d/", [](F &f) {
         f.make("e/d/");
-        return outcome(f.drive().move(f.id("e/d"), top, C::Replace));
+        return outcome(f.drive().move(f.id("e/d"), top, {}, C::Replace));
     });
     row("move into itself", "denied", "a.txt=A d/ d/a.txt=D d/x/ e/", [](F &f) {
         f.make("d/x/");
-        return outcome(f.drive().move(f.id("d"), f.id("d/x"), C::Fail));
+        return outcome(f.drive().move(f.id("d"), f.id("d/x"), {}, C::Fail));
     });
 }
 
@@ -114,6 +137,7 @@ private Q_SLOTS:
     {
         columns<Step, QString, QString>("step", "result", "tree");
         creatingRows();
+        replacingRows();
         movingRows();
         copyingRows();
     }
@@ -293,7 +317,7 @@ private Q_SLOTS:
         QCOMPARE(outcome(f.write(shut, "n"_s, "x")), denied);
         QCOMPARE(outcome(f.drive().createFolder(shut, "n"_s)), denied);
         QCOMPARE(outcome(f.drive().rename(a, "b"_s)), denied);
-        QCOMPARE(outcome(f.drive().move(a, open, DriveConflict::Fail)), denied);
+        QCOMPARE(outcome(f.drive().move(a, open, {}, DriveConflict::Fail)), denied);
         QCOMPARE(outcome(f.drive().trash(a)), denied);
         QCOMPARE(f.where(a), "shut/a"_s);
         QCOMPARE(f.drive().listTrash()->size(), 0);

@@ -115,7 +115,7 @@ private Q_SLOTS:
         const std::unique_ptr<QThread> thread(QThread::create([&] {
             zel::sqlite::Database database;
             database.open(f.database());
-            LocalDrive other(f.root(), database);
+            LocalDrive other(f.root(), database, f.claim());
             while (!done) {
                 const auto listed = other.listTrash();
                 if (!listed)

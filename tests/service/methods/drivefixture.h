@@ -30,11 +30,12 @@ public:
         zel::service::localDrives(root(), place.filePath("drive.db"_s));
     zel::service::DriveThread quick{drives};
     zel::service::DriveThread bulk{drives};
+    zel::service::DriveThreads localThreads{drives};
     zel::service::DriveEvents events{quick, client, identity};
     zel::service::RoamingMethods roamingMethods{roaming, quick, client, identity};
     zel::service::LocalTrash localTrash{root()};
     const zel::service::DriveContext context{
-        quick, bulk, events, localTrash, client, identity, [](zel::vela::CloudItem &) {}};
+        quick, bulk, localThreads, events, localTrash, client, identity, [](zel::vela::CloudItem &) {}};
 
     DriveFixture()
     {

@@ -5,6 +5,7 @@
 #include "service/methods/recycle/recyclepushes.h"
 
 #include <functional>
+#include <unordered_map>
 
 namespace zel::service {
 namespace {
@@ -19,15 +20,13 @@ struct Batch
     std::vector<CloudItemId> items;
     QString folder; ///< target
     int policy = 0;
-    std::vector<ConflictItem> choices; ///< of the user for single items, before `policy`
+    std::unordered_map<std::string, int> choices; ///< of the user for single items, before `policy`
 };
 
 int choiceFor(const Batch &batch, const std::string &id)
 {
-    for (const ConflictItem &choice : batch.choices)
-        if (choice.item.id == id && choice.conflictPolicy != 0)
-            return choice.conflictPolicy;
-    return batch.policy;
+    const auto choice = batch.choices.find(id);
+    return choice == batch.choices.end() ? batch.policy : choice->second;
 }
 
 template <class Result>
@@ -41,7 +40,8 @@ void runOne(
         return;
     }
     const int policy = choiceFor(batch, wanted.id);
-    const auto item = step(*id, {batch.folder, before->name, conflictOf(policy)});
+    // Without a name: somebody may rename it at the same time.
+    const auto item = step(*id, {batch.folder, {}, conflictOf(policy)});
     if (item) {
         result.items.push_back(cloudItem(*item, job.identity));
     } else if (item.error().kind != Kind::Exists) {
@@ -89,7 +89,11 @@ template <class Request> DriveResult<Batch> batchOf(CloudDrive &drive, const Req
     const auto folder = folderId(drive, request.targetGroupId, request.targetParentId);
     if (!folder)
         return folder.error();
-    return Batch{itemsOf(request), *folder, request.conflictPolicy, request.conflicts};
+    Batch batch{itemsOf(request), *folder, request.conflictPolicy, {}};
+    for (const ConflictItem &choice : request.conflicts)
+        if (choice.conflictPolicy != 0)
+            batch.choices.emplace(choice.item.id, choice.conflictPolicy);
+    return batch;
 }
 
 template <class Request, class Result>
@@ -98,9 +102,16 @@ DriveResult<Result> copyAll(const DriveJob &job, const Request &request)
     const auto batch = batchOf(job.drive, request);
     if (!batch)
         return batch.error();
-    return runBatch<Result>(job, *batch, [&job](const QString &id, const DrivePlace &place) {
-        return copyItem(job.drive, id, place, job.progress);
+    int allLeftOut = 0;
+    auto result = runBatch<Result>(job, *batch, [&](const QString &id, const DrivePlace &place) {
+        int leftOut = 0;
+        auto copied = copyItem(job.drive, id, place, job.progress, &leftOut);
+        allLeftOut += leftOut;
+        return copied;
     });
+    if (result && allLeftOut > 0)
+        result->extraParam["leftOut"] = std::to_string(allLeftOut);
+    return result;
 }
 
 template <class Request, class Result>
@@ -143,15 +154,15 @@ DriveResult<BatchRemoveResult> removeAll(const DriveJob &job, const BatchRemoveA
         if (!job.progress(0, -1))
             return DriveError{Kind::Cancelled, QStringLiteral("The service ends.")};
         const auto id = namedItemId(job.drive, wanted);
-        const auto away = id ? job.drive.trash(*id) : DriveResult<DriveTrashItem>(id.error());
-        const auto purged = away && request.permanent ? job.drive.purge(away->id) : DriveDone(DriveOk());
-        if (!away || !purged) {
-            result.failedItems[wanted.id] = errorInfo(away ? purged.error() : away.error());
+        const auto away =
+            id ? removeItem(job.drive, *id, request.permanent) : DriveResult<QString>(id.error());
+        if (!away) {
+            result.failedItems[wanted.id] = errorInfo(away.error());
             continue;
         }
         result.removedIds.push_back(wanted.id);
         if (!request.permanent)
-            result.extraParam[wanted.id] = away->id.toStdString();
+            result.extraParam[wanted.id] = away->toStdString();
     }
     return result;
 }

@@ -7,6 +7,8 @@
 
 #include <QDateTime>
 
+#include <memory>
+
 namespace zel::service {
 
 class DriveEvents;
@@ -16,8 +18,9 @@ class Pushes;
 /// What the methods on the drive work with; all of it outlives them. Main thread.
 struct DriveContext
 {
-    DriveThread &quick; ///< for what takes moments
-    DriveThread &bulk;  ///< the same drive, for what may take minutes
+    DriveThread &quick;  ///< for what takes moments
+    DriveThread &bulk;   ///< the same drive, for what may take minutes
+    DriveThreads &local; ///< the same drive, for what looks at files of this machine, which may not answer
     DriveEvents &events;
     LocalTrash &localTrash;
     Pushes &pushes;
@@ -37,16 +40,16 @@ struct DriveJob
 /// Answers a request with `work`, a function (const DriveJob &, const Request &) -> DriveResult<Result> that
 /// runs on the drive's thread. `complete` may add to the answer here. After it was sent `after` gets the
 /// request and the answer here; neither is called when there was an error.
-template <class Request, class Result, class Work, class After>
+template <class Request, class Result, class Thread, class Work, class After>
 void runOn(
-    DriveThread &thread, const DriveContext &context, const Request &request, Answer<Result> answer,
-    Work work, After after, std::function<void(Result &)> complete = [](Result &) {})
+    Thread &thread, const DriveContext &context, std::shared_ptr<const Request> request,
+    Answer<Result> answer, Work work, After after, std::function<void(Result &)> complete = [](Result &) {})
 {
     const auto job = [&thread, work, request, identity = context.identity(),
                          asked = QDateTime::currentMSecsSinceEpoch()](
                          CloudDrive &drive) -> DriveResult<Result> {
         const auto goOn = [&thread](qint64, qint64) { return thread.goingOn(); };
-        return work(DriveJob{drive, identity, goOn, asked}, request);
+        return work(DriveJob{drive, identity, goOn, asked}, *request);
     };
     thread.run(
         job, [after, complete, request, answer = std::move(answer)](DriveResult<Result> result) mutable {
@@ -56,25 +59,27 @@ void runOn(
             }
             complete(*result);
             answer.send(*result);
-            after(request, *result);
+            after(*request, *result);
         });
 }
 
 /// Serves `method` so.
-template <class Request, class Result, class Work, class After>
+template <class Request, class Result, class Thread, class Work, class After>
 void serveOn(
-    DriveThread &thread, const DriveContext &context, MethodTable &methods, std::string_view method,
-    Work work, After after, std::function<void(Result &)> complete = [](Result &) {})
+    Thread &thread, const DriveContext &context, MethodTable &methods, std::string_view method, Work work,
+    After after, std::function<void(Result &)> complete = [](Result &) {})
 {
-    methods.serve<Request, Result>(
-        method, [&thread, &context, work, after, complete](const Request &request, Answer<Result> answer) {
-            runOn<Request, Result>(thread, context, request, std::move(answer), work, after, complete);
+    methods.serveKeeping<Request, Result>(method,
+        [&thread, &context, work, after, complete](
+            std::shared_ptr<const Request> request, Answer<Result> answer) {
+            runOn<Request, Result>(
+                thread, context, std::move(request), std::move(answer), work, after, complete);
         });
 }
 
-template <class Request, class Result, class Work>
-void serveOn(DriveThread &thread, const DriveContext &context, MethodTable &methods, std::string_view method,
-    Work work)
+template <class Request, class Result, class Thread, class Work>
+void serveOn(
+    Thread &thread, const DriveContext &context, MethodTable &methods, std::string_view method, Work work)
 {
     serveOn<Request, Result>(thread, context, methods, method, work, [](const Request &, const Result &) {});
 }

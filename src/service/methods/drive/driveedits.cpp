@@ -131,10 +131,10 @@ DriveResult<MoveResult> moveOne(const DriveJob &job, const MoveArg &request)
     if (!folder)
         return folder.error();
     DrivePlace place{*folder, text(request.newName), conflictOf(request.conflictPolicy)};
+    const auto moved = moveItem(job.drive, *id, place);
     if (place.name.isEmpty())
         place.name = before->name;
-    auto result =
-        placed<MoveResult>(job, moveItem(job.drive, *id, place), *before, place, request.conflictPolicy);
+    auto result = placed<MoveResult>(job, moved, *before, place, request.conflictPolicy);
     if (result)
         result->extraParam["oldParentId"] = before->parentId.toStdString();
     return result;
@@ -152,8 +152,12 @@ DriveResult<CopyResult> copyOne(const DriveJob &job, const CopyArg &request)
     DrivePlace place{*folder, text(request.newName), conflictOf(request.conflictPolicy)};
     if (place.name.isEmpty())
         place.name = original->name;
-    return placed<CopyResult>(
-        job, copyItem(job.drive, *id, place, job.progress), *original, place, request.conflictPolicy);
+    int leftOut = 0;
+    const auto copied = copyItem(job.drive, *id, place, job.progress, &leftOut);
+    auto result = placed<CopyResult>(job, copied, *original, place, request.conflictPolicy);
+    if (result && leftOut > 0)
+        result->extraParam["leftOut"] = std::to_string(leftOut);
+    return result;
 }
 
 DriveResult<UpdateResult> updateOne(const DriveJob &job, const UpdateArg &request)
@@ -166,17 +170,24 @@ DriveResult<UpdateResult> updateOne(const DriveJob &job, const UpdateArg &reques
         return DriveError{Kind::Denied, QStringLiteral("A folder has no content.")};
     UpdateResult result;
     result.item = cloudItem(*before, job.identity);
-    result.versionConflict = request.baseVersion != 0 && request.baseVersion != result.item.cloudVersion;
-    if (result.versionConflict) {
-        refuse(result, wire::ServiceError::Conflict, QStringLiteral("The file has changed meanwhile."));
+    const bool takesAny = request.baseVersion == 0;
+    result.versionConflict = !takesAny && request.baseVersion != result.item.cloudVersion;
+    DriveWriteOptions options{DriveConflict::Replace, request.mtime > 0 ? request.mtime : -1};
+    options.replacedId = *id;
+    options.replacedVersion = takesAny ? QString() : before->version;
+    const auto item = result.versionConflict
+        ? DriveResult<DriveItem>(DriveError{Kind::Changed, {}})
+        : job.drive.writeFrom(before->parentId, before->name, text(request.localPath), options, job.progress);
+    if (item) {
+        result.item = cloudItem(*item, job.identity);
         return result;
     }
-    const DriveWriteOptions options{DriveConflict::Replace, request.mtime > 0 ? request.mtime : -1};
-    const auto item =
-        job.drive.writeFrom(before->parentId, before->name, text(request.localPath), options, job.progress);
-    if (!item)
-        return item.error();
-    result.item = cloudItem(*item, job.identity);
+    const auto now = job.drive.stat(*id);
+    if (item.error().kind != Kind::Changed || !now)
+        return now ? item.error() : now.error();
+    result.item = cloudItem(*now, job.identity);
+    result.versionConflict = true;
+    refuse(result, wire::ServiceError::Conflict, QStringLiteral("The file has changed meanwhile."));
     return result;
 }
 
@@ -195,9 +206,9 @@ void addDriveEdits(MethodTable &methods, const DriveContext &context)
     serveOn<CreateFolderArg, CreateFolderResult>(
         context.quick, context, methods, "createFolder", createFolder, changed);
     serveOn<CreateFileArg, CreateFileResult>(
-        context.bulk, context, methods, "createFile", createFile, changed);
+        context.local, context, methods, "createFile", createFile, changed);
     serveOn<CopyArg, CopyResult>(context.bulk, context, methods, "copy", copyOne, changed);
-    serveOn<UpdateArg, UpdateResult>(context.bulk, context, methods, "update", updateOne, changed);
+    serveOn<UpdateArg, UpdateResult>(context.local, context, methods, "update", updateOne, changed);
     serveOn<RenameArg, RenameResult>(context.quick, context, methods, "rename", renameOne,
         [&context](const RenameArg &, const RenameResult &result) {
             NotifyFileActionArg action;

@@ -59,7 +59,11 @@ DriveEvents::DriveEvents(DriveThread &drive, Pushes &pushes, IdentitySource iden
 {
 }
 
-DriveEvents::~DriveEvents() = default;
+DriveEvents::~DriveEvents()
+{
+    m_watching.quit();
+    m_watching.wait();
+}
 
 void DriveEvents::start(const QString &root)
 {
@@ -71,36 +75,31 @@ void DriveEvents::start(const QString &root)
         check();
         return;
     }
-    // Reading the folders may take long, so it is the drive's thread that does it, before the first look.
-    m_looking = true;
-    const auto watcher = std::make_shared<DriveWatcher>(root);
-    m_drive.run(
-        [watcher](CloudDrive &) -> DriveDone {
-            watcher->open();
-            return DriveOk();
-        },
-        [this, watcher](const DriveDone &opened) {
-            if (!opened)
-                watcher->open();
-            m_looking = false;
-            watch(watcher);
-            check();
-        });
+    m_looking = true; // the first look follows the watches, so that nothing happens between the two
+    m_watcher = new DriveWatcher(root);
+    m_watcher->moveToThread(&m_watching);
+    connect(&m_watching, &QThread::started, m_watcher, &DriveWatcher::start);
+    connect(&m_watching, &QThread::finished, m_watcher, &QObject::deleteLater);
+    connect(m_watcher, &DriveWatcher::started, this, [this] {
+        m_looking = false;
+        check();
+    });
+    connect(m_watcher, &DriveWatcher::changed, this, [this](const QStringList &folders) {
+        m_touched.unite({folders.begin(), folders.end()});
+        check();
+    });
+    connect(m_watcher, &DriveWatcher::rescanNeeded, this, &DriveEvents::rescan);
+    connect(&m_unwatched, &QTimer::timeout, this, &DriveEvents::rescan);
+    m_unwatched.setSingleShot(true);
+    m_unwatched.setInterval(UnwatchedMs);
+    m_watching.setObjectName(QStringLiteral("zel-watch"));
+    m_watching.start();
 }
 
-void DriveEvents::watch(const std::shared_ptr<DriveWatcher> &watcher)
+void DriveEvents::rescan()
 {
-    m_watcher = watcher;
-    connect(m_watcher.get(), &DriveWatcher::changed, this, [this](const QStringList &folders) {
-        for (const QString &folder : folders)
-            m_touched.insert(folder);
-        check();
-    });
-    connect(m_watcher.get(), &DriveWatcher::rescanNeeded, this, [this] {
-        m_rescan = true;
-        check();
-    });
-    m_watcher->listen();
+    m_rescan = true;
+    check();
 }
 
 DriveEvents::Look DriveEvents::look()
@@ -130,6 +129,8 @@ void DriveEvents::check()
         },
         [this](const DriveResult<Look> &found) {
             m_looking = false;
+            if (m_watcher && !m_watcher->isComplete() && !m_unwatched.isActive())
+                m_unwatched.start();
             if (found)
                 tell(*found);
             Q_EMIT told();

@@ -5,7 +5,8 @@
 #include "service/methods/identity.h"
 
 #include <QObject>
-#include <memory>
+#include <QThread>
+#include <QTimer>
 
 namespace zel::service {
 
@@ -14,12 +15,14 @@ class DriveWatcher;
 class Pushes;
 
 /// Tells all clients what changed in the drive, whoever changed it: the service itself, other programs in a
-/// folder of this machine, other devices. Main thread. Nothing wakes it while nothing changes.
+/// folder of this machine, other devices. Main thread. Nothing wakes it while nothing changes, unless there
+/// are more folders than can be watched.
 class DriveEvents final : public QObject
 {
     Q_OBJECT
 public:
-    static constexpr int MostItems = 200; ///< told one by one; more are told by their folders
+    static constexpr int MostItems = 200;     ///< told one by one; more are told by their folders
+    static constexpr int UnwatchedMs = 60000; ///< after which a drive with too many folders is read again
 
     DriveEvents(DriveThread &drive, Pushes &pushes, IdentitySource identity);
     ~DriveEvents() override;
@@ -45,7 +48,7 @@ Q_SIGNALS:
 private:
     struct Look;
 
-    void watch(const std::shared_ptr<DriveWatcher> &watcher);
+    void rescan();
     Look look();
     void tell(const Look &found);
     void tellCreated(const Look &found);
@@ -56,7 +59,9 @@ private:
     DriveThread &m_drive;
     Pushes &m_pushes;
     const IdentitySource m_identity;
-    std::shared_ptr<DriveWatcher> m_watcher;
+    QThread m_watching; ///< of the watcher, as following many folders takes long
+    DriveWatcher *m_watcher = nullptr;
+    QTimer m_unwatched; ///< until folders that are beyond its limit are looked at again
     QString m_cursor;
     QSet<QString> m_touched; ///< folders that the watcher told of
     bool m_rescan = false;

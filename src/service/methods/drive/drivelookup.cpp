@@ -62,11 +62,8 @@ std::optional<DriveTrashItem> inTrash(CloudDrive &drive, const QString &itemId)
 
 std::optional<DriveItem> childNamed(CloudDrive &drive, const QString &folder, const QString &name)
 {
-    const auto items = drive.list(folder);
-    for (const DriveItem &item : items ? *items : QVector<DriveItem>())
-        if (item.name == name)
-            return item;
-    return {};
+    const auto item = drive.child(folder, name);
+    return item ? std::optional(*item) : std::nullopt;
 }
 
 ConflictPolicy policyOf(int number)

@@ -11,12 +11,11 @@ namespace {
 using Kind = DriveError::Kind;
 using Put = std::function<DriveResult<DriveItem>()>;
 
-constexpr int MostNumbers = 10000;
-
 // A replaced item is a person's document: it goes to the trash, where it can be had back.
 DriveResult<DriveItem> putAway(
     CloudDrive &drive, const QString &folder, const QString &name, const QString &id, const Put &put)
 {
+    const DriveHold hold = drive.hold();
     const auto occupant = childNamed(drive, folder, name);
     if (!occupant || occupant->id == id)
         return put();
@@ -35,48 +34,27 @@ DriveResult<DriveItem> putAway(
 DriveResult<DriveItem> renameItem(
     CloudDrive &drive, const QString &id, const QString &name, DriveConflict conflict)
 {
+    if (conflict == DriveConflict::Fail)
+        return drive.rename(id, name);
+    const DriveHold hold = drive.hold();
     const auto item = drive.stat(id);
-    if (!item)
-        return item.error();
-    if (conflict == DriveConflict::Replace)
-        return putAway(drive, item->parentId, name, id, [&] { return drive.rename(id, name); });
-    auto renamed = drive.rename(id, name);
-    for (int number = 2; number < MostNumbers && conflict == DriveConflict::KeepBoth && !renamed
-         && renamed.error().kind == Kind::Exists;
-         ++number)
-        renamed = drive.rename(id, numberedDriveName(name, number, item->isFolder));
-    return renamed;
+    return item ? moveItem(drive, id, {item->parentId, name, conflict}) : item;
 }
 
 DriveResult<DriveItem> moveItem(CloudDrive &drive, const QString &id, const DrivePlace &place)
 {
-    const auto before = drive.stat(id);
-    if (!before)
-        return before.error();
-    const QString name = place.name.isEmpty() ? before->name : place.name;
-    if (before->parentId == place.folder)
-        return renameItem(drive, id, name, place.conflict);
-    if (name == before->name) {
-        if (place.conflict == DriveConflict::Replace)
-            return putAway(drive, place.folder, name, id,
-                [&] { return drive.move(id, place.folder, DriveConflict::Fail); });
-        return drive.move(id, place.folder, place.conflict);
-    }
-    // The old name may be taken there although the new one is free.
-    const auto moved = drive.move(id, place.folder, DriveConflict::KeepBoth);
-    if (!moved)
-        return moved.error();
-    auto renamed = renameItem(drive, id, name, place.conflict);
-    if (!renamed) {
-        const auto back = drive.move(id, before->parentId, DriveConflict::KeepBoth);
-        if (back && back->name != before->name)
-            (void)drive.rename(id, before->name);
-    }
-    return renamed;
+    if (place.conflict != DriveConflict::Replace)
+        return drive.move(id, place.folder, place.name, place.conflict);
+    const DriveHold hold = drive.hold();
+    const auto item = drive.stat(id);
+    if (!item)
+        return item.error();
+    return putAway(drive, place.folder, place.name.isEmpty() ? item->name : place.name, id,
+        [&] { return drive.move(id, place.folder, place.name, DriveConflict::Fail); });
 }
 
-DriveResult<DriveItem> copyItem(
-    CloudDrive &drive, const QString &id, const DrivePlace &place, const DriveProgress &progress)
+DriveResult<DriveItem> copyItem(CloudDrive &drive, const QString &id, const DrivePlace &place,
+    const DriveProgress &progress, int *leftOut)
 {
     const auto original = drive.stat(id);
     if (!original)
@@ -85,20 +63,27 @@ DriveResult<DriveItem> copyItem(
     const auto occupant = place.conflict == DriveConflict::Replace ? childNamed(drive, place.folder, name)
                                                                    : std::optional<DriveItem>();
     if (!occupant)
-        return drive.copy(id, place.folder, name, place.conflict, progress);
+        return drive.copy(id, place.folder, name, place.conflict, progress, leftOut);
     if (occupant->id == id)
         return DriveError{Kind::Denied, QStringLiteral("An item cannot replace itself.")};
     // What is there goes only when the copy is complete.
-    const auto copied = drive.copy(id, place.folder, name, DriveConflict::KeepBoth, progress);
+    const auto copied = drive.copy(id, place.folder, name, DriveConflict::KeepBoth, progress, leftOut);
     if (!copied)
         return copied.error();
     auto renamed = renameItem(drive, copied->id, name, DriveConflict::Replace);
-    if (!renamed) {
-        const auto away = drive.trash(copied->id);
-        if (away)
-            (void)drive.purge(away->id);
-    }
+    if (!renamed)
+        (void)drive.remove(copied->id);
     return renamed;
+}
+
+DriveResult<QString> removeItem(CloudDrive &drive, const QString &id, bool permanent)
+{
+    if (permanent) {
+        const auto removed = drive.remove(id);
+        return removed ? DriveResult<QString>(QString()) : removed.error();
+    }
+    const auto away = drive.trash(id);
+    return away ? DriveResult<QString>(away->id) : away.error();
 }
 
 DriveResult<DriveItem> makeFolders(

@@ -19,9 +19,11 @@ DriveResult<DriveItem> renameItem(
     CloudDrive &drive, const QString &id, const QString &name, DriveConflict conflict);
 /// Moves and renames.
 DriveResult<DriveItem> moveItem(CloudDrive &drive, const QString &id, const DrivePlace &place);
-/// With Replace what had the name is in the trash afterwards.
-DriveResult<DriveItem> copyItem(
-    CloudDrive &drive, const QString &id, const DrivePlace &place, const DriveProgress &progress);
+/// With Replace what had the name is in the trash afterwards. `leftOut` as in CloudDrive::copy().
+DriveResult<DriveItem> copyItem(CloudDrive &drive, const QString &id, const DrivePlace &place,
+    const DriveProgress &progress, int *leftOut = nullptr);
+/// The place in the trash; empty when it is gone for good.
+DriveResult<QString> removeItem(CloudDrive &drive, const QString &id, bool permanent);
 /// Each folder of a path, as far as it is missing; the last one. `existed`: it was there.
 DriveResult<DriveItem> makeFolders(
     CloudDrive &drive, const QString &folder, const QStringList &names, bool &existed);

@@ -47,7 +47,7 @@ DriveResult<GetFileThumbnailResult> thumbnails(const DriveJob &job, const GetFil
 void addThumbnails(MethodTable &methods, const DriveContext &context)
 {
     serveOn<GetFileThumbnailArg, GetFileThumbnailResult>(
-        context.bulk, context, methods, "getFileThumbnail", thumbnails);
+        context.local, context, methods, "getFileThumbnail", thumbnails);
 }
 
 } // namespace zel::service

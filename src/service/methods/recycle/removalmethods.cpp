@@ -1,6 +1,7 @@
 #include "service/methods/drive/drivecontext.h"
 #include "service/methods/drive/driveevents.h"
 #include "service/methods/drive/drivelookup.h"
+#include "service/methods/drive/driveplace.h"
 #include "service/methods/recycle/localtrash.h"
 #include "service/methods/recycle/recyclepushes.h"
 
@@ -22,17 +23,11 @@ std::string localPathOf(const RemoveArg &request)
 DriveResult<RemoveResult> removeOne(const DriveJob &job, const RemoveArg &request)
 {
     const auto id = namedItemId(job.drive, request.item);
-    const auto away = id ? job.drive.trash(*id) : DriveResult<DriveTrashItem>(id.error());
+    const auto away = id ? removeItem(job.drive, *id, request.permanent) : DriveResult<QString>(id.error());
     if (!away)
         return away.error();
     RemoveResult result;
-    result.recycleId = away->id.toStdString();
-    if (!request.permanent)
-        return result;
-    const auto purged = job.drive.purge(away->id);
-    if (!purged)
-        return purged.error();
-    result.recycleId.clear();
+    result.recycleId = away->toStdString();
     return result;
 }
 
@@ -40,8 +35,8 @@ template <class Work>
 void removeFromDrive(
     const DriveContext &context, const RemoveArg &request, Answer<RemoveResult> answer, Work work)
 {
-    runOn<RemoveArg, RemoveResult>(context.quick, context, request, std::move(answer), work,
-        [&context](const RemoveArg &, const RemoveResult &result) {
+    runOn<RemoveArg, RemoveResult>(context.quick, context, std::make_shared<const RemoveArg>(request),
+        std::move(answer), work, [&context](const RemoveArg &, const RemoveResult &result) {
             if (!result.recycleId.empty())
                 tellRecycled(context, {text(result.recycleId)});
             context.events.check();

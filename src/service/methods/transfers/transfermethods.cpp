@@ -147,11 +147,12 @@ ServiceError TransferMethods::addTasks(TransferPlans &plans)
     return error;
 }
 
-// The plan is made on the drive's thread, the tasks are kept, then they are answered, told and begun.
+// The plan is made on a thread that may wait for local files, the tasks are kept, then they are answered,
+// told and begun.
 template <class Result> void TransferMethods::accept(Plans plans, Answer<Result> answer, Fill<Result> fill)
 {
     const Identity who = m_context.identity();
-    m_context.quick.run([plans, who](CloudDrive &drive) { return plans(drive, who); },
+    m_context.local.run([plans, who](CloudDrive &drive) { return plans(drive, who); },
         [this, fill, answer = std::move(answer)](PlannedTransfers planned) mutable {
             if (!planned) {
                 answer.fail(planned.error, planned.text);
@@ -180,7 +181,7 @@ template <class Result> void TransferMethods::acceptOne(Plans plans, bool wait, 
         return;
     }
     const Identity who = m_context.identity();
-    m_context.quick.run([plans, who](CloudDrive &drive) { return plans(drive, who); },
+    m_context.local.run([plans, who](CloudDrive &drive) { return plans(drive, who); },
         [this, answer = std::move(answer)](PlannedTransfers planned) mutable {
             const ServiceError error = planned ? addTasks(planned.plans) : planned.error;
             if (error != ServiceError::None) {

@@ -126,7 +126,9 @@ private Q_SLOTS:
         const service::IdentitySource identity = [] { return service::Identity(); };
         service::DriveEvents events(thread, client, identity);
         service::LocalTrash localTrash(place.filePath("Drive"_s));
-        const service::DriveContext context{thread, thread, events, localTrash, client, identity, {}};
+        service::DriveThreads threads([] { return service::DriveError{}; });
+        const service::DriveContext context{
+            thread, thread, threads, events, localTrash, client, identity, {}};
         addDriveQueries(client.methods, context);
         const auto refused = client.call<GetInfoListResult>("getInfoList", GetInfoListArg());
         QCOMPARE(refused.state, int(wire::ServiceError::Offline));
