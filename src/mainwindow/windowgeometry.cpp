@@ -35,6 +35,14 @@ QRect centered(const QSize &size, const QRect &area)
         size.width(), size.height()};
 }
 
+QRect fitted(const QRect &rect, const QRect &area)
+{
+    const QSize size = rect.size().boundedTo(area.size());
+    return {qBound(area.left(), rect.left(), area.left() + area.width() - size.width()),
+        qBound(area.top(), rect.top(), area.top() + area.height() - size.height()), size.width(),
+        size.height()};
+}
+
 Placement restore(const StoredPlacement &stored, const QSize &current, const ScreenState &screen)
 {
     const bool hasStored = stored.normal.isValid();
@@ -51,6 +59,8 @@ Placement restore(const StoredPlacement &stored, const QSize &current, const Scr
     if (!keepsPosition(result.normal, screen))
         result.normal = centered(result.normal.size(), screen.available);
     result.normal.moveTo(std::max(0, result.normal.left()), std::max(0, result.normal.top()));
+    if (!hasStored || stored.screensChanged)
+        result.normal = fitted(result.normal, screen.available);
     return result;
 }
 

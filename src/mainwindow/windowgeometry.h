@@ -16,6 +16,7 @@ struct StoredPlacement
 {
     QRect normal; ///< as stored; an invalid rectangle when nothing (or nothing sensible) is stored
     bool maximized = false;
+    bool screensChanged = false; ///< it was stored beside other screens, or at another scale
 };
 
 struct Placement
@@ -33,7 +34,11 @@ QRect storedRect(int x, int y, int width, int height, const ScreenState &screen)
 /// `size` in the middle of `area`; halves of differences are rounded towards zero.
 QRect centered(const QSize &size, const QRect &area);
 
-/// The placement for the next show. `current` is the window's size now (its default size).
+/// As much of `rect` as `area` has room for, moved so that all of that lies in it.
+QRect fitted(const QRect &rect, const QRect &area);
+
+/// The placement for the next show. `current` is the window's size now (its default size). What was stored
+/// beside the same screens comes back as it was; the rest is fitted into the available area.
 Placement restore(const StoredPlacement &stored, const QSize &current, const ScreenState &screen);
 
 } // namespace zel::geometry

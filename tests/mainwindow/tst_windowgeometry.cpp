@@ -47,8 +47,11 @@ private Q_SLOTS:
         row("nothing stored", {}, usual, one, {centred, false});
         row("nothing stored, right screen", {}, usual, right, {centred.translated(1600, 0), false});
         row("nothing stored, default as large as the area", {}, {1600, 960}, one, {one.available, true});
-        row("larger than the area: halves towards zero", {}, {1603, 965}, one,
-            {QRect(0, 38, 1603, 965), false});
+        row("default larger than the area", {}, {1603, 580}, one, {QRect(0, 230, 1600, 580), false});
+        row("default larger than the right screen", {}, {1700, 980}, right, {right.available, false});
+        row("the screens were others: fitted", {QRect(900, 600, 800, 500), false, true}, usual, one,
+            {QRect(800, 500, 800, 500), false});
+        row("they were larger", {QRect(0, 0, 1800, 1160), true, true}, usual, one, {one.available, true});
         row("stored", {QRect(10, 50, 800, 500), false}, usual, one, {QRect(10, 50, 800, 500), false});
         row("maximised goes back to the stored rectangle", {QRect(10, 50, 800, 500), true}, usual, one,
             {QRect(10, 50, 800, 500), true});
