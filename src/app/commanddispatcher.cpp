@@ -100,7 +100,7 @@ bool handleCategory(const CommandLine &command, CommandTarget &)
 
 bool handleAction(const CommandLine &command, CommandTarget &target)
 {
-    if (isAction(command, QLatin1String("exit"))) {
+    if (isExit(command)) {
         target.quitLater();
     } else if (isAction(command, QLatin1String("exitdlg"))) {
         target.showExitDialog();
@@ -189,7 +189,7 @@ bool isCompanion(const CommandLine &command, const QString &name)
 {
     if (name == From || name == MsgId)
         return command.has(Category);
-    return name == Action && command.has(RadarId) && isAction(command, QLatin1String("notifybackup"));
+    return name == Action && command.has(RadarId);
 }
 
 } // namespace

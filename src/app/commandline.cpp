@@ -18,3 +18,8 @@ CommandLine parseCommandLine(const QString &text)
     result.remainder = remainder.join(QLatin1Char(' '));
     return result;
 }
+
+bool isExit(const CommandLine &command)
+{
+    return command.value(QStringLiteral("action")) == QLatin1String("exit");
+}

@@ -18,3 +18,6 @@ struct CommandLine
 /// Takes any text, also unpaired quotes (they reach to the end) and embedded zeros. Linear in its length. Any
 /// thread.
 CommandLine parseCommandLine(const QString &text);
+
+/// Whether it ends the box.
+bool isExit(const CommandLine &command);

@@ -233,7 +233,7 @@ void ZelBoxCore::onIpcTransmission(const QString &key, const QString &value)
 {
     if (key == StartupToken::IpcKey)
         m_startupToken = StartupToken::fromIpc(value);
-    if (key != QLatin1String("zelbox_active_window"))
+    if (key != ZelBoxIpc::CommandKey)
         return;
     const StartupNotice notice(std::exchange(m_startupToken, {}));
     dispatch(value, false);
@@ -392,8 +392,7 @@ void ZelBoxCore::quitLater()
 {
     // As a guest, the loop is the host's: only the box's own windows go.
     const bool ownProcess = ZelBoxApplicationIndependentProcesses::isRunning();
-    if (ownProcess)
-        ZelBoxIpc::instance()->setLeaving(true);
+    ZelBoxIpc::instance()->setLeaving(ownProcess);
     QTimer::singleShot(0, this, [this, ownProcess] {
         if (ownProcess)
             QCoreApplication::quit();

@@ -1,5 +1,6 @@
 #include "app/zelboxentry.h"
 
+#include "app/commandline.h"
 #include "app/zelboxapplication.h"
 #include "app/zelboxipc.h"
 #include "app/zelboxsetup.h"
@@ -24,8 +25,10 @@ int EntryPoint(int argc, char **argv, const wchar_t *cmdline)
 {
     krt::init(
         QStringLiteral("Halvorn"), QStringLiteral("Office"), QStringLiteral("6.0"), QStringLiteral("zelbox"));
+    // Before the handler is there: an exit may be the first that it is given, and must not be taken back. A
+    // box that is started only to end takes no commands that would end with it.
+    ZelBoxIpc::instance()->setLeaving(cmdline && isExit(parseCommandLine(QString::fromWCharArray(cmdline))));
     ZelBoxIpc::instance()->registerTransmission();
-    ZelBoxIpc::instance()->setLeaving(false);
 
     ZelBoxApplicationIndependentProcesses application(argc, argv);
     const QString commandLine = copyCommandLine(cmdline);

@@ -6,6 +6,7 @@
 #include <QMetaMethod>
 #include <QMutexLocker>
 #include <QStringList>
+#include <QThread>
 #include <cstring>
 #include <cwchar>
 
@@ -75,30 +76,38 @@ void ZelBoxIpc::onHostMessage(
         reply(output, u"error");
         return;
     }
-    auto *self = static_cast<ZelBoxIpc *>(context);
-    if (self->m_leaving)
-        return;
-    self->receive(text);
-    reply(output, u"handled");
+    if (static_cast<ZelBoxIpc *>(context)->receive(text))
+        reply(output, u"handled");
 }
 
-void ZelBoxIpc::receive(const QString &text)
+void ZelBoxIpc::setLeaving(bool leaving)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_leaving = leaving;
+}
+
+// False when the message is for the next box.
+bool ZelBoxIpc::receive(const QString &text)
 {
     // A value that holds the separator loses it: the pieces behind the key are joined with nothing between
     // them.
     QStringList pieces = text.split(Separator);
     const Message message{pieces.takeFirst(), pieces.join(QString())};
+    QMutexLocker lock(&m_mutex);
+    if (m_leaving)
+        return false;
     // The command is performed later, on the GUI thread; what comes behind it is for the next box.
-    if (parseCommandLine(message.value).value(QStringLiteral("action")) == QLatin1String("exit"))
-        m_leaving = true;
-    {
-        QMutexLocker lock(&m_mutex);
-        if (!m_connected) {
-            m_waiting.append(message);
-            return;
-        }
+    m_leaving = message.key == CommandKey && isExit(parseCommandLine(message.value));
+    if (!m_connected) {
+        m_waiting.append(message);
+        return true;
     }
+    // From another thread the receivers are only told to act, so the lock is held until they are: an exit
+    // must not overtake what was accepted. On their own they act at once, and may come back here.
+    if (QThread::currentThread() == thread())
+        lock.unlock();
     Q_EMIT ipcTransmission(message.key, message.value);
+    return true;
 }
 
 void ZelBoxIpc::connectNotify(const QMetaMethod &signal)

@@ -5,7 +5,6 @@
 #include <QMutex>
 #include <QObject>
 #include <QVector>
-#include <atomic>
 
 /// The box's end of the host's message channel. One per process, made on first use, destroyed at process
 /// exit. The host calls the handler on any thread; everything else is GUI thread.
@@ -13,6 +12,9 @@ class ZelBoxIpc : public QObject
 {
     Q_OBJECT
 public:
+    static inline const QString CommandKey =
+        QStringLiteral("zelbox_active_window"); ///< brings a command line
+
     static ZelBoxIpc *instance();
 
     /// Registers the handler for the channel "_TRANSMISSION_", once per process; later calls only return
@@ -20,8 +22,9 @@ public:
     bool registerTransmission();
 
     /// While the box is leaving, its messages get no reply, so that the host lets their senders start a box
-    /// of their own instead of telling them "handled". Any thread.
-    void setLeaving(bool leaving) { m_leaving = leaving; }
+    /// of their own instead of telling them "handled". The command that ends the box marks it as leaving when
+    /// it comes in. What was accepted before is on its way to the GUI thread when this returns. Any thread.
+    void setLeaving(bool leaving);
 
 Q_SIGNALS:
     /// One message of the channel. Messages that came while nobody was connected yet are emitted as soon as
@@ -37,7 +40,7 @@ private:
 
     static void onHostMessage(
         void *context, const wchar_t *channel, void *unused, HostInputData *input, HostOutputData *output);
-    void receive(const QString &text);
+    bool receive(const QString &text);
     Q_INVOKABLE void deliverWaiting();
 
     HostMessageInterface *hostInterface = nullptr;
@@ -48,8 +51,8 @@ private:
         QString key;
         QString value;
     };
-    QMutex m_mutex; // guards the two below
+    QMutex m_mutex; // guards those below
     QVector<Message> m_waiting;
     bool m_connected = false;
-    std::atomic_bool m_leaving = false;
+    bool m_leaving = false;
 };

@@ -78,6 +78,7 @@ private Q_SLOTS:
         row("/radarid=3", "genre=3 top");
         row("/radarid=three", "genre=0 top");
         row("/radarid=3 /action=notifybackup", "backup=3");
+        row("/radarid=3 /action=open", "genre=3 top");
         row("/groupid=12", "group=12");
         row("/category=a /from=b /msgid=c", "source=other channel=a,b,c");
         row("/id=1 /groupid=2", "id=1 group=2");

@@ -1,13 +1,15 @@
 #include "app/instancelock.h"
 #include "app/zelboxipc.h"
+#include "base/posix/uniquefd.h"
 #include "fakehost.h"
-#include "support/text.h"
+#include "support/table.h"
 
 #include <QtTest>
 
 #include <thread>
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -88,6 +90,7 @@ private Q_SLOTS:
         row("empty value", "zelbox_active_window?=", {key, QString()});
         row("no separator", "zelbox_active_window", {key, QString()});
         row("separator inside the value is lost", "a?=b?=c", {"a"_s, "bc"_s});
+        row("exit under another key", "zelbox_other?=/action=exit", {"zelbox_other"_s, "/action=exit"_s});
         row("empty key", "?=x", {QString(), "x"_s});
         row("empty", "", {QString(), QString()});
         row("beyond the BMP", "k?=\xF0\x9F\x93\x84 文", {"k"_s, "\xF0\x9F\x93\x84 文"_s});
@@ -126,6 +129,26 @@ private Q_SLOTS:
         QCOMPARE(reply.size(), std::size_t(16));
         QVERIFY(!heardOn);
         QTRY_COMPARE(heardOn, thread());
+    }
+
+    // Everybody may put something into the temporary folder.
+    void lockIsAPlainFile_data()
+    {
+        zeltest::rows<int>(
+            "type", {{"pipe", S_IFIFO}, {"pipe with a reader", S_IFIFO | 1}, {"link", S_IFLNK}});
+    }
+    void lockIsAPlainFile()
+    {
+        QFETCH(int, type);
+        const QByteArray name = zel::instanceLockPath().toLocal8Bit();
+        const char *path = name.constData();
+        QCOMPARE(type == S_IFLNK ? ::symlink("target", path) : ::mkfifo(path, 0600), 0);
+        const zel::posix::UniqueFd reader((type & 1) != 0 ? ::open(path, O_RDONLY | O_NONBLOCK) : -1);
+        const int before = openDescriptorsOf(zel::instanceLockPath());
+        zel::takeInstanceLock();
+        QCOMPARE(openDescriptorsOf(zel::instanceLockPath()), before);
+        QCOMPARE(::unlink(path), 0);
+        QVERIFY(!QFileInfo::exists(QDir::temp().filePath("target"_s)));
     }
 
     void lock()
