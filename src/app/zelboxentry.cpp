@@ -1,15 +1,25 @@
 #include "app/zelboxentry.h"
 
 #include "app/commandline.h"
+#include "app/displayguard.h"
 #include "app/zelboxapplication.h"
 #include "app/zelboxipc.h"
 #include "app/zelboxsetup.h"
+#include "base/dbus/mutebus.h"
+#include "base/logging.h"
 #include "krt/krt.h"
 
 #include <QMetaObject>
+#include <optional>
 #include <stdexcept>
+#include <utility>
+
+using namespace std::chrono_literals;
 
 namespace {
+
+// A daemon that is alive answers within a millisecond, in the turmoil of a login within a few hundred.
+constexpr auto PatienceWithBus = 1000ms;
 
 QString copyCommandLine(const wchar_t *cmdline)
 {
@@ -30,7 +40,11 @@ int EntryPoint(int argc, char **argv, const wchar_t *cmdline)
     ZelBoxIpc::instance()->setLeaving(cmdline && isExit(parseCommandLine(QString::fromWCharArray(cmdline))));
     ZelBoxIpc::instance()->registerTransmission();
 
+    if (zel::sessionbus::giveUpIfMute(PatienceWithBus))
+        qCWarning(lcApp, "the session bus does not answer: no tray icon, no screen reader in this run");
+    std::optional<DisplayGuard> guard(std::in_place);
     ZelBoxApplicationIndependentProcesses application(argc, argv);
+    guard.reset();
     const QString commandLine = copyCommandLine(cmdline);
     if (application.start(commandLine))
         QApplication::exec();

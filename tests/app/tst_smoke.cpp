@@ -1,11 +1,14 @@
 // The real launcher, box and service on a real X screen.
 
+#include "base/posix/unixsocket.h"
+#include "support/table.h"
 #include "support/text.h"
 #include "support/xscreen.h"
 
 #include <QProcess>
 #include <QtTest>
 #include <atomic>
+#include <csignal>
 #include <memory>
 #include <thread>
 #include <vector>
@@ -108,6 +111,56 @@ private Q_SLOTS:
         for (std::thread &user : users)
             user.join();
         QCOMPARE(lost.load(), 0);
+    }
+
+    void busThatDoesNotAnswer_data()
+    {
+        const auto row = zeltest::table<bool, bool>("listens", "stopped");
+        row("nobody listens", false, false);
+        row("takes connections only", true, false);
+        row("stopped", false, true);
+    }
+    void busThatDoesNotAnswer()
+    {
+        QFETCH(bool, listens);
+        QFETCH(bool, stopped);
+        QTemporaryDir folder;
+        const QString path = folder.filePath("bus"_s);
+        const auto mute = listens ? zel::posix::listenUnix(path.toStdString()) : zel::posix::UniqueFd();
+        QProcess daemon;
+        if (stopped) {
+            daemon.start("dbus-daemon"_s,
+                {"--session"_s, "--nofork"_s, "--print-address"_s, "--address=unix:path="_s + path});
+            QVERIFY(daemon.waitForReadyRead(20'000));
+            QCOMPARE(::kill(pid_t(daemon.processId()), SIGSTOP), 0);
+        }
+        qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + QFile::encodeName(path));
+        zeltest::XScreen screen;
+        QProcess box;
+        box.start(program("zelbox"), QStringList());
+        QVERIFY(screen.waitForTitle(Title, 10s) != 0);
+        QCOMPARE(forward({"/options=showZelBoxMini|settings|folderselector"_s, "/param=/a b"_s}), 0);
+        QVERIFY(screen.waitForTitle("Synchronise folder — ZEL Box", 10s) != 0);
+        QCOMPARE(forward({"/action=exit"_s}), 0);
+        QVERIFY(box.waitForFinished(10'000));
+        qunsetenv("DBUS_SESSION_BUS_ADDRESS");
+        QCOMPARE(box.exitCode(), 0);
+        daemon.kill();
+        daemon.waitForFinished();
+    }
+
+    void deadDisplay()
+    {
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("DISPLAY"_s, ":4711"_s);
+        QProcess box;
+        box.setProcessEnvironment(environment);
+        box.start(program("zelbox"), QStringList());
+        QVERIFY(box.waitForFinished(20'000));
+        QCOMPARE(box.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(box.exitCode(), 1);
+        QCOMPARE(QString::fromUtf8(box.readAllStandardError()),
+            "zelbox: the display cannot be used (DISPLAY=:4711, QT_QPA_PLATFORM=xcb)\n"_s);
     }
 
     // Qt ends the process from inside its loop when the X server goes; that must not look like a crash.

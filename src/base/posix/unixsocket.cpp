@@ -1,6 +1,7 @@
 #include "base/posix/unixsocket.h"
 
 #include <cerrno>
+#include <cstddef>
 #include <cstring>
 #include <sys/socket.h>
 #include <sys/stat.h>
@@ -23,6 +24,12 @@ bool fillAddress(const std::string &path, sockaddr_un &address)
     return true;
 }
 
+// Every byte counts in the name of an abstract socket; a path ends at its zero.
+socklen_t addressSize(const std::string &path)
+{
+    return static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + path.size() + (path[0] == '\0' ? 0 : 1));
+}
+
 UniqueFd connected(UniqueFd fd, const std::string &path)
 {
     sockaddr_un address;
@@ -30,7 +37,7 @@ UniqueFd connected(UniqueFd fd, const std::string &path)
         return {};
     int result = 0;
     do {
-        result = ::connect(fd.get(), reinterpret_cast<const sockaddr *>(&address), sizeof(address));
+        result = ::connect(fd.get(), reinterpret_cast<const sockaddr *>(&address), addressSize(path));
     } while (result != 0 && errno == EINTR);
     if (result != 0) {
         const int error = errno; // closing the descriptor may change it

@@ -17,7 +17,7 @@ UniqueFd listenUnix(const std::string &path, int backlog = 64);
 
 /// Connects and gives a blocking descriptor. Unix sockets answer at once unless the listener's queue is full;
 /// then it waits at most until `deadline` (errno EAGAIN). Empty on failure; ECONNREFUSED or ENOENT means that
-/// nobody listens.
+/// nobody listens. A path that begins with a zero byte is an abstract name.
 UniqueFd connectUnixUntil(const std::string &path, Deadline deadline);
 
 /// As connectUnixUntil, but never waits and gives a non-blocking descriptor.
