@@ -2655,6 +2655,10 @@ Last used on %2</source>
         <translation>迷你窗口</translation>
     </message>
     <message>
+        <source>Quick Search</source>
+        <translation>快速搜索</translation>
+    </message>
+    <message>
         <source>Settings</source>
         <translation>设置</translation>
     </message>

@@ -37,6 +37,7 @@ void BoxPresence::startTray()
     connect(m_tray, &ZelBoxTray::mainWindowRequested, this, [this] { m_commands.showMainWindow(); });
     connect(m_tray, &ZelBoxTray::miniWindowRequested, this,
         [this] { m_commands.showMiniWindow(QStringLiteral("tray")); });
+    connect(m_tray, &ZelBoxTray::quickSearchRequested, this, [this] { m_commands.showMiniWidget(false); });
     connect(m_tray, &ZelBoxTray::settingsRequested, this, [this] { m_commands.openSettings(QString()); });
     connect(m_tray, &ZelBoxTray::exitRequested, this, [this] { m_commands.quitLater(); });
     m_tray->setState(m_trayState);

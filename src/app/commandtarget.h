@@ -18,6 +18,8 @@ public:
     virtual void askAboutExit() = 0;   ///< the same dialog for who closed the window: to stay is the default
     virtual void showMainWindow() = 0; ///< and brings it to the front
     virtual void showMiniWindow(const QString &startFrom) = 0;
+    /// The quick search; as the main box ("mainbox") it is only placed over the main window.
+    virtual void showMiniWidget(bool asMainBox) = 0;
     virtual void openFolderSelector() = 0;
     virtual void openSyncFolder(const QString &parameter) = 0;
     virtual void sendToBackground() = 0; ///< does nothing without a main window or in the enterprise product

@@ -34,8 +34,6 @@ public:
     /// Parses and performs a command line. `first` only for the command that init() dispatches.
     void dispatch(const QString &commandLine, bool first);
 
-    void showMiniWidget(bool asMainBox); ///< start mode "mainbox" or "miniwidget"
-
     ZelBoxMainWindow *mainWindow() const; ///< null until needed
 
     /// Destroys every window, stops the recent-file store and removes the translations. Called while the
@@ -52,6 +50,7 @@ public:
     void askAboutExit() override;
     void showMainWindow() override;
     void showMiniWindow(const QString &startFrom) override;
+    void showMiniWidget(bool asMainBox) override; // start mode "mainbox" or "miniwidget"
     void openFolderSelector() override;
     void openSyncFolder(const QString &parameter) override;
     void sendToBackground() override;

@@ -29,6 +29,7 @@ struct CommandRecorder : CommandTarget
     void askAboutExit() override { note("exit?"); }
     void showMainWindow() override { note("main"); }
     void showMiniWindow(const QString &startFrom) override { note("mini", startFrom); }
+    void showMiniWidget(bool asMainBox) override { note(asMainBox ? "mainbox" : "search"); }
     void openFolderSelector() override { note("folders"); }
     void openSyncFolder(const QString &parameter) override { note("sync", parameter); }
     void sendToBackground() override { note("background"); }

@@ -83,6 +83,7 @@ struct Asked
         note(&ZelBoxTray::activated, "activated");
         note(&ZelBoxTray::mainWindowRequested, "main");
         note(&ZelBoxTray::miniWindowRequested, "mini");
+        note(&ZelBoxTray::quickSearchRequested, "search");
         note(&ZelBoxTray::settingsRequested, "settings");
         note(&ZelBoxTray::exitRequested, "exit");
     }
@@ -202,12 +203,12 @@ private Q_SLOTS:
             entry >> id >> properties;
             ids.insert(properties.value("label"_s).toString().remove(QLatin1Char('_')), id);
         }
-        for (const char *label : {"Show ZEL Box", "Mini Window", "Settings", "Exit"}) {
+        for (const char *label : {"Show ZEL Box", "Mini Window", "Quick Search", "Settings", "Exit"}) {
             QVERIFY2(ids.contains(QLatin1String(label)), label);
             watcher.ask(path, interface, "Event"_s,
                 {ids.value(QLatin1String(label)), "clicked"_s, QVariant::fromValue(QDBusVariant(0)), 0U});
         }
-        QTRY_COMPARE(asked.names, (QStringList{"main"_s, "mini"_s, "settings"_s, "exit"_s}));
+        QTRY_COMPARE(asked.names, (QStringList{"main"_s, "mini"_s, "search"_s, "settings"_s, "exit"_s}));
     }
 
     void badgeTexts()

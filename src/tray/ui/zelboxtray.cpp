@@ -33,6 +33,7 @@ void ZelBoxTray::makeMenu()
 {
     m_menu->addAction(tr("Show ZEL Box"), this, &ZelBoxTray::mainWindowRequested);
     m_menu->addAction(tr("Mini Window"), this, &ZelBoxTray::miniWindowRequested);
+    m_menu->addAction(tr("Quick Search"), this, &ZelBoxTray::quickSearchRequested);
     m_menu->addAction(tr("Settings"), this, &ZelBoxTray::settingsRequested);
     m_menu->addSeparator();
     m_menu->addAction(tr("Exit"), this, &ZelBoxTray::exitRequested);

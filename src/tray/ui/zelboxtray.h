@@ -28,6 +28,7 @@ Q_SIGNALS:
     void activated(); ///< clicked: the main window comes to the front, or goes away from there
     void mainWindowRequested();
     void miniWindowRequested();
+    void quickSearchRequested();
     void settingsRequested();
     void exitRequested();
     /// When a tray comes or goes; the older trays of X11 tell of neither, there reachable() alone is right.
