@@ -281,9 +281,9 @@
         <translation>“%1”已移动。</translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) were moved.</source>
+        <source>%Ln item(s) were moved.</source>
         <translation>
-            <numerusform>%n 个项目已移动。</numerusform>
+            <numerusform>%Ln 个项目已移动。</numerusform>
         </translation>
     </message>
     <message>
@@ -291,9 +291,9 @@
         <translation>“%1”已移动到“%2”。</translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) were moved to “%1”.</source>
+        <source>%Ln item(s) were moved to “%1”.</source>
         <translation>
-            <numerusform>%n 个项目已移动到“%1”。</numerusform>
+            <numerusform>%Ln 个项目已移动到“%1”。</numerusform>
         </translation>
     </message>
     <message>
@@ -301,9 +301,9 @@
         <translation>“%1”已移至回收站。</translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) were moved to the recycle bin.</source>
+        <source>%Ln item(s) were moved to the recycle bin.</source>
         <translation>
-            <numerusform>%n 个项目已移至回收站。</numerusform>
+            <numerusform>%Ln 个项目已移至回收站。</numerusform>
         </translation>
     </message>
 </context>
@@ -380,39 +380,39 @@
         <translation>无法重命名。</translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) could not be moved.</source>
+        <source>%Ln item(s) could not be moved.</source>
         <translation>
-            <numerusform>%n 个项目无法移动。</numerusform>
+            <numerusform>%Ln 个项目无法移动。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) could not be copied.</source>
+        <source>%Ln item(s) could not be copied.</source>
         <translation>
-            <numerusform>%n 个项目无法复制。</numerusform>
+            <numerusform>%Ln 个项目无法复制。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) could not be moved to the recycle bin.</source>
+        <source>%Ln item(s) could not be moved to the recycle bin.</source>
         <translation>
-            <numerusform>%n 个项目无法移到回收站。</numerusform>
+            <numerusform>%Ln 个项目无法移到回收站。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) could not be brought back.</source>
+        <source>%Ln item(s) could not be brought back.</source>
         <translation>
-            <numerusform>%n 个项目无法恢复。</numerusform>
+            <numerusform>%Ln 个项目无法恢复。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) could not be uploaded.</source>
+        <source>%Ln item(s) could not be uploaded.</source>
         <translation>
-            <numerusform>%n 个项目无法上传。</numerusform>
+            <numerusform>%Ln 个项目无法上传。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) could not be downloaded.</source>
+        <source>%Ln item(s) could not be downloaded.</source>
         <translation>
-            <numerusform>%n 个项目无法下载。</numerusform>
+            <numerusform>%Ln 个项目无法下载。</numerusform>
         </translation>
     </message>
     <message>
@@ -476,9 +476,9 @@
         <translation>无法将“%1”移至回收站。</translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s) could not be moved back.</source>
+        <source>%Ln item(s) could not be moved back.</source>
         <translation>
-            <numerusform>%n 个项目无法移回原处。</numerusform>
+            <numerusform>%Ln 个项目无法移回原处。</numerusform>
         </translation>
     </message>
     <message>
@@ -585,9 +585,9 @@
         <translation>退出登录并放弃上传</translation>
     </message>
     <message numerus="yes">
-        <source>%n upload(s) will not be done.</source>
+        <source>%Ln upload(s) will not be done.</source>
         <translation>
-            <numerusform>%n 个上传将不会完成。</numerusform>
+            <numerusform>%Ln 个上传将不会完成。</numerusform>
         </translation>
     </message>
     <message>
@@ -605,14 +605,6 @@
     <message>
         <source>Signed in. Everything stays on this computer.</source>
         <translation>已登录。所有内容都保存在这台计算机上。</translation>
-    </message>
-    <message>
-        <source>%1 of %2 used.</source>
-        <translation>已用 %1，共 %2。</translation>
-    </message>
-    <message>
-        <source>%1 used.</source>
-        <translation>已用 %1。</translation>
     </message>
 </context>
 <context>
@@ -688,18 +680,10 @@
         <translation>已选 %1/%2</translation>
     </message>
     <message numerus="yes">
-        <source>%n item(s)</source>
+        <source>%Ln item(s)</source>
         <translation>
-            <numerusform>%n 个项目</numerusform>
+            <numerusform>%Ln 个项目</numerusform>
         </translation>
-    </message>
-    <message>
-        <source>%1 of %2 used</source>
-        <translation>已用 %1，共 %2</translation>
-    </message>
-    <message>
-        <source>%1 used</source>
-        <translation>已用 %1</translation>
     </message>
 </context>
 <context>
@@ -743,15 +727,15 @@
         <translation>“%1”已存在</translation>
     </message>
     <message numerus="yes">
-        <source>%n name(s) are already taken there</source>
+        <source>%Ln name(s) are already taken there</source>
         <translation>
-            <numerusform>有 %n 个名称已被使用</numerusform>
+            <numerusform>有 %Ln 个名称已被使用</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>and %n more</source>
+        <source>and %Ln more</source>
         <translation>
-            <numerusform>以及另外 %n 个</numerusform>
+            <numerusform>以及另外 %Ln 个</numerusform>
         </translation>
     </message>
     <message>
@@ -794,9 +778,9 @@
         <translation>确定要删除文件“%1”吗？</translation>
     </message>
     <message numerus="yes">
-        <source>Are you sure to delete %n file(s) ?</source>
+        <source>Are you sure to delete %Ln file(s) ?</source>
         <translation>
-            <numerusform>确定要删除 %n 个文件吗？</numerusform>
+            <numerusform>确定要删除 %Ln 个文件吗？</numerusform>
         </translation>
     </message>
     <message>
@@ -1187,9 +1171,9 @@
         <translation>将“%1”移动到</translation>
     </message>
     <message numerus="yes">
-        <source>Move %n item(s) to</source>
+        <source>Move %Ln item(s) to</source>
         <translation>
-            <numerusform>将 %n 个项目移动到</numerusform>
+            <numerusform>将 %Ln 个项目移动到</numerusform>
         </translation>
     </message>
     <message>
@@ -1275,9 +1259,9 @@
 <context>
     <name>NavigationBar</name>
     <message numerus="yes">
-        <source>%n unread</source>
+        <source>%Ln unread</source>
         <translation>
-            <numerusform>%n 条未读</numerusform>
+            <numerusform>%Ln 条未读</numerusform>
         </translation>
     </message>
     <message>
@@ -1315,9 +1299,9 @@
         <translation>“%1”仅在其他设备上。</translation>
     </message>
     <message numerus="yes">
-        <source>At most %n documents are opened at once.</source>
+        <source>At most %Ln documents are opened at once.</source>
         <translation>
-            <numerusform>一次最多打开 %n 个文档。</numerusform>
+            <numerusform>一次最多打开 %Ln 个文档。</numerusform>
         </translation>
     </message>
     <message>
@@ -1454,9 +1438,9 @@
         <translation>“%1”已从列表中移除。</translation>
     </message>
     <message numerus="yes">
-        <source>%n document(s) were removed from the list.</source>
+        <source>%Ln document(s) were removed from the list.</source>
         <translation>
-            <numerusform>已从列表中移除 %n 个文档。</numerusform>
+            <numerusform>已从列表中移除 %Ln 个文档。</numerusform>
         </translation>
     </message>
     <message>
@@ -1464,9 +1448,9 @@
         <translation>此操作无法撤销。</translation>
     </message>
     <message numerus="yes">
-        <source>Undo brings back %n of them, on this device only.</source>
+        <source>Undo brings back %Ln of them, on this device only.</source>
         <translation>
-            <numerusform>撤销可恢复其中 %n 个，且仅在此设备上。</numerusform>
+            <numerusform>撤销可恢复其中 %Ln 个，且仅在此设备上。</numerusform>
         </translation>
     </message>
     <message>
@@ -1482,9 +1466,9 @@
         <translation>“%1”已回到列表中。</translation>
     </message>
     <message numerus="yes">
-        <source>%n document(s) are back on the list.</source>
+        <source>%Ln document(s) are back on the list.</source>
         <translation>
-            <numerusform>%n 个文档已回到列表中。</numerusform>
+            <numerusform>%Ln 个文档已回到列表中。</numerusform>
         </translation>
     </message>
     <message>
@@ -1492,9 +1476,9 @@
         <translation>无法删除“%1”。</translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) could not be deleted.</source>
+        <source>%Ln file(s) could not be deleted.</source>
         <translation>
-            <numerusform>%n 个文件无法删除。</numerusform>
+            <numerusform>%Ln 个文件无法删除。</numerusform>
         </translation>
     </message>
     <message>
@@ -1502,9 +1486,9 @@
         <translation>“%1”已移到回收站。</translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) were moved to the recycle bin.</source>
+        <source>%Ln file(s) were moved to the recycle bin.</source>
         <translation>
-            <numerusform>%n 个文件已移到回收站。</numerusform>
+            <numerusform>%Ln 个文件已移到回收站。</numerusform>
         </translation>
     </message>
     <message>
@@ -1516,9 +1500,9 @@
         <translation>无法恢复“%1”。</translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) could not be brought back.</source>
+        <source>%Ln file(s) could not be brought back.</source>
         <translation>
-            <numerusform>%n 个文件无法恢复。</numerusform>
+            <numerusform>%Ln 个文件无法恢复。</numerusform>
         </translation>
     </message>
     <message>
@@ -1526,15 +1510,15 @@
         <translation>“%1”已恢复。</translation>
     </message>
     <message numerus="yes">
-        <source>%n file(s) are back.</source>
+        <source>%Ln file(s) are back.</source>
         <translation>
-            <numerusform>已恢复 %n 个文件。</numerusform>
+            <numerusform>已恢复 %Ln 个文件。</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n document(s) were left out: they are not on this device.</source>
+        <source>%Ln document(s) were left out: they are not on this device.</source>
         <translation>
-            <numerusform>有 %n 个文档不在此设备上，未处理。</numerusform>
+            <numerusform>有 %Ln 个文档不在此设备上，未处理。</numerusform>
         </translation>
     </message>
     <message>
@@ -1711,9 +1695,9 @@
         <translation>确定要移除“%1”的记录吗？</translation>
     </message>
     <message numerus="yes">
-        <source>Are you sure to remove %n record(s) ?</source>
+        <source>Are you sure to remove %Ln record(s) ?</source>
         <translation>
-            <numerusform>确定要移除 %n 条记录吗？</numerusform>
+            <numerusform>确定要移除 %Ln 条记录吗？</numerusform>
         </translation>
     </message>
     <message>
@@ -1945,6 +1929,17 @@
     </message>
 </context>
 <context>
+    <name>SizeTexts</name>
+    <message>
+        <source>%1 used, %2 free</source>
+        <translation>已用 %1，可用 %2</translation>
+    </message>
+    <message>
+        <source>%1 used</source>
+        <translation>已用 %1</translation>
+    </message>
+</context>
+<context>
     <name>StateStack</name>
     <message>
         <source>This takes longer than usual</source>
@@ -2147,9 +2142,9 @@
         <translation>传输</translation>
     </message>
     <message numerus="yes">
-        <source>Transfers: %n running, %1%</source>
+        <source>Transfers: %Ln running, %1%</source>
         <translation>
-            <numerusform>传输：%n 个进行中，%1%</numerusform>
+            <numerusform>传输：%Ln 个进行中，%1%</numerusform>
         </translation>
     </message>
     <message>
@@ -2182,9 +2177,9 @@
         <translation>关闭</translation>
     </message>
     <message numerus="yes">
-        <source>%n transfer(s) running</source>
+        <source>%Ln transfer(s) running</source>
         <translation>
-            <numerusform>%n 个传输进行中</numerusform>
+            <numerusform>%Ln 个传输进行中</numerusform>
         </translation>
     </message>
     <message>
@@ -2244,15 +2239,15 @@
         <translation>剩余不到一分钟</translation>
     </message>
     <message numerus="yes">
-        <source>%n minute(s) left</source>
+        <source>%Ln minute(s) left</source>
         <translation>
-            <numerusform>剩余 %n 分钟</numerusform>
+            <numerusform>剩余 %Ln 分钟</numerusform>
         </translation>
     </message>
     <message numerus="yes">
-        <source>%n hour(s) left</source>
+        <source>%Ln hour(s) left</source>
         <translation>
-            <numerusform>剩余 %n 小时</numerusform>
+            <numerusform>剩余 %Ln 小时</numerusform>
         </translation>
     </message>
     <message>
@@ -2336,16 +2331,8 @@
         <translation>扩容</translation>
     </message>
     <message>
-        <source>%1 used</source>
-        <translation>已用 %1</translation>
-    </message>
-    <message>
         <source>On this computer</source>
         <translation>在这台计算机上</translation>
-    </message>
-    <message>
-        <source>%1 used, %2 free</source>
-        <translation>已用 %1，可用 %2</translation>
     </message>
 </context>
 <context>
@@ -2616,9 +2603,9 @@ Last used on %2</source>
         <translation>更多</translation>
     </message>
     <message numerus="yes">
-        <source>%n unread</source>
+        <source>%Ln unread</source>
         <translation>
-            <numerusform>%n 个未读</numerusform>
+            <numerusform>%Ln 个未读</numerusform>
         </translation>
     </message>
     <message>
@@ -2671,9 +2658,9 @@ Last used on %2</source>
         <translation>%1：%2</translation>
     </message>
     <message numerus="yes">
-        <source>%n new or changed document(s)</source>
+        <source>%Ln new or changed document(s)</source>
         <translation>
-            <numerusform>%n 个新增或已更改的文档</numerusform>
+            <numerusform>%Ln 个新增或已更改的文档</numerusform>
         </translation>
     </message>
 </context>

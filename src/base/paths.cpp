@@ -56,6 +56,17 @@ QString stateDir()
     return ownFolder(stateHome() + QStringLiteral("/zelbox"));
 }
 
+QString shown(const QString &path, const QString &home)
+{
+    const bool inside = home.size() > 1 && (path == home || path.startsWith(home + QLatin1Char('/')));
+    return inside ? QLatin1Char('~') + path.mid(home.size()) : path;
+}
+
+QString shown(const QString &path)
+{
+    return shown(path, QDir::homePath());
+}
+
 void makeFolderOf(const QString &file)
 {
     ownFolder(QFileInfo(file).path());

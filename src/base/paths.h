@@ -15,6 +15,10 @@ QString settingsDir(); ///< <config>/Halvorn
 QString dataDir();     ///< <data>/zelbox
 QString stateDir();    ///< <state>/zelbox: logs, telemetry
 
+/// For a person: the home folder as "~".
+QString shown(const QString &path, const QString &home);
+QString shown(const QString &path); ///< by this user's home
+
 /// Makes the folder that the file is to stand in, mode 0700, when there is none.
 void makeFolderOf(const QString &file);
 

@@ -23,25 +23,25 @@ QString whatFailed(CloudOperation operation, int count, const QString &name)
                    : Texts::tr("The name could not be changed.");
     case Operation::Move:
         return one ? Texts::tr("“%1” could not be moved.").arg(name)
-                   : Texts::tr("%n item(s) could not be moved.", nullptr, count);
+                   : Texts::tr("%Ln item(s) could not be moved.", nullptr, count);
     case Operation::Copy:
         return one ? Texts::tr("“%1” could not be copied.").arg(name)
-                   : Texts::tr("%n item(s) could not be copied.", nullptr, count);
+                   : Texts::tr("%Ln item(s) could not be copied.", nullptr, count);
     case Operation::Trash:
         return one ? Texts::tr("“%1” could not be moved to the recycle bin.").arg(name)
-                   : Texts::tr("%n item(s) could not be moved to the recycle bin.", nullptr, count);
+                   : Texts::tr("%Ln item(s) could not be moved to the recycle bin.", nullptr, count);
     case Operation::UndoTrash:
-        return Texts::tr("%n item(s) could not be brought back.", nullptr, count);
+        return Texts::tr("%Ln item(s) could not be brought back.", nullptr, count);
     case Operation::UndoMove:
-        return Texts::tr("%n item(s) could not be moved back.", nullptr, count);
+        return Texts::tr("%Ln item(s) could not be moved back.", nullptr, count);
     case Operation::UndoRename:
         return Texts::tr("The old name could not be given back.");
     case Operation::Upload:
         return one ? Texts::tr("“%1” could not be uploaded.").arg(name)
-                   : Texts::tr("%n item(s) could not be uploaded.", nullptr, count);
+                   : Texts::tr("%Ln item(s) could not be uploaded.", nullptr, count);
     case Operation::Download:
         return one ? Texts::tr("“%1” could not be downloaded.").arg(name)
-                   : Texts::tr("%n item(s) could not be downloaded.", nullptr, count);
+                   : Texts::tr("%Ln item(s) could not be downloaded.", nullptr, count);
     case Operation::Transfer:
         return Texts::tr("The transfer could not be changed.");
     }

@@ -71,9 +71,9 @@ QString remainingText(qint64 seconds)
         return Texts::tr("less than a minute left");
     const qint64 minutes = (seconds + 30) / 60;
     if (minutes < 60)
-        return Texts::tr("%n minute(s) left", nullptr, int(minutes));
+        return Texts::tr("%Ln minute(s) left", nullptr, int(minutes));
     const qint64 hours = qMin<qint64>((minutes + 30) / 60, INT_MAX);
-    return Texts::tr("%n hour(s) left", nullptr, int(hours));
+    return Texts::tr("%Ln hour(s) left", nullptr, int(hours));
 }
 
 } // namespace zel::clouddoc

@@ -93,13 +93,13 @@ QString CloudDocNotices::doneText(const CloudUndo &undo) const
     case CloudOperation::Move: {
         const QString folder = zel::shortName(folderName(undo.toFolder));
         if (folder.isEmpty())
-            return one ? tr("“%1” was moved.").arg(name) : tr("%n item(s) were moved.", nullptr, undo.count);
+            return one ? tr("“%1” was moved.").arg(name) : tr("%Ln item(s) were moved.", nullptr, undo.count);
         return one ? tr("“%1” was moved to “%2”.").arg(name, folder)
-                   : tr("%n item(s) were moved to “%1”.", nullptr, undo.count).arg(folder);
+                   : tr("%Ln item(s) were moved to “%1”.", nullptr, undo.count).arg(folder);
     }
     default:
         return one ? tr("“%1” was moved to the recycle bin.").arg(name)
-                   : tr("%n item(s) were moved to the recycle bin.", nullptr, undo.count);
+                   : tr("%Ln item(s) were moved to the recycle bin.", nullptr, undo.count);
     }
 }
 

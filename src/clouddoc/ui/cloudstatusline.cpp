@@ -44,7 +44,7 @@ void CloudStatusLine::setCounts(int shown, int selected, qint64 selectedBytes)
 {
     QString text = selected > 0
         ? tr("%1 of %2 selected").arg(QLocale().toString(selected), QLocale().toString(shown))
-        : shown > 0 ? tr("%n item(s)", nullptr, shown)
+        : shown > 0 ? tr("%Ln item(s)", nullptr, shown)
                     : QString();
     if (selected > 0 && selectedBytes > 0)
         text += QStringLiteral(" · ") + zel::sizeText(selectedBytes);
@@ -53,9 +53,7 @@ void CloudStatusLine::setCounts(int shown, int selected, qint64 selectedBytes)
 
 void CloudStatusLine::setSpace(qint64 used, qint64 total)
 {
-    m_space->setText(used < 0 ? QString()
-            : total > 0       ? tr("%1 of %2 used").arg(zel::sizeText(used), zel::sizeText(total))
-                              : tr("%1 used").arg(zel::sizeText(used)));
+    m_space->setText(zel::spaceText(used, total));
 }
 
 void CloudStatusLine::resizeEvent(QResizeEvent *event)

@@ -25,7 +25,7 @@ QString ConflictDialog::heading(const CloudConflicts &conflicts)
 {
     if (conflicts.size() == 1)
         return tr("“%1” is already there").arg(headingName(conflicts.constFirst().name));
-    return tr("%n name(s) are already taken there", nullptr, conflicts.size());
+    return tr("%Ln name(s) are already taken there", nullptr, conflicts.size());
 }
 
 void ConflictDialog::explain(CloudOperation operation, const CloudConflicts &conflicts)
@@ -36,7 +36,7 @@ void ConflictDialog::explain(CloudOperation operation, const CloudConflicts &con
         for (const CloudConflict &conflict : conflicts.mid(0, MostNames))
             names << headingName(conflict.name);
         if (const int more = conflicts.size() - MostNames; more > 0)
-            names << tr("and %n more", nullptr, more);
+            names << tr("and %Ln more", nullptr, more);
         addText(names.join(QLatin1Char('\n')))->setTextFormat(Qt::PlainText);
     } else if (first.existing.modifiedAt > 0 && !first.existing.folder) {
         const QDateTime time = QDateTime::fromMSecsSinceEpoch(first.existing.modifiedAt);

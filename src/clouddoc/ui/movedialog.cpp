@@ -21,7 +21,7 @@ MoveDialog::MoveDialog(KCloudSvrProxy *proxy, const QStringList &ids, const QStr
     const MayMove &mayMove, QWidget *parent)
     : BoxDialog(tr("Move to"),
         ids.size() == 1 ? tr("Move “%1” to").arg(headingName(name))
-                        : tr("Move %n item(s) to", nullptr, ids.size()),
+                        : tr("Move %Ln item(s) to", nullptr, ids.size()),
         parent),
       m_logic(new Logic(proxy, this)),
       m_mayMove(mayMove),

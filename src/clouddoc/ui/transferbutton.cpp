@@ -16,7 +16,7 @@ void TransferButton::setProgress(int active, int percent, bool failed)
 {
     m_percent = active > 0 ? qMax(0, percent) : -1;
     m_failed = failed;
-    const QString name = active > 0 ? tr("Transfers: %n running, %1%", nullptr, active).arg(m_percent)
+    const QString name = active > 0 ? tr("Transfers: %Ln running, %1%", nullptr, active).arg(m_percent)
         : failed                    ? tr("Transfers: something went wrong")
                                     : tr("Transfers");
     if (name != accessibleName())

@@ -130,7 +130,7 @@ void TransferPanel::follow()
 void TransferPanel::updateTexts()
 {
     const int active = m_transfers->activeCount();
-    m_title->setText(active > 0 ? tr("%n transfer(s) running", nullptr, active) : tr("Transfers"));
+    m_title->setText(active > 0 ? tr("%Ln transfer(s) running", nullptr, active) : tr("Transfers"));
     m_clear->setText(tr("Clear Finished"));
     m_nothing->setText(tr("Nothing is being uploaded or downloaded."));
     setAccessibleName(tr("Transfers"));

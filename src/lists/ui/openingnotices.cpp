@@ -35,7 +35,7 @@ bool OpeningNotices::mayOpen(int documents)
 {
     constexpr int Most = DocumentOpening::MostAtOnce;
     if (documents > Most)
-        m_notice->showText(tr("At most %n documents are opened at once.", nullptr, Most));
+        m_notice->showText(tr("At most %Ln documents are opened at once.", nullptr, Most));
     return documents <= Most;
 }
 

@@ -34,7 +34,7 @@ public:
     {
         m_count = count;
         m_redPoints = redPoints;
-        setAccessibleDescription(count > 0 ? NavigationBar::tr("%n unread", nullptr, count) : QString());
+        setAccessibleDescription(count > 0 ? NavigationBar::tr("%Ln unread", nullptr, count) : QString());
         update();
     }
 

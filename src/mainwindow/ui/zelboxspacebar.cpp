@@ -56,9 +56,7 @@ ZelBoxLoginSpaceWidget::ZelBoxLoginSpaceWidget(QWidget *parent)
 
 void ZelBoxLoginSpaceWidget::setAccount(const CloudSpace &space)
 {
-    const QString used = zel::sizeText(qMax<qint64>(0, space.usedBytes()));
     const qint64 total = space.totalBytes();
-    const QString free = zel::sizeText(qMax<qint64>(0, total - space.usedBytes()));
     const QString title = space.isLocalAccount() ? tr("On this computer") : space.accountName();
     m_name->setText(m_name->fontMetrics().elidedText(title, Qt::ElideRight, KLiteStyle::dpiScaled(150)));
     m_name->setToolTip(space.accountName());
@@ -67,7 +65,7 @@ void ZelBoxLoginSpaceWidget::setAccount(const CloudSpace &space)
     m_more->setVisible(!space.isLocalAccount());
     if (total > 0)
         m_bar->setValue(int(qBound<qint64>(0, space.usedBytes() * BarSteps / total, BarSteps)));
-    m_text->setText(total > 0 ? tr("%1 used, %2 free").arg(used, free) : tr("%1 used").arg(used));
+    m_text->setText(zel::spaceText(space.usedBytes(), total));
 }
 
 void ZelBoxLoginSpaceWidget::onDilatationLinkClicked()

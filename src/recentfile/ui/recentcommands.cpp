@@ -259,7 +259,7 @@ void RecentCommands::remove(const RecordInfoList &records)
     const int local = countLocal(records);
     const QString removed = records.size() == 1
         ? tr("“%1” was removed from the list.").arg(nameOf(records.constFirst()))
-        : tr("%n document(s) were removed from the list.", nullptr, records.size());
+        : tr("%Ln document(s) were removed from the list.", nullptr, records.size());
     if (local == 0) {
         m_undo->withdraw();
         m_notice->showText(removed + QLatin1Char(' ') + tr("This cannot be undone."), Tone::Info);
@@ -267,7 +267,7 @@ void RecentCommands::remove(const RecordInfoList &records)
     }
     QString said = removed;
     if (local < records.size())
-        said += QLatin1Char(' ') + tr("Undo brings back %n of them, on this device only.", nullptr, local);
+        said += QLatin1Char(' ') + tr("Undo brings back %Ln of them, on this device only.", nullptr, local);
     else if (std::any_of(records.cbegin(), records.cend(), isOnOtherDevices))
         said += QLatin1Char(' ') + tr("Undo works on this device only.");
     m_undo->offer(said, tr("Undo Removal"), [this, records] { restore(records); });
@@ -280,7 +280,7 @@ void RecentCommands::restore(const RecordInfoList &records)
     const int local = countLocal(records);
     m_notice->showText(local == 1 && records.size() == 1
             ? tr("“%1” is back on the list.").arg(nameOf(records.constFirst()))
-            : tr("%n document(s) are back on the list.", nullptr, local),
+            : tr("%Ln document(s) are back on the list.", nullptr, local),
         Tone::Info);
 }
 
@@ -302,12 +302,12 @@ void RecentCommands::onFilesDeleted(const RecordInfoList &deleted, const RecordI
     if (!failed.isEmpty())
         m_notice->showText(failed.size() == 1
                 ? tr("“%1” could not be deleted.").arg(nameOf(failed.constFirst()))
-                : tr("%n file(s) could not be deleted.", nullptr, failed.size()));
+                : tr("%Ln file(s) could not be deleted.", nullptr, failed.size()));
     if (deleted.isEmpty())
         return;
     const QString text = deleted.size() == 1
         ? tr("“%1” was moved to the recycle bin.").arg(nameOf(deleted.constFirst()))
-        : tr("%n file(s) were moved to the recycle bin.", nullptr, deleted.size());
+        : tr("%Ln file(s) were moved to the recycle bin.", nullptr, deleted.size());
     m_undo->offer(text, tr("Undo Deletion"), [this] { m_actions->undoDelete(); });
 }
 
@@ -317,10 +317,10 @@ void RecentCommands::onFilesRestored(const RecordInfoList &restored, const Recor
     if (!failed.isEmpty())
         m_notice->showText(failed.size() == 1
                 ? tr("“%1” could not be brought back.").arg(nameOf(failed.constFirst()))
-                : tr("%n file(s) could not be brought back.", nullptr, failed.size()));
+                : tr("%Ln file(s) could not be brought back.", nullptr, failed.size()));
     else
         m_notice->showText(restored.size() == 1 ? tr("“%1” is back.").arg(nameOf(restored.constFirst()))
-                                                : tr("%n file(s) are back.", nullptr, restored.size()),
+                                                : tr("%Ln file(s) are back.", nullptr, restored.size()),
             Tone::Info);
 }
 
@@ -328,7 +328,7 @@ void RecentCommands::onLeftOut(const QModelIndexList &rows)
 {
     if (rows.size() > 1)
         return m_notice->showText(
-            tr("%n document(s) were left out: they are not on this device.", nullptr, rows.size()));
+            tr("%Ln document(s) were left out: they are not on this device.", nullptr, rows.size()));
     if (!rows.constFirst().isValid())
         return; // it has gone meanwhile
     const RecentFileInfo &record = recordAt(rows.constFirst());

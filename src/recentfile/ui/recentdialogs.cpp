@@ -14,7 +14,7 @@ RemoveRecordDialog::RemoveRecordDialog(const RecordInfoList &records, QWidget *p
     : BoxDialog(tr("Remove record"),
         records.size() == 1 ? tr("Are you sure to remove %1 record ?")
                                   .arg(headingName(zel::recent::shownName(records.constFirst())))
-                            : tr("Are you sure to remove %n record(s) ?", nullptr, records.size()),
+                            : tr("Are you sure to remove %Ln record(s) ?", nullptr, records.size()),
         parent)
 {
     addText(tr("Remove record then file will not delete from disk"));
@@ -36,7 +36,7 @@ void RemoveRecordDialog::showEvent(QShowEvent *event)
 DeleteFileDialog::DeleteFileDialog(const QString &name, int count, QWidget *parent)
     : BoxDialog(tr("Delete file"),
         count == 1 ? tr("Are you sure to delete file %1 ?").arg(headingName(name))
-                   : tr("Are you sure to delete %n file(s) ?", nullptr, count),
+                   : tr("Are you sure to delete %Ln file(s) ?", nullptr, count),
         parent)
 {
     addText(tr("The file will into the system recycle bin after delete."));

@@ -51,7 +51,7 @@ void ZelBoxRecentFileTitleWidget::setUnreadCount(int count)
     m_unreadLabel->setVisible(count > 0);
     if (count <= 0)
         return;
-    const QString text = tr("%n unread", nullptr, count);
+    const QString text = tr("%Ln unread", nullptr, count);
     m_unreadLabel->setText(QStringLiteral("<a href='#'>%1</a>").arg(text.toHtmlEscaped()));
     m_unreadLabel->setAccessibleName(text);
 }

@@ -1,5 +1,6 @@
 #include "recentfile/ui/recentrowtexts.h"
 
+#include "base/paths.h"
 #include "base/sizetext.h"
 #include "recentfile/recentfilemodel.h"
 #include "widgets/nametext.h"
@@ -95,10 +96,7 @@ QString folderText(const QString &path, const QString &home)
     const int slash = path.lastIndexOf(QLatin1Char('/'));
     if (slash < 0)
         return {};
-    const QString folder = plainLine(slash == 0 ? QStringLiteral("/") : path.left(slash));
-    if (home.size() > 1 && (folder == home || folder.startsWith(home + QLatin1Char('/'))))
-        return QLatin1Char('~') + folder.mid(home.size());
-    return folder;
+    return zel::paths::shown(plainLine(slash == 0 ? QStringLiteral("/") : path.left(slash)), home);
 }
 
 } // namespace zel::recent

@@ -34,10 +34,7 @@ QString usedText(const CloudSpace &space)
 {
     if (!space.isKnown())
         return CloudSettingsPage::tr("Not known at the moment.");
-    const QString used = zel::sizeText(space.usedBytes());
-    return space.totalBytes() > 0
-        ? CloudSettingsPage::tr("%1 of %2 used.").arg(used, zel::sizeText(space.totalBytes()))
-        : CloudSettingsPage::tr("%1 used.").arg(used);
+    return zel::spaceText(space.usedBytes(), space.totalBytes());
 }
 
 } // namespace
@@ -127,7 +124,7 @@ void CloudSettingsPage::askToDropUploads(int count)
 {
     auto *dialog = new ConfirmDialog(tr("Sign out"), tr("Sign out although uploads still wait?"),
         tr("Sign out and drop uploads"), window());
-    dialog->addText(tr("%n upload(s) will not be done.", nullptr, count));
+    dialog->addText(tr("%Ln upload(s) will not be done.", nullptr, count));
     connect(dialog, &QDialog::accepted, this, [this] { m_account.signOut(true); });
     dialog->open();
 }

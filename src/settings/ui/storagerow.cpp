@@ -1,5 +1,6 @@
 #include "settings/ui/storagerow.h"
 
+#include "base/paths.h"
 #include "base/sizetext.h"
 #include "klitestyle.h"
 #include "klook.h"
@@ -111,7 +112,7 @@ StorageRow::StorageRow(const zel::settings::StoragePlace &place, QWidget *parent
 
 void StorageRow::setUse(const zel::settings::StorageUse &use)
 {
-    m_size->setText(use.exists ? zel::sizeText(use.bytes) : tr("Nothing"));
+    m_size->setText(use.bytes > 0 ? zel::sizeText(use.bytes) : tr("Nothing"));
     if (m_clear)
         m_clear->setEnabled(use.exists);
 }
@@ -124,5 +125,6 @@ void StorageRow::resizeEvent(QResizeEvent *event)
 
 void StorageRow::elidePath()
 {
-    m_path->setText(m_path->fontMetrics().elidedText(m_place.path(), Qt::ElideMiddle, m_path->width()));
+    m_path->setText(m_path->fontMetrics().elidedText(
+        zel::paths::shown(m_place.path()), Qt::ElideMiddle, m_path->width()));
 }

@@ -74,7 +74,7 @@ void ZelBoxTray::updateText()
 {
     QString text = m_state;
     if (text.isEmpty() && m_unread > 0)
-        text = tr("%n new or changed document(s)", nullptr, m_unread);
+        text = tr("%Ln new or changed document(s)", nullptr, m_unread);
     m_item->setText(text);
     if (!m_fallback)
         return;
