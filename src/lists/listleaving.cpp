@@ -23,19 +23,22 @@ void ListLeaving::forget(const ListModel &model, int start, int end)
         m_ids.remove(model.idOf(row));
 }
 
-void ListLeaving::leave(const ListModel &model, QItemSelectionModel *selection, int start, int end)
+bool ListLeaving::leave(const ListModel &model, QItemSelectionModel *selection, int start, int end)
 {
     const auto goes = [start, end](int row) { return row >= start && row <= end; };
     const QItemSelection ranges = selection->selection();
     const bool selectionGoes = !ranges.isEmpty()
         && std::all_of(ranges.cbegin(), ranges.cend(),
             [&](const QItemSelectionRange &range) { return goes(range.top()) && goes(range.bottom()); });
-    const bool goesOn = selectionGoes && areSent(zel::selectedRowIds(&model, selection));
-    forget(model, start, end);
     const int current = selection->currentIndex().row();
+    const bool ringGoes = ranges.isEmpty() && current >= 0 && goes(current); // that was acted on
+    const bool goesOn = (selectionGoes && areSent(zel::selectedRowIds(&model, selection)))
+        || (ringGoes && areSent({model.idOf(current)}));
+    forget(model, start, end);
     if (current < 0 || (!goes(current) && !goesOn))
-        return;
+        return false;
     const int next = goes(current) ? model.successorOf(current, start, end) : current;
     selection->setCurrentIndex(
         model.index(next), goesOn ? QItemSelectionModel::ClearAndSelect : QItemSelectionModel::NoUpdate);
+    return !goesOn;
 }

@@ -13,8 +13,8 @@ class ListLeaving
 {
 public:
     void set(const QStringList &ids); ///< of rows that the user sends away
-    /// Rows `start` to `end` of the model are about to be removed.
-    void leave(const ListModel &model, QItemSelectionModel *selection, int start, int end);
+    /// Rows `start` to `end` of the model are about to be removed. Whether others take the current row away.
+    bool leave(const ListModel &model, QItemSelectionModel *selection, int start, int end);
 
 private:
     bool areSent(const QStringList &ids) const;

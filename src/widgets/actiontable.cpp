@@ -17,9 +17,11 @@ const ActionRow &ActionTable::row(int command) const
     return *found;
 }
 
-QString ActionTable::text(int command) const
+QString ActionTable::text(int command, int count) const
 {
-    return QCoreApplication::translate(context, row(command).text);
+    const ActionRow &row = this->row(command);
+    return count > 1 && row.several ? QCoreApplication::translate(context, row.several, nullptr, count)
+                                    : QCoreApplication::translate(context, row.text);
 }
 
 QString ActionTable::explained(int command) const
@@ -55,7 +57,7 @@ QAction *ActionTable::make(int command, QObject *parent) const
     return action;
 }
 
-void ActionTable::fill(QMenu *menu, const QVector<int> &commands, const std::function<bool(int)> &isEnabled,
+void ActionTable::fill(QMenu *menu, const QVector<int> &commands, const std::function<int(int)> &rowsFor,
     const std::function<void(int)> &chosen) const
 {
     int group = commands.isEmpty() ? 0 : row(commands.constFirst()).group;
@@ -63,7 +65,9 @@ void ActionTable::fill(QMenu *menu, const QVector<int> &commands, const std::fun
         if (std::exchange(group, row(command).group) != row(command).group)
             menu->addSeparator();
         QAction *action = make(command, menu);
-        action->setEnabled(isEnabled(command));
+        const int count = rowsFor(command);
+        action->setEnabled(count >= 0);
+        action->setText(text(command, count));
         QObject::connect(action, &QAction::triggered, menu, [chosen, command] { chosen(command); });
         menu->addAction(action);
     }

@@ -35,6 +35,7 @@ struct ActionRow
     int group = 0; ///< menus have a line between two groups
     ActionKeys where = ActionKeys::InList;
     const char *explained = nullptr; ///< where the entry's text alone says too little; null: like it
+    const char *several = nullptr;   ///< of the entry for more rows than one, with %Ln; null: like it
 };
 
 /// The actions of one page, in the order of menus and of the list of shortcuts. Lives as long as the process.
@@ -44,15 +45,16 @@ struct ActionTable
     const char *heading; ///< of the page in the list of shortcuts; source text
     QVector<ActionRow> rows;
 
-    const ActionRow &row(int command) const; ///< which has to be there
-    QString text(int command) const;         ///< translated
-    QString explained(int command) const;    ///< likewise; for tool tips, with the keys: toolTip()
-    QString toolTip(int command) const;      ///< "Refresh (F5)"
+    const ActionRow &row(int command) const;        ///< which has to be there
+    QString text(int command, int count = 1) const; ///< translated; for so many rows
+    QString explained(int command) const;           ///< likewise; for tool tips, with the keys: toolTip()
+    QString toolTip(int command) const;             ///< "Refresh (F5)"
 
     /// An action that looks like it and does nothing yet; its keys are shown, and work where it is added.
     QAction *make(int command, QObject *parent) const;
-    /// Appends entries for these commands, with a line between two groups. `chosen` runs when one is.
-    void fill(QMenu *menu, const QVector<int> &commands, const std::function<bool(int command)> &isEnabled,
+    /// Appends entries for these commands, with a line between two groups. `chosen` runs when one is;
+    /// `rowsFor` says on how many rows it would, negative: it is not possible now.
+    void fill(QMenu *menu, const QVector<int> &commands, const std::function<int(int command)> &rowsFor,
         const std::function<void(int command)> &chosen) const;
 };
 

@@ -32,6 +32,7 @@ private Q_SLOTS:
     void cleanup() { close(); }
     void keys_data()
     {
+        // from: negative: that row has only the focus ring
         const auto row =
             zeltest::table<int, int, int, int, QString>("from", "key", "modifiers", "to", "selected");
         row("up across a title", 3, Qt::Key_Up, {}, 2, "a2");
@@ -40,6 +41,8 @@ private Q_SLOTS:
         row("control down", 2, Qt::Key_Down, Qt::ControlModifier, 3, "a2");
         row("space toggles", 2, Qt::Key_Space, {}, 2, "");
         row("escape", 2, Qt::Key_Escape, {}, 2, "");
+        row("down from the ring", -2, Qt::Key_Down, {}, 3, "b3");
+        row("end from the ring, there already", -99, Qt::Key_End, {}, 99, "k99");
     }
     void keys()
     {
@@ -47,12 +50,30 @@ private Q_SLOTS:
         QFETCH(int, key);
         QFETCH(int, modifiers);
         QFETCH(int, to);
-        m_view->setCurrentIndex(index(from));
+        m_view->setCurrentIndex(index(qAbs(from)));
+        if (from < 0)
+            this->key(Qt::Key_Escape);
+        QCOMPARE(m_view->chosenRows(), QModelIndexList{index(qAbs(from))});
         this->key(key, Qt::KeyboardModifiers(modifiers));
         QCOMPARE(m_view->currentIndex().row(), to);
         QTEST(selection(), "selected");
         QVERIFY(m_view->viewport()->rect().contains(m_view->visualRect(index(to))));
         QCOMPARE(m_view->indexAt(centreOf(to)).row(), to);
+    }
+    // Without a ring keys hit no row, and the first step goes to one that shows.
+    void nothingIsChosenUnseen()
+    {
+        m_view->setCurrentIndex(index(3));
+        key(Qt::Key_Escape);
+        m_model->remove(m_model->idOf(3)); // by others
+        QCOMPARE(m_view->chosenRows(), QModelIndexList());
+        key(Qt::Key_Down);
+        QCOMPARE(selection(), "b4"_s);
+        click(0);
+        click(0, Qt::LeftButton, Qt::ControlModifier);
+        m_view->verticalScrollBar()->setValue(1000);
+        key(Qt::Key_Down);
+        QVERIFY(scroll() > 900 && m_view->selectedCount() == 1);
     }
 
     // A page is less than what shows, so that nothing is skipped, and there and back again ends at the start.
@@ -90,8 +111,8 @@ private Q_SLOTS:
         const auto note = [&](const char *name) { return [&log, name] { log << QLatin1String(name); }; };
         using Needs = ListKeyboard::Needs;
         m_view->keyboard().bind(Qt::Key_Delete, Needs::Nothing, note("wrong"));
-        m_view->keyboard().bind(Qt::Key_Delete, Needs::Selection, note("remove"));
-        m_view->keyboard().bind(QKeySequence::Copy, Needs::Selection, note("copy"));
+        m_view->keyboard().bind(Qt::Key_Delete, Needs::Row, note("remove"));
+        m_view->keyboard().bind(QKeySequence::Copy, Needs::Row, note("copy"));
         m_view->keyboard().bind(Qt::Key_Backspace, Needs::Nothing, note("up"));
         connect(m_view.get(), &View::activated, this, note("open"));
         connect(m_view.get(), &View::customContextMenuRequested, this, note("menu"));

@@ -174,6 +174,28 @@ private Q_SLOTS:
         QCOMPARE(scroll(), 0);
     }
 
+    // After a filter, and while something takes room from the list.
+    void whatIsCurrentStaysInView()
+    {
+        const auto filter = [this](const QString &text) {
+            m_view->changeFilter(!text.isEmpty(), {text}, [&] { m_model->filter(text); });
+        };
+        m_view->setCurrentIndex(index(90));
+        filter("c1"_s);
+        QCOMPARE(scroll(), 0);
+        filter({});
+        QCOMPARE(m_view->currentIndex().row(), 90);
+        QVERIFY(m_view->viewport()->rect().contains(m_view->visualRect(index(90))));
+        filter("c"_s);
+        m_view->setCurrentIndex(index(2));
+        const QString picked = m_view->currentId();
+        filter({});
+        QCOMPARE(m_view->currentId(), picked);
+        m_view->scrollTo(m_view->currentIndex(), View::PositionAtBottom);
+        m_view->resize(500, 200);
+        QVERIFY(m_view->viewport()->rect().contains(m_view->visualRect(m_view->currentIndex())));
+    }
+
     void visibleRowsAreToldOnce()
     {
         qRegisterMetaType<QModelIndexList>("QModelIndexList");

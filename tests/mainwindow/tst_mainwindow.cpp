@@ -16,6 +16,7 @@
 #include "widgets/windowframe.h"
 
 #include <QAbstractButton>
+#include <QAction>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QtTest>
@@ -254,6 +255,10 @@ void TestMainWindow::searchBelongsToThePage()
     show(window);
     KCentralWidget *central = window.central();
     SearchBox *search = central->titleBar()->searchBox();
+    QAction pageUndo;
+    pageUndo.setShortcut(QKeySequence::Undo);
+    pageUndo.setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    window.findChild<QWidget *>(QStringLiteral("One"))->addAction(&pageUndo);
     QTest::keyClick(&window, Qt::Key_F, Qt::ControlModifier);
     QVERIFY(search->hasFocus());
     QTest::keyClicks(search, QStringLiteral("plan"));
@@ -267,11 +272,22 @@ void TestMainWindow::searchBelongsToThePage()
     QCOMPARE(search->text(), QStringLiteral("plan"));
     central->beginFinding(QStringLiteral("s"));
     QCOMPARE(search->text(), QStringLiteral("plans"));
-    QTest::keyClick(search, Qt::Key_Escape);
+    QTest::keyClick(search, Qt::Key_Escape); // to where the typing began
     QCOMPARE(search->text(), QString());
+    QVERIFY(!search->hasFocus());
+    central->beginFinding({});
+    QTest::keyClicks(search, QStringLiteral("x"));
+    QTest::keyClick(search, Qt::Key_Escape);
     QVERIFY(search->hasFocus());
+    int undone = 0; // of the page: in the empty field nothing else can be meant
+    connect(&pageUndo, &QAction::triggered, this, [&] { ++undone; });
+    QTest::keyClick(search, Qt::Key_Z, Qt::ControlModifier);
+    QCOMPARE(undone, 1);
     QTest::keyClick(search, Qt::Key_Escape);
     QVERIFY(!search->hasFocus());
+    central->beginFinding(QStringLiteral("y"));
+    QTest::keyClick(search, Qt::Key_Tab);
+    QVERIFY(!central->titleBar()->isAncestorOf(QApplication::focusWidget()));
     central->beginFinding({});
     auto *other = central->navigation()->findChild<QAbstractButton *>(QStringLiteral("page_Plain"));
     QTest::mouseClick(other, Qt::LeftButton);

@@ -231,7 +231,7 @@ void TestPageActions::menuOffersWhatIsPossible_data()
     const QStringList nothing;
     const QStringList needFile{QStringLiteral("Open"), QStringLiteral("Open With"),
         QStringLiteral("Open Folder"), QStringLiteral("Copy"), QStringLiteral("Copy Path"),
-        QStringLiteral("Delete File")};
+        QStringLiteral("Move to Recycle Bin")};
     const QStringList single{QStringLiteral("Open With"), QStringLiteral("Open Folder"),
         QStringLiteral("share doc"), QStringLiteral("Tip-Off")};
     QTest::newRow("file") << QStringLiteral("file") << 1 << nothing << QStringList(QStringLiteral("Tip-Off"));
@@ -239,7 +239,9 @@ void TestPageActions::menuOffersWhatIsPossible_data()
                                   << QStringList(QStringLiteral("Tip-Off"));
     QTest::newRow("in the cloud only")
         << QStringLiteral("cloud") << 1 << QStringList(needFile.mid(0, 5)) << nothing;
-    QTest::newRow("several files") << QStringLiteral("file") << 2 << nothing << single;
+    QTest::newRow("several files") << QStringLiteral("file") << 2 << nothing
+                                   << single
+            + QStringList(QStringLiteral("Move to Recycle Bin")); // with how many
     QTest::newRow("a missing one among them") << QStringLiteral("missing") << 2 << nothing << single;
 }
 
@@ -265,7 +267,7 @@ void TestPageActions::menuOffersWhatIsPossible()
     page()->onCustomContextMenuRequested(centreOf(0));
     QVERIFY(page()->openMenu());
     for (const char *text : {"Open", "Open With", "Open Folder", "share doc", "Pin to Top", "Copy",
-             "Copy Path", "Remove", "Delete File", "Tip-Off"}) {
+             "Copy Path", "Remove", "Move to Recycle Bin", "Tip-Off"}) {
         const QString name = QString::fromLatin1(text);
         const QAction *found = action(name);
         QVERIFY2(bool(found) != absent.contains(name), text);

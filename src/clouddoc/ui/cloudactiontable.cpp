@@ -9,9 +9,10 @@ using zel::ActionRow;
 enum Group { Opening, Carrying, Changing, Adding, Page, Ways };
 
 ActionRow row(CloudCommand command, Group group, const char *id, const char *text, const char *icon,
-    const QList<QKeySequence> &keys, ActionNeeds needs, ActionKeys where, const char *explained = nullptr)
+    const QList<QKeySequence> &keys, ActionNeeds needs, ActionKeys where, const char *explained = nullptr,
+    const char *several = nullptr)
 {
-    return {int(command), id, text, icon, keys, needs, group, where, explained};
+    return {int(command), id, text, icon, keys, needs, group, where, explained, several};
 }
 
 QVector<ActionRow> rows()
@@ -43,7 +44,8 @@ QVector<ActionRow> rows()
         row(C::Rename, Changing, "cloud.rename", QT_TRANSLATE_NOOP("CloudDocActions", "Rename"), "rename",
             keys("F2"), One, InList),
         row(C::Trash, Changing, "cloud.trash", QT_TRANSLATE_NOOP("CloudDocActions", "Move to Recycle Bin"),
-            "trash", keys("Del"), Rows, InList),
+            "trash", keys("Del"), Rows, InList, nullptr,
+            QT_TRANSLATE_N_NOOP("CloudDocActions", "Move %Ln Item(s) to Recycle Bin")),
         row(C::NewFolder, Adding, "cloud.newfolder", QT_TRANSLATE_NOOP("CloudDocActions", "New Folder"),
             "folder_new", keys("Ctrl+Shift+N"), None, InPage),
         row(C::UploadFiles, Adding, "cloud.upload", QT_TRANSLATE_NOOP("CloudDocActions", "Upload Files…"),

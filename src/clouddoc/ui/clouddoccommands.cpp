@@ -47,7 +47,7 @@ void CloudDocCommands::bindActions()
     const auto bind = [this](Command command, ListActions::Run run, ListActions::Can can = {}) {
         m_actions->bind(int(command), std::move(run), std::move(can));
     };
-    m_actions->setList(m_parts.list, [view] { return view->selectedRows(); });
+    m_actions->setList(m_parts.list, [view] { return view->chosenRows(); });
     bind(Command::Open, [this](const Rows &) { Q_EMIT openRequested(); });
     bind(
         Command::Reveal, [this](const Rows &rows) { Q_EMIT revealRequested(localPathOf(rows.constFirst())); },
@@ -226,5 +226,5 @@ void CloudDocCommands::showMenu(const QPoint &pos)
     if (index.isValid())
         menu->setDefaultAction(menu->actions().constFirst());
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->popup(m_parts.view->viewport()->mapToGlobal(pos));
+    m_parts.view->popUp(menu, m_parts.view->viewport()->mapToGlobal(pos));
 }

@@ -157,7 +157,7 @@ void MoveDialog::bindKeys()
     for (const int key : {int(Qt::Key_Return), int(Qt::Key_Enter)})
         keys.bind(key, Needs::Nothing, [this] { accept(); });
     keys.bind(Qt::Key_Escape, Needs::Nothing, [this] { reject(); });
-    keys.bind(Qt::Key_Right, Needs::Current, [this] { enter(m_view->currentIndex()); });
+    keys.bind(Qt::Key_Right, Needs::Row, [this] { enter(m_view->currentIndex()); });
     for (const int key : {int(Qt::Key_Left), int(Qt::Key_Backspace)}) {
         keys.bind(key, Needs::Nothing, [this] {
             if (m_logic->canGoUp())

@@ -18,7 +18,7 @@ TransferListView::TransferListView(QWidget *parent) : SectionListView(parent)
     setTypeToFilter(false); // there is nothing to filter them by
     setContextMenuPolicy(Qt::DefaultContextMenu);
     setAccessibleName(tr("Transfers"));
-    keyboard().bind(Qt::Key_Delete, ListKeyboard::Needs::Selection, [this] { cancelSelected(); });
+    keyboard().bind(Qt::Key_Delete, ListKeyboard::Needs::Row, [this] { cancelSelected(); });
     connect(this, &TransferListView::buttonClicked, this, &TransferListView::press);
     connect(this, &TransferListView::activated, this, &TransferListView::choose);
     connect(this, &TransferListView::doubleClicked, this, &TransferListView::choose);
@@ -50,7 +50,7 @@ void TransferListView::choose(const QModelIndex &index)
 void TransferListView::cancelSelected()
 {
     QStringList ids;
-    const QModelIndexList rows = selectedRows();
+    const QModelIndexList rows = chosenRows();
     for (const QModelIndex &row : rows) {
         if (transferOf(row).isActive())
             ids << transferOf(row).id;

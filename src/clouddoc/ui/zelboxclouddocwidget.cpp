@@ -297,8 +297,8 @@ void ZelBoxCloudDocWidget::onClipboardChanged()
 
 void ZelBoxCloudDocWidget::setFilterText(const QString &text)
 {
-    m_logic->documents()->setFilterText(text);
-    m_view->showFound(zel::WordFilter(text).words());
+    const QStringList words = zel::WordFilter(text).words();
+    m_view->changeFilter(!words.isEmpty(), words, [&] { m_logic->documents()->setFilterText(text); });
     m_states->follow();
 }
 

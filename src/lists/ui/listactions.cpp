@@ -40,17 +40,18 @@ void ListActions::bind(int command, Run run, Can can)
     m_bound.insert(command, {std::move(run), std::move(can)});
 }
 
-bool ListActions::canRun(int command, const Rows &rows) const
+int ListActions::rowsFor(int command, const Rows &rows) const
 {
     const auto bound = m_bound.constFind(command);
     if (bound == m_bound.cend() || !action(command)->isEnabled())
-        return false;
+        return -1;
     const ActionNeeds needs = m_table.row(command).needs;
     if (needs == ActionNeeds::Nothing)
-        return true;
+        return 0;
     if (needs == ActionNeeds::OneRow && rows.size() != 1)
-        return false;
-    return bound->can ? std::any_of(rows.cbegin(), rows.cend(), bound->can) : !rows.isEmpty();
+        return -1;
+    const auto able = bound->can ? std::count_if(rows.cbegin(), rows.cend(), bound->can) : rows.size();
+    return able > 0 ? int(able) : -1;
 }
 
 void ListActions::run(int command)
@@ -86,7 +87,7 @@ void ListActions::fill(QMenu *menu, const QVector<int> &commands, const Rows &ro
 {
     const QVector<QPersistentModelIndex> kept(rows.cbegin(), rows.cend()); // the menu is open for a while
     m_table.fill(
-        menu, commands, [&](int command) { return canRun(command, rows); },
+        menu, commands, [&](int command) { return rowsFor(command, rows); },
         [this, kept](int command) {
             Rows still;
             for (const QPersistentModelIndex &row : kept) {

@@ -31,8 +31,10 @@ public:
 
     /// The one that lives as long as the page: for tool bars, and for whoever enables it.
     QAction *action(int command) const { return m_actions.value(command); }
-    bool canRun(int command, const Rows &rows) const; ///< on one of them at least
-    void run(int command);                            ///< on the rows that are meant
+    /// On how many of these it would run, 0 when it needs none; negative: it would not.
+    int rowsFor(int command, const Rows &rows) const;
+    bool canRun(int command, const Rows &rows) const { return rowsFor(command, rows) >= 0; }
+    void run(int command); ///< on the rows that are meant
     void run(int command, const Rows &rows);
     /// Appends entries that run these commands on `rows` to the menu, with a line between two groups.
     void fill(QMenu *menu, const QVector<int> &commands, const Rows &rows);

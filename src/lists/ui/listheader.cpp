@@ -42,7 +42,7 @@ void ListHeader::setCount(int count, const QString &name)
     const QString number = QLocale().toString(count);
     m_count->setText(number);
     m_count->setAccessibleName(name.arg(number));
-    m_count->setVisible(count > 0);
+    m_count->setVisible(count >= 0);
 }
 
 IconButton *ListHeader::addMenuButton(const QString &icon, const QString &name, QMenu *menu)

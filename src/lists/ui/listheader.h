@@ -15,7 +15,7 @@ class ListHeader : public QWidget
 public:
     explicit ListHeader(const QString &title, QWidget *parent = nullptr);
 
-    /// 0 shows none. `name` says for assistive programs what is counted: "Number of files: %1".
+    /// Negative shows none. `name` says for assistive programs what is counted: "Number of files: %1".
     void setCount(int count, const QString &name);
     /// After those that are there, at the end of the strip; `menu` is not owned. `icon` as in
     /// zel::tintedIcon(), `name` is the tool tip.

@@ -29,13 +29,18 @@ bool ListKeyboard::run(const QKeyEvent &event, const QItemSelectionModel *select
         [stroke](const Binding &known) { return known.stroke == stroke; });
     if (bound == m_bindings.cend())
         return false;
-    const bool has = bound->needs == Needs::Nothing
-        || (selection
-            && (bound->needs == Needs::Current ? selection->currentIndex().isValid()
-                                               : selection->hasSelection()));
+    const bool has = bound->needs == Needs::Nothing || (selection && selection->currentIndex().isValid());
     if (has && !event.isAutoRepeat())
         bound->command();
     return true;
+}
+
+bool ListKeyboard::isMove(const QKeyEvent &event)
+{
+    constexpr int Keys[] = {
+        Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End};
+    return !event.modifiers().testFlag(Qt::ControlModifier)
+        && std::find(std::begin(Keys), std::end(Keys), event.key()) != std::end(Keys);
 }
 
 bool ListKeyboard::isModifier(int key)

@@ -12,7 +12,7 @@ class ListKeyboard
 {
 public:
     /// Without it the key does nothing, and nobody else gets it.
-    enum class Needs { Nothing, Current /**< row */, Selection };
+    enum class Needs { Nothing, Row /**< that is current */ };
     using Command = std::function<void()>;
 
     /// In place of what the keys did before. Keys are one stroke, those of the number block count as the
@@ -24,7 +24,8 @@ public:
     /// that it does not delete one file after the other.
     bool run(const QKeyEvent &event, const QItemSelectionModel *selection) const;
 
-    static bool isModifier(int key); ///< Ctrl and its like, which may be on their way to a click
+    static bool isMove(const QKeyEvent &event); ///< to another row, which is to be selected
+    static bool isModifier(int key);            ///< Ctrl and its like, which may be on their way to a click
     static bool isPrintable(const QString &typed); ///< of whatever a key has brought
 
 private:

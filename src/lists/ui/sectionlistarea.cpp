@@ -14,6 +14,7 @@
 
 namespace {
 constexpr int BottomMargin = 12;
+constexpr int LineHeight = 1;
 constexpr int WheelStep = 20;    // pixels a line of the wheel
 constexpr int SettleDelay = 250; // ms
 } // namespace
@@ -63,6 +64,11 @@ ListRowDelegate *View::rowDelegate() const
 int View::rowHeight() const
 {
     return rowDelegate() ? rowDelegate()->rowHeight(font()) : 1;
+}
+
+int View::heightOf(int rows) const
+{
+    return rows * rowHeight() + KLiteStyle::dpiScaled(BottomMargin);
 }
 
 void View::setSectionsShown(bool shown)
@@ -169,7 +175,8 @@ void View::scrollContentsBy(int, int dy)
     const qreal ratio = viewport()->devicePixelRatioF();
     if (ratio == qRound(ratio) && !isDropTarget()) {
         viewport()->scroll(0, dy, viewport()->rect());
-        viewport()->update(0, 0, viewport()->width(), m_layout.headerHeight() + qMax(0, dy));
+        viewport()->update(
+            0, 0, viewport()->width(), qMax(LineHeight, m_layout.headerHeight()) + qMax(0, dy));
     } else {
         viewport()->update();
     }
@@ -313,6 +320,8 @@ void View::paintEvent(QPaintEvent *event)
         itemDelegate()->paint(&painter, option, index);
     }
     ListHeads(font()).paint(&painter, region, column(), scroll, m_layout, sections());
+    if (scroll > 0 && m_layout.stickyHeader(scroll).section < 0) // rows are under what stands above the list
+        painter.fillRect(0, 0, viewport()->width(), LineHeight, KSkin::color(KSkin::Color::Border));
     if (isDropTarget()) {
         const int inset = KLiteStyle::dpiScaled(6);
         painter.setRenderHint(QPainter::Antialiasing);

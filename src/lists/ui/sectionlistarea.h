@@ -22,7 +22,8 @@ public:
     void setModel(QAbstractItemModel *model) override; ///< a ListModel
     ListModel *listModel() const { return m_model; }
     ListRowDelegate *rowDelegate() const;
-    int rowHeight() const; ///< pixels
+    int rowHeight() const;        ///< pixels
+    int heightOf(int rows) const; ///< of a list without sections that shows so many rows whole; pixels
 
     void setSectionsShown(bool shown); ///< first: yes
     void setEndRoom(int pixels);       ///< below the last row, where something may stand over the list

@@ -1,9 +1,9 @@
 #include "lists/ui/sectionlistview.h"
 
-#include "klitestyle.h"
 #include "lists/listmodel.h"
 #include "lists/rowselection.h"
 #include "lists/ui/listaccessible.h"
+#include "lists/ui/scrollkeeper.h"
 
 #include <QDragEnterEvent>
 #include <QHelpEvent>
@@ -11,46 +11,22 @@
 
 namespace {
 
-constexpr int MenuIndent = 40; // of a menu by keyboard, from the row's left edge
-
 bool opensOnOneClick(const QWidget *widget)
 {
     return widget->style()->styleHint(QStyle::SH_ItemView_ActivateItemOnSingleClick, nullptr, widget);
 }
 
-/// While it lives, another row may become the current one without being scrolled to: the user looks
-/// elsewhere.
-class ScrollKeeper
-{
-public:
-    explicit ScrollKeeper(QAbstractItemView *view) : m_view(view && view->hasAutoScroll() ? view : nullptr)
-    {
-        if (m_view)
-            m_view->setAutoScroll(false);
-    }
-    ~ScrollKeeper()
-    {
-        if (m_view)
-            m_view->setAutoScroll(true);
-    }
-    Q_DISABLE_COPY_MOVE(ScrollKeeper)
-
-private:
-    QAbstractItemView *m_view;
-};
-
 } // namespace
 
 using View = SectionListView;
 
-SectionListView::SectionListView(QWidget *parent) : SectionListArea(parent)
+SectionListView::SectionListView(QWidget *parent) : TypingListArea(parent)
 {
     ListAccessible::install();
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers); // beginRename()
     setContextMenuPolicy(Qt::CustomContextMenu);
     viewport()->setMouseTracking(true);
-    acceptInputMethods();
     bindKeys();
     connect(&m_drop, &ListDropTarget::changed, viewport(), qOverload<>(&QWidget::update));
     connect(&m_drop, &ListDropTarget::rowLingered, this, &View::dragLingered);
@@ -60,7 +36,7 @@ void View::reset()
 {
     m_memory.clear();
     m_drop.leave();
-    SectionListArea::reset();
+    TypingListArea::reset();
 }
 
 QModelIndexList View::selectedRows() const
@@ -71,6 +47,12 @@ QModelIndexList View::selectedRows() const
     for (const int row : numbers)
         rows << listModel()->index(row);
     return rows;
+}
+
+QModelIndexList View::chosenRows() const
+{
+    const QModelIndexList selected = selectedRows();
+    return selected.isEmpty() && leads(currentIndex()) ? QModelIndexList{currentIndex()} : selected;
 }
 
 QString View::currentId() const
@@ -90,17 +72,9 @@ void View::selectIds(const QStringList &ids)
     scrollTo(first);
 }
 
-void View::showFound(const QStringList &words)
-{
-    setMarkedWords(words);
-    scrollToTop();
-    if (words.isEmpty() && selectionModel()->isSelected(currentIndex()))
-        scrollTo(currentIndex());
-}
-
 void View::rowsInserted(const QModelIndex &parent, int start, int end)
 {
-    SectionListArea::rowsInserted(parent, start, end);
+    TypingListArea::rowsInserted(parent, start, end);
     const ScrollKeeper keeper(this);
     if (start == 0 && end == listModel()->rowCount() - 1)
         m_memory.giveBack(*listModel(), selectionModel());
@@ -115,15 +89,29 @@ void View::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
     const ScrollKeeper keeper(looked ? nullptr : this);
     if (start == 0 && end == listModel()->rowCount() - 1)
         m_memory.keep(*listModel(), *selectionModel());
-    else
-        m_leaving.leave(*listModel(), selectionModel(), start, end);
-    SectionListArea::rowsAboutToBeRemoved(parent, start, end);
+    else if (m_leaving.leave(*listModel(), selectionModel(), start, end))
+        setKeyboardLeads(false); // else the next key would act on a row that nobody went to
+    TypingListArea::rowsAboutToBeRemoved(parent, start, end);
+}
+
+void View::changeFilter(bool hidesRows, const QStringList &words, const std::function<void()> &apply)
+{
+    if (hidesRows && !std::exchange(m_rowsHidden, true))
+        m_unfilteredId = currentId();
+    apply();
+    setMarkedWords(words);
+    if (hidesRows)
+        return scrollToTop();
+    const int before = listModel()->rowOf(std::exchange(m_unfilteredId, {}));
+    if (std::exchange(m_rowsHidden, false) && before >= 0 && !selectionModel()->hasSelection())
+        selectionModel()->setCurrentIndex(listModel()->index(before), QItemSelectionModel::NoUpdate);
+    const bool inView = viewport()->rect().contains(visualRect(currentIndex()));
+    scrollTo(currentIndex(), inView ? EnsureVisible : PositionAtCenter);
 }
 
 void View::currentChanged(const QModelIndex &current, const QModelIndex &previous)
 {
-    SectionListArea::currentChanged(current, previous);
-    acceptInputMethods();
+    TypingListArea::currentChanged(current, previous);
     updateRow(previous);
     updateRow(current);
     ListAccessible::tellCurrent(this);
@@ -131,7 +119,7 @@ void View::currentChanged(const QModelIndex &current, const QModelIndex &previou
 
 void View::selectionChanged(const QItemSelection &selected, const QItemSelection &deselected)
 {
-    SectionListArea::selectionChanged(selected, deselected);
+    TypingListArea::selectionChanged(selected, deselected);
     ListAccessible::tellSelection(this);
     Q_EMIT selectedRowsChanged();
 }
@@ -154,10 +142,11 @@ bool View::isRenaming() const
 // One row has its buttons: where the pointer is, else where the keyboard is.
 void View::fillOption(ListRowOption *option, const QModelIndex &index) const
 {
-    SectionListArea::fillOption(option, index);
+    TypingListArea::fillOption(option, index);
     option->state.setFlag(QStyle::State_MouseOver, m_hover.row() == index);
     option->state.setFlag(QStyle::State_HasFocus, leads(index));
-    option->buttons = m_hover.row().isValid() ? m_hover.row() == index : leads(index);
+    // By keyboard they would seem to be for all that is selected.
+    option->buttons = m_hover.row().isValid() ? m_hover.row() == index : leads(index) && selectedCount() <= 1;
     option->dropTarget = m_drop.row().isValid() && m_drop.row() == index;
     m_hover.fill(option, index);
 }
@@ -202,7 +191,7 @@ void View::mousePressEvent(QMouseEvent *event)
     m_press.begin(*event, left && !button.isButton() ? indexAt(event->pos()) : QModelIndex());
     m_hover.press(button);
     if (!button.isButton())
-        SectionListArea::mousePressEvent(event);
+        TypingListArea::mousePressEvent(event);
 }
 
 // On desktops where the first click already opens, the second has nothing left to do. Two clicks on a button
@@ -242,7 +231,7 @@ void View::mouseReleaseEvent(QMouseEvent *event)
         if (m_press.row().isValid() && m_press.row() == indexAt(event->pos()))
             Q_EMIT clicked(m_press.row());
     } else {
-        SectionListArea::mouseReleaseEvent(event);
+        TypingListArea::mouseReleaseEvent(event);
     }
 }
 
@@ -252,7 +241,7 @@ void View::mouseMoveEvent(QMouseEvent *event)
 {
     hoverMoved(m_hover.moveTo(event->pos()));
     if (event->buttons() == Qt::NoButton) {
-        SectionListArea::mouseMoveEvent(event);
+        TypingListArea::mouseMoveEvent(event);
         return;
     }
     if (!dragEnabled() || !m_press.isDrag(*event) || !selectionModel()->isSelected(m_press.row()))
@@ -297,17 +286,18 @@ void View::bindKeys()
     using Needs = ListKeyboard::Needs;
     const auto open = [this] { Q_EMIT activated(currentIndex()); };
     for (const int keys : {int(Qt::Key_Return), int(Qt::Key_Enter), int(Qt::SHIFT) + int(Qt::Key_Return)})
-        m_keyboard.bind(keys, Needs::Current, open);
+        m_keyboard.bind(keys, Needs::Row, open);
     const auto toggle = [this] { selectionModel()->select(currentIndex(), QItemSelectionModel::Toggle); };
     for (const int keys : {int(Qt::Key_Space), int(Qt::CTRL) + int(Qt::Key_Space)})
-        m_keyboard.bind(keys, Needs::Current, toggle);
+        m_keyboard.bind(keys, Needs::Row, toggle);
     m_keyboard.bind(int(Qt::SHIFT) + int(Qt::Key_F10), Needs::Nothing, [this] { requestMenuOfCurrent(); });
 }
 
 void View::keyPressEvent(QKeyEvent *event)
 {
     if (isRenaming() && !hasFocus()) // the editor passes on what it has no use for, Enter among it
-        return SectionListArea::keyPressEvent(event);
+        return TypingListArea::keyPressEvent(event);
+    const bool ledBefore = leads(currentIndex());
     if (!ListKeyboard::isModifier(event->key())) { // that may be on its way to a click
         setKeyboardLeads(true);
         m_returning.clear();
@@ -319,49 +309,29 @@ void View::keyPressEvent(QKeyEvent *event)
         clearSelection();
         event->setAccepted(selected); // somebody else's, with nothing selected here
     } else {
-        SectionListArea::keyPressEvent(event);
+        moveByKey(event, ledBefore);
     }
 }
 
-void View::setTypeToFilter(bool on)
+// The base class selects no row that is current already, and steps from a row that nobody sees.
+void View::moveByKey(QKeyEvent *event, bool ledBefore)
 {
-    m_typeToFilter = on;
-    acceptInputMethods();
+    const bool moves = ListKeyboard::isMove(*event);
+    const bool begins =
+        moves && !ledBefore && hasFocus() && selectionModel() && !selectionModel()->hasSelection();
+    if (begins && event->key() != Qt::Key_Home && event->key() != Qt::Key_End) {
+        setCurrentIndex(firstLead());
+        return event->accept();
+    }
+    TypingListArea::keyPressEvent(event);
+    if (moves && selectionModel() && !selectionModel()->hasSelection())
+        selectionModel()->select(currentIndex(), QItemSelectionModel::Select);
 }
 
-// The base class wants input methods for rows that can be edited only, and says so again and again.
-void View::acceptInputMethods()
+QModelIndex View::firstLead() const
 {
-    if (m_typeToFilter)
-        setAttribute(Qt::WA_InputMethodEnabled);
-}
-
-// The base class calls this with whatever a key has brought, control characters too.
-void View::keyboardSearch(const QString &text)
-{
-    if (!ListKeyboard::isPrintable(text))
-        return;
-    if (m_typeToFilter)
-        Q_EMIT textTyped(text);
-    else
-        SectionListArea::keyboardSearch(text);
-}
-
-void View::inputMethodEvent(QInputMethodEvent *event)
-{
-    keyboardSearch(event->commitString());
-    event->accept();
-}
-
-// The place is where an input method shows what may be meant.
-QVariant View::inputMethodQuery(Qt::InputMethodQuery query) const
-{
-    if (query == Qt::ImEnabled)
-        return m_typeToFilter;
-    if (query != Qt::ImCursorRectangle)
-        return SectionListArea::inputMethodQuery(query);
-    const QRect current = visualRect(currentIndex()) & viewport()->rect();
-    return current.isEmpty() ? QRect(0, 0, 1, layout().headerHeight()) : current;
+    const bool inView = viewport()->rect().contains(visualRect(currentIndex()));
+    return inView ? currentIndex() : listModel()->index(visibleRows().first);
 }
 
 void View::focusInEvent(QFocusEvent *event)
@@ -369,11 +339,20 @@ void View::focusInEvent(QFocusEvent *event)
     const auto reason = event->reason();
     if (reason == Qt::TabFocusReason || reason == Qt::BacktabFocusReason || reason == Qt::ShortcutFocusReason)
         setKeyboardLeads(true);
-    SectionListArea::focusInEvent(event);
-    acceptInputMethods();
+    TypingListArea::focusInEvent(event);
     const ScrollKeeper keeper(this); // the click that brought the keyboard is for the row that it meets
     if (listModel() && !currentIndex().isValid())
         selectionModel()->setCurrentIndex(listModel()->index(0), QItemSelectionModel::NoUpdate);
+}
+
+// Something takes room from the list; what the user works with stays in view.
+void View::resizeEvent(QResizeEvent *event)
+{
+    const QRect row = visualRect(currentIndex());
+    const bool wasInView = row.isValid() && row.top() >= 0 && row.bottom() < event->oldSize().height();
+    TypingListArea::resizeEvent(event);
+    if (wasInView)
+        scrollTo(currentIndex());
 }
 
 // A menu by keyboard belongs to the current row, wherever the pointer is.
@@ -385,21 +364,7 @@ bool View::event(QEvent *event)
         event->accept();
         return true;
     }
-    return SectionListArea::event(event);
-}
-
-void View::requestMenuOfCurrent()
-{
-    const QModelIndex current = currentIndex();
-    if (!current.isValid()) {
-        Q_EMIT customContextMenuRequested({0, -1});
-        return;
-    }
-    if (!selectionModel()->isSelected(current))
-        selectionModel()->select(current, QItemSelectionModel::ClearAndSelect);
-    scrollTo(current);
-    const QRect rect = visualRect(current);
-    Q_EMIT customContextMenuRequested({rect.left() + KLiteStyle::dpiScaled(MenuIndent), rect.center().y()});
+    return TypingListArea::event(event);
 }
 
 bool View::viewportEvent(QEvent *event)
@@ -425,13 +390,13 @@ bool View::viewportEvent(QEvent *event)
     default:
         break;
     }
-    return SectionListArea::viewportEvent(event);
+    return TypingListArea::viewportEvent(event);
 }
 
 // A hidden page is not told that its window has become active.
 void View::showEvent(QShowEvent *event)
 {
     Q_EMIT userReturned();
-    SectionListArea::showEvent(event);
+    TypingListArea::showEvent(event);
     settleSoon();
 }

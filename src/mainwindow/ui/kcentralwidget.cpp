@@ -46,6 +46,9 @@ KCentralWidget::KCentralWidget(
     layout->addWidget(m_titleBar);
     layout->addLayout(body, 1);
 
+    // From the field the Tab key goes on into the page that it searches.
+    setTabOrder(m_stack->previousInFocusChain(), m_titleBar->searchBox());
+
     connect(m_navigation, &NavigationBar::pageChosen, this, qOverload<int>(&KCentralWidget::selectPage));
     SearchBox *search = m_titleBar->searchBox();
     connect(search, &QLineEdit::textChanged, this, &KCentralWidget::onSearchTextChanged);
@@ -97,7 +100,7 @@ bool KCentralWidget::selectPage(int number)
     m_navigation->setCurrentPage(number);
     SearchBox *search = m_titleBar->searchBox();
     const bool searched = search->hasFocus();
-    search->setPage(chosen->isSearchable() ? chosen->info().title : QString());
+    search->setPage(chosen->isSearchable() ? chosen->info().title : QString(), chosen->widget());
     search->setEnabled(chosen->isSearchable());
     search->setText(chosen->filter());
     m_stack->setCurrentWidget(chosen->widget());

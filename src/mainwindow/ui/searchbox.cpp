@@ -2,6 +2,7 @@
 
 #include "klitestyle.h"
 
+#include <QAction>
 #include <QKeyEvent>
 
 SearchBox::SearchBox(QWidget *parent) : SearchField(tr("Search"), parent)
@@ -11,8 +12,11 @@ SearchBox::SearchBox(QWidget *parent) : SearchField(tr("Search"), parent)
     setMinimumWidth(KLiteStyle::dpiScaled(120));
 }
 
-void SearchBox::setPage(const QString &title)
+void SearchBox::setPage(const QString &title, const QWidget *page)
 {
+    for (QAction *action : std::exchange(m_pageActions, page->actions()))
+        removeAction(action);
+    addActions(m_pageActions);
     setPrompt(title.isEmpty() ? tr("Search") : tr("Search in %1").arg(title));
 }
 
@@ -23,6 +27,7 @@ void SearchBox::begin(const QString &typed)
         selectAll();
         return;
     }
+    m_typedInPage = true;
     end(false);
     insert(typed);
 }
@@ -37,7 +42,8 @@ void SearchBox::keyPressEvent(QKeyEvent *event)
         Q_EMIT ended(true);
         return;
     case Qt::Key_Escape:
-        if (text().isEmpty()) {
+        if (text().isEmpty() || m_typedInPage) {
+            clear();
             Q_EMIT ended(false);
             return;
         }
@@ -45,5 +51,37 @@ void SearchBox::keyPressEvent(QKeyEvent *event)
     default:
         break;
     }
-    SearchField::keyPressEvent(event);
+    if (!undoesInPage(*event))
+        SearchField::keyPressEvent(event);
+}
+
+// In the empty field there is no typing to be taken back; what was done in the page is meant, if anything.
+bool SearchBox::undoesInPage(const QKeyEvent &event) const
+{
+    return text().isEmpty() && event.matches(QKeySequence::Undo);
+}
+
+void SearchBox::focusOutEvent(QFocusEvent *event)
+{
+    if (event->reason() != Qt::PopupFocusReason && event->reason() != Qt::ActiveWindowFocusReason)
+        m_typedInPage = false;
+    SearchField::focusOutEvent(event);
+}
+
+bool SearchBox::event(QEvent *event)
+{
+    if (event->type() == QEvent::ShortcutOverride && undoesInPage(*static_cast<QKeyEvent *>(event))) {
+        event->ignore();
+        return true;
+    }
+    return SearchField::event(event);
+}
+
+// To what was found, instead of to the window's buttons.
+bool SearchBox::focusNextPrevChild(bool next)
+{
+    if (!next || text().isEmpty())
+        return SearchField::focusNextPrevChild(next);
+    Q_EMIT ended(false);
+    return true;
 }

@@ -65,6 +65,14 @@ void RecentPicker::layOut()
     layout->addWidget(m_nothing, 1);
 }
 
+// No row is cut off at the lower edge.
+void RecentPicker::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    const int above = m_input->sizeHint().height() + layout()->spacing();
+    layout()->setContentsMargins(0, 0, 0, qMax(0, height() - above) % m_list->rowHeight());
+}
+
 void RecentPicker::connectModels()
 {
     // What the pages and the store tell comes in steps; the list is looked at once all of them are done.
@@ -173,7 +181,8 @@ void RecentPicker::updateState()
     if (m_input->text().trimmed().isEmpty())
         m_nothing->setTexts(tr("No recent documents"), tr("Documents that you open will be listed here."));
     else
-        m_nothing->setTexts(tr("Nothing found"), tr("No recent document matches these words."));
+        m_nothing->setTexts(
+            tr("Nothing found"), tr("No recent document has these words in its name or folder."));
     if (!m_list->currentIndex().isValid())
         chooseFirst();
 }

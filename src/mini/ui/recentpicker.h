@@ -37,6 +37,7 @@ Q_SIGNALS:
     void documentOpened(); ///< the desktop was asked to open one
 
 protected:
+    void resizeEvent(QResizeEvent *event) override;
     bool eventFilter(QObject *watched, QEvent *event) override; // keys of the field that are the list's
 
 private:

@@ -10,9 +10,9 @@ enum Group { Opening, Keeping, Removing, Reporting, Page };
 
 ActionRow row(RecentCommand command, Group group, const char *id, const char *text, const char *icon,
     const QList<QKeySequence> &keys, ActionNeeds needs = ActionNeeds::Rows,
-    ActionKeys where = ActionKeys::InList, const char *explained = nullptr)
+    ActionKeys where = ActionKeys::InList, const char *explained = nullptr, const char *several = nullptr)
 {
-    return {int(command), id, text, icon, keys, needs, group, where, explained};
+    return {int(command), id, text, icon, keys, needs, group, where, explained, several};
 }
 
 QVector<ActionRow> rows()
@@ -39,8 +39,10 @@ QVector<ActionRow> rows()
         row(C::Remove, Removing, "recent.remove", QT_TRANSLATE_NOOP("KRecentFileMenu", "Remove"), nullptr,
             keys("Del"), Rows, ActionKeys::InList,
             QT_TRANSLATE_NOOP("KRecentFileMenu", "Remove from the list")),
-        row(C::DeleteFile, Removing, "recent.delete", QT_TRANSLATE_NOOP("KRecentFileMenu", "Delete File"),
-            "trash", keys("Shift+Del")),
+        row(C::DeleteFile, Removing, "recent.delete",
+            QT_TRANSLATE_NOOP("KRecentFileMenu", "Move to Recycle Bin"), "trash", keys("Shift+Del"), Rows,
+            ActionKeys::InList, nullptr,
+            QT_TRANSLATE_N_NOOP("KRecentFileMenu", "Move %Ln File(s) to Recycle Bin")),
         row(C::TipOff, Reporting, "recent.tipoff", QT_TRANSLATE_NOOP("KRecentFileMenu", "Tip-Off"), nullptr,
             {}, One),
         row(C::Undo, Page, "recent.undo", QT_TRANSLATE_NOOP("KRecentFileMenu", "Undo"), nullptr,

@@ -19,6 +19,8 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
+#include <QFileInfo>
 #include <QMimeData>
 #include <algorithm>
 
@@ -44,6 +46,11 @@ QStringList idsOf(const RecordInfoList &records)
 QString nameOf(const RecentFileInfo &record)
 {
     return zel::shortName(zel::recent::shownName(record));
+}
+
+QString folderNameOf(const RecentFileInfo &record)
+{
+    return zel::shortName(QFileInfo(record.path).dir().dirName());
 }
 
 int countLocal(const RecordInfoList &records)
@@ -73,7 +80,7 @@ RecentCommands::RecentCommands(KRecentFileLogic *logic, RecentFileActions *actio
       m_openingNotices(new OpeningNotices(logic->opening(), m_notice, this))
 {
     m_notice->setObjectName(QStringLiteral("notice"));
-    m_commands->setList(view, [view] { return view->selectedRows(); });
+    m_commands->setList(view, [view] { return view->chosenRows(); });
     bindOpening();
     bindKeeping();
     bindRemoving();
@@ -135,7 +142,10 @@ void RecentCommands::bindRemoving()
 
 void RecentCommands::connectResults()
 {
-    connect(m_commands, &ListActions::aboutToRun, m_notices, &NoticeArea::retire);
+    connect(m_commands, &ListActions::aboutToRun, this, [this](int command) {
+        if (command != int(Command::Undo))
+            retire();
+    });
     connect(m_commands, &ListActions::leftOut, this,
         [this](int, const QModelIndexList &rows) { onLeftOut(rows); });
     connect(m_actions, &RecentFileActions::filesDeleted, this, &RecentCommands::onFilesDeleted);
@@ -189,9 +199,15 @@ QStringList RecentCommands::pathsOf(const QModelIndexList &rows) const
     return paths;
 }
 
+void RecentCommands::retire()
+{
+    m_undo->withdraw();
+    m_notices->retire();
+}
+
 void RecentCommands::open(const QModelIndexList &rows)
 {
-    m_notices->retire();
+    retire();
     if (!m_openingNotices->mayOpen(rows.size()))
         return;
     if (rows.size() == 1)
@@ -214,7 +230,7 @@ void RecentCommands::openWith(const QModelIndex &row, const QString &programId)
 {
     if (!row.isValid())
         return;
-    m_notices->retire();
+    retire();
     m_logic->openWith(m_view->recentModel()->mapToSource(row), programId);
     Q_EMIT otherRequested(row);
 }
@@ -238,8 +254,7 @@ void RecentCommands::setPinned(const QModelIndexList &rows)
 // Where they stood before is not known any more.
 void RecentCommands::addFiles(const QStringList &paths)
 {
-    m_notices->retire();
-    m_undo->withdraw();
+    retire();
     m_actions->addFiles(paths);
 }
 
@@ -319,8 +334,10 @@ void RecentCommands::onFilesRestored(const RecordInfoList &restored, const Recor
                 ? tr("“%1” could not be brought back.").arg(nameOf(failed.constFirst()))
                 : tr("%Ln file(s) could not be brought back.", nullptr, failed.size()));
     else
-        m_notice->showText(restored.size() == 1 ? tr("“%1” is back.").arg(nameOf(restored.constFirst()))
-                                                : tr("%Ln file(s) are back.", nullptr, restored.size()),
+        m_notice->showText(restored.size() == 1
+                ? tr("“%1” is back in “%2”.")
+                      .arg(nameOf(restored.constFirst()), folderNameOf(restored.constFirst()))
+                : tr("%Ln file(s) are back where they were.", nullptr, restored.size()),
             Tone::Info);
 }
 

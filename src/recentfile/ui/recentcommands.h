@@ -37,6 +37,7 @@ public:
     KRecentFileMenu *makeMenu(const QModelIndex &row, const QModelIndexList &rows);
     const RecentFileInfo &recordAt(const QModelIndex &row) const;
     void addFiles(const QStringList &paths);
+    void retire(); ///< the user does something else: notices go, and what was done stays done
 
 Q_SIGNALS: // of single rows
     void openRequested(QPersistentModelIndex row);

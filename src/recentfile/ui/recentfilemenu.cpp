@@ -30,7 +30,7 @@ KRecentFileMenu::KRecentFileMenu(const QPersistentModelIndex &index, const ListA
             add({command});
     }
     actions.table().fill(
-        this, commands, [&](int command) { return actions.canRun(command, rows); },
+        this, commands, [&](int command) { return actions.rowsFor(command, rows); },
         [this](int command) { choose(Command(command)); });
     setDefaultAction(entry(Command::Open));
     if (pinned)

@@ -17,7 +17,7 @@ public:
     explicit ZelBoxRecentFileTitleWidget(QWidget *parent = nullptr);
 
     void setListTools(bool shown);  ///< the order
-    void setCount(int count);       ///< 0 shows none
+    void setCount(int count);       ///< negative shows none
     void setUnreadCount(int count); ///< likewise
     void setSort(const zel::ListSort &sort);
     void addCommands(const QList<QAction *> &commands); ///< of the page, to the menu; not owned

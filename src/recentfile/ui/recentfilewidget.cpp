@@ -2,6 +2,12 @@
 
 #include <utility>
 
+void ZelBoxRecentFileWidget::pageHidden()
+{
+    ZelBoxRecentFileWidgetBase::pageHidden();
+    onClearUnreadMsgAfterTabChanged();
+}
+
 void ZelBoxRecentFileWidget::onClearUnreadMsgAfterTabChanged()
 {
     if (std::exchange(m_wasShown, false))

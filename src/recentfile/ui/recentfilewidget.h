@@ -9,7 +9,7 @@ class ZelBoxRecentFileWidget : public ZelBoxRecentFileWidgetBase
 public:
     using ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase;
 
-    void pageHidden() override { onClearUnreadMsgAfterTabChanged(); }
+    void pageHidden() override;
 
 public Q_SLOTS:
     /// The user has gone to another page: what was new has been seen, if this page was shown since the last

@@ -80,7 +80,7 @@ void ZelBoxRecentFileWidgetBase::connectLogic()
     connect(m_logic, &Logic::recentFileUnreadMsgCount, this, &Self::tellUnread);
     connect(m_model, &ZelBoxRecentFileModel::rowCountChanged, this, &Self::onRowCountChanged);
     connect(m_rows, &RecentSortFilterModel::countsChanged, this,
-        [this] { m_title->setCount(m_rows->rowCount()); });
+        [this] { m_title->setCount(m_model->rowCount() > 0 ? m_rows->rowCount() : -1); });
     connect(m_states, &RecentStates::openFileRequested, this, &Self::openChosenFile);
     connect(m_states, &RecentStates::settingsRequested, this, &Self::settingsRequested);
     connect(m_states, &RecentStates::feedbackRequested, this, &Self::feedbackRequested);
@@ -165,6 +165,11 @@ void ZelBoxRecentFileWidgetBase::setHost(BoxPageHost *host)
         [host] { host->openSettings(QStringLiteral("cloud")); });
 }
 
+void ZelBoxRecentFileWidgetBase::pageHidden()
+{
+    m_commands->retire();
+}
+
 QWidget *ZelBoxRecentFileWidgetBase::focusTarget()
 {
     return m_stack->currentWidget();
@@ -172,7 +177,7 @@ QWidget *ZelBoxRecentFileWidgetBase::focusTarget()
 
 void ZelBoxRecentFileWidgetBase::findEnded(bool toFirstRow)
 {
-    focusTarget()->setFocus(Qt::OtherFocusReason);
+    focusTarget()->setFocus(Qt::ShortcutFocusReason);
     if (toFirstRow && m_rows->rowCount() > 0)
         m_view->setCurrentIndex(m_rows->index(0));
 }
@@ -307,7 +312,7 @@ void ZelBoxRecentFileWidgetBase::showMenu(const QModelIndex &index, const QPoint
     delete m_menu;
     m_menu = m_commands->makeMenu(index, rowsFor(index));
     connectMenu(m_menu);
-    m_menu->popup(globalPos);
+    m_view->popUp(m_menu, globalPos);
 }
 
 void ZelBoxRecentFileWidgetBase::connectMenu(KRecentFileMenu *menu)

@@ -47,6 +47,7 @@ public:
     void setHost(BoxPageHost *host) override;
     void windowFirstShown() override { onWindowFirstShown(); }
     void windowReady() override { onWindowReadyToShow(); }
+    void pageHidden() override;
 
 Q_SIGNALS:
     void recentFileUnreadMsgCount(quint64 count); ///< 0 while the user does not want to be reminded

@@ -54,7 +54,10 @@ void RecentListing::showAll()
 
 void RecentListing::applyFilter()
 {
-    m_parts.rows->setFilter({m_words, m_parts.chips->kinds()});
-    m_parts.view->showFound(m_parts.rows->words().words());
+    const QStringList words = zel::WordFilter(m_words).words();
+    const zel::recent::DocumentKinds kinds = m_parts.chips->kinds();
+    m_parts.view->changeFilter(kinds || !words.isEmpty(), words, [&] {
+        m_parts.rows->setFilter({m_words, kinds});
+    });
     Q_EMIT filtered();
 }

@@ -18,8 +18,6 @@ RecentStates::RecentStates(KRecentFileLogic *logic, const RecentSortFilterModel 
       m_stack(stack),
       m_outtime(new LoadingOuttime(zel::recent::loadingTimeout(), this))
 {
-    stack->setTexts(
-        State::NothingFound, tr("Nothing found"), tr("No recent file has this name or is of this kind."));
     stack->setMaker(State::TimedOut, [this] { return makeOuttime(); });
     stack->setMaker(State::Empty, [this] { return makeGuide(); });
     using Logic = KRecentFileLogic;
@@ -105,7 +103,18 @@ void RecentStates::update()
     const State state = wanted();
     if (state != State::Waiting && state != State::TimedOut)
         m_outtime->stop();
+    if (state == State::NothingFound)
+        m_stack->setTexts(state, tr("Nothing found"), nothingFoundText());
     m_stack->setState(state);
+}
+
+QString RecentStates::nothingFoundText() const
+{
+    if (!m_rows->filter().kinds)
+        return tr("No recent document has these words in its name or folder.");
+    return m_rows->words().words().isEmpty()
+        ? tr("No recent document is of this kind.")
+        : tr("No recent document of this kind has these words in its name or folder.");
 }
 
 void RecentStates::pageShown()

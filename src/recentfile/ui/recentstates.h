@@ -38,6 +38,7 @@ private:
     void onRetry();
     void onFeedBack();
     State wanted() const;
+    QString nothingFoundText() const;
     void tellShown();
     ZelBoxRecentFileEmptyGuideWidget::Reason emptyReason() const;
 
