@@ -135,10 +135,10 @@
         </translation>
     </message>
     <message numerus="yes">
-        <source>%Ln file(s) are back.</source>
+        <source>%Ln file(s) are back where they were.</source>
         <translation>
-            <numerusform>%Ln file is back.</numerusform>
-            <numerusform>%Ln files are back.</numerusform>
+            <numerusform>%Ln file is back where it was.</numerusform>
+            <numerusform>%Ln files are back where they were.</numerusform>
         </translation>
     </message>
     <message numerus="yes">
@@ -170,6 +170,20 @@
         <translation>
             <numerusform>%Ln item was moved to the recycle bin.</numerusform>
             <numerusform>%Ln items were moved to the recycle bin.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln item(s) are back.</source>
+        <translation>
+            <numerusform>%Ln item is back.</numerusform>
+            <numerusform>%Ln items are back.</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln item(s) are back in “%1”.</source>
+        <translation>
+            <numerusform>%Ln item is back in “%1”.</numerusform>
+            <numerusform>%Ln items are back in “%1”.</numerusform>
         </translation>
     </message>
 </context>
@@ -299,6 +313,26 @@
         <translation>
             <numerusform>%Ln new or changed document</numerusform>
             <numerusform>%Ln new or changed documents</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>KRecentFileMenu</name>
+    <message numerus="yes">
+        <source>Move %Ln File(s) to Recycle Bin</source>
+        <translation>
+            <numerusform>Move %Ln File to Recycle Bin</numerusform>
+            <numerusform>Move %Ln Files to Recycle Bin</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>CloudDocActions</name>
+    <message numerus="yes">
+        <source>Move %Ln Item(s) to Recycle Bin</source>
+        <translation>
+            <numerusform>Move %Ln Item to Recycle Bin</numerusform>
+            <numerusform>Move %Ln Items to Recycle Bin</numerusform>
         </translation>
     </message>
 </context>

@@ -79,7 +79,7 @@
     </message>
     <message>
         <source>Show in File Manager</source>
-        <translation>在文件管理器中显示</translation>
+        <translation>打开所在文件夹</translation>
     </message>
     <message>
         <source>Cut</source>
@@ -136,6 +136,12 @@
     <message>
         <source>Cloud documents</source>
         <translation>云文档</translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %Ln Item(s) to Recycle Bin</source>
+        <translation>
+            <numerusform>将 %Ln 个项目移到回收站</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -304,6 +310,42 @@
         <source>%Ln item(s) were moved to the recycle bin.</source>
         <translation>
             <numerusform>%Ln 个项目已移至回收站。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Undo New Folder</source>
+        <translation>撤销新建文件夹</translation>
+    </message>
+    <message>
+        <source>The folder “%1” was created.</source>
+        <translation>已新建文件夹“%1”。</translation>
+    </message>
+    <message>
+        <source>The new folder “%1” was removed.</source>
+        <translation>已移除新文件夹“%1”。</translation>
+    </message>
+    <message>
+        <source>“%1” is called “%2” again.</source>
+        <translation>“%1”已改回“%2”。</translation>
+    </message>
+    <message>
+        <source>“%1” is back.</source>
+        <translation>“%1”已恢复。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln item(s) are back.</source>
+        <translation>
+            <numerusform>%Ln 个项目已恢复。</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>“%1” is back in “%2”.</source>
+        <translation>“%1”已恢复到“%2”。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln item(s) are back in “%1”.</source>
+        <translation>
+            <numerusform>%Ln 个项目已恢复到“%1”。</numerusform>
         </translation>
     </message>
 </context>
@@ -492,6 +534,10 @@
     <message>
         <source>“%1” could not be downloaded.</source>
         <translation>无法下载“%1”。</translation>
+    </message>
+    <message>
+        <source>The new folder could not be removed.</source>
+        <translation>无法移除新文件夹。</translation>
     </message>
 </context>
 <context>
@@ -759,6 +805,11 @@
         <source>Replace moves what is there to the recycle bin.</source>
         <translation>“替换”会将那里的现有项目移到回收站。</translation>
     </message>
+    <message>
+        <source>The new file: %1, changed %2.</source>
+        <comment>size, time</comment>
+        <translation>新文件：%1，修改于 %2。</translation>
+    </message>
 </context>
 <context>
     <name>CrumbButton</name>
@@ -1011,10 +1062,6 @@
         <translation>移除</translation>
     </message>
     <message>
-        <source>Delete File</source>
-        <translation>删除文件</translation>
-    </message>
-    <message>
         <source>Tip-Off</source>
         <translation>举报</translation>
     </message>
@@ -1049,6 +1096,16 @@
     <message>
         <source>Share</source>
         <translation>分享</translation>
+    </message>
+    <message>
+        <source>Move to Recycle Bin</source>
+        <translation>移到回收站</translation>
+    </message>
+    <message numerus="yes">
+        <source>Move %Ln File(s) to Recycle Bin</source>
+        <translation>
+            <numerusform>将 %Ln 个文件移到回收站</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1505,16 +1562,6 @@
             <numerusform>%Ln 个文件无法恢复。</numerusform>
         </translation>
     </message>
-    <message>
-        <source>“%1” is back.</source>
-        <translation>“%1”已恢复。</translation>
-    </message>
-    <message numerus="yes">
-        <source>%Ln file(s) are back.</source>
-        <translation>
-            <numerusform>已恢复 %Ln 个文件。</numerusform>
-        </translation>
-    </message>
     <message numerus="yes">
         <source>%Ln document(s) were left out: they are not on this device.</source>
         <translation>
@@ -1532,6 +1579,16 @@
     <message>
         <source>“%1” was reported.</source>
         <translation>已举报“%1”。</translation>
+    </message>
+    <message>
+        <source>“%1” is back in “%2”.</source>
+        <translation>“%1”已恢复到“%2”。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln file(s) are back where they were.</source>
+        <translation>
+            <numerusform>%Ln 个文件已恢复到原来的位置。</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1568,8 +1625,8 @@
         <translation>未找到</translation>
     </message>
     <message>
-        <source>No recent document matches these words.</source>
-        <translation>没有符合这些词的最近文档。</translation>
+        <source>No recent document has these words in its name or folder.</source>
+        <translation>没有名称或文件夹中包含这些词的最近文档。</translation>
     </message>
 </context>
 <context>
@@ -1680,8 +1737,16 @@
         <translation>未找到</translation>
     </message>
     <message>
-        <source>No recent file has this name or is of this kind.</source>
-        <translation>没有此名称或此类型的最近文件。</translation>
+        <source>No recent document has these words in its name or folder.</source>
+        <translation>没有名称或文件夹中包含这些词的最近文档。</translation>
+    </message>
+    <message>
+        <source>No recent document is of this kind.</source>
+        <translation>没有此类最近文档。</translation>
+    </message>
+    <message>
+        <source>No recent document of this kind has these words in its name or folder.</source>
+        <translation>没有名称或文件夹中包含这些词的此类最近文档。</translation>
     </message>
 </context>
 <context>

@@ -50,6 +50,16 @@ QString timeText(const QDateTime &time, const QDateTime &now)
     return date.toString(QStringLiteral("yyyy-MM-dd"));
 }
 
+QString momentText(const QDateTime &time, const QDateTime &now)
+{
+    const QString text = timeText(time, now);
+    const QDateTime local = time.toLocalTime();
+    const qint64 daysAgo = local.date().daysTo(now.toLocalTime().date());
+    return text.isEmpty() || daysAgo == 0 || daysAgo == 1
+        ? text
+        : TimeTexts::tr("%1, %2", "date, time of day").arg(text, clockText(local));
+}
+
 QString longTimeText(const QDateTime &time)
 {
     if (!time.isValid())

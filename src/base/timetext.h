@@ -10,6 +10,8 @@ namespace zel {
 /// For a list, in local time as seen at `now`: "hh:mm" for today, "yesterday hh:mm", month and day within
 /// this year (also for days to come), else "yyyy-MM-dd". Empty for an invalid time.
 QString timeText(const QDateTime &time, const QDateTime &now);
+/// Likewise, and always with the time of day: where two times are compared.
+QString momentText(const QDateTime &time, const QDateTime &now);
 /// In full and in local time, where there is room for it: date with weekday, hours and minutes.
 QString longTimeText(const QDateTime &time);
 

@@ -42,7 +42,8 @@ void addFailed(const Errors &errors, CloudOutcome &outcome)
 
 CloudConflict conflictOf(const ConflictItem &item)
 {
-    return {toQt(item.item.id), toQt(item.name), toQt(item.suggestedName), documentOf(item.existing)};
+    return {toQt(item.item.id), toQt(item.name), toQt(item.suggestedName), documentOf(item.existing),
+        item.size, item.mtime};
 }
 
 template <class Result> CloudOutcome placedOf(const Result &result)
@@ -229,12 +230,10 @@ CloudOutcome outcomeOf(const UploadItemsResult &result, const QStringList &paths
 CloudOutcome outcomeOf(const DownloadItemsResult &result)
 {
     CloudOutcome outcome;
-    Errors failed;
-    for (const auto &[id, error] : result.failedItems) {
-        if (problemNamed(error.errResult) == CloudProblem::Exists)
-            outcome.conflicts.append({toQt(id), {}, {}, {}});
-        else
-            failed[id] = error;
+    Errors failed = result.failedItems;
+    for (const ConflictItem &conflict : result.conflicts) {
+        outcome.conflicts.append(conflictOf(conflict));
+        failed.erase(conflict.item.id);
     }
     addFailed(failed, outcome);
     for (const DownloadFileInfo &file : result.files) {

@@ -109,9 +109,9 @@ Q_SIGNALS:
     /// Something was done that undo() takes back, or could not be taken back now but may be later. Precedes
     /// operationDone() or operationFailed().
     void undoable(const CloudUndo &undo);
-    void restored(
-        const QStringList &ids); ///< by undo(); those of them that lie in this folder are in the model
-    void transfersStarted(int count);
+    /// `undo` was done, and `ids` are there again; those of them that lie in this folder are in the model.
+    void restored(const CloudUndo &undo, const QStringList &ids);
+    void transfersStarted(const CloudTransfers &transfers);
     void conflictsFound(CloudOperation operation, const CloudConflicts &conflicts,
         const QString &target); ///< call the operation again for their sources, with a choice
     void operationDone(CloudOperation operation);

@@ -65,6 +65,8 @@ void CloudDocOperations::createFolder(const QString &parentId, const QString &na
             return;
         }
         take(answer.value);
+        m_newFolder = answer.value.id;
+        Q_EMIT undoable({CloudOperation::CreateFolder, 1, {answer.value.id}, answer.value.name, {}, {}, {}});
         Q_EMIT folderCreated(answer.value.id);
         Q_EMIT done(CloudOperation::CreateFolder);
     });
@@ -73,7 +75,9 @@ void CloudDocOperations::createFolder(const QString &parentId, const QString &na
 void CloudDocOperations::rename(const QString &id, const QString &name)
 {
     Q_EMIT begun(CloudOperation::Rename);
-    const CloudUndo undo{CloudOperation::Rename, 1, {id}, nameOf(id), name, {}, {}};
+    const CloudUndo undo = std::exchange(m_newFolder, {}) == id
+        ? CloudUndo{CloudOperation::CreateFolder, 1, {id}, name, {}, {}, {}}
+        : CloudUndo{CloudOperation::Rename, 1, {id}, nameOf(id), name, {}, {}};
     m_link->rename(id, name, [this, undo](const CloudAnswer<CloudDocument> &answer) {
         if (!answer) {
             Q_EMIT failed(CloudOperation::Rename, answer.problem, 1, undo.firstName);
@@ -96,6 +100,7 @@ void CloudDocOperations::take(const CloudDocument &document)
 // The end never comes within the call, not even that of nothing.
 void CloudDocOperations::inParts(const Run &run, const QStringList &ids)
 {
+    m_newFolder.clear();
     Q_EMIT begun(run.operation);
     if (!ids.isEmpty())
         nextPart(run, ids, {});
@@ -140,7 +145,7 @@ void CloudDocOperations::end(const Run &run, CloudOutcome outcome)
     if (run.finish)
         run.finish(outcome);
     if (!outcome.transfers.isEmpty())
-        Q_EMIT transfersStarted(outcome.transfers.size());
+        Q_EMIT transfersStarted(outcome.transfers);
     if (outcome.failed > 0)
         Q_EMIT failed(run.operation, outcome.problem, outcome.failed, failedName(run, outcome.firstFailed));
     if (!outcome.conflicts.isEmpty())
@@ -173,11 +178,13 @@ void CloudDocOperations::copy(const QStringList &ids, const QString &folderId, C
 
 void CloudDocOperations::trash(const QStringList &ids)
 {
-    const QString name = nameOf(ids.value(0));
+    const CloudDocument *first = m_documents->find(ids.value(0));
+    const QString name = first ? first->name : QString();
+    const QString folder = first ? first->parentId : QString();
     const auto step = [this](const QStringList &part, const Then &then) { m_link->remove(part, then); };
     const auto finish = [=, this](const CloudOutcome &all) {
         if (!all.removed.isEmpty())
-            Q_EMIT undoable({CloudOperation::Trash, all.removed.size(), all.recycled, name, {}, {}, {}});
+            Q_EMIT undoable({CloudOperation::Trash, all.removed.size(), all.recycled, name, {}, folder, {}});
     };
     inParts({CloudOperation::Trash, {}, step, finish}, ids);
 }
@@ -187,6 +194,8 @@ void CloudDocOperations::undo(const CloudUndo &undo)
     const auto step = [=, this](const QStringList &part, const Then &then) {
         if (undo.operation == CloudOperation::Trash)
             m_link->recover(part, then);
+        else if (undo.operation == CloudOperation::CreateFolder)
+            m_link->remove(part, then);
         else if (undo.operation == CloudOperation::Move)
             m_link->move(part, undo.fromFolder, CloudNameChoice::Ask, then);
         else
@@ -199,7 +208,8 @@ void CloudDocOperations::undo(const CloudUndo &undo)
     };
     const CloudOperation operation = undo.operation == CloudOperation::Trash ? CloudOperation::UndoTrash
         : undo.operation == CloudOperation::Move                             ? CloudOperation::UndoMove
-                                                                             : CloudOperation::UndoRename;
+        : undo.operation == CloudOperation::CreateFolder ? CloudOperation::UndoCreateFolder
+                                                         : CloudOperation::UndoRename;
     restore(operation, undo, step);
 }
 
@@ -226,8 +236,8 @@ void CloudDocOperations::restore(CloudOperation operation, const CloudUndo &undo
             rest.count = again->size();
             Q_EMIT undoable(rest);
         }
-        if (!all.documents.isEmpty())
-            Q_EMIT restored(idsOf(all.documents));
+        if (!all.documents.isEmpty() || !all.removed.isEmpty())
+            Q_EMIT restored(undo, idsOf(all.documents));
     };
     inParts({operation, {}, noted, finish}, undo.ids);
 }

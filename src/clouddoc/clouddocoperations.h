@@ -23,7 +23,8 @@ public:
     /// Both are used as long as this is. `documents` are those of the folder on view; they know names.
     CloudDocOperations(CloudDocLink *link, const CloudDocModel *documents, QObject *parent = nullptr);
 
-    void createFolder(const QString &parentId, const QString &name); ///< folderCreated() precedes done()
+    /// folderCreated() precedes done(). The name that it gets next is part of its making: undo removes it.
+    void createFolder(const QString &parentId, const QString &name);
     void rename(const QString &id, const QString &name);
     /// `fromFolder`, where they are, makes it undoable; empty: it is not.
     void move(const QStringList &ids, const QString &folderId, CloudNameChoice choice,
@@ -45,8 +46,9 @@ Q_SIGNALS:
     /// Something was done that undo() takes back, or could not be taken back now but may be later. Precedes
     /// done() or failed().
     void undoable(const CloudUndo &undo);
-    void restored(const QStringList &ids); ///< to where they were
-    void transfersStarted(int count);
+    void restored(
+        const CloudUndo &undo, const QStringList &ids); ///< as they were; ids of items that are there
+    void transfersStarted(const CloudTransfers &transfers);
     /// Call the operation again for their sources, with a choice.
     void conflictsFound(CloudOperation operation, const CloudConflicts &conflicts, const QString &target);
     void done(CloudOperation operation);
@@ -78,5 +80,6 @@ private:
 
     CloudDocLink *m_link;
     const CloudDocModel *m_documents;
+    QString m_newFolder;              ///< has the name that it was made with
     QHash<QString, QString> m_failed; ///< transfers that were asked about, by their source
 };

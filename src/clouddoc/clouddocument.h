@@ -28,6 +28,7 @@ enum class CloudOperation {
     Trash,
     UndoTrash,
     UndoMove,
+    UndoCreateFolder,
     UndoRename,
     Upload,
     Download,
@@ -79,7 +80,9 @@ struct CloudConflict
     QString source; ///< local path of an upload, else the item's id
     QString name;
     QString suggestedName;  ///< that KeepBoth would give; empty when not known
-    CloudDocument existing; ///< what has the name; of a download only `name` and `localPath`
+    CloudDocument existing; ///< what has the name; of a download without an id
+    qint64 size = 0;        ///< of what was to be put there, bytes; 0 for a folder
+    qint64 modifiedAt = 0;  ///< likewise, ms since epoch, UTC; 0: not known
 
     bool operator==(const CloudConflict &) const = default;
 };

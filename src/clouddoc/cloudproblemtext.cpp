@@ -34,6 +34,8 @@ QString whatFailed(CloudOperation operation, int count, const QString &name)
         return Texts::tr("%Ln item(s) could not be brought back.", nullptr, count);
     case Operation::UndoMove:
         return Texts::tr("%Ln item(s) could not be moved back.", nullptr, count);
+    case Operation::UndoCreateFolder:
+        return Texts::tr("The new folder could not be removed.");
     case Operation::UndoRename:
         return Texts::tr("The old name could not be given back.");
     case Operation::Upload:

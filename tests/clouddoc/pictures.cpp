@@ -181,6 +181,8 @@ void popups(Scene &scene)
     conflict.suggestedName = QStringLiteral("Budget 2024 (2).xlsx");
     conflict.existing.modifiedAt = Now.toMSecsSinceEpoch();
     conflict.existing.size = 48'000;
+    conflict.modifiedAt = conflict.existing.modifiedAt - 86'400'000 * 9;
+    conflict.size = 51'000;
     ConflictDialog one(CloudOperation::Upload, {conflict}, scene.page());
     one.show();
     scene.save("conflict", &one);

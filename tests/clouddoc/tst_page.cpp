@@ -34,6 +34,8 @@ private Q_SLOTS:
     void renames();
     void removesAndOffersUndo();
     void undoUntilTheNextAction();
+    void uploadsAreSelected_data();
+    void uploadsAreSelected();
     void newFolderIsNamedAtOnce();
     void dropsGoWhereTheyFall_data();
     void dropsGoWhereTheyFall();
@@ -216,6 +218,9 @@ void TestPage::undoUntilTheNextAction()
     key(Qt::Key_Z, Qt::ControlModifier);
     QCOMPARE(wanted().last(), s("rename a.txt -> a.txt"));
     QVERIFY(!undo->isEnabled() && notice().isEmpty());
+    renamed.item.name = "a.txt";
+    QVERIFY(m_cloud->answer("rename", renamed));
+    QVERIFY2(notice().endsWith(s(" again.")), qPrintable(notice()));
 
     page()->logic()->move({s("a.txt")}, s("b"));
     zel::vela::CloudItemsMoveToResult moved;
@@ -223,11 +228,42 @@ void TestPage::undoUntilTheNextAction()
     QVERIFY(m_cloud->answer("cloudItemsMoveTo", moved));
     QVERIFY2(
         notice().contains(s("a.txt")) && notice().contains(QString::fromUtf8("“b”")), qPrintable(notice()));
-    page()->logic()->openFolder(s("b")); // looking elsewhere changes nothing
-    QVERIFY(undo->isEnabled());
-    page()->action(CloudCommand::NewFolder)->setEnabled(true);
-    page()->action(CloudCommand::NewFolder)->trigger();
+    page()->logic()->openFolder(s("b")); // where nothing would be seen of it
     QVERIFY(!undo->isEnabled() && notice().isEmpty());
+}
+
+void TestPage::uploadsAreSelected_data()
+{
+    QTest::addColumn<QString>("meanwhile");
+    QTest::addColumn<QString>("selected");
+    QTest::newRow("waited") << ""
+                            << "c.txt";
+    QTest::newRow("picked another") << "pick"
+                                    << "b.txt";
+    QTest::newRow("filtered") << "filter"
+                              << "a.txt";
+}
+
+void TestPage::uploadsAreSelected()
+{
+    QFETCH(QString, meanwhile);
+    load({s("a.txt"), s("b.txt")});
+    click(0);
+    CloudTransfer upload;
+    upload.id = s("t");
+    upload.folderId = page()->logic()->folderId();
+    Q_EMIT page()->logic()->transfersStarted({upload});
+    if (meanwhile == s("pick"))
+        click(1);
+    if (meanwhile == s("filter"))
+        page()->setFilterText(s("txt"));
+    upload.state = CloudTransfer::State::Done;
+    upload.itemId = s("c.txt");
+    Q_EMIT page()->logic()->transferEnded(upload);
+    zel::vela::NotifyFileCreationArg created;
+    created.item = FakeCloud::item(s("c.txt"), upload.folderId);
+    Q_EMIT m_cloud->velaEventObject()->signal_notifyFileCreation(created);
+    QTEST(view()->selectedIds().join(QLatin1Char(' ')), "selected");
 }
 
 void TestPage::newFolderIsNamedAtOnce()
@@ -241,6 +277,16 @@ void TestPage::newFolderIsNamedAtOnce()
     auto *edit = qobject_cast<QLineEdit *>(QApplication::focusWidget());
     QVERIFY(edit);
     QCOMPARE(edit->selectedText(), s("New Folder (2)"));
+    QTest::keyClicks(edit, s("Mine"));
+    QTest::keyPress(edit, Qt::Key_Return);
+    zel::vela::RenameResult named;
+    named.item = made.item;
+    named.item.name = "Mine";
+    QTRY_COMPARE(m_cloud->waiting("rename"), 1);
+    QVERIFY(m_cloud->answer("rename", named));
+    QVERIFY2(notice().contains(s("created")), qPrintable(notice())); // and not renamed
+    page()->action(CloudCommand::Undo)->trigger();
+    QCOMPARE(wanted().last(), s("batchRemove New Folder (2)"));
 }
 
 void TestPage::dropsGoWhereTheyFall_data()
@@ -431,7 +477,7 @@ void TestPage::transfersCanBeCancelled()
     CloudTransfer second = first;
     second.id = s("t2");
     page()->logic()->transfers()->put({first, second});
-    Q_EMIT page()->logic()->transfersStarted(2);
+    Q_EMIT page()->logic()->transfersStarted({});
     click(0); // what is done in the list of transfers is not done to this
     TransferListView *list = page()->transferPanel()->view();
     QVERIFY(page()->transferPanel()->isOpen());

@@ -96,7 +96,7 @@ private Q_SLOTS:
         CloudTransfer running;
         running.state = CloudTransfer::State::Running;
         page()->logic()->transfers()->put({running});
-        Q_EMIT page()->logic()->transfersStarted(1); // the panel slides
+        Q_EMIT page()->logic()->transfersStarted({}); // the panel slides
         const auto modifiers = Qt::KeyboardModifiers(keys & int(Qt::KeyboardModifierMask));
         if (keys == int(Qt::Key_Menu))
             Q_EMIT view()->customContextMenuRequested(centre(1));

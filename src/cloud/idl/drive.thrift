@@ -10,6 +10,8 @@ struct ConflictItem {
   3: common.CloudItem existing,              // what has the name already
   4: string suggestedName,                   // a free name, "report (2).odt"
   5: i32 conflictPolicy,                     // the user's choice: 0 none yet, 1 keep both, 2 replace, 3 skip
+  6: i64 size,                               // of what was to be put there, bytes; 0 for a folder
+  7: i64 mtime,                              // likewise, ms since epoch; 0 when not known
 }
 
 /** One item of a batch and how far it is. */

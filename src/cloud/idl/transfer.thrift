@@ -175,8 +175,9 @@ struct DownloadItemsResult {
   2: common.ServerErrorInfo errorInfo,
   3: string batchId,                         // of all tasks made
   4: list<DownloadFileInfo> files,
-  5: map<string, common.ServerErrorInfo> failedItems, // by item id
+  5: map<string, common.ServerErrorInfo> failedItems, // by item id, also those in conflicts
   6: map<string, string> extraParam,
+  7: list<drive.ConflictItem> conflicts,     // refused because the name is taken in the local folder
 }
 
 /** Brings down what another device of the user sent. */

@@ -23,10 +23,12 @@ CloudDocNotices::CloudDocNotices(CloudDocLogic *logic, QAction *undo, QWidget *p
     connect(logic, &Logic::operationBegun, this, [this](CloudOperation operation) {
         if (operation == CloudOperation::Transfer)
             return; // that is another list
-        m_undo->withdraw();
-        m_area->retire();
+        retire();
     });
     connect(logic, &Logic::undoable, this, &CloudDocNotices::onUndoable);
+    connect(logic, &Logic::restored, this, [this](const CloudUndo &done, const QStringList &ids) {
+        m_notice->showText(restoredText(done, ids.size()), NoticeBar::Tone::Info);
+    });
     connect(logic, &Logic::operationFailed, this,
         [this](CloudOperation operation, CloudProblem problem, int count, const QString &name) {
             tell(failureText(operation, problem, count, zel::shortName(name)));
@@ -62,6 +64,7 @@ void CloudDocNotices::setStale(bool stale)
 
 void CloudDocNotices::retire()
 {
+    m_undo->withdraw();
     m_area->retire();
 }
 
@@ -79,6 +82,7 @@ void CloudDocNotices::onUndoable(const CloudUndo &undo)
     }
     const QString name = undo.operation == CloudOperation::Move ? tr("Undo Move")
         : undo.operation == CloudOperation::Rename              ? tr("Undo Rename")
+        : undo.operation == CloudOperation::CreateFolder        ? tr("Undo New Folder")
                                                                 : tr("Undo Removal");
     m_undo->offer(doneText(undo), name, [logic = m_logic, undo] { logic->undo(undo); });
 }
@@ -88,6 +92,8 @@ QString CloudDocNotices::doneText(const CloudUndo &undo) const
     const QString name = zel::shortName(undo.firstName);
     const bool one = undo.count == 1 && !name.isEmpty();
     switch (undo.operation) {
+    case CloudOperation::CreateFolder:
+        return tr("The folder “%1” was created.").arg(name);
     case CloudOperation::Rename:
         return tr("“%1” is now called “%2”.").arg(name, zel::shortName(undo.newName));
     case CloudOperation::Move: {
@@ -101,6 +107,21 @@ QString CloudDocNotices::doneText(const CloudUndo &undo) const
         return one ? tr("“%1” was moved to the recycle bin.").arg(name)
                    : tr("%Ln item(s) were moved to the recycle bin.", nullptr, undo.count);
     }
+}
+
+QString CloudDocNotices::restoredText(const CloudUndo &undo, int count) const
+{
+    const QString name = zel::shortName(undo.firstName);
+    if (undo.operation == CloudOperation::CreateFolder)
+        return tr("The new folder “%1” was removed.").arg(name);
+    if (undo.operation == CloudOperation::Rename)
+        return tr("“%1” is called “%2” again.").arg(zel::shortName(undo.newName), name);
+    const QString folder = zel::shortName(folderName(undo.fromFolder));
+    const bool one = undo.count == 1 && !name.isEmpty();
+    if (folder.isEmpty())
+        return one ? tr("“%1” is back.").arg(name) : tr("%Ln item(s) are back.", nullptr, count);
+    return one ? tr("“%1” is back in “%2”.").arg(name, folder)
+               : tr("%Ln item(s) are back in “%1”.", nullptr, count).arg(folder);
 }
 
 // As far as it is known here: beside what was moved, or on the way to the folder on view.

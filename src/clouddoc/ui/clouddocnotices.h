@@ -19,7 +19,7 @@ public:
     NoticeBar *notice() const { return m_notice; }
     void tell(const QString &problem);
     void setStale(bool stale); ///< the rows are there, the service is not
-    void retire();             ///< the user does something else
+    void retire();             ///< the user does something else; what was done before stays done
     void undo();
 
 Q_SIGNALS:
@@ -29,6 +29,7 @@ Q_SIGNALS:
 private:
     void onUndoable(const CloudUndo &undo);
     QString doneText(const CloudUndo &undo) const;
+    QString restoredText(const CloudUndo &undo, int count) const;
     QString folderName(const QString &id) const;
 
     CloudDocLogic *m_logic;

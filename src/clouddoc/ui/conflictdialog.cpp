@@ -1,5 +1,6 @@
 #include "clouddoc/ui/conflictdialog.h"
 
+#include "base/clock.h"
 #include "base/sizetext.h"
 #include "base/timetext.h"
 
@@ -39,9 +40,7 @@ void ConflictDialog::explain(CloudOperation operation, const CloudConflicts &con
             names << tr("and %Ln more", nullptr, more);
         addText(names.join(QLatin1Char('\n')))->setTextFormat(Qt::PlainText);
     } else if (first.existing.modifiedAt > 0 && !first.existing.folder) {
-        const QDateTime time = QDateTime::fromMSecsSinceEpoch(first.existing.modifiedAt);
-        addText(tr("The file that is there: %1, changed %2.", "size, time")
-                    .arg(zel::sizeText(first.existing.size), zel::longTimeText(time)));
+        compare(first);
     }
     if (conflicts.size() == 1 && !first.suggestedName.isEmpty())
         addText(tr("Keep Both gives the new one the name “%1”.").arg(headingName(first.suggestedName)))
@@ -52,6 +51,19 @@ void ConflictDialog::explain(CloudOperation operation, const CloudConflicts &con
         addText(tr("Replace moves files that are there to the recycle bin; folders are merged."));
     else
         addText(tr("Replace moves what is there to the recycle bin."));
+}
+
+// What one decides by.
+void ConflictDialog::compare(const CloudConflict &conflict)
+{
+    const auto when = [](qint64 time) {
+        return zel::momentText(QDateTime::fromMSecsSinceEpoch(time), zel::now());
+    };
+    if (conflict.modifiedAt > 0)
+        addText(tr("The new file: %1, changed %2.", "size, time")
+                    .arg(zel::sizeText(conflict.size), when(conflict.modifiedAt)));
+    addText(tr("The file that is there: %1, changed %2.", "size, time")
+                .arg(zel::sizeText(conflict.existing.size), when(conflict.existing.modifiedAt)));
 }
 
 void ConflictDialog::addChoice(const QString &text, CloudNameChoice choice, bool preferred)

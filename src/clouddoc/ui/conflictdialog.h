@@ -17,5 +17,6 @@ Q_SIGNALS:
 private:
     static QString heading(const CloudConflicts &conflicts);
     void explain(CloudOperation operation, const CloudConflicts &conflicts);
+    void compare(const CloudConflict &conflict);
     void addChoice(const QString &text, CloudNameChoice choice, bool preferred);
 };

@@ -3,7 +3,9 @@
 #include "clouddoc/cloudtransfermodel.h"
 #include "clouddoc/ui/transferlistview.h"
 #include "klitestyle.h"
+#include "klook.h"
 #include "kskin.h"
+#include "widgets/contentcolumn.h"
 #include "widgets/iconbutton.h"
 
 #include <QEvent>
@@ -15,7 +17,7 @@
 #include <QVBoxLayout>
 
 namespace {
-constexpr int BottomMargin = 8;
+constexpr int FewestRows = 2;
 constexpr int MostRows = 4; // then it scrolls
 } // namespace
 
@@ -53,12 +55,12 @@ void TransferPanel::layOut()
     m_nothing->setForegroundRole(QPalette::PlaceholderText);
 
     auto *head = new QHBoxLayout(m_head);
-    head->setContentsMargins(KLiteStyle::dpiScaledMargins({24, 6, 16, 6}));
     head->addWidget(m_title, 1);
     head->addWidget(m_clear);
     head->addWidget(close);
+    zel::keepInContentColumn(m_head, {zel::look::SpaceXL, 6, zel::look::SpaceL, 6});
     auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 1, 0, KLiteStyle::dpiScaled(BottomMargin));
+    layout->setContentsMargins(0, 1, 0, 0);
     layout->setSpacing(0);
     layout->addWidget(m_head);
     layout->addWidget(m_view, 1);
@@ -67,8 +69,8 @@ void TransferPanel::layOut()
 
 int TransferPanel::wantedHeight() const
 {
-    const int rows = qBound(1, m_transfers->rowCount(), MostRows);
-    return 1 + m_head->sizeHint().height() + rows * m_view->rowHeight() + KLiteStyle::dpiScaled(BottomMargin);
+    const int rows = qBound(FewestRows, m_transfers->rowCount(), MostRows);
+    return 1 + m_head->sizeHint().height() + m_view->heightOf(rows);
 }
 
 QSize TransferPanel::sizeHint() const

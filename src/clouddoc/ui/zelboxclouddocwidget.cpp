@@ -2,6 +2,7 @@
 
 #include "base/settingskeys.h"
 #include "base/sourcekeys.h"
+#include "clouddoc/ui/arriveduploads.h"
 #include "clouddoc/ui/cloudcolumns.h"
 #include "clouddoc/ui/clouddoccommands.h"
 #include "clouddoc/ui/clouddocdelegate.h"
@@ -45,7 +46,8 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
       m_toolBar(new CloudDocToolBar(m_commands->actions(), this)),
       m_columns(new CloudColumns(this)),
       m_status(new CloudStatusLine(this)),
-      m_panel(new TransferPanel(m_logic->transfers(), this))
+      m_panel(new TransferPanel(m_logic->transfers(), this)),
+      m_uploads(new ArrivedUploads(m_logic, m_view))
 {
     m_view->setModel(m_logic->documents());
     m_columns->follow(m_view);
@@ -78,8 +80,8 @@ void ZelBoxCloudDocWidget::layOut()
     layout->addWidget(m_toolBar);
     layout->addWidget(m_columns);
     layout->addWidget(m_states, 1);
-    layout->addWidget(m_status);
     layout->addWidget(m_panel);
+    layout->addWidget(m_status);
 }
 
 void ZelBoxCloudDocWidget::connectLogic()
@@ -89,7 +91,8 @@ void ZelBoxCloudDocWidget::connectLogic()
     connect(m_logic, &Logic::crumbsChanged, this,
         [this] { m_toolBar->crumbs()->setCrumbs(namedCrumbs(m_logic->crumbs())); });
     connect(m_logic->documents(), &CloudDocModel::sortOrderChanged, this, &ZelBoxCloudDocWidget::showSort);
-    connect(m_logic, &Logic::restored, m_view, &CloudDocListView::selectIds);
+    connect(m_logic, &Logic::restored, this,
+        [this](const CloudUndo &, const QStringList &ids) { m_view->selectIds(ids); });
     connect(m_logic, &Logic::operationDone, this, &ZelBoxCloudDocWidget::forgetNewNames);
     connect(m_logic, &Logic::operationFailed, this, &ZelBoxCloudDocWidget::forgetNewNames);
     connect(m_logic, &Logic::folderCreated, this, [this](const QString &id) {
@@ -136,7 +139,7 @@ void ZelBoxCloudDocWidget::connectParts()
     connect(m_commands, &Commands::newFolderRequested, this, &ZelBoxCloudDocWidget::makeFolder);
     connect(m_commands, &Commands::undoRequested, m_notices, &CloudDocNotices::undo);
     connect(m_commands, &Commands::notDone, m_notices, &CloudDocNotices::tell);
-    connect(m_commands->actions(), &ListActions::aboutToRun, m_notices, &CloudDocNotices::retire);
+    connect(m_commands->actions(), &ListActions::aboutToRun, this, &ZelBoxCloudDocWidget::onActed);
     connect(m_notices, &CloudDocNotices::coverChanged, m_view, &CloudDocListView::setEndRoom);
     connect(m_notices, &CloudDocNotices::retryRequested, m_logic, &Logic::reload);
     connect(m_toolBar, &CloudDocToolBar::sortChosen, this, &ZelBoxCloudDocWidget::chooseSort);
@@ -187,6 +190,18 @@ void ZelBoxCloudDocWidget::showSort()
 {
     m_toolBar->setSort(m_logic->documents()->sortOrder());
     m_columns->setSort(m_logic->documents()->sortOrder());
+}
+
+void ZelBoxCloudDocWidget::onActed(int command)
+{
+    if (command != int(CloudCommand::Undo))
+        m_notices->retire();
+    m_uploads->forget();
+}
+
+void ZelBoxCloudDocWidget::pageHidden()
+{
+    m_notices->retire();
 }
 
 void ZelBoxCloudDocWidget::onFollowed()
@@ -297,6 +312,7 @@ void ZelBoxCloudDocWidget::onClipboardChanged()
 
 void ZelBoxCloudDocWidget::setFilterText(const QString &text)
 {
+    m_uploads->forget();
     const QStringList words = zel::WordFilter(text).words();
     m_view->changeFilter(!words.isEmpty(), words, [&] { m_logic->documents()->setFilterText(text); });
     m_states->follow();
@@ -327,7 +343,7 @@ QWidget *ZelBoxCloudDocWidget::focusTarget()
 
 void ZelBoxCloudDocWidget::findEnded(bool toFirstRow)
 {
-    focusTarget()->setFocus(Qt::OtherFocusReason);
+    focusTarget()->setFocus(Qt::ShortcutFocusReason);
     if (toFirstRow && m_logic->documents()->rowCount() > 0)
         m_view->setCurrentIndex(m_logic->documents()->index(0));
 }

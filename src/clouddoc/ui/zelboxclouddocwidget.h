@@ -8,6 +8,7 @@
 #include <QTimer>
 #include <QWidget>
 
+class ArrivedUploads;
 class CloudColumns;
 class CloudDocCommands;
 class CloudDocListView;
@@ -37,6 +38,7 @@ public:
     QWidget *focusTarget() override;
     void findEnded(bool toFirstRow) override;
     void setHost(BoxPageHost *host) override { m_host = host; }
+    void pageHidden() override;
     bool openPlace(const QString &place) override;
     void setCloudSpace(qint64 used, qint64 total) override;
 
@@ -58,6 +60,7 @@ private:
     void connectTransfers();
     void chooseSort(const zel::ListSort &sort);
     void showSort();
+    void onActed(int command);
     void onFollowed();
     void updateActions();
     void showCounts();
@@ -82,6 +85,7 @@ private:
     CloudColumns *m_columns;
     CloudStatusLine *m_status;
     TransferPanel *m_panel;
+    ArrivedUploads *m_uploads;
     BoxPageHost *m_host = nullptr;
     QTimer m_countSoon;
     bool m_failedTransfers = false; // since the user looked

@@ -78,6 +78,8 @@ vela::ConflictItem conflictWith(CloudDrive &drive, const DriveItem &item, const 
     vela::ConflictItem conflict;
     conflict.item = cloudItemId(item);
     conflict.name = name.toStdString();
+    conflict.size = item.isFolder ? 0 : item.size;
+    conflict.mtime = item.mtime;
     QSet<QString> taken;
     const auto children = drive.list(folder);
     for (const DriveItem &child : children ? *children : QVector<DriveItem>()) {

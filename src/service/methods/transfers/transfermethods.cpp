@@ -41,7 +41,8 @@ template <class Result> void fillBatch(Result &result, const TransferPlans &plan
         if (plan.conflict) {
             if constexpr (requires { result.conflicts; }) {
                 result.conflicts.push_back(*plan.conflict);
-                continue;
+                if constexpr (!requires { result.files; })
+                    continue;
             }
         }
         if (plan.error)

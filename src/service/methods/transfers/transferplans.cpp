@@ -5,6 +5,7 @@
 #include "service/drive/localsource.h"
 #include "service/methods/drive/drivelookup.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QSet>
@@ -131,6 +132,12 @@ void planTarget(const DownloadWish &wish, const vela::DownloadCloudFileInfo &fil
         plan.conflict->name = plan.task.name.toStdString();
         plan.conflict->existing.name = plan.conflict->name;
         plan.conflict->existing.cache = plan.task.info.localPath;
+        const QFileInfo there(target);
+        plan.conflict->existing.type = there.isDir() ? "folder" : "file";
+        plan.conflict->existing.size = there.isDir() ? 0 : there.size();
+        plan.conflict->existing.mtime = there.lastModified().toMSecsSinceEpoch();
+        plan.conflict->size = item.isFolder ? 0 : item.size;
+        plan.conflict->mtime = item.mtime;
     }
 }
 
@@ -195,6 +202,8 @@ PlannedTransfers planUploads(CloudDrive &drive, const UploadWish &wish, const Id
         if (plan.error && plan.error->errResult == wire::errorName(ServiceError::Exists)) {
             DriveItem wanted;
             wanted.isFolder = plan.task.info.isFolder;
+            wanted.size = plan.task.info.size;
+            wanted.mtime = QFileInfo(path).lastModified().toMSecsSinceEpoch();
             plan.conflict = conflictWith(drive, wanted, *folder, plan.task.name, identity);
         } else if (plan.task.policy == ConflictPolicy::Refuse) {
             taken.insert(plan.task.name); // also by the tasks before it
