@@ -162,7 +162,7 @@ void RecentPicker::showMenu(const QPoint &inList)
     recentActionTable().fill(
         menu, commands, [](int) { return true; },
         [this](int command) { command == int(RecentCommand::Open) ? openChosen() : revealChosen(); });
-    menu->popup(m_list->viewport()->mapToGlobal(inList));
+    m_list->popUp(menu, m_list->viewport()->mapToGlobal(inList));
 }
 
 void RecentPicker::chooseFirst()
