@@ -89,8 +89,9 @@ void viewLetterToRepaint(benchmark::State &state)
     loadTime(recent);
     recent.view.setCurrentIndex(recent.proxy.index(4));
     typeLetters(state, recent, QStringLiteral("budget12"), [&](const QString &text) {
-        recent.proxy.setFilter({text, {}});
-        recent.view.showFound(recent.proxy.words().words());
+        recent.view.changeFilter(!text.isEmpty(), text.split(QLatin1Char(' '), Qt::SkipEmptyParts), [&] {
+            recent.proxy.setFilter({text, {}});
+        });
     });
 }
 BENCHMARK(viewLetterToRepaint)->Unit(benchmark::kMillisecond)->UseRealTime();
