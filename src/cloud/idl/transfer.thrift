@@ -176,8 +176,8 @@ struct DownloadItemsResult {
   3: string batchId,                         // of all tasks made
   4: list<DownloadFileInfo> files,
   5: map<string, common.ServerErrorInfo> failedItems, // by item id, also those in conflicts
-  6: map<string, string> extraParam,
-  7: list<drive.ConflictItem> conflicts,     // refused because the name is taken in the local folder
+  6: list<drive.ConflictItem> conflicts,     // refused because the name is taken in the local folder
+  7: map<string, string> extraParam,
 }
 
 /** Brings down what another device of the user sent. */

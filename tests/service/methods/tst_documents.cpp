@@ -42,8 +42,10 @@ private Q_SLOTS:
         add.records[0].fileId = item.fileId;
         service.client.call<AddRoamingRecordResult>("addRoamingRecord", add);
         service.documents.start();
-        // Its answer comes after the first look at the drive.
-        service.client.call<GetInfoResult>("getInfo", GetInfoArg());
+        // The first look at the drive is over once a new file of somebody else is told.
+        int files = 0;
+        QTRY_VERIFY(!service.place.write("Drive/%1.odt"_s.arg(++files)).isEmpty()
+            && !service.client.pushed<NotifyFileCreationArg>("notifyFileCreation").empty());
         service.client.arrived.clear();
 
         const auto pushes = [&] {
