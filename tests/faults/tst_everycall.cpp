@@ -78,7 +78,7 @@ private Q_SLOTS:
     {
         using C = DriveConflict;
         using F = DriveFixture;
-        const auto row = columns<Step>("step");
+        const auto row = zeltest::table<Step>("step");
         const auto anew = [](F &f, DriveWriteOptions options, const char *name) {
             QBuffer source;
             source.setData("new-content");

@@ -1,4 +1,4 @@
-#include "support/columns.h"
+#include "support/table.h"
 #include "support/wireclient.h"
 
 #include <QFileInfo>
@@ -42,7 +42,7 @@ private Q_SLOTS:
 
     void options_data()
     {
-        const auto row = columns<QByteArray, int, QString>("arguments", "code", "output");
+        const auto row = zeltest::table<QByteArray, int, QString>("arguments", "code", "output");
         row("help", QByteArray("--help"), 0, "^Usage: .*--exit-with-last-client");
         row("version", QByteArray("--version"), 0, "^zelcloud \\d+\\.\\d+\\.\\d+\n$");
         row("unknown", QByteArray("--xyz"), 2, "xyz");
@@ -103,7 +103,7 @@ private Q_SLOTS:
 
     void endsOnSignal_data()
     {
-        const auto row = columns<int>("number");
+        const auto row = zeltest::table<int>("number");
         row("SIGTERM", SIGTERM);
         row("SIGINT", SIGINT);
         row("SIGHUP", SIGHUP);

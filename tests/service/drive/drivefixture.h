@@ -1,7 +1,7 @@
 #pragma once
 
 #include "service/drive/localdrive.h"
-#include "support/columns.h"
+#include "support/table.h"
 
 #include <QBuffer>
 #include <QDir>

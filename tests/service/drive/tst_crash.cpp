@@ -11,7 +11,7 @@ private Q_SLOTS:
 
     void killedInTheMiddle_data()
     {
-        const auto row = columns<QString>("mode");
+        const auto row = zeltest::table<QString>("mode");
         row("write", "write");
         row("copy", "copy");
     }
@@ -41,7 +41,7 @@ private Q_SLOTS:
 
     void fullDisk_data()
     {
-        const auto row = columns<QString>("mode");
+        const auto row = zeltest::table<QString>("mode");
         row("limit on the size of files", "limit");
         row("small file system", "small");
     }

@@ -36,7 +36,7 @@ private Q_SLOTS:
     // items a, b, c and f by their ids afterwards, and what it tells of.
     void outsideChanges_data()
     {
-        const auto row = columns<QString, QString, Outside>("where", "told", "outside");
+        const auto row = zeltest::table<QString, QString, Outside>("where", "told", "outside");
         using F = DriveFixture;
         row("nothing", "a b d/c d/e/f", "", [](F &) {});
         row("exchange names", "b a d/c d/e/f", "moved a, moved b", [](F &f) {

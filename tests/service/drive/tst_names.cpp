@@ -10,7 +10,7 @@ private Q_SLOTS:
 
     void names_data()
     {
-        const auto row = columns<QString, QString>("name", "result");
+        const auto row = zeltest::table<QString, QString>("name", "result");
         row("empty", QString(), "invalidName");
         row("two dots", "..", "invalidName");
         row("slash", "a/b", "invalidName");
@@ -46,7 +46,7 @@ private Q_SLOTS:
 
     void numbersNames_data()
     {
-        const auto row = columns<QString, bool, QString>("name", "isFolder", "numbered");
+        const auto row = zeltest::table<QString, bool, QString>("name", "isFolder", "numbered");
         const QString wide = QString(100, QChar(0x6587)); // of three bytes each
         row("plain", "a.txt", false, "a (2).txt");
         row("folder", "v1.2", true, "v1.2 (2)");

@@ -135,7 +135,7 @@ private Q_SLOTS:
 
     void changesTheTree_data()
     {
-        columns<Step, QString, QString>("step", "result", "tree");
+        zeltest::table<Step, QString, QString>("step", "result", "tree");
         creatingRows();
         replacingRows();
         movingRows();

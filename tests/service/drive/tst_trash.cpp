@@ -41,7 +41,7 @@ private Q_SLOTS:
     // "d/e/a" was trashed, then something happened to its place.
     void restoresWhere_data()
     {
-        const auto row = columns<QString, Happening>("where", "then");
+        const auto row = zeltest::table<QString, Happening>("where", "then");
         row("free", "d/e/a", [](DriveFixture &) { return true; });
         row("taken", "d/e/a (2)", [](DriveFixture &f) { return f.make("d/e/a", "other"); });
         row("folder renamed", "d/n/a", [](DriveFixture &f) { return f.outsideMove("d/e", "d/n"); });
@@ -182,7 +182,7 @@ private Q_SLOTS:
     void afterCrash_data()
     {
         // trashed: whether "a" was put into the trash at first
-        const auto row = columns<bool, QString, int, Happening>("trashed", "tree", "inTrash", "crash");
+        const auto row = zeltest::table<bool, QString, int, Happening>("trashed", "tree", "inTrash", "crash");
         row("trashing, no row yet", false, "a=x", 0, [](DriveFixture &f) { return f.make(".zel-trash/7/"); });
         row("trashing, not moved yet", false, "a=x", 0, [](DriveFixture &f) {
             return f.make(".zel-trash/7/")

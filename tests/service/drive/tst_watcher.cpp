@@ -47,7 +47,7 @@ private Q_SLOTS:
 
     void tells_data()
     {
-        const auto row = columns<QString, Happening>("folders", "happening");
+        const auto row = zeltest::table<QString, Happening>("folders", "happening");
         using F = DriveFixture;
         row("new file", "", [](F &f) { return f.make("n"); });
         row("saved in place", "d", [](F &f) { return f.make("d/a", "longer"); });
