@@ -50,8 +50,10 @@ void BoxDialog::makeResizable(const QSize &size)
 // Some window managers offer to maximise whatever can change its size.
 bool BoxDialog::event(QEvent *event)
 {
-    const bool isDone = QDialog::event(event);
     const QEvent::Type type = event->type();
+    const bool isDone = QDialog::event(event);
+    if (type == QEvent::DeferredDelete)
+        return isDone; // the dialog is gone
     if (!m_isResizable && (type == QEvent::Polish || type == QEvent::LayoutRequest))
         setFixedSize(sizeHint());
     return isDone;
