@@ -7,6 +7,7 @@
 
 #include <QAbstractScrollArea>
 #include <QKeyEvent>
+#include <algorithm>
 
 namespace look = zel::look;
 using Kind = ListSortMenu::Kind;
@@ -137,10 +138,10 @@ void ColumnHeadings::changeEvent(QEvent *event)
 
 bool ColumnHeadings::eventFilter(QObject *watched, QEvent *event)
 {
-    const int from = m_headings.indexOf(static_cast<ColumnHeading *>(watched));
-    if (from >= 0 && event->type() == QEvent::KeyPress)
-        return step(from, static_cast<QKeyEvent *>(event)->key());
-    if (from < 0 && event->type() == QEvent::Resize)
+    const auto heading = std::find(m_headings.cbegin(), m_headings.cend(), watched); // else the list's rows
+    if (heading != m_headings.cend() && event->type() == QEvent::KeyPress)
+        return step(int(heading - m_headings.cbegin()), static_cast<QKeyEvent *>(event)->key());
+    if (heading == m_headings.cend() && event->type() == QEvent::Resize)
         place();
     return QWidget::eventFilter(watched, event);
 }
