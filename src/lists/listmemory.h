@@ -18,5 +18,4 @@ public:
 private:
     QString m_currentId;
     QStringList m_selectedIds;
-    bool m_all = false; // every row was selected: some of the ids say as much as 100,000
 };

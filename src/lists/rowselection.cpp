@@ -2,6 +2,7 @@
 
 #include "lists/listmodel.h"
 
+#include <QSet>
 #include <algorithm>
 
 namespace zel {
@@ -56,9 +57,16 @@ QItemSelection selectionOf(const ListModel &model, QVector<int> rows)
 QItemSelection selectionOf(const ListModel &model, const QStringList &ids)
 {
     QVector<int> rows;
-    rows.reserve(ids.size());
-    for (const QString &id : ids)
-        rows << model.rowOf(id);
+    if (ids.size() < model.rowCount() / 10) {
+        for (const QString &id : ids)
+            rows << model.rowOf(id);
+        return selectionOf(model, std::move(rows));
+    }
+    const QSet<QString> wanted(ids.cbegin(), ids.cend()); // to look for each of many would take longer
+    for (int row = 0; row < model.rowCount(); ++row) {
+        if (wanted.contains(model.idOf(row)))
+            rows << row;
+    }
     return selectionOf(model, std::move(rows));
 }
 

@@ -67,8 +67,11 @@ private Q_SLOTS:
         key(Qt::Key_Escape);
         m_model->remove(m_model->idOf(3)); // by others
         QCOMPARE(m_view->chosenRows(), QModelIndexList());
+        QSignalSpy activated(m_view.get(), &View::activated);
+        key(Qt::Key_Return);
+        QCOMPARE(activated.size(), 0);
         key(Qt::Key_Down);
-        QCOMPARE(selection(), "b4"_s);
+        QCOMPARE(selection(), "b5"_s);
         click(0);
         click(0, Qt::LeftButton, Qt::ControlModifier);
         m_view->verticalScrollBar()->setValue(1000);

@@ -1,7 +1,7 @@
 #include "lists/ui/listkeyboard.h"
 
-#include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QModelIndex>
 #include <algorithm>
 
 void ListKeyboard::bind(const QKeySequence &keys, Needs needs, const Command &command)
@@ -22,14 +22,14 @@ void ListKeyboard::bind(QKeySequence::StandardKey keys, Needs needs, const Comma
         bind(stroke, needs, command);
 }
 
-bool ListKeyboard::run(const QKeyEvent &event, const QItemSelectionModel *selection) const
+bool ListKeyboard::run(const QKeyEvent &event, const QModelIndex &row) const
 {
     const int stroke = event.key() | int(event.modifiers() & ~Qt::KeypadModifier);
     const auto bound = std::find_if(m_bindings.cbegin(), m_bindings.cend(),
         [stroke](const Binding &known) { return known.stroke == stroke; });
     if (bound == m_bindings.cend())
         return false;
-    const bool has = bound->needs == Needs::Nothing || (selection && selection->currentIndex().isValid());
+    const bool has = bound->needs == Needs::Nothing || row.isValid();
     if (has && !event.isAutoRepeat())
         bound->command();
     return true;

@@ -4,15 +4,15 @@
 #include <QVector>
 #include <functional>
 
-class QItemSelectionModel;
 class QKeyEvent;
+class QModelIndex;
 
 /// What keys do in a list beside moving about and picking rows. GUI thread.
 class ListKeyboard
 {
 public:
     /// Without it the key does nothing, and nobody else gets it.
-    enum class Needs { Nothing, Row /**< that is current */ };
+    enum class Needs { Nothing, Row /**< that is current, as anybody can see */ };
     using Command = std::function<void()>;
 
     /// In place of what the keys did before. Keys are one stroke, those of the number block count as the
@@ -22,7 +22,7 @@ public:
 
     /// Does what the key is for; false when it is for nothing here. A key that is held down acts once, so
     /// that it does not delete one file after the other.
-    bool run(const QKeyEvent &event, const QItemSelectionModel *selection) const;
+    bool run(const QKeyEvent &event, const QModelIndex &row) const;
 
     static bool isMove(const QKeyEvent &event); ///< to another row, which is to be selected
     static bool isModifier(int key);            ///< Ctrl and its like, which may be on their way to a click

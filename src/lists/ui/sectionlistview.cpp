@@ -296,13 +296,14 @@ void View::bindKeys()
 void View::keyPressEvent(QKeyEvent *event)
 {
     if (isRenaming() && !hasFocus()) // the editor passes on what it has no use for, Enter among it
-        return TypingListArea::keyPressEvent(event);
+        return event->accept();
     const bool ledBefore = leads(currentIndex());
     if (!ListKeyboard::isModifier(event->key())) { // that may be on its way to a click
         setKeyboardLeads(true);
         m_returning.clear();
     }
-    if (m_keyboard.run(*event, selectionModel())) {
+    const bool isSeen = ledBefore || (selectionModel() && selectionModel()->hasSelection());
+    if (m_keyboard.run(*event, isSeen ? currentIndex() : QModelIndex())) {
         event->accept();
     } else if (event->key() == Qt::Key_Escape) {
         const bool selected = selectionModel() && selectionModel()->hasSelection();
