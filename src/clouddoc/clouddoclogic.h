@@ -81,7 +81,7 @@ public Q_SLOTS:
     void move(const QStringList &ids, const QString &folderId, CloudNameChoice choice = CloudNameChoice::Ask,
         const QString &fromFolder = {});
     void copy(const QStringList &ids, const QString &folderId, CloudNameChoice choice = CloudNameChoice::Ask);
-    void trash(const QStringList &ids); ///< into the drive's recycle bin
+    void trash(const QStringList &ids); ///< into the drive's recycle bin, once each
     void undo(const CloudUndo &undo);
     /// Files and folders, by absolute local paths; what is done is in transfers() from then on. An empty
     /// folder id is the folder on view.

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -176,13 +177,20 @@ void CloudDocOperations::copy(const QStringList &ids, const QString &folderId, C
     inParts({CloudOperation::Copy, folderId, step, {}}, ids);
 }
 
-void CloudDocOperations::trash(const QStringList &ids)
+void CloudDocOperations::trash(const QStringList &wanted)
 {
-    const CloudDocument *first = m_documents->find(ids.value(0));
+    QStringList ids;
+    std::copy_if(wanted.cbegin(), wanted.cend(), std::back_inserter(ids),
+        [this](const QString &id) { return !m_trashing.contains(id); });
+    if (ids.isEmpty())
+        return;
+    m_trashing.unite(QSet<QString>(ids.cbegin(), ids.cend()));
+    const CloudDocument *first = m_documents->find(ids.constFirst());
     const QString name = first ? first->name : QString();
     const QString folder = first ? first->parentId : QString();
     const auto step = [this](const QStringList &part, const Then &then) { m_link->remove(part, then); };
     const auto finish = [=, this](const CloudOutcome &all) {
+        m_trashing.subtract(QSet<QString>(ids.cbegin(), ids.cend()));
         if (!all.removed.isEmpty())
             Q_EMIT undoable({CloudOperation::Trash, all.removed.size(), all.recycled, name, {}, folder, {}});
     };
@@ -217,11 +225,11 @@ void CloudDocOperations::undo(const CloudUndo &undo)
 // can be tried again.
 void CloudDocOperations::restore(CloudOperation operation, const CloudUndo &undo, const Step &step)
 {
-    const auto again = std::make_shared<QStringList>();
-    const auto noted = [step, again](const QStringList &part, const Then &then) {
+    const auto reached = std::make_shared<int>(0); // of the ids, in their order
+    const auto noted = [step, reached](const QStringList &part, const Then &then) {
         step(part, [=](const CloudAnswer<CloudOutcome> &answer) {
-            if (answer.problem == CloudProblem::NotReached)
-                *again += part;
+            if (answer.problem != CloudProblem::NotReached)
+                *reached += part.size();
             then(answer);
         });
     };
@@ -230,12 +238,11 @@ void CloudDocOperations::restore(CloudOperation operation, const CloudUndo &undo
             all.problem = all.failed > 0 ? all.problem : CloudProblem::Exists;
             all.failed += taken;
         }
-        if (!again->isEmpty()) {
-            CloudUndo rest = undo;
-            rest.ids = *again;
-            rest.count = again->size();
+        CloudUndo rest = undo;
+        rest.ids = undo.ids.mid(*reached);
+        rest.count = rest.ids.size();
+        if (rest.count > 0)
             Q_EMIT undoable(rest);
-        }
         if (!all.documents.isEmpty() || !all.removed.isEmpty())
             Q_EMIT restored(undo, idsOf(all.documents));
     };

@@ -5,6 +5,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 #include <functional>
 
 class CloudDocLink;
@@ -30,8 +31,9 @@ public:
     void move(const QStringList &ids, const QString &folderId, CloudNameChoice choice,
         const QString &fromFolder = {});
     void copy(const QStringList &ids, const QString &folderId, CloudNameChoice choice);
-    void trash(const QStringList &ids); ///< into the recycle bin
-    void undo(const CloudUndo &undo);   ///< restored() precedes done()
+    /// Into the recycle bin. Those that are on their way there are left out; nothing ends when none remain.
+    void trash(const QStringList &ids);
+    void undo(const CloudUndo &undo); ///< restored() precedes done()
     void upload(const QStringList &localPaths, const QString &folderId, CloudNameChoice choice);
     void download(const QStringList &ids, const QString &targetFolder, CloudNameChoice choice);
     void changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep change);
@@ -80,6 +82,7 @@ private:
 
     CloudDocLink *m_link;
     const CloudDocModel *m_documents;
+    QSet<QString> m_trashing;         ///< items whose removal has not ended
     QString m_newFolder;              ///< has the name that it was made with
     QHash<QString, QString> m_failed; ///< transfers that were asked about, by their source
 };

@@ -171,6 +171,19 @@ private Q_SLOTS:
         QCOMPARE(conflicts.count(), 0);
     }
 
+    void whatWasNotReachedIsOfferedAgain()
+    {
+        openRoot({});
+        QSignalSpy undoable(&logic(), &CloudDocLogic::undoable);
+        QStringList ids;
+        for (int i = 0; i < 2500; ++i)
+            ids << QString::number(i);
+        logic().undo({Operation::Trash, 2500, ids, "0"_s, {}, {}, {}});
+        for (const bool reached : {true, false})
+            QVERIFY(cloud().answer("recoverRecycles", RecoverRecyclesResult(), reached));
+        QCOMPARE(undoable.at(0).at(0).value<CloudUndo>().ids, ids.mid(1000));
+    }
+
     // Trying the same again would fail in the same way.
     void takenNamesOfTransfersAreAsked()
     {

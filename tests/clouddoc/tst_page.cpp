@@ -181,6 +181,7 @@ void TestPage::removesAndOffersUndo()
     click(1);
     click(2, Qt::ShiftModifier);
     key(Qt::Key_Delete);
+    key(Qt::Key_Delete); // again before it is answered
     QCOMPARE(wanted(), QStringList(s("batchRemove b.txt c.txt")));
     zel::vela::BatchRemoveResult removed;
     removed.removedIds = {"b.txt", "c.txt"};
@@ -202,6 +203,10 @@ void TestPage::removesAndOffersUndo()
     QVERIFY2(notice().contains(s("permission")), qPrintable(notice()));
     QTest::mouseClick(button("Undo"), Qt::LeftButton); // what was removed can be had back all the same
     QCOMPARE(m_cloud->askedFor("recoverRecycles"), QStringList({s("bin1 bin2"), s("bin3")}));
+    m_cloud->tellCreated(s("e.txt"));
+    click(0);
+    m_cloud->tellRemoved(s("d.txt")); // which the user could not remove: nothing follows it
+    QCOMPARE(view()->selectedIds(), QStringList());
 }
 
 void TestPage::undoUntilTheNextAction()
@@ -247,7 +252,10 @@ void TestPage::uploadsAreSelected_data()
 void TestPage::uploadsAreSelected()
 {
     QFETCH(QString, meanwhile);
-    load({s("a.txt"), s("b.txt")});
+    QStringList names{s("a.txt"), s("b.txt")};
+    for (int i = 0; i < 40; ++i)
+        names << s("b%1.txt").arg(i);
+    load(names);
     click(0);
     CloudTransfer upload;
     upload.id = s("t");
@@ -264,6 +272,7 @@ void TestPage::uploadsAreSelected()
     created.item = FakeCloud::item(s("c.txt"), upload.folderId);
     Q_EMIT m_cloud->velaEventObject()->signal_notifyFileCreation(created);
     QTEST(view()->selectedIds().join(QLatin1Char(' ')), "selected");
+    QVERIFY(view()->viewport()->rect().contains(view()->visualRect(view()->currentIndex())));
 }
 
 void TestPage::newFolderIsNamedAtOnce()
@@ -418,6 +427,7 @@ void TestPage::opensDocuments()
     Q_EMIT view()->activated(view()->model()->index(1, 0)); // by an assistive program
     QCOMPARE(m_opener.asked, QStringList({s("/drive/here.txt"), s("/drive/here.txt")}));
     key(Qt::Key_Return);
+    key(Qt::Key_Return); // once
     QCOMPARE(wanted(), QStringList(s("downloadItems far.txt")));
     CloudTransfer other;
     other.itemId = s("other.txt");

@@ -14,7 +14,8 @@ class ArrivedUploads : public QObject
 {
     Q_OBJECT
 public:
-    ArrivedUploads(CloudDocLogic *logic, CloudDocListView *view); ///< both outlive it
+    ArrivedUploads(
+        CloudDocLogic *logic, CloudDocListView *view); ///< both outlive it; the view has the documents
 
     void forget(); ///< the user does something else
 

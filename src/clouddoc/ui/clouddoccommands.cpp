@@ -38,6 +38,8 @@ CloudDocCommands::CloudDocCommands(const Parts &parts)
 {
     bindActions();
     connect(parts.logic, &CloudDocLogic::conflictsFound, this, &CloudDocCommands::askAboutConflicts);
+    connect(parts.logic, &CloudDocLogic::operationFailed, this,
+        [view = parts.view] { view->setLeaving({}); }); // what stayed may be taken away by others
 }
 
 void CloudDocCommands::bindActions()

@@ -14,8 +14,14 @@ CloudDocOpening::CloudDocOpening(CloudDocLogic *logic, NoticeBar *notice, QObjec
 {
     connect(logic, &CloudDocLogic::transferEnded, this, &CloudDocOpening::onTransferEnded);
     connect(logic, &CloudDocLogic::operationFailed, this, [this](CloudOperation operation) {
+        if (operation != CloudOperation::Download)
+            return;
+        m_downloading.clear();
+        m_asked.clear();
+    });
+    connect(logic, &CloudDocLogic::operationDone, this, [this](CloudOperation operation) {
         if (operation == CloudOperation::Download)
-            m_downloading.clear();
+            m_asked.clear();
     });
 }
 
@@ -29,12 +35,21 @@ void CloudDocOpening::open(const CloudDocuments &documents)
         } else if (!document.folder && !document.localPath.isEmpty()) {
             m_opening->open(document.localPath, document.name);
         } else if (!document.folder) {
-            m_downloading.insert(document.id);
-            m_logic->download({document.id},
-                QStandardPaths::writableLocation(QStandardPaths::DownloadLocation),
-                CloudNameChoice::KeepBoth);
+            download(document);
         }
     }
+}
+
+// Who is impatient gets one copy all the same.
+void CloudDocOpening::download(const CloudDocument &document)
+{
+    const bool isComing = m_asked.contains(document.id) || document.transfer != CloudDocument::Transfer::None;
+    if (m_downloading.contains(document.id) && isComing)
+        return;
+    m_downloading.insert(document.id);
+    m_asked.insert(document.id);
+    m_logic->download({document.id}, QStandardPaths::writableLocation(QStandardPaths::DownloadLocation),
+        CloudNameChoice::KeepBoth);
 }
 
 void CloudDocOpening::openLocal(const QString &path)

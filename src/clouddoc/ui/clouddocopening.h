@@ -25,10 +25,12 @@ public:
     void reveal(const QString &path);           ///< in the file manager
 
 private:
+    void download(const CloudDocument &document);
     void onTransferEnded(const CloudTransfer &transfer);
 
     CloudDocLogic *m_logic;
     DocumentOpening *m_opening;
     OpeningNotices *m_notices;
     QSet<QString> m_downloading; ///< items that are to be opened then
+    QSet<QString> m_asked;       ///< those of which no transfer is known yet
 };

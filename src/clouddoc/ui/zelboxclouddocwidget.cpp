@@ -46,10 +46,10 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
       m_toolBar(new CloudDocToolBar(m_commands->actions(), this)),
       m_columns(new CloudColumns(this)),
       m_status(new CloudStatusLine(this)),
-      m_panel(new TransferPanel(m_logic->transfers(), this)),
-      m_uploads(new ArrivedUploads(m_logic, m_view))
+      m_panel(new TransferPanel(m_logic->transfers(), this))
 {
     m_view->setModel(m_logic->documents());
+    m_uploads = new ArrivedUploads(m_logic, m_view); // hears of rows once the view has given them their place
     m_columns->follow(m_view);
     layOut();
     connectLogic();
