@@ -173,10 +173,12 @@ void RecentFileActions::finishDeleting()
 void RecentFileActions::undoDelete()
 {
     const QVector<Deleted> deleted = std::exchange(m_deleted, {});
-    m_restored.clear();
-    m_notRestored.clear();
+    if (deleted.isEmpty())
+        return;
+    Undo undo;
     for (const Deleted &each : deleted)
-        m_restoring.insert(each.recycleId, each.record);
+        undo.waiting.insert(each.recycleId, each.record);
+    m_undos << undo;
     QSet<QString> asked; // two records can be of one file
     for (const Deleted &each : deleted) {
         if (asked.contains(each.recycleId))
@@ -191,11 +193,18 @@ void RecentFileActions::undoDelete()
 
 void RecentFileActions::noteRestored(const QString &recycleId, bool ok)
 {
-    const QList<RecentFileInfo> asked = m_restoring.values(recycleId);
-    for (const RecentFileInfo &record : asked)
-        (ok ? m_restored : m_notRestored) << record;
-    if (m_restoring.remove(recycleId) == 0 || !m_restoring.isEmpty())
+    const auto found = std::find_if(
+        m_undos.begin(), m_undos.end(), [&](const Undo &undo) { return undo.waiting.contains(recycleId); });
+    if (found == m_undos.end())
         return;
-    restoreRecords(m_restored);
-    Q_EMIT filesRestored(m_restored, m_notRestored);
+    const QList<RecentFileInfo> asked = found->waiting.values(recycleId);
+    for (const RecentFileInfo &record : asked)
+        (ok ? found->restored : found->failed) << record;
+    found->waiting.remove(recycleId);
+    if (!found->waiting.isEmpty())
+        return;
+    const Undo ended = *found;
+    m_undos.erase(found);
+    restoreRecords(ended.restored);
+    Q_EMIT filesRestored(ended.restored, ended.failed);
 }

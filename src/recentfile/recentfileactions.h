@@ -56,6 +56,14 @@ private:
         bool byService = false; ///< in the service's bin; else the desktop's, told by KFileTrash
     };
 
+    /// One undo under way.
+    struct Undo
+    {
+        QMultiHash<QString, RecentFileInfo> waiting; // by recycle id
+        RecordInfoList restored;
+        RecordInfoList failed;
+    };
+
     KRecentFileProxy *store() const;
     KFileTrash *trash() const;
     void onRemoveEnded(const RecentFileInfo &record, RecentCloud::Ended ended, const QString &recycleId);
@@ -73,8 +81,6 @@ private:
     QMultiHash<QString, RecentFileInfo> m_trashing; // by path: asked of the desktop's trash
     QVector<Deleted> m_underWay;                    // ended well, of the deletion under way
     RecordInfoList m_failed;
-    QVector<Deleted> m_deleted;                      // what an undo brings back
-    QMultiHash<QString, RecentFileInfo> m_restoring; // by recycle id
-    RecordInfoList m_restored;
-    RecordInfoList m_notRestored;
+    QVector<Deleted> m_deleted; // what an undo brings back
+    QVector<Undo> m_undos;      // that have not ended
 };

@@ -134,6 +134,23 @@ private Q_SLOTS:
         QCOMPARE(restored.size(), 1);
     }
 
+    void undoneOneAfterTheOther()
+    {
+        QSignalSpy restored(m_actions.get(), &RecentFileActions::filesRestored);
+        for (const char *name : {"a", "b"}) {
+            m_actions->deleteFiles(files(QLatin1String(name)));
+            QVERIFY(m_proxy->answerRemove(true, 0, name));
+            m_actions->undoDelete();
+        }
+        zel::vela::RecoverRecyclesResult result;
+        for (const char *name : {"a", "b"}) {
+            result.recoveredIds = {name};
+            QVERIFY(m_proxy->answer("recoverRecycles", result));
+            QCOMPARE(names(restored.value(restored.size() - 1).value(0)), QLatin1String(name));
+        }
+        QCOMPARE(restored.size(), 2);
+    }
+
     void withoutServiceTheDesktopDoes()
     {
         RecentCloud nowhere(nullptr);

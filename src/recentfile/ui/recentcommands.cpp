@@ -314,10 +314,12 @@ void RecentCommands::askToDelete(const QModelIndexList &rows)
 
 void RecentCommands::onFilesDeleted(const RecordInfoList &deleted, const RecordInfoList &failed)
 {
-    if (!failed.isEmpty())
+    if (!failed.isEmpty()) {
+        m_view->setLeaving(idsOf(deleted));
         m_notice->showText(failed.size() == 1
                 ? tr("“%1” could not be deleted.").arg(nameOf(failed.constFirst()))
                 : tr("%Ln file(s) could not be deleted.", nullptr, failed.size()));
+    }
     if (deleted.isEmpty())
         return;
     const QString text = deleted.size() == 1
