@@ -104,6 +104,23 @@ private Q_SLOTS:
         QVERIFY(!window.isVisible());
     }
 
+    void menuStaysWithItsRow()
+    {
+        ZelBoxMiniWindow window(nullptr, services());
+        window.showToFront();
+        QTRY_COMPARE(shown(window).size(), 3);
+        QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {});
+        QCoreApplication::sendEvent(window.findChild<QLineEdit *>(), &menuKey);
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        QVERIFY(menu);
+        Q_EMIT m_events.recordsRemoved({m_store.content.takeFirst()});
+        QTRY_COMPARE(shown(window).size(), 2);
+        menu->actions().constFirst()->trigger();
+        QCOMPARE(m_opener.asked, QStringList());
+        QTRY_COMPARE(window.findChild<SectionListView *>()->selectedCount(), 1); // what Enter opens
+        menu->close();
+    }
+
     void quickSearchHides()
     {
         ZelBoxMiniWidget widget(nullptr, services());

@@ -96,7 +96,7 @@ void RecentPicker::connectInput()
         chooseFirst();
         updateState();
     });
-    connect(m_list, &SectionListView::clicked, this, &RecentPicker::openChosen);
+    connect(m_list, &SectionListView::clicked, this, [this] { openRow(chosen()); });
     connect(m_list, &QWidget::customContextMenuRequested, this, &RecentPicker::showMenu);
 }
 
@@ -129,18 +129,16 @@ QModelIndex RecentPicker::chosen() const
     return m_list->currentIndex().isValid() ? m_list->currentIndex() : m_rows->index(0);
 }
 
-void RecentPicker::openChosen()
+void RecentPicker::openRow(const QModelIndex &row)
 {
-    const QModelIndex row = chosen();
     if (!row.isValid())
         return;
     m_notice->hide();
     m_logic->open(m_rows->mapToSource(row));
 }
 
-void RecentPicker::revealChosen()
+void RecentPicker::revealRow(const QModelIndex &row)
 {
-    const QModelIndex row = chosen();
     if (!row.isValid())
         return;
     if (row.data(ZelBoxRecentFileModel::PathRole).toString().isEmpty())
@@ -161,7 +159,10 @@ void RecentPicker::showMenu(const QPoint &inList)
     const QVector<int> commands{int(RecentCommand::Open), int(RecentCommand::OpenFolder)};
     recentActionTable().fill(
         menu, commands, [](int) { return true; },
-        [this](int command) { command == int(RecentCommand::Open) ? openChosen() : revealChosen(); });
+        [this, asked = QPersistentModelIndex(row)](int command) { // which may go while the menu is open
+            if (asked.isValid())
+                command == int(RecentCommand::Open) ? openRow(asked) : revealRow(asked);
+        });
     m_list->popUp(menu, m_list->viewport()->mapToGlobal(inList));
 }
 
@@ -185,6 +186,8 @@ void RecentPicker::updateState()
             tr("Nothing found"), tr("No recent document has these words in its name or folder."));
     if (!m_list->currentIndex().isValid())
         chooseFirst();
+    else if (m_list->selectedCount() == 0) // others took the chosen one away; what Enter opens is to be seen
+        m_list->setCurrentIndex(m_list->currentIndex());
 }
 
 void RecentPicker::checkPresence(const QModelIndexList &shown)
@@ -218,9 +221,9 @@ bool RecentPicker::handleKey(QKeyEvent *event)
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (event->modifiers() & Qt::ControlModifier)
-            revealChosen();
+            revealRow(chosen());
         else
-            openChosen();
+            openRow(chosen());
         return true;
     default:
         return false;

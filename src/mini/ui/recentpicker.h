@@ -46,8 +46,8 @@ private:
     void connectInput();
     bool handleKey(QKeyEvent *event);
     QModelIndex chosen() const;
-    void openChosen();
-    void revealChosen();
+    void openRow(const QModelIndex &row);
+    void revealRow(const QModelIndex &row);
     void showMenu(const QPoint &inList);
     void chooseFirst();
     void updateState();
