@@ -9,6 +9,7 @@
 
 #include <atomic>
 #include <functional>
+#include <pthread.h>
 #include <stdexcept>
 
 using quvlite::KAsyncScheduler;
@@ -193,6 +194,27 @@ private Q_SLOTS:
             return QTest::qWaitFor([&] { return ended.size() > before; })
                 && ended.constLast() == QLatin1String("/nowhere/dead/b");
         }());
+    }
+
+    // Which says nothing of the place, and counts for nothing later.
+    void noThreadForAJob()
+    {
+        pthread_attr_t usual;
+        QCOMPARE(pthread_getattr_default_np(&usual), 0);
+        pthread_attr_t huge = usual;
+        pthread_attr_setstacksize(&huge, std::size_t(1) << 46);
+        zel::platform::BoundedJobs jobs(std::chrono::milliseconds(50));
+        QVector<bool> ended;
+        const auto start = [&](std::function<void()> work) {
+            jobs.start("/nowhere/a"_s, std::move(work), this, [&ended](bool inTime) { ended << inTime; });
+        };
+        pthread_setattr_default_np(&huge);
+        start([] { qFatal("begun"); });
+        pthread_setattr_default_np(&usual);
+        QTRY_COMPARE(ended, QVector<bool>{false});
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        start([] {});
+        QTRY_COMPARE(ended, (QVector<bool>{false, true}));
     }
 
     void timing()

@@ -17,12 +17,10 @@ void BoundedJobs::start(const QString &path, std::function<void()> work, QObject
     }
     const auto returned = std::make_shared<std::atomic_bool>(false);
     m_running.push_back(returned);
-    auto *job = new DetachedJob(
-        [work = std::move(work), returned] {
-            work();
-            *returned = true;
-        },
-        context);
+    // Goes with the work: also when that is never begun.
+    std::shared_ptr<void> whenGone(nullptr, [returned](void *) { *returned = true; });
+    auto *job =
+        new DetachedJob([work = std::move(work), whenGone = std::move(whenGone)] { work(); }, context);
     QObject::connect(job, &DetachedJob::done, context, [=, this](bool inTime) {
         if (!inTime) {
             m_late.push_back(returned);

@@ -44,6 +44,9 @@ void DetachedJob::start(std::chrono::milliseconds deadline)
     if (deadline > deadline.zero())
         m_deadline.start(deadline);
     m_thread->start();
+    if (!m_thread->isRunning() && !m_thread->isFinished()) // there is none to be had
+        QMetaObject::invokeMethod(
+            this, [this] { settle(false); }, Qt::QueuedConnection);
 }
 
 bool DetachedJob::waitFor(std::chrono::milliseconds time)

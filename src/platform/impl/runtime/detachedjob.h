@@ -12,6 +12,7 @@ namespace zel::platform {
 
 /// Does one thing on a thread of its own, because a dead network mount may hold that thread for ever. `done`
 /// follows exactly once on this object's thread, at the latest after the deadline; then it deletes itself.
+/// When there is no thread to be had, the work goes unbegun, as late.
 ///
 /// A thread that is late, or still at work when this object goes, is left alone and ends by itself if its
 /// work ever returns. So the work may touch nothing but what it owns: results go into something shared.

@@ -55,14 +55,12 @@ void TrashQueue::next()
         return;
     const bool isFull = *m_threads >= MostThreads; // all of them hang
     const auto result = std::make_shared<trash::Result>(noAnswer());
-    const auto count = m_threads;
-    ++*count; // here, as a thread may get its first turn late
-    m_job = new DetachedJob(
-        [=, work = isFull ? Work(noAnswer) : m_requests.front().work] {
-            *result = work();
-            --*count;
-        },
-        this);
+    ++*m_threads; // here, as a thread may get its first turn late
+    std::shared_ptr<void> whenGone(nullptr, [count = m_threads](void *) { --*count; }); // or was never begun
+    m_job =
+        new DetachedJob([result, whenGone = std::move(whenGone),
+                            work = isFull ? Work(noAnswer) : m_requests.front().work] { *result = work(); },
+            this);
     connect(m_job, &DetachedJob::done, this,
         [this, result](bool inTime) { finish(inTime ? *result : noAnswer()); });
     m_job->start(m_patience);
