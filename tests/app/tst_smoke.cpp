@@ -49,8 +49,11 @@ int lostStarts(int rounds)
     };
     int lost = 0;
     auto box = start({});
-    for (int round = 0; round < rounds; ++round) {
+    const auto waitUntilItCanBeTold = [&] {
         while (!QFileInfo::exists(home.filePath("zelbox/zelbox.sock"_s)) && !box->waitForFinished(1)) { }
+    };
+    for (int round = 0; round < rounds; ++round) {
+        waitUntilItCanBeTold();
         if (box->state() == QProcess::NotRunning) {
             ++lost;
             box = start({});
@@ -61,6 +64,7 @@ int lostStarts(int rounds)
         box->waitForFinished(20'000);
         box = std::move(next);
     }
+    waitUntilItCanBeTold();
     start({"/action=exit"_s})->waitForFinished(20'000);
     return box->waitForFinished(20'000) ? lost : rounds;
 }
