@@ -19,15 +19,13 @@ RecentFileActions::RecentFileActions(const Services &services, QObject *parent)
     connect(trash(), &KFileTrash::trashed, this, &RecentFileActions::onTrashed);
     connect(trash(), &KFileTrash::restored, this,
         [this](const QString &trashId, const QString &, KFileTrash::Outcome outcome) {
-            noteRestored(trashId, outcome == KFileTrash::Outcome::Done);
+            using Ended = RecentCloud::Ended;
+            noteRestored(trashId, outcome == KFileTrash::Outcome::Done ? Ended::Done : Ended::Refused);
         });
     if (!m_services.cloud)
         return;
     connect(m_services.cloud, &RecentCloud::removeEnded, this, &RecentFileActions::onRemoveEnded);
-    connect(m_services.cloud, &RecentCloud::recoverEnded, this,
-        [this](const QString &recycleId, RecentCloud::Ended ended) {
-            noteRestored(recycleId, ended == RecentCloud::Ended::Done);
-        });
+    connect(m_services.cloud, &RecentCloud::recoverEnded, this, &RecentFileActions::noteRestored);
 }
 
 // Looked up at each use: the process's store comes and goes.
@@ -177,7 +175,7 @@ void RecentFileActions::undoDelete()
         return;
     Undo undo;
     for (const Deleted &each : deleted)
-        undo.waiting.insert(each.recycleId, each.record);
+        undo.waiting.insert(each.recycleId, each);
     m_undos << undo;
     QSet<QString> asked; // two records can be of one file
     for (const Deleted &each : deleted) {
@@ -191,20 +189,25 @@ void RecentFileActions::undoDelete()
     }
 }
 
-void RecentFileActions::noteRestored(const QString &recycleId, bool ok)
+void RecentFileActions::noteRestored(const QString &recycleId, RecentCloud::Ended ended)
 {
     const auto found = std::find_if(
         m_undos.begin(), m_undos.end(), [&](const Undo &undo) { return undo.waiting.contains(recycleId); });
     if (found == m_undos.end())
         return;
-    const QList<RecentFileInfo> asked = found->waiting.values(recycleId);
-    for (const RecentFileInfo &record : asked)
-        (ok ? found->restored : found->failed) << record;
+    const QList<Deleted> asked = found->waiting.values(recycleId);
+    for (const Deleted &each : asked) {
+        (ended == RecentCloud::Ended::Done ? found->restored : found->failed) << each.record;
+        if (ended == RecentCloud::Ended::NotReached)
+            found->notReached << each;
+    }
     found->waiting.remove(recycleId);
     if (!found->waiting.isEmpty())
         return;
-    const Undo ended = *found;
+    const Undo undo = *found;
     m_undos.erase(found);
-    restoreRecords(ended.restored);
-    Q_EMIT filesRestored(ended.restored, ended.failed);
+    if (m_deleted.isEmpty())
+        m_deleted = undo.notReached;
+    restoreRecords(undo.restored);
+    Q_EMIT filesRestored(undo.restored, undo.failed);
 }

@@ -40,8 +40,10 @@ public:
     /// is about already are left out.
     void deleteFiles(const RecordInfoList &records);
     /// Brings back what the last filesDeleted() told of; filesRestored() follows exactly once. Nothing
-    /// follows when that was nothing, or was brought back before.
+    /// follows when that was nothing, or was brought back before. What the service could not be asked for can
+    /// be tried again, until something else is deleted.
     void undoDelete();
+    bool canUndoDelete() const { return !m_deleted.isEmpty(); }
 
 Q_SIGNALS:
     void filesDeleted(const RecordInfoList &deleted, const RecordInfoList &failed);
@@ -59,9 +61,10 @@ private:
     /// One undo under way.
     struct Undo
     {
-        QMultiHash<QString, RecentFileInfo> waiting; // by recycle id
+        QMultiHash<QString, Deleted> waiting; // by recycle id
         RecordInfoList restored;
         RecordInfoList failed;
+        QVector<Deleted> notReached; // of the failed ones
     };
 
     KRecentFileProxy *store() const;
@@ -72,7 +75,7 @@ private:
     void noteFailed(const RecentFileInfo &record);
     void deleteNext();
     void finishDeleting();
-    void noteRestored(const QString &recycleId, bool ok);
+    void noteRestored(const QString &recycleId, RecentCloud::Ended ended);
 
     Services m_services;
     int m_waitingFor = 0;                           // files of the deletion under way that have not ended

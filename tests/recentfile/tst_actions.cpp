@@ -102,17 +102,19 @@ private Q_SLOTS:
 
     void undoBringsBackWhatWent_data()
     {
-        const auto row = zeltest::table<QString, bool, bool>("file", "byService", "works");
-        row("service's bin", "b"_s, true, true);
-        row("service refuses", "b"_s, true, false);
-        row("desktop's trash", "a"_s, false, true);
-        row("place is taken", "taken"_s, false, false);
+        const auto row = zeltest::table<QString, bool, bool, bool>("file", "byService", "works", "again");
+        row("service's bin", "b"_s, true, true, false);
+        row("service refuses", "b"_s, true, false, false);
+        row("service is silent", "b"_s, true, false, true);
+        row("desktop's trash", "a"_s, false, true, false);
+        row("place is taken", "taken"_s, false, false, false);
     }
     void undoBringsBackWhatWent()
     {
         QFETCH(QString, file);
         QFETCH(bool, byService);
         QFETCH(bool, works);
+        QFETCH(bool, again);
         QSignalSpy restored(m_actions.get(), &RecentFileActions::filesRestored);
         m_actions->deleteFiles({this->file(file)});
         QVERIFY(m_proxy->answerRemove(byService));
@@ -125,13 +127,15 @@ private Q_SLOTS:
             zel::vela::RecoverRecyclesResult result;
             if (works)
                 result.recoveredIds.push_back("bin");
-            QVERIFY(m_proxy->answer("recoverRecycles", result));
+            QVERIFY(m_proxy->answer("recoverRecycles", result, !again));
         }
         QCOMPARE(restored.size(), 1);
         QCOMPARE(names(restored.at(0).at(works ? 0 : 1)), file);
         QCOMPARE(m_log.contains("unforget "_s + file), works);
-        m_actions->undoDelete(); // once more: there is nothing left
+        QCOMPARE(m_actions->canUndoDelete(), again);
+        m_actions->undoDelete(); // once more: mostly there is nothing left
         QCOMPARE(restored.size(), 1);
+        QCOMPARE(m_proxy->waiting("recoverRecycles"), int(again));
     }
 
     void undoneOneAfterTheOther()

@@ -325,22 +325,34 @@ void RecentCommands::onFilesDeleted(const RecordInfoList &deleted, const RecordI
     const QString text = deleted.size() == 1
         ? tr("“%1” was moved to the recycle bin.").arg(nameOf(deleted.constFirst()))
         : tr("%Ln file(s) were moved to the recycle bin.", nullptr, deleted.size());
-    m_undo->offer(text, tr("Undo Deletion"), [this] { m_actions->undoDelete(); });
+    offerUndoDelete(text, Tone::Info);
 }
 
 void RecentCommands::onFilesRestored(const RecordInfoList &restored, const RecordInfoList &failed)
 {
     m_view->setReturning(idsOf(restored)); // the store tells of them later
-    if (!failed.isEmpty())
-        m_notice->showText(failed.size() == 1
-                ? tr("“%1” could not be brought back.").arg(nameOf(failed.constFirst()))
-                : tr("%Ln file(s) could not be brought back.", nullptr, failed.size()));
-    else
+    if (!failed.isEmpty()) {
+        const QString text = failed.size() == 1
+            ? tr("“%1” could not be brought back.").arg(nameOf(failed.constFirst()))
+            : tr("%Ln file(s) could not be brought back.", nullptr, failed.size());
+        if (m_actions->canUndoDelete()
+            && !action(Command::Undo)->isEnabled()) // else that is for something new
+            offerUndoDelete(text, Tone::Problem);
+        else
+            m_notice->showText(text);
+    } else {
         m_notice->showText(restored.size() == 1
                 ? tr("“%1” is back in “%2”.")
                       .arg(nameOf(restored.constFirst()), folderNameOf(restored.constFirst()))
                 : tr("%Ln file(s) are back where they were.", nullptr, restored.size()),
             Tone::Info);
+    }
+}
+
+void RecentCommands::offerUndoDelete(const QString &text, Tone tone)
+{
+    m_undo->offer(
+        text, tr("Undo Deletion"), [this] { m_actions->undoDelete(); }, tone);
 }
 
 void RecentCommands::onLeftOut(const QModelIndexList &rows)

@@ -2,6 +2,7 @@
 
 #include "krecentfile.h"
 #include "recentfile/ui/recentactiontable.h"
+#include "widgets/noticebar.h"
 
 #include <QModelIndex>
 #include <QPointer>
@@ -11,7 +12,6 @@ class KRecentFileLogic;
 class KRecentFileMenu;
 class ListActions;
 class NoticeArea;
-class NoticeBar;
 class OpeningNotices;
 class RecentFileActions;
 class RecentSortFilterModel;
@@ -59,6 +59,7 @@ private:
     void restore(const RecordInfoList &records);
     void askToDelete(const QModelIndexList &rows);
     void onFilesDeleted(const RecordInfoList &deleted, const RecordInfoList &failed);
+    void offerUndoDelete(const QString &text, NoticeBar::Tone tone);
     void onFilesRestored(const RecordInfoList &restored, const RecordInfoList &failed);
     void onLeftOut(const QModelIndexList &rows);
     void share(const QModelIndex &row);
