@@ -1,7 +1,6 @@
 #include "clouddoc/ui/clouddoccommands.h"
 
 #include "clouddoc/ui/clouddoclistview.h"
-#include "clouddoc/ui/clouddrag.h"
 #include "clouddoc/ui/conflictdialog.h"
 #include "clouddoc/ui/movedialog.h"
 
@@ -38,8 +37,11 @@ CloudDocCommands::CloudDocCommands(const Parts &parts)
 {
     bindActions();
     connect(parts.logic, &CloudDocLogic::conflictsFound, this, &CloudDocCommands::askAboutConflicts);
-    connect(parts.logic, &CloudDocLogic::operationFailed, this,
-        [view = parts.view] { view->setLeaving({}); }); // what stayed may be taken away by others
+    connect(parts.logic, &CloudDocLogic::operationFailed, this, &CloudDocCommands::onFailed);
+    connect(parts.logic, &CloudDocLogic::operationDone, this, [this](CloudOperation operation) {
+        if (operation == CloudOperation::Move)
+            m_pasted = {};
+    });
 }
 
 void CloudDocCommands::bindActions()
@@ -143,8 +145,20 @@ void CloudDocCommands::paste()
         return;
     }
     QApplication::clipboard()->clear();
+    m_pasted = items;
     if (items.folderId != folder)
         logic->move(items.ids, folder, CloudNameChoice::Ask, items.folderId);
+}
+
+void CloudDocCommands::onFailed(CloudOperation operation, CloudProblem problem)
+{
+    m_parts.view->setLeaving({}); // what stayed may be taken away by others
+    if (operation != CloudOperation::Move || problem != CloudProblem::NotReached)
+        return;
+    QClipboard *clipboard = QApplication::clipboard();
+    const QMimeData *there = clipboard->mimeData();
+    if (!m_pasted.ids.isEmpty() && (!there || there->formats().isEmpty())) // they can be pasted again
+        clipboard->setMimeData(itemsMimeData(std::exchange(m_pasted, {}), {}).release());
 }
 
 void CloudDocCommands::move(const QString &folderId, const QStringList &ids, const QString &fromFolder)

@@ -2,6 +2,7 @@
 
 #include "clouddoc/clouddoclogic.h"
 #include "clouddoc/ui/cloudactiontable.h"
+#include "clouddoc/ui/clouddrag.h"
 #include "lists/ui/listactions.h"
 
 class CloudDocListView;
@@ -47,10 +48,12 @@ private:
     void paste();
     void chooseFolder(const QStringList &ids);
     void chooseUpload(bool folder);
+    void onFailed(CloudOperation operation, CloudProblem problem);
     void askAboutConflicts(CloudOperation operation, const CloudConflicts &conflicts, const QString &target);
     void repeat(
         CloudOperation operation, const QStringList &sources, const QString &target, CloudNameChoice choice);
 
     Parts m_parts;
     ListActions *m_actions;
+    zel::clouddoc::CarriedItems m_pasted; ///< are off the clipboard; until their move has ended
 };
