@@ -94,7 +94,9 @@ QStringList searchWords(const QString &text)
 {
     QString folded;
     appendFolded(folded, text.simplified());
-    return folded.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    QStringList words = folded.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    words.removeDuplicates();
+    return words;
 }
 
 } // namespace zel

@@ -9,6 +9,7 @@ namespace zel {
 /// Latin or CJK text one character each. Any thread; O(length).
 void appendFolded(QString &target, const QString &text);
 /// The words of what a user typed into a search field, folded so; a text matches when it contains them all.
+/// Each word once.
 QStringList searchWords(const QString &text);
 
 } // namespace zel

@@ -74,6 +74,9 @@ bool WordFilter::haveAll(const QString *texts, size_t count) const
 
 bool WordFilter::isNarrowerThan(const WordFilter &wider) const
 {
+    constexpr int MostCompared = 100; // with each other
+    if (wider.m_words.size() > MostCompared)
+        return false;
     return std::all_of(wider.m_words.cbegin(), wider.m_words.cend(), [this](const QString &word) {
         return std::any_of(m_words.cbegin(), m_words.cend(),
             [&word](const QString &longer) { return longer.contains(word); });
