@@ -288,6 +288,8 @@ void TestMainWindow::searchBelongsToThePage()
     central->beginFinding(QStringLiteral("y"));
     QTest::keyClick(search, Qt::Key_Tab);
     QVERIFY(!central->titleBar()->isAncestorOf(QApplication::focusWidget()));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape); // also from the page
+    QCOMPARE(search->text(), QString());
     central->beginFinding({});
     auto *other = central->navigation()->findChild<QAbstractButton *>(QStringLiteral("page_Plain"));
     QTest::mouseClick(other, Qt::LeftButton);

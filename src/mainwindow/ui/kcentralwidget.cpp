@@ -11,6 +11,7 @@
 #include "widgets/windowframe.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStackedWidget>
 #include <QVBoxLayout>
@@ -161,6 +162,16 @@ void KCentralWidget::tellReady()
 void KCentralWidget::releaseMemory()
 {
     forEachPage(&HostedPage::releaseMemory);
+}
+
+// What a page has no use for, its list without a selection among it, ends the search.
+void KCentralWidget::keyPressEvent(QKeyEvent *event)
+{
+    SearchBox *search = m_titleBar->searchBox();
+    if (event->key() == Qt::Key_Escape && !search->text().isEmpty())
+        search->clear();
+    else
+        QWidget::keyPressEvent(event);
 }
 
 void KCentralWidget::onSearchTextChanged(const QString &text)

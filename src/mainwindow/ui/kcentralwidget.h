@@ -46,6 +46,7 @@ Q_SIGNALS:
     void settingsRequested(const QString &settingsPage);
 
 protected:
+    void keyPressEvent(QKeyEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
 
 private:
