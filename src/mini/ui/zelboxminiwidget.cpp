@@ -7,11 +7,13 @@
 #include "widgets/searchfield.h"
 #include "widgets/windowframe.h"
 
+#include <QGuiApplication>
 #include <QIcon>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QScreen>
 #include <QVBoxLayout>
 
 ZelBoxMiniWidget::ZelBoxMiniWidget(QWidget *parent, const KRecentFileLogic::Services &services)
@@ -41,17 +43,28 @@ ZelBoxMiniWidget::ZelBoxMiniWidget(QWidget *parent, const KRecentFileLogic::Serv
 
 void ZelBoxMiniWidget::centerOn(const QRect &geometry)
 {
+    m_isPlaced = true;
     move(geometry.left() + (geometry.width() - width()) / 2,
         geometry.top() + (geometry.height() - height()) / 2);
 }
 
 void ZelBoxMiniWidget::showWithFocus()
 {
+    if (!isVisible() && !m_isPlaced)
+        moveToUsersScreen();
     if (!isVisible())
         show();
     raise();
     activateWindow();
     m_picker->focusInput();
+}
+
+// Where the eyes are: in the middle, and high enough that what was found grows into view below.
+void ZelBoxMiniWidget::moveToUsersScreen()
+{
+    QScreen *screen = QGuiApplication::screenAt(QCursor::pos());
+    const QRect room = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    move(room.left() + (room.width() - width()) / 2, room.top() + qMax(0, (room.height() - height()) / 3));
 }
 
 void ZelBoxMiniWidget::showEvent(QShowEvent *event)

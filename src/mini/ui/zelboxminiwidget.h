@@ -33,9 +33,11 @@ protected:
 
 private:
     Q_INVOKABLE void hideIfPending();
+    void moveToUsersScreen();
 
     RecentPicker *m_picker;
     QString m_startMode;
     bool m_loaded = false;
+    bool m_isPlaced = false;    // by whoever asked for it
     bool m_pendingHide = false; // lost the focus; hides on the next turn unless asked to stay
 };
