@@ -407,7 +407,7 @@
         <translation>打开菜单</translation>
     </message>
     <message>
-        <source>Order</source>
+        <source>Sort</source>
         <translation>排序</translation>
     </message>
 </context>
@@ -563,7 +563,7 @@
         <translation>云服务</translation>
     </message>
     <message>
-        <source>Open folder</source>
+        <source>Open Folder</source>
         <translation>打开文件夹</translation>
     </message>
     <message>
@@ -607,11 +607,11 @@
         <translation>重试</translation>
     </message>
     <message>
-        <source>Sign out</source>
+        <source>Sign Out</source>
         <translation>退出登录</translation>
     </message>
     <message>
-        <source>Sign in</source>
+        <source>Sign In</source>
         <translation>登录</translation>
     </message>
     <message>
@@ -627,7 +627,7 @@
         <translation>仍有上传在等待，确定退出登录吗？</translation>
     </message>
     <message>
-        <source>Sign out and drop uploads</source>
+        <source>Sign Out and Drop Uploads</source>
         <translation>退出登录并放弃上传</translation>
     </message>
     <message numerus="yes">
@@ -749,6 +749,14 @@
 <context>
     <name>ConflictDialog</name>
     <message>
+        <source>Replace moves the file that is there to the recycle bin.</source>
+        <translation>“替换”会将原有文件移到回收站。</translation>
+    </message>
+    <message>
+        <source>Replace overwrites the file that is there.</source>
+        <translation>“替换”会覆盖原有文件。</translation>
+    </message>
+    <message>
         <source>Name already taken</source>
         <translation>名称已被使用</translation>
     </message>
@@ -765,7 +773,7 @@
         <translation>取消</translation>
     </message>
     <message>
-        <source>Leave Out</source>
+        <source>Skip</source>
         <translation>跳过</translation>
     </message>
     <message>
@@ -915,6 +923,14 @@
 </context>
 <context>
     <name>GeneralPage</name>
+    <message>
+        <source>Start and end</source>
+        <translation>启动与退出</translation>
+    </message>
+    <message>
+        <source>Look and language</source>
+        <translation>外观与语言</translation>
+    </message>
     <message>
         <source>General</source>
         <translation>常规</translation>
@@ -1159,6 +1175,10 @@
 <context>
     <name>KeyField</name>
     <message>
+        <source>Backspace: no keys. Esc: the same as before.</source>
+        <translation>Backspace：不设快捷键；Esc：保持不变。</translation>
+    </message>
+    <message>
         <source>None</source>
         <translation>无</translation>
     </message>
@@ -1376,6 +1396,10 @@
 </context>
 <context>
     <name>PrivacyPage</name>
+    <message>
+        <source>Usage events</source>
+        <translation>使用事件</translation>
+    </message>
     <message>
         <source>Privacy</source>
         <translation>隐私</translation>
@@ -1941,11 +1965,11 @@
         <translation>快捷键</translation>
     </message>
     <message>
-        <source>Reset all…</source>
+        <source>Reset All…</source>
         <translation>全部重置…</translation>
     </message>
     <message>
-        <source>Reset &quot;%1&quot; to its standard keys</source>
+        <source>Reset “%1” to its standard keys</source>
         <translation>将“%1”恢复为默认按键</translation>
     </message>
     <message>
@@ -1957,7 +1981,7 @@
         <translation>%1 用于输入或移动焦点，不能使用。</translation>
     </message>
     <message>
-        <source>%1 already stands for &quot;%2&quot;.</source>
+        <source>%1 already stands for “%2”.</source>
         <translation>%1 已用于“%2”。</translation>
     </message>
     <message>
@@ -1965,7 +1989,7 @@
         <translation>将所有快捷键恢复为默认按键？</translation>
     </message>
     <message>
-        <source>Reset all</source>
+        <source>Reset All</source>
         <translation>全部重置</translation>
     </message>
     <message>
@@ -1985,7 +2009,7 @@
         <translation>迷你窗口</translation>
     </message>
     <message>
-        <source>Use here</source>
+        <source>Use Here</source>
         <translation>用于此处</translation>
     </message>
     <message>
@@ -2062,7 +2086,7 @@
         <translation>正在统计…</translation>
     </message>
     <message>
-        <source>Show folder of &quot;%1&quot;</source>
+        <source>Show folder of “%1”</source>
         <translation>显示“%1”的文件夹</translation>
     </message>
     <message>
@@ -2070,7 +2094,7 @@
         <translation>清除…</translation>
     </message>
     <message>
-        <source>Clear &quot;%1&quot;…</source>
+        <source>Clear “%1”…</source>
         <translation>清除“%1”…</translation>
     </message>
     <message>
@@ -2117,7 +2141,7 @@
         <translation>同步一个文件夹</translation>
     </message>
     <message>
-        <source>Open folder</source>
+        <source>Open Folder</source>
         <translation>打开文件夹</translation>
     </message>
     <message>
@@ -2660,7 +2684,7 @@ Last used on %2</source>
         <translation>文件数：%1</translation>
     </message>
     <message>
-        <source>Order</source>
+        <source>Sort</source>
         <translation>排序</translation>
     </message>
     <message>

@@ -247,7 +247,7 @@ private Q_SLOTS:
         QTest::mouseClick(field, Qt::LeftButton);
         QTest::keyClick(field, Qt::Key_W, Qt::ControlModifier); // of another, which gives it up
         QVERIFY(action.shortcut().isEmpty() && window.notice().contains("Close window"_s));
-        auto *last = window.find<QPushButton>("Reset all…");
+        auto *last = window.find<QPushButton>("Reset All…");
         const auto isFree = [last] { // below the notice it could not be reached
             QWidget *page = last;
             while (!page->findChild<NoticeArea *>())
@@ -259,13 +259,13 @@ private Q_SLOTS:
         };
         QTRY_VERIFY(isFree());
         for (QPushButton *button : window.dialog.findChildren<QPushButton *>()) {
-            if (button->isVisible() && button->text() == "Use here"_s)
+            if (button->isVisible() && button->text() == "Use Here"_s)
                 QTest::mouseClick(button, Qt::LeftButton);
         }
         QCOMPARE(action.shortcut(), keys("Ctrl+W"));
         QVERIFY(all->keys("window.close"_s).isEmpty());
-        window.click<QPushButton>("Reset all…");
-        sayYes("Reset all");
+        window.click<QPushButton>("Reset All…");
+        sayYes("Reset All");
         QCOMPARE(action.shortcut(), keys("Ctrl+Q"));
         QVERIFY(!all->isChanged("window.close"_s));
     }
@@ -278,8 +278,8 @@ private Q_SLOTS:
         old.close();
         qInfo("a line before");
         Window window("privacy");
-        QTRY_VERIFY(window.canPress("Clear \"Logs\"…"));
-        window.click<QPushButton>("Clear \"Logs\"…");
+        QTRY_VERIFY(window.canPress("Clear “Logs”…"));
+        window.click<QPushButton>("Clear “Logs”…");
         sayYes("Clear");
         QTRY_COMPARE(window.notice(), "Cleared."_s);
         QVERIFY(!old.exists());
@@ -295,8 +295,8 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(KDcInfoC::filePath()));
         window.dialog.setParameter("general"_s);
         window.dialog.setParameter("privacy"_s); // looked at again
-        QTRY_VERIFY(window.canPress("Clear \"Usage events\"…"));
-        window.click<QPushButton>("Clear \"Usage events\"…");
+        QTRY_VERIFY(window.canPress("Clear “Usage events”…"));
+        window.click<QPushButton>("Clear “Usage events”…");
         sayYes("Clear");
         QVERIFY(!QFile::exists(KDcInfoC::filePath()));
         KDcInfoC::setEnabled(false);
@@ -310,22 +310,22 @@ private Q_SLOTS:
         Window window("cloud", &cloud);
         window.click<QPushButton>("Try again"); // finds the service that runs
         QTRY_VERIFY_WITH_TIMEOUT(cloud.isLogined(), 20000);
-        QTRY_VERIFY(window.canPress("Open folder"));
+        QTRY_VERIFY(window.canPress("Open Folder"));
         for (const QPushButton *button : window.dialog.findChildren<QPushButton *>()) // Enter presses none
             QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->text()));
         QSignalSpy cleared(RecentFileEventObject(), &KRecentFileEvents::historyCleared);
         HistoryCleaner(&cloud).clear(); // and the dialog is closed at once
         QTRY_COMPARE(cleared.size(), 1);
         UninitRecentFile();
-        window.click<QPushButton>("Sign out");
+        window.click<QPushButton>("Sign Out");
         QTRY_VERIFY(!cloud.isLogined());
-        QTRY_VERIFY(window.canPress("Sign in"));
-        window.click<QPushButton>("Sign in");
+        QTRY_VERIFY(window.canPress("Sign In"));
+        window.click<QPushButton>("Sign In");
         QTRY_VERIFY(cloud.isLogined());
-        QTRY_VERIFY(window.canPress("Sign out"));
+        QTRY_VERIFY(window.canPress("Sign Out"));
         service.kill();
-        QTRY_VERIFY(!window.canPress("Sign out"));
-        QTRY_VERIFY_WITH_TIMEOUT(window.canPress("Sign out"), 30000); // the link starts another one
+        QTRY_VERIFY(!window.canPress("Sign Out"));
+        QTRY_VERIFY_WITH_TIMEOUT(window.canPress("Sign Out"), 30000); // the link starts another one
     }
 
     void fitsWithLongTexts()

@@ -11,7 +11,7 @@ SyncFolderDlg::SyncFolderDlg(QWidget *parent)
     : BoxDialog(tr("Synchronise folder"), tr("Synchronise a folder"), parent),
       m_path(addText(QString())),
       m_problem(addText(QString())),
-      m_open(buttons()->addButton(tr("Open folder"), QDialogButtonBox::ActionRole))
+      m_open(buttons()->addButton(tr("Open Folder"), QDialogButtonBox::ActionRole))
 {
     m_path->setAccessibleName(tr("Folder path"));
     // Paths are plain text, whatever they hold.

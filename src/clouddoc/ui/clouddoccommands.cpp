@@ -234,6 +234,16 @@ void CloudDocCommands::showMenu(const QPoint &pos)
     const QModelIndex index = m_parts.view->indexAt(pos);
     if (!index.isValid())
         m_parts.view->clearSelection();
+    popUpMenu(index, m_parts.view->viewport()->mapToGlobal(pos));
+}
+
+void CloudDocCommands::showFolderMenu(const QPoint &globalPos)
+{
+    popUpMenu({}, globalPos);
+}
+
+void CloudDocCommands::popUpMenu(const QModelIndex &index, const QPoint &globalPos)
+{
     auto *menu = new QMenu(m_parts.page);
     menu->setObjectName(QStringLiteral("menu-documents"));
     menu->setAccessibleName(
@@ -242,5 +252,5 @@ void CloudDocCommands::showMenu(const QPoint &pos)
     if (index.isValid())
         menu->setDefaultAction(menu->actions().constFirst());
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    m_parts.view->popUp(menu, m_parts.view->viewport()->mapToGlobal(pos));
+    m_parts.view->popUp(menu, globalPos);
 }

@@ -32,6 +32,7 @@ public:
     /// Items that were dragged; `fromFolder` is where they are, empty: the folder on view.
     void move(const QString &folderId, const QStringList &ids, const QString &fromFolder);
     void showMenu(const QPoint &pos); ///< of the row there, or of the folder; viewport coordinates
+    void showFolderMenu(const QPoint &globalPos);
 
 Q_SIGNALS:
     void openRequested();
@@ -42,6 +43,7 @@ Q_SIGNALS:
 
 private:
     void bindActions();
+    void popUpMenu(const QModelIndex &index, const QPoint &globalPos);
     QStringList idsOf(const ListActions::Rows &rows) const;
     void download(const QStringList &ids);
     void carry(const QStringList &ids, bool cut);

@@ -85,6 +85,9 @@ QWidget *CloudDocStates::makeEmpty()
     connect(upload, &QAbstractButton::clicked, this, [this, upload] { Q_EMIT uploadRequested(upload); });
     connect(empty->addAction(tr("New Folder")), &QAbstractButton::clicked, this,
         &CloudDocStates::newFolderRequested);
+    empty->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(empty, &QWidget::customContextMenuRequested, this,
+        [this, empty](const QPoint &pos) { Q_EMIT folderMenuRequested(empty->mapToGlobal(pos)); });
     return empty;
 }
 

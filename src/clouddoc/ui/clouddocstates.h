@@ -26,6 +26,7 @@ Q_SIGNALS:
     void followed(); ///< the logic, whether or not state() is another one
     void uploadRequested(QWidget *button);
     void newFolderRequested();
+    void folderMenuRequested(const QPoint &globalPos); ///< of the empty folder
 
 protected:
     void paintEvent(QPaintEvent *event) override;

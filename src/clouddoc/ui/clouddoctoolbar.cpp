@@ -37,7 +37,7 @@ CloudDocToolBar::CloudDocToolBar(const ListActions *actions, QWidget *parent)
       m_crumbs(new BreadcrumbBar(this)),
       m_upload(new QPushButton(this)),
       m_uploadIcon(new IconButton(lineIcon("upload"), tr("Upload"), this)),
-      m_sort(new IconButton(lineIcon("sort"), tr("Order"), this)),
+      m_sort(new IconButton(lineIcon("sort"), tr("Sort"), this)),
       m_transfers(new TransferButton(this)),
       m_uploadMenu(new QMenu(this)),
       m_sortMenu(new CloudSortMenu(this))
@@ -47,6 +47,8 @@ CloudDocToolBar::CloudDocToolBar(const ListActions *actions, QWidget *parent)
     m_uploadMenu->addAction(action(CloudCommand::UploadFolder));
     m_upload->setText(tr("Upload"));
     m_upload->setAccessibleDescription(tr("Opens a menu"));
+    m_upload->setToolTip(action(CloudCommand::UploadFiles)->toolTip());
+    m_uploadIcon->setToolTip(m_upload->toolTip());
     m_upload->setIcon(zel::tintedIcon(lineIcon("upload")));
     auto *layout = new QHBoxLayout(this);
     layout->setSpacing(KLiteStyle::dpiScaled(2));

@@ -18,8 +18,7 @@ ConflictDialog::ConflictDialog(CloudOperation operation, const CloudConflicts &c
     explain(operation, conflicts);
     addChoice(tr("Keep Both"), CloudNameChoice::KeepBoth, true);
     addChoice(tr("Replace"), CloudNameChoice::Replace, false);
-    buttons()->addButton(
-        conflicts.size() == 1 ? tr("Cancel") : tr("Leave Out"), QDialogButtonBox::RejectRole);
+    buttons()->addButton(conflicts.size() == 1 ? tr("Cancel") : tr("Skip"), QDialogButtonBox::RejectRole);
 }
 
 QString ConflictDialog::heading(const CloudConflicts &conflicts)
@@ -45,8 +44,13 @@ void ConflictDialog::explain(CloudOperation operation, const CloudConflicts &con
     if (conflicts.size() == 1 && !first.suggestedName.isEmpty())
         addText(tr("Keep Both gives the new one the name “%1”.").arg(headingName(first.suggestedName)))
             ->setTextFormat(Qt::PlainText);
-    if (operation == CloudOperation::Download)
+    const bool isFile = conflicts.size() == 1 && first.existing.modifiedAt > 0 && !first.existing.folder;
+    if (operation == CloudOperation::Download && isFile)
+        addText(tr("Replace overwrites the file that is there."));
+    else if (operation == CloudOperation::Download)
         addText(tr("Replace overwrites the files that are there; folders are merged."));
+    else if (isFile)
+        addText(tr("Replace moves the file that is there to the recycle bin."));
     else if (operation == CloudOperation::Upload)
         addText(tr("Replace moves files that are there to the recycle bin; folders are merged."));
     else

@@ -145,6 +145,7 @@ void ZelBoxCloudDocWidget::connectParts()
     connect(m_toolBar, &CloudDocToolBar::sortChosen, this, &ZelBoxCloudDocWidget::chooseSort);
     connect(m_columns, &CloudColumns::sortChosen, this, &ZelBoxCloudDocWidget::chooseSort);
     connect(m_states, &CloudDocStates::followed, this, &ZelBoxCloudDocWidget::onFollowed);
+    connect(m_states, &CloudDocStates::folderMenuRequested, m_commands, &CloudDocCommands::showFolderMenu);
     connect(m_states, &CloudDocStates::uploadRequested, m_toolBar, &CloudDocToolBar::popUpUploadMenu);
     connect(m_states, &CloudDocStates::newFolderRequested, this, &ZelBoxCloudDocWidget::makeFolder);
     connect(m_states, &CloudDocStates::retryRequested, m_logic, &Logic::reload);

@@ -21,7 +21,7 @@ ZelBoxRecentFileTitleWidget::ZelBoxRecentFileTitleWidget(QWidget *parent)
     m_unreadLabel->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     m_unreadLabel->hide();
     addText(m_unreadLabel);
-    m_sortButton = addMenuButton(QStringLiteral(":/icons_svg/sort.svg"), tr("Order"), m_sortMenu);
+    m_sortButton = addMenuButton(QStringLiteral(":/icons_svg/sort.svg"), tr("Sort"), m_sortMenu);
     addMenuButton(QStringLiteral(":/icons_svg/more.svg"), tr("More"), m_moreMenu);
     connect(m_unreadLabel, &QLabel::linkActivated, this, &Self::onClearMsgLabelClicked);
     connect(m_sortMenu, &RecentSortMenu::sortChosen, this, &Self::sortChosen);

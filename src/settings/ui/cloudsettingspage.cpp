@@ -1,5 +1,6 @@
 #include "settings/ui/cloudsettingspage.h"
 
+#include "base/paths.h"
 #include "base/sizetext.h"
 #include "kdocumentopener.h"
 #include "settings/ui/confirmdialog.h"
@@ -43,7 +44,7 @@ CloudSettingsPage::CloudSettingsPage(KCloudSvrProxy *cloud, QWidget *parent)
     : SettingsPage(tr("Cloud"), parent),
       m_account(cloud),
       m_sign(new QPushButton(this)),
-      m_open(new QPushButton(tr("Open folder"), this))
+      m_open(new QPushButton(tr("Open Folder"), this))
 {
     addAccount();
     addDrive();
@@ -88,12 +89,13 @@ void CloudSettingsPage::update()
     m_accountRow->setTitle(known ? m_account.name() : tr("Local account"));
     m_accountRow->setExplanation(stateText(state, m_account.isBusy()));
     m_sign->setText(state == State::Away ? tr("Try again")
-            : state == State::SignedIn   ? tr("Sign out")
-                                         : tr("Sign in"));
+            : state == State::SignedIn   ? tr("Sign Out")
+                                         : tr("Sign In"));
     m_sign->setAccessibleName(m_sign->text());
     m_sign->setEnabled(!m_account.isBusy() && state != State::Asking);
     const QString folder = m_account.folder();
-    m_folderRow->setExplanation(folder.isEmpty() ? tr("Not known at the moment.") : folder);
+    m_folderRow->setExplanation(
+        folder.isEmpty() ? tr("Not known at the moment.") : zel::paths::shown(folder));
     m_open->setEnabled(!folder.isEmpty());
     m_spaceRow->setExplanation(usedText(m_account.space()));
 }
@@ -122,8 +124,8 @@ void CloudSettingsPage::onFailed(CloudAccount::Problem problem, int waitingUploa
 
 void CloudSettingsPage::askToDropUploads(int count)
 {
-    auto *dialog = new ConfirmDialog(tr("Sign out"), tr("Sign out although uploads still wait?"),
-        tr("Sign out and drop uploads"), window());
+    auto *dialog = new ConfirmDialog(tr("Sign Out"), tr("Sign out although uploads still wait?"),
+        tr("Sign Out and Drop Uploads"), window());
     dialog->addText(tr("%Ln upload(s) will not be done.", nullptr, count));
     connect(dialog, &QDialog::accepted, this, [this] { m_account.signOut(true); });
     dialog->open();

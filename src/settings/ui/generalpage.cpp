@@ -59,14 +59,14 @@ GeneralPage::GeneralPage(KSkin *skin, const zel::Autostart &autostart, QWidget *
       m_theme(choice(this)),
       m_language(choice(this))
 {
-    SettingsCard *running = addCard(QString());
+    SettingsCard *running = addCard(tr("Start and end"));
     running->addRow(tr("Start with the session"),
         tr("When you log in, ZEL Box starts in the background, without a window."), m_start);
     fillClose();
     running->addRow(tr("When the window is closed"),
         tr("Automatic: it keeps running in the background where the desktop has a tray, and asks elsewhere."),
         m_close);
-    SettingsCard *look = addCard(QString());
+    SettingsCard *look = addCard(tr("Look and language"));
     fillTheme();
     look->addRow(tr("Appearance"), QString(), m_theme);
     fillLanguage();

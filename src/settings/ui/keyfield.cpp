@@ -78,6 +78,9 @@ void KeyField::wait(bool on)
     m_waiting = on;
     m_held = {};
     showText();
+    setToolTip(on ? tr("Backspace: no keys. Esc: the same as before.") : QString());
+    if (on)
+        Q_EMIT waitBegun();
 }
 
 void KeyField::showText()

@@ -19,6 +19,7 @@ public:
     QSize minimumSizeHint() const override { return QPushButton::sizeHint(); }
 
 Q_SIGNALS:
+    void waitBegun();                          ///< for keys
     void keysChosen(const QKeySequence &keys); ///< empty: none. What is shown changes with setKeys() only.
 
 protected:

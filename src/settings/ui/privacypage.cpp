@@ -58,7 +58,7 @@ PrivacyPage::PrivacyPage(KCloudSvrProxy *cloud, QWidget *parent)
       m_cleaner(cloud),
       m_telemetry(new Toggle(QString(), this))
 {
-    SettingsCard *events = addCard(QString());
+    SettingsCard *events = addCard(tr("Usage events"));
     events->addRow(tr("Write usage events to a file on this computer"),
         tr("Which functions are used how often, for whoever looks for errors. Off unless you switch it on; "
            "the "

@@ -53,6 +53,8 @@ SettingsPage::SettingsPage(const QString &title, QWidget *parent)
     m_body->addLayout(m_cards);
     m_body->addStretch(0);
     m_content->setMaximumWidth(KLiteStyle::dpiScaled(MostWidth) + 2 * side);
+    m_content->setFocusPolicy(Qt::ClickFocus); // a click beside the controls ends what one of them waits for
+    m_content->setAccessibleName(title);
     m_scroller->setFrameShape(QFrame::NoFrame);
     m_scroller->setFocusPolicy(Qt::NoFocus); // the controls inside bring themselves into view
     m_scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

@@ -52,7 +52,7 @@ ShortcutInfo infoOf(const QString &id)
 } // namespace
 
 ShortcutsPage::ShortcutsPage(QWidget *parent)
-    : SettingsPage(tr("Shortcuts"), parent), m_resetAll(new QPushButton(tr("Reset all…"), this))
+    : SettingsPage(tr("Shortcuts"), parent), m_resetAll(new QPushButton(tr("Reset All…"), this))
 {
     m_resetAll->setAutoDefault(false);
     addRows();
@@ -91,7 +91,7 @@ QWidget *ShortcutsPage::changeable(const QString &id, const QString &text)
 {
     auto *box = new QWidget(this);
     auto *reset = new IconButton(
-        QStringLiteral(":/icons_svg/retry.svg"), tr("Reset \"%1\" to its standard keys").arg(text), box);
+        QStringLiteral(":/icons_svg/retry.svg"), tr("Reset “%1” to its standard keys").arg(text), box);
     QSizePolicy policy = reset->sizePolicy();
     policy.setRetainSizeWhenHidden(true); // the keys stand in one column
     reset->setSizePolicy(policy);
@@ -104,7 +104,9 @@ QWidget *ShortcutsPage::changeable(const QString &id, const QString &text)
     layout->addWidget(reset);
     layout->addWidget(field);
     connect(field, &KeyField::keysChosen, this, [this, id](const QKeySequence &keys) { choose(id, keys); });
+    connect(field, &KeyField::waitBegun, notice(), &QWidget::hide);
     connect(reset, &QAbstractButton::clicked, this, [this, id] {
+        notice()->hide();
         Shortcuts::instance()->reset(id);
         m_rows.value(id).field->setFocus();
     });
@@ -136,14 +138,14 @@ void ShortcutsPage::refuse(const QString &id, const QKeySequence &keys)
         return;
     }
     const ShortcutInfo holder = infoOf(verdict.holder);
-    const QString text = tr("%1 already stands for \"%2\".").arg(native(keys), holder.text);
+    const QString text = tr("%1 already stands for “%2”.").arg(native(keys), holder.text);
     if (!holder.changeable) {
         notice()->showText(text);
         return;
     }
     m_wantedId = id;
     m_wantedKeys = keys;
-    notice()->showAction(text, tr("Use here"), NoticeBar::Tone::Problem, NoticeBar::Stay);
+    notice()->showAction(text, tr("Use Here"), NoticeBar::Tone::Problem, NoticeBar::Stay);
 }
 
 void ShortcutsPage::showKeys(const QString &id)
@@ -162,7 +164,7 @@ void ShortcutsPage::showKeys(const QString &id)
 void ShortcutsPage::askToResetAll()
 {
     auto *dialog = new ConfirmDialog(
-        tr("Shortcuts"), tr("Reset all shortcuts to the standard keys?"), tr("Reset all"), window());
+        tr("Shortcuts"), tr("Reset all shortcuts to the standard keys?"), tr("Reset All"), window());
     dialog->addText(tr("Your own keys are forgotten."));
     connect(dialog, &QDialog::accepted, Shortcuts::instance(), &Shortcuts::resetAll);
     dialog->open();

@@ -83,7 +83,7 @@ StorageRow::StorageRow(const zel::settings::StoragePlace &place, QWidget *parent
     m_path->setToolTip(place.path());
     m_path->setAccessibleName(place.path());
     auto *show = new IconButton(
-        QStringLiteral(":/icons_svg/folder_open.svg"), tr("Show folder of \"%1\"").arg(name), this);
+        QStringLiteral(":/icons_svg/folder_open.svg"), tr("Show folder of “%1”").arg(name), this);
     connect(show, &QAbstractButton::clicked, this, &StorageRow::showFolderRequested);
 
     auto *top = new QHBoxLayout;
@@ -96,7 +96,7 @@ StorageRow::StorageRow(const zel::settings::StoragePlace &place, QWidget *parent
     if (isClearable(place.kind)) {
         m_clear = new QPushButton(tr("Clear…"), this);
         m_clear->setAutoDefault(false);
-        m_clear->setAccessibleName(tr("Clear \"%1\"…").arg(name));
+        m_clear->setAccessibleName(tr("Clear “%1”…").arg(name));
         connect(m_clear, &QPushButton::clicked, this, &StorageRow::clearRequested);
         bottom->addWidget(m_clear);
         setTabOrder(m_clear, show); // which was made first
