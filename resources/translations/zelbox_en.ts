@@ -336,4 +336,14 @@
         </translation>
     </message>
 </context>
+<context>
+    <name>ZelBoxExitDialog</name>
+    <message numerus="yes">
+        <source>%Ln transfer(s) are under way. They go on after the exit until they are done.</source>
+        <translation>
+            <numerusform>%Ln transfer is under way. It goes on after the exit until it is done.</numerusform>
+            <numerusform>%Ln transfers are under way. They go on after the exit until they are done.</numerusform>
+        </translation>
+    </message>
+</context>
 </TS>

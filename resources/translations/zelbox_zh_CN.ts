@@ -2365,6 +2365,12 @@
 </context>
 <context>
     <name>ZelBoxExitDialog</name>
+    <message numerus="yes">
+        <source>%Ln transfer(s) are under way. They go on after the exit until they are done.</source>
+        <translation>
+            <numerusform>还有 %Ln 个传输正在进行，退出后会继续直到完成。</numerusform>
+        </translation>
+    </message>
     <message>
         <source>Exit</source>
         <translation>退出</translation>

@@ -6,6 +6,7 @@
 #include "app/boxwindows.h"
 #include "app/commanddispatcher.h"
 #include "app/commandline.h"
+#include "app/goingon.h"
 #include "app/memory.h"
 #include "app/pagelist.h"
 #include "app/selftest.h"
@@ -340,6 +341,7 @@ void ZelBoxCore::presentExitDialog(bool wanted)
         connect(dialog, &ZelBoxExitDialog::exitChosen, this, &ZelBoxCore::quitLater);
         connect(dialog, &ZelBoxExitDialog::backgroundChosen, m_background, &BackgroundMode::leaveScreen);
         connect(dialog, &QDialog::rejected, m_clientProxy, &ZelBoxClientSvrProxy::onWindowOpened);
+        zel::tellWhatGoesOn(m_cloudService, dialog);
     };
     m_dialogs.present<ZelBoxExitDialog>(m_windows->frontWindow(), setUp)->setExitWanted(wanted);
 }

@@ -74,8 +74,11 @@ int serve(SingleInstance &instance, const ServiceOptions &options)
         exitSignal.setEnabled(false);
         server.finish();
     });
+    const zel::service::TransferRunner &transfers = documents.transfers();
     if (options.exitWithLastClient)
-        server.finishWithoutClients(graceWithoutClients);
+        server.finishWithoutClients(
+            graceWithoutClients, [&transfers] { return !transfers.running().isEmpty(); });
+    QObject::connect(&transfers, &zel::service::TransferRunner::idle, &server, &CloudServer::workEnded);
     qCInfo(lcService, "ready");
     reportReady(options.readyFd);
     const int result = QCoreApplication::exec();

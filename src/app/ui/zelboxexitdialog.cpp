@@ -5,6 +5,7 @@
 
 #include <QCheckBox>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -15,6 +16,8 @@ ZelBoxExitDialog::ZelBoxExitDialog(QWidget *parent)
     addText(tr(
         "In the background, ZEL Box keeps your list of recent documents current. Start it again to bring its "
         "window back."));
+    m_transfers = addText({});
+    m_transfers->hide();
     body()->addWidget(m_remember);
 
     m_exit = buttons()->addButton(tr("Exit"), QDialogButtonBox::DestructiveRole);
@@ -33,6 +36,13 @@ void ZelBoxExitDialog::setExitWanted(bool wanted)
     QPushButton *preferred = wanted ? m_exit : m_background;
     preferred->setDefault(true);
     preferred->setFocus();
+}
+
+void ZelBoxExitDialog::tellTransfers(int underWay)
+{
+    m_transfers->setText(tr(
+        "%Ln transfer(s) are under way. They go on after the exit until they are done.", nullptr, underWay));
+    m_transfers->setVisible(underWay > 0);
 }
 
 void ZelBoxExitDialog::chooseBackground()

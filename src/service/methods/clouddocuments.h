@@ -33,6 +33,7 @@ public:
     /// database is open; costs a reading of the drive's folders, so it can wait for the first client.
     void start();
 
+    const TransferRunner &transfers() const { return m_runner; }
     RoamingMethods &roaming() { return m_roamingMethods; }
     DriveEvents &events() { return m_events; }
 

@@ -72,11 +72,17 @@ int CloudServer::welcomeCount() const
         m_sessions.begin(), m_sessions.end(), [](auto *session) { return session->isWelcome(); }));
 }
 
-void CloudServer::finishWithoutClients(std::chrono::milliseconds grace)
+void CloudServer::finishWithoutClients(std::chrono::milliseconds grace, std::function<bool()> hasWork)
 {
     m_finishWithoutClients = true;
+    m_hasWork = std::move(hasWork);
     m_grace.setInterval(grace);
-    if (m_sessions.empty())
+    workEnded();
+}
+
+void CloudServer::workEnded()
+{
+    if (m_finishWithoutClients && !m_finishing && m_sessions.empty())
         m_grace.start();
 }
 
@@ -146,13 +152,17 @@ void CloudServer::onClosed(ClientSession *session)
         return;
     if (m_finishing)
         leave();
-    else if (m_finishWithoutClients)
-        m_grace.start();
+    else
+        workEnded();
 }
 
 // Whoever starts a service meanwhile waits; a client that has just connected keeps this one.
 void CloudServer::leaveUnlessWanted()
 {
+    if (m_hasWork && m_hasWork()) {
+        qCInfo(lcService, "nobody is there; the service stays for the work that is left");
+        return;
+    }
     const auto starts = m_instance.holdStarts(posix::deadlineIn(startLockTime));
     acceptClients();
     if (!m_sessions.empty())

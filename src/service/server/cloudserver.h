@@ -7,6 +7,7 @@
 #include <QObject>
 #include <QSocketNotifier>
 #include <QTimer>
+#include <functional>
 #include <vector>
 
 namespace zel::service {
@@ -30,8 +31,10 @@ public:
     void push(std::string_view method, const apache::thrift::TBase &record) override;
     void pushTo(ClientId client, std::string_view method, const apache::thrift::TBase &record) override;
 
-    /// From now on finished() follows once no client has been there for `grace`.
-    void finishWithoutClients(std::chrono::milliseconds grace);
+    /// From now on finished() follows once no client has been there for `grace`, unless `hasWork` says by
+    /// then that there is work left; then it is asked again `grace` after workEnded().
+    void finishWithoutClients(std::chrono::milliseconds grace, std::function<bool()> hasWork = {});
+    void workEnded(); ///< what kept the service
     /// Takes no further client or request, answers what it owes, and says finished(); a client that takes
     /// longer than `patience` to read its answers is cut off.
     void finish(std::chrono::milliseconds patience = std::chrono::milliseconds(3000));
@@ -60,6 +63,7 @@ private:
     QTimer m_patience;
     std::vector<ClientSession *> m_sessions;
     quint64 m_lastId = 0;
+    std::function<bool()> m_hasWork;
     bool m_finishWithoutClients = false;
     bool m_finishing = false;
     bool m_finished = false;

@@ -205,6 +205,8 @@ void TransferRunner::onFinished(Lane &lane, const DriveResult<TransferOutcome> &
     if (task.hasEnded())
         Q_EMIT ended(task, outcome ? *outcome : TransferOutcome());
     schedule();
+    if (running().isEmpty())
+        Q_EMIT idle();
 }
 
 void TransferRunner::finish(TransferTask &task, const DriveResult<TransferOutcome> &outcome, Order order)

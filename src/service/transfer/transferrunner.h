@@ -55,6 +55,7 @@ Q_SIGNALS:
     void progressed(const vela::TransferOpertionInfo &info);
     /// Follows changed(): it is done, failed or cancelled.
     void ended(const TransferTask &task, const TransferOutcome &outcome);
+    void idle(); ///< the last one that ran has ended, and none waits that could be begun
 
 private:
     struct Lane
