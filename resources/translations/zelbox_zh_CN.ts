@@ -650,7 +650,7 @@
     </message>
     <message>
         <source>Signed in. Everything stays on this computer.</source>
-        <translation>已登录。所有内容都保存在这台计算机上。</translation>
+        <translation>已登录。所有内容都保存在这台电脑上。</translation>
     </message>
 </context>
 <context>
@@ -1365,7 +1365,7 @@
     </message>
     <message>
         <source>No program on this computer opens “%1”.</source>
-        <translation>此电脑上没有可以打开“%1”的程序。</translation>
+        <translation>这台电脑上没有可以打开“%1”的程序。</translation>
     </message>
     <message>
         <source>This file is on another device only.</source>
@@ -1410,7 +1410,7 @@
     </message>
     <message>
         <source>Which functions are used how often, for whoever looks for errors. Off unless you switch it on; the file never leaves this computer.</source>
-        <translation>记录各功能的使用频率，便于排查错误。默认关闭；该文件不会离开这台计算机。</translation>
+        <translation>记录各功能的使用频率，便于排查错误。默认关闭；该文件不会离开这台电脑。</translation>
     </message>
     <message>
         <source>What is stored where</source>
@@ -2427,7 +2427,7 @@
     </message>
     <message>
         <source>On this computer</source>
-        <translation>在这台计算机上</translation>
+        <translation>在这台电脑上</translation>
     </message>
 </context>
 <context>
@@ -2617,7 +2617,7 @@
     </message>
     <message>
         <source>The cloud service keeps the names and places of these documents. Without a server of your own, they stay on this computer.</source>
-        <translation>云服务会保存这些文档的名称和位置。如果没有您自己的服务器，它们只保存在这台计算机上。</translation>
+        <translation>云服务会保存这些文档的名称和位置。如果没有您自己的服务器，它们只保存在这台电脑上。</translation>
     </message>
     <message>
         <source>Got It</source>
@@ -2766,8 +2766,8 @@ Last used on %2</source>
         <translation>仅保存在本机</translation>
     </message>
     <message>
-        <source>Connect a cloud</source>
-        <translation>连接云服务</translation>
+        <source>Sign In…</source>
+        <translation>登录…</translation>
     </message>
 </context>
 </TS>

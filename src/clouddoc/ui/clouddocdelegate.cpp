@@ -51,7 +51,7 @@ QString CloudDocDelegate::toolTip(const QModelIndex &index) const
     QStringList lines{zel::plainLine(document.name)};
     if (document.modifiedAt > 0) {
         const QDateTime time = QDateTime::fromMSecsSinceEpoch(document.modifiedAt);
-        lines << tr("Modified: %1").arg(zel::longTimeText(time));
+        lines << tr("Modified: %1").arg(zel::longTimeText(time).replace(QLatin1Char(' '), QChar::Nbsp));
     }
     if (!document.folder)
         lines << tr("Size: %1").arg(zel::sizeText(document.size));

@@ -48,12 +48,6 @@ std::unique_ptr<QMimeData> View::dragData(const QModelIndexList &rows) const
     return itemsMimeData(items, paths);
 }
 
-// Other programs get copies, unless the user asks for a move; within the drive it is always one.
-Qt::DropActions View::dragActions() const
-{
-    return Qt::CopyAction | Qt::MoveAction;
-}
-
 bool View::acceptDrop(QDropEvent *event, const QModelIndex &row)
 {
     if (!row.isValid())

@@ -26,7 +26,6 @@ Q_SIGNALS:
 
 protected:
     std::unique_ptr<QMimeData> dragData(const QModelIndexList &rows) const override;
-    Qt::DropActions dragActions() const override;
     bool rowsTakeDrops() const override { return true; }
     bool acceptDrop(QDropEvent *event, const QModelIndex &row) override;
     void dropInto(const QModelIndex &row, QDropEvent *event) override;

@@ -1,6 +1,7 @@
 #include "clouddoc/ui/clouddocopening.h"
 
 #include "clouddoc/clouddoclogic.h"
+#include "krecentfile.h"
 #include "lists/documentopening.h"
 #include "lists/ui/openingnotices.h"
 
@@ -12,6 +13,10 @@ CloudDocOpening::CloudDocOpening(CloudDocLogic *logic, NoticeBar *notice, QObjec
       m_opening(new DocumentOpening(nullptr, this)),
       m_notices(new OpeningNotices(m_opening, notice, this))
 {
+    connect(m_opening, &DocumentOpening::opened, this, [](const QString &path) {
+        if (KRecentFileProxy *recent = KRecentFileProxy::instance())
+            recent->noteOpened(path);
+    });
     connect(logic, &CloudDocLogic::transferEnded, this, &CloudDocOpening::onTransferEnded);
     connect(logic, &CloudDocLogic::operationFailed, this, [this](CloudOperation operation) {
         if (operation != CloudOperation::Download)

@@ -2,12 +2,9 @@
 
 #include "clouddoc/clouddoclogic.h"
 #include "clouddoc/cloudproblemtext.h"
-#include "klitestyle.h"
 #include "widgets/emptystate.h"
-#include "widgets/rowpaint.h"
 
 #include <QAbstractItemView>
-#include <QPainter>
 #include <QPushButton>
 
 using Logic = CloudDocLogic;
@@ -98,21 +95,4 @@ QWidget *CloudDocStates::makeOffline()
         tr("The cloud service does not answer. The page comes back by itself once it does."), this);
     connect(offline->addAction(tr("Retry")), &QAbstractButton::clicked, this, &StateStack::retryRequested);
     return offline;
-}
-
-void CloudDocStates::setDropTarget(bool target)
-{
-    m_dropTarget = target;
-    update();
-}
-
-void CloudDocStates::paintEvent(QPaintEvent *event)
-{
-    StateStack::paintEvent(event);
-    if (!m_dropTarget)
-        return;
-    QPainter painter(this);
-    painter.setRenderHint(QPainter::Antialiasing);
-    const int inset = KLiteStyle::dpiScaled(6);
-    zel::paintDropGround(&painter, rect().adjusted(inset, inset, -inset, -inset), true);
 }

@@ -16,8 +16,7 @@ class CloudDocStates : public StateStack
 public:
     CloudDocStates(CloudDocLogic *logic, QAbstractItemView *list, QWidget *parent = nullptr);
 
-    bool isStale() const;            ///< the rows are there, the service is not
-    void setDropTarget(bool target); ///< a frame around all, while something is dragged over it
+    bool isStale() const; ///< the rows are there, the service is not
 
 public Q_SLOTS:
     void follow();
@@ -28,9 +27,6 @@ Q_SIGNALS:
     void newFolderRequested();
     void folderMenuRequested(const QPoint &globalPos); ///< of the empty folder
 
-protected:
-    void paintEvent(QPaintEvent *event) override;
-
 private:
     State wantedState() const;
     QWidget *makeEmpty();
@@ -40,5 +36,4 @@ private:
     QAbstractItemView *m_list;
     QTimer m_waitingSoon{this};
     bool m_waitsLong = false;
-    bool m_dropTarget = false;
 };

@@ -74,16 +74,15 @@ const Dragged &dragged(const QDropEvent *event)
 
 } // namespace
 
-// A source that offers to move only would delete the files once we have "taken" them.
+// Within the drive it is a move, but nobody is offered one: file managers would take the files out of the
+// drive. And a source that offers to move only would delete its files once we have "taken" them.
 bool acceptDrag(QDropEvent *event, const QString &folderId)
 {
     const auto &[data, items, files] = dragged(event);
-    const bool moves = !items.ids.isEmpty() && items.folderId != folderId && !items.ids.contains(folderId)
-        && event->possibleActions().testFlag(Qt::MoveAction);
-    const bool copies = event->possibleActions().testFlag(Qt::CopyAction) && files;
-    if (!moves && !copies)
+    const bool moves = !items.ids.isEmpty() && items.folderId != folderId && !items.ids.contains(folderId);
+    if (!event->possibleActions().testFlag(Qt::CopyAction) || (!moves && !files))
         return false;
-    event->setDropAction(moves ? Qt::MoveAction : Qt::CopyAction);
+    event->setDropAction(Qt::CopyAction);
     event->accept();
     return true;
 }

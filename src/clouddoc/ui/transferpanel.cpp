@@ -36,6 +36,9 @@ TransferPanel::TransferPanel(CloudTransferModel *transfers, QWidget *parent)
     connect(m_clear, &QAbstractButton::clicked, this, &TransferPanel::clearRequested);
     connect(transfers, &CloudTransferModel::activityChanged, this, &TransferPanel::follow);
     connect(transfers, &QAbstractItemModel::rowsInserted, this, &TransferPanel::follow);
+    // Queued: the view has its rows by then. The newest stands first.
+    connect(transfers, &QAbstractItemModel::rowsInserted, m_view, &TransferListView::scrollToTop,
+        Qt::QueuedConnection);
     connect(transfers, &QAbstractItemModel::rowsRemoved, this, &TransferPanel::follow);
     connect(transfers, &QAbstractItemModel::modelReset, this, &TransferPanel::follow);
     connect(m_slide, &QAbstractAnimation::finished, this, [this] { setVisible(m_open); });

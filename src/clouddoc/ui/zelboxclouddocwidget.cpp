@@ -18,10 +18,10 @@
 #include "clouddoc/ui/transferpanel.h"
 #include "kskin.h"
 #include "lists/listsortmemory.h"
+#include "lists/ui/pagedrops.h"
 
 #include <QApplication>
 #include <QClipboard>
-#include <QDragEnterEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -58,7 +58,8 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
     connectTransfers();
     m_countSoon.setSingleShot(true);
     connect(&m_countSoon, &QTimer::timeout, this, &ZelBoxCloudDocWidget::showCounts);
-    setAcceptDrops(true);
+    new PageDrops(
+        this, m_states, m_view->cargo(), [this] { return m_logic->state() == Logic::State::Ready; });
     setAccessibleName(tr("Cloud documents"));
     m_toolBar->crumbs()->setCrumbs(namedCrumbs({}));
     m_logic->setSortOrder(zel::storedSort(SortKeys, m_logic->documents()->sortOrder()));
@@ -377,34 +378,4 @@ void ZelBoxCloudDocWidget::mousePressEvent(QMouseEvent *event)
 void ZelBoxCloudDocWidget::paintEvent(QPaintEvent *event)
 {
     QPainter(this).fillRect(event->rect(), KSkin::color(KSkin::Color::Surface));
-}
-
-// The list takes what is dragged over it; this is for the page without one.
-void ZelBoxCloudDocWidget::dragEnterEvent(QDragEnterEvent *event)
-{
-    const bool taken = m_logic->state() == Logic::State::Ready && acceptDrag(event, m_logic->folderId());
-    m_states->setDropTarget(taken && m_states->state() != State::List);
-    event->setAccepted(taken);
-}
-
-void ZelBoxCloudDocWidget::dragMoveEvent(QDragMoveEvent *event)
-{
-    event->setAccepted(acceptDrag(event, m_logic->folderId()));
-}
-
-void ZelBoxCloudDocWidget::dragLeaveEvent(QDragLeaveEvent *)
-{
-    m_states->setDropTarget(false);
-}
-
-void ZelBoxCloudDocWidget::dropEvent(QDropEvent *event)
-{
-    m_states->setDropTarget(false);
-    if (m_logic->state() != Logic::State::Ready || !acceptDrag(event, m_logic->folderId()))
-        return event->ignore();
-    const CarriedItems items = itemsOf(event->mimeData());
-    if (items.ids.isEmpty())
-        m_commands->upload(m_logic->folderId(), localFiles(event->mimeData()));
-    else
-        m_commands->move(m_logic->folderId(), items.ids, items.folderId);
 }

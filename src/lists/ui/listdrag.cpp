@@ -66,24 +66,39 @@ ListDropTarget::ListDropTarget(ListCargo *cargo) : m_cargo(cargo)
 }
 
 // Without an accepted begin no steps follow, and a row that takes it may come under the pointer.
-void ListDropTarget::enter(QDropEvent *event, const QModelIndex &row)
+void ListDropTarget::enter(QDropEvent *event, const QModelIndex &row, int offset)
 {
-    move(event, row);
+    m_pos = {-1, -1};
+    move(event, row, offset);
     if (m_cargo->rowsTakeDrops())
         event->setAccepted(true);
 }
 
-void ListDropTarget::move(QDropEvent *event, const QModelIndex &row)
+// Scrolling under a still pointer is the user's own; rows that go or slide are not.
+QModelIndex ListDropTarget::meantRow(const QPoint &pos, const QModelIndex &row, int offset)
 {
+    const bool gone = m_pointsAtRow && !m_pointed.isValid();
+    if (pos != m_pos || (offset != m_offset && !gone)) {
+        m_pointed = row;
+        m_pointsAtRow = row.isValid();
+    }
+    m_pos = pos;
+    m_offset = offset;
+    return m_pointed;
+}
+
+void ListDropTarget::move(QDropEvent *event, const QModelIndex &under, int offset)
+{
+    const QModelIndex row = meantRow(event->pos(), under, offset);
     const bool byRow = row.isValid() && m_cargo->rowsTakeDrops() && m_cargo->acceptDrop(event, row);
     const bool byList = !byRow && m_cargo->acceptDrop(event, {});
     set(byList, byRow ? row : QModelIndex());
     event->setAccepted(byRow || byList);
 }
 
-void ListDropTarget::drop(QDropEvent *event, const QModelIndex &row)
+void ListDropTarget::drop(QDropEvent *event, const QModelIndex &row, int offset)
 {
-    move(event, row);
+    move(event, row, offset);
     const QModelIndex into = m_row;
     leave();
     if (event->isAccepted())

@@ -2,6 +2,7 @@
 
 #include <QModelIndexList>
 #include <QPersistentModelIndex>
+#include <QPoint>
 #include <QTimer>
 #include <memory>
 
@@ -40,10 +41,11 @@ class ListDropTarget : public QObject
 public:
     explicit ListDropTarget(ListCargo *cargo);
 
-    /// Steps of a drag; `row` is under the pointer. Accept or ignore the event.
-    void enter(QDropEvent *event, const QModelIndex &row);
-    void move(QDropEvent *event, const QModelIndex &row);
-    void drop(QDropEvent *event, const QModelIndex &row);
+    /// Steps of a drag; `row` is under the pointer, in a list that is scrolled by `offset`. Accept or ignore
+    /// the event. What comes under a pointer that stands still, as when a folder opens, is not meant.
+    void enter(QDropEvent *event, const QModelIndex &row, int offset);
+    void move(QDropEvent *event, const QModelIndex &row, int offset);
+    void drop(QDropEvent *event, const QModelIndex &row, int offset);
     void leave() { set(false, {}); }
 
     bool isList() const { return m_list; }
@@ -55,9 +57,14 @@ Q_SIGNALS:
 
 private:
     void set(bool list, const QModelIndex &row);
+    QModelIndex meantRow(const QPoint &pos, const QModelIndex &row, int offset);
 
     ListCargo *m_cargo;
     QPersistentModelIndex m_row;
+    QPersistentModelIndex m_pointed; ///< what the pointer came to rest over
+    QPoint m_pos{-1, -1};
+    int m_offset = 0;
+    bool m_pointsAtRow = false;
     QTimer m_lingering;
     bool m_list = false;
 };

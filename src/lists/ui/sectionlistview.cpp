@@ -8,6 +8,7 @@
 #include <QDragEnterEvent>
 #include <QHelpEvent>
 #include <QStyle>
+#include <QToolTip>
 
 namespace {
 
@@ -37,6 +38,8 @@ void View::reset()
     m_memory.clear();
     m_drop.leave();
     TypingListArea::reset();
+    if (underMouse())
+        QToolTip::hideText(); // that of a row which is not there any more
 }
 
 QModelIndexList View::selectedRows() const
@@ -258,12 +261,12 @@ void View::startDrag(Qt::DropActions actions)
 
 void View::dragEnterEvent(QDragEnterEvent *event)
 {
-    m_drop.enter(event, indexAt(event->pos()));
+    m_drop.enter(event, indexAt(event->pos()), verticalOffset());
 }
 
 void View::dragMoveEvent(QDragMoveEvent *event)
 {
-    m_drop.move(event, indexAt(event->pos()));
+    m_drop.move(event, indexAt(event->pos()), verticalOffset());
     startAutoScroll();
 }
 
@@ -277,7 +280,7 @@ void View::dragLeaveEvent(QDragLeaveEvent *event)
 void View::dropEvent(QDropEvent *event)
 {
     stopAutoScroll();
-    m_drop.drop(event, indexAt(event->pos()));
+    m_drop.drop(event, indexAt(event->pos()), verticalOffset());
     setState(NoState);
 }
 
@@ -317,6 +320,8 @@ void View::keyPressEvent(QKeyEvent *event)
 // The base class selects no row that is current already, and steps from a row that nobody sees.
 void View::moveByKey(QKeyEvent *event, bool ledBefore)
 {
+    if (event->modifiers() & (Qt::AltModifier | Qt::MetaModifier))
+        return event->ignore(); // somebody else's, also while that cannot do anything
     const bool moves = ListKeyboard::isMove(*event);
     const bool begins =
         moves && !ledBefore && hasFocus() && selectionModel() && !selectionModel()->hasSelection();

@@ -48,6 +48,7 @@ public:
     void requestMenuOfCurrent() { m_menu.request(); } ///< selects the current row for it
     /// Opens a menu of rows there; one that was asked for by keyboard has its first entry marked.
     void popUp(QMenu *menu, const QPoint &globalPos) { m_menu.popUp(menu, globalPos); }
+    ListCargo *cargo() { return this; } ///< what can be dragged out and dropped in
     /// Changes what the model filters by, with `apply`. What is found begins at its first row; once nothing
     /// is hidden any more, the row that was current before is again, unless another one was picked meanwhile.
     void changeFilter(bool hidesRows, const QStringList &words, const std::function<void()> &apply);

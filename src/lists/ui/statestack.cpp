@@ -1,8 +1,11 @@
 #include "lists/ui/statestack.h"
 
+#include "klitestyle.h"
 #include "widgets/emptystate.h"
 #include "widgets/loadingindicator.h"
+#include "widgets/rowpaint.h"
 
+#include <QPainter>
 #include <QPushButton>
 
 StateStack::StateStack(QWidget *list, const QString &name, QWidget *parent)
@@ -77,4 +80,21 @@ EmptyStateWidget *StateStack::makeEmptyState(
     if (pressed)
         connect(made->addAction(button), &QAbstractButton::clicked, this, pressed);
     return made;
+}
+
+void StateStack::setDropTarget(bool target)
+{
+    m_dropTarget = target;
+    update();
+}
+
+void StateStack::paintEvent(QPaintEvent *event)
+{
+    QStackedWidget::paintEvent(event);
+    if (!m_dropTarget)
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const int inset = KLiteStyle::dpiScaled(6);
+    zel::paintDropGround(&painter, rect().adjusted(inset, inset, -inset, -inset), true);
 }

@@ -33,12 +33,16 @@ public:
 
     State state() const { return m_state; }
     void setState(State state);
+    void setDropTarget(bool target); ///< a frame around all, while something is dragged over it
     QWidget *widgetOf(State state) const { return m_widgets[int(state)]; } ///< null: not made yet
 
 Q_SIGNALS:
     void stateChanged(StateStack::State state);
     void retryRequested();
     void clearFilterRequested();
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     struct Texts
@@ -57,4 +61,5 @@ private:
     Maker m_makers[6];          // likewise
     Texts m_texts[6];           // likewise
     State m_state = State::Waiting;
+    bool m_dropTarget = false;
 };

@@ -36,6 +36,7 @@ KCentralWidget::KCentralWidget(
     m_navigation->setBottomWidget(m_spaceBar);
     m_titleBar->setSearchIndent(
         m_navigation->minimumWidth() + 1 + KLiteStyle::dpiScaled(PageMargin - 2)); // its own round frame
+    m_stack->setMinimumHeight(1); // a page that would like more than there is must not squeeze the title bar
     auto *body = new QHBoxLayout;
     body->setSpacing(1); // the hairlines between the parts
     body->addWidget(m_navigation);

@@ -77,7 +77,7 @@ ZelBoxUnLoginSpaceWidget::ZelBoxUnLoginSpaceWidget(QWidget *parent) : QWidget(pa
 {
     auto *text = quietLabel(this);
     text->setText(tr("On this computer only"));
-    auto *login = linkButton(tr("Connect a cloud"), this);
+    auto *login = linkButton(tr("Sign In…"), this);
     login->setObjectName(QStringLiteral("loginLink"));
     connect(login, &QPushButton::clicked, this, &ZelBoxUnLoginSpaceWidget::onLoginLinkClicked);
     auto *layout = new QVBoxLayout(this);

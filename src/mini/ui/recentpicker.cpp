@@ -211,6 +211,8 @@ bool RecentPicker::eventFilter(QObject *watched, QEvent *event)
 
 bool RecentPicker::handleKey(QKeyEvent *event)
 {
+    if (event->modifiers() & Qt::AltModifier)
+        return false; // the window's
     switch (event->key()) {
     case Qt::Key_Up:
     case Qt::Key_Down:

@@ -1,6 +1,7 @@
 #include "recentfile/ui/recentfilewidgetbase.h"
 
 #include "kskin.h"
+#include "lists/ui/pagedrops.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
 #include "recentfile/recenttelemetry.h"
@@ -68,6 +69,7 @@ void ZelBoxRecentFileWidgetBase::layOut()
     layout->addWidget(m_filterBar);
     layout->addWidget(m_stack, 1);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
+    new PageDrops(this, m_stack, m_view->cargo());
     m_title->addCommands(
         {m_commands->action(RecentCommand::Undo), m_commands->action(RecentCommand::Refresh)});
     onStateChanged();

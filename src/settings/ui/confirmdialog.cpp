@@ -8,7 +8,7 @@ ConfirmDialog::ConfirmDialog(
     : BoxDialog(title, question, parent)
 {
     setAttribute(Qt::WA_DeleteOnClose);
-    buttons()->addButton(yes, QDialogButtonBox::AcceptRole)->setAutoDefault(false);
+    buttons()->addButton(yes, QDialogButtonBox::AcceptRole);
     QPushButton *no = buttons()->addButton(tr("Cancel"), QDialogButtonBox::RejectRole);
     no->setDefault(true);
     no->setFocus();
