@@ -185,10 +185,10 @@ TempEntry::~TempEntry()
     if (m_kept || !disk::removeTree(m_folder, m_name))
         return; // one that cannot be removed keeps its row, so that the next start tries again
     const DriveHold hold = m_index.hold();
-    note();
+    dropRow();
 }
 
-void TempEntry::note()
+void TempEntry::dropRow()
 {
     sqlite::Statement(m_index.database(), "DELETE FROM drive_temp WHERE id = ?").bind(1, m_row).run();
 }
@@ -207,8 +207,9 @@ void Unsynced::add(int folder)
     m_folders.emplace_back(::fcntl(folder, F_DUPFD_CLOEXEC, 0));
 }
 
-void Unsynced::sync()
+void Unsynced::sync(DriveHold &hold)
 {
+    hold.unlock();
     for (const disk::UniqueFd &folder : m_folders)
         if (folder && ::fsync(folder.get()) != 0)
             qCWarning(lcService, "drive: a folder cannot be flushed: %s", std::strerror(errno));

@@ -56,7 +56,7 @@ public:
 
     const QString &name() const { return m_name; }
     DriveResult<disk::UniqueFd> makeFile(); ///< open for writing; only the user may read it so far
-    void note();                            ///< that it is kept, in the transaction that says so
+    void dropRow();                         ///< in the transaction that says what it has become
     void keep() { m_kept = true; }          ///< it has its real name now, and the transaction is done
 
 private:
@@ -72,8 +72,8 @@ private:
 class Unsynced
 {
 public:
-    void add(int folder); ///< keeps a descriptor of its own
-    void sync();
+    void add(int folder);       ///< keeps a descriptor of its own
+    void sync(DriveHold &hold); ///< lets go of `hold`, which is held
 
 private:
     std::vector<disk::UniqueFd> m_folders;

@@ -22,11 +22,6 @@ using State = DriveRecord::State;
 constexpr char TrashName[] = ".zel-trash";
 constexpr QLatin1String DoomedPrefix("purged-"); // places are numbers
 
-DriveError notInTrash()
-{
-    return {Kind::NotFound, QStringLiteral("not in the trash")};
-}
-
 bool makeFolder(int parent, const QString &name, mode_t mode)
 {
     return ::mkdirat(parent, name.toUtf8().constData(), mode) == 0;
@@ -93,7 +88,7 @@ DriveDone DriveTrash::recover()
     if (!trash && trash.error().kind != Kind::NotFound)
         return trash.error();
     QSet<QString> known;
-    const QVector<Row> noted = rows(0);
+    const QVector<Row> noted = m_table.all();
     for (const Row &row : noted) {
         const bool there = trash && holds(trash->get(), row.place, row.item.name);
         known.insert(row.place);
@@ -138,53 +133,8 @@ DriveDone DriveTrash::adoptOrphan(int trash, const QString &place)
     row.item.isFolder = entry->isFolder;
     row.item.size = entry->size;
     row.item.deletedAt = QDateTime::currentMSecsSinceEpoch();
-    insert(row);
+    m_table.add(row);
     return m_index.failed() ? DriveDone(m_index.error()) : DriveOk();
-}
-
-qint64 DriveTrash::insert(const Row &row)
-{
-    sqlite::Statement(m_index.database(),
-        "INSERT INTO drive_trash(item, parent, folder, name, is_folder, size, deleted_at, place)"
-        " VALUES(?, ?, ?, ?, ?, ?, ?, ?)")
-        .bind(1, row.record)
-        .bind(2, row.parent)
-        .bind(3, row.item.folder)
-        .bind(4, row.item.name)
-        .bind(5, qint64(row.item.isFolder))
-        .bind(6, row.item.size)
-        .bind(7, row.item.deletedAt)
-        .bind(8, row.place)
-        .run();
-    return m_index.failed() ? 0 : m_index.database().lastRowId(); // else that of another row
-}
-
-QVector<DriveTrash::Row> DriveTrash::rows(qint64 id)
-{
-    sqlite::Statement query(m_index.database(),
-        "SELECT id, item, parent, folder, name, is_folder, size, deleted_at, place FROM drive_trash"
-        " WHERE ?1 = 0 OR id = ?1 ORDER BY id DESC");
-    query.bind(1, id);
-    QVector<Row> rows;
-    while (query.step()) {
-        Row row;
-        row.id = query.number(0);
-        row.record = query.number(1);
-        row.parent = query.number(2);
-        row.place = query.text(8);
-        row.item = {QString::number(row.id), driveIdText(row.record), query.text(4), query.text(3),
-            query.number(5) != 0, query.number(6), query.number(7)};
-        rows.append(row);
-    }
-    return rows;
-}
-
-DriveResult<DriveTrash::Row> DriveTrash::row(qint64 id)
-{
-    const QVector<Row> found = id > 0 ? rows(id) : QVector<Row>();
-    if (m_index.failed())
-        return m_index.error();
-    return found.isEmpty() ? DriveResult<Row>(notInTrash()) : found.first();
 }
 
 // Removes a row; `state` is what becomes of the record, Trashed: it goes as well.
@@ -192,7 +142,7 @@ DriveDone DriveTrash::forget(const Row &row, State state)
 {
     const DriveHold hold = m_index.hold();
     sqlite::Transaction transaction(m_index.database());
-    sqlite::Statement(m_index.database(), "DELETE FROM drive_trash WHERE id = ?").bind(1, row.id).run();
+    m_table.remove(row.id);
     if (state == State::Missing)
         m_index.setState(row.record, State::Missing);
     else if (state == State::Trashed)
@@ -219,7 +169,7 @@ DriveResult<DriveTrashItem> DriveTrash::put(const DriveTree::Spot &spot, Unsynce
     if (!makeFolder(trash->get(), row.place, 0700))
         return disk::lastError("trash");
     const disk::UniqueFd place = disk::openFolder(trash->get(), row.place);
-    row.id = place ? insert(row) : 0;
+    row.id = place ? m_table.add(row) : 0;
     DriveDone moved = place && !m_index.failed()
         ? moveThere(spot, place.get(), row)
         : DriveDone(place ? m_index.error() : disk::lastError("trash"));
@@ -261,7 +211,7 @@ DriveResult<QVector<DriveTrashItem>> DriveTrash::list()
     if (!trash && trash.error().kind != Kind::NotFound)
         return trash.error();
     QVector<DriveTrashItem> items;
-    const QVector<Row> all = rows(0);
+    const QVector<Row> all = m_table.all();
     for (const Row &row : all) {
         if (trash && holds(trash->get(), row.place, row.item.name))
             items.append(row.item);
@@ -294,11 +244,11 @@ DriveResult<qint64> DriveTrash::originalFolder(const Row &row)
 DriveResult<DriveItem> DriveTrash::restore(qint64 id)
 {
     DriveHold hold = m_index.hold();
-    auto row = this->row(id);
+    auto row = m_table.find(id);
     if (row) { // its folder may have been moved, which takes long to find out
         hold.unlock();
         (void)m_tree.openFolder(row->parent, hold);
-        row = this->row(id);
+        row = m_table.find(id);
     }
     const auto trash = row ? open(false) : DriveResult<disk::UniqueFd>(row.error());
     if (!trash)
@@ -329,10 +279,9 @@ DriveResult<DriveItem> DriveTrash::restore(qint64 id)
         return restored;
     }
     removeEmpty(trash->get(), row->place);
-    hold.unlock();
     Unsynced changed;
     changed.add(folder->get());
-    changed.sync();
+    changed.sync(hold);
     return restored;
 }
 
@@ -340,7 +289,7 @@ DriveResult<DriveItem> DriveTrash::finishRestore(const Row &row, qint64 folderId
 {
     sqlite::Transaction transaction(m_index.database());
     auto record = m_index.find(row.record);
-    sqlite::Statement(m_index.database(), "DELETE FROM drive_trash WHERE id = ?").bind(1, row.id).run();
+    m_table.remove(row.id);
     if (const auto stale = m_index.child(folderId, entry.name))
         m_index.setState(stale->id, State::Missing);
     if (record) {
@@ -361,7 +310,7 @@ DriveResult<DriveItem> DriveTrash::finishRestore(const Row &row, qint64 folderId
 DriveDone DriveTrash::purge(qint64 id)
 {
     // Without a hold for long: what is in the trash stands alone.
-    const auto row = this->row(id);
+    const auto row = m_table.find(id);
     if (!row)
         return row.error();
     const auto trash = open(false);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "service/drive/drivetransfer.h"
+#include "service/drive/drivetrashtable.h"
 #include "service/drive/drivetree.h"
 
 namespace zel::service {
@@ -26,19 +27,9 @@ public:
     DriveDone purge(qint64 id);
 
 private:
-    struct Row
-    {
-        DriveTrashItem item;
-        qint64 id = 0;
-        qint64 record = 0;
-        qint64 parent = 0;
-        QString place;
-    };
+    using Row = DriveTrashRow;
 
     DriveResult<disk::UniqueFd> open(bool make);
-    QVector<Row> rows(qint64 id); ///< 0: all, the latest first
-    DriveResult<Row> row(qint64 id);
-    qint64 insert(const Row &row);
     DriveDone forget(const Row &row, DriveRecord::State state);
     DriveDone moveThere(const DriveTree::Spot &spot, int place, const Row &row);
     DriveDone destroy(int trash, const Row &row);
@@ -48,6 +39,7 @@ private:
 
     DriveTree &m_tree;
     DriveIndex &m_index;
+    DriveTrashTable m_table{m_index};
 };
 
 } // namespace zel::service

@@ -1,7 +1,7 @@
 #include "drivetree.h"
 
 #include "base/logging.h"
-#include "drivejournal.h"
+#include "driveitem.h"
 #include "drivenames.h"
 #include "foldersync.h"
 
@@ -19,8 +19,6 @@ namespace {
 
 using Kind = DriveError::Kind;
 
-constexpr qint64 NsPerMs = 1000000;
-
 DriveError notFound()
 {
     return {Kind::NotFound, QStringLiteral("no such item")};
@@ -37,14 +35,6 @@ bool isStill(const DriveRecord &record, int fd)
 {
     const auto entry = disk::entryOf(fd);
     return entry && isUnmoved(record, *entry);
-}
-
-QString versionOf(const disk::Entry &entry)
-{
-    return QStringLiteral("%1-%2-%3")
-        .arg(entry.identity.inode, 0, 16)
-        .arg(entry.mtimeNs, 0, 16)
-        .arg(entry.size, 0, 16);
 }
 
 } // namespace
@@ -289,7 +279,7 @@ DriveDone DriveTree::refresh(QStringList folders)
     QVector<qint64> missing;
     for (const QString &path : qAsConst(folders)) {
         const DriveHold hold = m_index.hold();
-        const auto id = folderAt(path);
+        const auto id = idAt(path);
         const auto folder = id ? openFolder(*id) : DriveResult<disk::UniqueFd>(id.error());
         if (folder && sync(*id, folder->get()))
             missing += m_index.missing(*id);
@@ -299,7 +289,7 @@ DriveDone DriveTree::refresh(QStringList folders)
     return dropMissing(missing);
 }
 
-DriveResult<qint64> DriveTree::folderAt(const QString &path)
+DriveResult<qint64> DriveTree::idAt(const QString &path)
 {
     qint64 id = DriveIndex::RootId;
     const QStringList names = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
@@ -371,23 +361,7 @@ DriveResult<DriveItem> DriveTree::item(qint64 id)
 
 DriveItem DriveTree::item(const DriveRecord &record, const QString &folderPath) const
 {
-    const disk::Entry &entry = record.entry;
-    DriveItem item;
-    item.id = driveIdText(record.id);
-    item.parentId = driveIdText(record.parent);
-    item.isFolder = entry.isFolder;
-    item.size = entry.size;
-    item.ctime = entry.ctimeNs / NsPerMs;
-    item.mtime = entry.mtimeNs / NsPerMs;
-    item.version = versionOf(entry);
-    item.localPath = m_root;
-    if (!folderPath.isEmpty())
-        item.localPath += QLatin1Char('/') % folderPath;
-    if (record.id != DriveIndex::RootId) {
-        item.name = entry.name;
-        item.localPath += QLatin1Char('/') % entry.name;
-    }
-    return item;
+    return driveItem(record, m_root, folderPath);
 }
 
 QString DriveTree::pathOf(const QVector<DriveRecord> &chain)

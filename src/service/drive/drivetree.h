@@ -30,6 +30,8 @@ public:
     /// The record of a folder's entry, which gets an id when it is new.
     DriveResult<DriveRecord> childOf(qint64 folderId, int folder, const QString &name);
 
+    DriveResult<qint64> idAt(const QString &path); ///< from the root, which is the empty one. Under a hold
+
     DriveDone sync(qint64 folderId, int folder); ///< one folder
     /// The records of what is in a folder, as far as the index could take them up. Under a hold.
     DriveResult<QVector<DriveRecord>> contentOf(qint64 folderId, int folder);
@@ -54,7 +56,6 @@ private:
     DriveDone syncBelow(qint64 folderId, int folder, int depth);
     bool mayExist(qint64 id);
     bool isThere(const DriveRecord &record);
-    DriveResult<qint64> folderAt(const QString &path);
     DriveDone dropMissing(const QVector<qint64> &ids);
 
     const QString m_root;

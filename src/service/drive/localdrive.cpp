@@ -23,7 +23,11 @@ bool isAbsent(const DriveError &error)
 } // namespace
 
 LocalDrive::LocalDrive(const QString &root, sqlite::Database &database, std::shared_ptr<DriveClaim> claim)
-    : m_claim(std::move(claim)), m_index(database, *m_claim), m_tree(root, m_index), m_trash(m_tree, m_index)
+    : m_claim(std::move(claim)),
+      m_index(database, *m_claim),
+      m_tree(root, m_index),
+      m_trash(m_tree, m_index),
+      m_placing(m_tree, m_index, m_trash)
 {
 }
 
@@ -153,18 +157,12 @@ DriveResult<QVector<DriveItem>> LocalDrive::pathOf(const QString &id)
 
 DriveResult<DriveItem> LocalDrive::resolve(const QString &path)
 {
-    qint64 id = begin(rootId());
+    begin({});
     const DriveHold hold = m_index.hold();
-    const QStringList names = path.split(QLatin1Char('/'), Qt::SkipEmptyParts);
-    for (const QString &name : names) {
-        const auto folder = m_tree.openFolder(id);
-        const auto record =
-            folder ? m_tree.childOf(id, folder->get(), name) : DriveResult<DriveRecord>(folder.error());
-        if (!record)
-            return record.error();
-        id = record->id;
-    }
-    return names.isEmpty() ? stat(rootId()) : m_tree.item(id);
+    const auto id = m_tree.idAt(path);
+    if (!id)
+        return id.error();
+    return *id == DriveIndex::RootId ? stat(rootId()) : m_tree.item(*id);
 }
 
 DriveResult<DriveItem> LocalDrive::child(const QString &folderId, const QString &name)
@@ -195,8 +193,7 @@ DriveResult<DriveTrashItem> LocalDrive::trash(const QString &id)
         return spot.error();
     Unsynced changed;
     auto item = m_trash.put(*spot, changed);
-    hold.unlock();
-    changed.sync();
+    changed.sync(hold);
     return item;
 }
 

@@ -1,14 +1,11 @@
 #pragma once
 
 #include "service/drive/clouddrive.h"
-#include "service/drive/drivetrash.h"
-#include "service/drive/drivetree.h"
+#include "service/drive/driveplacing.h"
 
 #include <memory>
 
 namespace zel::service {
-
-class TempEntry;
 
 /// A drive that is a folder of this machine, in which other programs work too. An absent folder is an empty
 /// drive and is made by the first write. Ids follow items that others rename or move (see FolderSync).
@@ -64,28 +61,13 @@ public:
     DriveResult<QVector<DriveItem>> search(const QString &text, int limit) override;
 
 private:
-    struct Folder
-    {
-        qint64 id = 0;
-        disk::UniqueFd fd;
-    };
-
     qint64 begin(const QString &id);
-    DriveResult<Folder> folderToFill(const QString &id, const QString &newName, DriveHold &hold);
-    DriveDone checkTarget(const Folder &folder, const QString &name, bool isFolder, DriveConflict conflict);
-    DriveResult<DriveItem> finish(TempEntry &temp, const Folder &folder, const QString &name, bool isFolder,
-        const DriveWriteOptions &options);
-    DriveResult<DriveItem> putInPlace(
-        TempEntry &temp, const Folder &folder, const QString &name, bool isFolder, DriveConflict conflict);
-    DriveResult<DriveItem> putTrashing(TempEntry &temp, const Folder &folder, const QString &name);
-    DriveResult<DriveItem> replace(TempEntry &temp, DriveRecord record, const Folder &folder, bool isFolder);
-    DriveResult<DriveItem> lasting(DriveResult<DriveItem> item, const Folder &folder, DriveHold &hold);
-    DriveDone fill(TempEntry &temp, const Folder &folder, const QString &name, QIODevice &source,
+    DriveResult<DriveFolder> folderToFill(const QString &id, const QString &newName, DriveHold &hold);
+    DriveDone checkTarget(
+        const DriveFolder &folder, const QString &name, bool isFolder, DriveConflict conflict);
+    DriveDone fill(TempEntry &temp, const DriveFolder &folder, const QString &name, QIODevice &source,
         const DriveWriteOptions &options, const DriveProgress &progress);
-    DriveResult<DriveItem> adopt(const Folder &folder, const QString &name, TempEntry *temp);
-    DriveResult<DriveItem> place(const DriveTree::Spot &spot, qint64 folderId, int folder,
-        const QString &name, DriveConflict conflict, DriveHold &hold);
-    DriveDone copyContent(int source, bool isFolder, const Folder &folder, TempEntry &temp,
+    DriveDone copyContent(int source, bool isFolder, const DriveFolder &folder, TempEntry &temp,
         const DriveProgress &progress, int *leftOut);
     DriveDone ensureScanned();
     DriveDone removeLeftovers();
@@ -94,6 +76,7 @@ private:
     DriveIndex m_index;
     DriveTree m_tree;
     DriveTrash m_trash;
+    DrivePlacing m_placing;
 };
 
 } // namespace zel::service

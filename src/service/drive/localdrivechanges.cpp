@@ -15,7 +15,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-/// The operations that make or move items.
+/// The operations that make or move items: what goes before DrivePlacing gives each its place.
 namespace zel::service {
 namespace {
 
@@ -24,6 +24,11 @@ using Kind = DriveError::Kind;
 DriveError invalidName()
 {
     return {Kind::InvalidName, QStringLiteral("not a valid name")};
+}
+
+DriveError rootStays()
+{
+    return {Kind::Denied, QStringLiteral("the root stays")};
 }
 
 void setTime(int file, qint64 ms)
@@ -44,8 +49,7 @@ void keepMode(int folder, const QString &name, const TempEntry &temp)
 
 } // namespace
 
-DriveResult<LocalDrive::Folder> LocalDrive::folderToFill(
-    const QString &id, const QString &newName, DriveHold &hold)
+DriveResult<DriveFolder> LocalDrive::folderToFill(const QString &id, const QString &newName, DriveHold &hold)
 {
     const qint64 number = begin(id);
     if (!isValidDriveName(newName))
@@ -60,12 +64,12 @@ DriveResult<LocalDrive::Folder> LocalDrive::folderToFill(
         return fd.error();
     if (m_index.chain(number).size() >= disk::DeepestFolder)
         return DriveError{Kind::InvalidName, QStringLiteral("folders too deep")};
-    return Folder{number, std::move(*fd)};
+    return DriveFolder{number, std::move(*fd)};
 }
 
 // Spares a transfer that cannot end well; the rename at its end decides.
 DriveDone LocalDrive::checkTarget(
-    const Folder &folder, const QString &name, bool isFolder, DriveConflict conflict)
+    const DriveFolder &folder, const QString &name, bool isFolder, DriveConflict conflict)
 {
     struct stat status
     {
@@ -78,126 +82,15 @@ DriveDone LocalDrive::checkTarget(
     return DriveOk();
 }
 
-// What has just been made here gets an id: under the hold since before it was made, so that nobody has seen
-// it yet. An item that the index still has at this place went away without a word.
-DriveResult<DriveItem> LocalDrive::adopt(const Folder &folder, const QString &name, TempEntry *temp)
-{
-    const auto entry = disk::entryAt(folder.fd.get(), name, m_tree.realRoot());
-    if (!entry)
-        return disk::lastError("find");
-    sqlite::Transaction transaction(m_index.database());
-    if (const auto stale = m_index.child(folder.id, name))
-        m_index.setState(stale->id, DriveRecord::State::Missing);
-    const DriveRecord record = m_index.add(folder.id, *entry);
-    if (temp)
-        temp->note();
-    auto item = m_tree.item(record.id); // now, as nothing may fail once it is done
-    if (!item || !transaction.commit())
-        return m_index.failed() ? m_index.error() : item.error();
-    return item;
-}
-
-// The new content gets its name. Somebody may have worked on the folder while it was written.
-DriveResult<DriveItem> LocalDrive::finish(TempEntry &temp, const Folder &folder, const QString &name,
-    bool isFolder, const DriveWriteOptions &options)
-{
-    DriveHold hold;
-    m_index.database().clearFailure();
-    const auto stillThere = m_tree.openFolder(folder.id, hold);
-    if (!stillThere)
-        return stillThere.error();
-    if (!options.replacedId.isEmpty()) {
-        const auto old = m_tree.childOf(folder.id, folder.fd.get(), name);
-        const auto item = old ? m_tree.item(old->id) : DriveResult<DriveItem>(old.error());
-        const bool isMeant = item && item->id == options.replacedId
-            && (options.replacedVersion.isEmpty() || item->version == options.replacedVersion);
-        if (!isMeant)
-            return DriveError{Kind::Changed, QStringLiteral("what was to be replaced has changed")};
-    }
-    const bool trashes = options.conflict == DriveConflict::Replace && options.trashReplaced;
-    auto item = trashes ? putTrashing(temp, folder, name)
-                        : putInPlace(temp, folder, name, isFolder, options.conflict);
-    return lasting(std::move(item), folder, hold);
-}
-
-DriveResult<DriveItem> LocalDrive::putInPlace(
-    TempEntry &temp, const Folder &folder, const QString &name, bool isFolder, DriveConflict conflict)
-{
-    if (conflict == DriveConflict::Replace) {
-        const auto replaced = m_tree.childOf(folder.id, folder.fd.get(), name);
-        if (replaced && replaced->entry.isFolder == isFolder)
-            return replace(temp, *replaced, folder, isFolder);
-        if (!replaced && replaced.error().kind != Kind::NotFound)
-            return replaced.error();
-    }
-    const auto taken = disk::rename(folder.fd.get(), temp.name(), folder.fd.get(), name, isFolder, conflict);
-    if (!taken)
-        return taken.error();
-    auto item = adopt(folder, *taken, &temp);
-    if (item)
-        temp.keep();
-    else // without an id it was not made
-        (void)disk::rename(
-            folder.fd.get(), *taken, folder.fd.get(), temp.name(), isFolder, DriveConflict::Fail);
-    return item;
-}
-
-// It keeps the id of what it replaces. An index that cannot say now how the new content looks does so later.
-DriveResult<DriveItem> LocalDrive::replace(
-    TempEntry &temp, DriveRecord record, const Folder &folder, bool isFolder)
-{
-    const QString name = record.entry.name;
-    const auto taken =
-        disk::rename(folder.fd.get(), temp.name(), folder.fd.get(), name, isFolder, DriveConflict::Replace);
-    if (!taken)
-        return taken.error();
-    temp.keep();
-    if (const auto entry = disk::entryAt(folder.fd.get(), name, m_tree.realRoot())) {
-        sqlite::Transaction transaction(m_index.database());
-        refreshRecord(m_index, record, *entry);
-        temp.note();
-        transaction.commit();
-        record.entry = *entry;
-    }
-    m_index.passOver();
-    return m_tree.item(record, DriveTree::pathOf(m_index.chain(folder.id)));
-}
-
-// Only now, when all of the new content is there, does the old one go.
-DriveResult<DriveItem> LocalDrive::putTrashing(TempEntry &temp, const Folder &folder, const QString &name)
-{
-    const auto old = m_tree.childOf(folder.id, folder.fd.get(), name);
-    if (!old && old.error().kind != Kind::NotFound)
-        return old.error();
-    if (!old || old->entry.isFolder)
-        return putInPlace(temp, folder, name, false, DriveConflict::Replace);
-    DriveHold again;
-    const auto spot = m_tree.locate(old->id, again);
-    Unsynced changed;
-    const auto away = spot ? m_trash.put(*spot, changed) : DriveResult<DriveTrashItem>(spot.error());
-    if (!away)
-        return away.error();
-    auto item = putInPlace(temp, folder, name, false, DriveConflict::Fail);
-    m_index.database().clearFailure(); // which is told in `item`; the old one comes back all the same
-    if (!item && !m_trash.restore(away->id.toLongLong()))
-        return DriveError{
-            item.error().kind, item.error().text % QStringLiteral("; what was replaced is in the trash")};
-    return item;
-}
-
 DriveResult<DriveItem> LocalDrive::createFolder(const QString &parentId, const QString &name)
 {
     DriveHold hold;
     const auto folder = folderToFill(parentId, name, hold);
     if (!folder)
         return folder.error();
-    const QByteArray bytes = name.toUtf8();
-    if (::mkdirat(folder->fd.get(), bytes.constData(), 0777) != 0)
+    if (::mkdirat(folder->fd.get(), name.toUtf8().constData(), 0777) != 0)
         return disk::lastError("create folder");
-    auto item = adopt(*folder, name, nullptr);
-    if (!item)
-        ::unlinkat(folder->fd.get(), bytes.constData(), AT_REMOVEDIR);
-    return lasting(std::move(item), *folder, hold);
+    return m_placing.adopt(*folder, name, true, hold);
 }
 
 DriveResult<DriveItem> LocalDrive::createFile(const QString &parentId, const QString &name)
@@ -207,24 +100,10 @@ DriveResult<DriveItem> LocalDrive::createFile(const QString &parentId, const QSt
     const auto folder = folderToFill(parentId, name, hold);
     if (!folder)
         return folder.error();
-    const QByteArray bytes = name.toUtf8();
-    const disk::UniqueFd file(::openat(folder->fd.get(), bytes.constData(), Flags, 0666));
+    const disk::UniqueFd file(::openat(folder->fd.get(), name.toUtf8().constData(), Flags, 0666));
     if (!file)
         return disk::lastError("create");
-    auto item = adopt(*folder, name, nullptr);
-    if (!item)
-        ::unlinkat(folder->fd.get(), bytes.constData(), 0);
-    return lasting(std::move(item), *folder, hold);
-}
-
-DriveResult<DriveItem> LocalDrive::lasting(DriveResult<DriveItem> item, const Folder &folder, DriveHold &hold)
-{
-    hold.unlock();
-    Unsynced changed;
-    if (item)
-        changed.add(folder.fd.get());
-    changed.sync();
-    return item;
+    return m_placing.adopt(*folder, name, false, hold);
 }
 
 DriveResult<DriveItem> LocalDrive::write(const QString &parentId, const QString &name, QIODevice &source,
@@ -242,10 +121,11 @@ DriveResult<DriveItem> LocalDrive::write(const QString &parentId, const QString 
         return m_index.error();
     hold.unlock();
     const DriveDone written = fill(temp, *folder, name, source, options, progress);
-    return written ? finish(temp, *folder, name, false, options) : DriveResult<DriveItem>(written.error());
+    return written ? m_placing.put(temp, *folder, name, false, options)
+                   : DriveResult<DriveItem>(written.error());
 }
 
-DriveDone LocalDrive::fill(TempEntry &temp, const Folder &folder, const QString &name, QIODevice &source,
+DriveDone LocalDrive::fill(TempEntry &temp, const DriveFolder &folder, const QString &name, QIODevice &source,
     const DriveWriteOptions &options, const DriveProgress &progress)
 {
     const auto file = temp.makeFile();
@@ -293,8 +173,8 @@ DriveResult<DriveItem> LocalDrive::rename(const QString &id, const QString &name
     if (!spot)
         return spot.error();
     if (number == DriveIndex::RootId)
-        return DriveError{Kind::Denied, QStringLiteral("the root stays")};
-    return place(*spot, spot->record.parent, spot->parent.get(), name, DriveConflict::Fail, hold);
+        return rootStays();
+    return m_placing.move(*spot, spot->record.parent, spot->parent.get(), name, DriveConflict::Fail, hold);
 }
 
 DriveResult<DriveItem> LocalDrive::move(
@@ -302,7 +182,7 @@ DriveResult<DriveItem> LocalDrive::move(
 {
     const qint64 number = begin(id);
     if (number == DriveIndex::RootId)
-        return DriveError{Kind::Denied, QStringLiteral("the root stays")};
+        return rootStays();
     // Searched for before both are looked at together.
     DriveHold hold;
     if (const auto found = m_tree.locate(number, hold); !found)
@@ -317,59 +197,22 @@ DriveResult<DriveItem> LocalDrive::move(
         return spot.error();
     folderHold.unlock();
     const QString newName = name.isEmpty() ? spot->record.entry.name : name;
-    return place(*spot, folder->id, folder->fd.get(), newName, conflict, hold);
-}
-
-DriveResult<DriveItem> LocalDrive::place(const DriveTree::Spot &spot, qint64 folderId, int folder,
-    const QString &name, DriveConflict conflict, DriveHold &hold)
-{
-    DriveRecord record = spot.record;
-    if (record.parent == folderId && record.entry.name == name)
-        return m_tree.item(record.id);
-    const QVector<DriveRecord> above = m_index.chain(folderId);
-    for (const DriveRecord &step : above) {
-        if (step.id == record.id)
-            return DriveError{Kind::Denied, QStringLiteral("a folder cannot go into itself")};
-    }
-    const auto taken =
-        disk::rename(spot.parent.get(), record.entry.name, folder, name, record.entry.isFolder, conflict);
-    if (!taken)
-        return taken.error();
-    {
-        sqlite::Transaction transaction(m_index.database());
-        // Replaced, or gone already and not noticed; then it may turn up elsewhere.
-        const auto occupant = m_index.child(folderId, *taken);
-        if (occupant && occupant->id != record.id)
-            m_index.setState(occupant->id, DriveRecord::State::Missing);
-        record.parent = folderId;
-        record.entry.name = *taken;
-        m_index.moved(record);
-        transaction.commit();
-    }
-    m_index.passOver(); // it is found by its inode, as if another program had moved it
-    DriveItem item = m_tree.item(record, DriveTree::pathOf(above));
-    hold.unlock();
-    Unsynced changed;
-    changed.add(folder);
-    changed.add(spot.parent.get());
-    changed.sync();
-    return item;
+    return m_placing.move(*spot, folder->id, folder->fd.get(), newName, conflict, hold);
 }
 
 DriveDone LocalDrive::remove(const QString &id)
 {
     const qint64 number = begin(id);
     if (number == DriveIndex::RootId)
-        return DriveError{Kind::Denied, QStringLiteral("the root stays")};
+        return rootStays();
     DriveHold hold;
     const auto spot = m_tree.locate(number, hold);
     if (!spot)
         return spot.error();
     Unsynced changed;
     changed.add(spot->parent.get());
-    const DriveDone gone = m_trash.destroy(*spot, hold);
-    hold.unlock();
-    changed.sync();
+    DriveDone gone = m_trash.destroy(*spot, hold);
+    changed.sync(hold);
     return gone;
 }
 
@@ -406,13 +249,13 @@ DriveResult<DriveItem> LocalDrive::copy(const QString &id, const QString &parent
         return copied.error();
     if (conflict == DriveConflict::Replace && !entry.isFolder)
         keepMode(folder->fd.get(), newName, temp);
-    auto item = finish(temp, *folder, newName, entry.isFolder, {conflict, -1});
+    auto item = m_placing.put(temp, *folder, newName, entry.isFolder, {conflict, -1});
     if (item && entry.isFolder) // what the index cannot take up now it takes up with the next look
         (void)m_tree.syncTree(driveIdNumber(item->id));
     return item;
 }
 
-DriveDone LocalDrive::copyContent(int source, bool isFolder, const Folder &folder, TempEntry &temp,
+DriveDone LocalDrive::copyContent(int source, bool isFolder, const DriveFolder &folder, TempEntry &temp,
     const DriveProgress &progress, int *leftOut)
 {
     const QByteArray root = m_tree.realRoot();
