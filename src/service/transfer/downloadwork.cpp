@@ -59,9 +59,11 @@ void sweepFolder(const QString &folder, const QString &name, int depth)
     for (const QString &part : parts)
         if (!part.contains(thisProcess()))
             QFile::remove(dir.filePath(part));
+    if (depth >= DeepestFolder)
+        return;
     const QStringList below =
         dir.entryList(QDir::Dirs | QDir::Hidden | QDir::NoDotAndDotDot | QDir::NoSymLinks);
-    for (const QString &child : depth < DeepestFolder ? below : QStringList())
+    for (const QString &child : below)
         sweepFolder(dir.filePath(child), name, depth + 1);
 }
 

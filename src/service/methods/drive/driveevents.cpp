@@ -89,9 +89,9 @@ void DriveEvents::start(const QString &root)
         check();
     });
     connect(m_watcher, &DriveWatcher::rescanNeeded, this, &DriveEvents::rescan);
-    connect(&m_unwatched, &QTimer::timeout, this, &DriveEvents::rescan);
-    m_unwatched.setSingleShot(true);
-    m_unwatched.setInterval(UnwatchedMs);
+    connect(&m_untilNextLook, &QTimer::timeout, this, &DriveEvents::rescan);
+    m_untilNextLook.setSingleShot(true);
+    m_untilNextLook.setInterval(UnwatchedMs);
     m_watching.setObjectName(QStringLiteral("zel-watch"));
     m_watching.start();
 }
@@ -129,8 +129,8 @@ void DriveEvents::check()
         },
         [this](const DriveResult<Look> &found) {
             m_looking = false;
-            if (m_watcher && !m_watcher->isComplete() && !m_unwatched.isActive())
-                m_unwatched.start();
+            if (m_watcher && !m_watcher->isComplete() && !m_untilNextLook.isActive())
+                m_untilNextLook.start();
             if (found)
                 tell(*found);
             Q_EMIT told();

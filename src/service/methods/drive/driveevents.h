@@ -61,7 +61,7 @@ private:
     const IdentitySource m_identity;
     QThread m_watching; ///< of the watcher, as following many folders takes long
     DriveWatcher *m_watcher = nullptr;
-    QTimer m_unwatched; ///< until folders that are beyond its limit are looked at again
+    QTimer m_untilNextLook; ///< until folders that are beyond its limit are looked at again
     QString m_cursor;
     QSet<QString> m_touched; ///< folders that the watcher told of
     bool m_rescan = false;
