@@ -35,10 +35,11 @@ class Sheet : public QWidget
 public:
     Sheet(ListRow::Kind kind, int width) : m_kind(kind), m_headings(this)
     {
-        m_headings.setName(1, "Name"_s);
-        m_headings.addColumn(RowColumn::Time, 0, "Modified"_s);
-        m_headings.addColumn(RowColumn::Size, 2, "Size"_s);
-        m_headings.setSort(width > 500 ? 2 : 1, Qt::AscendingOrder);
+        m_headings.setName("Name"_s);
+        m_headings.addColumn(RowColumn::Time, "Modified"_s);
+        m_headings.addColumn(RowColumn::Size, "Size"_s);
+        m_headings.setSort(
+            {width > 500 ? zel::ListSort::Key::Size : zel::ListSort::Key::Name, Qt::AscendingOrder});
         m_headings.setVisible(kind == ListRow::Kind::Columns);
         setFixedSize(width, 440);
         m_headings.setGeometry(0, 0, width, m_headings.sizeHint().height());

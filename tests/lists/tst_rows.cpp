@@ -325,20 +325,21 @@ private Q_SLOTS:
     void headings()
     {
         ColumnHeadings headings;
-        headings.addColumn(RowColumn::Time, 0, "Modified"_s);
-        headings.addColumn(RowColumn::Size, 2, "Size"_s);
-        headings.setName(1, "Name"_s);
-        headings.setSort(0, Qt::DescendingOrder);
+        headings.addColumn(RowColumn::Time, "Modified"_s);
+        headings.addColumn(RowColumn::Size, "Size"_s);
+        headings.setName("Name"_s);
+        headings.setSort({zel::ListSort::Key::Time, Qt::DescendingOrder});
         headings.resize(700, headings.sizeHint().height());
         headings.show();
         QVERIFY(QTest::qWaitForWindowActive(&headings));
         const auto all = headings.findChildren<ColumnHeading *>();
         QHash<int, ColumnHeading *> byKey;
         for (ColumnHeading *heading : all)
-            byKey.insert(heading->key(), heading);
+            byKey.insert(int(heading->key()), heading);
         QString chosen;
-        connect(&headings, &ColumnHeadings::chosen, this, [&chosen](int key, Qt::SortOrder order) {
-            chosen += QString::number(key) + QLatin1Char(order == Qt::AscendingOrder ? '+' : '-');
+        connect(&headings, &ColumnHeadings::sortChosen, this, [&chosen](const zel::ListSort &sort) {
+            chosen +=
+                QString::number(int(sort.key)) + QLatin1Char(sort.order == Qt::AscendingOrder ? '+' : '-');
         });
         QCOMPARE(byKey[0]->accessibleDescription(), "Newest first"_s);
         QTest::mouseClick(byKey[0], Qt::LeftButton); // turns

@@ -3,6 +3,7 @@
 #include "klitestyle.h"
 #include "klook.h"
 #include "kskin.h"
+#include "lists/ui/listsortmenu.h"
 #include "widgets/focusring.h"
 #include "widgets/rowpaint.h"
 
@@ -16,8 +17,8 @@ static int arrowSize()
     return KLiteStyle::dpiScaled(12);
 }
 
-ColumnHeading::ColumnHeading(int key, ListSortMenu::Kind kind, const QString &title, QWidget *parent)
-    : QAbstractButton(parent), m_key(key), m_kind(kind)
+ColumnHeading::ColumnHeading(zel::ListSort::Key key, const QString &title, QWidget *parent)
+    : QAbstractButton(parent), m_key(key)
 {
     setText(title);
     setAccessibleName(title);
@@ -34,7 +35,7 @@ void ColumnHeading::setSorted(bool sorted, Qt::SortOrder order)
 {
     m_sorted = sorted;
     m_order = order;
-    const QString words = ListSortMenu::orderText(m_kind, order);
+    const QString words = ListSortMenu::orderText({m_key, order});
     setAccessibleDescription(sorted ? words : QString());
     setToolTip(sorted ? words : QString());
     update();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "widgets/listsortmenu.h"
+#include "lists/listsort.h"
 
 #include <QAbstractButton>
 
@@ -9,10 +9,9 @@ class ColumnHeading : public QAbstractButton
 {
     Q_OBJECT
 public:
-    ColumnHeading(int key, ListSortMenu::Kind kind, const QString &title, QWidget *parent);
+    ColumnHeading(zel::ListSort::Key key, const QString &title, QWidget *parent);
 
-    int key() const { return m_key; }
-    ListSortMenu::Kind kind() const { return m_kind; }
+    zel::ListSort::Key key() const { return m_key; }
     /// Whether the list is sorted by it, and how.
     void setSorted(bool sorted, Qt::SortOrder order);
     void setAtEnd(bool atEnd); ///< its text ends where the numbers below do
@@ -25,8 +24,7 @@ protected:
     bool event(QEvent *event) override;
 
 private:
-    int m_key;
-    ListSortMenu::Kind m_kind;
+    const zel::ListSort::Key m_key;
     bool m_sorted = false;
     bool m_atEnd = false;
     Qt::SortOrder m_order = Qt::AscendingOrder;

@@ -3,6 +3,7 @@
 #include "klitestyle.h"
 #include "klook.h"
 #include "lists/ui/columnheading.h"
+#include "lists/ui/listsortmenu.h"
 #include "widgets/contentcolumn.h"
 
 #include <QAbstractScrollArea>
@@ -10,19 +11,19 @@
 #include <algorithm>
 
 namespace look = zel::look;
-using Kind = ListSortMenu::Kind;
+using zel::ListSort;
 
 namespace {
 
-Kind kindOf(RowColumn column)
+ListSort::Key keyOf(RowColumn column)
 {
     switch (column) {
     case RowColumn::Time:
-        return Kind::Time;
+        return ListSort::Key::Time;
     case RowColumn::Size:
-        return Kind::Size;
+        return ListSort::Key::Size;
     }
-    return Kind::Text;
+    return ListSort::Key::Name;
 }
 
 } // namespace
@@ -33,34 +34,33 @@ ColumnHeadings::ColumnHeadings(QWidget *parent) : QWidget(parent)
     setAccessibleName(tr("Columns of the list"));
 }
 
-ColumnHeading *ColumnHeadings::addHeading(int key, Kind kind, const QString &title)
+ColumnHeading *ColumnHeadings::addHeading(ListSort::Key key, const QString &title)
 {
-    auto *heading = new ColumnHeading(key, kind, title, this);
+    auto *heading = new ColumnHeading(key, title, this);
     heading->installEventFilter(this);
     connect(heading, &QAbstractButton::clicked, this, [this, heading] { choose(*heading); });
     return heading;
 }
 
-void ColumnHeadings::setName(int key, const QString &title)
+void ColumnHeadings::setName(const QString &title)
 {
-    m_headings.prepend(addHeading(key, Kind::Text, title));
+    m_headings.prepend(addHeading(ListSort::Key::Name, title));
 }
 
-void ColumnHeadings::addColumn(RowColumn column, int key, const QString &title)
+void ColumnHeadings::addColumn(RowColumn column, const QString &title)
 {
     m_columns << column;
-    m_headings << addHeading(key, kindOf(column), title);
+    m_headings << addHeading(keyOf(column), title);
 }
 
 // One stop of the Tab key for all of them: the one that the list is sorted by, or the name.
-void ColumnHeadings::setSort(int key, Qt::SortOrder order)
+void ColumnHeadings::setSort(const ListSort &sort)
 {
-    m_key = key;
-    m_order = order;
+    m_sort = sort;
     ColumnHeading *stop = m_headings.value(0);
     for (ColumnHeading *heading : std::as_const(m_headings)) {
-        const bool sorted = heading->key() == key;
-        heading->setSorted(sorted, order);
+        const bool sorted = heading->key() == sort.key;
+        heading->setSorted(sorted, sort.order);
         heading->setFocusPolicy(Qt::NoFocus);
         stop = sorted ? heading : stop;
     }
@@ -70,11 +70,10 @@ void ColumnHeadings::setSort(int key, Qt::SortOrder order)
 
 void ColumnHeadings::choose(const ColumnHeading &heading)
 {
-    const Qt::SortOrder usual = ListSortMenu::usualOrder(heading.kind());
-    const bool turns = heading.key() == m_key && m_order == Qt::AscendingOrder;
-    const bool turnsBack = heading.key() == m_key && m_order == Qt::DescendingOrder;
-    setSort(heading.key(), turns ? Qt::DescendingOrder : turnsBack ? Qt::AscendingOrder : usual);
-    Q_EMIT chosen(m_key, m_order);
+    const bool turns = heading.key() == m_sort.key;
+    setSort({heading.key(),
+        turns ? ListSortMenu::turned(m_sort.order) : ListSortMenu::usualOrder(heading.key())});
+    Q_EMIT sortChosen(m_sort);
 }
 
 void ColumnHeadings::follow(QAbstractScrollArea *list)

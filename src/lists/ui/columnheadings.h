@@ -1,7 +1,7 @@
 #pragma once
 
+#include "lists/listsort.h"
 #include "lists/ui/rowcell.h"
-#include "widgets/listsortmenu.h"
 
 #include <QWidget>
 
@@ -17,11 +17,10 @@ class ColumnHeadings : public QWidget
 public:
     explicit ColumnHeadings(QWidget *parent = nullptr);
 
-    /// What the name is called, and the columns of the rows beside it, from left to right. `key` is the
-    /// page's own number of what the list is then sorted by. Once.
-    void setName(int key, const QString &title);
-    void addColumn(RowColumn column, int key, const QString &title);
-    void setSort(int key, Qt::SortOrder order); ///< shows it; emits nothing
+    /// What the name is called, and the columns of the rows beside it, from left to right. Once.
+    void setName(const QString &title);
+    void addColumn(RowColumn column, const QString &title);
+    void setSort(const zel::ListSort &sort); ///< shows it; emits nothing
     void follow(
         QAbstractScrollArea *list); ///< that they stand above; before, they are as wide as it would be
 
@@ -29,7 +28,7 @@ public:
 
 Q_SIGNALS:
     /// Another key comes in its usual direction, the same one turns.
-    void chosen(int key, Qt::SortOrder order);
+    void sortChosen(const zel::ListSort &sort);
 
 protected:
     void resizeEvent(QResizeEvent *event) override;
@@ -37,7 +36,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    ColumnHeading *addHeading(int key, ListSortMenu::Kind kind, const QString &title);
+    ColumnHeading *addHeading(zel::ListSort::Key key, const QString &title);
     void choose(const ColumnHeading &heading);
     bool step(int from, int key);
     QRect rowArea() const;
@@ -46,6 +45,5 @@ private:
     QVector<ColumnHeading *> m_headings; // of the name first
     RowColumns m_columns;
     QAbstractScrollArea *m_list = nullptr;
-    int m_key = -1;
-    Qt::SortOrder m_order = Qt::AscendingOrder;
+    zel::ListSort m_sort;
 };
