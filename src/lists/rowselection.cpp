@@ -20,6 +20,16 @@ QVector<int> selectedRowNumbers(const QItemSelectionModel *selection)
     return rows;
 }
 
+QModelIndexList selectedRows(const ListModel *model, const QItemSelectionModel *selection)
+{
+    const QVector<int> numbers = selectedRowNumbers(selection);
+    QModelIndexList rows;
+    rows.reserve(numbers.size());
+    for (const int row : numbers)
+        rows << model->index(row);
+    return rows;
+}
+
 QStringList selectedRowIds(const ListModel *model, const QItemSelectionModel *selection)
 {
     const QVector<int> rows = selectedRowNumbers(selection);

@@ -11,9 +11,10 @@ class QItemSelectionModel;
 namespace zel {
 
 // Without a model, which has no selection, nothing is selected.
-QVector<int> selectedRowNumbers(const QItemSelectionModel *selection);                    ///< ascending
-QStringList selectedRowIds(const ListModel *model, const QItemSelectionModel *selection); ///< likewise
-int selectedRowCount(const QItemSelectionModel *selection);                               ///< O(ranges)
+QVector<int> selectedRowNumbers(const QItemSelectionModel *selection);                      ///< ascending
+QModelIndexList selectedRows(const ListModel *model, const QItemSelectionModel *selection); ///< likewise
+QStringList selectedRowIds(const ListModel *model, const QItemSelectionModel *selection);   ///< likewise
+int selectedRowCount(const QItemSelectionModel *selection);                                 ///< O(ranges)
 /// These rows, in any order; negative ones are passed over.
 QItemSelection selectionOf(const ListModel &model, QVector<int> rows);
 QItemSelection selectionOf(const ListModel &model, const QStringList &ids); ///< those that are here

@@ -42,16 +42,6 @@ void View::reset()
         QToolTip::hideText(); // that of a row which is not there any more
 }
 
-QModelIndexList View::selectedRows() const
-{
-    QModelIndexList rows;
-    const QVector<int> numbers = zel::selectedRowNumbers(selectionModel());
-    rows.reserve(numbers.size());
-    for (const int row : numbers)
-        rows << listModel()->index(row);
-    return rows;
-}
-
 QModelIndexList View::chosenRows() const
 {
     const QModelIndexList selected = selectedRows();
@@ -99,15 +89,13 @@ void View::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 
 void View::changeFilter(bool hidesRows, const QStringList &words, const std::function<void()> &apply)
 {
-    if (hidesRows && !std::exchange(m_rowsHidden, true))
-        m_unfilteredId = currentId();
+    if (hidesRows)
+        m_unfiltered.note(currentId());
     apply();
     setMarkedWords(words);
     if (hidesRows)
         return scrollToTop();
-    const int before = listModel()->rowOf(std::exchange(m_unfilteredId, {}));
-    if (std::exchange(m_rowsHidden, false) && before >= 0 && !selectionModel()->hasSelection())
-        selectionModel()->setCurrentIndex(listModel()->index(before), QItemSelectionModel::NoUpdate);
+    m_unfiltered.giveBack(*listModel(), selectionModel());
     const bool inView = viewport()->rect().contains(visualRect(currentIndex()));
     scrollTo(currentIndex(), inView ? EnsureVisible : PositionAtCenter);
 }

@@ -3,6 +3,7 @@
 #include "lists/listleaving.h"
 #include "lists/listmemory.h"
 #include "lists/listreturning.h"
+#include "lists/listunfiltered.h"
 #include "lists/rowselection.h"
 #include "lists/ui/keyboardmenu.h"
 #include "lists/ui/listdrag.h"
@@ -29,7 +30,10 @@ public:
 
     ListKeyboard &keyboard() { return m_keyboard; } ///< for the keys of the page
 
-    QModelIndexList selectedRows() const; ///< in the order of the rows
+    QModelIndexList selectedRows() const ///< in the order of the rows
+    {
+        return zel::selectedRows(listModel(), selectionModel());
+    }
     QStringList selectedIds() const
     {
         return zel::selectedRowIds(listModel(), selectionModel());
@@ -101,12 +105,11 @@ private:
     ListMemory m_memory;
     ListLeaving m_leaving;
     ListReturning m_returning;
+    ListUnfiltered m_unfiltered;
     ListKeyboard m_keyboard;
     ListHover m_hover{this};
     ListPress m_press;
     KeyboardMenu m_menu{this};
     ListDropTarget m_drop{this};
-    QString m_unfilteredId; // current before rows were hidden
-    bool m_rowsHidden = false;
     bool m_keyboardLeads = false; // focus ring and row buttons are where the keyboard is
 };
