@@ -18,7 +18,7 @@ CloudDocLink::CloudDocLink(KCloudSvrProxy *proxy, QObject *parent) : QObject(par
     connect(events, &KVelaEventObject::SocketDisConnected, this, [this] { setReached(false); });
     connect(events, &KVelaEventObject::signal_pushArrived, this, &CloudDocLink::onPush);
     connect(events, &KVelaEventObject::signal_notifyFileCreation, this,
-        [this](const NotifyFileCreationArg &push) { Q_EMIT news(newsOf(push)); });
+        [this](const NotifyFileCreationArg &push) { Q_EMIT newsArrived(newsOf(push)); });
     connect(proxy, &QObject::destroyed, this, [this] { setReached(false); }); // nobody else tells
 }
 
@@ -33,7 +33,7 @@ void CloudDocLink::onPush(const QString &method, const QVariant &record)
     const CloudNews told = newsOf(method, record);
     if (!told.present.isEmpty() || !told.gone.isEmpty() || !told.unlisted.isEmpty()
         || !told.transfers.isEmpty())
-        Q_EMIT news(told);
+        Q_EMIT newsArrived(told);
 }
 
 namespace {

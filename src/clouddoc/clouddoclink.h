@@ -53,11 +53,11 @@ public:
         const QStringList &ids, const QString &folder, CloudNameChoice choice, Then<CloudOutcome> then);
     void listTransfers(int count, Then<CloudTransfers> then); ///< the newest ones
     void changeTransfers(const QStringList &ids, zel::clouddoc::TransferStep step, Then<CloudOutcome> then);
-    void subscribeTransfers(); ///< news() tell from now on how far each is; ends with the connection
+    void subscribeTransfers(); ///< newsArrived() tells from now on how far each is; ends with the connection
 
 Q_SIGNALS:
     void reachedChanged(bool reached); ///< after a loss, before the requests that it ended tell so
-    void news(const CloudNews &news);
+    void newsArrived(const CloudNews &news);
 
 private Q_SLOTS:
     void onSubscribeTransNotify(bool bOk, const QString &requestId, const zel::vela::VelaIpcResult &result);

@@ -32,7 +32,7 @@ CloudDocLogic::~CloudDocLogic() = default;
 void CloudDocLogic::connectParts()
 {
     connect(m_link, &CloudDocLink::reachedChanged, this, &CloudDocLogic::onReached);
-    connect(m_link, &CloudDocLink::news, this, &CloudDocLogic::onNews);
+    connect(m_link, &CloudDocLink::newsArrived, this, &CloudDocLogic::onNews);
 
     connect(m_folder, &CloudDocFolder::readEnded, m_transfers, &CloudDocTransfers::showAll);
     connect(m_folder, &CloudDocFolder::stateChanged, this, &CloudDocLogic::stateChanged);

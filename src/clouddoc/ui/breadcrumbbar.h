@@ -27,8 +27,7 @@ public:
 
     void setCrumbs(const QVector<Crumb> &crumbs); ///< root first
     const QVector<Crumb> &crumbs() const { return m_crumbs; }
-    QMenu *collapsedMenu() const { return m_menu; } ///< of the steps that have no room
-    void setTabPredecessor(QWidget *widget);        ///< after which Tab comes here
+    void setTabPredecessor(QWidget *widget); ///< after which Tab comes here
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -1,6 +1,5 @@
 #include "clouddoc/ui/zelboxclouddocwidget.h"
 
-#include "base/settingskeys.h"
 #include "base/sourcekeys.h"
 #include "clouddoc/ui/arriveduploads.h"
 #include "clouddoc/ui/cloudcolumns.h"
@@ -11,13 +10,13 @@
 #include "clouddoc/ui/clouddocopening.h"
 #include "clouddoc/ui/clouddoctoolbar.h"
 #include "clouddoc/ui/clouddrag.h"
+#include "clouddoc/ui/cloudlisting.h"
 #include "clouddoc/ui/cloudstatusline.h"
 #include "clouddoc/ui/crumbtexts.h"
 #include "clouddoc/ui/transferbutton.h"
 #include "clouddoc/ui/transferlistview.h"
 #include "clouddoc/ui/transferpanel.h"
 #include "kskin.h"
-#include "lists/listsortmemory.h"
 #include "lists/ui/pagedrops.h"
 
 #include <QApplication>
@@ -33,7 +32,6 @@ using Logic = CloudDocLogic;
 // The sizes of very many selected rows are not added up again at each of many changes.
 static constexpr int MostCountedAtOnce = 1000;
 static constexpr int CountPause = 200; // ms
-static constexpr zel::ListSortKeys SortKeys{zel::keys::CloudSortKey, zel::keys::CloudSortDescending};
 
 ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *parent)
     : QWidget(parent),
@@ -50,7 +48,7 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
 {
     m_view->setModel(m_logic->documents());
     m_uploads = new ArrivedUploads(m_logic, m_view); // hears of rows once the view has given them their place
-    m_columns->follow(m_view);
+    m_listing = new CloudListing({m_logic->documents(), m_view, m_toolBar, m_columns}, this);
     layOut();
     connectLogic();
     connectView();
@@ -62,8 +60,6 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
         this, m_states, m_view->cargo(), [this] { return m_logic->state() == Logic::State::Ready; });
     setAccessibleName(tr("Cloud documents"));
     m_toolBar->crumbs()->setCrumbs(namedCrumbs({}));
-    m_logic->setSortOrder(zel::storedSort(SortKeys, m_logic->documents()->sortOrder()));
-    showSort();
     updateActions();
     updateTransfers();
 }
@@ -91,7 +87,6 @@ void ZelBoxCloudDocWidget::connectLogic()
     connect(m_logic, &Logic::historyChanged, this, &ZelBoxCloudDocWidget::updateActions);
     connect(m_logic, &Logic::crumbsChanged, this,
         [this] { m_toolBar->crumbs()->setCrumbs(namedCrumbs(m_logic->crumbs())); });
-    connect(m_logic->documents(), &CloudDocModel::sortOrderChanged, this, &ZelBoxCloudDocWidget::showSort);
     connect(m_logic, &Logic::restored, this,
         [this](const CloudUndo &, const QStringList &ids) { m_view->selectIds(ids); });
     connect(m_logic, &Logic::operationDone, this, &ZelBoxCloudDocWidget::forgetNewNames);
@@ -143,8 +138,6 @@ void ZelBoxCloudDocWidget::connectParts()
     connect(m_commands->actions(), &ListActions::aboutToRun, this, &ZelBoxCloudDocWidget::onActed);
     connect(m_notices, &CloudDocNotices::coverChanged, m_view, &CloudDocListView::setEndRoom);
     connect(m_notices, &CloudDocNotices::retryRequested, m_logic, &Logic::reload);
-    connect(m_toolBar, &CloudDocToolBar::sortChosen, this, &ZelBoxCloudDocWidget::chooseSort);
-    connect(m_columns, &CloudColumns::sortChosen, this, &ZelBoxCloudDocWidget::chooseSort);
     connect(m_states, &CloudDocStates::followed, this, &ZelBoxCloudDocWidget::onFollowed);
     connect(m_states, &CloudDocStates::folderMenuRequested, m_commands, &CloudDocCommands::showFolderMenu);
     connect(m_states, &CloudDocStates::uploadRequested, m_toolBar, &CloudDocToolBar::popUpUploadMenu);
@@ -182,18 +175,6 @@ void ZelBoxCloudDocWidget::connectTransfers()
     });
 }
 
-void ZelBoxCloudDocWidget::chooseSort(const zel::ListSort &sort)
-{
-    zel::storeSort(SortKeys, sort);
-    m_logic->setSortOrder(sort);
-}
-
-void ZelBoxCloudDocWidget::showSort()
-{
-    m_toolBar->setSort(m_logic->documents()->sortOrder());
-    m_columns->setSort(m_logic->documents()->sortOrder());
-}
-
 void ZelBoxCloudDocWidget::onActed(int command)
 {
     if (command != int(CloudCommand::Undo))
@@ -209,9 +190,7 @@ void ZelBoxCloudDocWidget::pageHidden()
 void ZelBoxCloudDocWidget::onFollowed()
 {
     const State state = m_states->state();
-    const bool listed = state == State::List || state == State::NothingFound;
-    m_toolBar->setSortShown(listed);
-    m_columns->setVisible(listed);
+    m_listing->setShown(state == State::List || state == State::NothingFound);
     m_notices->setStale(m_states->isStale());
     if (m_logic->state() == Logic::State::Ready)
         onReady();
@@ -315,8 +294,7 @@ void ZelBoxCloudDocWidget::onClipboardChanged()
 void ZelBoxCloudDocWidget::setFilterText(const QString &text)
 {
     m_uploads->forget();
-    const QStringList words = zel::WordFilter(text).words();
-    m_view->changeFilter(!words.isEmpty(), words, [&] { m_logic->documents()->setFilterText(text); });
+    m_listing->setWords(text);
     m_states->follow();
 }
 

@@ -15,6 +15,7 @@ class CloudDocListView;
 class CloudDocNotices;
 class CloudDocOpening;
 class CloudDocToolBar;
+class CloudListing;
 class CloudStatusLine;
 class QAction;
 class TransferPanel;
@@ -54,8 +55,6 @@ private:
     void connectView();
     void connectParts();
     void connectTransfers();
-    void chooseSort(const zel::ListSort &sort);
-    void showSort();
     void onActed(int command);
     void onFollowed();
     void updateActions();
@@ -79,6 +78,7 @@ private:
     CloudDocOpening *m_opening;
     CloudDocToolBar *m_toolBar;
     CloudColumns *m_columns;
+    CloudListing *m_listing;
     CloudStatusLine *m_status;
     TransferPanel *m_panel;
     ArrivedUploads *m_uploads;
