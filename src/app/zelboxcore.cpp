@@ -1,19 +1,17 @@
 #include "app/zelboxcore.h"
 
 #include "app/backgroundmode.h"
+#include "app/boxexit.h"
 #include "app/boxlook.h"
 #include "app/boxpresence.h"
 #include "app/boxwindows.h"
 #include "app/commanddispatcher.h"
 #include "app/commandline.h"
-#include "app/goingon.h"
 #include "app/memory.h"
 #include "app/pagelist.h"
 #include "app/selftest.h"
 #include "app/ui/folderselectordlg.h"
 #include "app/ui/syncfolderdlg.h"
-#include "app/ui/zelboxexitdialog.h"
-#include "app/zelboxapplication.h"
 #include "app/zelboxiconthememgr.h"
 #include "app/zelboxipc.h"
 #include "base/logging.h"
@@ -77,7 +75,8 @@ ZelBoxCore::ZelBoxCore(ZelBoxCloudSvr *cloudService)
       m_windows(new BoxWindows(*this, *this, m_skin, this)),
       m_clientProxy(new ZelBoxClientSvrProxy(this)),
       m_presence(new BoxPresence(*this, this)),
-      m_background(new BackgroundMode(*this, *m_presence, this))
+      m_background(new BackgroundMode(*this, *m_presence, this)),
+      m_exit(new BoxExit(*m_windows, m_dialogs, this))
 {
     connect(ZelBoxIpc::instance(), &ZelBoxIpc::ipcTransmission, this, &ZelBoxCore::onIpcTransmission);
     connect(this, &ZelBoxCore::firstMainWindowShown, this, &ZelBoxCore::onFirstMainWindowShown);
@@ -85,6 +84,7 @@ ZelBoxCore::ZelBoxCore(ZelBoxCloudSvr *cloudService)
     // Sizes are set when windows are made, so they are made anew; queued, because one of them may be asking.
     connect(m_skin, &KSkin::metricsChanged, this, &ZelBoxCore::remakeWindows, Qt::QueuedConnection);
     connectWindows();
+    connectExit();
     ZelBoxCore::cloudService();
 }
 
@@ -98,6 +98,13 @@ void ZelBoxCore::connectWindows()
     connect(m_windows, &BoxWindows::languageChosen, this, &ZelBoxCore::onLanguageChosen);
     connect(m_windows, &BoxWindows::remade, m_presence, &BoxPresence::remakeTray);
     connect(m_background, &BackgroundMode::entered, this, &ZelBoxCore::onBackgroundEntered);
+}
+
+void ZelBoxCore::connectExit()
+{
+    connect(m_exit, &BoxExit::backgroundChosen, m_background, &BackgroundMode::leaveScreen);
+    connect(m_exit, &BoxExit::declined, m_clientProxy, &ZelBoxClientSvrProxy::onWindowOpened);
+    connect(m_exit, &BoxExit::hostLeft, this, &ZelBoxCore::takeDown);
 }
 
 void ZelBoxCore::onMainWindowMade(ZelBoxMainWindow *window)
@@ -327,23 +334,12 @@ void ZelBoxCore::openSyncFolder(const QString &parameter)
 
 void ZelBoxCore::showExitDialog()
 {
-    presentExitDialog(true);
+    m_exit->ask(true, m_cloudService);
 }
 
 void ZelBoxCore::askAboutExit()
 {
-    presentExitDialog(false);
-}
-
-void ZelBoxCore::presentExitDialog(bool wanted)
-{
-    const auto setUp = [this](ZelBoxExitDialog *dialog) {
-        connect(dialog, &ZelBoxExitDialog::exitChosen, this, &ZelBoxCore::quitLater);
-        connect(dialog, &ZelBoxExitDialog::backgroundChosen, m_background, &BackgroundMode::leaveScreen);
-        connect(dialog, &QDialog::rejected, m_clientProxy, &ZelBoxClientSvrProxy::onWindowOpened);
-        zel::tellWhatGoesOn(m_cloudService, dialog);
-    };
-    m_dialogs.present<ZelBoxExitDialog>(m_windows->frontWindow(), setUp)->setExitWanted(wanted);
+    m_exit->ask(false, m_cloudService);
 }
 
 void ZelBoxCore::sendToBackground()
@@ -392,22 +388,5 @@ void ZelBoxCore::remakeWindows()
 
 void ZelBoxCore::quitLater()
 {
-    // As a guest, the loop is the host's: only the box's own windows go.
-    const bool ownProcess = ZelBoxApplicationIndependentProcesses::isRunning();
-    ZelBoxIpc::instance()->setLeaving(ownProcess);
-    QTimer::singleShot(0, this, [this, ownProcess] {
-        if (ownProcess)
-            QCoreApplication::quit();
-        else
-            leaveHost();
-    });
-}
-
-void ZelBoxCore::leaveHost()
-{
-    if (QObject *drag = m_windows->runningDrag())
-        connect(drag, &QObject::destroyed, this, &ZelBoxCore::leaveHost,
-            Qt::ConnectionType(Qt::QueuedConnection | Qt::UniqueConnection));
-    else
-        takeDown();
+    m_exit->quitLater();
 }

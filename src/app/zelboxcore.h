@@ -9,6 +9,7 @@
 #include <QPointer>
 
 class BackgroundMode;
+class BoxExit;
 class BoxPresence;
 class BoxWindows;
 class KSkin;
@@ -72,7 +73,6 @@ public Q_SLOTS:
     void onSendMiniWindowShowEvent();
     void onStashProcessMemory();
     void remakeWindows();    ///< see BoxWindows::remake()
-    void leaveHost();        ///< the box's own windows go
     void onLanguageChosen(); ///< the setting has been changed
 
 private:
@@ -80,6 +80,7 @@ private:
     ~ZelBoxCore() override;
 
     void connectWindows();
+    void connectExit();
     void followApplication();
     void ensureTranslated();
     void loadIcons();
@@ -87,7 +88,6 @@ private:
     bool waitForWebEngine();
     void onMainWindowMade(ZelBoxMainWindow *window);
     void onBackgroundEntered();
-    void presentExitDialog(bool wanted);
 
     bool first = false;
     KSkin *m_skin;
@@ -102,6 +102,7 @@ private:
     BoxPresence *m_presence;
     BackgroundMode *m_background;
     OpenDialogs m_dialogs;
+    BoxExit *m_exit;
     StartupToken m_startupToken; // of the command that comes next
     bool m_translated = false;
 };

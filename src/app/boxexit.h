@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QObject>
+
+class BoxWindows;
+class OpenDialogs;
+class ZelBoxCloudSvr;
+
+/// How the box ends: who is asked, and what is still accepted meanwhile. GUI thread. Both parts outlive it.
+class BoxExit : public QObject
+{
+    Q_OBJECT
+public:
+    BoxExit(BoxWindows &windows, OpenDialogs &dialogs, QObject *parent);
+
+    /// Asks whether to end or to go on in the background, over the window that is in use. `exitWanted` says
+    /// what Enter does: the user came for the exit, or only closed the window. `cloud`
+    /// is asked what goes on without the box; may be null.
+    void ask(bool exitWanted, ZelBoxCloudSvr *cloud);
+    void quitLater(); ///< on the next turn of the loop; commands that come from now on are for the next box
+
+Q_SIGNALS:
+    void backgroundChosen();
+    void declined(); ///< nothing is to change
+    void hostLeft(); ///< as a guest: the box's own windows are to go now
+
+private:
+    void leaveHost();
+
+    BoxWindows &m_windows;
+    OpenDialogs &m_dialogs;
+};
