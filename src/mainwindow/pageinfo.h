@@ -36,4 +36,10 @@ struct PageInfo
 /// In the order of their numbers (the command line's "tab"). The first is made with the window.
 using PageList = QVector<PageInfo>;
 
+/// What zel::Shortcuts calls the way to the page of this number.
+inline QString pageShortcut(int number)
+{
+    return QStringLiteral("page.%1").arg(number + 1);
+}
+
 } // namespace zel

@@ -112,11 +112,17 @@ bool KCentralWidget::selectPage(int number)
     return true;
 }
 
-bool KCentralWidget::selectPage(const QString &sourceKey, const QString &place)
+int KCentralWidget::numberOf(const QString &sourceKey) const
 {
     const auto found = std::find_if(m_pages.cbegin(), m_pages.cend(),
         [&](const HostedPage *each) { return each->info().key == sourceKey; });
-    if (found == m_pages.cend() || !selectPage(int(found - m_pages.cbegin())))
+    return found == m_pages.cend() ? -1 : int(found - m_pages.cbegin());
+}
+
+bool KCentralWidget::selectPage(const QString &sourceKey, const QString &place)
+{
+    const int number = numberOf(sourceKey);
+    if (number < 0 || !selectPage(number))
         return false;
     return place.isEmpty() || m_pages.at(m_currentPage)->openPlace(place);
 }

@@ -33,13 +33,14 @@ public:
     bool selectPage(int number);                      ///< false when there is no such page
     /// The same by source key, and there at a place of this name (`base/sourcekeys.h`) if one is given.
     bool selectPage(const QString &sourceKey, const QString &place = {});
-    void stepPage(int by);                   ///< to the next one, or round
-    void focusPage();                        ///< the keyboard goes into the chosen page
-    void beginFinding(const QString &typed); ///< in the search field
-    int unreadCount() const;                 ///< of all pages
-    void startPages();                       ///< the box has come up; later calls do nothing
-    void tellReady();                        ///< the window stands on the screen; the pages are started, too
-    void releaseMemory();                    ///< of every page that was made
+    int numberOf(const QString &sourceKey) const; ///< -1: there is no such page
+    void stepPage(int by);                        ///< to the next one, or round
+    void focusPage();                             ///< the keyboard goes into the chosen page
+    void beginFinding(const QString &typed);      ///< in the search field
+    int unreadCount() const;                      ///< of all pages
+    void startPages();                            ///< the box has come up; later calls do nothing
+    void tellReady();     ///< the window stands on the screen; the pages are started, too
+    void releaseMemory(); ///< of every page that was made
 
 Q_SIGNALS:
     void unreadChanged(int number, int count, int redPointCount);

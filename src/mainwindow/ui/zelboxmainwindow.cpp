@@ -1,6 +1,7 @@
 #include "mainwindow/ui/zelboxmainwindow.h"
 
 #include "base/logging.h"
+#include "base/sourcekeys.h"
 #include "cloud/zelboxcloudsvr.h"
 #include "kdcinfoc.h"
 #include "klitestyle.h"
@@ -92,7 +93,7 @@ void ZelBoxMainWindow::makeShortcuts()
     make(QStringLiteral("window.menu"), [this] { showMenu(); });
     make(QStringLiteral("window.search"), [this] { m_central->beginFinding({}); });
     for (int page = 0; page < m_central->pageCount(); ++page) {
-        make(QStringLiteral("page.%1").arg(page + 1), [this, page] {
+        make(zel::pageShortcut(page), [this, page] {
             m_central->selectPage(page);
             m_central->focusPage();
         });
@@ -110,7 +111,8 @@ void ZelBoxMainWindow::makeShortcuts()
 void ZelBoxMainWindow::showMenu()
 {
     if (!m_menu) {
-        m_menu = new ZelBoxMainWindowMenu(m_host, m_central->cloudSpace(), this);
+        m_menu = new ZelBoxMainWindowMenu(
+            m_host, m_central->cloudSpace(), m_central->numberOf(zel::source::CloudDoc), this);
         connect(m_menu, &ZelBoxMainWindowMenu::pageRequested, m_central,
             qOverload<const QString &, const QString &>(&KCentralWidget::selectPage));
         connect(this, &ZelBoxMainWindow::closePopupWindow, m_menu, &QMenu::close);

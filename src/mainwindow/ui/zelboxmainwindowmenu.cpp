@@ -24,7 +24,8 @@ QString serverAddress()
 
 } // namespace
 
-ZelBoxMainWindowMenu::ZelBoxMainWindowMenu(MainWindowHost *host, CloudSpace *space, QWidget *parent)
+ZelBoxMainWindowMenu::ZelBoxMainWindowMenu(
+    MainWindowHost *host, CloudSpace *space, int cloudPage, QWidget *parent)
     : QMenu(parent), m_host(host), m_space(space), m_spaceText(new ZelBoxCloudSpaceActionWidget(this))
 {
     setAccessibleName(tr("Main menu"));
@@ -33,7 +34,7 @@ ZelBoxMainWindowMenu::ZelBoxMainWindowMenu(MainWindowHost *host, CloudSpace *spa
     account->setText(tr("Cloud space")); // never seen, but read out
     addAction(account);
     addSeparator();
-    zel::Shortcuts::instance()->follow(QStringLiteral("page.2"),
+    zel::Shortcuts::instance()->follow(zel::pageShortcut(cloudPage),
         add("nav_cloud", tr("Cloud Documents"), &ZelBoxMainWindowMenu::onCloudDiskAction));
     add("transfer", tr("Transfers"), &ZelBoxMainWindowMenu::onTransferDetailAction);
     addServerEntries();

@@ -11,8 +11,8 @@ class ZelBoxMainWindowMenu : public QMenu
 {
     Q_OBJECT
 public:
-    /// `space` must outlive the menu.
-    ZelBoxMainWindowMenu(MainWindowHost *host, CloudSpace *space, QWidget *parent);
+    /// `space` must outlive the menu; `cloudPage` is the number of the cloud documents, whose keys are shown.
+    ZelBoxMainWindowMenu(MainWindowHost *host, CloudSpace *space, int cloudPage, QWidget *parent);
 
 public Q_SLOTS:
     void onCloudDiskAction();      ///< shows the cloud documents page
