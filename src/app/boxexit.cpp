@@ -6,6 +6,7 @@
 #include "app/ui/zelboxexitdialog.h"
 #include "app/zelboxapplication.h"
 #include "app/zelboxipc.h"
+#include "cloud/zelboxcloudsvr.h"
 
 #include <QCoreApplication>
 #include <QTimer>

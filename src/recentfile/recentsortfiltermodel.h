@@ -15,9 +15,8 @@ class ZelBoxRecentFileModel;
 /// keeps no copies.
 ///
 /// Changes of the source and of the filter come through as changes of as few rows as possible; a new order is
-/// a layout change,
-/// which for many names comes a moment later: they are sorted on another thread, until then the old order
-/// stays (a list that is loaded meanwhile: newest first).
+/// a layout change, which for many names comes a moment later: they are sorted on another thread, until then
+/// the old order stays (a list that is loaded meanwhile: newest first).
 class RecentSortFilterModel final : public SortedListModel
 {
     Q_OBJECT

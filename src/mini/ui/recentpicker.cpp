@@ -158,7 +158,7 @@ void RecentPicker::showMenu(const QPoint &inList)
     menu->setAttribute(Qt::WA_DeleteOnClose);
     const QVector<int> commands{int(RecentCommand::Open), int(RecentCommand::OpenFolder)};
     recentActionTable().fill(
-        menu, commands, [](int) { return true; },
+        menu, commands, [](int) { return 1; },
         [this, asked = QPersistentModelIndex(row)](int command) { // which may go while the menu is open
             if (asked.isValid())
                 command == int(RecentCommand::Open) ? openRow(asked) : revealRow(asked);

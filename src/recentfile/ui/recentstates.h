@@ -22,7 +22,6 @@ public:
     void update();        ///< looks at the logic and the rows
     void pageShown();     ///< to the user: telemetry
     void setRoamingOn(bool on);
-    bool isRoamingOn() const { return m_roamingOn; } ///< until somebody says otherwise
     void updateGuide();                              ///< the service was reached, or the login is another
 
 Q_SIGNALS:

@@ -121,10 +121,11 @@ void runApart(KDocumentOpener *opener, const QString &path, std::function<Result
         [=](bool inTime) { then(inTime ? *result : late); });
 }
 
-Outcome lookAt(const QString &path)
+// Why it cannot be opened; none: it is there and can be read.
+std::optional<Outcome> problemOf(const QString &path)
 {
     if (::access(QFile::encodeName(path).constData(), R_OK) == 0)
-        return Outcome::Opened;
+        return {};
     return errno == ENOENT || errno == ENOTDIR ? Outcome::Missing : Outcome::NotReadable;
 }
 
@@ -132,9 +133,8 @@ Outcome lookAt(const QString &path)
 // document has been reported as not answering.
 Outcome openWithRecommended(const QString &path, QDeadlineTimer deadline)
 {
-    const Outcome look = lookAt(path);
-    if (look != Outcome::Opened)
-        return look;
+    if (const auto problem = problemOf(path))
+        return *problem;
     const KProgramList programs = programsFor(path);
     for (const KProgram &program : programs) {
         if (deadline.hasExpired())
@@ -219,10 +219,9 @@ void KDocumentOpener::openWith(const QString &path, const QString &programId)
     runApart<Outcome>(
         this, path,
         [=] {
-            const Outcome look = lookAt(path);
-            if (look != Outcome::Opened || deadline.hasExpired())
-                return look == Outcome::Opened ? Outcome::NoAnswer : look;
-            return launch(programId, path);
+            if (const auto problem = problemOf(path))
+                return *problem;
+            return deadline.hasExpired() ? Outcome::NoAnswer : launch(programId, path);
         },
         Outcome::NoAnswer, [this, path](Outcome outcome) { Q_EMIT opened(path, outcome); });
 }
