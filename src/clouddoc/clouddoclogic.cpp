@@ -93,8 +93,8 @@ bool CloudDocLogic::canGoForward() const
 
 QString CloudDocLogic::freeFolderName(const QString &wanted) const
 {
-    return zel::clouddoc::freeName(
-        wanted, true, [this](const QString &name) { return m_documents->hasName(name); });
+    return zel::clouddoc::freeName(wanted, true,
+        [this](const QString &name) { return m_documents->hasName(name) || m_operations->isMaking(name); });
 }
 
 NameProblem CloudDocLogic::checkName(const QString &name, const QString &id) const

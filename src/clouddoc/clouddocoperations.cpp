@@ -60,7 +60,9 @@ QString CloudDocOperations::nameOf(const QString &id) const
 void CloudDocOperations::createFolder(const QString &parentId, const QString &name)
 {
     Q_EMIT begun(CloudOperation::CreateFolder);
+    m_making << name;
     m_link->createFolder(parentId, name, [this, name](const CloudAnswer<CloudDocument> &answer) {
+        m_making.removeOne(name);
         if (!answer) {
             Q_EMIT failed(CloudOperation::CreateFolder, answer.problem, 1, name);
             return;

@@ -26,6 +26,7 @@ public:
 
     /// folderCreated() precedes done(). The name that it gets next is part of its making: undo removes it.
     void createFolder(const QString &parentId, const QString &name);
+    bool isMaking(const QString &name) const { return m_making.contains(name); } ///< not answered yet
     void rename(const QString &id, const QString &name);
     /// `fromFolder`, where they are, makes it undoable; empty: it is not.
     void move(const QStringList &ids, const QString &folderId, CloudNameChoice choice,
@@ -83,6 +84,7 @@ private:
     CloudDocLink *m_link;
     const CloudDocModel *m_documents;
     QSet<QString> m_trashing;         ///< items whose removal has not ended
+    QStringList m_making;             ///< names of folders
     QString m_newFolder;              ///< has the name that it was made with
     QHash<QString, QString> m_failed; ///< transfers that were asked about, by their source
 };

@@ -296,6 +296,10 @@ void TestPage::newFolderIsNamedAtOnce()
     QVERIFY2(notice().contains(s("created")), qPrintable(notice())); // and not renamed
     page()->action(CloudCommand::Undo)->trigger();
     QCOMPARE(wanted().last(), s("batchRemove New Folder (2)"));
+    for (const char *name : {"New Folder (2)", "New Folder (3)"}) {
+        page()->action(CloudCommand::NewFolder)->trigger();
+        QCOMPARE(wanted().last(), s("createFolder ") + s(name));
+    }
 }
 
 void TestPage::dropsGoWhereTheyFall_data()
@@ -433,6 +437,11 @@ void TestPage::opensDocuments()
     key(Qt::Key_Return);
     key(Qt::Key_Return); // once
     QCOMPARE(wanted(), QStringList(s("downloadItems far.txt")));
+    QVERIFY(m_cloud->answer("downloadItems", zel::vela::DownloadItemsResult()));
+    m_cloud->tellCreated(s("refused.txt"));
+    Q_EMIT view()->activated(view()->model()->index(2, 0));
+    QVERIFY(
+        m_cloud->refuse("downloadItems", zel::vela::DownloadItemsResult(), 5)); // says nothing of the other
     CloudTransfer other;
     other.itemId = s("other.txt");
     other.state = CloudTransfer::State::Done;

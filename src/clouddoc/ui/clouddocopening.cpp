@@ -21,7 +21,7 @@ CloudDocOpening::CloudDocOpening(CloudDocLogic *logic, NoticeBar *notice, QObjec
     connect(logic, &CloudDocLogic::operationFailed, this, [this](CloudOperation operation) {
         if (operation != CloudOperation::Download)
             return;
-        m_downloading.clear();
+        m_downloading.subtract(m_asked);
         m_asked.clear();
     });
     connect(logic, &CloudDocLogic::operationDone, this, [this](CloudOperation operation) {
