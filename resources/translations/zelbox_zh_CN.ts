@@ -1418,7 +1418,7 @@
     </message>
     <message>
         <source>All of this lies in your own folders, and nobody else is told of it.</source>
-        <translation>所有内容都在您自己的文件夹中，不会告知任何人。</translation>
+        <translation>所有内容都在您自己的文件夹中，不会发送给任何人。</translation>
     </message>
     <message>
         <source>Clear</source>
@@ -1692,11 +1692,11 @@
     </message>
     <message>
         <source>This desktop&apos;s list</source>
-        <translation>本桌面的列表</translation>
+        <translation>此桌面的列表</translation>
     </message>
     <message>
         <source>Documents that any program of this desktop has opened, including sandboxed programs.</source>
-        <translation>本桌面任意程序（包括沙盒程序）打开过的文档。</translation>
+        <translation>此桌面任意程序（包括沙盒程序）打开过的文档。</translation>
     </message>
     <message>
         <source>Documents used in ZEL Box</source>
@@ -1708,7 +1708,7 @@
     </message>
     <message>
         <source>Documents that you used on other devices, as the cloud service tells.</source>
-        <translation>云服务告知的、您在其他设备上使用的文档。</translation>
+        <translation>您在其他设备上使用过、由云服务同步的文档。</translation>
     </message>
     <message>
         <source>Shown in the list</source>
@@ -1724,7 +1724,7 @@
     </message>
     <message>
         <source>Last used in programs of this desktop</source>
-        <translation>最后在本桌面的程序中使用</translation>
+        <translation>最后在此桌面的程序中使用</translation>
     </message>
     <message>
         <source>Last used in sandboxed programs</source>

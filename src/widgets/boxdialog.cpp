@@ -8,7 +8,9 @@
 
 #include <QDialogButtonBox>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QScreen>
 #include <QVBoxLayout>
 
 namespace look = zel::look;
@@ -44,7 +46,8 @@ QSize BoxDialog::sizeHint() const
 void BoxDialog::makeResizable(const QSize &size)
 {
     m_isResizable = true;
-    resize(size);
+    const QSize room = QGuiApplication::primaryScreen()->availableSize();
+    resize(size.boundedTo(room - QSize(0, KLiteStyle::dpiScaled(look::ControlHeight)))); // of the title bar
 }
 
 // Some window managers offer to maximise whatever can change its size.

@@ -41,16 +41,26 @@ QStringList localFiles(const QMimeData *data)
     return paths;
 }
 
+// Several file managers paste nothing else than the second format: the word, then a URL a line.
+void setFiles(QMimeData *data, const QStringList &paths)
+{
+    QList<QUrl> urls;
+    urls.reserve(paths.size());
+    QByteArray copied("copy");
+    for (const QString &path : paths) {
+        urls << QUrl::fromLocalFile(path);
+        copied += '\n' + urls.constLast().toEncoded();
+    }
+    data->setUrls(urls);
+    data->setData(QStringLiteral("x-special/gnome-copied-files"), copied);
+}
+
 std::unique_ptr<QMimeData> fileMimeData(const QStringList &paths)
 {
     if (paths.isEmpty())
         return nullptr;
-    QList<QUrl> urls;
-    urls.reserve(paths.size());
-    for (const QString &path : paths)
-        urls << QUrl::fromLocalFile(path);
     auto data = std::make_unique<QMimeData>();
-    data->setUrls(urls);
+    setFiles(data.get(), paths);
     data->setText(QStringList(paths.mid(0, MostTextPaths)).join(QLatin1Char('\n')));
     return data;
 }

@@ -15,7 +15,10 @@ namespace zel {
 /// that offers them.
 QStringList localFiles(const QMimeData *data);
 
-/// The files as other programs take them (list of URLs, and their paths as text); null without paths. For
+/// The files as other programs take them to copy them: as a list of URLs, and as file managers pass them on.
+void setFiles(QMimeData *data, const QStringList &paths);
+
+/// The files as other programs take them (setFiles(), and their paths as text); null without paths. For
 /// drags and for the clipboard. No file is looked at.
 std::unique_ptr<QMimeData> fileMimeData(const QStringList &paths);
 

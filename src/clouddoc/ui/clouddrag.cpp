@@ -7,7 +7,6 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QMimeData>
-#include <QUrl>
 
 namespace zel::clouddoc {
 
@@ -26,11 +25,8 @@ std::unique_ptr<QMimeData> itemsMimeData(const CarriedItems &items, const QStrin
         {QStringLiteral("ids"), QJsonArray::fromStringList(items.ids)}};
     auto data = std::make_unique<QMimeData>();
     data->setData(itemsFormat(), QJsonDocument(object).toJson(QJsonDocument::Compact));
-    QList<QUrl> urls;
-    for (const QString &path : localPaths)
-        urls << QUrl::fromLocalFile(path);
-    if (!urls.isEmpty() && !items.cut)
-        data->setUrls(urls);
+    if (!localPaths.isEmpty() && !items.cut)
+        setFiles(data.get(), localPaths);
     return data;
 }
 
