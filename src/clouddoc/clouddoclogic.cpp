@@ -145,11 +145,6 @@ void CloudDocLogic::reload()
     m_folder->reload();
 }
 
-void CloudDocLogic::setSortOrder(zel::ListSort sort)
-{
-    m_documents->setSortOrder(sort);
-}
-
 void CloudDocLogic::createFolder(const QString &name)
 {
     m_operations->createFolder(folderId(), name);

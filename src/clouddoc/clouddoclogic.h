@@ -72,7 +72,6 @@ public Q_SLOTS:
     void forward();
     /// Reads the folder anew; rows change only where it differs.
     void reload();
-    void setSortOrder(zel::ListSort sort);
 
     // What the user does; names are checked before, see checkName().
     void createFolder(const QString &name); ///< folderCreated() precedes operationDone()
