@@ -22,7 +22,7 @@ public:
     void update();        ///< looks at the logic and the rows
     void pageShown();     ///< to the user: telemetry
     void setRoamingOn(bool on);
-    void updateGuide();                              ///< the service was reached, or the login is another
+    void updateGuide(); ///< the service was reached, or the login is another
 
 Q_SIGNALS:
     void openFileRequested();
