@@ -4,8 +4,6 @@
 function(zel_test name)
     cmake_parse_arguments(ARG "DISPLAY" "LABEL;TIMEOUT" "SOURCES;LINK;ENV" ${ARGN})
     zel_test_program(${name} SOURCES ${ARG_SOURCES} LINK ${ARG_LINK})
-    # What a failed comparison prints has to be known before QtTest's header.
-    target_compile_options(${name} PRIVATE -include "${CMAKE_SOURCE_DIR}/tests/support/words.h")
     zel_register(${name} COMMAND $<TARGET_FILE:${name}> LABEL "${ARG_LABEL}" TIMEOUT "${ARG_TIMEOUT}"
         ENV ${ARG_ENV} DISPLAY_WANTED ${ARG_DISPLAY})
 endfunction()
@@ -16,6 +14,8 @@ function(zel_test_program name)
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LINK} Qt5::Test)
     target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/src" "${CMAKE_SOURCE_DIR}/tests")
+    # What each of them has without including it.
+    target_compile_options(${name} PRIVATE -include "${CMAKE_SOURCE_DIR}/tests/support/test.h")
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
 endfunction()
 

@@ -2,8 +2,6 @@
 
 #include "app/commandtarget.h"
 
-#include <QStringList>
-
 /// Notes what the core is asked for, in order: a word, and behind "=" what it was asked with.
 struct CommandRecorder : CommandTarget
 {

@@ -2,9 +2,6 @@
 
 #include "base/hostinterface.h"
 
-#include <string>
-#include <vector>
-
 /// A host of the box inside the test program: include it in one source file of a program that exports its
 /// symbols.
 class FakeHost final : public HostMessageInterface

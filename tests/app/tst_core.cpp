@@ -18,20 +18,12 @@
 #include <QApplication>
 #include <QDialog>
 #include <QDrag>
-#include <QSignalSpy>
-#include <QTimer>
-#include <QtTest>
 
 #include <stdexcept>
 
 namespace {
 
 int s_handled = 0;
-
-void countingHandler(QtMsgType, const QMessageLogContext &, const QString &)
-{
-    ++s_handled;
-}
 
 // Runs on the first turn of the loop that is to come.
 template <typename Step> void inTheLoop(QObject *context, Step step)
@@ -60,20 +52,264 @@ class TestCore : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void nullCommandLine();
-    void engineWaitCancelled();
-    void engineGetsReady();
-    void ordinaryRun();
-    void waitsForThreadTiming();
-    void background();
-    void startedInBackground();
-    void languageAtOnce();
-    void remakingWaits();
-    void dialogClosedJustNow();
-    void guestOfAHost();
-    void hostThatNeverRanALoop();
+    void nullCommandLine()
+    {
+        try {
+            enter(nullptr);
+            QFAIL("no exception");
+        } catch (const std::logic_error &error) {
+            QCOMPARE(error.what(), "basic_string::_M_construct null not valid");
+        }
+        QVERIFY(!qApp);
+    }
+
+    void engineWaitCancelled()
+    {
+        const QtMessageHandler before = qInstallMessageHandler(countingHandler);
+        KxCefEngine::instance()->setState(KxCefEngine::Loading);
+        bool asked = false;
+        answerEngineDialog([&](KCefLoadingProgressDlg *dialog) {
+            asked = true;
+            QTest::keyClick(dialog, Qt::Key_Escape);
+        });
+        const int result = enter(L"");
+        KxCefEngine::instance()->setState(KxCefEngine::Ready);
+        QVERIFY(asked);
+        QCOMPARE(result, 0);
+        QVERIFY(!ZelBoxCore::instance()->mainWindow());
+        // The runtime was cleared: messages go where they went before.
+        s_handled = 0;
+        qWarning("still there");
+        QCOMPARE(s_handled, 1);
+        qInstallMessageHandler(before);
+    }
+
+    void engineGetsReady()
+    {
+        KxCefEngine::instance()->setState(KxCefEngine::Loading);
+        bool shown = false;
+        connect(ZelBoxCore::instance(), &ZelBoxCore::firstMainWindowShown, this, [&] {
+            shown = ZelBoxCore::instance()->mainWindow()->isVisible();
+            QCoreApplication::quit();
+        });
+        answerEngineDialog(
+            [](KCefLoadingProgressDlg *) { KxCefEngine::instance()->setState(KxCefEngine::Ready); });
+        QCOMPARE(enter(L""), 0);
+        disconnect(ZelBoxCore::instance(), nullptr, this, nullptr);
+        QVERIFY(shown);
+    }
+
+    void ordinaryRun()
+    {
+        ZelBoxCore *core = ZelBoxCore::instance();
+        QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
+        int turnsAfterExit = 0;
+        int page = -1;
+        connect(core, &ZelBoxCore::firstMainWindowShown, this, [&] {
+            page = core->mainWindow()->central()->currentPage();
+            FakeHost::instance().send(L"_TRANSMISSION_", u"zelbox_active_window?=/action=exit");
+            ++turnsAfterExit; // the command did not end the loop under this event's feet
+        });
+        QCOMPARE(enter(L"/tab=3"), 0);
+        disconnect(core, nullptr, this, nullptr);
+        QCOMPARE(firstShown.size(), 1);
+        QCOMPARE(turnsAfterExit, 1);
+        QCOMPARE(page, 3);
+        QVERIFY(!core->mainWindow());
+        QVERIFY(!qApp);
+        QCOMPARE(FakeHost::instance().registrations, 1);
+    }
+
+    void waitsForThreadTiming()
+    {
+        StandAloneBox box;
+        KCoreApplication::getThreadTiming()->beginJob("warm-up"_s);
+        QVERIFY(box.application.start(QString()));
+        ZelBoxCore *core = ZelBoxCore::instance();
+        QVERIFY(!core->mainWindow());
+        inTheLoop(this, [] { KCoreApplication::getThreadTiming()->endJob("warm-up"_s); });
+        QTRY_VERIFY(core->mainWindow() && core->mainWindow()->isVisible());
+        // Later jobs of the runtime do not start the box again.
+        ZelBoxMainWindow *window = core->mainWindow();
+        KCoreApplication::getThreadTiming()->beginJob("later"_s);
+        KCoreApplication::getThreadTiming()->endJob("later"_s);
+        QCOMPARE(core->mainWindow(), window);
+    }
+
+    void background()
+    {
+        StandAloneBox box;
+        QVERIFY(box.application.start(QString()));
+        ZelBoxCore *core = ZelBoxCore::instance();
+        QSignalSpy closed(core->mainWindow(), &ZelBoxMainWindow::windowClose);
+        const auto storedWidth = [] {
+            KSettings settings;
+            settings.beginGroup(zel::keys::ApplicationSettings);
+            return settings.value(zel::keys::WindowWidth, -1).toInt();
+        };
+
+        core->dispatch("/radarid=3"_s, false);
+        core->dispatch("/options="_s, false);
+        QVERIFY(core->mainWindow()->isVisible());
+        core->dispatch("/from=tray"_s, false);
+        QVERIFY(!core->mainWindow()->isVisible());
+        QCOMPARE(closed.size(), 1);
+        QCOMPARE(storedWidth(), core->mainWindow()->width());
+        // 200 ms later the geometry is saved once more while memory is given back.
+        KSettings().remove(zel::keys::ApplicationSettings);
+        QCOMPARE(storedWidth(), -1);
+        QTRY_COMPARE(storedWidth(), core->mainWindow()->width());
+        core->dispatch(QString(), false);
+        QVERIFY(core->mainWindow()->isVisible());
+        QVERIFY(!core->mainWindow()->isMinimized());
+    }
+
+    // By the session or the bus: nobody has asked for a window yet.
+    void startedInBackground()
+    {
+        StandAloneBox box;
+        QSignalSpy firstShown(ZelBoxCore::instance(), &ZelBoxCore::firstMainWindowShown);
+        QVERIFY(box.application.start("/from=autostart"_s));
+        ZelBoxCore *core = ZelBoxCore::instance();
+        QVERIFY(!core->mainWindow()->isVisible());
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(firstShown.size(), 0);
+        core->dispatch(QString(), false);
+        QVERIFY(core->mainWindow()->isVisible());
+        QTRY_COMPARE(firstShown.size(), 1);
+    }
+
+    void languageAtOnce()
+    {
+        StandAloneBox box;
+        QVERIFY(box.application.start("/tab=4"_s));
+        ZelBoxCore *core = ZelBoxCore::instance();
+        QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
+        QTRY_COMPARE(firstShown.size(), 1);
+        core->dispatch("/options=settings"_s, false);
+        core->mainWindow()->showNormal();  // the default size may fill this screen
+        core->mainWindow()->move(-50, 40); // where a start would not put it
+        const QRect place = core->mainWindow()->geometry();
+        chooseLanguage("zh_CN"_s);
+        core->onLanguageChosen();
+        const auto titleOf = [&] {
+            return core->mainWindow()->findChild<QAbstractButton *>("page_RecentFile"_s)->text();
+        };
+        QTRY_COMPARE(titleOf(), "最近"_s);
+        QVERIFY(QApplication::font().families().at(1).startsWith("Microsoft YaHei"_s));
+        QVERIFY(core->mainWindow()->isVisible());
+        QCOMPARE(core->mainWindow()->geometry(), place);
+        QCOMPARE(core->mainWindow()->central()->currentPage(), 4);
+        QCoreApplication::sendPostedEvents();
+        QCOMPARE(firstShown.size(), 1); // to everybody else it is the same window
+        chooseLanguage(QString());
+        core->onLanguageChosen();
+        QTRY_COMPARE(titleOf(), "Recent"_s);
+        QCOMPARE(QApplication::font().families().at(1), "Noto Sans"_s);
+    }
+
+    // What is under way, and would be in the code of a window that goes, comes to its end first.
+    void remakingWaits()
+    {
+        StandAloneBox box;
+        QVERIFY(box.application.start(QString()));
+        ZelBoxCore *core = ZelBoxCore::instance();
+        QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
+        QPointer<ZelBoxMainWindow> window = core->mainWindow();
+        core->remakeWindows(); // before the first show was told
+        QVERIFY(!window);
+        QTRY_COMPARE(firstShown.size(), 1);
+
+        window = core->mainWindow();
+        auto *drag = new QDrag(window->centralWidget());
+        core->remakeWindows();
+        QVERIFY(window);
+        delete drag;
+        QTRY_VERIFY(!window);
+
+        window = core->mainWindow();
+        QVERIFY(window->isVisible());
+        auto *question = new QDialog(window);
+        question->open();
+        core->remakeWindows();
+        QVERIFY(window);
+        question->reject();
+        QTRY_VERIFY(!window);
+        window = core->mainWindow();
+        QCoreApplication::sendPostedEvents();
+        QVERIFY(window); // once
+        QCOMPARE(firstShown.size(), 1);
+    }
+
+    void dialogClosedJustNow()
+    {
+        StandAloneBox box;
+        QVERIFY(box.application.start(QString()));
+        const auto shown = []() -> QWidget * {
+            for (QWidget *each : QApplication::topLevelWidgets()) {
+                if (qobject_cast<QDialog *>(each) && each->isVisible())
+                    return each;
+            }
+            return nullptr;
+        };
+        for (const char *command : {"/action=exitdlg", "/options=settings"}) {
+            ZelBoxCore::instance()->dispatch(QLatin1String(command), false);
+            shown()->close();
+            ZelBoxCore::instance()->dispatch(QLatin1String(command), false);
+            QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+            QVERIFY2(shown(), command);
+            shown()->close();
+        }
+    }
+
+    void guestOfAHost()
+    {
+        int argc = 1;
+        char name[] = "host";
+        char *argv[] = {name, nullptr};
+        QApplication host(argc, argv);
+        ZelBoxCore *core = ZelBoxCore::instance();
+        chooseLanguage("zh_CN"_s);
+        QCOMPARE(execZelBox("/tab=2"_s), 0);
+        QCOMPARE(execZelBox("/tab=5"_s), 0);
+        QVERIFY(!core->mainWindow());
+        QTRY_VERIFY(core->mainWindow());
+        QTRY_COMPARE(core->mainWindow()->central()->currentPage(), 5);
+        QVERIFY(core->cloudService());
+        // A guest does not end its host.
+        QCOMPARE(execZelBox("/action=exit"_s), 0);
+        QTRY_VERIFY(!core->mainWindow());
+        QCOMPARE(execZelBox("/show=main"_s), 0);
+        QTRY_VERIFY(core->mainWindow() && core->mainWindow()->isVisible());
+        // Exit took the translations along; the next command speaks the user's language again.
+        auto *recent = core->mainWindow()->findChild<QAbstractButton *>("page_RecentFile"_s);
+        QCOMPARE(recent->text(), "最近"_s);
+        chooseLanguage(QString());
+        QTimer::singleShot(0, &host, &QApplication::quit);
+        host.exec();
+        QVERIFY(!core->mainWindow());
+    }
+
+    void hostThatNeverRanALoop()
+    {
+        ZelBoxCore *core = ZelBoxCore::instance();
+        {
+            int argc = 1;
+            char name[] = "host";
+            char *argv[] = {name, nullptr};
+            QApplication host(argc, argv);
+            core->dispatch("/options=showZelBox|showZelBoxMini|settings|folderselector"_s, false);
+            core->showMiniWidget(true);
+            core->showMiniWidget(false);
+            QVERIFY(core->mainWindow()->isVisible());
+        }
+        QVERIFY(!core->mainWindow());
+        QCOMPARE(QApplication::topLevelWidgets().size(), 0);
+    }
 
 private:
+    static void countingHandler(QtMsgType, const QMessageLogContext &, const QString &) { ++s_handled; }
+
     void answerEngineDialog(const std::function<void(KCefLoadingProgressDlg *)> &answer);
 };
 
@@ -86,261 +322,6 @@ void TestCore::answerEngineDialog(const std::function<void(KCefLoadingProgressDl
         else
             answerEngineDialog(answer);
     });
-}
-
-void TestCore::nullCommandLine()
-{
-    try {
-        enter(nullptr);
-        QFAIL("no exception");
-    } catch (const std::logic_error &error) {
-        QCOMPARE(error.what(), "basic_string::_M_construct null not valid");
-    }
-    QVERIFY(!qApp);
-}
-
-void TestCore::engineWaitCancelled()
-{
-    const QtMessageHandler before = qInstallMessageHandler(countingHandler);
-    KxCefEngine::instance()->setState(KxCefEngine::Loading);
-    bool asked = false;
-    answerEngineDialog([&](KCefLoadingProgressDlg *dialog) {
-        asked = true;
-        QTest::keyClick(dialog, Qt::Key_Escape);
-    });
-    const int result = enter(L"");
-    KxCefEngine::instance()->setState(KxCefEngine::Ready);
-    QVERIFY(asked);
-    QCOMPARE(result, 0);
-    QVERIFY(!ZelBoxCore::instance()->mainWindow());
-    // The runtime was cleared: messages go where they went before.
-    s_handled = 0;
-    qWarning("still there");
-    QCOMPARE(s_handled, 1);
-    qInstallMessageHandler(before);
-}
-
-void TestCore::engineGetsReady()
-{
-    KxCefEngine::instance()->setState(KxCefEngine::Loading);
-    bool shown = false;
-    connect(ZelBoxCore::instance(), &ZelBoxCore::firstMainWindowShown, this, [&] {
-        shown = ZelBoxCore::instance()->mainWindow()->isVisible();
-        QCoreApplication::quit();
-    });
-    answerEngineDialog(
-        [](KCefLoadingProgressDlg *) { KxCefEngine::instance()->setState(KxCefEngine::Ready); });
-    QCOMPARE(enter(L""), 0);
-    disconnect(ZelBoxCore::instance(), nullptr, this, nullptr);
-    QVERIFY(shown);
-}
-
-void TestCore::ordinaryRun()
-{
-    ZelBoxCore *core = ZelBoxCore::instance();
-    QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
-    int turnsAfterExit = 0;
-    int page = -1;
-    connect(core, &ZelBoxCore::firstMainWindowShown, this, [&] {
-        page = core->mainWindow()->central()->currentPage();
-        FakeHost::instance().send(L"_TRANSMISSION_", u"zelbox_active_window?=/action=exit");
-        ++turnsAfterExit; // the command did not end the loop under this event's feet
-    });
-    QCOMPARE(enter(L"/tab=3"), 0);
-    disconnect(core, nullptr, this, nullptr);
-    QCOMPARE(firstShown.size(), 1);
-    QCOMPARE(turnsAfterExit, 1);
-    QCOMPARE(page, 3);
-    QVERIFY(!core->mainWindow());
-    QVERIFY(!qApp);
-    QCOMPARE(FakeHost::instance().registrations, 1);
-}
-
-void TestCore::waitsForThreadTiming()
-{
-    StandAloneBox box;
-    KCoreApplication::getThreadTiming()->beginJob(QStringLiteral("warm-up"));
-    QVERIFY(box.application.start(QString()));
-    ZelBoxCore *core = ZelBoxCore::instance();
-    QVERIFY(!core->mainWindow());
-    inTheLoop(this, [] { KCoreApplication::getThreadTiming()->endJob(QStringLiteral("warm-up")); });
-    QTRY_VERIFY(core->mainWindow() && core->mainWindow()->isVisible());
-    // Later jobs of the runtime do not start the box again.
-    ZelBoxMainWindow *window = core->mainWindow();
-    KCoreApplication::getThreadTiming()->beginJob(QStringLiteral("later"));
-    KCoreApplication::getThreadTiming()->endJob(QStringLiteral("later"));
-    QCOMPARE(core->mainWindow(), window);
-}
-
-void TestCore::background()
-{
-    StandAloneBox box;
-    QVERIFY(box.application.start(QString()));
-    ZelBoxCore *core = ZelBoxCore::instance();
-    QSignalSpy closed(core->mainWindow(), &ZelBoxMainWindow::windowClose);
-    const auto storedWidth = [] {
-        KSettings settings;
-        settings.beginGroup(zel::keys::ApplicationSettings);
-        return settings.value(zel::keys::WindowWidth, -1).toInt();
-    };
-
-    core->dispatch(QStringLiteral("/radarid=3"), false);
-    core->dispatch(QStringLiteral("/options="), false);
-    QVERIFY(core->mainWindow()->isVisible());
-    core->dispatch(QStringLiteral("/from=tray"), false);
-    QVERIFY(!core->mainWindow()->isVisible());
-    QCOMPARE(closed.size(), 1);
-    QCOMPARE(storedWidth(), core->mainWindow()->width());
-    // 200 ms later the geometry is saved once more while memory is given back.
-    KSettings().remove(zel::keys::ApplicationSettings);
-    QCOMPARE(storedWidth(), -1);
-    QTRY_COMPARE(storedWidth(), core->mainWindow()->width());
-    core->dispatch(QString(), false);
-    QVERIFY(core->mainWindow()->isVisible());
-    QVERIFY(!core->mainWindow()->isMinimized());
-}
-
-// By the session or the bus: nobody has asked for a window yet.
-void TestCore::startedInBackground()
-{
-    StandAloneBox box;
-    QSignalSpy firstShown(ZelBoxCore::instance(), &ZelBoxCore::firstMainWindowShown);
-    QVERIFY(box.application.start(QStringLiteral("/from=autostart")));
-    ZelBoxCore *core = ZelBoxCore::instance();
-    QVERIFY(!core->mainWindow()->isVisible());
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(firstShown.size(), 0);
-    core->dispatch(QString(), false);
-    QVERIFY(core->mainWindow()->isVisible());
-    QTRY_COMPARE(firstShown.size(), 1);
-}
-
-void TestCore::languageAtOnce()
-{
-    StandAloneBox box;
-    QVERIFY(box.application.start(QStringLiteral("/tab=4")));
-    ZelBoxCore *core = ZelBoxCore::instance();
-    QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
-    QTRY_COMPARE(firstShown.size(), 1);
-    core->dispatch(QStringLiteral("/options=settings"), false);
-    core->mainWindow()->showNormal();  // the default size may fill this screen
-    core->mainWindow()->move(-50, 40); // where a start would not put it
-    const QRect place = core->mainWindow()->geometry();
-    chooseLanguage(QStringLiteral("zh_CN"));
-    core->onLanguageChosen();
-    const auto titleOf = [&] {
-        return core->mainWindow()->findChild<QAbstractButton *>(QStringLiteral("page_RecentFile"))->text();
-    };
-    QTRY_COMPARE(titleOf(), QStringLiteral("最近"));
-    QVERIFY(QApplication::font().families().at(1).startsWith(QLatin1String("Microsoft YaHei")));
-    QVERIFY(core->mainWindow()->isVisible());
-    QCOMPARE(core->mainWindow()->geometry(), place);
-    QCOMPARE(core->mainWindow()->central()->currentPage(), 4);
-    QCoreApplication::sendPostedEvents();
-    QCOMPARE(firstShown.size(), 1); // to everybody else it is the same window
-    chooseLanguage(QString());
-    core->onLanguageChosen();
-    QTRY_COMPARE(titleOf(), QStringLiteral("Recent"));
-    QCOMPARE(QApplication::font().families().at(1), QStringLiteral("Noto Sans"));
-}
-
-// What is under way, and would be in the code of a window that goes, comes to its end first.
-void TestCore::remakingWaits()
-{
-    StandAloneBox box;
-    QVERIFY(box.application.start(QString()));
-    ZelBoxCore *core = ZelBoxCore::instance();
-    QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
-    QPointer<ZelBoxMainWindow> window = core->mainWindow();
-    core->remakeWindows(); // before the first show was told
-    QVERIFY(!window);
-    QTRY_COMPARE(firstShown.size(), 1);
-
-    window = core->mainWindow();
-    auto *drag = new QDrag(window->centralWidget());
-    core->remakeWindows();
-    QVERIFY(window);
-    delete drag;
-    QTRY_VERIFY(!window);
-
-    window = core->mainWindow();
-    QVERIFY(window->isVisible());
-    auto *question = new QDialog(window);
-    question->open();
-    core->remakeWindows();
-    QVERIFY(window);
-    question->reject();
-    QTRY_VERIFY(!window);
-    window = core->mainWindow();
-    QCoreApplication::sendPostedEvents();
-    QVERIFY(window); // once
-    QCOMPARE(firstShown.size(), 1);
-}
-
-void TestCore::dialogClosedJustNow()
-{
-    StandAloneBox box;
-    QVERIFY(box.application.start(QString()));
-    const auto shown = []() -> QWidget * {
-        for (QWidget *each : QApplication::topLevelWidgets()) {
-            if (qobject_cast<QDialog *>(each) && each->isVisible())
-                return each;
-        }
-        return nullptr;
-    };
-    for (const char *command : {"/action=exitdlg", "/options=settings"}) {
-        ZelBoxCore::instance()->dispatch(QLatin1String(command), false);
-        shown()->close();
-        ZelBoxCore::instance()->dispatch(QLatin1String(command), false);
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        QVERIFY2(shown(), command);
-        shown()->close();
-    }
-}
-
-void TestCore::guestOfAHost()
-{
-    int argc = 1;
-    char name[] = "host";
-    char *argv[] = {name, nullptr};
-    QApplication host(argc, argv);
-    ZelBoxCore *core = ZelBoxCore::instance();
-    chooseLanguage(QStringLiteral("zh_CN"));
-    QCOMPARE(execZelBox(QStringLiteral("/tab=2")), 0);
-    QCOMPARE(execZelBox(QStringLiteral("/tab=5")), 0);
-    QVERIFY(!core->mainWindow());
-    QTRY_VERIFY(core->mainWindow());
-    QTRY_COMPARE(core->mainWindow()->central()->currentPage(), 5);
-    QVERIFY(core->cloudService());
-    // A guest does not end its host.
-    QCOMPARE(execZelBox(QStringLiteral("/action=exit")), 0);
-    QTRY_VERIFY(!core->mainWindow());
-    QCOMPARE(execZelBox(QStringLiteral("/show=main")), 0);
-    QTRY_VERIFY(core->mainWindow() && core->mainWindow()->isVisible());
-    // Exit took the translations along; the next command speaks the user's language again.
-    auto *recent = core->mainWindow()->findChild<QAbstractButton *>(QStringLiteral("page_RecentFile"));
-    QCOMPARE(recent->text(), QStringLiteral("最近"));
-    chooseLanguage(QString());
-    QTimer::singleShot(0, &host, &QApplication::quit);
-    host.exec();
-    QVERIFY(!core->mainWindow());
-}
-
-void TestCore::hostThatNeverRanALoop()
-{
-    ZelBoxCore *core = ZelBoxCore::instance();
-    {
-        int argc = 1;
-        char name[] = "host";
-        char *argv[] = {name, nullptr};
-        QApplication host(argc, argv);
-        core->dispatch(QStringLiteral("/options=showZelBox|showZelBoxMini|settings|folderselector"), false);
-        core->showMiniWidget(true);
-        core->showMiniWidget(false);
-        QVERIFY(core->mainWindow()->isVisible());
-    }
-    QVERIFY(!core->mainWindow());
-    QCOMPARE(QApplication::topLevelWidgets().size(), 0);
 }
 
 QTEST_APPLESS_MAIN(TestCore)

@@ -6,61 +6,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QX11Info>
-#include <QtTest>
 #include <xcb/xcb.h>
-
-namespace {
-
-// A call as a desktop makes it; returns the error's name, empty for none.
-QString call(const QString &method, const QVariantList &arguments)
-{
-    QDBusMessage message = QDBusMessage::createMethodCall(
-        "org.zelbox.ZelBox"_s, "/org/zelbox/ZelBox"_s, "org.freedesktop.Application"_s, method);
-    message.setArguments(arguments);
-    QDBusPendingCallWatcher watcher(PrivateBus::desktop().asyncCall(message));
-    QSignalSpy finished(&watcher, &QDBusPendingCallWatcher::finished);
-    if (!watcher.isFinished() && !finished.wait())
-        return "no answer"_s;
-    return watcher.isError() ? watcher.error().name() : QString();
-}
-
-bool startAndSettle(DesktopActivation &activation)
-{
-    QSignalSpy settled(&activation, &DesktopActivation::settled);
-    activation.start();
-    return settled.wait() && settled.at(0).at(0).toBool();
-}
-
-// What programs that show start-up feedback hear.
-class StartupListener
-{
-public:
-    StartupListener()
-    {
-        const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
-        const uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
-        xcb_change_window_attributes(m_connection, screen->root, XCB_CW_EVENT_MASK, &mask);
-        free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
-    }
-    ~StartupListener() { xcb_disconnect(m_connection); }
-    QByteArray heard()
-    {
-        while (auto *event = xcb_poll_for_event(m_connection)) {
-            if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE)
-                m_heard.append(reinterpret_cast<char *>(
-                                   reinterpret_cast<xcb_client_message_event_t *>(event)->data.data8),
-                    20);
-            free(event);
-        }
-        return QByteArray(m_heard.constData()); // up to the terminating zero
-    }
-
-private:
-    xcb_connection_t *m_connection = xcb_connect(nullptr, nullptr);
-    QByteArray m_heard;
-};
-
-} // namespace
 
 class TestDesktopActivation : public QObject
 {
@@ -70,16 +16,11 @@ private Q_SLOTS:
 
     void calls_data()
     {
-        QTest::addColumn<QString>("method");
-        QTest::addColumn<QVariantList>("arguments");
-        QTest::addColumn<QStringList>("expected");
-        QTest::addColumn<QString>("error");
-        const auto row = [](const char *name, const char *method, const QVariantList &arguments,
-                             const char *expected, const char *error = "") {
-            QTest::newRow(name) << QString::fromLatin1(method) << arguments
-                                << QString::fromLatin1(expected).split(QLatin1Char(' '), Qt::SkipEmptyParts)
-                                << QString::fromLatin1(error);
-        };
+        const auto table = zeltest::table<QString, QVariantList, QString, QString>(
+            "method", "arguments", "expected", "error");
+        const auto row = [&](const char *name, const char *method, const QVariantList &arguments,
+                             const char *expected,
+                             const char *error = "") { table(name, method, arguments, expected, error); };
         const QVariantMap odd{
             {"desktop-startup-id"_s, QStringList{"x"_s}}, {"activation-token"_s, "8f3c"_s}, {"new"_s, 1}};
         const auto action = [](const char *name) {
@@ -98,13 +39,12 @@ private Q_SLOTS:
     }
     void calls()
     {
-        QFETCH(QString, method);
-        QFETCH(QVariantList, arguments);
+        const auto [method, arguments] = zeltest::row<QString, QVariantList>();
         CommandRecorder target;
         DesktopActivation activation(target);
         QVERIFY(startAndSettle(activation));
         QTEST(call(method, arguments), "error");
-        QTEST(target.calls, "expected");
+        QTEST(target.calls.join(QLatin1Char(' ')), "expected");
     }
 
     void nameTaken()
@@ -148,6 +88,53 @@ private Q_SLOTS:
     }
 
 private:
+    // A call as a desktop makes it; returns the error's name, empty for none.
+    static QString call(const QString &method, const QVariantList &arguments)
+    {
+        QDBusMessage message = QDBusMessage::createMethodCall(
+            "org.zelbox.ZelBox"_s, "/org/zelbox/ZelBox"_s, "org.freedesktop.Application"_s, method);
+        message.setArguments(arguments);
+        QDBusPendingCallWatcher watcher(PrivateBus::desktop().asyncCall(message));
+        QSignalSpy finished(&watcher, &QDBusPendingCallWatcher::finished);
+        if (!watcher.isFinished() && !finished.wait())
+            return "no answer"_s;
+        return watcher.isError() ? watcher.error().name() : QString();
+    }
+    static bool startAndSettle(DesktopActivation &activation)
+    {
+        QSignalSpy settled(&activation, &DesktopActivation::settled);
+        activation.start();
+        return settled.wait() && settled.at(0).at(0).toBool();
+    }
+    // What programs that show start-up feedback hear.
+    class StartupListener
+    {
+    public:
+        StartupListener()
+        {
+            const xcb_screen_t *screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
+            const uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE;
+            xcb_change_window_attributes(m_connection, screen->root, XCB_CW_EVENT_MASK, &mask);
+            free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
+        }
+        ~StartupListener() { xcb_disconnect(m_connection); }
+        QByteArray heard()
+        {
+            while (auto *event = xcb_poll_for_event(m_connection)) {
+                if ((event->response_type & 0x7F) == XCB_CLIENT_MESSAGE)
+                    m_heard.append(reinterpret_cast<char *>(
+                                       reinterpret_cast<xcb_client_message_event_t *>(event)->data.data8),
+                        20);
+                free(event);
+            }
+            return QByteArray(m_heard.constData()); // up to the terminating zero
+        }
+
+    private:
+        xcb_connection_t *m_connection = xcb_connect(nullptr, nullptr);
+        QByteArray m_heard;
+    };
+
     PrivateBus m_bus;
 };
 

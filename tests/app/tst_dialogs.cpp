@@ -17,7 +17,6 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QPushButton>
-#include <QtTest>
 
 namespace {
 

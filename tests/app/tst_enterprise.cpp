@@ -5,9 +5,6 @@
 #include "ksettings.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
 #include "standalonebox.h"
-#include "support/text.h"
-
-#include <QtTest>
 
 class TestEnterprise : public QObject
 {

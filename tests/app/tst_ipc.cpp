@@ -2,9 +2,6 @@
 #include "app/zelboxipc.h"
 #include "base/posix/uniquefd.h"
 #include "fakehost.h"
-#include "support/table.h"
-
-#include <QtTest>
 
 #include <thread>
 
@@ -12,41 +9,6 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-namespace {
-
-QByteArray utf16WithZero(const QString &text)
-{
-    return QByteArray(reinterpret_cast<const char *>(text.utf16()), (text.size() + 1) * 2);
-}
-
-// What another process sees of the lock: 0 free, 1 held by somebody else.
-int lockSeenFromOutside()
-{
-    // Before the fork: the child may not wait for a lock that another thread of ours holds.
-    const QByteArray path = zel::instanceLockPath().toLocal8Bit();
-    const pid_t child = ::fork();
-    if (child == 0) {
-        const int fd = ::open(path.constData(), O_RDWR);
-        struct flock lock = {};
-        lock.l_type = F_WRLCK;
-        lock.l_whence = SEEK_SET;
-        ::_exit(::fcntl(fd, F_GETLK, &lock) == 0 && lock.l_type == F_WRLCK ? 1 : 0);
-    }
-    int status = 0;
-    ::waitpid(child, &status, 0);
-    return WEXITSTATUS(status);
-}
-
-int openDescriptorsOf(const QString &path)
-{
-    int count = 0;
-    for (const QFileInfo &fd : QDir("/proc/self/fd"_s).entryInfoList(QDir::Files | QDir::System))
-        count += fd.symLinkTarget() == path;
-    return count;
-}
-
-} // namespace
 
 class TestIpc : public QObject
 {
@@ -76,14 +38,11 @@ private Q_SLOTS:
 
     void message_data()
     {
-        QTest::addColumn<QString>("channel");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QStringList>("emitted"); // key, value; empty: nothing
-        QTest::addColumn<QString>("reply");
-        const QString channel = "_TRANSMISSION_"_s;
-        const QString handled = "handled"_s;
+        // emitted: key, value; empty: nothing
+        const auto table =
+            zeltest::table<QString, QString, QStringList, QString>("channel", "text", "emitted", "reply");
         const auto row = [&](const char *name, const char *text, const QStringList &emitted) {
-            QTest::newRow(name) << channel << QString::fromUtf8(text) << emitted << handled;
+            table(name, "_TRANSMISSION_", text, emitted, "handled");
         };
         const QString key = "zelbox_active_window"_s;
         row("command line", "zelbox_active_window?=/from=tray", {key, "/from=tray"_s});
@@ -94,17 +53,12 @@ private Q_SLOTS:
         row("empty key", "?=x", {QString(), "x"_s});
         row("empty", "", {QString(), QString()});
         row("beyond the BMP", "k?=\xF0\x9F\x93\x84 文", {"k"_s, "\xF0\x9F\x93\x84 文"_s});
-        const QString error = "error"_s;
         for (const char *other : {"", "_transmission_", "_TRANSMISSION_2", "other"})
-            QTest::addRow("channel \"%s\"", other)
-                << QString::fromLatin1(other) << "a?=b"_s << QStringList() << error;
+            table("channel \"%1\""_s.arg(QLatin1String(other)), other, "a?=b", {}, "error");
     }
     void message()
     {
-        QFETCH(QString, channel);
-        QFETCH(QString, text);
-        QFETCH(QStringList, emitted);
-        QFETCH(QString, reply);
+        const auto [channel, text, emitted, reply] = zeltest::row<QString, QString, QStringList, QString>();
         QSignalSpy spy(ZelBoxIpc::instance(), &ZelBoxIpc::ipcTransmission);
         const std::vector<char> bytes =
             FakeHost::instance().send(channel.toStdWString(), text.toStdU16String());
@@ -163,6 +117,36 @@ private Q_SLOTS:
         zel::takeInstanceLock();
         QCOMPARE(openDescriptorsOf(path), 2);
         QCOMPARE(lockSeenFromOutside(), 1);
+    }
+
+private:
+    static QByteArray utf16WithZero(const QString &text)
+    {
+        return QByteArray(reinterpret_cast<const char *>(text.utf16()), (text.size() + 1) * 2);
+    }
+    // What another process sees of the lock: 0 free, 1 held by somebody else.
+    static int lockSeenFromOutside()
+    {
+        // Before the fork: the child may not wait for a lock that another thread of ours holds.
+        const QByteArray path = zel::instanceLockPath().toLocal8Bit();
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const int fd = ::open(path.constData(), O_RDWR);
+            struct flock lock = {};
+            lock.l_type = F_WRLCK;
+            lock.l_whence = SEEK_SET;
+            ::_exit(::fcntl(fd, F_GETLK, &lock) == 0 && lock.l_type == F_WRLCK ? 1 : 0);
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        return WEXITSTATUS(status);
+    }
+    static int openDescriptorsOf(const QString &path)
+    {
+        int count = 0;
+        for (const QFileInfo &fd : QDir("/proc/self/fd"_s).entryInfoList(QDir::Files | QDir::System))
+            count += fd.symLinkTarget() == path;
+        return count;
     }
 };
 

@@ -2,12 +2,8 @@
 #include "app/commandrecorder.h"
 #include "app/desktopactivation.h"
 #include "base/posix/unixsocket.h"
-#include "support/text.h"
 #include "tray/statusnotifieritem.h"
 #include "tray/traylink.h"
-
-#include <QSocketNotifier>
-#include <QtTest>
 
 class TestMuteBus : public QObject
 {

@@ -1,75 +1,12 @@
 // The real launcher, box and service on a real X screen.
 
 #include "base/posix/unixsocket.h"
-#include "support/table.h"
-#include "support/text.h"
 #include "support/xscreen.h"
 
-#include <QProcess>
-#include <QtTest>
-#include <atomic>
 #include <csignal>
-#include <memory>
 #include <thread>
-#include <vector>
 
 using namespace std::chrono_literals;
-
-namespace {
-
-constexpr char Title[] = "ZEL Box";
-
-QString program(const char *name)
-{
-    return qEnvironmentVariable("ZEL_BUILD_DIR") + "/bin/"_s + QLatin1String(name);
-}
-
-int forward(const QStringList &arguments)
-{
-    QProcess second;
-    second.setProcessChannelMode(QProcess::ForwardedChannels);
-    second.start(program("zelbox"), arguments);
-    return second.waitForFinished(20'000) && second.exitStatus() == QProcess::NormalExit ? second.exitCode()
-                                                                                         : -1;
-}
-
-// How many boxes in a row are told to exit before they have a window, and then swallow the next start.
-int lostStarts(int rounds)
-{
-    QTemporaryDir home;
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("QT_QPA_PLATFORM"_s, "offscreen"_s);
-    for (const char *name : {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"})
-        environment.insert(QLatin1String(name), home.path());
-    const auto start = [&environment](const QStringList &arguments) {
-        auto process = std::make_unique<QProcess>();
-        process->setProcessEnvironment(environment);
-        process->start(program("zelbox"), arguments);
-        return process;
-    };
-    int lost = 0;
-    auto box = start({});
-    const auto waitUntilItCanBeTold = [&] {
-        while (!QFileInfo::exists(home.filePath("zelbox/zelbox.sock"_s)) && !box->waitForFinished(1)) { }
-    };
-    for (int round = 0; round < rounds; ++round) {
-        waitUntilItCanBeTold();
-        if (box->state() == QProcess::NotRunning) {
-            ++lost;
-            box = start({});
-            continue;
-        }
-        start({"/action=exit"_s})->waitForFinished(20'000);
-        auto next = start({"/show=main"_s});
-        box->waitForFinished(20'000);
-        box = std::move(next);
-    }
-    waitUntilItCanBeTold();
-    start({"/action=exit"_s})->waitForFinished(20'000);
-    return box->waitForFinished(20'000) ? lost : rounds;
-}
-
-} // namespace
 
 class TestSmoke : public QObject
 {
@@ -126,8 +63,7 @@ private Q_SLOTS:
     }
     void busThatDoesNotAnswer()
     {
-        QFETCH(bool, listens);
-        QFETCH(bool, stopped);
+        const auto [listens, stopped] = zeltest::row<bool, bool>();
         QTemporaryDir folder;
         const QString path = folder.filePath("bus"_s);
         const auto mute = listens ? zel::posix::listenUnix(path.toStdString()) : zel::posix::UniqueFd();
@@ -186,6 +122,58 @@ private Q_SLOTS:
         QVERIFY(server.waitForFinished(10'000));
         QVERIFY(box.waitForFinished(20'000));
         QCOMPARE(box.exitStatus(), QProcess::NormalExit);
+    }
+
+private:
+    static constexpr char Title[] = "ZEL Box";
+    static QString program(const char *name)
+    {
+        return qEnvironmentVariable("ZEL_BUILD_DIR") + "/bin/"_s + QLatin1String(name);
+    }
+    static int forward(const QStringList &arguments)
+    {
+        QProcess second;
+        second.setProcessChannelMode(QProcess::ForwardedChannels);
+        second.start(program("zelbox"), arguments);
+        return second.waitForFinished(20'000) && second.exitStatus() == QProcess::NormalExit
+            ? second.exitCode()
+            : -1;
+    }
+    // How many boxes in a row are told to exit before they have a window, and then swallow the next start.
+    static int lostStarts(int rounds)
+    {
+        QTemporaryDir home;
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("QT_QPA_PLATFORM"_s, "offscreen"_s);
+        for (const char *name :
+            {"HOME", "XDG_RUNTIME_DIR", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_STATE_HOME"})
+            environment.insert(QLatin1String(name), home.path());
+        const auto start = [&environment](const QStringList &arguments) {
+            auto process = std::make_unique<QProcess>();
+            process->setProcessEnvironment(environment);
+            process->start(program("zelbox"), arguments);
+            return process;
+        };
+        int lost = 0;
+        auto box = start({});
+        const auto waitUntilItCanBeTold = [&] {
+            while (!QFileInfo::exists(home.filePath("zelbox/zelbox.sock"_s)) && !box->waitForFinished(1)) { }
+        };
+        for (int round = 0; round < rounds; ++round) {
+            waitUntilItCanBeTold();
+            if (box->state() == QProcess::NotRunning) {
+                ++lost;
+                box = start({});
+                continue;
+            }
+            start({"/action=exit"_s})->waitForFinished(20'000);
+            auto next = start({"/show=main"_s});
+            box->waitForFinished(20'000);
+            box = std::move(next);
+        }
+        waitUntilItCanBeTold();
+        start({"/action=exit"_s})->waitForFinished(20'000);
+        return box->waitForFinished(20'000) ? lost : rounds;
     }
 };
 

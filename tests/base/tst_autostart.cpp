@@ -1,28 +1,7 @@
 // Start with the session, on a real tree of files.
 #include "base/autostart.h"
 #include "base/desktopentry.h"
-#include "support/table.h"
 #include "support/temptree.h"
-
-#include <QtTest>
-
-namespace {
-
-/// A user, a system and a program whose path needs quotes.
-struct Tree : zeltest::TempTree
-{
-    zel::AutostartPlaces places{path("user/autostart"), {path("near/autostart"), path("far/autostart")},
-        {"Unity"_s, "GNOME"_s}, path("my $apps/zel 100%/zelbox")};
-
-    Tree() { writeScript(places.program, {}); }
-    QString user() const { return places.userFolder + QLatin1Char('/') + zel::Autostart::fileName(); }
-    QString system(int number) const
-    {
-        return places.systemFolders.at(number) + QLatin1Char('/') + zel::Autostart::fileName();
-    }
-};
-
-} // namespace
 
 class TestAutostart : public QObject
 {
@@ -61,9 +40,7 @@ private Q_SLOTS:
     }
     void rules()
     {
-        QFETCH(const QByteArray, user);
-        QFETCH(const QByteArray, system);
-        QFETCH(const bool, before);
+        const auto [user, system, before] = zeltest::row<QByteArray, QByteArray, bool>();
         Tree tree;
         if (!user.isEmpty())
             tree.write(tree.user(), user);
@@ -145,8 +122,7 @@ private Q_SLOTS:
     }
     void commandLines()
     {
-        QFETCH(const QString, program);
-        QFETCH(const QString, line);
+        const auto [program, line] = zeltest::row<QString, QString>();
         QCOMPARE(zel::DesktopEntry::execLine(program, {"/from=autostart"_s}), line);
         QCOMPARE(zel::DesktopEntry::programOf(line), program);
         QCOMPARE(zel::DesktopEntry::programOf("\"/open ended"_s), QString());
@@ -157,6 +133,21 @@ private Q_SLOTS:
         entry.setValue("Exec"_s, line); // escaped once more in the file
         QCOMPARE(zel::DesktopEntry(entry.toText()).value("Exec"_s), line);
     }
+
+private:
+    /// A user, a system and a program whose path needs quotes.
+    struct Tree : zeltest::TempTree
+    {
+        zel::AutostartPlaces places{path("user/autostart"), {path("near/autostart"), path("far/autostart")},
+            {"Unity"_s, "GNOME"_s}, path("my $apps/zel 100%/zelbox")};
+
+        Tree() { writeScript(places.program, {}); }
+        QString user() const { return places.userFolder + QLatin1Char('/') + zel::Autostart::fileName(); }
+        QString system(int number) const
+        {
+            return places.systemFolders.at(number) + QLatin1Char('/') + zel::Autostart::fileName();
+        }
+    };
 };
 
 QTEST_GUILESS_MAIN(TestAutostart)

@@ -1,36 +1,12 @@
 #include "base/paths.h"
 #include "base/trash/trash.h"
 #include "base/trash/trashinfo.h"
-#include "support/table.h"
 #include "support/temptree.h"
-
-#include <QtTest>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace zel::trash;
-
-namespace {
-
-bool isThere(const QString &path) // links count themselves
-{
-    struct stat status = {};
-    return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
-}
-
-QString inTrash(const char *name = "")
-{
-    return QDir::cleanPath(zel::paths::dataHome() + "/Trash/"_s + QString::fromUtf8(name));
-}
-
-quint64 deviceOf(const QString &path)
-{
-    struct stat status = {};
-    return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_dev : 0;
-}
-
-} // namespace
 
 Q_DECLARE_METATYPE(zel::trash::Outcome)
 
@@ -71,8 +47,7 @@ private Q_SLOTS:
     }
     void names()
     {
-        QFETCH(QByteArray, name);
-        QFETCH(int, attempt);
+        const auto [name, attempt] = zeltest::row<QByteArray, int>();
         QTEST(nameInTrash(name, attempt, 40), "expected");
     }
 
@@ -89,8 +64,7 @@ private Q_SLOTS:
     }
     void thereAndBack()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, kind);
+        const auto [name, kind] = zeltest::row<QString, QString>();
         const QString path = m_tree->path(name);
         const QString bare = name.endsWith(QLatin1Char('/')) ? path.chopped(1) : path;
         const QString target = m_tree->path("target");
@@ -214,8 +188,7 @@ private Q_SLOTS:
     }
     void notRestored()
     {
-        QFETCH(QString, id);
-        QFETCH(QByteArray, info);
+        auto [id, info] = zeltest::row<QString, QByteArray>();
         id.replace(QLatin1Char('$'), m_tree->path()).replace(QLatin1Char('%'), inTrash());
         info.replace('$', QFile::encodeName(m_tree->path()));
         const QString trash = QFileInfo(QFileInfo(id).path()).path();
@@ -250,8 +223,7 @@ private Q_SLOTS:
     }
     void otherFileSystem()
     {
-        QFETCH(int, mode);
-        QFETCH(QString, trash);
+        const auto [mode, trash] = zeltest::row<int, QString>();
         const QString shared = "/dev/shm/.Trash"_s;
         if (deviceOf("/dev/shm"_s) == deviceOf(QDir::homePath()) || ::access("/dev/shm", W_OK) != 0
             || isThere(shared) || isThere(trash))
@@ -283,6 +255,21 @@ private Q_SLOTS:
     }
 
 private:
+    static bool isThere(const QString &path) // links count themselves
+    {
+        struct stat status = {};
+        return ::lstat(QFile::encodeName(path).constData(), &status) == 0;
+    }
+    static QString inTrash(const char *name = "")
+    {
+        return QDir::cleanPath(zel::paths::dataHome() + "/Trash/"_s + QString::fromUtf8(name));
+    }
+    static quint64 deviceOf(const QString &path)
+    {
+        struct stat status = {};
+        return ::stat(QFile::encodeName(path).constData(), &status) == 0 ? status.st_dev : 0;
+    }
+
     std::unique_ptr<zeltest::TempTree> m_tree;
 };
 

@@ -6,7 +6,6 @@
 #include "notify_types.h"
 #include "platform/cloudipc/linkfixture.h"
 #include "search_types.h"
-#include "support/table.h"
 #include "transfer_types.h"
 
 using namespace zel;
@@ -16,27 +15,6 @@ using Check = std::function<bool(FakeService::Reader &)>; // whether the request
 using Call = std::function<Check(ZelBoxCloudSvr &)>;
 Q_DECLARE_METATYPE(LoginMap)
 Q_DECLARE_METATYPE(Call)
-
-namespace {
-
-const LoginMap wholeLogin = {{"userId", "u1"}, {"loginStatus", "2"}, {"loginInfo", "u1|Ann|server|d|2"},
-    {"accessID", "id"}, {"secretKey", "key"}, {"cookie", "c=1"}};
-
-KRpcResponse responseOf(const LoginMap &login)
-{
-    QMap<QString, QString> map;
-    for (const auto &[key, value] : login)
-        map.insert(QString::fromStdString(key), QString::fromStdString(value));
-    return {0, map};
-}
-
-LoginMap changed(LoginMap login, const char *key, const char *value)
-{
-    login[key] = value;
-    return login;
-}
-
-} // namespace
 
 class TestFacade : public QObject
 {
@@ -119,9 +97,7 @@ private Q_SLOTS:
     }
     void credentials()
     {
-        QFETCH(LoginMap, login);
-        QFETCH(bool, ok);
-        QFETCH(bool, taken);
+        const auto [login, ok, taken] = zeltest::row<LoginMap, bool, bool>();
         Fixture f;
         f.service->login = wholeLogin;
         QVERIFY(f.connectNow());
@@ -145,8 +121,7 @@ private Q_SLOTS:
         QCOMPARE(updated.size(), 1);
         QTRY_COMPARE(f.service->methods.count("getLoginInfo"_s), 5);
         f.service->login = wholeLogin;
-        vela::NotifyUserGenericInfoArg push;
-        push.infoKey = "loginStatus";
+        const auto push = filled(&vela::NotifyUserGenericInfoArg::infoKey, "loginStatus");
         f.service->push("notifyUserGenericInfo", push);
         f.service->push("notifyUserGenericInfo", push);
         QVERIFY(updated.wait(Fixture::Patience));
@@ -165,8 +140,7 @@ private Q_SLOTS:
     }
     void membership()
     {
-        QFETCH(QVariant, info);
-        QFETCH(bool, told);
+        const auto [info, told] = zeltest::row<QVariant, bool>();
         ZelBoxCloudSvr box;
         QSignalSpy spy(&box, &ZelBoxCloudSvr::signal_vipInfoChanged);
         box.onVipInfoChanged(info);
@@ -235,9 +209,8 @@ private Q_SLOTS:
         };
         QVERIFY(f.connectNow());
         f.proxy->cancelTask({"t1"_s, "t2"_s}, nullptr, QString());
-        vela::VelaIpcArg expected;
-        expected.nameSpace = "KVelaIpcCallObj";
-        expected.method = "cancelTask";
+        auto expected =
+            filled(&vela::VelaIpcArg::nameSpace, "KVelaIpcCallObj", &vela::VelaIpcArg::method, "cancelTask");
         expected.argMap = {{"taskIDs", "t1|t2"}};
         QTRY_COMPARE(came, expected);
         QCOMPARE(QByteArray::fromStdString(f.service->lastCall.method), QByteArray("velaIpcCall"));
@@ -260,21 +233,35 @@ private Q_SLOTS:
     }
     void windowIdentity()
     {
-        QFETCH(QString, window);
-        QFETCH(bool, ours);
+        const auto [window, ours] = zeltest::row<QString, bool>();
         Fixture f;
         ZelBoxClientSvrProxy windows;
         f.proxy->addClientProxy(&windows);
         QSignalSpy asked(&windows, &ZelBoxClientSvrProxy::activateRequested);
         QVERIFY(f.connectNow());
-        vela::NotifyActionArg action;
-        action.action = "activateWindow";
-        action.targetWindow = window.toStdString();
-        f.service->push("notifyAction", action);
+        f.service->push("notifyAction",
+            filled(&vela::NotifyActionArg::action, "activateWindow", &vela::NotifyActionArg::targetWindow,
+                window.toStdString()));
         QSignalSpy list(f.proxy.get(), &ZelBoxCloudSvr::notifyRecentFileListChanged);
         f.service->push("notifyRecentFileChange", vela::NotifyRecentFileChangeArg());
         QVERIFY(list.wait(Fixture::Patience)); // pushes come in order
         QCOMPARE(asked.size(), ours ? 1 : 0);
+    }
+
+private:
+    static inline const LoginMap wholeLogin = {{"userId", "u1"}, {"loginStatus", "2"},
+        {"loginInfo", "u1|Ann|server|d|2"}, {"accessID", "id"}, {"secretKey", "key"}, {"cookie", "c=1"}};
+    static KRpcResponse responseOf(const LoginMap &login)
+    {
+        QMap<QString, QString> map;
+        for (const auto &[key, value] : login)
+            map.insert(QString::fromStdString(key), QString::fromStdString(value));
+        return {0, map};
+    }
+    static LoginMap changed(LoginMap login, const char *key, const char *value)
+    {
+        login[key] = value;
+        return login;
     }
 };
 

@@ -4,10 +4,6 @@
 #include "support/fakecloud.h"
 #include "support/printmodel.h"
 
-#include <QAbstractItemModelTester>
-#include <QTest>
-#include <memory>
-
 /// Names of the rows.
 inline QString print(const CloudDocLogic &logic)
 {

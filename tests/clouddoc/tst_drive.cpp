@@ -5,11 +5,6 @@
 
 #include "kcloudsvrproxy.h"
 
-#include <QAbstractItemModelTester>
-#include <QSignalSpy>
-#include <QTest>
-#include <memory>
-
 using Operation = CloudOperation;
 using State = CloudDocLogic::State;
 using TransferState = CloudTransfer::State;

@@ -1,22 +1,7 @@
 #include "logicfixture.h"
-#include "support/table.h"
-
-#include <QSignalSpy>
 
 using namespace zel::vela;
 using State = CloudDocLogic::State;
-
-namespace {
-
-constexpr int NotFound = 3;
-constexpr int Denied = 5;
-
-QString crumbs(const CloudDocLogic &logic)
-{
-    return zeltest::joined(logic.crumbs(), &CloudCrumb::id, "/"_s);
-}
-
-} // namespace
 
 class TestCloudDocLogic : public LogicFixture
 {
@@ -36,9 +21,8 @@ private Q_SLOTS:
         logic().createFolder("late"_s); // is answered when another folder is on view
         logic().openRoot();
         QVERIFY(page("root"_s, {"b/"_s}));
-        CreateFolderResult created;
-        created.item = FakeCloud::item("late/"_s, "b"_s);
-        QVERIFY(cloud().answer("createFolder", created));
+        QVERIFY(cloud().answer(
+            "createFolder", filled(&CreateFolderResult::item, FakeCloud::item("late/"_s, "b"_s))));
         QCOMPARE(print(logic()), "b"_s);
     }
 
@@ -160,9 +144,8 @@ private Q_SLOTS:
             result.items.resize(1);
             result.paths.resize(1);
             for (const QString &name : names) {
-                CloudItemPathInfo step;
-                step.id = name.toLower().toStdString();
-                step.name = name.toStdString();
+                const auto step = filled(&CloudItemPathInfo::id, name.toLower().toStdString(),
+                    &CloudItemPathInfo::name, name.toStdString());
                 result.paths[0].steps.push_back(step);
             }
             return result;
@@ -189,8 +172,7 @@ private Q_SLOTS:
     }
     void loadingFails()
     {
-        QFETCH(bool, connected);
-        QFETCH(int, error);
+        const auto [connected, error] = zeltest::row<bool, int>();
         if (connected)
             cloud().connectNow();
         logic().openRoot();
@@ -242,9 +224,7 @@ private Q_SLOTS:
     {
         openRoot({"a"_s, "b"_s});
         QSignalSpy ended(&logic(), &CloudDocLogic::transferEnded);
-        NotifyFileTransferArg push;
-        push.taskId = "t";
-        push.transferType = 2;
+        auto push = filled(&NotifyFileTransferArg::taskId, "t", &NotifyFileTransferArg::transferType, 2);
         push.item.id = "a";
         push.item.name = "a";
         push.size = 200;
@@ -283,6 +263,14 @@ private Q_SLOTS:
         CloudDocLogic alone(nullptr);
         alone.openRoot();
         QTRY_COMPARE(alone.state(), State::Offline);
+    }
+
+private:
+    static constexpr int NotFound = 3;
+    static constexpr int Denied = 5;
+    static QString crumbs(const CloudDocLogic &logic)
+    {
+        return zeltest::joined(logic.crumbs(), &CloudCrumb::id, "/"_s);
     }
 };
 

@@ -4,42 +4,12 @@
 
 #include "support/printmodel.h"
 #include "support/rowsignals.h"
-#include "support/table.h"
-
-#include <QAbstractItemModelTester>
-#include <QRegularExpression>
-#include <QSignalSpy>
-#include <QTest>
 
 using namespace zel::clouddoc;
 using zeltest::printModel;
 using Key = zel::ListSort::Key;
 Q_DECLARE_METATYPE(zel::ListSort)
 Q_DECLARE_METATYPE(NameProblem)
-
-namespace {
-
-// "name", "folder/", "name:size@time".
-CloudDocument document(const QString &text)
-{
-    CloudDocument document;
-    document.name = text.section(QRegularExpression("[/:@]"_s), 0, 0);
-    document.id = document.name;
-    document.folder = text.contains(QLatin1Char('/'));
-    document.size = text.section(QLatin1Char(':'), 1).section(QLatin1Char('@'), 0, 0).toInt();
-    document.modifiedAt = text.section(QLatin1Char('@'), 1).toInt();
-    return document;
-}
-
-CloudDocuments documents(const QString &texts)
-{
-    CloudDocuments all;
-    for (const QString &text : texts.split(QLatin1Char(' '), Qt::SkipEmptyParts))
-        all.append(document(text));
-    return all;
-}
-
-} // namespace
 
 class TestCloudDocModel : public QObject
 {
@@ -178,6 +148,26 @@ private Q_SLOTS:
         QCOMPARE(printModel(model), "c"_s);
         QCOMPARE(model.endedCount(), 1);
         QCOMPARE(model.totalPercent(), -1);
+    }
+
+private:
+    // "name", "folder/", "name:size@time".
+    static CloudDocument document(const QString &text)
+    {
+        CloudDocument document;
+        document.name = text.section(QRegularExpression("[/:@]"_s), 0, 0);
+        document.id = document.name;
+        document.folder = text.contains(QLatin1Char('/'));
+        document.size = text.section(QLatin1Char(':'), 1).section(QLatin1Char('@'), 0, 0).toInt();
+        document.modifiedAt = text.section(QLatin1Char('@'), 1).toInt();
+        return document;
+    }
+    static CloudDocuments documents(const QString &texts)
+    {
+        CloudDocuments all;
+        for (const QString &text : texts.split(QLatin1Char(' '), Qt::SkipEmptyParts))
+            all.append(document(text));
+        return all;
     }
 };
 

@@ -1,7 +1,4 @@
 #include "logicfixture.h"
-#include "support/table.h"
-
-#include <QSignalSpy>
 
 using namespace zel::vela;
 using Operation = CloudOperation;
@@ -136,8 +133,7 @@ private Q_SLOTS:
     // Nobody is asked about names: what was there before comes back as it was, or not at all.
     void undoGoesBackOrSaysWhy()
     {
-        QFETCH(bool, rename);
-        QFETCH(bool, taken);
+        const auto [rename, taken] = zeltest::row<bool, bool>();
         constexpr int ExistsState = 4;
         openRoot({"a"_s, "f/"_s});
         QSignalSpy undoable(&logic(), &CloudDocLogic::undoable);

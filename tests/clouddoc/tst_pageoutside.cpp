@@ -1,13 +1,9 @@
 #include "clouddoc/pagefixture.h"
-#include "support/table.h"
 
 #include "clouddoc/ui/movedialog.h"
 
 #include <QDragEnterEvent>
 #include <QLineEdit>
-#include <QMimeData>
-#include <QPointer>
-#include <QScopeGuard>
 
 /// Files of another program, which takes its time for each answer.
 class ForeignFiles : public QMimeData

@@ -5,14 +5,9 @@
 #include "recycle_types.h"
 #include "transfer_types.h"
 
-#include <QCommandLineParser>
-#include <QCoreApplication>
-#include <QDirIterator>
 #include <array>
 #include <cstdio>
-#include <functional>
 #include <random>
-#include <set>
 
 /// stress [--seed N] [--rounds N]: four clients do mixed work in one drive at the same time, with the real
 /// service, which is killed or ended and started again in between. Each answer must be the expected one; in
@@ -54,8 +49,8 @@ public:
 
     bool run(int rounds)
     {
-        m_drive = m_service.home() + QStringLiteral("/ZEL Cloud/");
-        m_source = m_service.home() + QStringLiteral("/source.txt");
+        m_drive = m_service.home() + "/ZEL Cloud/"_s;
+        m_source = m_service.home() + "/source.txt"_s;
         fillOutside(300);
         write(m_source, QByteArray(20000, 's'));
         if (!begin())
@@ -76,7 +71,7 @@ private:
     void fillOutside(int count)
     {
         for (int i = 0; i < count; ++i)
-            write(m_drive + QStringLiteral("outside %1").arg(++m_outside), "o");
+            write(m_drive + "outside %1"_s.arg(++m_outside), "o");
     }
     bool complain(const std::string &why)
     {
@@ -186,33 +181,27 @@ private:
     {
         switch (const int kind = dice(12)) {
         case 0: {
-            CreateFolderArg request;
-            request.parentId = folder();
-            request.name = newName();
+            const auto request =
+                filled(&CreateFolderArg::parentId, folder(), &CreateFolderArg::name, newName());
             return ask<CreateFolderResult>(
                 client, "createFolder", request, {}, added<CreateFolderResult>(true));
         }
         case 1:
         case 2:
         case 3: {
-            CreateFileArg request;
-            request.parentId = folder();
-            request.name = newName();
-            request.localPath = kind == 1 ? "" : m_source.toStdString();
+            const auto request = filled(&CreateFileArg::parentId, folder(), &CreateFileArg::name, newName(),
+                &CreateFileArg::localPath, kind == 1 ? "" : m_source.toStdString());
             return ask<CreateFileResult>(client, "createFile", request, {}, added<CreateFileResult>());
         }
         case 4:
         case 5: {
-            UploadFileArg request;
-            request.parentId = folder();
-            request.newName = newName();
-            request.filePath = m_source.toStdString();
-            request.waitUntilDone = true;
+            const auto request =
+                filled(&UploadFileArg::parentId, folder(), &UploadFileArg::newName, newName(),
+                    &UploadFileArg::filePath, m_source.toStdString(), &UploadFileArg::waitUntilDone, true);
             return ask<UploadFileResult>(client, "uploadFile", request, {}, added<UploadFileResult>());
         }
         case 6: {
-            GetInfoListArg request;
-            request.parentId = folder();
+            const auto request = filled(&GetInfoListArg::parentId, folder());
             return ask<GetInfoListResult>(
                 client, "getInfoList", request, {}, [](const GetInfoListResult &) {});
         }
@@ -243,8 +232,7 @@ private:
     }
     void change(int client, int at, int kind)
     {
-        CloudItemId item;
-        item.id = m_items[size_t(at)].id;
+        const auto item = filled(&CloudItemId::id, m_items[size_t(at)].id);
         if (kind == 8) { // a move and a new name at once, by two clients and on two threads of the service
             CloudItemsMoveToArg move;
             move.items = {item};
@@ -259,15 +247,11 @@ private:
         } else if (kind == 9) {
             rename(client, at);
         } else if (kind == 10) {
-            CopyArg request;
-            request.item = item;
-            request.targetParentId = folder();
-            request.newName = newName();
+            const auto request = filled(
+                &CopyArg::item, item, &CopyArg::targetParentId, folder(), &CopyArg::newName, newName());
             ask<CopyResult>(client, "copy", request, {at}, added<CopyResult>());
         } else {
-            RemoveArg request;
-            request.item = item;
-            request.permanent = dice(4) == 0;
+            const auto request = filled(&RemoveArg::item, item, &RemoveArg::permanent, dice(4) == 0);
             ask<RemoveResult>(client, "remove", request, {at}, [this, at](const RemoveResult &result) {
                 Item &gone = m_items[size_t(at)];
                 gone.state = result.recycleId.empty() ? Item::State::Gone : Item::State::Trashed;
@@ -287,10 +271,8 @@ private:
     /// What the index lists below a folder, by paths, and the ids there.
     void list(const std::string &id, const QString &path, std::set<QString> &paths)
     {
-        GetInfoListArg request;
-        request.parentId = id;
-        request.showHidden = true;
-        request.count = 1000000;
+        const auto request = filled(&GetInfoListArg::parentId, id, &GetInfoListArg::showHidden, true,
+            &GetInfoListArg::count, 1000000);
         const auto listed = m_clients[0]->call<GetInfoListResult>("getInfoList", request);
         if (!listed || listed->state != 0)
             return void(complain("a folder cannot be listed"));
@@ -319,7 +301,7 @@ private:
             m_drive, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
         while (disk.hasNext()) {
             const QString path = QDir(m_drive).relativeFilePath(disk.next());
-            if (!path.startsWith(QStringLiteral(".zel-trash")))
+            if (!path.startsWith(".zel-trash"_s))
                 found.insert(path);
         }
         if (listed != found)
@@ -360,9 +342,8 @@ private:
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
-    const QCommandLineOption seedOption(QStringLiteral("seed"), {}, QStringLiteral("N"));
-    const QCommandLineOption roundsOption(
-        QStringLiteral("rounds"), {}, QStringLiteral("N"), QStringLiteral("60"));
+    const QCommandLineOption seedOption("seed"_s, {}, "N"_s);
+    const QCommandLineOption roundsOption("rounds"_s, {}, "N"_s, "60"_s);
     QCommandLineParser options;
     options.addOptions({seedOption, roundsOption});
     options.process(application);

@@ -52,12 +52,6 @@ QString trashed(DriveFixture &f)
     return items && !items->isEmpty() ? items->first().id : QString();
 }
 
-/// The same without ids, as those of new items are any.
-QString shapeOf(QString state)
-{
-    return state.remove(QRegularExpression("#\\d+"_s));
-}
-
 } // namespace
 
 Q_DECLARE_METATYPE(Step)
@@ -162,6 +156,10 @@ private Q_SLOTS:
         QCOMPARE(f.listed("root"_s), "b e/ new"_s);
         QCOMPARE(f.id("b"), a);
     }
+
+private:
+    /// The same without ids, as those of new items are any.
+    static QString shapeOf(QString state) { return state.remove(QRegularExpression("#\\d+"_s)); }
 };
 
 QTEST_GUILESS_MAIN(TestEveryCall)

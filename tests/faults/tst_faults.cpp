@@ -1,7 +1,6 @@
 #include "faultcontrol.h"
 #include "kcloudsvrproxy.h"
 #include "support/serviceprocess.h"
-#include "support/table.h"
 #include "support/wireclient.h"
 
 #include "cloud/wire/serviceerror.h"
@@ -10,13 +9,6 @@
 #include "message_types.h"
 #include "notify_types.h"
 #include "transfer_types.h"
-
-#include <QElapsedTimer>
-#include <QFileInfo>
-#include <QRegularExpression>
-#include <QSet>
-#include <QSignalSpy>
-#include <set>
 
 using namespace zel::vela;
 using zel::wire::ServiceError;
@@ -27,8 +19,7 @@ constexpr int Patience = 60000;
 
 StoreZelBoxMessageArg message(const std::string &id)
 {
-    StoreZelBoxMessageArg arg;
-    arg.category = "share";
+    auto arg = filled(&StoreZelBoxMessageArg::category, "share");
     arg.message.messageId = id;
     arg.message.topic = "zel.file";
     arg.message.fileId = "f1";
@@ -49,11 +40,11 @@ public:
     void ask(int count)
     {
         for (int i = 0; i < count; ++i) {
-            VelaIpcArg arg;
-            arg.nameSpace = "KVelaIpcCallObj";
-            arg.method = "getCloudDiskEntryVisible";
-            m_asked.insert(m_proxy.asynCallEx(QStringLiteral("velaIpcCall"),
-                QArgument<VelaIpcArg>("VelaIpcArg", arg), this, QStringLiteral("onAnswer")));
+            m_asked.insert(m_proxy.asynCallEx("velaIpcCall"_s,
+                QArgument<VelaIpcArg>("VelaIpcArg",
+                    filled(&VelaIpcArg::nameSpace, "KVelaIpcCallObj", &VelaIpcArg::method,
+                        "getCloudDiskEntryVisible")),
+                this, "onAnswer"_s));
         }
     }
     int asked() const { return m_asked.size(); }
@@ -160,19 +151,17 @@ private Q_SLOTS:
     {
         std::set<std::string> confirmed;
         for (int round = 0; round < 5; ++round) {
-            QVERIFY(m_service->start());
-            WireClient client(m_service->socketPath());
-            QVERIFY(client.greet());
+            const auto client = startForClient();
             std::map<int32_t, std::string> sent;
             for (int i = 0; i < 200; ++i) {
                 const std::string id = std::to_string(round) + "-" + std::to_string(i);
-                sent[client.send("storeZelBoxMessage", message(id))] = id;
+                sent[client->send("storeZelBoxMessage", message(id))] = id;
             }
-            QTRY_VERIFY_WITH_TIMEOUT(client.answersWaiting() > size_t(round) * 40, Patience);
+            QTRY_VERIFY_WITH_TIMEOUT(client->answersWaiting() > size_t(round) * 40, Patience);
             m_service->kill();
-            QVERIFY(client.waitForClosed());
+            QVERIFY(client->waitForClosed());
             for (const auto &[number, id] : sent) {
-                const auto answer = client.answerTo<StoreZelBoxMessageResult>(number);
+                const auto answer = client->answerTo<StoreZelBoxMessageResult>(number);
                 if (answer && answer->state == 0)
                     confirmed.insert(id);
             }
@@ -187,41 +176,37 @@ private Q_SLOTS:
     // And what others make in the drive's folder is told, which begins with the first client too.
     void uploadGoesOnAfterACrash()
     {
-        const QString source = m_service->home() + QStringLiteral("/large.bin");
+        const QString source = m_service->home() + "/large.bin"_s;
         QFile file(source);
         QVERIFY(file.open(QIODevice::WriteOnly) && file.resize(400LL << 20));
         file.close();
-        QVERIFY(m_service->start());
         std::string task;
         {
-            WireClient client(m_service->socketPath());
-            QVERIFY(client.greet());
+            const auto client = startForClient();
             BatchUploadFilesToCloudArg upload;
             upload.filePaths = {source.toStdString()};
-            const auto accepted = client.call<VelaIpcResult>("batchUploadFileListToAnyExistedPath", upload);
+            const auto accepted = client->call<VelaIpcResult>("batchUploadFileListToAnyExistedPath", upload);
             QVERIFY(accepted && accepted->resultList.size() == 1);
             task = accepted->resultList.front();
             m_service->kill();
         }
-        QVERIFY(m_service->start());
-        WireClient client(m_service->socketPath());
-        QVERIFY(client.greet());
+        const auto client = startForClient();
         TransferInfoListArg list;
         list.taskIds = {task};
         const auto isDone = [&] {
-            const auto answer = client.call<TransferInfoListResult>("transferInfoList", list);
+            const auto answer = client->call<TransferInfoListResult>("transferInfoList", list);
             return answer && answer->tasks.size() == 1 && answer->tasks.front().transferState == 4;
         };
         QTRY_VERIFY_WITH_TIMEOUT(isDone(), Patience);
-        const QString drive = m_service->home() + QStringLiteral("/ZEL Cloud");
-        QCOMPARE(QFileInfo(drive + QStringLiteral("/large.bin")).size(), 400LL << 20);
+        const QString drive = m_service->home() + "/ZEL Cloud"_s;
+        QCOMPARE(QFileInfo(drive + "/large.bin"_s).size(), 400LL << 20);
         const auto names = QDir(drive).entryList(QDir::Files | QDir::Hidden);
-        QCOMPARE(names, QStringList{QStringLiteral("large.bin")});
+        QCOMPARE(names, QStringList{"large.bin"_s});
 
-        QVERIFY(QDir(drive).mkdir(QStringLiteral("made by another program")));
+        QVERIFY(QDir(drive).mkdir("made by another program"_s));
         std::optional<NotifyFileCreationArg> told;
         do
-            told = client.waitForPush<NotifyFileCreationArg>("notifyFileCreation");
+            told = client->waitForPush<NotifyFileCreationArg>("notifyFileCreation");
         while (told && told->item.name != "made by another program");
         QVERIFY(told);
     }
@@ -230,9 +215,9 @@ private Q_SLOTS:
     void startsWhileTheOldOneFlushes()
     {
         const QByteArray content(8 << 20, 'c');
-        const QString target = m_service->home() + QStringLiteral("/target");
-        QVERIFY(QDir().mkpath(m_service->home() + QStringLiteral("/ZEL Cloud")) && QDir().mkpath(target));
-        QFile source(m_service->home() + QStringLiteral("/ZEL Cloud/large"));
+        const QString target = m_service->home() + "/target"_s;
+        QVERIFY(QDir().mkpath(m_service->home() + "/ZEL Cloud"_s) && QDir().mkpath(target));
+        QFile source(m_service->home() + "/ZEL Cloud/large"_s);
         QVERIFY(source.open(QIODevice::WriteOnly) && source.write(content) == content.size());
         source.close();
         if (qEnvironmentVariableIsEmpty("ZEL_FAULT_LAYER"))
@@ -240,54 +225,42 @@ private Q_SLOTS:
         const QStringList layer = faults(target);
         m_faults->takes[FaultControl::Flushes] = 3000;
         m_faults->takes[FaultControl::Writes] = 100; // each of 32
-        QVERIFY(m_service->start(layer));
-        auto client = std::make_unique<WireClient>(m_service->socketPath());
-        QVERIFY(client->greet());
-        GetFileIdByFilePathArg find;
-        find.filePath = source.fileName().toStdString();
-        DownloadCloudFileArg download;
-        download.item = client->call<GetFileIdByFilePathResult>("getFileIdByFilePath", find)->item;
-        download.targetPath = target.toStdString() + "/large";
-        QVERIFY(client->call<DownloadCloudFileResult>("downloadFileFromCloud", download));
+        auto client = startForClient(layer);
+        const auto find = filled(&GetFileIdByFilePathArg::filePath, source.fileName().toStdString());
+        QVERIFY(client->call<DownloadCloudFileResult>("downloadFileFromCloud",
+            filled(&DownloadCloudFileArg::item,
+                client->call<GetFileIdByFilePathResult>("getFileIdByFilePath", find)->item,
+                &DownloadCloudFileArg::targetPath, target.toStdString() + "/large")));
         const auto parts = [&target](qint64 least) {
-            const auto files =
-                QDir(target).entryInfoList({QStringLiteral(".zel-part-*")}, QDir::Files | QDir::Hidden);
+            const auto files = QDir(target).entryInfoList({".zel-part-*"_s}, QDir::Files | QDir::Hidden);
             return std::count_if(
                 files.begin(), files.end(), [least](const QFileInfo &file) { return file.size() >= least; });
         };
         QTRY_COMPARE_WITH_TIMEOUT(parts(content.size()), 1, Patience);
         m_service->terminate();
-        QVERIFY(m_service->start(layer));
-        client = std::make_unique<WireClient>(m_service->socketPath());
-        QVERIFY(client->greet());
-        const QString real = target + QStringLiteral("/large");
+        client = startForClient(layer);
+        const QString real = target + "/large"_s;
         QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(real), Patience);
         m_service->kill();
         QCOMPARE(QFileInfo(real).size(), qint64(content.size()));
-        QVERIFY(m_service->start());
-        client = std::make_unique<WireClient>(m_service->socketPath());
-        QVERIFY(client->greet());
+        client = startForClient();
         QTRY_COMPARE_WITH_TIMEOUT(parts(0), 0, Patience);
     }
 
     // One file system that does not answer holds up what asks it, and neither the drive nor the end.
     void deadFileSystem()
     {
-        const QString dead = m_service->home() + QStringLiteral("/dead");
+        const QString dead = m_service->home() + "/dead"_s;
         QVERIFY(QDir().mkpath(dead));
         if (qEnvironmentVariableIsEmpty("ZEL_FAULT_LAYER"))
             QSKIP("no layer with sanitizers");
         const QStringList layer = faults(dead);
         m_faults->takes[FaultControl::Looks] = 60000;
-        QVERIFY(m_service->start(layer));
-        WireClient client(m_service->socketPath());
-        QVERIFY(client.greet());
-        UploadFileArg upload;
-        upload.filePath = dead.toStdString() + "/a";
-        client.send("uploadFile", upload);
+        const auto client = startForClient(layer);
+        client->send("uploadFile", filled(&UploadFileArg::filePath, dead.toStdString() + "/a"));
         QElapsedTimer since;
         since.start();
-        QVERIFY(client.call<GetInfoListResult>("getInfoList", GetInfoListArg()));
+        QVERIFY(client->call<GetInfoListResult>("getInfoList", GetInfoListArg()));
         QVERIFY2(since.elapsed() < 3000, "the drive answers");
         m_service->terminate();
         QVERIFY2(m_service->hasEnded(20000), "and so does its end");
@@ -296,24 +269,19 @@ private Q_SLOTS:
     // A file system of one megabyte, in a namespace of its own so that no right is needed.
     void fullDisk()
     {
-        const QStringList small = {QStringLiteral("unshare"), QStringLiteral("--user"),
-            QStringLiteral("--map-root-user"), QStringLiteral("--mount"), QStringLiteral("sh"),
-            QStringLiteral("-c"),
-            QStringLiteral(
-                "mount -t tmpfs -o size=1m none \"$XDG_DATA_HOME\" || exit 77; exec \"$0\" \"$@\"")};
+        const QStringList small = {"unshare"_s, "--user"_s, "--map-root-user"_s, "--mount"_s, "sh"_s, "-c"_s,
+            "mount -t tmpfs -o size=1m none \"$XDG_DATA_HOME\" || exit 77; exec \"$0\" \"$@\""_s};
         QProcess trial;
-        trial.start(small.constFirst(), small.mid(1) + QStringList{QStringLiteral("true")});
+        trial.start(small.constFirst(), small.mid(1) + QStringList{"true"_s});
         if (!trial.waitForFinished() || trial.exitCode() != 0)
             QSKIP("no namespaces of its own for this user");
 
-        QVERIFY(m_service->start(small));
-        WireClient client(m_service->socketPath());
-        QVERIFY(client.greet());
+        const auto client = startForClient(small);
         std::set<std::string> confirmed;
         std::optional<StoreZelBoxMessageResult> answer;
         for (int i = 0; i < 1000; ++i) {
             const std::string id = std::to_string(i);
-            answer = client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message(id));
+            answer = client->call<StoreZelBoxMessageResult>("storeZelBoxMessage", message(id));
             QVERIFY(answer);
             if (answer->state != 0)
                 break;
@@ -328,16 +296,14 @@ private Q_SLOTS:
 
     void damagedDatabase()
     {
-        QVERIFY(m_service->start());
         {
-            WireClient client(m_service->socketPath());
-            QVERIFY(client.greet());
+            const auto client = startForClient();
             for (int i = 0; i < 20; ++i)
                 QVERIFY(
-                    client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message(std::to_string(i))));
+                    client->call<StoreZelBoxMessageResult>("storeZelBoxMessage", message(std::to_string(i))));
         }
         m_service->kill();
-        const QString path = m_service->dataFolder() + QStringLiteral("/cloud.db");
+        const QString path = m_service->dataFolder() + "/cloud.db"_s;
         for (const char *companion : {"-wal", "-shm"})
             QFile::remove(path + QLatin1String(companion));
         QFile file(path);
@@ -346,19 +312,16 @@ private Q_SLOTS:
         QCOMPARE(file.write(QByteArray(3000, '\x55')), qint64(3000));
         file.close();
 
-        QVERIFY(m_service->start());
-        WireClient client(m_service->socketPath());
-        QVERIFY(client.greet());
-        const auto told = client.waitForPush<NotifyUserGenericInfoArg>("notifyUserGenericInfo");
+        const auto client = startForClient();
+        const auto told = client->waitForPush<NotifyUserGenericInfoArg>("notifyUserGenericInfo");
         QVERIFY(told);
         QCOMPARE(QByteArray::fromStdString(told->infoKey), QByteArray("databaseDamaged"));
-        const auto stored = client.call<StoreZelBoxMessageResult>("storeZelBoxMessage", message("new"));
+        const auto stored = client->call<StoreZelBoxMessageResult>("storeZelBoxMessage", message("new"));
         QVERIFY(stored && stored->state == 0);
         QCOMPARE(storedIds(), std::set<std::string>{"new"});
         const QStringList kept =
-            QDir(m_service->dataFolder()).entryList({QStringLiteral("cloud.db.damaged-*")}, QDir::Files);
-        QVERIFY2(!kept.filter(QRegularExpression(QStringLiteral("\\d$"))).isEmpty(),
-            "the damaged file is kept aside");
+            QDir(m_service->dataFolder()).entryList({"cloud.db.damaged-*"_s}, QDir::Files);
+        QVERIFY2(!kept.filter(QRegularExpression("\\d$"_s)).isEmpty(), "the damaged file is kept aside");
     }
 
 private:
@@ -368,14 +331,23 @@ private:
         proxy.startVelaProcess(QString());
         return inited.wait(Patience);
     }
+    /// Starts the service, and a client that it welcomes.
+    std::unique_ptr<WireClient> startForClient(const QStringList &wrapper = {})
+    {
+        const bool started = m_service->start(wrapper);
+        auto client = std::make_unique<WireClient>(m_service->socketPath());
+        if (started && client->isOpen() && client->greet())
+            return client;
+        m_service.reset(); // it would outlive this process
+        qFatal("the service does not welcome a client");
+    }
     std::set<std::string> storedIds()
     {
         WireClient client(m_service->socketPath());
         std::set<std::string> ids;
         if (!client.greet())
             return ids;
-        GetMsgListArg arg;
-        arg.count = 1000;
+        auto arg = filled(&GetMsgListArg::count, 1000);
         for (;;) {
             const auto list = client.call<GetMsgListResult>("getMsgList", arg);
             if (!list || list->messages.empty())
@@ -393,9 +365,8 @@ private:
         m_faults = openFaultControl(file.constData());
         qstrncpy(m_faults->folder, QFile::encodeName(QFileInfo(folder).canonicalFilePath()).constData(),
             sizeof(m_faults->folder));
-        return {QStringLiteral("env"),
-            QStringLiteral("LD_PRELOAD=") + qEnvironmentVariable("ZEL_FAULT_LAYER"),
-            QStringLiteral("ZEL_FAULTS=") + QString::fromUtf8(file)};
+        return {"env"_s, "LD_PRELOAD="_s + qEnvironmentVariable("ZEL_FAULT_LAYER"),
+            "ZEL_FAULTS="_s + QString::fromUtf8(file)};
     }
 
     std::unique_ptr<ServiceProcess> m_service;

@@ -1,10 +1,5 @@
 #include "launcher/boxtree.h"
-#include "support/text.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTest>
-#include <algorithm>
 #include <csignal>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -91,16 +86,6 @@ int BoxTree::run(const QStringList &arguments)
     return ended && process->exitStatus() == QProcess::NormalExit ? process->exitCode() : -1;
 }
 
-bool BoxTree::isUp()
-{
-    return run({"/up"_s}) == 0;
-}
-
-bool BoxTree::end(QProcess &box)
-{
-    return run({exitCommand}) == 0 && box.waitForFinished(patience) && box.exitCode() == 0;
-}
-
 QVector<BoxTree::Record> BoxTree::records() const
 {
     QVector<Record> result;
@@ -124,17 +109,7 @@ QStringList BoxTree::texts(const zeltest::Text &what) const
     return result;
 }
 
-QString BoxTree::runtimeFolder() const
-{
-    return root.filePath("run/zelbox"_s);
-}
-
 std::string BoxTree::socketPath() const
 {
     return QFile::encodeName(runtimeFolder() + "/zelbox.sock"_s).toStdString();
-}
-
-QString BoxTree::pipePath(const QString &variable) const
-{
-    return root.filePath(variable);
 }

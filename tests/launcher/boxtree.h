@@ -1,12 +1,5 @@
 #pragma once
 
-#include "support/text.h"
-
-#include <QProcess>
-#include <QProcessEnvironment>
-#include <QTemporaryDir>
-#include <memory>
-
 constexpr int patience = 30000;                   ///< milliseconds for what has to come
 const QString holdStart = "FAKEBOX_HOLD_START"_s; ///< before the box registers its handler
 const QString holdEnd = "FAKEBOX_HOLD_END"_s;     ///< when it has removed it and is about to end
@@ -45,11 +38,15 @@ public:
     /// Starts, waits for the end, and returns the exit code; -1 when it did not end in time or crashed.
     int run(const QStringList &arguments = {});
 
-    bool isUp();             ///< a later start reaches the box
-    bool end(QProcess &box); ///< ends the box in order
+    bool isUp() { return run({"/up"_s}) == 0; } ///< a later start reaches the box
+    bool end(QProcess &box)                     ///< ends the box in order
+    {
+        return run({exitCommand}) == 0 && box.waitForFinished(patience) && box.exitCode() == 0;
+    }
     QVector<Record> records() const;
     QStringList texts(const zeltest::Text &what) const; ///< of all records of that kind, in order
-    QString runtimeFolder() const;                      ///< of the launcher, with its socket and locks
+    /// Of the launcher, with its socket and locks.
+    QString runtimeFolder() const { return root.filePath("run/zelbox"_s); }
     std::string socketPath() const;
 
     QTemporaryDir root;
@@ -58,5 +55,5 @@ public:
     QByteArray errors;
 
 private:
-    QString pipePath(const QString &variable) const;
+    QString pipePath(const QString &variable) const { return root.filePath(variable); }
 };

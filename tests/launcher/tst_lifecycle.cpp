@@ -1,27 +1,8 @@
 #include "launcher/boxtree.h"
-#include "support/table.h"
 
-#include <QDir>
-#include <QRegularExpression>
-#include <QtTest>
 #include <csignal>
 #include <sys/stat.h>
 #include <unistd.h>
-
-namespace {
-
-bool catchesSignal(qint64 pid, int number)
-{
-    QFile file("/proc/%1/status"_s.arg(pid));
-    if (!file.open(QIODevice::ReadOnly))
-        return false;
-    const QRegularExpression line("SigCgt:\\s*([0-9a-f]+)"_s);
-    const qulonglong mask =
-        line.match(QString::fromLatin1(file.readAll())).captured(1).toULongLong(nullptr, 16);
-    return (mask >> (number - 1) & 1) != 0;
-}
-
-} // namespace
 
 /// The real launcher: its own options, its folder, signals and the self-test.
 class TestLifecycle : public QObject
@@ -68,8 +49,7 @@ private Q_SLOTS:
     }
     void terminate()
     {
-        QFETCH(int, number);
-        QFETCH(bool, early);
+        const auto [number, early] = zeltest::row<int, bool>();
         BoxTree tree;
         if (early)
             tree.hold(holdStart);
@@ -133,6 +113,18 @@ private Q_SLOTS:
         }
         QCOMPARE(tree.texts("message").size(), 0); // the running box has noticed nothing
         QVERIFY(tree.end(*running));
+    }
+
+private:
+    static bool catchesSignal(qint64 pid, int number)
+    {
+        QFile file("/proc/%1/status"_s.arg(pid));
+        if (!file.open(QIODevice::ReadOnly))
+            return false;
+        const QRegularExpression line("SigCgt:\\s*([0-9a-f]+)"_s);
+        const qulonglong mask =
+            line.match(QString::fromLatin1(file.readAll())).captured(1).toULongLong(nullptr, 16);
+        return (mask >> (number - 1) & 1) != 0;
     }
 };
 

@@ -1,34 +1,11 @@
 #include "base/posix/unixsocket.h"
 #include "launcher/boxtree.h"
 #include "launcher/frame.h"
-#include "support/table.h"
 
-#include <QElapsedTimer>
-#include <QtTest>
-#include <algorithm>
 #include <poll.h>
 #include <sys/socket.h>
 
 using namespace std::chrono_literals;
-
-namespace {
-
-// How many connections the socket has on the box's side, accepted or queued.
-int connectionsTo(const std::string &socketPath)
-{
-    QFile file("/proc/net/unix"_s);
-    if (!file.open(QIODevice::ReadOnly))
-        return -1;
-    int count = 0;
-    const QList<QByteArray> lines = file.readAll().split('\n');
-    for (const QByteArray &line : lines) {
-        const bool listening = line.simplified().split(' ').value(3) == "00010000";
-        count += line.endsWith(QByteArray(" ") + socketPath.c_str()) && !listening ? 1 : 0;
-    }
-    return count;
-}
-
-} // namespace
 
 class TestProcess : public QObject
 {
@@ -43,8 +20,7 @@ private Q_SLOTS:
     }
     void whereTheBoxLies()
     {
-        QFETCH(QString, folder);
-        QFETCH(int, code);
+        const auto [folder, code] = zeltest::row<QString, int>();
         BoxTree tree(folder);
         QCOMPARE(tree.run({exitCommand}), code);
         QCOMPARE(tree.texts("end").size(), code == 0 ? 1 : 0);
@@ -65,8 +41,7 @@ private Q_SLOTS:
     }
     void forwardedCommandLine()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(QString, line);
+        const auto [arguments, line] = zeltest::row<QStringList, QString>();
         BoxTree tree;
         const auto box = tree.startBox(arguments);
         QVERIFY(box);
@@ -86,8 +61,7 @@ private Q_SLOTS:
     }
     void forwardedStartupToken()
     {
-        QFETCH(QString, startupId);
-        QFETCH(QString, activationToken);
+        const auto [startupId, activationToken] = zeltest::row<QString, QString>();
         BoxTree tree;
         const auto box = tree.startBox();
         QVERIFY(box);
@@ -109,8 +83,7 @@ private Q_SLOTS:
     // Whatever the order turns out to be: no start fails, no command line is lost, there are never two boxes.
     void startsAtOnce()
     {
-        QFETCH(int, count);
-        QFETCH(bool, ends);
+        const auto [count, ends] = zeltest::row<int, bool>();
         BoxTree tree;
         std::vector<BoxTree::Process> all;
         QStringList lines;
@@ -251,6 +224,22 @@ private Q_SLOTS:
         qInfo("a forwarded second start takes %.1f ms (median of %d)", median, int(times.size()));
         QVERIFY2(median < 50, "a forwarded second start must not load what only the box needs");
         QVERIFY(tree.end(*box));
+    }
+
+private:
+    // How many connections the socket has on the box's side, accepted or queued.
+    static int connectionsTo(const std::string &socketPath)
+    {
+        QFile file("/proc/net/unix"_s);
+        if (!file.open(QIODevice::ReadOnly))
+            return -1;
+        int count = 0;
+        const QList<QByteArray> lines = file.readAll().split('\n');
+        for (const QByteArray &line : lines) {
+            const bool listening = line.simplified().split(' ').value(3) == "00010000";
+            count += line.endsWith(QByteArray(" ") + socketPath.c_str()) && !listening ? 1 : 0;
+        }
+        return count;
     }
 };
 

@@ -3,10 +3,7 @@
 #include "launcher/hostmessages.h"
 #include "launcher/instanceserver.h"
 #include "launcher/protocol.h"
-#include "support/table.h"
 
-#include <QTemporaryDir>
-#include <QtTest>
 #include <condition_variable>
 #include <future>
 #include <poll.h>
@@ -16,44 +13,6 @@
 using namespace zel::launcher;
 using namespace zel::posix;
 using namespace std::chrono_literals;
-
-namespace {
-
-// Notes what it is given and answers by the text: "no reply" not at all, "no zero" without a
-// terminating zero.
-class Box
-{
-public:
-    static void handle(
-        void *context, const wchar_t *channel, void *, HostInputData *input, HostOutputData *output)
-    {
-        auto *box = static_cast<Box *>(context);
-        const std::u16string text = input->text();
-        {
-            const std::lock_guard lock(box->m_mutex);
-            box->m_texts.append(QString::fromStdU16String(text));
-        }
-        box->m_changed.notify_all();
-        const std::u16string reply = std::wstring(channel) == L"_TRANSMISSION_" ? u"handled" : u"other";
-        if (text == u"no reply")
-            return;
-        output->setSize((reply.size() + (text == u"no zero" ? 0 : 1)) * sizeof(char16_t));
-        memcpy(output->buffer(), reply.data(), reply.size() * sizeof(char16_t));
-    }
-    QStringList waitForTexts(int count)
-    {
-        std::unique_lock lock(m_mutex);
-        m_changed.wait_for(lock, 20s, [&] { return m_texts.size() >= count; });
-        return m_texts;
-    }
-
-private:
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    QStringList m_texts;
-};
-
-} // namespace
 
 class TestServer : public QObject
 {
@@ -90,8 +49,7 @@ private Q_SLOTS:
     }
     void replies()
     {
-        QFETCH(QString, channel);
-        QFETCH(QString, text);
+        const auto [channel, text] = zeltest::row<QString, QString>();
         serve();
         handle(L"_TRANSMISSION_");
         handle(L"_OTHER_");
@@ -184,6 +142,40 @@ private Q_SLOTS:
     }
 
 private:
+    // Notes what it is given and answers by the text: "no reply" not at all, "no zero" without a
+    // terminating zero.
+    class Box
+    {
+    public:
+        static void handle(
+            void *context, const wchar_t *channel, void *, HostInputData *input, HostOutputData *output)
+        {
+            auto *box = static_cast<Box *>(context);
+            const std::u16string text = input->text();
+            {
+                const std::lock_guard lock(box->m_mutex);
+                box->m_texts.append(QString::fromStdU16String(text));
+            }
+            box->m_changed.notify_all();
+            const std::u16string reply = std::wstring(channel) == L"_TRANSMISSION_" ? u"handled" : u"other";
+            if (text == u"no reply")
+                return;
+            output->setSize((reply.size() + (text == u"no zero" ? 0 : 1)) * sizeof(char16_t));
+            memcpy(output->buffer(), reply.data(), reply.size() * sizeof(char16_t));
+        }
+        QStringList waitForTexts(int count)
+        {
+            std::unique_lock lock(m_mutex);
+            m_changed.wait_for(lock, 20s, [&] { return m_texts.size() >= count; });
+            return m_texts;
+        }
+
+    private:
+        std::mutex m_mutex;
+        std::condition_variable m_changed;
+        QStringList m_texts;
+    };
+
     void serve(InstanceServer::Limits limits = {})
     {
         m_server =

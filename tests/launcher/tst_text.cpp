@@ -1,9 +1,6 @@
 #include "launcher/commandline.h"
 #include "launcher/frame.h"
 #include "launcher/unicode.h"
-#include "support/table.h"
-
-#include <QtTest>
 
 using namespace zel::launcher;
 
@@ -11,39 +8,6 @@ Q_DECLARE_METATYPE(std::string)
 Q_DECLARE_METATYPE(std::u32string)
 Q_DECLARE_METATYPE(std::vector<std::string>)
 Q_DECLARE_METATYPE(FrameReader::State)
-
-namespace {
-
-using Words = std::vector<std::string>;
-
-// The box's rule: split at blanks keeping empty pieces, join again inside double quotes, remove the quotes.
-Words readAsBox(const std::string &line)
-{
-    Words pieces(1);
-    bool quoted = false;
-    for (const char c : line) {
-        if (c == '"')
-            quoted = !quoted;
-        else if (c == ' ' && !quoted)
-            pieces.emplace_back();
-        else
-            pieces.back() += c;
-    }
-    return pieces;
-}
-
-std::string frameWith(
-    const char *magic, std::uint16_t version, std::uint16_t channelUnits, std::uint32_t textUnits)
-{
-    FrameHeader header = {};
-    memcpy(header.magic, magic, sizeof(header.magic));
-    header.version = version;
-    header.channelUnits = channelUnits;
-    header.textUnits = textUnits;
-    return {reinterpret_cast<const char *>(&header), sizeof(header)};
-}
-
-} // namespace
 
 class TestText : public QObject
 {
@@ -67,8 +31,7 @@ private Q_SLOTS:
 
     void conversion()
     {
-        QFETCH(std::string, bytes);
-        QFETCH(std::u32string, text);
+        const auto [bytes, text] = zeltest::row<std::string, std::u32string>();
         QCOMPARE(decodeUtf8(bytes), text);
         QCOMPARE(decodeUtf8(encodeUtf8(text)), text);
         const std::u16string units = toUtf16(text);
@@ -106,9 +69,7 @@ private Q_SLOTS:
 
     void commandLine()
     {
-        QFETCH(Words, arguments);
-        QFETCH(std::string, text);
-        QFETCH(Words, read);
+        const auto [arguments, text, read] = zeltest::row<Words, std::string, Words>();
         const CommandLine line = joinArguments({arguments.begin(), arguments.end()});
         QCOMPARE(line.text, text);
         QCOMPARE(readAsBox(line.text), read);
@@ -153,6 +114,35 @@ private Q_SLOTS:
         QTEST(reader.feed(bytes), "state");
         if (reader.feed("") == FrameReader::State::Broken)
             QCOMPARE(reader.feed(encodeFrame({}).value()), FrameReader::State::Broken);
+    }
+
+private:
+    using Words = std::vector<std::string>;
+    // The box's rule: split at blanks keeping empty pieces, join again inside double quotes, remove the
+    // quotes.
+    static Words readAsBox(const std::string &line)
+    {
+        Words pieces(1);
+        bool quoted = false;
+        for (const char c : line) {
+            if (c == '"')
+                quoted = !quoted;
+            else if (c == ' ' && !quoted)
+                pieces.emplace_back();
+            else
+                pieces.back() += c;
+        }
+        return pieces;
+    }
+    static std::string frameWith(
+        const char *magic, std::uint16_t version, std::uint16_t channelUnits, std::uint32_t textUnits)
+    {
+        FrameHeader header = {};
+        memcpy(header.magic, magic, sizeof(header.magic));
+        header.version = version;
+        header.channelUnits = channelUnits;
+        header.textUnits = textUnits;
+        return {reinterpret_cast<const char *>(&header), sizeof(header)};
     }
 };
 

@@ -3,12 +3,8 @@
 #include "lists/listmodel.h"
 #include "lists/ui/sectionlistview.h"
 
-#include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
-#include <QSignalSpy>
-#include <QTest>
-#include <memory>
 
 namespace listtest {
 
@@ -173,8 +169,8 @@ protected:
     {
         const QString text = event->mimeData()->text();
         const bool taken = row.isValid()
-            ? text == QLatin1String("item") && row.data().toString().startsWith(QLatin1Char('a'))
-            : text == QLatin1String("file");
+            ? text == "item"_s && row.data().toString().startsWith(QLatin1Char('a'))
+            : text == "file"_s;
         if (taken)
             event->acceptProposedAction();
         return taken;

@@ -1,27 +1,9 @@
 #include "lists/listfixture.h"
-#include "support/table.h"
 
 #include <QDragEnterEvent>
 #include <QProxyStyle>
 
 using namespace listtest;
-
-namespace {
-
-/// A desktop where one click opens.
-class SingleClickStyle : public QProxyStyle
-{
-public:
-    int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
-        QStyleHintReturn *returned) const override
-    {
-        return hint == SH_ItemView_ActivateItemOnSingleClick
-            ? 1
-            : QProxyStyle::styleHint(hint, option, widget, returned);
-    }
-};
-
-} // namespace
 
 /// Keys, clicks and drags.
 class TestListInput : public QObject, private ListFixture
@@ -46,10 +28,7 @@ private Q_SLOTS:
     }
     void keys()
     {
-        QFETCH(int, from);
-        QFETCH(int, key);
-        QFETCH(int, modifiers);
-        QFETCH(int, to);
+        const auto [from, key, modifiers, to] = zeltest::row<int, int, int, int>();
         m_view->setCurrentIndex(index(qAbs(from)));
         if (from < 0)
             this->key(Qt::Key_Escape);
@@ -107,9 +86,7 @@ private Q_SLOTS:
     }
     void commandKeys()
     {
-        QFETCH(int, key);
-        QFETCH(int, modifiers);
-        QFETCH(QString, expected);
+        const auto [key, modifiers, expected] = zeltest::row<int, int, QString>();
         QStringList log;
         const auto note = [&](const char *name) { return [&log, name] { log << QLatin1String(name); }; };
         using Needs = ListKeyboard::Needs;
@@ -327,9 +304,7 @@ private Q_SLOTS:
     }
     void dropsGoWhereTheyFall()
     {
-        QFETCH(QString, dragged);
-        QFETCH(int, row);
-        QFETCH(QString, expected);
+        const auto [dragged, row, expected] = zeltest::row<QString, int, QString>();
         m_model->load({"a0"_s, "a1"_s, "b2"_s});
         QMimeData data;
         data.setText(dragged);
@@ -353,6 +328,20 @@ private Q_SLOTS:
         QCOMPARE(m_view->grab().toImage(), before);
         QVERIFY(!painted(1).dropTarget);
     }
+
+private:
+    /// A desktop where one click opens.
+    class SingleClickStyle : public QProxyStyle
+    {
+    public:
+        int styleHint(StyleHint hint, const QStyleOption *option, const QWidget *widget,
+            QStyleHintReturn *returned) const override
+        {
+            return hint == SH_ItemView_ActivateItemOnSingleClick
+                ? 1
+                : QProxyStyle::styleHint(hint, option, widget, returned);
+        }
+    };
 };
 
 QTEST_MAIN(TestListInput)

@@ -1,5 +1,4 @@
 #include "lists/listfixture.h"
-#include "support/table.h"
 
 #include "klitestyle.h"
 #include "klook.h"
@@ -94,8 +93,7 @@ private Q_SLOTS:
     }
     void lookedAtRowsStayInPlace()
     {
-        QFETCH(int, scroll);
-        QFETCH(QString, what);
+        const auto [scroll, what] = zeltest::row<int, QString>();
         m_view->setCurrentIndex(index(0));
         m_view->verticalScrollBar()->setValue(scroll);
         if (what == "focus"_s) {

@@ -7,7 +7,6 @@
 #include "lists/ui/statestack.h"
 #include "lists/ui/undooffer.h"
 #include "support/fakeopener.h"
-#include "support/table.h"
 #include "widgets/contentcolumn.h"
 #include "widgets/noticearea.h"
 #include "widgets/shortcuts.h"
@@ -16,71 +15,6 @@
 #include <QListView>
 #include <QMenu>
 #include <QPushButton>
-#include <QStringListModel>
-#include <QtTest>
-
-namespace {
-
-enum Command { Open, Copy, Rename, Refresh, Undo };
-
-const zel::ActionTable &table()
-{
-    using zel::ActionKeys;
-    using zel::ActionNeeds;
-    static const zel::ActionTable actions{"Test", "A page",
-        {{Open, "test.open", "Open", nullptr, {Qt::Key_Return}, ActionNeeds::Rows, 0, ActionKeys::OfList},
-            {Copy, "test.copy", "Copy", nullptr, {QKeySequence("Ctrl+K"_s)}, ActionNeeds::Rows, 0},
-            {Rename, "test.rename", "Rename", nullptr, {}, ActionNeeds::OneRow, 1},
-            {Refresh, "test.refresh", "Refresh", nullptr, {Qt::Key_F5}, ActionNeeds::Nothing, 1,
-                ActionKeys::InPage, "Read it again"},
-            {Undo, "test.undo", "Undo", nullptr, {QKeySequence("Ctrl+Z"_s)}, ActionNeeds::Nothing, 2,
-                ActionKeys::InPage}}};
-    return actions;
-}
-
-/// A page with sixty rows, of which every tenth is missing.
-class Page : public QWidget
-{
-public:
-    Page()
-    {
-        QStringList names;
-        for (int i = 0; i < 60; ++i)
-            names << (i % 10 == 9 ? "gone %1"_s : "there %1"_s).arg(i);
-        model.setStringList(names);
-        view->setModel(&model);
-        view->setSelectionMode(QAbstractItemView::ExtendedSelection);
-        states->setGeometry(0, 40, 1600, 400);
-        states->setState(StateStack::State::List);
-        actions.setList(view, [this] { return view->selectionModel()->selectedRows(); });
-        actions.bind(
-            Copy, [this](const QModelIndexList &rows) { ran << rows.size(); },
-            [](const QModelIndex &row) { return row.data().toString().startsWith("there"_s); });
-        actions.bind(Rename, [this](const QModelIndexList &rows) { ran << rows.size(); });
-        actions.bind(Undo, [this](const QModelIndexList &) { offer.undo(); });
-        actions.bind(Refresh, [this](const QModelIndexList &rows) { ran << -1 - rows.size(); });
-        resize(1600, 500);
-        show();
-        view->setFocus();
-    }
-
-    QStringListModel model;
-    QListView *view = new QListView;
-    StateStack *states = new StateStack(view, "Loading"_s, this);
-    NoticeArea notices{this, states};
-    NoticeBar *notice = notices.addBar();
-    NoticeBar *offered = notices.addBar();
-    ListActions actions{table(), this};
-    UndoOffer offer{offered, actions.action(Undo)};
-    QVector<int> ran; ///< how many rows each time; below zero: without
-};
-
-QPushButton *buttonIn(QWidget *widget)
-{
-    return widget->findChild<QPushButton *>();
-}
-
-} // namespace
 
 class TestPageParts : public QObject
 {
@@ -99,9 +33,7 @@ private Q_SLOTS:
     }
     void actionsWorkOnWhatTheyCan()
     {
-        QFETCH(int, command);
-        QFETCH(int, first);
-        QFETCH(int, last);
+        const auto [command, first, last] = zeltest::row<int, int, int>();
         Page page;
         QModelIndexList rows;
         for (int i = first; i <= last; ++i)
@@ -196,8 +128,7 @@ private Q_SLOTS:
     }
     void undoLastsUntilTheNextAction()
     {
-        QFETCH(QString, meanwhile);
-        QFETCH(QString, by);
+        const auto [meanwhile, by] = zeltest::row<QString, QString>();
         Page page;
         QVERIFY(QTest::qWaitForWindowActive(&page));
         QString undone;
@@ -265,8 +196,7 @@ private Q_SLOTS:
     }
     void openingTellsWhatItRunsInto()
     {
-        QFETCH(QString, steps);
-        QFETCH(KDocumentOpener::Outcome, outcome);
+        const auto [steps, outcome] = zeltest::row<QString, KDocumentOpener::Outcome>();
         FakeOpener opener;
         Page page;
         DocumentOpening opening(&opener);
@@ -314,6 +244,61 @@ private Q_SLOTS:
         QVERIFY(notices.mayOpen(10) && !notices.mayOpen(11));
         QVERIFY(page.notice->text().contains("10"_s));
     }
+
+private:
+    enum Command { Open, Copy, Rename, Refresh, Undo };
+    static const zel::ActionTable &table()
+    {
+        using zel::ActionKeys;
+        using zel::ActionNeeds;
+        static const zel::ActionTable actions{"Test", "A page",
+            {{Open, "test.open", "Open", nullptr, {Qt::Key_Return}, ActionNeeds::Rows, 0, ActionKeys::OfList},
+                {Copy, "test.copy", "Copy", nullptr, {QKeySequence("Ctrl+K"_s)}, ActionNeeds::Rows, 0},
+                {Rename, "test.rename", "Rename", nullptr, {}, ActionNeeds::OneRow, 1},
+                {Refresh, "test.refresh", "Refresh", nullptr, {Qt::Key_F5}, ActionNeeds::Nothing, 1,
+                    ActionKeys::InPage, "Read it again"},
+                {Undo, "test.undo", "Undo", nullptr, {QKeySequence("Ctrl+Z"_s)}, ActionNeeds::Nothing, 2,
+                    ActionKeys::InPage}}};
+        return actions;
+    }
+    /// A page with sixty rows, of which every tenth is missing.
+    class Page : public QWidget
+    {
+    public:
+        Page()
+        {
+            QStringList names;
+            for (int i = 0; i < 60; ++i)
+                names << (i % 10 == 9 ? "gone %1"_s : "there %1"_s).arg(i);
+            model.setStringList(names);
+            view->setModel(&model);
+            view->setSelectionMode(QAbstractItemView::ExtendedSelection);
+            states->setGeometry(0, 40, 1600, 400);
+            states->setState(StateStack::State::List);
+            actions.setList(view, [this] { return view->selectionModel()->selectedRows(); });
+            actions.bind(
+                Copy, [this](const QModelIndexList &rows) { ran << rows.size(); },
+                [](const QModelIndex &row) { return row.data().toString().startsWith("there"_s); });
+            actions.bind(Rename, [this](const QModelIndexList &rows) { ran << rows.size(); });
+            actions.bind(Undo, [this](const QModelIndexList &) { offer.undo(); });
+            actions.bind(Refresh, [this](const QModelIndexList &rows) { ran << -1 - rows.size(); });
+            resize(1600, 500);
+            show();
+            view->setFocus();
+        }
+
+        QStringListModel model;
+        QListView *view = new QListView;
+        StateStack *states = new StateStack(view, "Loading"_s, this);
+        NoticeArea notices{this, states};
+        NoticeBar *notice = notices.addBar();
+        NoticeBar *offered = notices.addBar();
+        ListActions actions{table(), this};
+        UndoOffer offer{offered, actions.action(Undo)};
+        QVector<int> ran; ///< how many rows each time; below zero: without
+    };
+
+    static QPushButton *buttonIn(QWidget *widget) { return widget->findChild<QPushButton *>(); }
 };
 
 QTEST_MAIN(TestPageParts)

@@ -3,123 +3,14 @@
 #include "lists/ui/rowdelegate.h"
 #include "skinstate.h"
 #include "support/contrast.h"
-#include "support/table.h"
 #include "widgets/nametext.h"
 
 #include <QPainter>
-#include <QRegularExpression>
 #include <QStandardItemModel>
-#include <QTest>
 
 using zel::MarkedText;
 
 Q_DECLARE_METATYPE(ListRow::Kind)
-
-namespace {
-
-RowMetrics roundMetrics()
-{
-    RowMetrics m;
-    m.sideMargin = m.padding = m.spacing = 10;
-    m.iconSize = 30;
-    m.gap = 5;
-    m.lineGap = 2;
-    m.glyphSize = m.badgeHeight = 12;
-    m.buttonSize = 28;
-    m.badgePadding = 5;
-    m.barHeight = 3;
-    m.nameHeight = 16;
-    m.smallHeight = 14;
-    m.leastNameWidth = 100;
-    m.wideNameWidth = 200;
-    m.timeColumn = m.stateColumn = 100;
-    m.sizeColumn = 60;
-    return m;
-}
-
-using Place = std::pair<const char *, QRect>;
-
-QVector<Place> placesOf(const RowCell &cell)
-{
-    QVector<Place> places{{"icon", cell.icon}, {"name", cell.name}, {"glyph", cell.nameGlyph},
-        {"badge", cell.badge}, {"snippet", cell.snippet}, {"mark", cell.placeGlyph}, {"place", cell.place},
-        {"detail", cell.detail}, {"state", cell.state}, {"bar", cell.progress}, {"time", cell.time}};
-    for (const QRect &rect : cell.columns)
-        places << Place{"column", rect};
-    for (const QRect &rect : cell.buttons)
-        places << Place{"button", rect};
-    places.erase(
-        std::remove_if(places.begin(), places.end(), [](const Place &p) { return p.second.isEmpty(); }),
-        places.end());
-    return places;
-}
-
-/// From left to right, "name 60-180"; the icon is always at 20-50.
-QString printed(const RowCell &cell)
-{
-    QStringList parts;
-    const auto places = placesOf(cell);
-    for (const auto &[name, rect] : places) {
-        if (qstrcmp(name, "icon") != 0)
-            parts << "%1 %2-%3"_s.arg(QLatin1String(name)).arg(rect.left()).arg(rect.right() + 1);
-    }
-    return parts.join(", "_s);
-}
-
-RowCell cellOf(ListRow::Kind kind, const QRect &rect, const RowMetrics &sizes, const RowCell::Wishes &wishes)
-{
-    const RowColumns columns{RowColumn::Time, RowColumn::Size};
-    if (kind == ListRow::Kind::Snippet)
-        return RowCell::withSnippet(rect, sizes, wishes);
-    return kind == ListRow::Kind::Columns && RowCell::isWide(rect.width(), sizes, columns)
-        ? RowCell::oneLine(rect, sizes, wishes, columns)
-        : RowCell::twoLines(rect, sizes, wishes);
-}
-
-/// "a [marked] word"
-MarkedText marked(QString text)
-{
-    MarkedText result;
-    for (int from = text.indexOf(QLatin1Char('[')); from >= 0; from = text.indexOf(QLatin1Char('['))) {
-        const int to = text.remove(from, 1).indexOf(QLatin1Char(']'));
-        text.remove(to, 1);
-        result.marks << zel::TextRange{from, to - from};
-    }
-    result.text = text;
-    return result;
-}
-
-QString printed(const MarkedText &line)
-{
-    QString text = line.text;
-    for (int i = line.marks.size() - 1; i >= 0; --i) {
-        text.insert(line.marks.at(i).start + line.marks.at(i).length, QLatin1Char(']'));
-        text.insert(line.marks.at(i).start, QLatin1Char('['));
-    }
-    return text;
-}
-
-struct TestRow : ListRow
-{
-    static TestRow of(const QModelIndex &index)
-    {
-        TestRow row;
-        row.fileName = row.name = index.data().toString();
-        row.place = "~/Documents"_s;
-        row.time = "14:30"_s;
-        row.buttons = {{7, ":/icons_svg/share.svg"_s}, {9, ":/icons_svg/more.svg"_s}};
-        row.buttonRoom = 2;
-        return row;
-    }
-};
-
-class TestDelegate : public RowDelegate<TestRow>
-{
-protected:
-    TestRow rowOf(const QModelIndex &index) const override { return TestRow::of(index); }
-};
-
-} // namespace
 
 class TestRows : public QObject
 {
@@ -158,9 +49,7 @@ private Q_SLOTS:
     }
     void cells()
     {
-        QFETCH(ListRow::Kind, kind);
-        QFETCH(int, width);
-        QFETCH(QVector<int>, wishes);
+        const auto [kind, width, wishes] = zeltest::row<ListRow::Kind, int, QVector<int>>();
         RowCell::Wishes wished{wishes[0], wishes[1], wishes[2], wishes[3], wishes[4], wishes[5]};
         wished.nameGlyph = wishes[6];
         wished.placeGlyph = wishes[7];
@@ -289,9 +178,7 @@ private Q_SLOTS:
     }
     void snippets()
     {
-        QFETCH(QString, text);
-        QFETCH(int, room);
-        QFETCH(QString, expected);
+        const auto [text, room, expected] = zeltest::row<QString, int, QString>();
         const QFontMetrics metrics{QFont()};
         const int width = room * metrics.horizontalAdvance(QLatin1Char('m'));
         const MarkedText fitted = marked(text).fitted(metrics, width);
@@ -364,6 +251,103 @@ private Q_SLOTS:
         headings.resize(320, headings.height());
         QVERIFY(byKey[2]->geometry().right() <= 320 && byKey[2]->x() >= byKey[0]->geometry().right());
     }
+
+private:
+    static RowMetrics roundMetrics()
+    {
+        RowMetrics m;
+        m.sideMargin = m.padding = m.spacing = 10;
+        m.iconSize = 30;
+        m.gap = 5;
+        m.lineGap = 2;
+        m.glyphSize = m.badgeHeight = 12;
+        m.buttonSize = 28;
+        m.badgePadding = 5;
+        m.barHeight = 3;
+        m.nameHeight = 16;
+        m.smallHeight = 14;
+        m.leastNameWidth = 100;
+        m.wideNameWidth = 200;
+        m.timeColumn = m.stateColumn = 100;
+        m.sizeColumn = 60;
+        return m;
+    }
+    using Place = std::pair<const char *, QRect>;
+    static QVector<Place> placesOf(const RowCell &cell)
+    {
+        QVector<Place> places{{"icon", cell.icon}, {"name", cell.name}, {"glyph", cell.nameGlyph},
+            {"badge", cell.badge}, {"snippet", cell.snippet}, {"mark", cell.placeGlyph},
+            {"place", cell.place}, {"detail", cell.detail}, {"state", cell.state}, {"bar", cell.progress},
+            {"time", cell.time}};
+        for (const QRect &rect : cell.columns)
+            places << Place{"column", rect};
+        for (const QRect &rect : cell.buttons)
+            places << Place{"button", rect};
+        places.erase(
+            std::remove_if(places.begin(), places.end(), [](const Place &p) { return p.second.isEmpty(); }),
+            places.end());
+        return places;
+    }
+    /// From left to right, "name 60-180"; the icon is always at 20-50.
+    static QString printed(const RowCell &cell)
+    {
+        QStringList parts;
+        const auto places = placesOf(cell);
+        for (const auto &[name, rect] : places) {
+            if (qstrcmp(name, "icon") != 0)
+                parts << "%1 %2-%3"_s.arg(QLatin1String(name)).arg(rect.left()).arg(rect.right() + 1);
+        }
+        return parts.join(", "_s);
+    }
+    static RowCell cellOf(
+        ListRow::Kind kind, const QRect &rect, const RowMetrics &sizes, const RowCell::Wishes &wishes)
+    {
+        const RowColumns columns{RowColumn::Time, RowColumn::Size};
+        if (kind == ListRow::Kind::Snippet)
+            return RowCell::withSnippet(rect, sizes, wishes);
+        return kind == ListRow::Kind::Columns && RowCell::isWide(rect.width(), sizes, columns)
+            ? RowCell::oneLine(rect, sizes, wishes, columns)
+            : RowCell::twoLines(rect, sizes, wishes);
+    }
+    /// "a [marked] word"
+    static MarkedText marked(QString text)
+    {
+        MarkedText result;
+        for (int from = text.indexOf(QLatin1Char('[')); from >= 0; from = text.indexOf(QLatin1Char('['))) {
+            const int to = text.remove(from, 1).indexOf(QLatin1Char(']'));
+            text.remove(to, 1);
+            result.marks << zel::TextRange{from, to - from};
+        }
+        result.text = text;
+        return result;
+    }
+    static QString printed(const MarkedText &line)
+    {
+        QString text = line.text;
+        for (int i = line.marks.size() - 1; i >= 0; --i) {
+            text.insert(line.marks.at(i).start + line.marks.at(i).length, QLatin1Char(']'));
+            text.insert(line.marks.at(i).start, QLatin1Char('['));
+        }
+        return text;
+    }
+    struct TestRow : ListRow
+    {
+        static TestRow of(const QModelIndex &index)
+        {
+            TestRow row;
+            row.fileName = row.name = index.data().toString();
+            row.place = "~/Documents"_s;
+            row.time = "14:30"_s;
+            row.buttons = {{7, ":/icons_svg/share.svg"_s}, {9, ":/icons_svg/more.svg"_s}};
+            row.buttonRoom = 2;
+            return row;
+        }
+    };
+    class TestDelegate : public RowDelegate<TestRow>
+    {
+    protected:
+        TestRow rowOf(const QModelIndex &index) const override { return TestRow::of(index); }
+    };
 };
 
 QTEST_MAIN(TestRows)

@@ -1,7 +1,4 @@
 #include "mainwindow/windowgeometry.h"
-#include "support/table.h"
-
-#include <QtTest>
 
 using namespace zel::geometry;
 Q_DECLARE_METATYPE(StoredPlacement)
@@ -82,10 +79,8 @@ private Q_SLOTS:
     }
     void restored()
     {
-        QFETCH(StoredPlacement, stored);
-        QFETCH(QSize, current);
-        QFETCH(ScreenState, screen);
-        QFETCH(Placement, expected);
+        const auto [stored, current, screen, expected] =
+            zeltest::row<StoredPlacement, QSize, ScreenState, Placement>();
         const Placement actual = restore(stored, current, screen);
         QCOMPARE(actual.normal, expected.normal);
         QCOMPARE(actual.maximized, expected.maximized);

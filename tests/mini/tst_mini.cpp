@@ -7,49 +7,15 @@
 #include "mini/ui/zelboxminiwidget.h"
 #include "mini/ui/zelboxminiwindow.h"
 #include "recentfile/fakes.h"
-#include "support/text.h"
 
 #include <QApplication>
 #include <QLineEdit>
 #include <QMenu>
 #include <QScreen>
 #include <QWindow>
-#include <QtTest>
 
 using namespace recenttest;
 using zel::mini::Edge;
-
-namespace {
-
-QRect screen()
-{
-    return QGuiApplication::primaryScreen()->availableGeometry();
-}
-
-/// Takes the keyboard, as another program's window would.
-struct OtherWindow : QWidget
-{
-    OtherWindow()
-    {
-        show();
-        activateWindow();
-    }
-};
-
-void leave(QWidget &window)
-{
-    QEvent event(QEvent::Leave);
-    QCoreApplication::sendEvent(&window, &event);
-}
-
-void touch(QWidget &window)
-{
-    const QPointF at(1, 1);
-    QEnterEvent event(at, at, at);
-    QCoreApplication::sendEvent(&window, &event);
-}
-
-} // namespace
 
 class TestMini : public QObject
 {
@@ -198,6 +164,29 @@ private Q_SLOTS:
     }
 
 private:
+    /// Takes the keyboard, as another program's window would.
+    struct OtherWindow : QWidget
+    {
+        OtherWindow()
+        {
+            show();
+            activateWindow();
+        }
+    };
+    static void leave(QWidget &window)
+    {
+        QEvent event(QEvent::Leave);
+        QCoreApplication::sendEvent(&window, &event);
+    }
+    static void touch(QWidget &window)
+    {
+        const QPointF at(1, 1);
+        QEnterEvent event(at, at, at);
+        QCoreApplication::sendEvent(&window, &event);
+    }
+
+    static QRect screen() { return QGuiApplication::primaryScreen()->availableGeometry(); }
+
     KRecentFileLogic::Services services() { return {&m_store, &m_events, &m_opener}; }
     static QStringList shown(const QWidget &window)
     {

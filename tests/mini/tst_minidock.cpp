@@ -1,9 +1,6 @@
 // Where the small floating window docks, hides and comes back.
 
 #include "mini/minidock.h"
-#include "support/table.h"
-
-#include <QtTest>
 
 #include <climits>
 
@@ -64,8 +61,7 @@ private Q_SLOTS:
     }
     void place()
     {
-        QFETCH(const Place, stored);
-        QFETCH(const QRect, available);
+        const auto [stored, available] = zeltest::row<Place, QRect>();
         QTEST(outRect(stored, Window, available), "out");
     }
 
@@ -105,8 +101,7 @@ private Q_SLOTS:
     }
     void innerEdges()
     {
-        QFETCH(const QVector<QRect>, others);
-        QFETCH(const Edge, edge);
+        const auto [others, edge] = zeltest::row<QVector<QRect>, Edge>();
         const Screens all = screens(QVector<QRect>{{0, 0, 1600, 900}} + others);
         QTEST(canTuckAway(edge, outRect({edge, {200, 100}}, Window, Desk), all.first(), all), "hides");
     }

@@ -3,9 +3,6 @@
 #include "kfiletrash.h"
 #include "recentfile/records.h"
 #include "support/fakeopener.h"
-#include "support/text.h"
-
-#include <algorithm>
 
 /// A store in memory. Writes what it is asked for into `log`.
 class FakeStore : public KRecentFileProxy

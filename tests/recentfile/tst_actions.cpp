@@ -1,11 +1,7 @@
 #include "recentfile/recentfileactions.h"
-#include "support/table.h"
 
 #include "recentfile/fakes.h"
 #include "support/fakecloud.h"
-
-#include <QSignalSpy>
-#include <QTest>
 
 using namespace recenttest;
 using Ended = RecentCloud::Ended;
@@ -48,8 +44,7 @@ private Q_SLOTS:
     }
     void deletingEndsOnce()
     {
-        QFETCH(QString, files);
-        QFETCH(QVector<Ended>, answers);
+        const auto [files, answers] = zeltest::row<QString, QVector<Ended>>();
         QSignalSpy ended(m_actions.get(), &RecentFileActions::filesDeleted);
         m_actions->deleteFiles(this->files(files));
         m_actions->deleteFiles(this->files(files)); // the same once more
@@ -111,10 +106,7 @@ private Q_SLOTS:
     }
     void undoBringsBackWhatWent()
     {
-        QFETCH(QString, file);
-        QFETCH(bool, byService);
-        QFETCH(bool, works);
-        QFETCH(bool, again);
+        const auto [file, byService, works, again] = zeltest::row<QString, bool, bool, bool>();
         QSignalSpy restored(m_actions.get(), &RecentFileActions::filesRestored);
         m_actions->deleteFiles({this->file(file)});
         QVERIFY(m_proxy->answerRemove(byService));
@@ -183,9 +175,7 @@ private Q_SLOTS:
         QSignalSpy ended(m_cloud.get(), &RecentCloud::shareEnded);
         m_cloud->share(this->file(file));
         QCOMPARE(m_proxy->asked.last(), "showFileShareDlg 7,b.doc,/data/docs/b.odt,5,zelbox"_s);
-        zel::vela::ShowFileShareDlgResult result;
-        result.state = 1;
-        QVERIFY(m_proxy->answer("showFileShareDlg", result));
+        QVERIFY(m_proxy->answer("showFileShareDlg", filled(&zel::vela::ShowFileShareDlgResult::state, 1)));
         QCOMPARE(ended.at(0).at(0).value<RecentFileInfo>().id, file);
         QCOMPARE(ended.at(0).at(1).value<Ended>(), Ended::Refused);
         m_proxy->logIn({});

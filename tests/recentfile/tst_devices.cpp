@@ -8,9 +8,6 @@
 #include "kcloudsvrproxy.h"
 #include "recent_types.h"
 
-#include <QTest>
-#include <memory>
-
 using namespace zel::vela;
 using Model = ZelBoxRecentFileModel;
 

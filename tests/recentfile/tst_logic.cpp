@@ -1,5 +1,4 @@
 #include "recentfile/recentfilelogic.h"
-#include "support/table.h"
 
 #include "ksettings.h"
 #include "recentfile/fakes.h"
@@ -8,126 +7,7 @@
 #include "recentfile/recentsettings.h"
 #include "support/fakecloud.h"
 
-#include <QTest>
-#include <memory>
-
 using namespace recenttest;
-
-namespace {
-
-/// Store, model and logic, with everything that is told or asked written into `log`.
-struct Bench
-{
-    QStringList log;
-    FakeStore store;
-    KRecentFileEvents events;
-    FakeOpener opener;
-    FakeCloud proxy;
-    RecentCloud cloud{&proxy};
-    ZelBoxRecentFileModel model;
-    std::unique_ptr<KRecentFileLogic> logic;
-
-    Bench()
-    {
-        store.log = &log;
-        logic = std::make_unique<KRecentFileLogic>(
-            KRecentFileLogic::Services{&store, &events, &opener, &cloud, 0});
-        logic->setModel(&model);
-        listen();
-    }
-
-    void listen()
-    {
-        using Logic = KRecentFileLogic;
-        const auto say = [this](const QString &text) { log << text; };
-        const auto l = logic.get();
-        QObject::connect(l, &Logic::itemAdded, l, [say](const RecentFileInfo &i) { say("added "_s + i.id); });
-        QObject::connect(
-            l, &Logic::itemRemoved, l, [say](const RecentFileInfo &i) { say("removed "_s + i.id); });
-        QObject::connect(
-            l, &Logic::itemStateChanged, l, [say](const RecentFileInfo &i) { say("changed "_s + i.id); });
-        QObject::connect(l, &Logic::itemsBatchArrived, l, [say](int types) { say("batch %1"_s.arg(types)); });
-        QObject::connect(
-            l, &Logic::recentFileUnreadMsgCount, l, [say](quint64 n) { say("unread %1"_s.arg(n)); });
-        QObject::connect(l, &Logic::needToWaitFirstLoading, l, [say] { say("wait"_s); });
-        QObject::connect(l, &Logic::firstLoadingFinish, l, [say] { say("finish"_s); });
-        QObject::connect(
-            &model, &ZelBoxRecentFileModel::rowCountChanged, l, [say](int n) { say("rows %1"_s.arg(n)); });
-    }
-
-    // "a8@30": id a, kind 8, time 30.
-    static RecordInfoList parse(const QString &text)
-    {
-        RecordInfoList list;
-        const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-        for (const QString &word : words) {
-            const QString head = word.section(QLatin1Char('@'), 0, 0);
-            list << record(head.left(1), word.section(QLatin1Char('@'), 1).toLongLong(), head.mid(1).toInt());
-        }
-        return list;
-    }
-
-    void run(const QString &step)
-    {
-        const QString verb = step.section(QLatin1Char(' '), 0, 0);
-        const QString rest = step.section(QLatin1Char(' '), 1);
-        if (verb == "store"_s)
-            store.content = parse(rest);
-        else if (verb == "notready"_s)
-            store.ready = false;
-        else if (verb == "ready"_s)
-            store.ready = true;
-        else if (verb == "in"_s)
-            proxy.user = "me"_s;
-        else if (verb == "nomodel"_s)
-            logic->setModel(nullptr);
-        else
-            notify(verb, rest);
-    }
-
-    void notify(const QString &verb, const QString &rest)
-    {
-        if (verb == "first"_s)
-            logic->onWindowFirstShown();
-        else if (verb == "init"_s)
-            Q_EMIT events.initFinished();
-        else if (verb == "arrived"_s)
-            Q_EMIT events.recordsArrived();
-        else if (verb == "add"_s)
-            Q_EMIT events.recordsAdded(parse(rest));
-        else if (verb == "remove"_s)
-            Q_EMIT events.recordsRemoved(parse(rest));
-        else if (verb == "change"_s)
-            Q_EMIT events.recordsChanged(parse(rest));
-        else if (verb == "login"_s)
-            logic->onLoginStatusChanged(true);
-        else if (verb == "logout"_s)
-            logic->onLoginStatusChanged(false);
-        else if (verb == "tick"_s)
-            logic->onTimingUpdateRoamingFiles();
-        else if (verb == "unread"_s)
-            logic->onRoamingUnreadMsgArrive({{rest, {}}});
-        else if (verb == "seen"_s)
-            logic->clearUnread();
-        else
-            QFAIL(qPrintable("unknown step "_s + verb));
-    }
-};
-
-void setSetting(const QString &group, const QString &key, const QVariant &value)
-{
-    KSettings settings;
-    const QStringList path = group.split(QLatin1Char('/'));
-    for (const QString &part : path)
-        settings.beginGroup(part);
-    if (value.isValid())
-        settings.setValue(key, value);
-    else
-        settings.remove(key);
-    zel::recent::resetSettingsCache();
-}
-
-} // namespace
 
 class TestLogic : public QObject
 {
@@ -141,7 +21,7 @@ private Q_SLOTS:
 
     void steps_data()
     {
-        // script: steps, separated by ";"; "|" clears the log
+        // script: "|" clears the log
         const auto row = zeltest::table<QString, QString>("script", "expected");
 
         row("first load", "store a8@3 b2@2;first", "finish;rows 0;rows 2;batch 106");
@@ -186,13 +66,7 @@ private Q_SLOTS:
     {
         QFETCH(QString, script);
         Bench bench;
-        const QStringList steps = script.split(QLatin1Char(';'));
-        for (const QString &step : steps) {
-            if (step == "|"_s)
-                bench.log.clear();
-            else
-                bench.run(step);
-        }
+        bench.runAll(script);
         QTEST(bench.log.join(QLatin1Char(';')), "expected");
     }
 
@@ -211,15 +85,13 @@ private Q_SLOTS:
         QFETCH(QVariant, setting);
         setSetting("zelbox"_s, "RecentRecordType"_s, setting);
         Bench bench;
-        bench.run("store a2@9 b8@8 c32@7 d64@6 e1@5 f4@4 g16@3 h128@2"_s);
-        bench.run("init"_s);
+        bench.runAll("store a2@9 b8@8 c32@7 d64@6 e1@5 f4@4 g16@3 h128@2;init"_s);
         QTEST(bench.log.join(QLatin1Char(';')), "expected");
 
         // Once read, it holds for the process.
         KSettings settings;
         settings.setValue("zelbox/RecentRecordType"_s, 8);
-        bench.log.clear();
-        bench.run("logout"_s);
+        bench.runAll("|;logout"_s);
         QVERIFY(!bench.log.contains("batch 8"_s));
     }
 
@@ -249,8 +121,7 @@ private Q_SLOTS:
     void everyUnreadNoticeLeadsToOneSync()
     {
         Bench bench;
-        bench.run("unread x"_s);
-        bench.run("unread x"_s);
+        bench.runAll("unread x;unread x"_s);
         QCOMPARE(bench.log, QStringList()); // later, never from within the notice
         QTRY_COMPARE(bench.store.roamingRequests, 2);
         QCOMPARE(bench.log, QStringList({"roaming 1 sync"_s, "roaming 1 sync"_s}));
@@ -271,19 +142,15 @@ private Q_SLOTS:
     // The service tells its whole set again and again.
     void toldMarks()
     {
-        QFETCH(QString, script);
-        QFETCH(int, later);
+        const auto [script, later] = zeltest::row<QString, int>();
         const QDateTime time = at("2024-03-20 10:00"_s);
-        const QString x = "x"_s;
-        const QString y = "y"_s;
         Bench bench;
         bench.run("init"_s);
-        bench.logic->onRoamingUnreadMsgArrive({{x, {x, time}}});
-        const QStringList steps = script.split(QLatin1Char(';'));
-        for (const QString &step : steps)
-            bench.run(step);
-        bench.logic->onRoamingUnreadMsgArrive({{x, {x, time.addSecs(later)}}, {y, {y, time}}});
-        const int row = bench.model.rowOf(x);
+        bench.logic->onRoamingUnreadMsgArrive({{"x"_s, {"x"_s, time}}});
+        bench.runAll(script);
+        bench.logic->onRoamingUnreadMsgArrive(
+            {{"x"_s, {"x"_s, time.addSecs(later)}}, {"y"_s, {"y"_s, time}}});
+        const int row = bench.model.rowOf("x"_s);
         QTEST(bench.model.index(row).data(ZelBoxRecentFileModel::UnreadRole).toInt(), "expected");
     }
 
@@ -297,17 +164,119 @@ private Q_SLOTS:
     {
         QFETCH(KDocumentOpener::Outcome, outcome);
         Bench bench;
-        bench.run("store a8@3"_s);
-        bench.run("init"_s);
-        bench.log.clear();
+        bench.runAll("store a8@3;init;|"_s);
         const QString path = "/data/docs/a.odt"_s;
         bench.logic->open(bench.model.index(0));
         bench.logic->open({});
-        bench.run("remove a8"_s); // gone while the desktop looks for a program
-        bench.log.clear();
+        bench.runAll("remove a8;|"_s); // gone while the desktop looks for a program
         bench.opener.answer(path, outcome);
         bench.opener.answer(path, outcome);
         QTEST(bench.log.join(QLatin1Char(';')), "storeAsked");
+    }
+
+private:
+    /// Store, model and logic, with everything that is told or asked written into `log`.
+    struct Bench
+    {
+        QStringList log;
+        FakeStore store;
+        KRecentFileEvents events;
+        FakeOpener opener;
+        FakeCloud proxy;
+        RecentCloud cloud{&proxy};
+        ZelBoxRecentFileModel model;
+        std::unique_ptr<KRecentFileLogic> logic;
+
+        Bench()
+        {
+            store.log = &log;
+            logic = std::make_unique<KRecentFileLogic>(
+                KRecentFileLogic::Services{&store, &events, &opener, &cloud, 0});
+            logic->setModel(&model);
+            listen();
+        }
+
+        void listen()
+        {
+            using Logic = KRecentFileLogic;
+            const auto say = [this](const QString &text) { log << text; };
+            const auto l = logic.get();
+            QObject::connect(
+                l, &Logic::itemAdded, l, [say](const RecentFileInfo &i) { say("added "_s + i.id); });
+            QObject::connect(
+                l, &Logic::itemRemoved, l, [say](const RecentFileInfo &i) { say("removed "_s + i.id); });
+            QObject::connect(
+                l, &Logic::itemStateChanged, l, [say](const RecentFileInfo &i) { say("changed "_s + i.id); });
+            QObject::connect(
+                l, &Logic::itemsBatchArrived, l, [say](int types) { say("batch %1"_s.arg(types)); });
+            QObject::connect(
+                l, &Logic::recentFileUnreadMsgCount, l, [say](quint64 n) { say("unread %1"_s.arg(n)); });
+            QObject::connect(l, &Logic::needToWaitFirstLoading, l, [say] { say("wait"_s); });
+            QObject::connect(l, &Logic::firstLoadingFinish, l, [say] { say("finish"_s); });
+            QObject::connect(&model, &ZelBoxRecentFileModel::rowCountChanged, l,
+                [say](int n) { say("rows %1"_s.arg(n)); });
+        }
+
+        // "a8@30": id a, kind 8, time 30.
+        static RecordInfoList parse(const QString &text)
+        {
+            RecordInfoList list;
+            const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
+            for (const QString &word : words) {
+                const QString head = word.section(QLatin1Char('@'), 0, 0);
+                list << record(
+                    head.left(1), word.section(QLatin1Char('@'), 1).toLongLong(), head.mid(1).toInt());
+            }
+            return list;
+        }
+
+        void run(const QString &step)
+        {
+            const QString rest = step.section(QLatin1Char(' '), 1);
+            const QMap<QString, std::function<void()>> verbs{
+                {"store"_s, [&] { store.content = parse(rest); }},
+                {"notready"_s, [&] { store.ready = false; }},
+                {"ready"_s, [&] { store.ready = true; }},
+                {"in"_s, [&] { proxy.user = "me"_s; }},
+                {"nomodel"_s, [&] { logic->setModel(nullptr); }},
+                {"first"_s, [&] { logic->onWindowFirstShown(); }},
+                {"init"_s, [&] { Q_EMIT events.initFinished(); }},
+                {"arrived"_s, [&] { Q_EMIT events.recordsArrived(); }},
+                {"add"_s, [&] { Q_EMIT events.recordsAdded(parse(rest)); }},
+                {"remove"_s, [&] { Q_EMIT events.recordsRemoved(parse(rest)); }},
+                {"change"_s, [&] { Q_EMIT events.recordsChanged(parse(rest)); }},
+                {"login"_s, [&] { logic->onLoginStatusChanged(true); }},
+                {"logout"_s, [&] { logic->onLoginStatusChanged(false); }},
+                {"tick"_s, [&] { logic->onTimingUpdateRoamingFiles(); }},
+                {"unread"_s,
+                    [&] {
+                        logic->onRoamingUnreadMsgArrive({{rest, {}}});
+                    }},
+                {"seen"_s, [&] { logic->clearUnread(); }},
+                {"|"_s, [&] { log.clear(); }},
+            };
+            const auto verb = verbs.value(step.section(QLatin1Char(' '), 0, 0));
+            QVERIFY2(verb, qPrintable("unknown step "_s + step));
+            verb();
+        }
+        /// Steps, separated by ";".
+        void runAll(const QString &script)
+        {
+            for (const QString &step : script.split(QLatin1Char(';')))
+                run(step);
+        }
+    };
+    static void setSetting(const QString &group, const QString &key, const QVariant &value)
+    {
+        KSettings settings;
+        const QStringList path = group.split(QLatin1Char('/'));
+        for (const QString &part : path)
+            settings.beginGroup(part);
+        if (value.isValid())
+            settings.setValue(key, value);
+        else
+            settings.remove(key);
+        zel::recent::resetSettingsCache();
     }
 };
 

@@ -1,28 +1,10 @@
 #include "recentfile/recentfilemodel.h"
-#include "support/table.h"
 
 #include "recentfile/documentkind.h"
 #include "recentfile/records.h"
 
-#include <QAbstractItemModelTester>
-#include <QRandomGenerator>
-#include <QSignalSpy>
-#include <QTest>
-
 using namespace recenttest;
 using Model = ZelBoxRecentFileModel;
-
-namespace {
-
-QStringList ids(const Model &model)
-{
-    QStringList rows;
-    for (int row = 0; row < model.rowCount(); ++row)
-        rows << model.record(row).id;
-    return rows;
-}
-
-} // namespace
 
 class TestModel : public QObject
 {
@@ -122,9 +104,7 @@ private Q_SLOTS:
         QSignalSpy moved(&model, &Model::rowsMoved);
         QSignalSpy changed(&model, &Model::dataChanged);
 
-        QFETCH(RecentFileInfo, next);
-        QFETCH(QList<int>, move);
-        QFETCH(QVector<int>, roles);
+        auto [next, move, roles] = zeltest::row<RecentFileInfo, QList<int>, QVector<int>>();
         QVERIFY(model.updateRecord(next));
         QCOMPARE(moved.size(), move.isEmpty() ? 0 : 1);
         if (!move.isEmpty())
@@ -237,6 +217,15 @@ private Q_SLOTS:
         QCOMPARE(model.groups()[1].count, 1);
         QCOMPARE(changed.size(), 1);
         QCOMPARE(model.index(0).data(Model::TimeTextRole).toString(), "yesterday 22:00"_s);
+    }
+
+private:
+    static QStringList ids(const Model &model)
+    {
+        QStringList rows;
+        for (int row = 0; row < model.rowCount(); ++row)
+            rows << model.record(row).id;
+        return rows;
     }
 };
 

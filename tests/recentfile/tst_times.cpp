@@ -2,10 +2,6 @@
 #include "recentfile/timegroups.h"
 
 #include "recentfile/records.h"
-#include "support/table.h"
-
-#include <QTest>
-#include <QTranslator>
 
 using namespace zel::recent;
 using recenttest::at;
@@ -134,8 +130,7 @@ private Q_SLOTS:
     // name of their own are never taken by a month.
     void everyDayOfFiveYears()
     {
-        QFETCH(QByteArray, zone);
-        QFETCH(int, firstYear);
+        const auto [zone, firstYear] = zeltest::row<QByteArray, int>();
         recenttest::setZone(zone.constData());
         for (QDate today(firstYear, 1, 1); today.year() < firstYear + 5; today = today.addDays(1)) {
             const auto edges = timeGroupEdges(today);

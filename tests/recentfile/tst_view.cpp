@@ -5,11 +5,6 @@
 #include "recentfile/ui/recentfiledelegate.h"
 #include "recentfile/ui/recentfilelistview.h"
 #include "support/dragdrop.h"
-#include "support/table.h"
-
-#include <QSignalSpy>
-#include <QTest>
-#include <memory>
 
 using namespace recenttest;
 using Model = ZelBoxRecentFileModel;
@@ -167,9 +162,7 @@ private Q_SLOTS:
     }
     void drops()
     {
-        QFETCH(QStringList, urls);
-        QFETCH(int, actions);
-        QFETCH(QStringList, expected);
+        const auto [urls, actions, expected] = zeltest::row<QStringList, int, QStringList>();
         QMimeData data;
         data.setText("/data/a b.odt"_s);
         if (!urls.isEmpty())

@@ -1,12 +1,7 @@
 #pragma once
 
 #include "service/cloudservice.h"
-#include "support/table.h"
 #include "support/wireclient.h"
-
-#include <QTemporaryDir>
-#include <functional>
-#include <memory>
 
 /// The whole service in the test's own thread, with a database of its own.
 class ServiceFixture

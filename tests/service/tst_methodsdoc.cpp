@@ -1,10 +1,6 @@
 // docs/cloud-methods.md says of every method whether it is served; here it is held to that.
-#include "service/cloudservice.h"
 #include "service/methods/clouddocuments.h"
 #include "servicefixture.h"
-
-#include <QRegularExpression>
-#include <QtTest>
 
 using namespace zel::service;
 

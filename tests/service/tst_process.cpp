@@ -1,32 +1,10 @@
-#include "support/table.h"
 #include "support/wireclient.h"
 
-#include <QFileInfo>
-#include <QProcess>
-#include <QTemporaryDir>
-#include <QtTest>
 #include <csignal>
 
 using namespace zel;
 using namespace zel::posix;
 using namespace std::chrono_literals;
-
-namespace {
-
-constexpr int patience = 30000;
-
-QStringList words(const char *text)
-{
-    return QString::fromUtf8(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-}
-
-// The event loop may have noticed the end already.
-bool hasEnded(QProcess &process)
-{
-    return process.state() == QProcess::NotRunning || process.waitForFinished(patience);
-}
-
-} // namespace
 
 class TestProcess : public QObject
 {
@@ -169,10 +147,41 @@ private Q_SLOTS:
     }
 
 private:
+    static constexpr int patience = 30000;
+    static QStringList words(const char *text)
+    {
+        return QString::fromUtf8(text).split(QLatin1Char(' '), Qt::SkipEmptyParts);
+    }
+    // The event loop may have noticed the end already.
+    static bool hasEnded(QProcess &process)
+    {
+        return process.state() == QProcess::NotRunning || process.waitForFinished(patience);
+    }
+
     using Process = std::unique_ptr<QProcess>;
-    Process start(const char *arguments = "");
-    Process startReady(const char *arguments = "");
-    bool waitForReady(QProcess &process);
+    Process start(const char *arguments = "")
+    {
+        Process process(new QProcess);
+        process->start(QFile::decodeName(qgetenv("ZEL_CLOUD")), words(arguments));
+        return process;
+    }
+
+    // The line that it logs when clients can connect is what we wait for.
+    Process startReady(const char *arguments = "")
+    {
+        Process process = start(arguments);
+        return waitForReady(*process) ? std::move(process) : nullptr;
+    }
+
+    bool waitForReady(QProcess &process)
+    {
+        QByteArray log;
+        process.setReadChannel(QProcess::StandardError);
+        while (!log.contains("ready") && process.waitForReadyRead(patience))
+            log += process.readAllStandardError();
+        return log.contains("ready");
+    }
+
     QString socketPath() const { return m_folder->filePath("zelbox/cloud.sock"_s); }
     /// One that has passed the handshake; null when it could not.
     std::unique_ptr<WireClient> client()
@@ -183,29 +192,6 @@ private:
 
     std::unique_ptr<QTemporaryDir> m_folder;
 };
-
-TestProcess::Process TestProcess::start(const char *arguments)
-{
-    Process process(new QProcess);
-    process->start(QFile::decodeName(qgetenv("ZEL_CLOUD")), words(arguments));
-    return process;
-}
-
-// The line that it logs when clients can connect is what we wait for.
-TestProcess::Process TestProcess::startReady(const char *arguments)
-{
-    Process process = start(arguments);
-    return waitForReady(*process) ? std::move(process) : nullptr;
-}
-
-bool TestProcess::waitForReady(QProcess &process)
-{
-    QByteArray log;
-    process.setReadChannel(QProcess::StandardError);
-    while (!log.contains("ready") && process.waitForReadyRead(patience))
-        log += process.readAllStandardError();
-    return log.contains("ready");
-}
 
 QTEST_GUILESS_MAIN(TestProcess)
 #include "tst_process.moc"

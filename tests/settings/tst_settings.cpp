@@ -14,7 +14,6 @@
 #include "settings/ui/keyfield.h"
 #include "settings/ui/kzelboxcloudsettingsdlg.h"
 #include "support/serviceprocess.h"
-#include "support/table.h"
 #include "widgets/noticearea.h"
 #include "widgets/noticebar.h"
 #include "widgets/shortcuts.h"
@@ -26,105 +25,8 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QScrollBar>
-#include <QTranslator>
-#include <QtTest>
 
 using zel::Shortcuts;
-
-namespace {
-
-QVariant stored(const QString &key)
-{
-    KSettings settings;
-    settings.beginGroup(zel::keys::Plugins);
-    settings.beginGroup(zel::keys::Zelbox);
-    return settings.value(key);
-}
-
-QKeySequence keys(const char *text)
-{
-    return QKeySequence(QLatin1String(text));
-}
-
-/// A dialog on the screen, and its controls by what assistive programs call them.
-struct Window
-{
-    KSkin skin;
-    KZelBoxCloudSettingsDlg dialog;
-
-    explicit Window(const char *page, KCloudSvrProxy *cloud = nullptr) : dialog(&skin, cloud)
-    {
-        dialog.setParameter(QLatin1String(page));
-        dialog.show();
-        if (!QTest::qWaitForWindowActive(&dialog))
-            qFatal("the dialog does not show");
-    }
-    template <class Control> Control *look(const char *name) const // null: there is none
-    {
-        for (Control *each : dialog.findChildren<Control *>()) {
-            const auto *button = qobject_cast<const QAbstractButton *>(each);
-            const bool byText = button && each->accessibleName().isEmpty();
-            const QString text = byText ? button->text() : each->accessibleName();
-            if (each->isVisible() && text == QString::fromUtf8(name))
-                return each;
-        }
-        return nullptr;
-    }
-    template <class Control> Control *find(const char *name) const
-    {
-        auto *found = look<Control>(name);
-        if (!found)
-            qFatal("there is no %s", name);
-        return found;
-    }
-    bool canPress(const char *name) const
-    {
-        const auto *button = look<QPushButton>(name);
-        return button && button->isEnabled();
-    }
-    template <class Control> Control *click(const char *name) const
-    {
-        auto *control = find<Control>(name);
-        QTest::mouseClick(control, Qt::LeftButton);
-        return control;
-    }
-    QString notice() const
-    {
-        const auto all = dialog.findChildren<NoticeBar *>();
-        for (const NoticeBar *each : all) {
-            if (each->isVisible())
-                return each->text();
-        }
-        return {};
-    }
-};
-
-/// Says yes to the question that a dialog asks.
-void sayYes(const char *text)
-{
-    QWidget *question = nullptr;
-    QTRY_VERIFY((question = QApplication::activeModalWidget()) != nullptr);
-    for (QPushButton *button : question->findChildren<QPushButton *>()) {
-        if (button->text() == QLatin1String(text))
-            return QTest::mouseClick(button, Qt::LeftButton);
-    }
-    QFAIL("there is no such button");
-}
-
-/// Texts twice as long, of words that do not break, as some languages have them.
-class LongTexts final : public QTranslator
-{
-public:
-    bool isEmpty() const override { return false; }
-    QString translate(const char *, const char *text, const char *, int) const override
-    {
-        const QString once = QString::fromUtf8(text);
-        QString word = once;
-        return once + QLatin1Char(' ') + word.replace(QLatin1Char(' '), QLatin1Char('x')).left(40);
-    }
-};
-
-} // namespace
 
 class TestSettings : public QObject
 {
@@ -353,6 +255,91 @@ private Q_SLOTS:
         QApplication::setFont(ordinary);
         QCoreApplication::removeTranslator(&texts);
     }
+
+private:
+    static QVariant stored(const QString &key)
+    {
+        KSettings settings;
+        settings.beginGroup(zel::keys::Plugins);
+        settings.beginGroup(zel::keys::Zelbox);
+        return settings.value(key);
+    }
+    static QKeySequence keys(const char *text) { return QKeySequence(QLatin1String(text)); }
+    /// A dialog on the screen, and its controls by what assistive programs call them.
+    struct Window
+    {
+        KSkin skin;
+        KZelBoxCloudSettingsDlg dialog;
+
+        explicit Window(const char *page, KCloudSvrProxy *cloud = nullptr) : dialog(&skin, cloud)
+        {
+            dialog.setParameter(QLatin1String(page));
+            dialog.show();
+            if (!QTest::qWaitForWindowActive(&dialog))
+                qFatal("the dialog does not show");
+        }
+        template <class Control> Control *look(const char *name) const // null: there is none
+        {
+            for (Control *each : dialog.findChildren<Control *>()) {
+                const auto *button = qobject_cast<const QAbstractButton *>(each);
+                const bool byText = button && each->accessibleName().isEmpty();
+                const QString text = byText ? button->text() : each->accessibleName();
+                if (each->isVisible() && text == QString::fromUtf8(name))
+                    return each;
+            }
+            return nullptr;
+        }
+        template <class Control> Control *find(const char *name) const
+        {
+            auto *found = look<Control>(name);
+            if (!found)
+                qFatal("there is no %s", name);
+            return found;
+        }
+        bool canPress(const char *name) const
+        {
+            const auto *button = look<QPushButton>(name);
+            return button && button->isEnabled();
+        }
+        template <class Control> Control *click(const char *name) const
+        {
+            auto *control = find<Control>(name);
+            QTest::mouseClick(control, Qt::LeftButton);
+            return control;
+        }
+        QString notice() const
+        {
+            const auto all = dialog.findChildren<NoticeBar *>();
+            for (const NoticeBar *each : all) {
+                if (each->isVisible())
+                    return each->text();
+            }
+            return {};
+        }
+    };
+    /// Says yes to the question that a dialog asks.
+    static void sayYes(const char *text)
+    {
+        QWidget *question = nullptr;
+        QTRY_VERIFY((question = QApplication::activeModalWidget()) != nullptr);
+        for (QPushButton *button : question->findChildren<QPushButton *>()) {
+            if (button->text() == QLatin1String(text))
+                return QTest::mouseClick(button, Qt::LeftButton);
+        }
+        QFAIL("there is no such button");
+    }
+    /// Texts twice as long, of words that do not break, as some languages have them.
+    class LongTexts final : public QTranslator
+    {
+    public:
+        bool isEmpty() const override { return false; }
+        QString translate(const char *, const char *text, const char *, int) const override
+        {
+            const QString once = QString::fromUtf8(text);
+            QString word = once;
+            return once + QLatin1Char(' ') + word.replace(QLatin1Char(' '), QLatin1Char('x')).left(40);
+        }
+    };
 };
 
 QTEST_MAIN(TestSettings)

@@ -1,9 +1,6 @@
 #pragma once
 
 #include "kcoreapplication.h"
-#include "support/text.h"
-
-#include <QtTest>
 
 /// The main() of a test under the box's own application object, which has its style and follows the desktop.
 #define ZELTEST_BOX_MAIN(Test)                                                                               \

@@ -2,7 +2,6 @@
 
 #include <QApplication>
 #include <QDragEnterEvent>
-#include <QMimeData>
 #include <QWidget>
 
 namespace zeltest {

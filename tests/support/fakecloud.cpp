@@ -28,63 +28,48 @@ std::string placed(const std::string &what, const std::string &folder, int polic
     return what + " -> " + folder + " (" + std::to_string(policy) + ')';
 }
 
-// What matters of a record.
-std::string about(const GetInfoListArg &list)
+/// What matters of a record.
+struct About
 {
-    return list.parentId;
-}
-std::string about(const CloudItemsMoveToArg &move)
-{
-    return placed(ids(move.items), move.targetParentId, move.conflictPolicy);
-}
-std::string about(const CloudItemsCopyToArg &copy)
-{
-    return placed(ids(copy.items), copy.targetParentId, copy.conflictPolicy);
-}
-std::string about(const UploadItemsArg &upload)
-{
-    return placed(joined(upload.localPaths), upload.parentId, upload.conflictPolicy);
-}
-std::string about(const RenameArg &rename)
-{
-    return rename.item.id + " -> " + rename.newName;
-}
-std::string about(const BatchRemoveArg &remove)
-{
-    return ids(remove.items);
-}
-std::string about(const CreateFolderArg &create)
-{
-    return create.name;
-}
-std::string about(const DownloadItemsArg &download)
-{
-    return ids(download.items);
-}
-std::string about(const UpdateTransferInfoArg &update)
-{
-    return joined(update.taskIds) + " step " + std::to_string(update.operation);
-}
-std::string about(const RemoveArg &remove)
-{
-    return remove.item.id.empty() ? remove.extraParam.at("path") : "id " + remove.item.id;
-}
-std::string about(const RecoverRecyclesArg &recover)
-{
-    return joined(recover.recycleIds);
-}
-std::string about(const VelaIpcArg &envelope)
-{
-    std::string text = envelope.nameSpace + " " + envelope.method;
-    for (const auto &[key, value] : envelope.argMap)
-        text += " " + key + "=" + value;
-    return text;
-}
-std::string about(const ShowFileShareDlgArg &share)
-{
-    return share.fileId + "," + share.fileName + "," + share.filePath + "," + std::to_string(share.accessTime)
-        + "," + share.caller;
-}
+    static std::string of(const GetInfoListArg &list) { return list.parentId; }
+    static std::string of(const CloudItemsMoveToArg &move)
+    {
+        return placed(ids(move.items), move.targetParentId, move.conflictPolicy);
+    }
+    static std::string of(const CloudItemsCopyToArg &copy)
+    {
+        return placed(ids(copy.items), copy.targetParentId, copy.conflictPolicy);
+    }
+    static std::string of(const UploadItemsArg &upload)
+    {
+        return placed(joined(upload.localPaths), upload.parentId, upload.conflictPolicy);
+    }
+    static std::string of(const RenameArg &rename) { return rename.item.id + " -> " + rename.newName; }
+    static std::string of(const BatchRemoveArg &remove) { return ids(remove.items); }
+    static std::string of(const CreateFolderArg &create) { return create.name; }
+    static std::string of(const DownloadItemsArg &download) { return ids(download.items); }
+    static std::string of(const UpdateTransferInfoArg &update)
+    {
+        return joined(update.taskIds) + " step " + std::to_string(update.operation);
+    }
+    static std::string of(const RemoveArg &remove)
+    {
+        return remove.item.id.empty() ? remove.extraParam.at("path") : "id " + remove.item.id;
+    }
+    static std::string of(const RecoverRecyclesArg &recover) { return joined(recover.recycleIds); }
+    static std::string of(const VelaIpcArg &envelope)
+    {
+        std::string text = envelope.nameSpace + " " + envelope.method;
+        for (const auto &[key, value] : envelope.argMap)
+            text += " " + key + "=" + value;
+        return text;
+    }
+    static std::string of(const ShowFileShareDlgArg &share)
+    {
+        return share.fileId + "," + share.fileName + "," + share.filePath + ","
+            + std::to_string(share.accessTime) + "," + share.caller;
+    }
+};
 
 template <class... Records> std::string textOf(const QByteArray &type, const void *data)
 {
@@ -92,7 +77,7 @@ template <class... Records> std::string textOf(const QByteArray &type, const voi
     const auto *record = zel::wire::findRecord(type.constData());
     const auto look = [&]<class Record>(std::in_place_type_t<Record>) {
         if (record && *record->type == typeid(Record))
-            text = about(*static_cast<const Record *>(data));
+            text = About::of(*static_cast<const Record *>(data));
     };
     (look(std::in_place_type<Records>), ...);
     return text;

@@ -1,10 +1,6 @@
 #pragma once
 
 #include "lists/listmodel.h"
-#include "support/text.h"
-
-#include <QStringList>
-#include <functional>
 
 namespace zeltest {
 

@@ -1,12 +1,6 @@
 #pragma once
 
-#include "support/text.h"
-
 #include <QDBusConnection>
-#include <QFile>
-#include <QProcess>
-#include <QStandardPaths>
-#include <QTemporaryDir>
 
 /// A session bus of the test's own, without the services that are installed on the machine. Make it before
 /// the first use of QDBusConnection::sessionBus(). A second connection plays the desktop's side.

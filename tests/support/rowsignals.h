@@ -1,9 +1,6 @@
 #pragma once
 
 #include "lists/listmodel.h"
-#include "support/text.h"
-
-#include <QStringList>
 
 namespace zeltest {
 

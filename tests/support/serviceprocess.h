@@ -1,11 +1,6 @@
 #pragma once
 
-#include <QDir>
-#include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <csignal>
-#include <memory>
 
 /// The real service in a runtime folder and a data folder of its own; may be killed and started again on the
 /// same data.
@@ -15,9 +10,9 @@ public:
     ServiceProcess()
     {
         qputenv("XDG_RUNTIME_DIR", QFile::encodeName(m_folder.path()));
-        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.filePath(QStringLiteral("data"))));
+        qputenv("XDG_DATA_HOME", QFile::encodeName(m_folder.filePath("data"_s)));
         qputenv("HOME", QFile::encodeName(m_folder.path()));
-        QDir(m_folder.path()).mkdir(QStringLiteral("data"));
+        QDir(m_folder.path()).mkdir("data"_s);
     }
     ~ServiceProcess() { kill(); }
 
@@ -57,12 +52,9 @@ public:
         return m_log;
     }
 
-    std::string socketPath() const
-    {
-        return m_folder.filePath(QStringLiteral("zelbox/cloud.sock")).toStdString();
-    }
+    std::string socketPath() const { return m_folder.filePath("zelbox/cloud.sock"_s).toStdString(); }
     QString home() const { return m_folder.path(); }
-    QString dataFolder() const { return m_folder.filePath(QStringLiteral("data/zelbox")); }
+    QString dataFolder() const { return m_folder.filePath("data/zelbox"_s); }
 
 private:
     static constexpr int Patience = 30000;

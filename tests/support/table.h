@@ -4,22 +4,37 @@
 
 #include <QTest>
 
+#include <tuple>
+
 namespace zeltest {
+
+/// Of the table that was made last, which is that of the running test.
+inline QVector<const char *> columnNames;
 
 /// Names the columns of a data table, and returns the function that adds its rows:
 ///
 ///     const auto row = table<QString, bool>("path", "usable");
 ///     row("missing", "", true);
 ///
-/// A text may be given as UTF-8 in quotes.
+/// The test gets the values of its row, or of its first columns, by `const auto [path, usable] = row<QString,
+/// bool>();`. A text may be given as UTF-8 in quotes.
 template <class... Columns, class... Names> auto table(Names... names)
 {
     static_assert(sizeof...(Columns) == sizeof...(Names), "each column has a type and a name");
+    columnNames = {names...};
     (QTest::addColumn<Columns>(names), ...);
     return [](const Text &name, const CellOf<Columns> &...values) {
         QTestData &row = QTest::newRow(qPrintable(name.text()));
         ((row << Columns(values)), ...);
     };
+}
+
+/// The values of the first columns in the present row.
+template <class... Columns> std::tuple<Columns...> row()
+{
+    int next = 0;
+    const auto value = [&next](int type) { return QTest::qData(columnNames.at(next++), type); };
+    return std::tuple<Columns...>{*static_cast<const Columns *>(value(qMetaTypeId<Columns>()))...};
 }
 
 template <class Column> struct NamedValue

@@ -1,7 +1,5 @@
 #pragma once
 
-#include "support/text.h"
-
 #include <QString>
 #include <QStringList>
 

@@ -5,13 +5,8 @@
 #include "cloud/wire/limits.h"
 #include "cloud/wire/message.h"
 #include "common_types.h"
-#include "support/text.h"
 
-#include <QTest>
-#include <map>
-#include <optional>
 #include <thrift/TBase.h>
-#include <vector>
 
 /// A client of the cloud service for tests. Calls run the event loop until they are answered, so that the
 /// service may live in the same thread or in a process of its own.

@@ -5,11 +5,9 @@
 #include "tray/trayimage.h"
 #include "tray/ui/zelboxtray.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
-#include <QtTest>
 
 /// The tray: a watcher with or without a host, on a connection of its own. Its end is a panel's crash.
 class FakeWatcher : public QObject

@@ -1,6 +1,5 @@
 #include "kcoreapplication.h"
 #include "skinstate.h"
-#include "support/table.h"
 #include "widgets/balancedlabel.h"
 #include "widgets/boxdialog.h"
 #include "widgets/modalguard.h"
@@ -14,27 +13,6 @@
 #include <QPushButton>
 #include <QToolButton>
 #include <QVBoxLayout>
-#include <QVariantAnimation>
-#include <QtTest>
-
-namespace {
-
-/// Notices the Escape key that a child let pass.
-class Window : public QWidget
-{
-public:
-    int escapes = 0;
-
-protected:
-    void keyPressEvent(QKeyEvent *event) override { escapes += event->key() == Qt::Key_Escape ? 1 : 0; }
-};
-
-void setAnimations(bool on)
-{
-    zel::platform::SkinState::instance().setDesktop({{}, false, on, 1});
-}
-
-} // namespace
 
 class WidgetsTest : public QObject
 {
@@ -214,6 +192,22 @@ private Q_SLOTS:
         QTRY_COMPARE(notice->isHidden(), how != "text"_s && how != "offer"_s);
         QTEST(used.count(), "used");
         QTEST(dismissed.count(), "dismissed");
+    }
+
+private:
+    /// Notices the Escape key that a child let pass.
+    class Window : public QWidget
+    {
+    public:
+        int escapes = 0;
+
+    protected:
+        void keyPressEvent(QKeyEvent *event) override { escapes += event->key() == Qt::Key_Escape ? 1 : 0; }
+    };
+
+    static void setAnimations(bool on)
+    {
+        zel::platform::SkinState::instance().setDesktop({{}, false, on, 1});
     }
 };
 

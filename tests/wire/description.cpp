@@ -1,11 +1,5 @@
 #include "description.h"
-#include "support/text.h"
 
-#include <QDir>
-#include <QFile>
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QtEndian>
 #include <thrift/protocol/TProtocol.h>
 
 using namespace apache::thrift::protocol;

@@ -1,12 +1,5 @@
 #pragma once
 
-#include <QByteArray>
-#include <QJsonObject>
-#include <QMap>
-#include <QRandomGenerator>
-#include <QString>
-#include <QVector>
-
 /// The interface description as the thrift compiler tells it, apart from the code that it makes of it.
 namespace zel::wire::test {
 

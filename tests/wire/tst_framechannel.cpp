@@ -1,33 +1,13 @@
 // Frames over a real socket: in pieces, in heaps, damaged, and with ends that come and go.
 #include "cloud/wire/framechannel.h"
 #include "cloud/wire/limits.h"
-#include "support/table.h"
 
-#include <QtEndian>
-#include <QtTest>
 #include <fcntl.h>
 #include <sys/socket.h>
 
 using namespace zel::wire;
 using zel::posix::UniqueFd;
 using namespace std::chrono_literals;
-
-namespace {
-
-QByteArray frameOf(const QByteArray &body)
-{
-    QByteArray frame(4, '\0');
-    qToBigEndian(quint32(body.size()), frame.data());
-    return frame + body;
-}
-
-QByteArray lengthOnly(quint32 length)
-{
-    return frameOf({}).replace(
-        0, 4, QByteArray::fromHex(QByteArray::number(length, 16).rightJustified(8, '0')));
-}
-
-} // namespace
 
 class TestFrameChannel : public QObject
 {
@@ -222,6 +202,18 @@ private Q_SLOTS:
     }
 
 private:
+    static QByteArray frameOf(const QByteArray &body)
+    {
+        QByteArray frame(4, '\0');
+        qToBigEndian(quint32(body.size()), frame.data());
+        return frame + body;
+    }
+    static QByteArray lengthOnly(quint32 length)
+    {
+        return frameOf({}).replace(
+            0, 4, QByteArray::fromHex(QByteArray::number(length, 16).rightJustified(8, '0')));
+    }
+
     void write(const QByteArray &bytes)
     {
         QCOMPARE(::send(m_other.get(), bytes.constData(), size_t(bytes.size()), MSG_NOSIGNAL),

@@ -4,9 +4,7 @@
 #include "cloud/wire/message.h"
 #include "common_types.h"
 #include "drive_types.h"
-#include "support/table.h"
 
-#include <QtTest>
 #include <thrift/protocol/TBinaryProtocol.h>
 #include <thrift/protocol/TProtocolException.h>
 #include <thrift/transport/TBufferTransports.h>
@@ -14,48 +12,6 @@
 using namespace apache::thrift::protocol;
 using namespace zel::vela;
 using namespace zel::wire;
-
-namespace {
-
-QByteArray bytesOf(const char *hex)
-{
-    return QByteArray::fromHex(hex);
-}
-
-QByteArray withoutLength(const QByteArray &frame)
-{
-    return frame.mid(4);
-}
-
-VelaIpcArg envelope()
-{
-    VelaIpcArg arg;
-    arg.nameSpace = "KVelaIpcCallObj";
-    arg.method = "reloadMessageConfig";
-    return arg;
-}
-
-// What a record says when it is read from these bytes.
-int failureOf(const QByteArray &bytes, apache::thrift::TBase &record)
-{
-    BoundedReader reader(bytes.constData(), size_t(bytes.size()));
-    try {
-        record.read(&reader);
-    } catch (const TProtocolException &exception) {
-        return exception.getType();
-    }
-    return -1;
-}
-
-QByteArray nestedRecords(int depth)
-{
-    QByteArray bytes;
-    for (int i = 0; i < depth; ++i)
-        bytes += bytesOf("0c0063"); // an unknown field 99 that holds a record
-    return bytes + QByteArray(depth + 1, '\0');
-}
-
-} // namespace
 
 class TestMessage : public QObject
 {
@@ -114,9 +70,7 @@ private Q_SLOTS:
                                          "00");
         ServerErrorInfo read;
         QCOMPARE(failureOf(bytes, read), -1);
-        ServerErrorInfo expected;
-        expected.errString = "a";
-        QCOMPARE(read, expected);
+        QCOMPARE(read, filled(&ServerErrorInfo::errString, "a"));
         QVERIFY(!read.__isset.errResult && read.__isset.errString);
     }
 
@@ -190,6 +144,34 @@ private Q_SLOTS:
         QVERIFY(replyFrame("velaIpcCall", 1, answer).isEmpty());
         QVERIFY(callFrame(std::string(LongestMethodName + 1, 'x'), 1, envelope()).isEmpty());
         QVERIFY(!callFrame("velaIpcCall", 1, envelope()).isEmpty()); // the writer is none the worse for it
+    }
+
+private:
+    static QByteArray bytesOf(const char *hex) { return QByteArray::fromHex(hex); }
+    static QByteArray withoutLength(const QByteArray &frame) { return frame.mid(4); }
+    static VelaIpcArg envelope()
+    {
+        const auto arg =
+            filled(&VelaIpcArg::nameSpace, "KVelaIpcCallObj", &VelaIpcArg::method, "reloadMessageConfig");
+        return arg;
+    }
+    // What a record says when it is read from these bytes.
+    static int failureOf(const QByteArray &bytes, apache::thrift::TBase &record)
+    {
+        BoundedReader reader(bytes.constData(), size_t(bytes.size()));
+        try {
+            record.read(&reader);
+        } catch (const TProtocolException &exception) {
+            return exception.getType();
+        }
+        return -1;
+    }
+    static QByteArray nestedRecords(int depth)
+    {
+        QByteArray bytes;
+        for (int i = 0; i < depth; ++i)
+            bytes += bytesOf("0c0063"); // an unknown field 99 that holds a record
+        return bytes + QByteArray(depth + 1, '\0');
     }
 };
 

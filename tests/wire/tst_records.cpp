@@ -1,6 +1,5 @@
 // All records and methods, checked against the interface description itself.
 #include "description.h"
-#include "support/table.h"
 
 #include "cloud/wire/boundedreader.h"
 #include "cloud/wire/message.h"
@@ -9,9 +8,6 @@
 #include "notify_types.h"
 #include "recent_types.h"
 
-#include <QFile>
-#include <QSet>
-#include <QtTest>
 #include <sstream>
 #include <thrift/protocol/TBinaryProtocol.h>
 #include <thrift/transport/TBufferTransports.h>
@@ -21,23 +17,6 @@ using namespace zel::wire;
 using zel::wire::test::Description;
 using zel::wire::test::Field;
 using zel::wire::test::Fields;
-
-namespace {
-
-QByteArray written(const TBase &record)
-{
-    const auto buffer = std::make_shared<transport::TMemoryBuffer>();
-    protocol::TBinaryProtocolT<transport::TMemoryBuffer> protocol(buffer);
-    record.write(&protocol);
-    return QByteArray::fromStdString(buffer->getBufferAsString());
-}
-
-const RecordType *recordOf(const QString &name)
-{
-    return findRecord(name.toStdString());
-}
-
-} // namespace
 
 class TestRecords : public QObject
 {
@@ -158,14 +137,12 @@ private Q_SLOTS:
 
     void errorsInAnswers()
     {
-        zel::vela::ServerErrorInfo error;
-        error.errResult = "notServed";
         for (const RecordType *type : allRecords()) {
             QVERIFY2(bool(type->fail) == type->name.ends_with("Result"), type->name.data());
             if (!type->fail)
                 continue;
             const AnyRecord answer(*type);
-            type->fail(answer.object(), 1, error);
+            type->fail(answer.object(), 1, filled(&zel::vela::ServerErrorInfo::errResult, "notServed"));
             std::ostringstream text;
             type->print(text, answer.object());
             QVERIFY2(text.str().find("notServed") != std::string::npos, type->name.data());
@@ -214,6 +191,15 @@ private Q_SLOTS:
     }
 
 private:
+    static QByteArray written(const TBase &record)
+    {
+        const auto buffer = std::make_shared<transport::TMemoryBuffer>();
+        protocol::TBinaryProtocolT<transport::TMemoryBuffer> protocol(buffer);
+        record.write(&protocol);
+        return QByteArray::fromStdString(buffer->getBufferAsString());
+    }
+    static const RecordType *recordOf(const QString &name) { return findRecord(name.toStdString()); }
+
     Description m_description{qEnvironmentVariable("ZEL_WIRE_DESCRIPTIONS")};
 };
 

@@ -6,15 +6,6 @@
 #include "cloud/wire/message.h"
 #include "cloud/wire/serviceerror.h"
 #include "common_types.h"
-#include "support/text.h"
-
-#include <QDir>
-#include <QFile>
-#include <QObject>
-#include <QSocketNotifier>
-#include <QStringList>
-#include <functional>
-#include <memory>
 
 /// The service's end of the link inside a test: takes the box's connections and does what the test says.
 class FakeService final : public QObject
@@ -57,26 +48,17 @@ public:
     }
     void answer(const Head &head, int state = 0) ///< to an envelope
     {
-        zel::vela::VelaIpcResult result;
-        result.state = state;
-        reply(head, result);
+        reply(head, filled(&zel::vela::VelaIpcResult::state, state));
     }
     void push(const char *method, const apache::thrift::TBase &record)
     {
         send(zel::wire::pushFrame(method, record));
     }
-    void replyLogin()
-    {
-        zel::vela::VelaIpcResult answer;
-        answer.resultMap = login;
-        reply(m_loginCall, answer);
-    }
+    void replyLogin() { reply(m_loginCall, filled(&zel::vela::VelaIpcResult::resultMap, login)); }
     void acceptNow()
     {
         hello = Hello::Accept;
-        zel::vela::GetVersionResult welcome;
-        welcome.protocolVersion = zel::wire::ProtocolVersion;
-        reply(m_helloCall, welcome);
+        reply(m_helloCall, filled(&zel::vela::GetVersionResult::protocolVersion, zel::wire::ProtocolVersion));
     }
     void hangUp() { m_channel.reset(); }
     void hangUpSoon() ///< once it may, from inside `serve`

@@ -3,9 +3,6 @@
 #include "fakeservice.h"
 #include "kcloudsvrproxy.h"
 
-#include <QTemporaryDir>
-#include <QtTest>
-
 /// A proxy of the given class and a fake service that it connects to.
 template <class Proxy> struct LinkFixture
 {
@@ -24,9 +21,8 @@ template <class Proxy> struct LinkFixture
     }
     QString call(QObject *receiver, const char *slot, const char *method = "anything")
     {
-        zel::vela::VelaIpcArg arg;
-        arg.nameSpace = "KVelaIpcCallObj";
-        arg.method = method;
+        auto arg = filled(
+            &zel::vela::VelaIpcArg::nameSpace, "KVelaIpcCallObj", &zel::vela::VelaIpcArg::method, method);
         const QString id = proxy->asynCallEx(
             "velaIpcCall"_s, QGenericArgument("VelaIpcArg", &arg), receiver, QString::fromLatin1(slot));
         arg.method = "changed right after the call";

@@ -4,10 +4,6 @@
 #include "krpcresponse.h"
 #include "search_types.h"
 
-#include <QObject>
-#include <QVector>
-#include <functional>
-
 using zel::vela::VelaIpcResult;
 
 /// Receives answers in all the forms that a slot may have, and keeps what came.

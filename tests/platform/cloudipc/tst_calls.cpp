@@ -1,9 +1,6 @@
 #include "kcloudask.h"
 #include "linkfixture.h"
 #include "listener.h"
-#include "support/table.h"
-
-#include <QSet>
 
 using namespace std::chrono_literals;
 using namespace zel;
@@ -15,104 +12,6 @@ using Act = void (*)(Fixture &);
 using Serve = void (*)(FakeService &, const FakeService::Head &);
 Q_DECLARE_METATYPE(Act)
 Q_DECLARE_METATYPE(Serve)
-
-namespace {
-
-using Head = FakeService::Head;
-
-void answer(FakeService &service, const Head &head)
-{
-    service.answer(head);
-}
-
-void answerWithError(FakeService &service, const Head &head)
-{
-    service.answer(head, int(wire::ServiceError::NotServed));
-}
-
-void answerTwice(FakeService &service, const Head &head)
-{
-    answer(service, head);
-    answer(service, head);
-}
-
-void refuse(FakeService &service, const Head &head)
-{
-    service.send(wire::refusalFrame(head.method, head.sequence, wire::Refusal::UnknownMethod, {}));
-}
-
-// An envelope's answer cut short, with the length of what is left.
-void answerDamaged(FakeService &service, const Head &head)
-{
-    QByteArray frame = wire::replyFrame(head.method, head.sequence, vela::VelaIpcResult());
-    frame.chop(3);
-    frame[3] = char(frame.size() - 4);
-    service.send(frame);
-}
-
-void answerOther(FakeService &service, const Head &head)
-{
-    service.send(wire::replyFrame("copy", head.sequence, vela::VelaIpcResult()));
-}
-
-void sendGarbage(FakeService &service, const Head &)
-{
-    service.send(QByteArray("\0\0\0\3abc", 7));
-}
-
-void sendHugeLength(FakeService &service, const Head &)
-{
-    service.send(QByteArray(8, char(0xff)));
-}
-
-void sendRequest(FakeService &service, const Head &head)
-{
-    service.send(wire::callFrame("getVersion", head.sequence, vela::GetVersionArg()));
-}
-
-void hangUp(FakeService &service, const Head &)
-{
-    service.hangUpSoon();
-}
-
-void answerHalf(FakeService &service, const Head &head)
-{
-    service.send(wire::replyFrame(head.method, head.sequence, vela::VelaIpcResult()).left(20));
-    hangUp(service, head);
-}
-
-void nothing(FakeService &, const Head &) { }
-
-Listener *listenerOf(Fixture &f)
-{
-    return f.proxy->findChild<Listener *>();
-}
-
-void answerLate(Fixture &f)
-{
-    QTRY_COMPARE(listenerOf(f)->endings.size(), 1);
-    answer(*f.service, f.service->lastCall);
-}
-
-void cancel(Fixture &f)
-{
-    QVERIFY(f.proxy->cancelCall(f.proxy->property("id").toString()));
-    f.asked.cancel();
-    QVERIFY(listenerOf(f)->endings.isEmpty());
-}
-
-void destroyReceiver(Fixture &f)
-{
-    delete listenerOf(f);
-}
-
-void destroyProxy(Fixture &f)
-{
-    listenerOf(f)->setParent(f.service.get());
-    f.proxy.reset();
-}
-
-} // namespace
 
 class TestCalls : public QObject
 {
@@ -190,7 +89,7 @@ private Q_SLOTS:
             return;
         const auto &ending = listener->endings.first();
         QCOMPARE(ending.id, id);
-        QCOMPARE(ending.ok ? QStringLiteral("state %1").arg(ending.state) : QStringLiteral("failed"), slot);
+        QCOMPARE(ending.ok ? "state %1"_s.arg(ending.state) : "failed"_s, slot);
         QCOMPARE(lost.size(), staysConnected ? 0 : 1);
         QVERIFY2(!f.proxy->cancelCall(id), "it has ended");
         f.proxy.reset();
@@ -205,15 +104,13 @@ private Q_SLOTS:
         };
         ask<vela::VelaIpcResult>(nullptr, "velaIpcCall", vela::VelaIpcArg(), this, note);
         for (int i = 0; i < 3; ++i)
-            QTest::ignoreMessage(
-                QtCriticalMsg, QRegularExpression(QStringLiteral("is no method of these records")));
+            QTest::ignoreMessage(QtCriticalMsg, QRegularExpression("is no method of these records"_s));
         KCloudSvrProxy proxy;
         ask<vela::VelaIpcResult>(&proxy, "cloudDocSearch", vela::CloudDocSearchArg(), this, note);
         ask<vela::VelaIpcResult>(&proxy, "velaIpcCall", QStringList(), this, note);
         tell(&proxy, "nothing", vela::VelaIpcArg());
         QVERIFY(replies.isEmpty());
-        QTRY_COMPARE(replies,
-            QStringList({QStringLiteral("Gone"), QStringLiteral("Rejected"), QStringLiteral("Rejected")}));
+        QTRY_COMPARE(replies, QStringList({"Gone"_s, "Rejected"_s, "Rejected"_s}));
     }
 
     void waitsForTheFirstConnection_data()
@@ -237,9 +134,7 @@ private Q_SLOTS:
     }
     void waitsForTheFirstConnection()
     {
-        QFETCH(bool, start);
-        QFETCH(Act, outcome);
-        QFETCH(bool, ok);
+        const auto [start, outcome, ok] = zeltest::row<bool, Act, bool>();
         Fixture f;
         f.service->hello = FakeService::Hello::Silence;
         f.service->answerAll();
@@ -253,13 +148,12 @@ private Q_SLOTS:
             QTRY_COMPARE(f.service->methods.size(), 1);
             QTest::qWait(30);
             QVERIFY2(listener->endings.isEmpty(), "the outcome is not known yet");
-            QCOMPARE(f.service->methods,
-                QStringList{QStringLiteral("getVersion")}); // nothing else before its answer
+            QCOMPARE(f.service->methods, QStringList{"getVersion"_s}); // nothing else before its answer
         }
         outcome(f);
         QTRY_COMPARE(listener->endings.size(), 1);
         QCOMPARE(listener->endings.first().ok, ok);
-        QCOMPARE(f.service->methods.contains(QStringLiteral("velaIpcCall")), ok);
+        QCOMPARE(f.service->methods.contains("velaIpcCall"_s), ok);
     }
 
     void manyInFlight()
@@ -281,6 +175,72 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(listener.endings.size(), Count, Fixture::Patience);
         for (const auto &ending : std::as_const(listener.endings))
             QVERIFY(ids.remove(ending.id) && ending.ok);
+    }
+
+private:
+    using Head = FakeService::Head;
+    static void answer(FakeService &service, const Head &head) { service.answer(head); }
+    static void answerWithError(FakeService &service, const Head &head)
+    {
+        service.answer(head, int(wire::ServiceError::NotServed));
+    }
+    static void answerTwice(FakeService &service, const Head &head)
+    {
+        answer(service, head);
+        answer(service, head);
+    }
+    static void refuse(FakeService &service, const Head &head)
+    {
+        service.send(wire::refusalFrame(head.method, head.sequence, wire::Refusal::UnknownMethod, {}));
+    }
+    // An envelope's answer cut short, with the length of what is left.
+    static void answerDamaged(FakeService &service, const Head &head)
+    {
+        QByteArray frame = wire::replyFrame(head.method, head.sequence, vela::VelaIpcResult());
+        frame.chop(3);
+        frame[3] = char(frame.size() - 4);
+        service.send(frame);
+    }
+    static void answerOther(FakeService &service, const Head &head)
+    {
+        service.send(wire::replyFrame("copy", head.sequence, vela::VelaIpcResult()));
+    }
+    static void sendGarbage(FakeService &service, const Head &)
+    {
+        service.send(QByteArray("\0\0\0\3abc", 7));
+    }
+    static void sendHugeLength(FakeService &service, const Head &)
+    {
+        service.send(QByteArray(8, char(0xff)));
+    }
+    static void sendRequest(FakeService &service, const Head &head)
+    {
+        service.send(wire::callFrame("getVersion", head.sequence, vela::GetVersionArg()));
+    }
+    static void hangUp(FakeService &service, const Head &) { service.hangUpSoon(); }
+    static void answerHalf(FakeService &service, const Head &head)
+    {
+        service.send(wire::replyFrame(head.method, head.sequence, vela::VelaIpcResult()).left(20));
+        hangUp(service, head);
+    }
+    static void nothing(FakeService &, const Head &) { }
+    static Listener *listenerOf(Fixture &f) { return f.proxy->findChild<Listener *>(); }
+    static void answerLate(Fixture &f)
+    {
+        QTRY_COMPARE(listenerOf(f)->endings.size(), 1);
+        answer(*f.service, f.service->lastCall);
+    }
+    static void cancel(Fixture &f)
+    {
+        QVERIFY(f.proxy->cancelCall(f.proxy->property("id").toString()));
+        f.asked.cancel();
+        QVERIFY(listenerOf(f)->endings.isEmpty());
+    }
+    static void destroyReceiver(Fixture &f) { delete listenerOf(f); }
+    static void destroyProxy(Fixture &f)
+    {
+        listenerOf(f)->setParent(f.service.get());
+        f.proxy.reset();
     }
 };
 

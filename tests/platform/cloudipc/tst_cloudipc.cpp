@@ -1,12 +1,8 @@
 #include "base/posix/unixsocket.h"
 #include "cloudipc/retrydelay.h"
 #include "kcloudsvrproxy.h"
-#include "support/table.h"
 #include "support/temptree.h"
 
-#include <QDir>
-#include <QTemporaryDir>
-#include <QtTest>
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
@@ -76,8 +72,7 @@ private Q_SLOTS:
     }
     void serviceThatCannotRun()
     {
-        QFETCH(QByteArray, script);
-        QFETCH(QString, log);
+        const auto [script, log] = zeltest::row<QByteArray, QString>();
         const zeltest::TempTree folder;
         programFolder = folder.path();
         if (!script.isNull())

@@ -4,7 +4,6 @@
 #include "linkfixture.h"
 #include "listener.h"
 #include "notify_types.h"
-#include "support/table.h"
 
 using namespace std::chrono_literals;
 using namespace zel;
@@ -35,8 +34,7 @@ private Q_SLOTS:
     }
     void refusedIntroduction()
     {
-        QFETCH(FakeService::Hello, hello);
-        QFETCH(QString, error);
+        const auto [hello, error] = zeltest::row<FakeService::Hello, QString>();
         Fixture f;
         f.service->hello = hello;
         QSignalSpy refused(f.proxy.get(), &KCloudSvrProxy::linkRefused);

@@ -2,50 +2,10 @@
 #include "linkfixture.h"
 #include "message_types.h"
 #include "notify_types.h"
-#include "support/table.h"
 
 using namespace zel;
 using Fixture = LinkFixture<KCloudSvrProxy>;
 Q_DECLARE_METATYPE(zel::vela::NotifyFileTransferArg)
-
-namespace {
-
-// A text that compares: what a signal's one argument holds.
-QString textOf(const QVariant &value)
-{
-    QStringList texts;
-    if (value.userType() == QMetaType::QVariantMap) {
-        const QVariantMap map = value.toMap();
-        for (auto it = map.begin(); it != map.end(); ++it)
-            texts.append(it.key() + QLatin1Char('=') + it.value().toString());
-    } else if (value.userType() == qMetaTypeId<QMap<QString, QString>>()) {
-        const auto map = value.value<QMap<QString, QString>>();
-        for (auto it = map.begin(); it != map.end(); ++it)
-            texts.append(it.key() + QLatin1Char('=') + it.value());
-    } else if (value.userType() == QMetaType::QStringList) {
-        texts = value.toStringList();
-    } else {
-        return QString::fromLatin1(value.typeName());
-    }
-    return texts.join(QLatin1Char(','));
-}
-
-class Windows final : public KClientSvrProxy
-{
-public:
-    bool addBrowserPage(const QString &url) override { return take("browser "_s + url); }
-    bool activateWindow(const QString &window) override { return take("activate "_s + window); }
-    bool addPlumePage(const QString &url) override { return take("plume "_s + url); }
-    bool take(const QString &wish)
-    {
-        wishes.append(wish);
-        return answer;
-    }
-    QStringList wishes;
-    bool answer = false;
-};
-
-} // namespace
 
 class TestPushes : public QObject
 {
@@ -74,14 +34,12 @@ private Q_SLOTS:
         actions.actionsMap = {{"GetRadarMsg", "{}"}, {"empty", ""}};
         row(SIGNAL(signal_notifyActionsMapForReadMessage(const QMap<QString, QString> &)), "notifyActionsMap",
             actions, "GetRadarMsg={},empty="_s);
-        vela::NotifyShareDiscussionArg discussion;
-        discussion.action = "reply";
-        discussion.fileId = "f";
+        auto discussion = filled(
+            &vela::NotifyShareDiscussionArg::action, "reply", &vela::NotifyShareDiscussionArg::fileId, "f");
         discussion.actionsMap = {{"x", "y"}};
         row(SIGNAL(signal_notifyShareDiscussion(const QMap<QString, QString> &)), "notifyShareDiscussion",
             discussion, "action=reply,content=,discussionId=,fileId=f,groupId=,x=y"_s);
-        vela::NotifyUserGenericInfoArg membership;
-        membership.infoKey = "vipInfo";
+        auto membership = filled(&vela::NotifyUserGenericInfoArg::infoKey, "vipInfo");
         membership.info = {{"vipType", "super"}};
         row(SIGNAL(signal_vipInfoChanged(const QVariant &)), "notifyUserGenericInfo", membership,
             "vipType=super"_s);
@@ -89,9 +47,7 @@ private Q_SLOTS:
     // The signals are looked up by their texts, as those do that know no record.
     void pushes()
     {
-        QFETCH(QByteArray, signal);
-        QFETCH(QByteArray, frame);
-        QFETCH(QString, argument);
+        const auto [signal, frame, argument] = zeltest::row<QByteArray, QByteArray, QString>();
         Fixture f;
         QVERIFY(f.connectNow());
         QSignalSpy spy(f.proxy->velaEventObject(), signal.constData());
@@ -116,8 +72,7 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtInfoMsg, QRegularExpression("tells notifyWhatever, "_s));
         for (int i = 0; i < 2; ++i) // logged once
             f.service->push("notifyWhatever", vela::NotifyActionArg());
-        vela::NotifyFileTransferArg transfer;
-        transfer.taskId = "t1";
+        const auto transfer = filled(&vela::NotifyFileTransferArg::taskId, "t1");
         f.service->push("notifyFileTransfer", transfer);
         QVERIFY(spy.wait(Fixture::Patience));
         QCOMPARE(spy.first().first().toString(), "notifyFileTransfer"_s);
@@ -146,8 +101,7 @@ private Q_SLOTS:
         f.proxy->addClientProxy(&second);
         gone.reset();
         QVERIFY(f.connectNow());
-        vela::NotifyActionArg action;
-        action.targetWindow = "mainbox";
+        auto action = filled(&vela::NotifyActionArg::targetWindow, "mainbox");
         action.params["url"] = "https://example.org/";
         for (const char *name : {"activateWindow", "addBrowserPage", "addPlumePage", "other"}) {
             action.action = name;
@@ -211,10 +165,7 @@ private Q_SLOTS:
     }
     void loginPushes()
     {
-        QFETCH(QString, key);
-        QFETCH(bool, self);
-        QFETCH(bool, newName);
-        QFETCH(int, told);
+        const auto [key, self, newName, told] = zeltest::row<QString, bool, bool, int>();
         Fixture f;
         f.service->login = {{"userId", "u1"}, {"nickName", "Ann"}, {"loginStatus", "1"}};
         QVERIFY(f.connectNow());
@@ -222,13 +173,10 @@ private Q_SLOTS:
         if (newName)
             f.service->login["nickName"] = "Bea";
         if (key.isEmpty()) {
-            vela::NotifyUserInfoArg push;
-            push.isSelf = self;
-            f.service->push("notifyUserInfo", push);
+            f.service->push("notifyUserInfo", filled(&vela::NotifyUserInfoArg::isSelf, self));
         } else {
-            vela::NotifyUserGenericInfoArg push;
-            push.infoKey = key.toStdString();
-            f.service->push("notifyUserGenericInfo", push);
+            f.service->push(
+                "notifyUserGenericInfo", filled(&vela::NotifyUserGenericInfoArg::infoKey, key.toStdString()));
         }
         if (told)
             QVERIFY(changed.wait(Fixture::Patience));
@@ -276,6 +224,41 @@ private Q_SLOTS:
             {"ticket"_s, QString(), "ticket7"_s}, {"https://example.org/"_s}};
         QCOMPARE(texts, expected);
     }
+
+private:
+    // A text that compares: what a signal's one argument holds.
+    static QString textOf(const QVariant &value)
+    {
+        QStringList texts;
+        if (value.userType() == QMetaType::QVariantMap) {
+            const QVariantMap map = value.toMap();
+            for (auto it = map.begin(); it != map.end(); ++it)
+                texts.append(it.key() + QLatin1Char('=') + it.value().toString());
+        } else if (value.userType() == qMetaTypeId<QMap<QString, QString>>()) {
+            const auto map = value.value<QMap<QString, QString>>();
+            for (auto it = map.begin(); it != map.end(); ++it)
+                texts.append(it.key() + QLatin1Char('=') + it.value());
+        } else if (value.userType() == QMetaType::QStringList) {
+            texts = value.toStringList();
+        } else {
+            return QString::fromLatin1(value.typeName());
+        }
+        return texts.join(QLatin1Char(','));
+    }
+    class Windows final : public KClientSvrProxy
+    {
+    public:
+        bool addBrowserPage(const QString &url) override { return take("browser "_s + url); }
+        bool activateWindow(const QString &window) override { return take("activate "_s + window); }
+        bool addPlumePage(const QString &url) override { return take("plume "_s + url); }
+        bool take(const QString &wish)
+        {
+            wishes.append(wish);
+            return answer;
+        }
+        QStringList wishes;
+        bool answer = false;
+    };
 };
 
 QTEST_GUILESS_MAIN(TestPushes)

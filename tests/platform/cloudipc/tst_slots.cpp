@@ -1,6 +1,5 @@
 #include "linkfixture.h"
 #include "listener.h"
-#include "support/table.h"
 
 using namespace zel;
 using Fixture = LinkFixture<KCloudSvrProxy>;

@@ -1,10 +1,6 @@
 // The store's database among several processes.
 #include "repositoryfixture.h"
 
-#include <QCoreApplication>
-#include <QProcess>
-#include <QTest>
-
 #include <array>
 #include <csignal>
 

@@ -4,33 +4,9 @@
 #include "platform/impl/recentstore/xbel/xbelwatcher.h"
 #include "platform/impl/recentstore/xbel/xbelwriter.h"
 
-#include <QTest>
-
 using namespace zel::recent;
 using namespace zel::recent::test;
 using Presence = RecentFileInfo::Presence;
-
-namespace {
-
-int calls(const Store &store)
-{
-    return store.arrived.size() + store.added.size() + store.removed.size() + store.changed.size();
-}
-
-QVector<Bookmark> numbered(int count)
-{
-    QVector<Bookmark> list;
-    for (int i = 0; i < count; ++i)
-        list.append({"/nowhere/file %1.txt"_s.arg(i), i, {}});
-    return list;
-}
-
-QString listed(const Home &home)
-{
-    return QString::fromUtf8(contentOf(home.places.desktopList));
-}
-
-} // namespace
 
 class StoreTest : public QObject
 {
@@ -266,6 +242,20 @@ private Q_SLOTS:
         QCOMPARE(store.shown(), "a:32"_s);
         QTRY_COMPARE(store.problem.size(), 1);
     }
+
+private:
+    static int calls(const Store &store)
+    {
+        return store.arrived.size() + store.added.size() + store.removed.size() + store.changed.size();
+    }
+    static QVector<Bookmark> numbered(int count)
+    {
+        QVector<Bookmark> list;
+        for (int i = 0; i < count; ++i)
+            list.append({"/nowhere/file %1.txt"_s.arg(i), i, {}});
+        return list;
+    }
+    static QString listed(const Home &home) { return QString::fromUtf8(contentOf(home.places.desktopList)); }
 };
 
 namespace {

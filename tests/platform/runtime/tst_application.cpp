@@ -1,13 +1,9 @@
 #include "kliteskin.h"
 #include "krt/krt.h"
 #include "support/boxmain.h"
-#include "support/text.h"
 
-#include <QFile>
 #include <QIcon>
 #include <QImageReader>
-#include <QTemporaryDir>
-#include <QtTest>
 
 class ApplicationTest : public QObject
 {

@@ -1,31 +1,9 @@
 #include "kcefloadingprogressdlg.h"
-#include "support/table.h"
 
 #include <QPushButton>
-#include <QTimer>
-#include <QtTest>
-
-#include <functional>
 
 using Act = std::function<void(KCefLoadingProgressDlg &)>;
 Q_DECLARE_METATYPE(Act)
-
-namespace {
-
-QPushButton *button(QWidget &dialog, const QString &text)
-{
-    const auto buttons = dialog.findChildren<QPushButton *>();
-    for (QPushButton *candidate : buttons) {
-        if (candidate->text().remove(QLatin1Char('&')) == text)
-            return candidate;
-    }
-    return nullptr;
-}
-
-const QString Cancel = "Cancel"_s;
-const QString GoOn = "Continue without"_s;
-
-} // namespace
 
 class EngineDialogTest : public QObject
 {
@@ -65,6 +43,19 @@ private Q_SLOTS:
         QTimer::singleShot(0, &dialog, [&] { act(dialog); });
         QTEST(dialog.exec(), "result");
     }
+
+private:
+    static QPushButton *button(QWidget &dialog, const QString &text)
+    {
+        const auto buttons = dialog.findChildren<QPushButton *>();
+        for (QPushButton *candidate : buttons) {
+            if (candidate->text().remove(QLatin1Char('&')) == text)
+                return candidate;
+        }
+        return nullptr;
+    }
+    static inline const QString Cancel = "Cancel"_s;
+    static inline const QString GoOn = "Continue without"_s;
 };
 
 QTEST_MAIN(EngineDialogTest)

@@ -1,39 +1,8 @@
 #include "fileclass.h"
 #include "kfileiconprovider.h"
-#include "support/table.h"
 #include "support/temptree.h"
 
-#include <QtTest>
-
 using namespace zel::platform;
-
-namespace {
-
-// The colour that most of a picture's opaque pixels have.
-QRgb mainColor(const QIcon &icon)
-{
-    const QImage image = icon.pixmap(32).toImage().convertToFormat(QImage::Format_ARGB32);
-    QHash<QRgb, int> counts;
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (qAlpha(image.pixel(x, y)) == 255)
-                ++counts[image.pixel(x, y)];
-        }
-    }
-    QRgb best = 0;
-    for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
-        if (it.value() > counts.value(best))
-            best = it.key();
-    }
-    return best;
-}
-
-QRgb familyColor(const char *fileClass)
-{
-    return mainColor(QIcon(iconFileOfClass(QLatin1String(fileClass))));
-}
-
-} // namespace
 
 class FileIconsTest : public QObject
 {
@@ -61,8 +30,7 @@ private Q_SLOTS:
     }
     void iconOfName()
     {
-        QFETCH(QString, name);
-        QFETCH(QByteArray, fileClass);
+        const auto [name, fileClass] = zeltest::row<QString, QByteArray>();
         const QIcon icon = KFileIconProvider::instance()->icon(name);
         for (const int size : {16, 24, 32, 48})
             QVERIFY(!icon.pixmap(size).isNull());
@@ -85,6 +53,30 @@ private Q_SLOTS:
         QCOMPARE(mainColor(provider->icon("a.pdf"_s)), QColor(Qt::red).rgba());
         QCOMPARE(mainColor(provider->icon("a.ods"_s)), familyColor("sheet"));
         QCOMPARE(mainColor(provider->icon("a.odt"_s)), familyColor("document"));
+    }
+
+private:
+    // The colour that most of a picture's opaque pixels have.
+    static QRgb mainColor(const QIcon &icon)
+    {
+        const QImage image = icon.pixmap(32).toImage().convertToFormat(QImage::Format_ARGB32);
+        QHash<QRgb, int> counts;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (qAlpha(image.pixel(x, y)) == 255)
+                    ++counts[image.pixel(x, y)];
+            }
+        }
+        QRgb best = 0;
+        for (auto it = counts.cbegin(); it != counts.cend(); ++it) {
+            if (it.value() > counts.value(best))
+                best = it.key();
+        }
+        return best;
+    }
+    static QRgb familyColor(const char *fileClass)
+    {
+        return mainColor(QIcon(iconFileOfClass(QLatin1String(fileClass))));
     }
 };
 

@@ -2,24 +2,9 @@
 #include "support/temptree.h"
 #include "trashqueue.h"
 
-#include <QElapsedTimer>
-#include <QSemaphore>
-#include <QtTest>
-
 using Outcome = KFileTrash::Outcome;
 using zel::platform::TrashQueue;
 using zel::trash::Result;
-
-namespace {
-
-Result ended(zel::trash::Outcome outcome)
-{
-    Result result;
-    result.outcome = outcome;
-    return result;
-}
-
-} // namespace
 
 class FileTrashTest : public QObject
 {
@@ -148,6 +133,14 @@ private Q_SLOTS:
         QVERIFY(time.elapsed() < 5000);
         gate->release();
         QVERIFY(back->tryAcquire(1, 5000));
+    }
+
+private:
+    static Result ended(zel::trash::Outcome outcome)
+    {
+        Result result;
+        result.outcome = outcome;
+        return result;
     }
 };
 

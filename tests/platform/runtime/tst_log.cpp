@@ -7,15 +7,6 @@
 #include "messagelog.h"
 #include "rotatingfile.h"
 #include "settingsstore.h"
-#include "support/table.h"
-
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-#include <QJsonDocument>
-#include <QJsonObject>
-#include <QTemporaryDir>
-#include <QtTest>
 
 #include <thread>
 #include <unistd.h>
@@ -32,16 +23,6 @@ QList<QByteArray> linesOf(const QString &path)
     QList<QByteArray> lines = file.readAll().split('\n');
     lines.removeLast(); // after the last newline
     return lines;
-}
-
-QString logPath()
-{
-    return zel::paths::stateDir() + "/logtest.log"_s;
-}
-
-void initRuntime()
-{
-    krt::init("Halvorn"_s, "Office"_s, "6.0"_s, "logtest"_s);
 }
 
 QStringList g_seenByHost;
@@ -83,8 +64,7 @@ private Q_SLOTS:
     }
     void lineFormat()
     {
-        QFETCH(QString, text);
-        QFETCH(QByteArray, tail);
+        const auto [text, tail] = zeltest::row<QString, QByteArray>();
         const QDateTime time(QDate(2024, 2, 29), QTime(7, 8, 9, 10));
         QCOMPARE(zel::platform::formatLogLine(time, QtWarningMsg, "c", text, 42),
             QByteArray("2024-02-29T07:08:09.010 42 W ") + tail);
@@ -137,8 +117,7 @@ private Q_SLOTS:
     }
     void manyWriters()
     {
-        QFETCH(qint64, limit);
-        QFETCH(int, files);
+        const auto [limit, files] = zeltest::row<qint64, int>();
         constexpr int Threads = 6;
         constexpr int Lines = 1000;
         const QString path = m_folder->filePath("shared.log"_s);
@@ -207,6 +186,9 @@ private Q_SLOTS:
     }
 
 private:
+    static QString logPath() { return zel::paths::stateDir() + "/logtest.log"_s; }
+    static void initRuntime() { krt::init("Halvorn"_s, "Office"_s, "6.0"_s, "logtest"_s); }
+
     QScopedPointer<QTemporaryDir> m_folder;
 };
 

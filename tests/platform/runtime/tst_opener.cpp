@@ -1,13 +1,8 @@
 #include "kdocumentopener.h"
 #include "support/privatebus.h"
-#include "support/table.h"
 #include "support/temptree.h"
 
-#include <QDBusConnection>
 #include <QDBusMessage>
-#include <QSignalSpy>
-#include <QUrl>
-#include <QtTest>
 
 #include <unistd.h>
 
@@ -61,8 +56,7 @@ private Q_SLOTS:
     }
     void open()
     {
-        QFETCH(QString, name);
-        QFETCH(Outcome, outcome);
+        const auto [name, outcome] = zeltest::row<QString, Outcome>();
         KDocumentOpener opener;
         QSignalSpy opened(&opener, &KDocumentOpener::opened);
         const QString path = m_files.path(name);
@@ -103,25 +97,22 @@ private Q_SLOTS:
     }
     void reveal()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, manager);
-        QFETCH(QString, folder);
+        const auto [name, manager, folder] = zeltest::row<QString, QString, QString>();
         static PrivateBus bus;
         if (!bus.isRunning())
             QSKIP("no dbus-daemon on this machine");
         QDBusConnection desktop = PrivateBus::desktop();
-        const QString service = QStringLiteral("org.freedesktop.FileManager1");
+        const QString service = "org.freedesktop.FileManager1"_s;
         FakeFileManager fake;
-        fake.silent = manager == QLatin1String("silent");
-        desktop.registerObject(
-            QStringLiteral("/org/freedesktop/FileManager1"), &fake, QDBusConnection::ExportAllSlots);
-        if (manager != QLatin1String("none"))
+        fake.silent = manager == "silent"_s;
+        desktop.registerObject("/org/freedesktop/FileManager1"_s, &fake, QDBusConnection::ExportAllSlots);
+        if (manager != "none"_s)
             QVERIFY(desktop.registerService(service));
         KDocumentOpener opener;
         QSignalSpy shown(&opener, &KDocumentOpener::folderShown);
         opener.reveal(m_files.path(name));
         const QStringList uri{uriOf(m_files.path(name))};
-        const bool isSelected = !name.contains(QLatin1String("none")) && manager != QLatin1String("none");
+        const bool isSelected = !name.contains("none"_s) && manager != "none"_s;
         const bool isNowhere = !isSelected && folder.isEmpty();
         if (!folder.isEmpty())
             QTRY_COMPARE(notes(), QStringList{uriOf(QDir::cleanPath(m_files.path(folder)))});

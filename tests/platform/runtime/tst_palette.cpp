@@ -5,28 +5,14 @@
 #include "style/stylepaint.h"
 #include "support/boxmain.h"
 #include "support/contrast.h"
-#include "support/table.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QtTest>
 
 using Color = KSkin::Color;
 using zel::style::mixed;
-
-namespace {
-
-constexpr double EdgeContrast = 3;
-
-// The colour in the middle of the left edge, `depth` pixels inside.
-QColor atLeft(QWidget &widget, int depth)
-{
-    return widget.grab().toImage().pixelColor(depth, widget.height() / 2);
-}
-
-} // namespace
 
 class PaletteTest : public QObject
 {
@@ -115,6 +101,13 @@ private Q_SLOTS:
     }
 
 private:
+    static constexpr double EdgeContrast = 3;
+    // The colour in the middle of the left edge, `depth` pixels inside.
+    static QColor atLeft(QWidget &widget, int depth)
+    {
+        return widget.grab().toImage().pixelColor(depth, widget.height() / 2);
+    }
+
     static void verify(const QColor &color, const QColor &ground, double least, int role, int groundRole)
     {
         const double ratio = contrast(color, ground);

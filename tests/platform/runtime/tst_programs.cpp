@@ -1,11 +1,7 @@
 #include "base/posix/uniquefd.h"
 #include "kdocumentopener.h"
 #include "support/privatebus.h"
-#include "support/table.h"
 #include "support/temptree.h"
-
-#include <QUrl>
-#include <QtTest>
 
 #include <csignal>
 #include <fcntl.h>
@@ -56,8 +52,7 @@ private Q_SLOTS:
     }
     void findPrograms()
     {
-        QFETCH(QString, name);
-        QFETCH(QStringList, ids);
+        const auto [name, ids] = zeltest::row<QString, QStringList>();
         KDocumentOpener opener;
         QSignalSpy found(&opener, &KDocumentOpener::programsFound);
         opener.findPrograms(m_data.path(name));
@@ -100,9 +95,7 @@ private Q_SLOTS:
     }
     void openWith()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, id);
-        QFETCH(Outcome, outcome);
+        const auto [name, id, outcome] = zeltest::row<QString, QString, Outcome>();
         const QString note = m_data.path("viewer.ran");
         QFile::remove(note);
         KDocumentOpener opener;

@@ -1,22 +1,10 @@
 #include "base/paths.h"
 #include "ksettings.h"
 #include "settingsstore.h"
-#include "support/table.h"
 #include "support/temptree.h"
-
-#include <QtTest>
 
 #include <sys/stat.h>
 #include <unistd.h>
-
-namespace {
-
-QStringList keptAside()
-{
-    return QDir(zel::paths::settingsDir()).entryList({"zelbox.conf.damaged-*"_s});
-}
-
-} // namespace
 
 class SettingsTest : public QObject
 {
@@ -52,10 +40,7 @@ private Q_SLOTS:
     }
     void firstUse()
     {
-        QFETCH(QString, kind);
-        QFETCH(QByteArray, content);
-        QFETCH(bool, damaged);
-        QFETCH(bool, writable);
+        const auto [kind, content, damaged, writable] = zeltest::row<QString, QByteArray, bool, bool>();
         const QString path = KSettings::filePath();
         if (kind == "file"_s || kind == "locked"_s)
             m_folder->write(path, content);
@@ -106,6 +91,11 @@ private Q_SLOTS:
     }
 
 private:
+    static QStringList keptAside()
+    {
+        return QDir(zel::paths::settingsDir()).entryList({"zelbox.conf.damaged-*"_s});
+    }
+
     std::unique_ptr<zeltest::TempTree> m_folder;
 };
 

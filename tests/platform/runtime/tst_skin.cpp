@@ -5,13 +5,11 @@
 #include "skinstate.h"
 #include "support/boxmain.h"
 #include "support/privatebus.h"
-#include "support/table.h"
 
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusVariant>
 #include <QToolTip>
-#include <QtTest>
 
 using Color = KSkin::Color;
 

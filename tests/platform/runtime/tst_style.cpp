@@ -3,46 +3,14 @@
 #include "skinstate.h"
 #include "style/busyanimation.h"
 #include "support/boxmain.h"
-#include "support/table.h"
 
-#include <QAbstractEventDispatcher>
 #include <QHBoxLayout>
 #include <QProgressBar>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QStyleOptionSlider>
-#include <QtTest>
 
 using Color = KSkin::Color;
-
-namespace {
-
-bool shows(QWidget &widget, const QColor &color)
-{
-    const QImage image = widget.grab().toImage();
-    for (int y = 0; y < image.height(); ++y) {
-        for (int x = 0; x < image.width(); ++x) {
-            if (image.pixelColor(x, y).rgb() == color.rgb())
-                return true;
-        }
-    }
-    return false;
-}
-
-class OpenScrollBar : public QScrollBar
-{
-public:
-    using QScrollBar::initStyleOption;
-    using QScrollBar::QScrollBar;
-    QRect part(QStyle::SubControl control) const
-    {
-        QStyleOptionSlider option;
-        initStyleOption(&option);
-        return style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this);
-    }
-};
-
-} // namespace
 
 class StyleTest : public QObject
 {
@@ -166,6 +134,31 @@ private Q_SLOTS:
         bar.hide();
         QTRY_COMPARE(timers().size(), 0);
     }
+
+private:
+    static bool shows(QWidget &widget, const QColor &color)
+    {
+        const QImage image = widget.grab().toImage();
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixelColor(x, y).rgb() == color.rgb())
+                    return true;
+            }
+        }
+        return false;
+    }
+    class OpenScrollBar : public QScrollBar
+    {
+    public:
+        using QScrollBar::initStyleOption;
+        using QScrollBar::QScrollBar;
+        QRect part(QStyle::SubControl control) const
+        {
+            QStyleOptionSlider option;
+            initStyleOption(&option);
+            return style()->subControlRect(QStyle::CC_ScrollBar, &option, control, this);
+        }
+    };
 };
 
 ZELTEST_BOX_MAIN(StyleTest)

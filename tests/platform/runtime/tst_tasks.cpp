@@ -1,60 +1,12 @@
 #include "boundedjobs.h"
 #include "kthreadtiming.h"
 #include "quvlite/kasynctask.h"
-#include "support/table.h"
 
-#include <QSemaphore>
-#include <QThread>
-#include <QtTest>
-
-#include <atomic>
-#include <functional>
 #include <pthread.h>
 #include <stdexcept>
 
 using quvlite::KAsyncScheduler;
 using quvlite::KAsyncTask;
-
-namespace {
-
-class Task : public KAsyncTask
-{
-public:
-    explicit Task(std::function<void(Task &)> work, QObject *parent = nullptr)
-        : KAsyncTask(parent), m_work(std::move(work))
-    {
-        ++living;
-    }
-    ~Task() override { --living; }
-    void run() override { m_work(*this); }
-
-    static inline std::atomic_int living = 0;
-
-private:
-    std::function<void(Task &)> m_work;
-};
-
-// Holds every worker thread until let go, so that what is started next stays in the queue.
-struct Plug
-{
-    explicit Plug(KAsyncScheduler &scheduler)
-    {
-        for (int n = 0; n < Count; ++n)
-            scheduler.start(new Task([gate = m_gate](Task &) { gate->acquire(); }));
-    }
-    void pull() const { m_gate->release(Count); }
-
-    static constexpr int Count = 4;
-    std::shared_ptr<QSemaphore> m_gate = std::make_shared<QSemaphore>();
-};
-
-void waitForCancel(Task &task)
-{
-    while (!task.isCancelled())
-        QThread::yieldCurrentThread();
-}
-
-} // namespace
 
 class TasksTest : public QObject
 {
@@ -231,6 +183,43 @@ private Q_SLOTS:
         timing.endJob("b"_s);
         QVERIFY(timing.isThreadTimingFinished());
         QCOMPARE(done.count(), 1);
+    }
+
+private:
+    class Task : public KAsyncTask
+    {
+    public:
+        explicit Task(std::function<void(Task &)> work, QObject *parent = nullptr)
+            : KAsyncTask(parent), m_work(std::move(work))
+        {
+            ++living;
+        }
+        ~Task() override { --living; }
+        void run() override { m_work(*this); }
+
+        static inline std::atomic_int living = 0;
+
+    private:
+        std::function<void(Task &)> m_work;
+    };
+    // Holds every worker thread until let go, so that what is started next stays in the queue.
+    struct Plug
+    {
+        explicit Plug(KAsyncScheduler &scheduler)
+        {
+            for (int n = 0; n < Count; ++n)
+                scheduler.start(new Task([gate = m_gate](Task &) { gate->acquire(); }));
+        }
+        void pull() const { m_gate->release(Count); }
+
+        static constexpr int Count = 4;
+        std::shared_ptr<QSemaphore> m_gate = std::make_shared<QSemaphore>();
+    };
+
+    static void waitForCancel(Task &task)
+    {
+        while (!task.isCancelled())
+            QThread::yieldCurrentThread();
     }
 };
 

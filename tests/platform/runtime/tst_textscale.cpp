@@ -2,10 +2,6 @@
 #include "klitestyle.h"
 #include "kskin.h"
 #include "skinstate.h"
-#include "support/text.h"
-
-#include <QtEndian>
-#include <QtTest>
 
 #include <xcb/xcb.h>
 

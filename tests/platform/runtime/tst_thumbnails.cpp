@@ -1,73 +1,12 @@
 #include "kthumbnailcache.h"
-#include "support/table.h"
 #include "support/temptree.h"
 #include "thumbnailfile.h"
 #include "thumbnailstore.h"
-
-#include <QCryptographicHash>
-#include <QSemaphore>
-#include <QtTest>
 
 #include <mutex>
 #include <sys/stat.h>
 
 using namespace zel::platform;
-
-namespace {
-
-QString thumbnailFile(const QString &folder, const QByteArray &uri)
-{
-    const QByteArray hash = QCryptographicHash::hash(uri, QCryptographicHash::Md5).toHex();
-    return qEnvironmentVariable("XDG_CACHE_HOME") + "/thumbnails/"_s + folder + QLatin1Char('/')
-        + QLatin1String(hash) + ".png"_s;
-}
-
-void writeThumbnail(const QString &file, const QSize &size, const QString &uri, const QString &modified,
-    const char *format = "png")
-{
-    QVERIFY(QDir().mkpath(QFileInfo(file).path()));
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    if (!uri.isEmpty())
-        image.setText("Thumb::URI"_s, uri);
-    if (!modified.isEmpty())
-        image.setText("Thumb::MTime"_s, modified);
-    QVERIFY(image.save(file, format));
-}
-
-/// Notes what it is asked for; waits at each that has `slow` in it until it is let go. Threads that
-/// outlive their test keep it.
-struct GatedReader : std::enable_shared_from_this<GatedReader>
-{
-    QString slow;
-    std::mutex mutex;
-    QStringList asked;
-    QSemaphore gate;
-
-    ThumbnailStore::Reader reader()
-    {
-        return [this, self = shared_from_this()](const QString &path, int pixels) {
-            {
-                const std::lock_guard lock(mutex);
-                asked.append(path);
-            }
-            if (path.contains(slow))
-                gate.acquire();
-            if (path.contains("none"_s))
-                return QImage();
-            QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
-            image.fill(Qt::blue);
-            return image;
-        };
-    }
-    QStringList seen()
-    {
-        const std::lock_guard lock(mutex);
-        return asked;
-    }
-};
-
-} // namespace
 
 class ThumbnailTest : public QObject
 {
@@ -99,8 +38,7 @@ private Q_SLOTS:
     }
     void choice()
     {
-        QFETCH(QString, there);
-        QFETCH(int, pixels);
+        const auto [there, pixels] = zeltest::row<QString, int>();
         const QString path = m_folder->write("a;b [1] 50% ü?#.pdf");
         for (const QString &entry : there.split(QLatin1Char(' '))) {
             const int size = entry.section(QLatin1Char('='), 1).toInt();
@@ -135,8 +73,7 @@ private Q_SLOTS:
     }
     void onlyValidOnes()
     {
-        QFETCH(QString, uri);
-        QFETCH(QString, time);
+        auto [uri, time] = zeltest::row<QString, QString>();
         const QString path = m_folder->write("a.pdf");
         const QByteArray right = thumbnailUris(path).constFirst();
         uri.replace(QLatin1Char('$'), QString::fromLatin1(right));
@@ -276,6 +213,56 @@ private Q_SLOTS:
     }
 
 private:
+    static QString thumbnailFile(const QString &folder, const QByteArray &uri)
+    {
+        const QByteArray hash = QCryptographicHash::hash(uri, QCryptographicHash::Md5).toHex();
+        return qEnvironmentVariable("XDG_CACHE_HOME") + "/thumbnails/"_s + folder + QLatin1Char('/')
+            + QLatin1String(hash) + ".png"_s;
+    }
+    static void writeThumbnail(const QString &file, const QSize &size, const QString &uri,
+        const QString &modified, const char *format = "png")
+    {
+        QVERIFY(QDir().mkpath(QFileInfo(file).path()));
+        QImage image(size, QImage::Format_RGB32);
+        image.fill(Qt::red);
+        if (!uri.isEmpty())
+            image.setText("Thumb::URI"_s, uri);
+        if (!modified.isEmpty())
+            image.setText("Thumb::MTime"_s, modified);
+        QVERIFY(image.save(file, format));
+    }
+    /// Notes what it is asked for; waits at each that has `slow` in it until it is let go. Threads that
+    /// outlive their test keep it.
+    struct GatedReader : std::enable_shared_from_this<GatedReader>
+    {
+        QString slow;
+        std::mutex mutex;
+        QStringList asked;
+        QSemaphore gate;
+
+        ThumbnailStore::Reader reader()
+        {
+            return [this, self = shared_from_this()](const QString &path, int pixels) {
+                {
+                    const std::lock_guard lock(mutex);
+                    asked.append(path);
+                }
+                if (path.contains(slow))
+                    gate.acquire();
+                if (path.contains("none"_s))
+                    return QImage();
+                QImage image(pixels, pixels, QImage::Format_ARGB32_Premultiplied);
+                image.fill(Qt::blue);
+                return image;
+            };
+        }
+        QStringList seen()
+        {
+            const std::lock_guard lock(mutex);
+            return asked;
+        }
+    };
+
     static QString timeOf(const QString &path)
     {
         return QString::number(QFileInfo(path).lastModified().toSecsSinceEpoch());

@@ -1,24 +1,13 @@
 #include "krt/kapptranslators.h"
 #include "krt/krt.h"
 #include "ksettings.h"
-#include "support/table.h"
 #include "support/temptree.h"
-
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-#include <QtTest>
 
 using krt::KAppTranslators;
 
 namespace {
 
 const QString Name = "runtimetest"_s;
-
-QString text()
-{
-    return QCoreApplication::translate("RuntimeTest", "Hello");
-}
 
 void chooseLanguage(const QString &language)
 {
@@ -58,9 +47,7 @@ private Q_SLOTS:
     }
     void languageFinds()
     {
-        QFETCH(QString, language);
-        QFETCH(QString, folder);
-        QFETCH(bool, found);
+        const auto [language, folder, found] = zeltest::row<QString, QString, bool>();
         chooseLanguage(language);
         putCatalogue(folder);
         QCOMPARE(KAppTranslators::installTranslation(Name), found);
@@ -78,6 +65,9 @@ private Q_SLOTS:
         QVERIFY(KAppTranslators::installTranslation(Name));
         QCOMPARE(text(), "Guten Tag"_s);
     }
+
+private:
+    static QString text() { return QCoreApplication::translate("RuntimeTest", "Hello"); }
 };
 
 // Static objects remove their translations after the application is gone.

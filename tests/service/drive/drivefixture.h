@@ -1,15 +1,6 @@
 #pragma once
 
 #include "service/drive/localdrive.h"
-#include "support/table.h"
-
-#include <QBuffer>
-#include <QDir>
-#include <QDirIterator>
-#include <QTemporaryDir>
-#include <QtTest>
-
-#include <memory>
 
 namespace zel::service {
 

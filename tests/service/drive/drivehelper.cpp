@@ -1,10 +1,5 @@
 #include "service/drive/localdrive.h"
 
-#include <QBuffer>
-#include <QCoreApplication>
-#include <QDir>
-#include <QFile>
-
 #include <csignal>
 #include <cstdio>
 #include <sched.h>
@@ -50,12 +45,10 @@ void workUntilKilled(LocalDrive &drive, const QString &mode)
     QBuffer source;
     source.setData(QByteArray(int(Large), 'n'));
     source.open(QIODevice::ReadOnly);
-    if (mode == QLatin1String("write"))
-        (void)drive.write(
-            drive.rootId(), QStringLiteral("a"), source, {DriveConflict::Replace, -1}, waitForTheEnd);
+    if (mode == "write"_s)
+        (void)drive.write(drive.rootId(), "a"_s, source, {DriveConflict::Replace, -1}, waitForTheEnd);
     else
-        (void)drive.copy(drive.resolve(QStringLiteral("d"))->id, drive.rootId(), QStringLiteral("n"),
-            DriveConflict::Fail, waitForTheEnd);
+        (void)drive.copy(drive.resolve("d"_s)->id, drive.rootId(), "n"_s, DriveConflict::Fail, waitForTheEnd);
 }
 
 void fill(LocalDrive &drive, const QString &root, bool small)
@@ -64,13 +57,13 @@ void fill(LocalDrive &drive, const QString &root, bool small)
     source.setData(QByteArray(int(small ? Large / 2 : Large), 'n'));
     source.open(QIODevice::ReadOnly);
     if (small)
-        (void)drive.write(drive.rootId(), QStringLiteral("big"), source, {}, {});
+        (void)drive.write(drive.rootId(), "big"_s, source, {}, {});
     else
         limitFiles();
     source.seek(0);
-    const auto written = drive.write(drive.rootId(), QStringLiteral("n"), source, {}, {});
-    const auto copied = drive.copy(drive.resolve(QStringLiteral("big"))->id, drive.rootId(),
-        QStringLiteral("m"), DriveConflict::Fail, {});
+    const auto written = drive.write(drive.rootId(), "n"_s, source, {}, {});
+    const auto copied =
+        drive.copy(drive.resolve("big"_s)->id, drive.rootId(), "m"_s, DriveConflict::Fail, {});
     const QStringList names = QDir(root).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
     std::printf("%d %d %s\n", written ? -1 : int(written.error().kind),
         copied ? -1 : int(copied.error().kind), qPrintable(names.join(QLatin1Char(' '))));
@@ -83,7 +76,7 @@ int main(int argc, char **argv)
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
     const QString mode = arguments.value(1);
-    const bool small = mode == QLatin1String("small");
+    const bool small = mode == "small"_s;
     if (small && !mountSmall(arguments.value(2).toUtf8())) {
         std::puts("no mount");
         return 0;
@@ -93,7 +86,7 @@ int main(int argc, char **argv)
     LocalDrive drive(arguments.value(2), database);
     if (!drive.prepare())
         return 1;
-    if (small || mode == QLatin1String("limit"))
+    if (small || mode == "limit"_s)
         fill(drive, arguments.value(2), small);
     else
         workUntilKilled(drive, mode);

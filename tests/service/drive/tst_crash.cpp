@@ -1,7 +1,5 @@
 #include "drivefixture.h"
 
-#include <QProcess>
-
 using namespace zel::service;
 
 class TestCrash : public QObject

@@ -26,8 +26,7 @@ private Q_SLOTS:
 
     void names()
     {
-        QFETCH(QString, name);
-        QFETCH(QString, result);
+        const auto [name, result] = zeltest::row<QString, QString>();
         DriveFixture f;
         const QString rootId = f.drive().rootId();
         QCOMPARE(outcome(f.drive().createFolder(rootId, "some"_s)), "ok"_s);
@@ -57,8 +56,7 @@ private Q_SLOTS:
 
     void numbersNames()
     {
-        QFETCH(QString, name);
-        QFETCH(bool, isFolder);
+        const auto [name, isFolder] = zeltest::row<QString, bool>();
         QTEST(numberedDriveName(name, 2, isFolder), "numbered");
     }
 };

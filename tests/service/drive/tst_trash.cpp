@@ -1,9 +1,5 @@
 #include "drivefixture.h"
 
-#include <QThread>
-
-#include <atomic>
-
 using namespace zel::service;
 
 using Happening = std::function<bool(DriveFixture &)>;
@@ -52,8 +48,7 @@ private Q_SLOTS:
 
     void restoresWhere()
     {
-        QFETCH(Happening, then);
-        QFETCH(QString, where);
+        const auto [where, then] = zeltest::row<QString, Happening>();
         DriveFixture f;
         QVERIFY(f.make("d/e/a", "mine"));
         const auto trashed = f.drive().trash(f.id("d/e/a"));
@@ -208,10 +203,7 @@ private Q_SLOTS:
 
     void afterCrash()
     {
-        QFETCH(bool, trashed);
-        QFETCH(Happening, crash);
-        QFETCH(QString, tree);
-        QFETCH(int, inTrash);
+        const auto [trashed, tree, inTrash, crash] = zeltest::row<bool, QString, int, Happening>();
         DriveFixture f;
         QVERIFY(f.make("a"));
         const QString a = f.id("a");

@@ -1,8 +1,6 @@
 #include "drivefixture.h"
 #include "service/drive/drivewatcher.h"
 
-#include <QSignalSpy>
-
 using namespace zel::service;
 
 namespace {
@@ -18,6 +16,8 @@ public:
           changed(&watcher, &DriveWatcher::changed),
           rescan(&watcher, &DriveWatcher::rescanNeeded)
     {
+        if (!watcher.start())
+            qFatal("the watcher does not start");
     }
     QString folders() const
     {
@@ -60,12 +60,10 @@ private Q_SLOTS:
 
     void tells()
     {
-        QFETCH(Happening, happening);
-        QFETCH(QString, folders);
+        const auto [folders, happening] = zeltest::row<QString, Happening>();
         DriveFixture f;
         QVERIFY(f.make("d/a") && f.make("d/e/b"));
         Told told(f.root());
-        QVERIFY(told.watcher.start());
         QVERIFY(happening(f));
         QTRY_VERIFY(!told.changed.isEmpty());
         QCOMPARE(told.folders(), folders);
@@ -78,7 +76,6 @@ private Q_SLOTS:
         DriveFixture f;
         QVERIFY(f.make("d/e/b") && f.make("x/"));
         Told told(f.root());
-        QVERIFY(told.watcher.start());
         QCOMPARE(told.watcher.watchCount(), 4);
         QVERIFY(f.outsideMove("d/e", "x/e") && f.outsideMove("x", "y") && f.make("d/new/deep/"));
         QVERIFY(told.changed.wait());
@@ -97,7 +94,6 @@ private Q_SLOTS:
         DriveFixture f;
         const QString root = f.outside("far/away/drive"_s);
         Told told(root);
-        QVERIFY(told.watcher.start());
         QCOMPARE(told.watcher.watchCount(), 0);
         QVERIFY(QDir().mkpath(f.outside("far"_s)));
         QVERIFY2(!told.rescan.wait(2 * DriveWatcher::BatchMs), "not yet");
@@ -115,7 +111,6 @@ private Q_SLOTS:
         QVERIFY(f.make("d/a"));
         const QString away = f.outside("away"_s);
         Told told(f.root());
-        QVERIFY(told.watcher.start());
         for (int round = 0; round < 2; ++round) {
             QVERIFY(QDir().rename(f.root(), away));
             QVERIFY(told.rescan.wait());
@@ -135,9 +130,8 @@ private Q_SLOTS:
         DriveFixture f;
         for (const char *folder : {"1/", "2/", "3/", "4/"})
             QVERIFY(f.make(folder));
-        Told told(f.root(), 3);
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("3 are watched for changes, 2 are not"_s));
-        QVERIFY(told.watcher.start());
+        Told told(f.root(), 3);
         QVERIFY(!told.watcher.isComplete());
         QCOMPARE(told.watcher.watchCount(), 3);
         QVERIFY(f.make("5/") && f.make("a"));
@@ -155,7 +149,6 @@ private Q_SLOTS:
         DriveFixture f;
         QVERIFY(f.make("a") && f.make("late/"));
         Told told(f.root());
-        QVERIFY(told.watcher.start());
         for (int i = 0; i <= most / 2; ++i)
             QVERIFY(f.outsideMove(i % 2 ? "b" : "a", i % 2 ? "a" : "b"));
         QVERIFY(f.make("unseen/"));

@@ -107,9 +107,7 @@ public:
     }
     zel::vela::RemoveResult remove(const zel::vela::CloudItemId &item)
     {
-        zel::vela::RemoveArg request;
-        request.item = item;
-        return client.call<zel::vela::RemoveResult>("remove", request);
+        return client.call<zel::vela::RemoveResult>("remove", filled(&zel::vela::RemoveArg::item, item));
     }
     std::vector<zel::vela::RecycleBinItem> recycleBin()
     {
@@ -118,16 +116,16 @@ public:
     }
     zel::vela::RecoverRecyclesResult recover(const std::vector<std::string> &ids)
     {
-        zel::vela::RecoverRecyclesArg request;
-        request.recycleIds = ids;
-        return client.call<zel::vela::RecoverRecyclesResult>("recoverRecycles", request);
+        return client.call<zel::vela::RecoverRecyclesResult>(
+            "recoverRecycles", filled(&zel::vela::RecoverRecyclesArg::recycleIds, ids));
     }
     zel::vela::CloudItemId idOf(const char *path)
     {
-        zel::vela::GetFileIdByFilePathArg request;
-        request.filePath = path;
-        request.pathType = 1;
-        return client.call<zel::vela::GetFileIdByFilePathResult>("getFileIdByFilePath", request).item;
+        return client
+            .call<zel::vela::GetFileIdByFilePathResult>("getFileIdByFilePath",
+                filled(&zel::vela::GetFileIdByFilePathArg::filePath, path,
+                    &zel::vela::GetFileIdByFilePathArg::pathType, 1))
+            .item;
     }
 };
 

@@ -3,6 +3,7 @@
 #include "cloud/wire/message.h"
 #include "service/dispatch/methodtable.h"
 #include "service/dispatch/pushes.h"
+#include "support/filled.h"
 #include "support/table.h"
 
 #include <QTest>

@@ -6,22 +6,6 @@
 using namespace zel;
 using namespace zel::vela;
 
-namespace {
-
-struct Service
-{
-    zeltest::TempTree place;
-    MethodClient client;
-    service::ServiceHooks hooks;
-    service::CloudDatabase database{place.path("cloud.db")};
-    service::CloudDocuments documents{
-        {place.path("Drive"), place.path("drive.db")}, database, client.methods, client, hooks, nullptr, [] {
-            return service::Identity{"u1"_s, {}, "this"_s, {}};
-        }};
-};
-
-} // namespace
-
 /// The parts put together as the service has them.
 class TestDocuments final : public QObject
 {
@@ -34,9 +18,8 @@ private Q_SLOTS:
     {
         Service service;
         const QString file = service.place.write("Drive/a.odt");
-        GetFileIdByFilePathArg path;
-        path.filePath = file.toStdString();
-        const auto item = service.client.call<GetFileIdByFilePathResult>("getFileIdByFilePath", path);
+        const auto item = service.client.call<GetFileIdByFilePathResult>(
+            "getFileIdByFilePath", filled(&GetFileIdByFilePathArg::filePath, file.toStdString()));
         AddRoamingRecordArg add;
         add.records.resize(1);
         add.records[0].fileId = item.fileId;
@@ -51,8 +34,7 @@ private Q_SLOTS:
         const auto pushes = [&] {
             return service.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
         };
-        RemoveArg remove;
-        remove.item = item.item;
+        const auto remove = filled(&RemoveArg::item, item.item);
         RecoverRecyclesArg recover;
         recover.recycleIds = {service.client.call<RemoveResult>("remove", remove).recycleId};
         QTRY_COMPARE(pushes().size(), size_t(1));
@@ -65,6 +47,19 @@ private Q_SLOTS:
         QTRY_COMPARE(pushes().size(), size_t(2));
         QVERIFY(!pushes()[1].changedItems.at(0).deleted);
     }
+
+private:
+    struct Service
+    {
+        zeltest::TempTree place;
+        MethodClient client;
+        service::ServiceHooks hooks;
+        service::CloudDatabase database{place.path("cloud.db")};
+        service::CloudDocuments documents{{place.path("Drive"), place.path("drive.db")}, database,
+            client.methods, client, hooks, nullptr, [] {
+                return service::Identity{"u1"_s, {}, "this"_s, {}};
+            }};
+    };
 };
 
 QTEST_GUILESS_MAIN(TestDocuments)

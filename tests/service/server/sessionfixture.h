@@ -6,10 +6,7 @@
 #include "notify_types.h"
 #include "service/dispatch/methodtable.h"
 #include "service/server/cloudserver.h"
-#include "support/table.h"
 #include "support/wireclient.h"
-
-#include <QTemporaryDir>
 
 /// A server with a few methods whose answers the test holds in its hand.
 class SessionFixture

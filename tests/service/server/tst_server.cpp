@@ -1,7 +1,5 @@
 #include "service/server/sessionfixture.h"
 
-#include <QtTest>
-
 using namespace std::chrono_literals;
 using namespace zel;
 using namespace zel::vela;
@@ -23,8 +21,7 @@ private Q_SLOTS:
         const auto second = m_fixture->welcomeClient();
         WireClient stranger(m_fixture->path());
         QTRY_COMPARE(m_fixture->server->clientCount(), 3);
-        NotifyActionArg action;
-        action.action = "all";
+        auto action = filled(&NotifyActionArg::action, "all");
         m_fixture->server->push("notifyAction", action);
         action.action = "second";
         m_fixture->server->pushTo(welcomed.at(1), "notifyAction", action);

@@ -1,39 +1,12 @@
 #include "cloud/wire/registry.h"
 #include "service/server/sessionfixture.h"
 
-#include <QtTest>
 #include <sys/socket.h>
 
 using namespace std::chrono_literals;
 using namespace zel;
 using namespace zel::vela;
 using namespace zel::service;
-
-namespace {
-
-QByteArray greeting(int version)
-{
-    GetVersionArg who;
-    who.protocolVersion = version;
-    return wire::callFrame("getVersion", 1, who);
-}
-
-QByteArray sized(quint32 length, const QByteArray &body)
-{
-    QByteArray frame(4, '\0');
-    qToBigEndian(length, frame.data());
-    return frame + body;
-}
-
-// A request whose list claims two thousand million entries.
-QByteArray hugeList()
-{
-    QByteArray frame = wire::listCallFrame("getUserId", 7, {});
-    const QByteArray none("\x0b\0\0\0\0", 5);
-    return frame.replace(none, QByteArray("\x0b\x7f\xff\xff\xff", 5));
-}
-
-} // namespace
 
 class TestSession : public QObject
 {
@@ -56,8 +29,7 @@ private Q_SLOTS:
 
     void handshake()
     {
-        QFETCH(QByteArray, first);
-        QFETCH(QString, answer);
+        const auto [first, answer] = zeltest::row<QByteArray, QString>();
         int welcomed = 0;
         connect(m_fixture->server.get(), &CloudServer::welcomed, this, [&welcomed] { ++welcomed; });
         const auto good = m_fixture->welcomeClient();
@@ -229,6 +201,24 @@ private Q_SLOTS:
     }
 
 private:
+    static QByteArray greeting(int version)
+    {
+        return wire::callFrame("getVersion", 1, filled(&GetVersionArg::protocolVersion, version));
+    }
+    static QByteArray sized(quint32 length, const QByteArray &body)
+    {
+        QByteArray frame(4, '\0');
+        qToBigEndian(length, frame.data());
+        return frame + body;
+    }
+    // A request whose list claims two thousand million entries.
+    static QByteArray hugeList()
+    {
+        QByteArray frame = wire::listCallFrame("getUserId", 7, {});
+        const QByteArray none("\x0b\0\0\0\0", 5);
+        return frame.replace(none, QByteArray("\x0b\x7f\xff\xff\xff", 5));
+    }
+
     std::unique_ptr<SessionFixture> m_fixture;
 };
 

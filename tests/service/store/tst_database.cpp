@@ -1,11 +1,6 @@
 #include "service/store/clouddatabase.h"
 #include "service/store/servicetables.h"
-#include "support/table.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QTemporaryDir>
-#include <QtTest>
 #include <sys/stat.h>
 
 using namespace zel;

@@ -3,48 +3,11 @@
 
 #include "platform/impl/recentstore/presence/presencechecker.h"
 
-#include <QElapsedTimer>
-#include <QMutex>
-#include <QSemaphore>
-#include <QTest>
-
 #include <sys/stat.h>
 #include <unistd.h>
 
 using namespace zel::recent;
 using Presence = RecentFileInfo::Presence;
-
-namespace {
-
-// Hangs at paths that contain "dead" until it is let go.
-struct Mount
-{
-    QSemaphore entered;
-    QSemaphore letGo;
-    QSemaphore returned;
-};
-
-PresenceChecker::Probe probeOf(const std::shared_ptr<Mount> &mount)
-{
-    return [mount](const QString &path) {
-        if (path.contains("dead"_s)) {
-            mount->entered.release();
-            mount->letGo.acquire();
-            mount->returned.release();
-        }
-        return FileLook{Presence::Present};
-    };
-}
-
-FileLooks collected(const QSignalSpy &spy)
-{
-    FileLooks all;
-    for (const QList<QVariant> &call : spy)
-        all.insert(call.at(0).value<FileLooks>());
-    return all;
-}
-
-} // namespace
 
 class PresenceTest : public QObject
 {
@@ -142,6 +105,33 @@ private Q_SLOTS:
         QVERIFY(watch.elapsed() < 10000); // and not until the mount answers
         mount->letGo.release();
         QVERIFY(mount->returned.tryAcquire(1, 10000));
+    }
+
+private:
+    // Hangs at paths that contain "dead" until it is let go.
+    struct Mount
+    {
+        QSemaphore entered;
+        QSemaphore letGo;
+        QSemaphore returned;
+    };
+    static PresenceChecker::Probe probeOf(const std::shared_ptr<Mount> &mount)
+    {
+        return [mount](const QString &path) {
+            if (path.contains("dead"_s)) {
+                mount->entered.release();
+                mount->letGo.acquire();
+                mount->returned.release();
+            }
+            return FileLook{Presence::Present};
+        };
+    }
+    static FileLooks collected(const QSignalSpy &spy)
+    {
+        FileLooks all;
+        for (const QList<QVariant> &call : spy)
+            all.insert(call.at(0).value<FileLooks>());
+        return all;
     }
 };
 

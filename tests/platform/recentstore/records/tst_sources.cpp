@@ -4,22 +4,8 @@
 
 #include "platform/impl/recentstore/records/sourcefilter.h"
 
-#include <QTest>
-
 using namespace zel::recent;
 using namespace zel::recent::test;
-
-namespace {
-
-const QString A = "/nowhere/a"_s;
-const QString B = "/nowhere/b"_s;
-
-QByteArray filesOf(const QString &database)
-{
-    return contentOf(database) + contentOf(database + "-wal"_s);
-}
-
-} // namespace
 
 class SourcesTest : public QObject
 {
@@ -46,8 +32,7 @@ private Q_SLOTS:
     // The change arrives as one delta: what was there under other sources does not matter.
     void seenThroughSources()
     {
-        QFETCH(const QString, state);
-        QFETCH(const int, sources);
+        const auto [state, sources] = zeltest::row<QString, int>();
         RecentState records = toState(state);
         for (StoredRecord &record : records) {
             if (!record.roaming)
@@ -134,6 +119,14 @@ private Q_SLOTS:
         QCOMPARE(store.shown(), QString());
         QVERIFY(home.setDesktop({{A, 1}, {B, 1}}));
         QTRY_COMPARE(store.shown(), "b:32"_s);
+    }
+
+private:
+    static inline const QString A = "/nowhere/a"_s;
+    static inline const QString B = "/nowhere/b"_s;
+    static QByteArray filesOf(const QString &database)
+    {
+        return contentOf(database) + contentOf(database + "-wal"_s);
     }
 };
 

@@ -4,25 +4,12 @@
 
 #include "platform/impl/recentstore/merge/roamingmerge.h"
 
-#include <QTest>
-
 #include <csignal>
 #include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace zel::recent;
 using namespace zel::recent::test;
-
-namespace {
-
-void overwrite(const Home &home, const QByteArray &data)
-{
-    QFile file(home.places.database);
-    QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
-    file.write(data);
-}
-
-} // namespace
 
 class RepositoryTest : public QObject
 {
@@ -229,6 +216,14 @@ private Q_SLOTS:
                 0);
             QCOMPARE(int(status.st_mode & 0777), 0600);
         }
+    }
+
+private:
+    static void overwrite(const Home &home, const QByteArray &data)
+    {
+        QFile file(home.places.database);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write(data);
     }
 };
 

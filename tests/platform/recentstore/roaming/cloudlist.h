@@ -6,8 +6,6 @@
 #include "notify_types.h"
 #include "recent_types.h"
 
-#include <algorithm>
-
 namespace zel::recent::test {
 
 /// A recent list that a fake service tells page by page, and what it was asked and told.
@@ -55,14 +53,12 @@ struct CloudList
     {
         service.login["userId"] = user;
         service.login["loginStatus"] = user.empty() ? "0" : "1";
-        vela::NotifyUserGenericInfoArg push;
-        push.infoKey = "loginStatus";
-        service.push("notifyUserGenericInfo", push);
+        service.push(
+            "notifyUserGenericInfo", filled(&vela::NotifyUserGenericInfoArg::infoKey, "loginStatus"));
     }
     void answer(const Head &head, const vela::GetRecentFilesArg &request)
     {
-        vela::GetRecentFilesResult page;
-        page.opv = std::to_string(version);
+        auto page = filled(&vela::GetRecentFilesResult::opv, std::to_string(version));
         for (size_t i = size_t(request.offset); i < items.size() && page.items.size() < pageSize; ++i)
             page.items.push_back(items.at(i));
         page.hasMore = size_t(request.offset) + page.items.size() < items.size();
@@ -113,8 +109,7 @@ private:
 
     void answerPlaces(const Head &head, const vela::GetRecentFileInfoListArg &request)
     {
-        vela::GetRecentFileInfoListResult answer;
-        answer.opv = std::to_string(version);
+        auto answer = filled(&vela::GetRecentFileInfoListResult::opv, std::to_string(version));
         for (const std::string &id : request.roamingIds) {
             vela::RecentFileItemInfo info;
             info.fileInfo.roamingId = id;

@@ -4,19 +4,10 @@
 
 #include "platform/impl/recentstore/roaming/roamingsource.h"
 
-#include <QTest>
-
 using namespace zel;
 using namespace zel::vela;
 using namespace zel::recent;
 using namespace zel::recent::test;
-
-namespace {
-
-const QString A = "/nowhere/a"_s;
-const QString X = "roaming:x"_s;
-
-} // namespace
 
 class RoamingTest : public QObject
 {
@@ -76,10 +67,9 @@ private Q_SLOTS:
             if (request.offset == 0)
                 return false;
             ++failed;
-            GetRecentFilesResult page;
-            page.opv = std::to_string(f.cloud.version);
-            page.hasMore = true;
-            page.state = trouble == "error"_s ? 7 : 0;
+            const auto page = filled(&GetRecentFilesResult::opv, std::to_string(f.cloud.version),
+                &GetRecentFilesResult::hasMore, true, &GetRecentFilesResult::state,
+                trouble == "error"_s ? 7 : 0);
             if (trouble == "link lost"_s)
                 f.link.service->hangUp();
             else
@@ -241,6 +231,10 @@ private Q_SLOTS:
         QCOMPARE(f.store.record(A).roamingId, "x"_s);
         QTRY_COMPARE(f.cloud.read.size(), size_t(1));
     }
+
+private:
+    static inline const QString A = "/nowhere/a"_s;
+    static inline const QString X = "roaming:x"_s;
 };
 
 QTEST_GUILESS_MAIN(RoamingTest)

@@ -5,26 +5,10 @@
 #include "platform/impl/recentstore/xbel/isotime.h"
 #include "platform/impl/recentstore/xbel/listfile.h"
 
-#include <QTest>
-
 #include <sys/stat.h>
 
 using namespace zel::recent;
 using namespace zel::recent::test;
-
-namespace {
-
-QByteArray bomb()
-{
-    QByteArray text("<?xml version=\"1.0\"?><!DOCTYPE xbel [<!ENTITY a0 \"xxxxxxxxxx\">");
-    for (int i = 1; i < 10; ++i) {
-        const QByteArray inner = "&a" + QByteArray::number(i - 1) + ";";
-        text += "<!ENTITY a" + QByteArray::number(i) + " \"" + inner.repeated(10) + "\">";
-    }
-    return text + "]><xbel><bookmark href=\"file:///a\"><title>&a9;</title></bookmark></xbel>";
-}
-
-} // namespace
 
 class XbelTest : public QObject
 {
@@ -156,6 +140,17 @@ private Q_SLOTS:
         QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(
             openListFile(pipe, file, stamp), ListFileState::Unusable); // would wait for a writer for ever
+    }
+
+private:
+    static QByteArray bomb()
+    {
+        QByteArray text("<?xml version=\"1.0\"?><!DOCTYPE xbel [<!ENTITY a0 \"xxxxxxxxxx\">");
+        for (int i = 1; i < 10; ++i) {
+            const QByteArray inner = "&a" + QByteArray::number(i - 1) + ";";
+            text += "<!ENTITY a" + QByteArray::number(i) + " \"" + inner.repeated(10) + "\">";
+        }
+        return text + "]><xbel><bookmark href=\"file:///a\"><title>&a9;</title></bookmark></xbel>";
     }
 };
 

@@ -4,40 +4,12 @@
 #include "platform/impl/recentstore/xbel/listfile.h"
 #include "platform/impl/recentstore/xbel/xbelwriter.h"
 
-#include <QRandomGenerator>
-#include <QTest>
-
 #include <glib.h>
 
 Q_DECLARE_METATYPE(zel::recent::XbelEditResult)
 
 using namespace zel::recent;
 using namespace zel::recent::test;
-
-namespace {
-
-// As desktop programs read the list; empty when they refuse it.
-GBookmarkFile *read(const QByteArray &data)
-{
-    GBookmarkFile *bookmarks = g_bookmark_file_new();
-    if (g_bookmark_file_load_from_data(bookmarks, data.constData(), gsize(data.size()), nullptr))
-        return bookmarks;
-    g_bookmark_file_free(bookmarks);
-    return g_bookmark_file_new();
-}
-
-QStringList uris(const QByteArray &data)
-{
-    g_autoptr(GBookmarkFile) bookmarks = read(data);
-    g_auto(GStrv) all = g_bookmark_file_get_uris(bookmarks, nullptr);
-    QStringList result;
-    for (gchar **one = all; *one; ++one)
-        result.append(QString::fromUtf8(*one));
-    result.sort();
-    return result;
-}
-
-} // namespace
 
 class XbelEditTest : public QObject
 {
@@ -79,12 +51,12 @@ private Q_SLOTS:
     // The box's own part taken out again leaves byte for byte what other programs wrote.
     void foreignBytesStay_data()
     {
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<bool>("readable"); ///< by desktop programs
+        // readable: by desktop programs
+        const auto table = zeltest::table<QString, bool>("before", "readable");
         const QString a = good("/a", 1);
         const QString n = good("/n", 1, "<bookmark:groups/><bookmark:private/>"_s);
         const auto row = [&](const char *name, const QString &bookmarks, bool readable) {
-            QTest::newRow(name) << inList(bookmarks) << readable;
+            table(name, inList(bookmarks), readable);
         };
         row("comments and odd white space", "<!-- <bookmark> -->\r\n\t"_s + a, true);
         row("bare", "<bookmark href='file:///a'  />\n<bookmark href='http://x/&amp;'/>"_s, true);
@@ -94,23 +66,20 @@ private Q_SLOTS:
             false);
         row("folder", "<folder id='f'><title>F</title><bookmark href='file:///n'/></folder>"_s, false);
         row("unknown elements", "<info><metadata owner='o'/></info><x><![CDATA[</xbel>]]></x>"_s, false);
-        QTest::newRow("closed at once") << "<xbel version='1.0'/>"_s << true;
-        QTest::newRow("no line ends, no declarations")
-            << "<xbel version='1.0'>%1</xbel><!--e-->"_s.arg(a.trimmed()) << false;
-        QTest::newRow("other prefixes") << inList(a)
-                                               .replace("bookmark:"_s, "b:"_s)
-                                               .replace("mime:"_s, "m:"_s)
-                                               .replace("xmlns:bookmark"_s, "xmlns:b"_s)
-                                               .replace("xmlns:mime"_s, "xmlns:m"_s)
-                                        << true;
-        QTest::newRow("document type, byte order mark") << QChar(QChar::ByteOrderMark)
-                + "<!DOCTYPE xbel PUBLIC \"+//X\" \"http://x/xbel.dtd\">\n<xbel version='1.0'>"_s + a
-                + "</xbel>\n"_s << false;
+        table("closed at once", "<xbel version='1.0'/>", true);
+        table("no line ends, no declarations", "<xbel version='1.0'>%1</xbel><!--e-->"_s.arg(a.trimmed()),
+            false);
+        QString prefixed = inList(a).replace("bookmark:"_s, "b:"_s).replace("mime:"_s, "m:"_s);
+        prefixed.replace("xmlns:bookmark"_s, "xmlns:b"_s).replace("xmlns:mime"_s, "xmlns:m"_s);
+        table("other prefixes", prefixed, true);
+        table("document type, byte order mark",
+            QChar(QChar::ByteOrderMark) + "<!DOCTYPE xbel PUBLIC \"+//X\" \"http://x/xbel.dtd\">\n"_s
+                + "<xbel version='1.0'>"_s + a + "</xbel>\n"_s,
+            false);
     }
     void foreignBytesStay()
     {
-        QFETCH(QString, before);
-        QFETCH(bool, readable);
+        const auto [before, readable] = zeltest::row<QString, bool>();
         const QByteArray original = before.toUtf8();
         QByteArray data = original;
         const QStringList fresh{"/n"_s, "/x'&\"<m"_s};
@@ -136,12 +105,11 @@ private Q_SLOTS:
 
     void knownBookmarks_data()
     {
-        QTest::addColumn<QString>("bookmark");
-        QTest::addColumn<QStringList>("kept");
+        const auto table = zeltest::table<QString, QStringList>("bookmark", "kept");
         const QString open = "<bookmark href=\"file:///k%20k\" added=\"2020-01-01T00:00:00Z\""_s;
         const QString desk = "<metadata owner='http://freedesktop.org'>"_s;
         const auto row = [&](const char *name, const QString &rest, const QStringList &kept) {
-            QTest::newRow(name) << open + rest << kept + QStringList{"2020-01-01"_s};
+            table(name, open + rest, kept + QStringList{"2020-01-01"_s});
         };
         const QString title = "<title>T &amp; t</title>"_s;
         row("bare", " />"_s, {});
@@ -172,8 +140,7 @@ private Q_SLOTS:
     }
     void knownBookmarks()
     {
-        QFETCH(QString, bookmark);
-        QFETCH(QStringList, kept);
+        const auto [bookmark, kept] = zeltest::row<QString, QStringList>();
         QByteArray data = inList(bookmark + good("/other", 3)).toUtf8();
         const QString path = "/k k"_s;
         QCOMPARE(editXbelText(data, {{{path, "x/y"_s, timeOf(5)}}, {}}), XbelEditResult::Written);
@@ -222,8 +189,7 @@ private Q_SLOTS:
     }
     void writing()
     {
-        QFETCH(QByteArray, before);
-        QFETCH(XbelEditResult, result);
+        const auto [before, result] = zeltest::row<QByteArray, XbelEditResult>();
         Home home;
         const QString file = home.places.desktopList;
         if (!before.isNull())
@@ -286,6 +252,27 @@ private Q_SLOTS:
         QByteArray remote = inList("<bookmark href=\"http://x/\"/>"_s).toUtf8();
         QCOMPARE(editXbelText(remote, {{}, {QString(), "http://x/"_s}}), XbelEditResult::Unchanged);
         QCOMPARE(stampOf(home.places.desktopList), before);
+    }
+
+private:
+    // As desktop programs read the list; empty when they refuse it.
+    static GBookmarkFile *read(const QByteArray &data)
+    {
+        GBookmarkFile *bookmarks = g_bookmark_file_new();
+        if (g_bookmark_file_load_from_data(bookmarks, data.constData(), gsize(data.size()), nullptr))
+            return bookmarks;
+        g_bookmark_file_free(bookmarks);
+        return g_bookmark_file_new();
+    }
+    static QStringList uris(const QByteArray &data)
+    {
+        g_autoptr(GBookmarkFile) bookmarks = read(data);
+        g_auto(GStrv) all = g_bookmark_file_get_uris(bookmarks, nullptr);
+        QStringList result;
+        for (gchar **one = all; *one; ++one)
+            result.append(QString::fromUtf8(*one));
+        result.sort();
+        return result;
     }
 };
 

@@ -4,8 +4,6 @@
 
 #include "platform/impl/recentstore/xbel/xbelreader.h"
 
-#include <QBuffer>
-
 namespace zel::recent::test {
 
 /// What the store reads from a list.

@@ -3,9 +3,6 @@
 #include "notify_types.h"
 #include "service/servicefixture.h"
 
-#include <QDir>
-#include <QFileInfo>
-#include <QtTest>
 #include <sstream>
 #include <unistd.h>
 
@@ -53,8 +50,7 @@ private Q_SLOTS:
 
     void greeting()
     {
-        GetVersionArg who;
-        who.protocolVersion = wire::ProtocolVersion;
+        const auto who = filled(&GetVersionArg::protocolVersion, wire::ProtocolVersion);
         const auto first = m_fixture->client()->call<GetVersionResult>("getVersion", who);
         QCOMPARE(first->protocolVersion, wire::ProtocolVersion);
         QCOMPARE(first->deviceId.size(), size_t(36));
@@ -79,10 +75,9 @@ private Q_SLOTS:
     {
         auto client = m_fixture->client();
         const auto other = m_fixture->client();
-        LogoutArg stranger;
-        stranger.userId = "somebody";
         QCOMPARE(
-            client->call<LogoutResult>("logout", stranger)->errorInfo.errResult, std::string("notFound"));
+            client->call<LogoutResult>("logout", filled(&LogoutArg::userId, "somebody"))->errorInfo.errResult,
+            std::string("notFound"));
         QCOMPARE(client->call<LogoutResult>("logout", LogoutArg())->state, 0);
         auto told = other->waitForPush<NotifyUserGenericInfoArg>("notifyUserGenericInfo");
         QCOMPARE(told->infoKey, std::string("loginStatus"));
@@ -95,8 +90,7 @@ private Q_SLOTS:
         QCOMPARE(info["userId"], std::string());
         QCOMPARE(QString::fromStdString(info["loginInfo"]).count(QLatin1Char('|')), 4);
         QCOMPARE(client->call<GetUserIdResult>("getUserId", QStringList())->loginState, 0);
-        GetUsersArg loginedOnly;
-        loginedOnly.loginedOnly = true;
+        const auto loginedOnly = filled(&GetUsersArg::loginedOnly, true);
         QCOMPARE(client->call<GetUsersResult>("getUsers", loginedOnly)->total, 0);
         QCOMPARE(client->call<GetUsersResult>("getUsers", GetUsersArg())->total, 1);
 
@@ -179,16 +173,13 @@ private Q_SLOTS:
 
     void exitNotice()
     {
-        QFETCH(bool, stop);
-        QFETCH(int, others);
-        QFETCH(bool, stops);
+        const auto [stop, others, stops] = zeltest::row<bool, int, bool>();
         const auto client = m_fixture->client();
         std::vector<std::unique_ptr<WireClient>> more;
         for (int i = 0; i < others; ++i)
             more.push_back(m_fixture->client());
-        NotifyExitArg request;
-        request.stopService = stop;
-        const auto answer = client->call<NotifyExitResult>("notifyExit", request);
+        const auto answer =
+            client->call<NotifyExitResult>("notifyExit", filled(&NotifyExitArg::stopService, stop));
         QVERIFY(answer);
         QCOMPARE(answer->clientCount, others);
         QCOMPARE(answer->serviceStops, stops);

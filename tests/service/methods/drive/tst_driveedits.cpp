@@ -3,15 +3,6 @@
 using namespace zel;
 using namespace zel::vela;
 
-namespace {
-
-QStringList words(const char *text)
-{
-    return QString::fromUtf8(text).split(QLatin1Char('|'));
-}
-
-} // namespace
-
 class TestDriveEdits final : public QObject
 {
     Q_OBJECT
@@ -136,18 +127,19 @@ private Q_SLOTS:
     {
         FilledDrive fixture;
         DriveFixture::write(fixture.local("new"), "new content");
-        GetInfoArg info;
-        info.item = fixture.idOf("a.txt");
-        UpdateArg update;
-        update.item = info.item;
-        update.localPath = fixture.local("new").toStdString();
-        update.baseVersion = fixture.client.call<GetInfoResult>("getInfo", info).item.cloudVersion;
+        const auto info = filled(&GetInfoArg::item, fixture.idOf("a.txt"));
+        const auto update = filled(&UpdateArg::item, info.item, &UpdateArg::localPath,
+            fixture.local("new").toStdString(), &UpdateArg::baseVersion,
+            fixture.client.call<GetInfoResult>("getInfo", info).item.cloudVersion);
         QCOMPARE(fixture.client.call<UpdateResult>("update", update).item.id, info.item.id);
         QCOMPARE(DriveFixture::read(fixture.inDrive("a.txt")), QByteArray("new content"));
         const auto refused = fixture.client.call<UpdateResult>("update", update);
         QVERIFY(refused.versionConflict);
         QCOMPARE(refused.state, int(wire::ServiceError::Conflict));
     }
+
+private:
+    static QStringList words(const char *text) { return QString::fromUtf8(text).split(QLatin1Char('|')); }
 };
 
 QTEST_GUILESS_MAIN(TestDriveEdits)

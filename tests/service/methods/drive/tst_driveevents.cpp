@@ -1,9 +1,6 @@
 #include "notify_types.h"
 #include "service/methods/drivefixture.h"
 
-#include <QSignalSpy>
-#include <QThread>
-
 using namespace zel;
 using namespace zel::vela;
 
@@ -57,9 +54,8 @@ private Q_SLOTS:
         QSignalSpy told(&fixture.events, &service::DriveEvents::told);
         fixture.events.start({}); // not watched
         QVERIFY(told.wait());
-        CreateFolderArg create;
-        create.name = "new";
-        const auto created = fixture.client.call<CreateFolderResult>("createFolder", create);
+        const auto created =
+            fixture.client.call<CreateFolderResult>("createFolder", filled(&CreateFolderArg::name, "new"));
         QTRY_COMPARE(fixture.client.arrived.back().method, std::string("notifyFileCreation"));
         QCOMPARE(fixture.client.pushed<NotifyFileCreationArg>("notifyFileCreation").at(0).item.id,
             created.item.id);

@@ -3,9 +3,6 @@
 #include "service/methods/drive/thumbnails.h"
 #include "service/methods/drivefixture.h"
 
-#include <QCryptographicHash>
-#include <QtEndian>
-
 using namespace zel;
 using namespace zel::vela;
 using Ask = std::function<void(GetInfoListArg &)>;
@@ -55,8 +52,7 @@ private Q_SLOTS:
     {
         DriveFixture fixture;
         fixture.fill({"n10"_s, "n2"_s, "n1"_s});
-        GetInfoListArg request;
-        request.count = 2;
+        auto request = filled(&GetInfoListArg::count, 2);
         const auto first = fixture.list(request);
         QCOMPARE(DriveFixture::names(first.items), "n1 n2"_s);
         DriveFixture::write(fixture.inDrive("a"), "new");
@@ -97,15 +93,13 @@ private Q_SLOTS:
         QCOMPARE(DriveFixture::names(infos.parents.at(0).parents), " d e"_s);
         QVERIFY(infos.failedItems.count("999"));
 
-        GetCloudNodeFileCountArg count;
-        count.recursive = true;
-        const auto counted = fixture.client.call<GetCloudNodeFileCountResult>("getCloudNodeFileCount", count);
+        const auto counted = fixture.client.call<GetCloudNodeFileCountResult>(
+            "getCloudNodeFileCount", filled(&GetCloudNodeFileCountArg::recursive, true));
         QCOMPARE(counted.fileCount, int64_t(4));
         QCOMPARE(counted.folderCount, int64_t(2));
         QCOMPARE(counted.totalSize, int64_t(11));
 
-        VerifyItemArg verify;
-        verify.item = fixture.idOf("a.txt");
+        auto verify = filled(&VerifyItemArg::item, fixture.idOf("a.txt"));
         verify.sha1 = "fe05bcdcdc4928012781a5f1a2a77cbb5398e106"; // of "one"
         auto verified = fixture.client.call<VerifyItemResult>("verifyItem", verify);
         QVERIFY(verified.existing && !verified.changed && !verified.moved);
@@ -139,8 +133,7 @@ private Q_SLOTS:
         QFETCH(SearchAsk, ask);
         DriveFixture fixture;
         fixture.fill({"plan/"_s, "plan/my plan.odt=1"_s, "plan b.odt"_s, "explanation.txt=22"_s});
-        CloudDocSearchArg request;
-        request.uuid = "s1";
+        auto request = filled(&CloudDocSearchArg::uuid, "s1");
         ask(request);
         const auto result = fixture.client.call<CloudDocSearchResult>("cloudDocSearch", request);
         QCOMPARE(result.state, 0);
@@ -167,8 +160,7 @@ private Q_SLOTS:
 
     void thumbnails()
     {
-        QFETCH(int, age);
-        QFETCH(QByteArray, content);
+        auto [age, content] = zeltest::row<int, QByteArray>();
         DriveFixture fixture;
         fixture.fill({"a b;ü.png=x"_s});
         const QString file = fixture.inDrive("") + "a b;ü.png"_s;

@@ -3,27 +3,9 @@
 #include "service/servicefixture.h"
 #include "support/temptree.h"
 
-#include <QDir>
-#include <QFile>
-#include <QtTest>
-
 using namespace zel;
 using namespace zel::vela;
 using service::ClientId;
-
-namespace {
-
-// "a=1;b=2"
-std::map<std::string, std::string> mapOf(const QString &text)
-{
-    std::map<std::string, std::string> map;
-    for (const QString &pair : text.split(QLatin1Char(';'), Qt::SkipEmptyParts))
-        map[pair.section(QLatin1Char('='), 0, 0).toStdString()] =
-            pair.section(QLatin1Char('='), 1).toStdString();
-    return map;
-}
-
-} // namespace
 
 class TestEnvelope : public QObject
 {
@@ -122,8 +104,7 @@ private Q_SLOTS:
 
     void autoRun()
     {
-        QFETCH(QByteArray, ofUser);
-        QFETCH(QByteArray, ofSystem);
+        const auto [ofUser, ofSystem] = zeltest::row<QByteArray, QByteArray>();
         const QString system = m_fixture->folder() + "/xdg"_s;
         const QString file = "/autostart/org.zelbox.ZelBox.desktop"_s;
         qputenv("XDG_CONFIG_DIRS", QFile::encodeName(system));
@@ -195,14 +176,22 @@ private Q_SLOTS:
     }
 
 private:
+    // "a=1;b=2"
+    static std::map<std::string, std::string> mapOf(const QString &text)
+    {
+        std::map<std::string, std::string> map;
+        for (const QString &pair : text.split(QLatin1Char(';'), Qt::SkipEmptyParts))
+            map[pair.section(QLatin1Char('='), 0, 0).toStdString()] =
+                pair.section(QLatin1Char('='), 1).toStdString();
+        return map;
+    }
+
     /// The results as "a=1;b=2", or the error's name.
     QString call(const char *method, const QString &values = {}, const char *object = "KVelaIpcCallObj")
     {
-        VelaIpcArg request;
-        request.nameSpace = object;
-        request.method = method;
-        request.argMap = mapOf(values);
-        const auto answer = m_client->call<VelaIpcResult>("velaIpcCall", request);
+        const auto answer = m_client->call<VelaIpcResult>("velaIpcCall",
+            filled(&VelaIpcArg::nameSpace, object, &VelaIpcArg::method, method, &VelaIpcArg::argMap,
+                mapOf(values)));
         if (!answer)
             return m_client->error();
         if (answer->state != 0)

@@ -2,78 +2,8 @@
 #include "notify_types.h"
 #include "service/servicefixture.h"
 
-#include <QtTest>
-
 using namespace zel;
 using namespace zel::vela;
-
-namespace {
-
-using Ids = std::vector<std::string>;
-
-NewMessageItem message(const char *id, const char *topic, qint64 time, const char *file, const char *person)
-{
-    NewMessageItem item;
-    item.messageId = id;
-    item.category = "document";
-    item.topic = topic;
-    item.type = "shared";
-    item.time = time;
-    item.fileId = file;
-    item.operatorId = person;
-    return item;
-}
-
-NewMessageItem fullMessage()
-{
-    NewMessageItem item = message("full", "zel.link", 1700000000123, "file", "person");
-    item.fileName = "Notes $$$$ #### 'x'.odt";
-    item.filePath = "/home/user/Notes.odt";
-    item.groupId = "group";
-    item.groupName = "Group";
-    item.parentId = "parent";
-    item.companyId = "company";
-    item.linkSid = "link";
-    item.operatorName = "Jürgen 山田";
-    item.operatorAvatar = "https://example.org/p.png";
-    item.deviceId = "device";
-    item.deviceName = "desk";
-    item.fileVersion = 9007199254740993;
-    item.waitForUpdate = true;
-    item.msgContent.title = "title";
-    item.msgContent.content = "line\nline";
-    item.msgContent.summary = "summary";
-    item.msgContent.url = "https://example.org/";
-    item.msgContent.iconUrl = "icon";
-    item.msgContent.ext = R"({"a": [1]})";
-    item.msgContent.buttons.resize(2);
-    item.msgContent.buttons[0].text = "Open";
-    item.msgContent.buttons[0].action = "openFile";
-    item.msgContent.buttons[0].target = "file";
-    item.msgContent.buttons[0].primary = true;
-    item.extraParam = {{"", "empty key"}, {"key", ""}};
-    return item;
-}
-
-template <class Items> Ids idsOf(const Items &items)
-{
-    Ids ids;
-    for (const auto &item : items) {
-        if constexpr (requires { item.messageId; })
-            ids.push_back(item.messageId);
-        else
-            ids.push_back(item.id);
-    }
-    return ids;
-}
-
-QString commandLine(const char *command, const char *statement, const char *guid)
-{
-    return "/%1=%2 /TaskGuid=%3"_s.arg(
-        QLatin1String(command), QString::fromLatin1(QByteArray(statement).toBase64()), QLatin1String(guid));
-}
-
-} // namespace
 
 Q_DECLARE_METATYPE(std::vector<std::string>)
 using Wish = std::function<void(zel::vela::GetMsgListArg &)>;
@@ -166,8 +96,7 @@ private Q_SLOTS:
     {
         fill();
         store(message("6", "zel.file", 50, "A", "ann")); // the same time as another one
-        GetUnreadNewMsgListArg request;
-        request.count = 2;
+        auto request = filled(&GetUnreadNewMsgListArg::count, 2);
         Ids all;
         for (int part = 0; part < 10; ++part) {
             const auto list = m_client->call<GetUnreadNewMsgListResult>("getUnreadNewMsgList", request);
@@ -184,9 +113,8 @@ private Q_SLOTS:
         request.latestPerFile = true;
         const auto latest = m_client->call<GetUnreadNewMsgListResult>("getUnreadNewMsgList", request);
         QCOMPARE(idsOf(latest->messages), (Ids{"5", "6", "3"}));
-        GetUnreadMsgListArg unread;
-        unread.offset = 3;
-        const auto rest = m_client->call<GetUnreadMsgListResult>("getUnreadMsgList", unread);
+        const auto rest = m_client->call<GetUnreadMsgListResult>(
+            "getUnreadMsgList", filled(&GetUnreadMsgListArg::offset, 3));
         QCOMPARE(idsOf(rest->messages), (Ids{"2", "1"}));
         QCOMPARE(rest->total, 5);
     }
@@ -194,8 +122,7 @@ private Q_SLOTS:
     void unreadCounts()
     {
         fill();
-        GetUnreadMsgCountArg request;
-        request.groupBy = 1;
+        auto request = filled(&GetUnreadMsgCountArg::groupBy, 1);
         request.ids = {"A", "C", "unknown"};
         const auto byFile = m_client->call<GetUnreadMsgCountResult>("getUnreadMsgCount", request);
         QCOMPARE(idsOf(byFile->unreadInfos), request.ids);
@@ -238,8 +165,7 @@ private Q_SLOTS:
         fill();
         QCOMPARE(m_client->call<DeleteMsgResult>("deleteMsg", DeleteMsgArg())->errorInfo.errResult,
             std::string("invalidArgument"));
-        DeleteMsgArg request;
-        request.fileId = "A";
+        auto request = filled(&DeleteMsgArg::fileId, "A");
         const auto deleted = m_client->call<DeleteMsgResult>("deleteMsg", request);
         QCOMPARE(deleted->messageIds.size(), size_t(2));
         QCOMPARE(deleted->unreadCount, 2);
@@ -255,9 +181,8 @@ private Q_SLOTS:
     {
         NewMessageItem item = fullMessage();
         store(item);
-        VelaIpcArg request;
-        request.nameSpace = "KVelaIpcCallObj";
-        request.method = "setMsgWaitForUpdate";
+        auto request =
+            filled(&VelaIpcArg::nameSpace, "KVelaIpcCallObj", &VelaIpcArg::method, "setMsgWaitForUpdate");
         for (const bool waits : {false, true}) {
             request.argMap = {{"msgId", "full"}, {"waitForUpdate", waits ? "true" : "false"}};
             QCOMPARE(m_client->call<VelaIpcResult>("velaIpcCall", request)->state, 0);
@@ -273,9 +198,10 @@ private Q_SLOTS:
         const auto other = m_fixture->client();
         QCOMPARE(command(*other).first, std::string("MessageDbLoadFinish"));
         const auto run = [this](const QString &line) {
-            ZelBoxAsynCommandLineArg request;
-            request.commandline = line.toStdString();
-            return m_client->call<ZelBoxAsynCommandLineResult>("zelBoxAsynCommandLine", request)->state;
+            return m_client
+                ->call<ZelBoxAsynCommandLineResult>("zelBoxAsynCommandLine",
+                    filled(&ZelBoxAsynCommandLineArg::commandline, line.toStdString()))
+                ->state;
         };
         QCOMPARE(run("/noSuchCommand=1"_s), int(wire::ServiceError::InvalidArgument));
         QCOMPARE(run(commandLine("GetRadarMsg", "select * from metadata_zelbox_fileradar Order by Time Desc",
@@ -294,12 +220,73 @@ private Q_SLOTS:
     }
 
 private:
+    using Ids = std::vector<std::string>;
+    static NewMessageItem message(
+        const char *id, const char *topic, qint64 time, const char *file, const char *person)
+    {
+        NewMessageItem item;
+        item.messageId = id;
+        item.category = "document";
+        item.topic = topic;
+        item.type = "shared";
+        item.time = time;
+        item.fileId = file;
+        item.operatorId = person;
+        return item;
+    }
+    static NewMessageItem fullMessage()
+    {
+        NewMessageItem item = message("full", "zel.link", 1700000000123, "file", "person");
+        item.fileName = "Notes $$$$ #### 'x'.odt";
+        item.filePath = "/home/user/Notes.odt";
+        item.groupId = "group";
+        item.groupName = "Group";
+        item.parentId = "parent";
+        item.companyId = "company";
+        item.linkSid = "link";
+        item.operatorName = "Jürgen 山田";
+        item.operatorAvatar = "https://example.org/p.png";
+        item.deviceId = "device";
+        item.deviceName = "desk";
+        item.fileVersion = 9007199254740993;
+        item.waitForUpdate = true;
+        item.msgContent.title = "title";
+        item.msgContent.content = "line\nline";
+        item.msgContent.summary = "summary";
+        item.msgContent.url = "https://example.org/";
+        item.msgContent.iconUrl = "icon";
+        item.msgContent.ext = R"({"a": [1]})";
+        item.msgContent.buttons.resize(2);
+        item.msgContent.buttons[0].text = "Open";
+        item.msgContent.buttons[0].action = "openFile";
+        item.msgContent.buttons[0].target = "file";
+        item.msgContent.buttons[0].primary = true;
+        item.extraParam = {{"", "empty key"}, {"key", ""}};
+        return item;
+    }
+    template <class Items> static Ids idsOf(const Items &items)
+    {
+        Ids ids;
+        for (const auto &item : items) {
+            if constexpr (requires { item.messageId; })
+                ids.push_back(item.messageId);
+            else
+                ids.push_back(item.id);
+        }
+        return ids;
+    }
+    static QString commandLine(const char *command, const char *statement, const char *guid)
+    {
+        return "/%1=%2 /TaskGuid=%3"_s.arg(QLatin1String(command),
+            QString::fromLatin1(QByteArray(statement).toBase64()), QLatin1String(guid));
+    }
+
     StoreZelBoxMessageResult store(const NewMessageItem &item, bool replace = false)
     {
-        StoreZelBoxMessageArg request;
-        request.message = item;
-        request.replaceExisting = replace;
-        return m_client->call<StoreZelBoxMessageResult>("storeZelBoxMessage", request)
+        return m_client
+            ->call<StoreZelBoxMessageResult>("storeZelBoxMessage",
+                filled(
+                    &StoreZelBoxMessageArg::message, item, &StoreZelBoxMessageArg::replaceExisting, replace))
             .value_or(StoreZelBoxMessageResult());
     }
 

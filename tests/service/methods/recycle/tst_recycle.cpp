@@ -1,9 +1,6 @@
 #include "notify_types.h"
 #include "service/methods/drivefixture.h"
 
-#include <QDateTime>
-#include <QSemaphore>
-
 using namespace zel;
 using namespace zel::vela;
 
@@ -30,16 +27,12 @@ private Q_SLOTS:
         DriveFixture::write(fixture.local("new"), "local");
         const std::string before = fixture.idOf("d/a.txt").id;
         if (source == "copy"_s) {
-            CopyArg copy;
-            copy.item = fixture.idOf("a.txt");
-            copy.targetParentId = fixture.idOf("d").id;
-            copy.conflictPolicy = 2;
+            const auto copy = filled(&CopyArg::item, fixture.idOf("a.txt"), &CopyArg::targetParentId,
+                fixture.idOf("d").id, &CopyArg::conflictPolicy, 2);
             QCOMPARE(fixture.client.call<CopyResult>("copy", copy).state, 0);
         } else {
-            CreateFileArg create;
-            create.parentId = fixture.idOf("d").id;
-            create.name = "a.txt";
-            create.conflictPolicy = 2;
+            auto create = filled(&CreateFileArg::parentId, fixture.idOf("d").id, &CreateFileArg::name,
+                "a.txt", &CreateFileArg::conflictPolicy, 2);
             if (!source.isEmpty())
                 create.localPath = fixture.local("new").toStdString();
             const auto made = fixture.client.call<CreateFileResult>("createFile", create);
@@ -63,9 +56,7 @@ private Q_SLOTS:
         QTRY_COMPARE(pushes().size(), size_t(2));
         QCOMPARE(pushes()[0].items.at(0).recycleId, removed.recycleId);
 
-        GetRecycleBinListV5Arg page;
-        page.orderBy = "name";
-        page.count = 1;
+        auto page = filled(&GetRecycleBinListV5Arg::orderBy, "name", &GetRecycleBinListV5Arg::count, 1);
         auto bin = fixture.client.call<GetRecycleBinListV5Result>("getRecycleBinListV5", page);
         QCOMPARE(bin.items.at(0).name, std::string("a.txt"));
         QVERIFY(bin.hasMore);
@@ -128,9 +119,10 @@ private Q_SLOTS:
         QCOMPARE(
             fixture.client.call<ClearRecycleBinResult>("clearRecycleBin", ClearRecycleBinArg()).clearedCount,
             int64_t(1));
-        ClearRecycleBinV5Arg odd;
-        odd.deletedBefore = -1;
-        QCOMPARE(fixture.client.call<ClearRecycleBinV5Result>("clearRecycleBinV5", odd).state,
+        QCOMPARE(fixture.client
+                     .call<ClearRecycleBinV5Result>(
+                         "clearRecycleBinV5", filled(&ClearRecycleBinV5Arg::deletedBefore, -1))
+                     .state,
             int(wire::ServiceError::InvalidArgument));
     }
 

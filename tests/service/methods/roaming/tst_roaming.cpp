@@ -11,19 +11,15 @@ namespace {
 
 FileRecordItem use(const char *path, const char *device, const char *operation = "open", qint64 time = 1000)
 {
-    FileRecordItem event;
-    event.path = path;
-    event.deviceId = device;
-    event.operation = operation;
-    event.actionTime = time;
+    const auto event = filled(&FileRecordItem::path, path, &FileRecordItem::deviceId, device,
+        &FileRecordItem::operation, operation, &FileRecordItem::actionTime, time);
     return event;
 }
 
 AddRoamingRecordResult add(MethodClient &client, std::vector<FileRecordItem> events)
 {
-    AddRoamingRecordArg request;
-    request.records = std::move(events);
-    return client.call<AddRoamingRecordResult>("addRoamingRecord", request);
+    return client.call<AddRoamingRecordResult>(
+        "addRoamingRecord", filled(&AddRoamingRecordArg::records, std::move(events)));
 }
 
 GetRecentFilesResult list(MethodClient &client, GetRecentFilesArg request = {})
@@ -59,8 +55,7 @@ private Q_SLOTS:
 
     void identity()
     {
-        QFETCH(QString, first);
-        QFETCH(QString, second);
+        const auto [first, second] = zeltest::row<QString, QString>();
         DriveFixture fixture;
         for (const QStringList &given : {first.split(QLatin1Char('|')), second.split(QLatin1Char('|'))}) {
             FileRecordItem event =
@@ -146,10 +141,11 @@ private Q_SLOTS:
             request.roamingIds = {added.items[1].roamingId, "nobody's"};
         size_t removed = 0;
         if (kind == "emptied"_s) {
-            NotifyRecentFilesArg notice;
-            notice.action = 4;
-            removed =
-                3 - size_t(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).total);
+            removed = 3
+                - size_t(fixture.client
+                             .call<NotifyRecentFilesResult>(
+                                 "notifyRecentFiles", filled(&NotifyRecentFilesArg::action, 4))
+                             .total);
         } else {
             removed =
                 size_t(fixture.client.call<DelRoamingRecordResult>("delRoamingRecord", request).removedCount);
@@ -194,8 +190,7 @@ private Q_SLOTS:
         QCOMPARE(result.state, 0);
         QCOMPARE(result.failedItems.size(), size_t(2));
         QCOMPARE(result.items.size(), size_t(1));
-        NotifyRecentFilesArg notice;
-        notice.action = 9;
+        auto notice = filled(&NotifyRecentFilesArg::action, 9);
         QCOMPARE(fixture.client.call<NotifyRecentFilesResult>("notifyRecentFiles", notice).state,
             int(wire::ServiceError::InvalidArgument));
         notice.action = 1;
@@ -234,8 +229,7 @@ private Q_SLOTS:
         QCOMPARE(first.items.size() + second.items.size(), items.size());
         QVERIFY(!second.hasMore);
 
-        GetRecentFileInfoListArg infos;
-        infos.count = 1000;
+        auto infos = filled(&GetRecentFileInfoListArg::count, 1000);
         const auto all = client.call<GetRecentFileInfoListResult>("getRecentFileInfoList", infos);
         QVERIFY(all.hasMore && all.items.size() > 500 && all.items.size() <= first.items.size());
         infos.roamingIds = {"nobody's"};
@@ -267,9 +261,7 @@ private Q_SLOTS:
     void otherUsersAreApart()
     {
         DriveFixture fixture;
-        RecentFileItem item;
-        item.roamingId = "r1";
-        item.path = "/a";
+        auto item = filled(&RecentFileItem::roamingId, "r1", &RecentFileItem::path, "/a");
         const QString other = "u2"_s;
         QCOMPARE(fixture.roaming.add(other, {item}, {}).error, wire::ServiceError::None);
         item.path = "/b";

@@ -4,9 +4,6 @@
 #include "service/methods/clouddocuments.h"
 #include "service/servicefixture.h"
 
-#include <QJsonDocument>
-#include <QJsonObject>
-
 using namespace zel;
 using namespace zel::vela;
 
@@ -62,8 +59,7 @@ private Q_SLOTS:
 
     void counts()
     {
-        QFETCH(QString, steps);
-        QFETCH(QString, counts);
+        const auto [steps, counts] = zeltest::row<QString, QString>();
         for (const QString &step : steps.split(QLatin1Char(' ')))
             perform(step);
         QCOMPARE(countsNow(), counts);
@@ -160,9 +156,8 @@ private:
         DelRoamingRecordArg remove;
         remove.fileIds = {"7"};
         remove.allRecords = step == "removeAll"_s;
-        VelaIpcArg envelope;
-        envelope.nameSpace = "KVelaIpcCallObj";
-        envelope.method = "delRoamingFileRecord";
+        auto envelope =
+            filled(&VelaIpcArg::nameSpace, "KVelaIpcCallObj", &VelaIpcArg::method, "delRoamingFileRecord");
         envelope.argMap["fileIds"] = "5|7";
         if (step.startsWith("remove"_s)) {
             QVERIFY(m_box->call<DelRoamingRecordResult>("delRoamingRecord", remove)->removedCount > 0);

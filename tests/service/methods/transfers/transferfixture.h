@@ -60,35 +60,35 @@ public:
     }
     std::string upload(const QString &path, int policy = 0, int priority = 0)
     {
-        zel::vela::UploadFileArg request;
-        request.filePath = path.toStdString();
-        request.conflictPolicy = policy;
-        request.priority = priority;
-        return client.call<zel::vela::UploadFileResult>("uploadFile", request).taskId;
+        return client
+            .call<zel::vela::UploadFileResult>("uploadFile",
+                filled(&zel::vela::UploadFileArg::filePath, path.toStdString(),
+                    &zel::vela::UploadFileArg::conflictPolicy, policy, &zel::vela::UploadFileArg::priority,
+                    priority))
+            .taskId;
     }
     std::string uploadFolder(const QString &path, int policy = 0)
     {
-        zel::vela::UploadFolderToCloudArg request;
-        request.folderPath = path.toStdString();
-        request.conflictPolicy = policy;
+        auto request = filled(&zel::vela::UploadFolderToCloudArg::folderPath, path.toStdString(),
+            &zel::vela::UploadFolderToCloudArg::conflictPolicy, policy);
         request.excludedSuffixes = {"tmp"};
         return client.call<zel::vela::VelaIpcResult>("folderUpload", request).resultList.at(0);
     }
     std::string download(const zel::vela::CloudItemId &item, const QString &target, int policy = 0)
     {
-        zel::vela::DownloadCloudFileArg request;
-        request.item = item;
-        request.targetPath = target.toStdString();
-        request.conflictPolicy = policy;
-        return client.call<zel::vela::DownloadCloudFileResult>("downloadFileFromCloud", request).taskId;
+        return client
+            .call<zel::vela::DownloadCloudFileResult>("downloadFileFromCloud",
+                filled(&zel::vela::DownloadCloudFileArg::item, item,
+                    &zel::vela::DownloadCloudFileArg::targetPath, target.toStdString(),
+                    &zel::vela::DownloadCloudFileArg::conflictPolicy, policy))
+            .taskId;
     }
     /// Pauses, continues, cancels and so on, by the service's numbers.
     zel::vela::UpdateTransferInfoResult update(const std::vector<std::string> &ids, int operation)
     {
-        zel::vela::UpdateTransferInfoArg request;
-        request.taskIds = ids;
-        request.operation = operation;
-        return client.call<zel::vela::UpdateTransferInfoResult>("updateTransferInfo", request);
+        return client.call<zel::vela::UpdateTransferInfoResult>("updateTransferInfo",
+            filled(&zel::vela::UpdateTransferInfoArg::taskIds, ids,
+                &zel::vela::UpdateTransferInfoArg::operation, operation));
     }
     std::string errorOf(const std::string &id)
     {

@@ -33,8 +33,7 @@ private Q_SLOTS:
 
     void uploads()
     {
-        QFETCH(bool, folder);
-        QFETCH(int, policy);
+        const auto [folder, policy] = zeltest::row<bool, int>();
         TransferFixture fixture;
         fixture.fill({"a.txt=drive"_s, "f/a.txt=drive"_s, "f/old.txt"_s});
         DriveFixture::write(fixture.local("l/a.txt"), "local");
@@ -81,17 +80,15 @@ private Q_SLOTS:
 
     void downloads()
     {
-        QFETCH(QString, item);
-        QFETCH(int, policy);
+        const auto [item, policy] = zeltest::row<QString, int>();
         TransferFixture fixture;
         fixture.fill({"a.txt=drive"_s, "b.txt=drive"_s, "f/a.txt=drive"_s, "f/e/"_s});
         DriveFixture::write(fixture.local("l/a.txt"), "mine");
         DriveFixture::write(fixture.local("l/f/a.txt"), "mine");
-        DownloadCloudFileArg request;
-        request.item = fixture.idOf(qPrintable(item));
-        request.targetPath = fixture.local("l/").toStdString();
-        request.conflictPolicy = policy;
-        const auto result = fixture.client.call<DownloadCloudFileResult>("downloadFileFromCloud", request);
+        const auto result = fixture.client.call<DownloadCloudFileResult>("downloadFileFromCloud",
+            filled(&DownloadCloudFileArg::item, fixture.idOf(qPrintable(item)),
+                &DownloadCloudFileArg::targetPath, fixture.local("l/").toStdString(),
+                &DownloadCloudFileArg::conflictPolicy, policy));
         QTEST(result.state, "state");
         QCOMPARE(result.taskId.empty(), result.state != 0);
         if (result.state == 0)
@@ -117,9 +114,7 @@ private Q_SLOTS:
 
     void permissions()
     {
-        QFETCH(bool, up);
-        QFETCH(int, source);
-        QFETCH(int, replaced);
+        const auto [up, source, replaced] = zeltest::row<bool, int, int>();
         TransferFixture fixture;
         const QString here = fixture.local("l/a.txt");
         const QString there = fixture.inDrive("a.txt");
@@ -168,8 +163,7 @@ private Q_SLOTS:
 
     void stoppedInTheMiddle()
     {
-        QFETCH(bool, up);
-        QFETCH(bool, end);
+        const auto [up, end] = zeltest::row<bool, bool>();
         TransferFixture fixture;
         std::string id;
         if (up) {
@@ -221,8 +215,7 @@ private Q_SLOTS:
 
     void goesOnAfterRestart()
     {
-        QFETCH(QString, there);
-        QFETCH(bool, source);
+        const auto [there, source] = zeltest::row<QString, bool>();
         TransferFixture fixture;
         const QString path = fixture.local("a.txt");
         DriveFixture::write(path, "content");

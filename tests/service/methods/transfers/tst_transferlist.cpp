@@ -1,7 +1,5 @@
 #include "transferfixture.h"
 
-#include <QElapsedTimer>
-
 using namespace zel;
 using namespace zel::vela;
 using service::TransferState;
@@ -26,15 +24,13 @@ private Q_SLOTS:
 
     void refusedAtOnce()
     {
-        QFETCH(QString, path);
-        QFETCH(QString, name);
+        const auto [path, name] = zeltest::row<QString, QString>();
         TransferFixture fixture;
         fixture.fill({"a.txt=drive"_s});
         DriveFixture::write(fixture.local("l/a.txt"), "local");
-        UploadFileArg request;
-        request.filePath = QString(fixture.local("l/") + path).toStdString();
-        request.newName = name.toStdString();
-        const auto result = fixture.client.call<UploadFileResult>("uploadFile", request);
+        const auto result = fixture.client.call<UploadFileResult>("uploadFile",
+            filled(&UploadFileArg::filePath, QString(fixture.local("l/") + path).toStdString(),
+                &UploadFileArg::newName, name.toStdString()));
         QTEST(result.state, "error");
         QVERIFY(result.taskId.empty());
         if (result.state == int(wire::ServiceError::Exists))
@@ -119,9 +115,7 @@ private Q_SLOTS:
                 .unreadCount;
         };
         QCOMPARE(unread(), 2);
-        UpdateTransferInfoArg update;
-        update.allTasks = true;
-        update.operation = 6;
+        auto update = filled(&UpdateTransferInfoArg::allTasks, true, &UpdateTransferInfoArg::operation, 6);
         QCOMPARE(fixture.client.call<UpdateTransferInfoResult>("updateTransferInfo", update).tasks.size(),
             size_t(2));
         QCOMPARE(unread(), 0);
@@ -154,10 +148,9 @@ private Q_SLOTS:
     void takenOffWhilePaused()
     {
         TransferFixture fixture;
-        UploadFileArg upload;
-        upload.filePath = fixture.makeLarge(fixture.local("large")).toStdString();
-        upload.waitUntilDone = true;
-        const int32_t call = fixture.client.send("uploadFile", upload);
+        const int32_t call = fixture.client.send("uploadFile",
+            filled(&UploadFileArg::filePath, fixture.makeLarge(fixture.local("large")).toStdString(),
+                &UploadFileArg::waitUntilDone, true));
         QTRY_COMPARE(fixture.runner->running().size(), 1);
         const QString id = fixture.runner->running().at(0);
         fixture.runner->pause(id);
@@ -208,8 +201,7 @@ private Q_SLOTS:
 
     void refusedPaths()
     {
-        QFETCH(bool, up);
-        QFETCH(QString, path);
+        const auto [up, path] = zeltest::row<bool, QString>();
         TransferFixture fixture;
         fixture.fill({"d/e/f.txt"_s});
         QVERIFY(QDir().mkpath(fixture.local("other")));
