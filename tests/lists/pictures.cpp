@@ -3,7 +3,6 @@
 #include "lists/ui/columnheadings.h"
 #include "lists/ui/listrow.h"
 #include "support/picturerun.h"
-#include "support/text.h"
 
 #include <QPainter>
 

@@ -5,96 +5,72 @@
 #include "mini/ui/zelboxminiwindow.h"
 #include "recentfile/fakes.h"
 #include "support/picturerun.h"
-#include "support/text.h"
 #include "tray/trayimage.h"
 
-#include <QApplication>
-#include <QDir>
 #include <QLineEdit>
 #include <QPainter>
-#include <QTest>
 
 using namespace recenttest;
 
 namespace {
 
-RecordInfoList records(const QDateTime &now)
+RecordInfoList records()
 {
-    const char *names[] = {"Documents/Budget 2024.xlsx", "Documents/Reports/Quarterly report.odt",
-        "文档/二零二四年第一季度财务报告及市场分析总结.pptx",
-        "Downloads/A very long name that somebody gave to the minutes of the meeting (final) (2).docx",
-        "Pictures/Holiday/DSC_0042.jpg", "Музыка/Концерт.flac", "src/parser.cpp", "Documents/Letter.pdf",
-        "notes.txt"};
-    RecordInfoList list;
-    for (const char *name : names) {
-        const int i = list.size();
-        RecentFileInfo info = record(QString::number(i), now.addSecs(-i * i * 9000LL - 180));
-        info.path = QDir::homePath() + QLatin1Char('/') + QString::fromUtf8(name);
-        info.presence = i == 4 ? RecentFileInfo::Presence::Missing : RecentFileInfo::Presence::Present;
-        info.pinned = i == 7;
-        list << info;
-    }
+    auto list = recordsAtHome(
+        {"Documents/Budget 2024.xlsx", "Documents/Reports/Quarterly report.odt",
+            "文档/二零二四年第一季度财务报告及市场分析总结.pptx",
+            "Downloads/A very long name that somebody gave to the minutes of the meeting (final) (2).docx",
+            "Pictures/Holiday/DSC_0042.jpg", "Музыка/Концерт.flac", "src/parser.cpp", "Documents/Letter.pdf",
+            "notes.txt"},
+        9, [](qint64 i) { return i * i * 9000; });
+    for (RecentFileInfo &info : list)
+        info.presence = RecentFileInfo::Presence::Present;
+    list[4].presence = RecentFileInfo::Presence::Missing;
+    list[7].pinned = true;
     return list;
 }
 
-class Scene
+void paint(const PictureRun &run)
 {
-public:
-    explicit Scene(const PictureRun &run) : m_run(run) { }
-
-    KRecentFileLogic::Services services(const RecordInfoList &content)
+    FakeStore store;
+    KRecentFileEvents events;
+    FakeOpener opener;
+    store.content = records();
+    const KRecentFileLogic::Services services{&store, &events, &opener};
+    const auto save = [&](const char *name, QWidget &widget, const QString &text = {}) {
+        if (!text.isEmpty())
+            widget.findChild<QLineEdit *>()->setText(text);
+        QTest::qWait(300);
+        run.save(name, &widget);
+    };
     {
-        m_store.content = content;
-        return {&m_store, &m_events, &m_opener};
+        ZelBoxMiniWindow window(nullptr, services);
+        window.showToFront();
+        save("mini", window);
+        QTest::keyClick(window.findChild<QLineEdit *>(), Qt::Key_Down);
+        window.setPinned(true);
+        save("mini-pinned", window);
+        window.setPinned(false);
+        save("mini-nothing", window, "no such name"_s);
     }
-    void save(const char *name, const QPixmap &picture) const { m_run.save(QLatin1String(name), picture); }
-    void save(const char *name, QWidget &widget) const { m_run.save(QLatin1String(name), &widget); }
-
-private:
-    const PictureRun &m_run;
-    FakeStore m_store;
-    KRecentFileEvents m_events;
-    FakeOpener m_opener;
-};
-
-void miniWindow(Scene &scene, const RecordInfoList &content)
-{
-    ZelBoxMiniWindow window(nullptr, scene.services(content));
-    window.showToFront();
-    QTest::qWait(300);
-    scene.save("mini", window);
-    QTest::keyClick(window.findChild<QLineEdit *>(), Qt::Key_Down);
-    window.setPinned(true);
-    scene.save("mini-pinned", window);
-    window.setPinned(false);
-    window.findChild<QLineEdit *>()->setText("no such name"_s);
-    scene.save("mini-nothing", window);
-    window.hide();
-
     QWidget desk;
     desk.resize(60, 300);
     MiniStrip strip(&desk);
     strip.setGeometry(55, 0, 5, 300);
     desk.show();
-    scene.save("mini-strip", desk);
-}
-
-void quickSearch(Scene &scene, const RecordInfoList &content)
-{
-    ZelBoxMiniWidget widget(nullptr, scene.services(content));
+    save("mini-strip", desk);
+    ZelBoxMiniWidget widget(nullptr, services);
     widget.showWithFocus();
-    QTest::qWait(300);
-    scene.save("quick", widget);
-    widget.findChild<QLineEdit *>()->setText("report"_s);
-    scene.save("quick-found", widget);
-    ZelBoxMiniWidget empty(nullptr, scene.services({}));
+    save("quick", widget);
+    save("quick-found", widget, "report"_s);
+    store.content.clear();
+    ZelBoxMiniWidget empty(nullptr, services);
     empty.showWithFocus();
-    QTest::qWait(300);
-    scene.save("quick-empty", empty);
+    save("quick-empty", empty);
 }
 
 // Each size as it is, and below it eight times as large, on light and dark panels.
-void trayIcons(Scene &scene)
+QPixmap trayIcons()
 {
     QPixmap sheet(1500, 620);
     sheet.fill(QColor(0xee, 0xee, 0xee));
@@ -111,8 +87,7 @@ void trayIcons(Scene &scene)
             }
         }
     }
-    painter.end();
-    scene.save("tray", sheet);
+    return sheet;
 }
 
 } // namespace
@@ -120,11 +95,7 @@ void trayIcons(Scene &scene)
 int main(int argc, char **argv)
 {
     const PictureRun run(argc, argv);
-    const FixedNow now(at("2024-03-20 14:30"_s));
-    Scene scene(run);
-    const RecordInfoList content = records(zel::now());
-    miniWindow(scene, content);
-    quickSearch(scene, content);
-    trayIcons(scene);
+    paint(run);
+    run.save("tray", trayIcons());
     return 0;
 }

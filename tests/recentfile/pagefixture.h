@@ -11,10 +11,7 @@
 #include "support/fakecloud.h"
 #include "widgets/noticebar.h"
 
-#include <QFile>
 #include <QPushButton>
-#include <QTest>
-#include <memory>
 
 namespace recenttest {
 
@@ -26,6 +23,7 @@ protected:
 
     void clear()
     {
+        m_recent.reset();
         for (const char *key :
             {"recentFileLoadingOuttimeTime", "RecentRecordType", "zelbox_remind_msg", "zelbox_ignore_msg"})
             set(QString::fromLatin1(key), {});
@@ -53,10 +51,15 @@ protected:
     /// Records "0", "1" … of a second each, newest first; the page waits for its first load.
     void make(int rows, bool ready = true)
     {
-        m_store.ready = ready;
-        m_store.content.clear();
+        RecordInfoList records;
         for (int i = 0; i < rows; ++i)
-            m_store.content << record(QString::number(i), QDateTime::currentMSecsSinceEpoch() - i * 1000);
+            records << record(QString::number(i), QDateTime::currentMSecsSinceEpoch() - i * 1000);
+        make(records, ready);
+    }
+    void make(const RecordInfoList &records, bool ready)
+    {
+        m_store.ready = ready;
+        m_store.content = records;
         m_recent = std::make_unique<ZelBoxRecentFile>(
             ZelBoxRecentFile::Services{m_proxy.get(), &m_store, m_events.get(), &m_opener, &m_trash});
         page()->resize(700, 500);

@@ -1,17 +1,13 @@
 // Paints the pages of the settings, for people to look at (support/picturerun.h). ZEL_CLOUD names the
 // service's program; without it the cloud page is shown as it is when nobody answers.
 #include "kcloudsvrproxy.h"
-#include "krt/krt.h"
 #include "settings/ui/keyfield.h"
 #include "settings/ui/kzelboxcloudsettingsdlg.h"
 #include "support/picturerun.h"
 #include "support/serviceprocess.h"
 #include "widgets/shortcuts.h"
 
-#include <QApplication>
 #include <QPushButton>
-#include <QScrollBar>
-#include <QTest>
 
 namespace {
 
@@ -24,31 +20,32 @@ void waitForLogin(KCloudSvrProxy &cloud)
 
 void pages(const PictureRun &run, KZelBoxCloudSettingsDlg &dialog)
 {
-    const auto save = [&](const QString &name, QWidget *widget) { run.save(name, widget); };
+    dialog.show();
+    QVERIFY(QTest::qWaitForWindowActive(&dialog));
     for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"}) {
         dialog.setParameter(QLatin1String(page));
-        save(QLatin1String(page), &dialog);
+        run.save(page, &dialog);
     }
     auto *exit = dialog.findChild<KeyField *>("window.exit"_s);
     exit->click();
-    save("shortcuts-waiting"_s, &dialog);
+    run.save("shortcuts-waiting"_s, &dialog);
     QTest::keyClick(exit, Qt::Key_W, Qt::ControlModifier);
     zel::Shortcuts::instance()->setKeys("page.1"_s, {});
-    save("shortcuts-taken"_s, &dialog);
+    run.save("shortcuts-taken"_s, &dialog);
     zel::Shortcuts::instance()->resetAll();
     dialog.setParameter("privacy"_s);
     for (QPushButton *button : dialog.findChildren<QPushButton *>()) {
         if (!button->isVisible() || !button->text().endsWith(QChar(0x2026)) || !button->isEnabled())
             continue;
         button->click();
-        save("privacy-clear"_s, QApplication::activeModalWidget());
+        run.save("privacy-clear"_s, QApplication::activeModalWidget());
         QTest::keyClick(QApplication::activeModalWidget(), Qt::Key_Escape);
         break;
     }
     dialog.resize(640, 480);
     for (const char *page : {"general", "recent", "cloud", "privacy", "shortcuts"}) {
         dialog.setParameter(QLatin1String(page));
-        save(QLatin1String(page) + "-small"_s, &dialog);
+        run.save(QLatin1String(page) + "-small"_s, &dialog);
     }
 }
 
@@ -67,7 +64,6 @@ int main(int argc, char **argv)
     }
     KSkin skin;
     KZelBoxCloudSettingsDlg dialog(&skin, &cloud);
-    PictureRun::show(&dialog);
     pages(run, dialog);
     return 0;
 }

@@ -5,18 +5,14 @@
 #include "klook.h"
 #include "krt/krt.h"
 #include "kskin.h"
-#include "support/text.h"
+#include "support/testclock.h"
 
 #include <QApplication>
-#include <QLocale>
-#include <QPixmap>
-#include <QTest>
-#include <QTranslator>
-#include <QWidget>
 
 /// A program that paints pictures for people: `<program> <folder> [dark] [2x] [<locale>]`. Makes the
-/// application, the look and the language, and gives each file its name, as in "menu-dark-zh_CN-2x.png". The
-/// resources are those of the build, or those in the folder that ZEL_RESOURCES names.
+/// application, the look, the language and the time, and gives each file its name, as in
+/// "menu-dark-zh_CN-2x.png". The resources are those of the build, or those in the folder that ZEL_RESOURCES
+/// names.
 class PictureRun
 {
 public:
@@ -47,23 +43,16 @@ public:
             + "-%1x.png"_s.arg(qApp->devicePixelRatio());
     }
 
-    void save(const QString &name, const QPixmap &picture) const
+    void save(const zeltest::Text &name, const QPixmap &picture) const
     {
-        if (!picture.save(m_folder + QLatin1Char('/') + name + m_suffix))
-            qFatal("cannot save %s in %s", qPrintable(name), qPrintable(m_folder));
+        if (!picture.save(m_folder + QLatin1Char('/') + name.text() + m_suffix))
+            qFatal("cannot save %s in %s", qPrintable(name.text()), qPrintable(m_folder));
     }
     /// What `widget` shows once what moves in it has come to rest.
-    void save(const QString &name, QWidget *widget) const
+    void save(const zeltest::Text &name, QWidget *widget) const
     {
         QTest::qWait(KSkin::animationDuration(zel::look::Motion) + 80);
         save(name, widget->grab());
-    }
-    /// Shows a window and waits until it has the keyboard.
-    static void show(QWidget *window)
-    {
-        window->show();
-        if (!QTest::qWaitForWindowActive(window))
-            qFatal("the window does not show");
     }
 
 private:
@@ -81,4 +70,5 @@ private:
     QTranslator m_translator;
     QString m_folder;
     QString m_suffix;
+    const zeltest::FixedNow m_now{zeltest::at("2024-03-20 14:30"_s)};
 };

@@ -2,11 +2,11 @@
 // states, each light and dark and in high contrast.
 // ZEL_RESOURCES=<folder of the resource bundle> widgets_pictures <folder> [text scale]; QT_SCALE_FACTOR=2 for
 // high resolution.
-#include "support/text.h"
-#include "widgets/contactsheet.h"
-
 #include "kcoreapplication.h"
 #include "kliteskin.h"
+#include "klitestyle.h"
+#include "klook.h"
+#include "kskin.h"
 #include "skinstate.h"
 #include "widgets/boxdialog.h"
 #include "widgets/chip.h"
@@ -19,39 +19,73 @@
 #include "widgets/svgicon.h"
 #include "widgets/toggle.h"
 
-#include <QComboBox>
-#include <QDialogButtonBox>
-#include <QDir>
-#include <QHBoxLayout>
-#include <QLabel>
-#include <QListWidget>
-#include <QMenu>
-#include <QMetaEnum>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QScrollBar>
-#include <QSlider>
-#include <QSpinBox>
-#include <QTabBar>
-#include <QTest>
+#include <QtWidgets>
 
 namespace look = zel::look;
 
 namespace {
 
 enum class State { Normal, Hovered, Pressed, Focused, Disabled };
-constexpr State AllStates[] = {
-    State::Normal, State::Hovered, State::Pressed, State::Focused, State::Disabled};
+using Properties = std::initializer_list<std::pair<const char *, QVariant>>;
+constexpr int Gap = 12;
 
 QString icon(const char *name)
 {
     return ":/icons_svg/%1.svg"_s.arg(QLatin1String(name));
 }
 
+/// Rows of pictures with a caption each, put together to one image.
+class ContactSheet : public QWidget
+{
+public:
+    ContactSheet()
+    {
+        QPalette colors = palette();
+        colors.setColor(QPalette::Window, KSkin::color(KSkin::Color::Surface));
+        setPalette(colors);
+        m_rows->setContentsMargins(2 * Gap, 2 * Gap, 2 * Gap, 3 * Gap);
+        m_rows->setSpacing(Gap);
+    }
+    void heading(const zeltest::Text &text)
+    {
+        m_rows->addWidget(caption(text, look::Type::Title, KSkin::Color::Text, {600, 28}));
+    }
+    void row(const zeltest::Text &text, const QVector<QPixmap> &cells)
+    {
+        auto *line = new QHBoxLayout;
+        line->setSpacing(0);
+        line->addWidget(caption(text, look::Type::Caption, KSkin::Color::TextSecondary, {150, 18}));
+        for (const QPixmap &cell : cells) {
+            auto *label = new QLabel;
+            label->setPixmap(cell);
+            line->addWidget(label);
+            line->addSpacing(Gap);
+        }
+        line->addStretch();
+        m_rows->addLayout(line);
+    }
+
+private:
+    static QLabel *caption(const QString &text, look::Type type, KSkin::Color color, const QSize &size)
+    {
+        auto *label = new QLabel(text);
+        label->setFont(look::font(type));
+        QPalette colors = label->palette();
+        colors.setColor(QPalette::WindowText, KSkin::color(color));
+        label->setPalette(colors);
+        label->setFixedSize(size.width(), text.contains(QLatin1Char('\n')) ? 48 : size.height());
+        return label;
+    }
+
+    QVBoxLayout *m_rows = new QVBoxLayout(this);
+};
+
 /// Shows widgets one after the other in an active window and takes their pictures.
 class Studio
 {
 public:
+    ContactSheet sheet;
+
     Studio()
     {
         m_window.resize(900, 700);
@@ -60,7 +94,7 @@ public:
             qFatal("the window does not show");
     }
 
-    QPixmap shot(QWidget *widget, State state = State::Normal, QSize size = {})
+    QPixmap shot(QWidget *widget, const QSize &size = {}, State state = State::Normal)
     {
         widget->setParent(&m_window);
         widget->move(40, 40);
@@ -81,13 +115,28 @@ public:
         return picture;
     }
 
-    /// The widget in every state.
-    QVector<QPixmap> states(QWidget *widget, QSize size = {})
+    /// A row of the widget in every state; it goes afterwards.
+    void states(const char *caption, QWidget *widget, Properties properties = {}, const QSize &size = {})
     {
+        for (const auto &[name, value] : properties)
+            widget->setProperty(name, value);
         QVector<QPixmap> pictures;
-        for (const State state : AllStates)
-            pictures.append(shot(widget, state, size));
-        return pictures;
+        for (const auto state :
+            {State::Normal, State::Hovered, State::Pressed, State::Focused, State::Disabled})
+            pictures.append(shot(widget, size, state));
+        sheet.row(caption, pictures);
+        delete widget;
+    }
+
+    /// A row of what is painted on a cell of its own.
+    template <class Paint> void painted(const zeltest::Text &caption, const QSize &size, const Paint &paint)
+    {
+        QPixmap picture(size * ratio());
+        picture.setDevicePixelRatio(ratio());
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        paint(painter);
+        sheet.row(caption, {picture});
     }
 
     qreal ratio() const { return m_window.devicePixelRatioF(); }
@@ -96,46 +145,32 @@ private:
     QWidget m_window;
 };
 
-QPixmap blank(const QSize &size, qreal ratio)
+void colorsAndType(Studio &studio)
 {
-    QPixmap picture(size * ratio);
-    picture.setDevicePixelRatio(ratio);
-    picture.fill(Qt::transparent);
-    return picture;
-}
-
-void palette(ContactSheet &sheet, qreal ratio)
-{
-    sheet.heading("Colours"_s);
-    const QMetaEnum names = QMetaEnum::fromType<KSkin::Color>();
+    studio.sheet.heading("Colours");
+    const QMetaEnum colors = QMetaEnum::fromType<KSkin::Color>();
     for (int role = 0; role < KSkin::ColorCount; ++role) {
-        QPixmap swatch = blank({160, 24}, ratio);
-        QPainter painter(&swatch);
-        painter.setPen(KSkin::color(KSkin::Color::Border));
-        painter.setBrush(KSkin::color(KSkin::Color(role)));
-        painter.drawRoundedRect(0, 0, 159, 23, look::RadiusSmall, look::RadiusSmall);
-        sheet.row(QLatin1String(names.key(role)), {swatch});
+        studio.painted(colors.key(role), {160, 24}, [&](QPainter &painter) {
+            painter.setPen(KSkin::color(KSkin::Color::Border));
+            painter.setBrush(KSkin::color(KSkin::Color(role)));
+            painter.drawRoundedRect(0, 0, 159, 23, look::RadiusSmall, look::RadiusSmall);
+        });
     }
-}
-
-void typeScale(ContactSheet &sheet, qreal ratio)
-{
-    sheet.heading("Type"_s);
+    studio.sheet.heading("Type");
     const char *names[] = {"Caption", "Body", "Strong", "Subtitle", "Title", "Display"};
     for (int type = 0; type < 6; ++type) {
-        QPixmap line = blank({560, 34}, ratio);
-        QPainter painter(&line);
-        painter.setFont(look::font(look::Type(type)));
-        painter.setPen(KSkin::color(KSkin::Color::Text));
-        painter.drawText(line.rect(), Qt::AlignLeft | Qt::AlignTop,
-            "Recent documents 0123 最近的文档 云文档 議事録 최근 문서"_s);
-        sheet.row(QLatin1String(names[type]), {line});
+        studio.painted(names[type], {560, 34}, [&](QPainter &painter) {
+            painter.setFont(look::font(look::Type(type)));
+            painter.setPen(KSkin::color(KSkin::Color::Text));
+            painter.drawText(QRect(0, 0, 560, 34), Qt::AlignLeft | Qt::AlignTop,
+                "Recent documents 0123 最近的文档 云文档 議事録 최근 문서"_s);
+        });
     }
 }
 
-void icons(ContactSheet &sheet, qreal ratio)
+void icons(Studio &studio)
 {
-    sheet.heading("Icons at 12, 16, 18, 24, 32 and 48"_s);
+    studio.sheet.heading("Icons at 12, 16, 18, 24, 32 and 48");
     const QColor ink = KSkin::color(KSkin::Color::Text);
     QVector<QPixmap> line;
     QStringList caption;
@@ -144,81 +179,59 @@ void icons(ContactSheet &sheet, qreal ratio)
         if (file.startsWith("empty_"_s))
             continue;
         for (const int side : {12, 16, 18, 24, 32, 48})
-            line.append(zel::tintedPixmap(":/icons_svg/"_s + file, {side, side}, ratio, ink));
+            line.append(zel::tintedPixmap(":/icons_svg/"_s + file, {side, side}, studio.ratio(), ink));
         caption.append(file.chopped(4));
         if (caption.size() == 3 || file == files.last()) {
-            sheet.row(caption.join(QLatin1Char('\n')), line);
+            studio.sheet.row(caption.join(QLatin1Char('\n')), line);
             caption.clear();
             line.clear();
         }
     }
 }
 
-void buttons(ContactSheet &sheet, Studio &studio)
+void buttons(Studio &studio)
 {
-    sheet.heading("Normal, hovered, pressed, focused, disabled"_s);
-    QPushButton plain("Cancel 取消"_s);
-    sheet.row("button"_s, studio.states(&plain));
-    QPushButton primary("Open 打开"_s);
-    primary.setAutoDefault(false);
-    primary.setDefault(true);
-    sheet.row("default button"_s, studio.states(&primary));
-    IconButton iconButton(icon("settings"), "Settings"_s);
-    sheet.row("icon button"_s, studio.states(&iconButton));
-    Chip chip("Spreadsheets 表格"_s);
-    sheet.row("chip"_s, studio.states(&chip));
-    chip.setChecked(true);
-    sheet.row("chip, chosen"_s, studio.states(&chip));
+    studio.sheet.heading("Normal, hovered, pressed, focused, disabled");
+    studio.states("button", new QPushButton("Cancel 取消"_s));
+    studio.states(
+        "default button", new QPushButton("Open 打开"_s), {{"autoDefault", false}, {"default", true}});
+    studio.states("icon button", new IconButton(icon("settings"), "Settings"_s));
+    studio.states("chip", new Chip("Spreadsheets 表格"_s));
+    studio.states("chip, chosen", new Chip("Spreadsheets 表格"_s), {{"checked", true}});
     for (const bool on : {false, true}) {
-        QCheckBox check("Start with the session 开机启动"_s);
-        check.setChecked(on);
-        sheet.row("check box"_s, studio.states(&check));
-        QRadioButton radio("Dark 深色"_s);
-        radio.setChecked(on);
-        sheet.row("radio button"_s, studio.states(&radio));
-        Toggle toggle("Toggle"_s);
-        toggle.setChecked(on);
-        sheet.row("switch"_s, studio.states(&toggle));
+        studio.states("check box", new QCheckBox("Start with the session 开机启动"_s), {{"checked", on}});
+        studio.states("radio button", new QRadioButton("Dark 深色"_s), {{"checked", on}});
+        studio.states("switch", new Toggle("Toggle"_s), {{"checked", on}});
     }
-    QCheckBox partly("Some"_s);
-    partly.setCheckState(Qt::PartiallyChecked);
-    sheet.row("check box, partly"_s, studio.states(&partly));
+    auto *partly = new QCheckBox("Some"_s);
+    partly->setCheckState(Qt::PartiallyChecked);
+    studio.states("check box, partly", partly);
 }
 
-void fields(ContactSheet &sheet, Studio &studio)
+void fields(Studio &studio)
 {
     const QSize wide(KLiteStyle::dpiScaled(180), KLiteStyle::dpiScaled(look::ControlHeight));
-    QLineEdit edit;
-    edit.setPlaceholderText("Name 名称"_s);
-    sheet.row("line edit"_s, studio.states(&edit, wide));
-    edit.setText("Report 报告.docx"_s);
-    sheet.row("line edit, filled"_s, studio.states(&edit, wide));
-    SearchField search("Search files 搜索"_s);
-    sheet.row("search field"_s, studio.states(&search, wide));
-    search.setText("report 报告"_s);
-    sheet.row("search field, filled"_s, studio.states(&search, wide));
-    QComboBox combo;
-    combo.addItems({"As the desktop 跟随系统"_s, "Light"_s});
-    sheet.row("combo box"_s, studio.states(&combo, wide));
-    QSpinBox spin;
-    sheet.row("spin box"_s, studio.states(&spin));
-    QSlider slider(Qt::Horizontal);
-    slider.setValue(40);
-    sheet.row("slider"_s, studio.states(&slider, {180, 24}));
-    QScrollBar bar(Qt::Horizontal);
-    sheet.row("scroll bar"_s, studio.states(&bar, {180, 8}));
+    studio.states("line edit", new QLineEdit, {{"placeholderText", "Name 名称"_s}}, wide);
+    studio.states("line edit, filled", new QLineEdit("Report 报告.docx"_s), {}, wide);
+    studio.states("search field", new SearchField("Search files 搜索"_s), {}, wide);
+    studio.states("search field, filled", new SearchField({}), {{"text", "report 报告"_s}}, wide);
+    auto *combo = new QComboBox;
+    combo->addItems({"As the desktop 跟随系统"_s, "Light"_s});
+    studio.states("combo box", combo, {}, wide);
+    studio.states("spin box", new QSpinBox);
+    studio.states("slider", new QSlider(Qt::Horizontal), {{"value", 40}}, {180, 24});
+    studio.states("scroll bar", new QScrollBar(Qt::Horizontal), {}, {180, 8});
     QProgressBar progress;
     progress.setValue(62);
     ProgressRing ring;
     ring.setValue(62);
     ProgressRing busy;
     busy.setRange(0, 0);
-    sheet.row(
-        "progress"_s, {studio.shot(&progress, State::Normal, wide), studio.shot(&ring), studio.shot(&busy)});
+    studio.sheet.row("progress", {studio.shot(&progress, wide), studio.shot(&ring), studio.shot(&busy)});
     QTabBar tabs;
     for (const char *text : {"Recent 最近", "Shared", "Starred"})
         tabs.addTab(QString::fromUtf8(text));
-    sheet.row("tabs"_s, {studio.shot(&tabs), studio.shot(&tabs, State::Focused)});
+    studio.sheet.row("tabs", {studio.shot(&tabs), studio.shot(&tabs, {}, State::Focused)});
 }
 
 class SampleDialog : public BoxDialog
@@ -233,9 +246,9 @@ public:
     }
 };
 
-void composites(ContactSheet &sheet, Studio &studio)
+void composites(Studio &studio)
 {
-    sheet.heading("Composites"_s);
+    studio.sheet.heading("Composites");
     SideList side("Pages"_s);
     side.addPage(icon("settings"), "General 通用"_s);
     side.addPage(icon("nav_recent"), "Recent 最近"_s);
@@ -251,24 +264,22 @@ void composites(ContactSheet &sheet, Studio &studio)
     pinned->setChecked(true);
     menu.addSeparator();
     menu.addMenu("Send to"_s);
-    QAction *gone = menu.addAction(zel::tintedIcon(icon("trash")), "Remove"_s);
-    gone->setEnabled(false);
+    menu.addAction(zel::tintedIcon(icon("trash")), "Remove"_s)->setEnabled(false);
     menu.setActiveAction(menu.actions().constFirst());
-    sheet.row("side list, list, menu"_s,
-        {studio.shot(&side), studio.shot(&side, State::Focused),
-            studio.shot(&list, State::Normal, {160, 110}), studio.shot(&menu)});
+    studio.sheet.row("side list, list, menu",
+        {studio.shot(&side), studio.shot(&side, {}, State::Focused), studio.shot(&list, {160, 110}),
+            studio.shot(&menu)});
     for (const auto tone : {NoticeBar::Tone::Info, NoticeBar::Tone::Problem}) {
         NoticeBar notice;
         notice.showAction(
             "3 files moved to the recycle bin. 已移至回收站"_s, "Undo"_s, tone, NoticeBar::Stay);
-        sheet.row("notice"_s, {studio.shot(&notice, State::Normal, {520, 40})});
+        studio.sheet.row("notice", {studio.shot(&notice, {520, 40})});
     }
     EmptyStateWidget empty(icon("empty_generic"), "Nothing here yet 暂无文件"_s,
         "Files that you open will be listed here, newest first."_s);
     empty.addAction("Open a file 打开"_s);
     SampleDialog dialog;
-    sheet.row(
-        "empty state, dialog"_s, {studio.shot(&empty, State::Normal, {380, 320}), studio.shot(&dialog)});
+    studio.sheet.row("empty state, dialog", {studio.shot(&empty, {380, 320}), studio.shot(&dialog)});
 }
 
 } // namespace
@@ -281,25 +292,21 @@ int main(int argc, char **argv)
     KLiteSkin::setOfficeInfo(office);
     KLiteSkin::setDefaultBaseSkinInfo({});
     QApplication::setFont(KLiteStyle::applicationFont());
-    const QDir folder(QCoreApplication::arguments().value(1, "."_s));
-    const qreal textScale = QCoreApplication::arguments().value(2, "1"_s).toDouble();
+    const QStringList words = QCoreApplication::arguments();
+    const qreal textScale = words.value(2, "1"_s).toDouble();
     const KSkin skin; // scale changes reach the font through it
+    const auto paint = [&](const QString &file, std::initializer_list<void (*)(Studio &)> parts) {
+        Studio studio;
+        for (const auto part : parts)
+            part(studio);
+        studio.sheet.grab().save(words.value(1, "."_s) + file + "-%1x.png"_s.arg(studio.ratio()));
+    };
     for (const bool contrast : {false, true}) {
         for (const bool dark : {false, true}) {
             zel::platform::SkinState::instance().setDesktop({dark, contrast, true, textScale});
-            Studio studio;
-            ContactSheet basics;
-            palette(basics, studio.ratio());
-            typeScale(basics, studio.ratio());
-            icons(basics, studio.ratio());
-            ContactSheet controls;
-            buttons(controls, studio);
-            fields(controls, studio);
-            composites(controls, studio);
-            const QString variant = (dark ? "dark"_s : "light"_s) + (contrast ? "-contrast"_s : QString())
-                + "-%1x"_s.arg(studio.ratio());
-            basics.image(studio.ratio()).save(folder.filePath("basics-%1.png"_s.arg(variant)));
-            controls.image(studio.ratio()).save(folder.filePath("controls-%1.png"_s.arg(variant)));
+            const QString variant = (dark ? "dark"_s : "light"_s) + (contrast ? "-contrast"_s : QString());
+            paint("/basics-"_s + variant, {colorsAndType, icons});
+            paint("/controls-"_s + variant, {buttons, fields, composites});
         }
     }
     return 0;
