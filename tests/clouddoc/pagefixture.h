@@ -2,7 +2,6 @@
 
 #include "clouddoc/ui/clouddoclistview.h"
 #include "clouddoc/ui/zelboxclouddocwidget.h"
-#include "kdocumentopener.h"
 #include "support/fakecloud.h"
 #include "support/fakeopener.h"
 #include "widgets/noticebar.h"
@@ -10,8 +9,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QPushButton>
-#include <QTest>
-#include <memory>
 
 /// The page of cloud documents in an active window, over a cloud that the test answers for.
 class PageFixture
@@ -84,6 +81,7 @@ protected:
     }
 
     ZelBoxCloudDocWidget *page() const { return m_page.get(); }
+    QStringList &wanted() { return m_cloud->wanted; }
     CloudDocListView *view() const { return m_page->view(); }
 
     std::unique_ptr<FakeCloud> m_cloud;

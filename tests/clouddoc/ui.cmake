@@ -1,7 +1,7 @@
 set(ui zelbox_clouddoc_ui zelplatform)
 
-zel_test(clouddoc_layout SOURCES tst_layout.cpp LINK ${ui})
 zel_test(clouddoc_page SOURCES tst_page.cpp pagefixture.h LINK ${ui} zeltest_fakes)
+zel_test(clouddoc_pageedits SOURCES tst_pageedits.cpp pagefixture.h LINK ${ui} zeltest_fakes)
 zel_test(clouddoc_pageoutside SOURCES tst_pageoutside.cpp pagefixture.h LINK ${ui} zeltest_fakes)
 
 # Pictures of the page in all its states, for people.
