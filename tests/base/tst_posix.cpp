@@ -1,15 +1,11 @@
 #include "base/posix/filelock.h"
+#include "base/posix/mounts.h"
 #include "base/posix/runtimedir.h"
 #include "base/posix/singleinstance.h"
 #include "base/posix/unixsocket.h"
-#include "support/table.h"
 
-#include <QFileInfo>
-#include <QTemporaryDir>
-#include <QtTest>
 #include <cerrno>
 #include <csignal>
-#include <functional>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
@@ -18,46 +14,8 @@
 using namespace zel::posix;
 using namespace std::chrono_literals;
 
-namespace {
-
-constexpr uid_t stranger = 12345;
-
-// A process that does one thing and then stands still until it is killed.
-class Other
-{
-public:
-    explicit Other(const std::function<void()> &action)
-    {
-        int ends[2];
-        if (::pipe(ends) != 0)
-            return;
-        m_pid = ::fork();
-        if (m_pid == 0) {
-            action();
-            [[maybe_unused]] const auto written = ::write(ends[1], "x", 1);
-            for (;;)
-                ::pause();
-        }
-        ::close(ends[1]);
-        char byte = 0;
-        m_done = ::read(ends[0], &byte, 1) == 1;
-        ::close(ends[0]);
-    }
-    ~Other() { kill(); }
-    bool done() const { return m_done; }
-    void kill()
-    {
-        if (m_pid > 0 && ::kill(m_pid, SIGKILL) == 0)
-            ::waitpid(m_pid, nullptr, 0);
-        m_pid = -1;
-    }
-
-private:
-    pid_t m_pid = -1;
-    bool m_done = false;
-};
-
-} // namespace
+using zel::posix::DeadPlace;
+using zel::posix::deadPlaceOf;
 
 class TestPosix : public QObject
 {
@@ -81,8 +39,7 @@ private Q_SLOTS:
     }
     void runtimeDirIsPrivate()
     {
-        QFETCH(QString, before);
-        QFETCH(bool, usable);
+        const auto [before, usable] = zeltest::row<QString, bool>();
         const std::string folder = path("zelbox");
         if (before == "link"_s) {
             QCOMPARE(::mkdir(path("target").c_str(), 0700), 0);
@@ -238,7 +195,83 @@ private Q_SLOTS:
         QCOMPARE(errno, EAGAIN);
     }
 
+    void deadPlaces_data()
+    {
+        const auto row = zeltest::table<QString, QString>("mounts", "folder");
+        row("nas/a/b", "%1/nas", "");
+        row("nas2/a", "", "%1/nas2");
+        row("my disk/a", "%1/my disk", "");
+        row("home/docs/a", "%1/nas %1/home/docs", ""); // by a link
+        row("home/far/a", "%1/nas %1/home/far", "");   // by two, one of them relative
+        row("home/near/a", "", "%1/home/near");
+        row("home/loop/a", "", "%1/home/loop");
+        row("hidden/a", "", "%1/hidden"); // a local one is mounted over a remote one
+    }
+    // What a hanging look condemns: never more than the mount that can hang.
+    void deadPlaces()
+    {
+        const QTemporaryDir home;
+        const QString root = QFileInfo(home.path()).canonicalFilePath();
+        const auto in = [&](QString text) { return text.replace(QLatin1String("%1"), root); };
+        QVERIFY(QDir().mkpath(root + "/home"_s));
+        const auto link = [&](const QString &name, const QString &target) {
+            return QFile::link(target, root + "/home/"_s + name);
+        };
+        QVERIFY(link("docs"_s, root + "/nas/docs"_s));
+        QVERIFY(link("far"_s, "../home/docs/x"_s));
+        QVERIFY(link("near"_s, ".."_s));
+        QVERIFY(link("loop"_s, "loop"_s));
+        const std::string table = in("21 1 8:1 / / rw shared:1 - ext4 /dev/a rw\n"
+                                     "40 21 0:5 / %1/nas rw - nfs4 s:/x rw\n"
+                                     "41 21 0:6 / %1/my\\040disk rw - cifs s:/y rw\n"
+                                     "42 21 0:7 / %1/hidden rw - nfs s:/z rw\n"
+                                     "43 42 0:8 / %1/hidden rw - tmpfs t rw\n\n"_s)
+                                      .toStdString();
+        const auto [mounts, folder] = zeltest::row<QString, QString>();
+        const QString path = root + QLatin1Char('/') + QString::fromLatin1(QTest::currentDataTag());
+        const DeadPlace dead = deadPlaceOf(path.toStdString(), table);
+        QCOMPARE(zeltest::joined(dead.mounts, std::identity()), in(mounts));
+        QCOMPARE(QString::fromStdString(dead.folder), in(folder));
+        QVERIFY(deadPlaceOf("/a", "21 1 0:1 / / rw - nfs s:/ rw\n").mounts.empty());
+    }
+
 private:
+    static constexpr uid_t stranger = 12345;
+    // A process that does one thing and then stands still until it is killed.
+    class Other
+    {
+    public:
+        explicit Other(const std::function<void()> &action)
+        {
+            int ends[2];
+            if (::pipe(ends) != 0)
+                return;
+            m_pid = ::fork();
+            if (m_pid == 0) {
+                action();
+                [[maybe_unused]] const auto written = ::write(ends[1], "x", 1);
+                for (;;)
+                    ::pause();
+            }
+            ::close(ends[1]);
+            char byte = 0;
+            m_done = ::read(ends[0], &byte, 1) == 1;
+            ::close(ends[0]);
+        }
+        ~Other() { kill(); }
+        bool done() const { return m_done; }
+        void kill()
+        {
+            if (m_pid > 0 && ::kill(m_pid, SIGKILL) == 0)
+                ::waitpid(m_pid, nullptr, 0);
+            m_pid = -1;
+        }
+
+    private:
+        pid_t m_pid = -1;
+        bool m_done = false;
+    };
+
     std::string path(const char *name) const { return m_folder->filePath(QLatin1String(name)).toStdString(); }
     std::unique_ptr<QTemporaryDir> m_folder;
 };

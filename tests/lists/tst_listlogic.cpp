@@ -1,49 +1,13 @@
+#include "lists/idindex.h"
 #include "lists/listlayout.h"
 #include "lists/listleaving.h"
 #include "lists/listmodel.h"
+#include "lists/rowdiff.h"
 #include "lists/rowselection.h"
-#include "support/table.h"
+#include "lists/wordfilter.h"
 
-#include <QItemSelectionModel>
-#include <QTest>
-
-namespace {
-
-// Row height 10, header height 4, gap 2, bottom margin 3. A negative count is a section without header.
-ListLayout layoutOf(const QList<int> &counts)
-{
-    zel::ListSections sections;
-    int first = 0;
-    for (const int count : counts) {
-        sections << zel::ListSection{0, count > 0 ? "x"_s : QString(), first, qAbs(count)};
-        first += qAbs(count);
-    }
-    return {sections, {10, 4, 2, 3}};
-}
-
-/// Rows whose ids are their letters.
-class Letters : public ListModel
-{
-public:
-    QString text = "abcdefghij"_s;
-    int rowCount(const QModelIndex &parent = {}) const override { return parent.isValid() ? 0 : text.size(); }
-    QVariant data(const QModelIndex &, int) const override { return {}; }
-    QString idOf(int row) const override { return text.mid(row, 1); }
-    int rowOf(const QString &id) const override { return id.isEmpty() ? -1 : text.indexOf(id); }
-    void remove(int row)
-    {
-        beginRemoveRows({}, row, row);
-        text.remove(row, 1);
-        endRemoveRows();
-    }
-};
-
-QStringList ids(const QString &letters)
-{
-    return letters.split(QString(), Qt::SkipEmptyParts);
-}
-
-} // namespace
+using zel::RowDiff;
+using zel::WordFilter;
 
 /// What a list works out without a window.
 class TestListLogic : public QObject
@@ -117,9 +81,7 @@ private Q_SLOTS:
     }
     void removedRowsLeaveToTheNext()
     {
-        QFETCH(QString, selected);
-        QFETCH(QString, sent);
-        QFETCH(QString, removed);
+        const auto [selected, sent, removed] = zeltest::row<QString, QString, QString>();
         Letters model;
         QItemSelectionModel selection(&model);
         for (const QString &id : ids(selected))
@@ -138,6 +100,155 @@ private Q_SLOTS:
         }
         const QString now = zel::selectedRowIds(&model, &selection).join(QString());
         QTEST(QString(now + QLatin1Char('/') + model.idOf(selection.currentIndex().row())), "after");
+    }
+
+    void rowsDiffer_data()
+    {
+        const auto table = zeltest::table<QString, QString, QString>("before", "after", "expected");
+        const auto row = [&](const char *before, const char *after, const char *expected) {
+            table(QLatin1String(before) + " to "_s + QLatin1String(after), before, after, expected);
+        };
+        row("", "", "");
+        row("", "cab", "+0..2 ");
+        row("cab", "", "-0..2 ");
+        row("abc", "abc", "");
+        row("abcdef", "bcf", "-3..4 -0..0 ");
+        row("bcf", "abcdef", "+0..0 +3..4 ");
+        row("abc", "xbyz", "-2..2 -0..0 +0..0 +2..3 ");
+        row("abcd", "bacd", "reordered");
+        row("abcd", "dxb", "-2..2 -0..0 +1..1 reordered");
+    }
+    void rowsDiffer()
+    {
+        const auto [before, after] = zeltest::row<QString, QString>();
+        QTEST(print(RowDiff::between(handles(before), handles(after))), "expected");
+    }
+
+    // What is marked stands between square brackets; none: the text does not match.
+    void wordsAreFound_data()
+    {
+        const auto table = zeltest::table<QString, QString>("words", "marked");
+        const auto row = [&](const zeltest::Text &words, const zeltest::Text &marked) {
+            table(words.text() + " in "_s + marked.text(), words, marked);
+        };
+        row("", "a.odt");
+        row("BUDGET", "My [budget].ods");
+        row("24 bud", "[Bud]get 20[24].ods");
+        row("heat plan", "[heat]ing/[plan]s/[plan].svg");
+        row("ana", "b[anana]");
+        row("ab bc", "x[abc]x");
+        row("resume", "[Résumé].odt");
+        row("re\xcc\x81sume", "[R\xc3\xa9sum\xc3\xa9].odt"); // decomposed, composed
+        row("sume", "Re\xcc\x81[sume\xcc\x81].odt");         // accents go with their letters
+        row("lodz", "/[Łódź]/a.odt");
+        row("strasse x", "[Straße] [x]");
+        row("s", "Gro[ß]e[s]"); // half a letter cannot be marked
+        row("财务 报告", "/文档/[财务]/第一季度[报告].pptx");
+        row("ガイド", "[\xe3\x82\xab\xe3\x82\x99イド].pdf"); // decomposed by another system
+        row("abc", "[ＡＢＣ].pdf");
+        row("fi", "o[ﬃ]ce"); // one letter for three
+    }
+    void wordsAreFound()
+    {
+        const auto [words, marked] = zeltest::row<QString, QString>();
+        QString text = marked;
+        text.remove(QLatin1Char('[')).remove(QLatin1Char(']'));
+        const WordFilter filter(words);
+        QVERIFY(filter.matches(text));
+        QString found = text;
+        const zel::TextRanges ranges = filter.ranges(text);
+        for (auto range = ranges.crbegin(); range != ranges.crend(); ++range) {
+            found.insert(range->start + range->length, QLatin1Char(']'));
+            found.insert(range->start, QLatin1Char('['));
+        }
+        QCOMPARE(found, marked);
+        QVERIFY(words.isEmpty() || !WordFilter(words + " q"_s).matches(text)); // all of them
+    }
+
+    void narrowerFilters()
+    {
+        const WordFilter some("rep 24"_s);
+        QVERIFY(WordFilter("2024 report x"_s).isNarrowerThan(some));
+        QVERIFY(some.isNarrowerThan(WordFilter()));
+        QVERIFY(!WordFilter("report"_s).isNarrowerThan(some));
+        QVERIFY(some.matches({"Report"_s, "of 2024"_s}));
+        QVERIFY(!WordFilter("report2024"_s).matches({"Report"_s, "2024"_s}));
+        QVERIFY(!WordFilter("カ"_s).matches("ガイド"_s)); // another syllable
+    }
+
+    // Ids come and go in any order, so that places of the table are shared and given back.
+    void idsAreFound()
+    {
+        QStringList ids; // by handle
+        for (int i = 0; i < 300; ++i)
+            ids << QString::number(i * i);
+        const auto idOf = [&ids](zel::Handle handle) -> const QString & { return ids.at(int(handle)); };
+        zel::IdIndex index;
+        QMap<zel::Handle, bool> known;
+        QRandomGenerator random(7);
+        for (int step = 0; step < 20'000; ++step) {
+            const zel::Handle handle = random.bounded(quint32(step % 4000 < 2000 ? 300 : 40));
+            if (random.bounded(2) == 0) {
+                QCOMPARE(index.add(idOf(handle), handle, idOf), !std::exchange(known[handle], true));
+            } else {
+                index.remove(idOf(handle), idOf);
+                known[handle] = false;
+            }
+            const zel::Handle asked = random.bounded(300U);
+            QCOMPARE(index.find(idOf(asked), idOf), known.value(asked) ? std::optional(asked) : std::nullopt);
+        }
+        QCOMPARE(index.size(), known.values().count(true));
+    }
+
+private:
+    // Row height 10, header height 4, gap 2, bottom margin 3. A negative count is a section without header.
+    static ListLayout layoutOf(const QList<int> &counts)
+    {
+        zel::ListSections sections;
+        int first = 0;
+        for (const int count : counts) {
+            sections << zel::ListSection{0, count > 0 ? "x"_s : QString(), first, qAbs(count)};
+            first += qAbs(count);
+        }
+        return {sections, {10, 4, 2, 3}};
+    }
+    /// Rows whose ids are their letters.
+    class Letters : public ListModel
+    {
+    public:
+        QString text = "abcdefghij"_s;
+        int rowCount(const QModelIndex &parent = {}) const override
+        {
+            return parent.isValid() ? 0 : text.size();
+        }
+        QVariant data(const QModelIndex &, int) const override { return {}; }
+        QString idOf(int row) const override { return text.mid(row, 1); }
+        int rowOf(const QString &id) const override { return id.isEmpty() ? -1 : text.indexOf(id); }
+        void remove(int row)
+        {
+            beginRemoveRows({}, row, row);
+            text.remove(row, 1);
+            endRemoveRows();
+        }
+    };
+
+    static QStringList ids(const QString &letters) { return letters.split(QString(), Qt::SkipEmptyParts); }
+
+    static zel::Handles handles(const QString &letters)
+    {
+        zel::Handles list;
+        for (const QChar letter : letters)
+            list.push_back(zel::Handle(letter.unicode() - 'a'));
+        return list;
+    }
+    static QString print(const RowDiff &diff)
+    {
+        QString text;
+        for (const zel::RowRange &range : diff.removals)
+            text += "-%1..%2 "_s.arg(range.first).arg(range.last);
+        for (const zel::RowRange &range : diff.insertions)
+            text += "+%1..%2 "_s.arg(range.first).arg(range.last);
+        return text + (diff.reordered ? "reordered"_s : QString());
     }
 };
 

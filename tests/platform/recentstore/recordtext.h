@@ -1,10 +1,6 @@
 #pragma once
 
 #include "platform/impl/recentstore/records/recenttypes.h"
-#include "support/table.h"
-
-#include <QRegularExpression>
-#include <QTest>
 
 // Records as short texts, for tables.
 //
@@ -78,8 +74,7 @@ inline const std::pair<char, qint64 StoredRecord::*> TimeLetters[] = {{'o', &Sto
 inline StoredRecord toRecord(const QString &text)
 {
     const QStringList words = text.split(QLatin1Char(' '), Qt::SkipEmptyParts);
-    StoredRecord record;
-    record.id = idOf(words.value(0));
+    auto record = filled(&StoredRecord::id, idOf(words.value(0)));
     for (const QString &word : words.mid(1)) {
         for (const auto &[letter, source] : AccessLetters)
             if (word.at(0) == QLatin1Char(letter))
@@ -154,12 +149,6 @@ inline RecordInfoList byId(RecordInfoList list)
 {
     std::sort(list.begin(), list.end(), [](const auto &a, const auto &b) { return a.id < b.id; });
     return list;
-}
-
-/// Begins the table of a merge: what the state and the news lead to. Each call of the result adds a row.
-inline auto newsTable()
-{
-    return zeltest::table<QString, QString, QString, QString>("state", "news", "shown", "after");
 }
 
 } // namespace zel::recent::test

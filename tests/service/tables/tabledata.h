@@ -3,9 +3,6 @@
 #include "service/tables/messagetable.h"
 #include "service/tables/radartable.h"
 #include "service/tables/tableschema.h"
-#include "support/table.h"
-
-#include <QTemporaryDir>
 
 /// A database file of its own with the tables made ready, and a few rows.
 struct TableData

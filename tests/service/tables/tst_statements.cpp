@@ -1,50 +1,10 @@
 #include "service/tables/servicecommand.h"
 #include "service/tables/statementparser.h"
-#include "support/table.h"
-
-#include <QTest>
 
 using namespace zel::service;
 
 Q_DECLARE_METATYPE(zel::service::Statement)
 Q_DECLARE_METATYPE(zel::service::Refusal)
-
-namespace {
-
-const QString Family = "(topic = 'zel.file' or topic = 'zel.link' or topic = 'zel.link.local')"_s;
-
-/// A count of the unread messages of `count` ids.
-QString unreadOf(int count)
-{
-    QStringList ids;
-    for (int i = 0; i < count; ++i)
-        ids.append("fileId = 'f%1'"_s.arg(i));
-    return "select fileId,count(*) from metadata_zelbox_filemessage where read = 0 and ("_s
-        + ids.join(" or "_s) + ") and "_s + Family + " group by fileId"_s;
-}
-
-QString forget(const QString &path)
-{
-    return "delete from metadata_zelbox_fileradar where FilePath = '%1'"_s.arg(path);
-}
-
-QString messagesOf(const QString &id, const QString &tail)
-{
-    return "select * from metadata_zelbox_filemessage where fileId = '"_s + id + "' and "_s + Family + tail;
-}
-
-QString readUpTo(const QString &id, const QString &time)
-{
-    return "Update metadata_zelbox_filemessage Set read = 1 Where fileId = '"_s + id + "' and time <= "_s
-        + time;
-}
-
-QString base64(const QString &text)
-{
-    return QString::fromLatin1(text.toUtf8().toBase64());
-}
-
-} // namespace
 
 class StatementsTest : public QObject
 {
@@ -84,8 +44,7 @@ private Q_SLOTS:
 
     void takesWhatClientsSend()
     {
-        QFETCH(QString, text);
-        QFETCH(Statement, meaning);
+        const auto [text, meaning] = zeltest::row<QString, Statement>();
         const auto statement = parseStatement(text);
         QVERIFY(statement);
         QVERIFY(*statement == meaning);
@@ -101,10 +60,9 @@ private Q_SLOTS:
 
     void refuses_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<Refusal>("why");
-        const auto row = [](const char *name, const QString &text, Refusal why = Refusal::UnknownShape) {
-            QTest::newRow(name) << text << why;
+        const auto table = zeltest::table<QString, Refusal>("text", "why");
+        const auto row = [&](const char *name, const QString &text, Refusal why = Refusal::UnknownShape) {
+            table(name, text, why);
         };
         row("another table", "select * from sqlite_master Order by Time Desc"_s);
         row("another case", "SELECT * from metadata_zelbox_fileradar Order by Time Desc"_s);
@@ -132,11 +90,9 @@ private Q_SLOTS:
         row("zero", forget(QString(QChar(0))), Refusal::NotText);
         row("half a character", forget(QString(QChar(0xd800))), Refusal::NotText);
     }
-
     void refuses()
     {
-        QFETCH(QString, text);
-        QFETCH(Refusal, why);
+        const auto [text, why] = zeltest::row<QString, Refusal>();
         Refusal reason = Refusal::TooLong;
         QVERIFY(!parseStatement(text, &reason));
         QCOMPARE(toText(reason), toText(why));
@@ -179,14 +135,41 @@ private Q_SLOTS:
 
     void understandsCommands()
     {
-        QFETCH(QString, line);
-        QFETCH(int, kind);
+        const auto [line, kind] = zeltest::row<QString, int>();
         const auto command = parseCommand(line);
         QCOMPARE(command ? int(command->index()) : -1, kind);
         const QString sent = "selects >>>o?o?~? 获取"_s;
         if (kind == 0 && line.contains(base64(sent)))
             QCOMPARE(std::get<TableCommand>(*command).statement, sent);
     }
+
+private:
+    static inline const QString Family =
+        "(topic = 'zel.file' or topic = 'zel.link' or topic = 'zel.link.local')"_s;
+    /// A count of the unread messages of `count` ids.
+    static QString unreadOf(int count)
+    {
+        QStringList ids;
+        for (int i = 0; i < count; ++i)
+            ids.append("fileId = 'f%1'"_s.arg(i));
+        return "select fileId,count(*) from metadata_zelbox_filemessage where read = 0 and ("_s
+            + ids.join(" or "_s) + ") and "_s + Family + " group by fileId"_s;
+    }
+    static QString forget(const QString &path)
+    {
+        return "delete from metadata_zelbox_fileradar where FilePath = '%1'"_s.arg(path);
+    }
+    static QString messagesOf(const QString &id, const QString &tail)
+    {
+        return "select * from metadata_zelbox_filemessage where fileId = '"_s + id + "' and "_s + Family
+            + tail;
+    }
+    static QString readUpTo(const QString &id, const QString &time)
+    {
+        return "Update metadata_zelbox_filemessage Set read = 1 Where fileId = '"_s + id + "' and time <= "_s
+            + time;
+    }
+    static QString base64(const QString &text) { return QString::fromLatin1(text.toUtf8().toBase64()); }
 };
 
 QTEST_GUILESS_MAIN(StatementsTest)

@@ -1,8 +1,9 @@
+#include "base/clock.h"
+#include "cloud/wire/rowcodec.h"
+#include "service/tables/commandprocessor.h"
 #include "service/tables/statementparser.h"
 #include "service/tables/tableguard.h"
 #include "tabledata.h"
-
-#include <QTest>
 
 using namespace zel;
 using namespace zel::service;
@@ -10,16 +11,7 @@ using namespace zel::service;
 Q_DECLARE_METATYPE(zel::service::MessageStatement)
 Q_DECLARE_METATYPE(zel::service::TableGuard::Access)
 
-namespace {
-
-/// Rows with their fields joined by ",", only the first `fields` of each.
-QString print(const QVector<QStringList> &rows, int fields)
-{
-    return zeltest::joined(
-        rows, [fields](const QStringList &row) { return row.mid(0, fields).join(QLatin1Char(',')); });
-}
-
-} // namespace
+using Rows = QVector<QStringList>;
 
 class TablesTest : public QObject
 {
@@ -46,8 +38,7 @@ private Q_SLOTS:
 
     void questions()
     {
-        QFETCH(MessageStatement, statement);
-        QFETCH(int, fields);
+        const auto [statement, fields] = zeltest::row<MessageStatement, int>();
         TableData data;
         QVERIFY(data.fillMessages());
         const TableResult result = data.messages.run(statement);
@@ -69,8 +60,7 @@ private Q_SLOTS:
 
     void marks()
     {
-        QFETCH(MessageStatement, statement);
-        QFETCH(QString, read);
+        auto [statement, read] = zeltest::row<MessageStatement, QString>();
         TableData data;
         QVERIFY(data.fillMessages());
         const TableResult result = data.messages.run(statement);
@@ -117,11 +107,9 @@ private Q_SLOTS:
     void guard_data()
     {
         using Access = TableGuard::Access;
-        QTest::addColumn<Access>("access");
-        QTest::addColumn<QByteArray>("sql");
-        QTest::addColumn<bool>("allowed");
-        const auto row = [](Access access, const char *sql, bool allowed) {
-            QTest::addRow("%d %s", int(access), sql) << access << QByteArray(sql) << allowed;
+        const auto table = zeltest::table<Access, QByteArray, bool>("access", "sql", "allowed");
+        const auto row = [&](Access access, const char *sql, bool allowed) {
+            table("%1 %2"_s.arg(int(access)).arg(QLatin1String(sql)), access, sql, allowed);
         };
         const char *read = "SELECT count(*), max(time) FROM metadata_zelbox_filemessage";
         const char *mark =
@@ -154,9 +142,7 @@ private Q_SLOTS:
 
     void guard()
     {
-        QFETCH(TableGuard::Access, access);
-        QFETCH(QByteArray, sql);
-        QFETCH(bool, allowed);
+        const auto [access, sql, allowed] = zeltest::row<TableGuard::Access, QByteArray, bool>();
         TableData data;
         QVERIFY(data.fillMessages() && data.fillRadar());
         {
@@ -194,6 +180,123 @@ private Q_SLOTS:
         data.database.close();
         QVERIFY(!data.radar.run(RadarList{}).ok());
         QVERIFY(!data.messages.insert({Message()}).ok());
+    }
+
+    void comeBackTheSame_data()
+    {
+        const auto row = zeltest::table<Rows, QString>("rows", "text");
+        const QString empty = ""_s;
+        row("none", {}, "");
+        row("plain", {{"1"_s, "获取.odt"_s}, {"2"_s, empty}}, "1$$$$获取.odt####2$$$$\\e");
+        row("empty only", {{empty}, {empty, empty}}, "\\e####\\e$$$$\\e");
+        row("marks", {{"a####b$$$$c"_s, "#$"_s}}, "a\\h\\h\\h\\hb\\d\\d\\d\\dc$$$$\\h\\d");
+        row("escapes", {{"\\e"_s, "C:\\data\\home\\"_s, "\\\\d"_s}},
+            "\\\\e$$$$C:\\\\data\\\\home\\\\$$$$\\\\\\\\d");
+    }
+
+    void comeBackTheSame()
+    {
+        const auto [rows, text] = zeltest::row<Rows, QString>();
+        QCOMPARE(zel::wire::joinRows(rows), text);
+        QCOMPARE(zel::wire::splitRows(text), rows);
+    }
+
+    void pushes_data()
+    {
+        const auto row = zeltest::table<QString, bool, QString>("command", "done", "pushes");
+        const QString list = "select * from metadata_zelbox_fileradar Order by Time Desc"_s;
+        row("radar list", line("GetRadarMsg", list, "GetUnreadRadarMsg"_s), true,
+            "GetRadarMsg asker "
+            "{\"commandline\":\"2$$$$0$$$$C:\\\\\\\\b$$$$n$$$$30$$$$1####1$$$$0$$$$C:\\\\\\\\获$$$$n$$$$20"
+            "$$$$1####1$$$$0$$$$C:\\\\\\\\a$$$$n$$$$10$$$$1####4$$$$0$$$$it's$$$$n$$$$5$$$$1\","
+            "\"guid\":\"GetUnreadRadarMsg\",\"state\":\"success\"}");
+        row("clear a source",
+            line("GetRadarMsg", "delete from metadata_zelbox_fileradar where ImType = 2"_s,
+                "deleteRadarUnread"_s),
+            true,
+            "GetRadarMsg asker "
+            "{\"commandline\":\"success\",\"guid\":\"deleteRadarUnread\",\"state\":\"success\"}\n"
+            "RadarFileDelete all {\"commandline\":\"C:\\\\\\\\b\"}");
+        const QString none =
+            "select * from metadata_zelbox_filemessage where fileId = '%1' and (topic = 'zel.file' or topic "
+            "= 'zel.link' or topic = 'zel.link.local') Order by time Desc limit 9"_s;
+        row("quote in an id", line("GetStoredMsg", none.arg("it's"_s), "g"_s), false,
+            "GetStoredMsg asker {\"commandline\":\"failed\",\"guid\":\"g\",\"state\":\"failed\"}");
+        row("mark",
+            line("GetStoredMsg",
+                "Update metadata_zelbox_filemessage Set read = 1 Where fileId = 'f1' and time <= 50"_s,
+                "SetRoamingMsgRead"_s),
+            true,
+            "SetRoamingMsgRead asker "
+            "{\"commandline\":\"success\",\"guid\":\"SetRoamingMsgRead\",\"state\":\"success\"}");
+        row("the other table", line("GetStoredMsg", list, "NewMsgArrive"_s), false,
+            "GetStoredMsg asker {\"commandline\":\"failed\",\"guid\":\"NewMsgArrive\",\"state\":\"failed\"}");
+        row("close", "/closeRadarSwitch /type=1", true, "QQRadarSettingChange all {\"setting\":\"false\"}");
+        row("backup", "/SwitchBackupStatus=1 /BackupType=3", true,
+            "GetBackupResult all {\"BackupType\":\"3\",\"commandline\":\"success\",\"setting\":\"true\"}");
+        row("tray", "/ClearAllTrayUnread=1 /MessageType=share", true, "");
+    }
+
+    void pushes()
+    {
+        QFETCH(QString, command);
+        TableData data;
+        QVERIFY(data.fillMessages() && data.fillRadar());
+        SwitchTable switches(data.database);
+        CommandProcessor processor(data.radar, data.messages, switches);
+        const CommandOutcome outcome = processor.process(command);
+        QVERIFY(outcome.understood);
+        QTEST(outcome.done, "done");
+        QTEST(print(outcome.pushes), "pushes");
+        QCOMPARE(data.idsWhere("trayRead = 1"), command.contains("Tray"_s) ? "m1 m4 q1"_s : "m4"_s);
+        QCOMPARE(switches.isOn(SwitchTable::Switch::Watch, 1), !command.contains("close"_s));
+        QCOMPARE(switches.isOn(SwitchTable::Switch::Backup, 3), command.contains("Backup"_s));
+    }
+
+    void linkDocument()
+    {
+        TableData data;
+        SwitchTable switches(data.database);
+        CommandProcessor processor(data.radar, data.messages, switches);
+        // No raw string: moc does not find the class behind one.
+        const QByteArray json = "{\"fileId\":\"f9\",\"fileName\":\"获.odt\",\"linkId\":\"l\","
+                                "\"operatorId\":\"u9\",\"title\":\"t'\"}";
+        setFixedNow(QDateTime::fromMSecsSinceEpoch(12345));
+        const auto outcome =
+            processor.process("/InsertLinkCreateDocMsg="_s + QString::fromLatin1(json.toBase64()));
+        setFixedNow({});
+        QCOMPARE(print(outcome.pushes), "NewMsgArrive all {}"_s);
+        const auto rows = data.messages.run(IdMessages{IdColumn::OperatorId, "u9"_s, 9}).rows;
+        QCOMPARE(rows.size(), 1);
+        const Message message = MessageTable::fromRow(rows.first());
+        QCOMPARE(message.time, 12345);
+        QCOMPARE(message.fileName + message.linkId + message.title, "获.odtlt'"_s);
+        QVERIFY(data.messages.unreadCounts() == UnreadCounts{});
+    }
+
+private:
+    /// Rows with their fields joined by ",", only the first `fields` of each.
+    static QString print(const QVector<QStringList> &rows, int fields)
+    {
+        return zeltest::joined(
+            rows, [fields](const QStringList &row) { return row.mid(0, fields).join(QLatin1Char(',')); });
+    }
+
+    static QString line(const char *name, const QString &statement, const QString &guid)
+    {
+        return "/%1=%2 /TaskGuid=%3"_s.arg(
+            QString::fromUtf8(name), QString::fromLatin1(statement.toUtf8().toBase64()), guid);
+    }
+    /// One push a line: "command to whom {values}".
+    static QString print(const QVector<Push> &pushes)
+    {
+        QStringList lines;
+        for (const Push &push : pushes) {
+            const bool all = push.audience == Push::Audience::Everyone;
+            lines.append(push.command + (all ? " all "_s : " asker "_s)
+                + QString::fromUtf8(QJsonDocument(push.values).toJson(QJsonDocument::Compact)));
+        }
+        return lines.join(QLatin1Char('\n'));
     }
 };
 

@@ -1,81 +1,10 @@
 // The pure part of the store: old state and news give a delta; a delta keeps the shown list up to date.
-#include "platform/recentstore/recentfixture.h"
-#include "platform/recentstore/recordtext.h"
-
-#include "platform/impl/recentstore/merge/recentmerge.h"
-#include "platform/impl/recentstore/records/recentlist.h"
-
-#include <QRandomGenerator>
-#include <QTest>
+#include "newsfixture.h"
 
 using namespace zel::recent;
 using namespace zel::recent::test;
 
-namespace {
-
-// News as "list a1 b2", "part a1" (a damaged list), "undated a1" (time guessed), "sandbox a1", "open a 5",
-// "remove a b", "removeat 5 a" (by a clock at 5), "pin a", "unpin a", "forget 7", "missing a 9 5" (found at
-// 9, long gone before 5), "limit 2".
-RecentDelta perform(const RecentState &state, const QString &news)
-{
-    const QStringList words = news.split(QLatin1Char(' '));
-    const QString &verb = words.at(0);
-    if (verb == "open"_s)
-        return markOpened(state, QLatin1Char('/') + words.at(1), words.at(2).toLongLong());
-    if (verb == "forget"_s)
-        return forgetRemovals(state, words.at(1).toLongLong());
-    if (verb == "limit"_s)
-        return limitBoxOnly(state, words.at(1).toInt());
-    if (verb.endsWith("pin"_s))
-        return markPinned(state, {idOf(words.at(1))}, verb == "pin"_s);
-    if (verb == "missing"_s)
-        return markLooks(state, {{QLatin1Char('/') + words.at(1), {RecentFileInfo::Presence::Missing}}},
-            words.at(2).toLongLong(), words.at(3).toLongLong());
-    if (verb.startsWith("remove"_s)) {
-        const bool timed = verb == "removeat"_s;
-        const qint64 now = timed ? words.at(1).toLongLong() : 1000;
-        QStringList paths;
-        for (const QString &word : words.mid(timed ? 2 : 1))
-            paths.append(QLatin1Char('/') + word);
-        return markRemoved(state, paths, now);
-    }
-    QVector<XbelEntry> entries;
-    for (const QString &word : words.mid(1)) {
-        XbelEntry entry;
-        entry.path = QLatin1Char('/') + word.at(0);
-        entry.time = word.mid(1).toLongLong();
-        entry.isTimeGuessed = verb == "undated"_s;
-        entries.append(entry);
-    }
-    const int source = verb == "sandbox"_s ? SandboxSource : DesktopSource;
-    return mergeImport(state, source, entries, verb != "part"_s);
-}
-
-RecentState randomState(QRandomGenerator &random)
-{
-    RecentState state;
-    for (int i = 0; i < 30; ++i) {
-        const QString letter = QString(QChar(ushort('a' + random.bounded(26))));
-        const auto time = [&] { return QString::number(random.bounded(1, 8)); };
-        QString text = letter;
-        for (const char *kind : {" d", " s", " o", " r"}) {
-            if (random.bounded(3) == 0)
-                text += QLatin1String(kind) + time();
-        }
-        if (random.bounded(4) == 0)
-            text += " c:"_s + letter + time();
-        if (random.bounded(4) == 0)
-            text += " p8"_s;
-        const StoredRecord record = toRecord(text);
-        if (record.isNeeded())
-            state.insert(record.id, record);
-    }
-    return state;
-}
-
-} // namespace
-
-class MergeTest : public QObject
+class MergeTest : public QObject, private NewsFixture
 {
     Q_OBJECT
 
@@ -127,17 +56,7 @@ private Q_SLOTS:
         row("old removals are forgotten, unless contradicted", "a r5;b r5 d5;c r9;d o1", "forget 7", "",
             "b d5 r5;c r9;d o1");
     }
-    void news()
-    {
-        QFETCH(QString, state);
-        QFETCH(QString, news);
-        RecentState records = toState(state);
-        const RecentDelta delta = perform(records, news);
-        QTEST(shownText(delta), "shown");
-        apply(records, delta);
-        QTEST(toText(records), "after");
-        QVERIFY2(perform(records, news).showsNothing() || news.startsWith("open"_s), "same news again");
-    }
+    void news() { checkNews(&RecentDelta::showsNothing); }
 
     void mimeTypeOfTheNewestAccess()
     {
@@ -196,6 +115,29 @@ private Q_SLOTS:
         for (const auto &[database, mine, result] : cases)
             QCOMPARE(toText(combined(toRecord(QLatin1String(database)), toRecord(QLatin1String(mine)))),
                 QLatin1String(result));
+    }
+
+private:
+    static RecentState randomState(QRandomGenerator &random)
+    {
+        RecentState state;
+        for (int i = 0; i < 30; ++i) {
+            const QString letter = QString(QChar(ushort('a' + random.bounded(26))));
+            const auto time = [&] { return QString::number(random.bounded(1, 8)); };
+            QString text = letter;
+            for (const char *kind : {" d", " s", " o", " r"}) {
+                if (random.bounded(3) == 0)
+                    text += QLatin1String(kind) + time();
+            }
+            if (random.bounded(4) == 0)
+                text += " c:"_s + letter + time();
+            if (random.bounded(4) == 0)
+                text += " p8"_s;
+            const StoredRecord record = toRecord(text);
+            if (record.isNeeded())
+                state.insert(record.id, record);
+        }
+        return state;
     }
 };
 

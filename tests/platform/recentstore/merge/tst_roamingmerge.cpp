@@ -1,14 +1,7 @@
 // The cloud service's records among those of this device: who joins whom, and what stays away.
-#include "platform/recentstore/recentfixture.h"
-#include "platform/recentstore/recordtext.h"
+#include "newsfixture.h"
 
-#include "platform/impl/recentstore/merge/recentmerge.h"
-#include "platform/impl/recentstore/merge/roamingmerge.h"
-#include "platform/impl/recentstore/records/recentlist.h"
 #include "platform/impl/recentstore/roaming/roamingrecords.h"
-
-#include <QRandomGenerator>
-#include <QTest>
 
 using Change = std::function<void(zel::vela::RecentFileItem &)>;
 Q_DECLARE_METATYPE(Change)
@@ -16,68 +9,7 @@ Q_DECLARE_METATYPE(Change)
 using namespace zel::recent;
 using namespace zel::recent::test;
 
-namespace {
-
-const QString Me = "me"_s;
-
-RoamingList listOf(const QStringList &words, bool complete)
-{
-    RoamingList list{Me, {}, complete};
-    for (const QString &word : words)
-        list.items.append(toPart(word).item);
-    return list;
-}
-
-// News as "all x7@a y3" (a complete list), "some x7" (a filtered one), "user me", "read =x", "told x7", "open
-// a 9", "desktop a5", "remove =x", "pin =x", "unpin =x", "gone a 9" (missing for long), "look a" (found
-// there), "miss a".
-RecentDelta performOne(const RecentState &state, const QString &verb, const QStringList &words)
-{
-    if (verb == "all"_s || verb == "some"_s)
-        return mergeRoaming(state, listOf(words, verb == "all"_s));
-    if (verb == "user"_s)
-        return keepRoamingOf(state, words.value(0));
-    if (verb == "read"_s)
-        return markRead(state, {idOf(words.at(0))});
-    if (verb == "told"_s)
-        return markTold(state, {{words.at(0).left(1), {}, words.at(0).mid(1).toLongLong()}});
-    if (verb == "open"_s)
-        return markOpened(state, idOf(words.at(0)), words.at(1).toLongLong());
-    if (verb == "remove"_s)
-        return markRemoved(state, {idOf(words.at(0))}, 1000);
-    if (verb.endsWith("pin"_s))
-        return markPinned(state, {idOf(words.at(0))}, verb == "pin"_s);
-    if (verb == "gone"_s)
-        return markLooks(state, {{idOf(words.at(0)), {RecentFileInfo::Presence::Missing}}}, 9, 5);
-    if (verb == "desktop"_s) {
-        QVector<XbelEntry> entries;
-        for (const QString &word : words) {
-            entries.append(XbelEntry());
-            entries.last().path = idOf(word.left(1));
-            entries.last().time = word.mid(1).toLongLong();
-        }
-        return mergeImport(state, DesktopSource, entries, true);
-    }
-    const bool there = verb == "look"_s;
-    QHash<QString, QString> places;
-    for (const StoredRecord &record : state) {
-        if (record.isRoamingOnly() && record.roaming)
-            places.insert(idOf(words.at(0)), record.id);
-    }
-    return markPlaces(state, places,
-        {{idOf(words.at(0)),
-            {there ? RecentFileInfo::Presence::Present : RecentFileInfo::Presence::Missing}}});
-}
-
-RecentDelta perform(const RecentState &state, const QString &news)
-{
-    const QStringList words = news.split(QLatin1Char(' '));
-    return settleRoaming(state, performOne(state, words.at(0), words.mid(1)));
-}
-
-} // namespace
-
-class RoamingMergeTest : public QObject
+class RoamingMergeTest : public QObject, private NewsFixture
 {
     Q_OBJECT
 
@@ -116,9 +48,9 @@ private Q_SLOTS:
 
         row("opened here", "=x c:x7@a", "open a 9", "+a8@9 -x", "a o9 c:x7@a");
         row("opened by its copy", "=x c:x7%b*", "open b 9", "+b8@9* -x", "b o9 c:x7%b*");
-        row("in the desktop's list", "=x p7 c:x7@a?a", "desktop a5", "+a32@7 -x", "a d5 p7 c:x7@a");
-        row("no list has it any more", "a d5 c:x7@a", "desktop", "+x2@7 -a", "=x c:x7@a");
-        row("missing for long", "a o3 m4 c:x7%a", "gone a 9", "+x2@7 -a", "=x c:x7%a");
+        row("in the desktop's list", "=x p7 c:x7@a?a", "list a5", "+a32@7 -x", "a d5 p7 c:x7@a");
+        row("no list has it any more", "a d5 c:x7@a", "list", "+x2@7 -a", "=x c:x7@a");
+        row("missing for long", "a o3 m4 c:x7%a", "missing a 9 5", "+x2@7 -a", "=x c:x7%a");
 
         row("seen", "=x c:x7+", "read =x", "~x2@7", "=x c:x7!");
         row("seen, a list comes before it is told", "=x c:x7!", "all x7+", "", "=x c:x7!");
@@ -134,17 +66,7 @@ private Q_SLOTS:
         row("its file is here", "=x c:x7@a", "look a", "~x2@7", "=x c:x7@a?a");
         row("its file went", "=x c:x7@a?a", "miss a", "~x2@7", "=x c:x7@a");
     }
-    void news()
-    {
-        QFETCH(QString, state);
-        QFETCH(QString, news);
-        RecentState records = toState(state);
-        const RecentDelta delta = perform(records, news);
-        QTEST(shownText(delta), "shown");
-        apply(records, delta);
-        QTEST(toText(records), "after");
-        QVERIFY2(perform(records, news).storesNothing() || news.startsWith("open"_s), "again");
-    }
+    void news() { checkNews(&RecentDelta::storesNothing); }
 
     // Whatever happens: each record of the service stands once, a complete list has its way, the notices lead
     // from the old list to the new one, and the same list again changes nothing.
@@ -167,7 +89,7 @@ private Q_SLOTS:
             const QString id = random.bounded(2) == 0 ? letter(4) : QLatin1Char('=') + letter(26);
             const QString others[] = {"open %1 %2"_s.arg(letter(4)).arg(random.bounded(1, 9)),
                 "remove "_s + id, "pin "_s + id, "unpin "_s + id,
-                "desktop %1%2"_s.arg(letter(4)).arg(random.bounded(1, 9)), "read "_s + id};
+                "list %1%2"_s.arg(letter(4)).arg(random.bounded(1, 9)), "read "_s + id};
             const QString list = (QStringList{verb} + items).join(QLatin1Char(' '));
             const QString news = random.bounded(2) == 0 ? list : others[random.bounded(6)];
             const RecentState before = state;
@@ -223,7 +145,7 @@ private Q_SLOTS:
         record.name = "n.odt";
         record.fileTime = 5;
         change(record);
-        const auto item = toItem(record, {Me, Me, 1000});
+        const auto item = toItem(record, {"me"_s, "me"_s, 1000});
         QTEST(item ? QStringList({item->name, item->usedPath, item->cachePath, item->deviceName,
                                      QString::number(item->time), QString::number(item->unread)})
                          .join(QLatin1Char(','))
