@@ -8,9 +8,9 @@
 #include "clouddoc/ui/transferlistview.h"
 #include "clouddoc/ui/transferpanel.h"
 #include "lists/ui/columnheading.h"
+#include "support/dragdrop.h"
 
 #include <QClipboard>
-#include <QDragEnterEvent>
 
 /// The page with real keys, clicks and drops.
 class TestPage : public QObject, private PageFixture
@@ -145,11 +145,12 @@ private Q_SLOTS:
             data->setText(dragged);
         QWidget *first = find<BreadcrumbBar>()->childAt(10, find<BreadcrumbBar>()->height() / 2);
         if (row == -2)
-            drop(first, {5, 5}, data.get());
+            zeltest::drop(first, {5, 5}, data.get());
         else if (rows.isEmpty())
-            drop(page(), {300, 300}, data.get());
+            zeltest::drop(page(), {300, 300}, data.get());
         else
-            drop(view()->viewport(), row < 0 ? QPoint(50, view()->height() - 10) : centre(row), data.get());
+            zeltest::drop(
+                view()->viewport(), row < 0 ? QPoint(50, view()->height() - 10) : centre(row), data.get());
         QTEST(wanted().join(QLatin1Char('\n')), "expected");
     }
 
@@ -158,12 +159,14 @@ private Q_SLOTS:
     {
         load({"a/"_s, "c.txt"_s});
         const auto data = zel::clouddoc::itemsMimeData({"root"_s, {"c.txt"_s}}, {});
-        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
+        const Qt::DropActions actions = view()->cargo()->dragActions();
+        QVERIFY(!actions.testFlag(Qt::MoveAction)); // file managers would take it
         QDragEnterEvent enter(centre(0), actions, data.get(), Qt::LeftButton, {});
         QApplication::sendEvent(view()->viewport(), &enter);
         QTRY_COMPARE(m_cloud->askedFor("getInfoList").last(), "a"_s);
-        QVERIFY(answer("a"_s, {"d.txt"_s}));
-        drop(view()->viewport(), QPoint(50, view()->height() - 10), data.get());
+        QVERIFY(answer("a"_s, {"e/"_s})); // comes under the pointer, and is not meant
+        QDropEvent fall(centre(0), actions, data.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(view()->viewport(), &fall);
         QCOMPARE(wanted(), QStringList("cloudItemsMoveTo c.txt -> a (0)"_s));
         zel::vela::CloudItemsMoveToResult moved;
         moved.items = {FakeCloud::item("c.txt"_s, "a"_s)};
@@ -320,17 +323,6 @@ private Q_SLOTS:
     }
 
 private:
-    void drop(QWidget *target, const QPoint &pos, QMimeData *data)
-    {
-        const Qt::DropActions actions = Qt::CopyAction | Qt::MoveAction;
-        QDragEnterEvent enter(pos, actions, data, Qt::LeftButton, {});
-        QApplication::sendEvent(target, &enter);
-        QDragMoveEvent move(pos, actions, data, Qt::LeftButton, {});
-        QApplication::sendEvent(target, &move);
-        QDropEvent event(pos, actions, data, Qt::LeftButton, {});
-        if (move.isAccepted())
-            QApplication::sendEvent(target, &event);
-    }
     QString crumbs() const
     {
         QStringList names;

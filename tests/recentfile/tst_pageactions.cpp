@@ -265,8 +265,9 @@ private Q_SLOTS:
         auto *own = dialog<ShareDialog>();
         QVERIFY(own);
         Q_EMIT own->copyFileChosen();
-        QCOMPARE(
-            QApplication::clipboard()->mimeData()->urls(), QList<QUrl>{QUrl("file:///data/docs/1.odt"_s)});
+        const QMimeData *copied = QApplication::clipboard()->mimeData();
+        QCOMPARE(copied->urls(), QList<QUrl>{QUrl("file:///data/docs/1.odt"_s)});
+        QCOMPARE(copied->data("x-special/gnome-copied-files"_s), QByteArray("copy\nfile:///data/docs/1.odt"));
         QVERIFY(notice()->isVisible());
         QCOMPARE(shares.size(), 2);
     }
