@@ -14,11 +14,6 @@
 #include "mainwindow/ui/zelboxmainwindow.h"
 #include "standalonebox.h"
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QDialog>
-#include <QDrag>
-
 #include <stdexcept>
 
 namespace {

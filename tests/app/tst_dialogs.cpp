@@ -14,10 +14,6 @@
 #include "support/contrast.h"
 #include "support/fakecloud.h"
 
-#include <QAbstractButton>
-#include <QLabel>
-#include <QPushButton>
-
 namespace {
 
 constexpr int Scale = 3; // so that strokes have a pixel without an edge

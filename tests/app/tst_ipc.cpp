@@ -3,13 +3,6 @@
 #include "base/posix/uniquefd.h"
 #include "fakehost.h"
 
-#include <thread>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 class TestIpc : public QObject
 {
     Q_OBJECT

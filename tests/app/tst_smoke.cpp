@@ -3,9 +3,6 @@
 #include "base/posix/unixsocket.h"
 #include "support/xscreen.h"
 
-#include <csignal>
-#include <thread>
-
 using namespace std::chrono_literals;
 
 class TestSmoke : public QObject

@@ -4,13 +4,6 @@
 #include "base/posix/singleinstance.h"
 #include "base/posix/unixsocket.h"
 
-#include <cerrno>
-#include <csignal>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <thread>
-#include <unistd.h>
-
 using namespace zel::posix;
 using namespace std::chrono_literals;
 

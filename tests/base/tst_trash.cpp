@@ -3,9 +3,6 @@
 #include "base/trash/trashinfo.h"
 #include "support/temptree.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 using namespace zel::trash;
 
 Q_DECLARE_METATYPE(zel::trash::Outcome)

@@ -6,10 +6,6 @@
 #include "support/fakeopener.h"
 #include "widgets/noticebar.h"
 
-#include <QAction>
-#include <QApplication>
-#include <QPushButton>
-
 /// The page of cloud documents in an active window, over a cloud that the test answers for.
 class PageFixture
 {

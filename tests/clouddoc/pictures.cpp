@@ -8,9 +8,6 @@
 #include "clouddoc/ui/movedialog.h"
 #include "clouddoc/ui/transferpanel.h"
 
-#include <QDragEnterEvent>
-#include <QMenu>
-
 class Scenes : private PageFixture
 {
 public:

@@ -10,8 +10,6 @@
 #include "lists/ui/columnheading.h"
 #include "support/dragdrop.h"
 
-#include <QClipboard>
-
 /// The page with real keys, clicks and drops.
 class TestPage : public QObject, private PageFixture
 {

@@ -2,8 +2,6 @@
 
 #include "clouddoc/ui/conflictdialog.h"
 
-#include <QLineEdit>
-
 /// What changes documents, what the page says of it, and how it is taken back.
 class TestPageEdits : public QObject, private PageFixture
 {

@@ -2,9 +2,6 @@
 
 #include "clouddoc/ui/movedialog.h"
 
-#include <QDragEnterEvent>
-#include <QLineEdit>
-
 /// Files of another program, which takes its time for each answer.
 class ForeignFiles : public QMimeData
 {

@@ -1,8 +1,6 @@
 #include "faultcontrol.h"
 #include "service/drive/drivefixture.h"
 
-#include <cerrno>
-
 using namespace zel::service;
 
 namespace {

@@ -1,10 +1,5 @@
 #include "launcher/boxtree.h"
 
-#include <csignal>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 namespace {
 
 void copy(const char *variable, const QString &target)

@@ -1,9 +1,5 @@
 #include "launcher/boxtree.h"
 
-#include <csignal>
-#include <sys/stat.h>
-#include <unistd.h>
-
 /// The real launcher: its own options, its folder, signals and the self-test.
 class TestLifecycle : public QObject
 {

@@ -3,9 +3,6 @@
 #include "lists/listmodel.h"
 #include "lists/ui/sectionlistview.h"
 
-#include <QPainter>
-#include <QScrollBar>
-
 namespace listtest {
 
 /// Rows with a name, which is their id, in sections by the name's first letter; what does not pass the filter

@@ -4,8 +4,6 @@
 #include "lists/ui/listrow.h"
 #include "support/picturerun.h"
 
-#include <QPainter>
-
 namespace {
 
 ListRow rowOf(ListRow::Kind kind, const char *name)

@@ -1,8 +1,5 @@
 #include "lists/listfixture.h"
 
-#include <QDragEnterEvent>
-#include <QProxyStyle>
-
 using namespace listtest;
 
 /// Keys, clicks and drags.

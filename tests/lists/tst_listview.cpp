@@ -3,9 +3,6 @@
 #include "klitestyle.h"
 #include "klook.h"
 
-#include <QAccessible>
-#include <QScreen>
-
 using namespace listtest;
 
 /// Where rows are, what is painted of them, and what stays while they change.

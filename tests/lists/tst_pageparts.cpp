@@ -11,11 +11,6 @@
 #include "widgets/noticearea.h"
 #include "widgets/shortcuts.h"
 
-#include <QAction>
-#include <QListView>
-#include <QMenu>
-#include <QPushButton>
-
 class TestPageParts : public QObject
 {
     Q_OBJECT

@@ -5,9 +5,6 @@
 #include "support/contrast.h"
 #include "widgets/nametext.h"
 
-#include <QPainter>
-#include <QStandardItemModel>
-
 using zel::MarkedText;
 
 Q_DECLARE_METATYPE(ListRow::Kind)

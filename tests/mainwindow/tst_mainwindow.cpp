@@ -15,10 +15,6 @@
 #include "widgets/boxpage.h"
 #include "widgets/windowframe.h"
 
-#include <QAbstractButton>
-#include <QAction>
-#include <QScreen>
-
 class TestMainWindow : public QObject
 {
     Q_OBJECT

@@ -7,9 +7,6 @@
 #include "support/picturerun.h"
 #include "tray/trayimage.h"
 
-#include <QLineEdit>
-#include <QPainter>
-
 using namespace recenttest;
 
 namespace {

@@ -8,12 +8,6 @@
 #include "mini/ui/zelboxminiwindow.h"
 #include "recentfile/fakes.h"
 
-#include <QApplication>
-#include <QLineEdit>
-#include <QMenu>
-#include <QScreen>
-#include <QWindow>
-
 using namespace recenttest;
 using zel::mini::Edge;
 

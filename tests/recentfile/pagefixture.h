@@ -11,8 +11,6 @@
 #include "support/fakecloud.h"
 #include "widgets/noticebar.h"
 
-#include <QPushButton>
-
 namespace recenttest {
 
 /// The Recent page in an active window, over a store, a desktop and a cloud service that are fakes.

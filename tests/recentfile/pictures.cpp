@@ -10,8 +10,6 @@
 #include "recentfile/ui/recentsortmenu.h"
 #include "recentfile/ui/sharedialog.h"
 
-#include <QScrollBar>
-
 using namespace recenttest;
 
 class Scenes : private PageFixture

@@ -5,8 +5,6 @@
 #include "recentfile/ui/recentguides.h"
 #include "widgets/loadingindicator.h"
 
-#include <QLabel>
-
 using namespace recenttest;
 /// The states that the page goes through, and what it says.
 class TestPage : public QObject, private PageFixture

@@ -7,11 +7,6 @@
 #include "recentfile/ui/sharedialog.h"
 #include "widgets/chip.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QContextMenuEvent>
-#include <QLabel>
-
 using namespace recenttest;
 
 /// What a person does on the page, by mouse and keyboard.

@@ -1,7 +1,5 @@
 #include "support/wireclient.h"
 
-#include <csignal>
-
 using namespace zel;
 using namespace zel::posix;
 using namespace std::chrono_literals;

@@ -7,8 +7,6 @@
 #include "support/serviceprocess.h"
 #include "widgets/shortcuts.h"
 
-#include <QPushButton>
-
 namespace {
 
 void waitForLogin(KCloudSvrProxy &cloud)

@@ -20,12 +20,6 @@
 #include "widgets/sidelist.h"
 #include "widgets/toggle.h"
 
-#include <QAction>
-#include <QComboBox>
-#include <QPushButton>
-#include <QScrollArea>
-#include <QScrollBar>
-
 using zel::Shortcuts;
 
 class TestSettings : public QObject

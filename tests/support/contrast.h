@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QColor>
 #include <cmath>
 
 /// Contrast of two opaque colours, 1 to 21, as the Web Content Accessibility Guidelines 2.1 define it.

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QApplication>
-#include <QDragEnterEvent>
-#include <QWidget>
-
 namespace zeltest {
 
 /// Drags data of another program over a widget and lets it fall there when it is taken. What becomes of it:

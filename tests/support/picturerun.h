@@ -7,8 +7,6 @@
 #include "kskin.h"
 #include "support/testclock.h"
 
-#include <QApplication>
-
 /// A program that paints pictures for people: `<program> <folder> [dark] [2x] [<locale>]`. Makes the
 /// application, the look, the language and the time, and gives each file its name, as in
 /// "menu-dark-zh_CN-2x.png". The resources are those of the build, or those in the folder that ZEL_RESOURCES

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <csignal>
-
 /// The real service in a runtime folder and a data folder of its own; may be killed and started again on the
 /// same data.
 class ServiceProcess

@@ -6,8 +6,6 @@
 #include "useragent/kxuseragentutil.h"
 #include "useragent/useragenttext.h"
 
-#include <sys/resource.h>
-
 using namespace zel::useragent;
 
 Q_DECLARE_METATYPE(zel::useragent::Attachment)

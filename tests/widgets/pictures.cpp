@@ -19,8 +19,6 @@
 #include "widgets/svgicon.h"
 #include "widgets/toggle.h"
 
-#include <QtWidgets>
-
 namespace look = zel::look;
 
 namespace {

@@ -3,8 +3,6 @@
 #include "widgets/actiontable.h"
 #include "widgets/shortcuts.h"
 
-#include <QAction>
-
 using zel::Shortcuts;
 
 class TestShortcuts : public QObject

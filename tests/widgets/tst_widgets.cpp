@@ -9,11 +9,6 @@
 #include "widgets/sidelist.h"
 #include "widgets/toggle.h"
 
-#include <QAction>
-#include <QPushButton>
-#include <QToolButton>
-#include <QVBoxLayout>
-
 class WidgetsTest : public QObject
 {
     Q_OBJECT

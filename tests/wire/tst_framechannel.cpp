@@ -2,7 +2,6 @@
 #include "cloud/wire/framechannel.h"
 #include "cloud/wire/limits.h"
 
-#include <fcntl.h>
 #include <sys/socket.h>
 
 using namespace zel::wire;

@@ -3,13 +3,8 @@
 #include "kcloudsvrproxy.h"
 #include "support/temptree.h"
 
-#include <cerrno>
-#include <csignal>
-#include <fcntl.h>
 #include <krt/krt.h>
 #include <sys/socket.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
 
 using namespace zel::posix;
 using namespace std::chrono_literals;

@@ -2,7 +2,6 @@
 #include "repositoryfixture.h"
 
 #include <array>
-#include <csignal>
 
 using namespace zel::recent;
 using namespace zel::recent::test;

@@ -2,9 +2,6 @@
 #include "krt/krt.h"
 #include "support/boxmain.h"
 
-#include <QIcon>
-#include <QImageReader>
-
 class ApplicationTest : public QObject
 {
     Q_OBJECT

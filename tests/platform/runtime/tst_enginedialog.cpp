@@ -1,7 +1,5 @@
 #include "kcefloadingprogressdlg.h"
 
-#include <QPushButton>
-
 using Act = std::function<void(KCefLoadingProgressDlg &)>;
 Q_DECLARE_METATYPE(Act)
 

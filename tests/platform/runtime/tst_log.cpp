@@ -8,9 +8,6 @@
 #include "rotatingfile.h"
 #include "settingsstore.h"
 
-#include <thread>
-#include <unistd.h>
-
 using zel::platform::RotatingFile;
 
 namespace {

@@ -4,8 +4,6 @@
 
 #include <QDBusMessage>
 
-#include <unistd.h>
-
 using Outcome = KDocumentOpener::Outcome;
 
 /// Plays the file manager.

@@ -6,11 +6,6 @@
 #include "support/boxmain.h"
 #include "support/contrast.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QLineEdit>
-#include <QPushButton>
-
 using Color = KSkin::Color;
 using zel::style::mixed;
 

@@ -3,9 +3,6 @@
 #include "support/privatebus.h"
 #include "support/temptree.h"
 
-#include <csignal>
-#include <fcntl.h>
-
 using Outcome = KDocumentOpener::Outcome;
 
 // Looks at desktop entries and associations of the test's own, and really starts a program.

@@ -3,9 +3,6 @@
 #include "settingsstore.h"
 #include "support/temptree.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 class SettingsTest : public QObject
 {
     Q_OBJECT

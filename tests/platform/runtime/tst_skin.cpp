@@ -9,7 +9,6 @@
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusVariant>
-#include <QToolTip>
 
 using Color = KSkin::Color;
 

@@ -4,12 +4,6 @@
 #include "style/busyanimation.h"
 #include "support/boxmain.h"
 
-#include <QHBoxLayout>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QStyleOptionSlider>
-
 using Color = KSkin::Color;
 
 class StyleTest : public QObject

@@ -4,7 +4,6 @@
 #include "thumbnailstore.h"
 
 #include <mutex>
-#include <sys/stat.h>
 
 using namespace zel::platform;
 

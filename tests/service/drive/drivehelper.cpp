@@ -1,11 +1,8 @@
 #include "service/drive/localdrive.h"
 
-#include <csignal>
 #include <cstdio>
 #include <sched.h>
 #include <sys/mount.h>
-#include <sys/resource.h>
-#include <unistd.h>
 
 using namespace zel::service;
 

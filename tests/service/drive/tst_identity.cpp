@@ -1,7 +1,5 @@
 #include "drivefixture.h"
 
-#include <unistd.h>
-
 using namespace zel::service;
 
 namespace {

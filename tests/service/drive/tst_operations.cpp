@@ -1,9 +1,7 @@
 #include "drivefixture.h"
 
 #include <linux/capability.h>
-#include <sys/stat.h>
 #include <sys/syscall.h>
-#include <unistd.h>
 
 using namespace zel::service;
 

@@ -1,8 +1,6 @@
 #include "service/store/clouddatabase.h"
 #include "service/store/servicetables.h"
 
-#include <sys/stat.h>
-
 using namespace zel;
 using namespace zel::service;
 using wire::ServiceError;

@@ -3,9 +3,6 @@
 
 #include "platform/impl/recentstore/presence/presencechecker.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 using namespace zel::recent;
 using Presence = RecentFileInfo::Presence;
 

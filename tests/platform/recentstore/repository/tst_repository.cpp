@@ -4,10 +4,6 @@
 
 #include "platform/impl/recentstore/merge/roamingmerge.h"
 
-#include <csignal>
-#include <sys/resource.h>
-#include <sys/stat.h>
-
 using namespace zel::recent;
 using namespace zel::recent::test;
 

@@ -5,8 +5,6 @@
 #include "platform/impl/recentstore/xbel/isotime.h"
 #include "platform/impl/recentstore/xbel/listfile.h"
 
-#include <sys/stat.h>
-
 using namespace zel::recent;
 using namespace zel::recent::test;
 

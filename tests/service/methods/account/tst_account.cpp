@@ -4,7 +4,6 @@
 #include "service/servicefixture.h"
 
 #include <sstream>
-#include <unistd.h>
 
 using namespace zel;
 using namespace zel::vela;

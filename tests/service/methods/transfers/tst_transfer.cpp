@@ -2,11 +2,6 @@
 
 #include "service/drive/drivedisk.h"
 
-#include <csignal>
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
-
 using namespace zel;
 using namespace zel::vela;
 using service::TransferState;
