@@ -72,9 +72,7 @@ private Q_SLOTS:
     void oneFrame_data()
     {
         using Make = std::function<BoxDialog *()>;
-        QTest::addColumn<Make>("make");
-        QTest::addColumn<bool>("dark");
-        QTest::addColumn<bool>("hasFixedSize");
+        const auto row = zeltest::table<Make, bool, bool>("make", "dark", "hasFixedSize");
         const QVector<std::pair<const char *, Make>> dialogs{
             {"remove", [] { return new RemoveRecordDialog({document()}); }},
             {"delete", [] { return new DeleteFileDialog("a.odt"_s, 1); }},
@@ -90,14 +88,13 @@ private Q_SLOTS:
         };
         for (const auto &[name, make] : dialogs) {
             for (const bool dark : {false, true})
-                QTest::addRow("%s, %s", name, dark ? "dark" : "light")
-                    << make << dark << !QByteArrayList({"move", "folder"}).contains(name);
+                row(QLatin1String(name) + (dark ? ", dark"_s : ", light"_s), make, dark,
+                    !QByteArrayList({"move", "folder"}).contains(name));
         }
     }
     void oneFrame()
     {
-        QFETCH(std::function<BoxDialog *()>, make);
-        QFETCH(bool, dark);
+        const auto [make, dark] = zeltest::row<std::function<BoxDialog *()>, bool>();
         KSkin::setTheme(dark ? KSkin::Theme::Dark : KSkin::Theme::Light);
         QApplication::setPalette(KLiteStyle::palette(dark));
         const std::unique_ptr<BoxDialog> dialog(make());

@@ -21,8 +21,7 @@ private Q_SLOTS:
     }
     void operationsEndOnce()
     {
-        QFETCH(int, operation);
-        QFETCH(QString, way);
+        const auto [operation, way] = zeltest::row<int, QString>();
         openRoot({"a"_s, "f/"_s});
         QSignalSpy begun(&logic(), &CloudDocLogic::operationBegun);
         QSignalSpy undoable(&logic(), &CloudDocLogic::undoable);

@@ -103,8 +103,3 @@ QStringList BoxTree::texts(const zeltest::Text &what) const
     }
     return result;
 }
-
-std::string BoxTree::socketPath() const
-{
-    return QFile::encodeName(runtimeFolder() + "/zelbox.sock"_s).toStdString();
-}

@@ -47,7 +47,10 @@ public:
     QStringList texts(const zeltest::Text &what) const; ///< of all records of that kind, in order
     /// Of the launcher, with its socket and locks.
     QString runtimeFolder() const { return root.filePath("run/zelbox"_s); }
-    std::string socketPath() const;
+    std::string socketPath() const
+    {
+        return QFile::encodeName(runtimeFolder() + "/zelbox.sock"_s).toStdString();
+    }
 
     QTemporaryDir root;
     QProcessEnvironment environment;

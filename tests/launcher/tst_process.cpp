@@ -174,8 +174,7 @@ private Q_SLOTS:
     }
     void strangeOwner()
     {
-        QFETCH(QString, reply);
-        QFETCH(QByteArray, message);
+        const auto [reply, message] = zeltest::row<QString, QByteArray>();
         BoxTree tree;
         // The lock is the real box's; the socket is ours.
         const auto box = tree.startBox();

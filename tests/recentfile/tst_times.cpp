@@ -15,14 +15,14 @@ private Q_SLOTS:
     // A row has no name but its clock, or the zone and the reason why it is there.
     void textAndGroup_data()
     {
-        const auto add = zeltest::table<QByteArray, QString, QString, QString, int, QString>(
-            "zone", "now", "time", "text", "kind", "title");
+        const auto add = zeltest::table<QByteArray, QString, QString, int, QString, QString>(
+            "zone", "now", "time", "kind", "text", "title");
         const char *zone = "UTC";
         const char *now = "2024-03-20 10:00";
         const auto row = [&](const char *why, const char *time, const char *text, int kind,
                              const char *title) {
             add("%1 %2: %3"_s.arg(QLatin1String(zone), QLatin1String(now), QLatin1String(why)), zone, now,
-                time, text, kind, title);
+                time, kind, text, title);
         };
         row("next year", "2025-01-01 00:00", "2025-01-01", 1, "Today");
         row("tomorrow", "2024-03-21 08:00", "3month21day", 1, "Today");
@@ -78,10 +78,7 @@ private Q_SLOTS:
     }
     void textAndGroup()
     {
-        QFETCH(QByteArray, zone);
-        QFETCH(QString, now);
-        QFETCH(QString, time);
-        QFETCH(int, kind);
+        const auto [zone, now, time, kind] = zeltest::row<QByteArray, QString, QString, int>();
         recenttest::setZone(zone.constData());
         QTEST(timeText(at(time), at(now)), "text");
         const TimeGroupEdges edges = timeGroupEdges(at(now).date());

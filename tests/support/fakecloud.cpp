@@ -142,17 +142,14 @@ GetInfoListResult FakeCloud::page(const QString &folder, const QStringList &item
 
 void FakeCloud::tellRemoved(const QString &id, const QString &parent)
 {
-    NotifyFileActionArg action;
-    action.action = "remove";
-    action.item = item(id, parent);
-    push("notifyFileAction", action);
+    push("notifyFileAction",
+        filled(&NotifyFileActionArg::action, "remove", &NotifyFileActionArg::item, item(id, parent)));
 }
 
 void FakeCloud::tellCreated(const QString &text, const QString &parent)
 {
-    NotifyFileCreationArg creation;
-    creation.item = item(text, parent);
-    Q_EMIT velaEventObject()->signal_notifyFileCreation(creation);
+    Q_EMIT velaEventObject()->signal_notifyFileCreation(
+        filled(&NotifyFileCreationArg::item, item(text, parent)));
 }
 
 void FakeCloud::tellProperty(const CloudItem &item, const char *field)

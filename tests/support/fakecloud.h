@@ -2,6 +2,7 @@
 
 #include "kcloudask.h"
 #include "kcloudsvrproxy.h"
+#include "support/filled.h"
 #include "support/text.h"
 
 #include "drive_types.h"
@@ -65,9 +66,8 @@ public:
     }
     bool answerRemove(bool ok, int state = 0, const char *recycleId = "bin")
     {
-        zel::vela::RemoveResult result;
-        result.state = state;
-        result.recycleId = recycleId;
+        const auto result =
+            filled(&zel::vela::RemoveResult::state, state, &zel::vela::RemoveResult::recycleId, recycleId);
         return answer("remove", result, ok);
     }
     int waiting(const char *method) const

@@ -14,19 +14,11 @@
 #include <QtWidgets>
 #endif
 
-#include <algorithm>
-#include <atomic>
 #include <cerrno>
 #include <csignal>
-#include <cstdlib>
-#include <functional>
-#include <map>
-#include <memory>
 #include <optional>
 #include <set>
-#include <string>
 #include <thread>
-#include <vector>
 
 #include <fcntl.h>
 #include <sys/resource.h>

@@ -35,9 +35,8 @@ public:
     /// The handshake; false when the service does not welcome us.
     bool greet(int version = zel::wire::ProtocolVersion)
     {
-        zel::vela::GetVersionArg who;
-        who.protocolVersion = version;
-        const auto answer = call<zel::vela::GetVersionResult>("getVersion", who);
+        const auto answer = call<zel::vela::GetVersionResult>(
+            "getVersion", filled(&zel::vela::GetVersionArg::protocolVersion, version));
         return answer && answer->state == 0;
     }
 

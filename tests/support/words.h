@@ -54,16 +54,13 @@ concept TakesFields = []<int... Number>(std::integer_sequence<int, Number...>)
 }
 (std::make_integer_sequence<int, Count>());
 
-/// Fields of a struct, up to six of them; 0 for more.
-template <class Struct> constexpr int fieldCount()
+/// Fields of a struct, up to seven of them.
+template <class Struct, int Most = 7> constexpr int fieldCount()
 {
-    return TakesFields<Struct, 7> ? 0
-        : TakesFields<Struct, 6>  ? 6
-        : TakesFields<Struct, 5>  ? 5
-        : TakesFields<Struct, 4>  ? 4
-        : TakesFields<Struct, 3>  ? 3
-        : TakesFields<Struct, 2>  ? 2
-                                  : 1;
+    if constexpr (Most == 1 || TakesFields<Struct, Most>)
+        return Most;
+    else
+        return fieldCount<Struct, Most - 1>();
 }
 
 template <class Value>

@@ -27,11 +27,6 @@ enum class State { Normal, Hovered, Pressed, Focused, Disabled };
 using Properties = std::initializer_list<std::pair<const char *, QVariant>>;
 constexpr int Gap = 12;
 
-QString icon(const char *name)
-{
-    return ":/icons_svg/%1.svg"_s.arg(QLatin1String(name));
-}
-
 /// Rows of pictures with a caption each, put together to one image.
 class ContactSheet : public QWidget
 {
@@ -193,7 +188,7 @@ void buttons(Studio &studio)
     studio.states("button", new QPushButton("Cancel 取消"_s));
     studio.states(
         "default button", new QPushButton("Open 打开"_s), {{"autoDefault", false}, {"default", true}});
-    studio.states("icon button", new IconButton(icon("settings"), "Settings"_s));
+    studio.states("icon button", new IconButton(":/icons_svg/settings.svg"_s, "Settings"_s));
     studio.states("chip", new Chip("Spreadsheets 表格"_s));
     studio.states("chip, chosen", new Chip("Spreadsheets 表格"_s), {{"checked", true}});
     for (const bool on : {false, true}) {
@@ -248,21 +243,21 @@ void composites(Studio &studio)
 {
     studio.sheet.heading("Composites");
     SideList side("Pages"_s);
-    side.addPage(icon("settings"), "General 通用"_s);
-    side.addPage(icon("nav_recent"), "Recent 最近"_s);
-    side.addPage(icon("nav_cloud"), "Cloud documents 云文档"_s);
+    side.addPage(":/icons_svg/settings.svg"_s, "General 通用"_s);
+    side.addPage(":/icons_svg/nav_recent.svg"_s, "Recent 最近"_s);
+    side.addPage(":/icons_svg/nav_cloud.svg"_s, "Cloud documents 云文档"_s);
     QListWidget list;
     list.addItems({"Documents"_s, "文档"_s, "Pictures"_s});
     list.setCurrentRow(1);
     QMenu menu;
-    menu.addAction(zel::tintedIcon(icon("folder_open")), "Open folder 打开文件夹"_s)
+    menu.addAction(zel::tintedIcon(":/icons_svg/folder_open.svg"_s), "Open folder 打开文件夹"_s)
         ->setShortcut(QKeySequence("Ctrl+O"_s));
     QAction *pinned = menu.addAction("Pinned"_s);
     pinned->setCheckable(true);
     pinned->setChecked(true);
     menu.addSeparator();
     menu.addMenu("Send to"_s);
-    menu.addAction(zel::tintedIcon(icon("trash")), "Remove"_s)->setEnabled(false);
+    menu.addAction(zel::tintedIcon(":/icons_svg/trash.svg"_s), "Remove"_s)->setEnabled(false);
     menu.setActiveAction(menu.actions().constFirst());
     studio.sheet.row("side list, list, menu",
         {studio.shot(&side), studio.shot(&side, {}, State::Focused), studio.shot(&list, {160, 110}),
@@ -273,7 +268,7 @@ void composites(Studio &studio)
             "3 files moved to the recycle bin. 已移至回收站"_s, "Undo"_s, tone, NoticeBar::Stay);
         studio.sheet.row("notice", {studio.shot(&notice, {520, 40})});
     }
-    EmptyStateWidget empty(icon("empty_generic"), "Nothing here yet 暂无文件"_s,
+    EmptyStateWidget empty(":/icons_svg/empty_generic.svg"_s, "Nothing here yet 暂无文件"_s,
         "Files that you open will be listed here, newest first."_s);
     empty.addAction("Open a file 打开"_s);
     SampleDialog dialog;

@@ -180,8 +180,7 @@ private Q_SLOTS:
     }
     void handlerMayDoAnything()
     {
-        QFETCH(QString, what);
-        QFETCH(int, handled);
+        const auto [what, handled] = zeltest::row<QString, int>();
         m_handler = [&](const QByteArray &frame) {
             if (frame != "go")
                 return;

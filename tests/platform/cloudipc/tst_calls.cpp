@@ -46,11 +46,8 @@ private Q_SLOTS:
     }
     void everyRequestEndsOnce()
     {
-        QFETCH(Serve, serve);
-        QFETCH(Act, act);
-        QFETCH(QString, slot);
-        QFETCH(QString, reply);
-        QFETCH(bool, staysConnected);
+        const auto [serve, act, slot, reply, staysConnected] =
+            zeltest::row<Serve, Act, QString, QString, bool>();
         Fixture f;
         f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) {
             serve(*f.service, head);

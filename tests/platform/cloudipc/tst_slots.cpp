@@ -25,8 +25,7 @@ private Q_SLOTS:
     }
     void slotForms()
     {
-        QFETCH(QByteArray, slot);
-        QFETCH(bool, fits);
+        const auto [slot, fits] = zeltest::row<QByteArray, bool>();
         Fixture f;
         Listener listener;
         QVERIFY(f.connectNow());
@@ -149,8 +148,7 @@ private Q_SLOTS:
     }
     void destroyedInASlot()
     {
-        QFETCH(QString, what);
-        QFETCH(QString, ending);
+        const auto [what, ending] = zeltest::row<QString, QString>();
         Fixture f;
         f.service->serve = [&](const FakeService::Head &head, FakeService::Reader &) {
             if (ending == "answer"_s)

@@ -29,11 +29,8 @@ private Q_SLOTS:
     // no arrows.
     void scrollBarParts()
     {
-        QFETCH(Qt::Orientation, orientation);
-        QFETCH(Qt::LayoutDirection, direction);
-        QFETCH(int, maximum);
-        QFETCH(int, page);
-        QFETCH(int, value);
+        const auto [orientation, direction, maximum, page, value] =
+            zeltest::row<Qt::Orientation, Qt::LayoutDirection, int, int, int>();
         OpenScrollBar bar(orientation);
         bar.setLayoutDirection(direction);
         bar.setRange(0, maximum);

@@ -204,9 +204,7 @@ private Q_SLOTS:
         store.note(B, 40);
         ::umask(mask);
         for (const char *suffix : {"", "-wal", "-shm"}) {
-            struct stat status
-            {
-            };
+            struct stat status = {};
             QCOMPARE(
                 ::stat(QFile::encodeName(home.places.database + QLatin1String(suffix)).constData(), &status),
                 0);

@@ -47,8 +47,7 @@ private Q_SLOTS:
 
     void edits()
     {
-        QFETCH(QStringList, words);
-        QFETCH(int, policy);
+        const auto [words, policy] = zeltest::row<QStringList, int>();
         FilledDrive fixture;
         DriveFixture::write(fixture.local("new"), "new");
         const QString before = DriveFixture::tree(fixture.root());

@@ -21,9 +21,7 @@ private Q_SLOTS:
 
     void tellsWhatOthersDo()
     {
-        QFETCH(QString, from);
-        QFETCH(QString, to);
-        QFETCH(QString, push);
+        const auto [from, to, push] = zeltest::row<QString, QString, QString>();
         FilledDrive fixture;
         const std::string id = fixture.idOf("a.txt").id;
         QSignalSpy told(&fixture.events, &service::DriveEvents::told);
