@@ -53,8 +53,6 @@ SettingsPage::SettingsPage(const QString &title, QWidget *parent)
     m_body->addLayout(m_cards);
     m_body->addStretch(0);
     m_content->setMaximumWidth(KLiteStyle::dpiScaled(MostWidth) + 2 * side);
-    m_content->setFocusPolicy(Qt::ClickFocus); // a click beside the controls ends what one of them waits for
-    m_content->setAccessibleName(title);
     m_scroller->setFrameShape(QFrame::NoFrame);
     m_scroller->setFocusPolicy(Qt::NoFocus); // the controls inside bring themselves into view
     m_scroller->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -72,6 +70,15 @@ SettingsPage::SettingsPage(const QString &title, QWidget *parent)
 }
 
 // The scroll bar stands in the margin, so that nothing moves when it comes.
+// A click beside the controls ends what one of them waits for.
+void SettingsPage::mousePressEvent(QMouseEvent *event)
+{
+    QWidget *focused = window()->focusWidget();
+    if (focused && isAncestorOf(focused))
+        focused->clearFocus();
+    QWidget::mousePressEvent(event);
+}
+
 void SettingsPage::followScrollBar()
 {
     const QScrollBar *bar = m_scroller->verticalScrollBar();

@@ -30,6 +30,7 @@ protected:
     void addWidget(QWidget *widget);      ///< anything else, as wide as it likes
     void addFiller(QWidget *widget);      ///< takes what room is left
     NoticeBar *notice() const { return m_notice; }
+    void mousePressEvent(QMouseEvent *event) override;
 
 private:
     void followScrollBar();
