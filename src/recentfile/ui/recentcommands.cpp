@@ -8,19 +8,17 @@
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsortfiltermodel.h"
 #include "recentfile/recordtexts.h"
+#include "recentfile/ui/recentcommandtexts.h"
 #include "recentfile/ui/recentdialogs.h"
 #include "recentfile/ui/recentfilelistview.h"
 #include "recentfile/ui/recentfilemenu.h"
 #include "recentfile/ui/sharedialog.h"
 #include "widgets/filedrag.h"
-#include "widgets/nametext.h"
 #include "widgets/noticearea.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QDir>
-#include <QFileInfo>
 #include <QMimeData>
 #include <algorithm>
 
@@ -41,27 +39,6 @@ QStringList idsOf(const RecordInfoList &records)
     for (const RecentFileInfo &record : records)
         ids << record.id;
     return ids;
-}
-
-QString nameOf(const RecentFileInfo &record)
-{
-    return zel::shortName(zel::recent::shownName(record));
-}
-
-QString folderNameOf(const RecentFileInfo &record)
-{
-    return zel::shortName(QFileInfo(record.path).dir().dirName());
-}
-
-int countLocal(const RecordInfoList &records)
-{
-    return int(std::count_if(
-        records.cbegin(), records.cend(), [](const RecentFileInfo &each) { return !each.path.isEmpty(); }));
-}
-
-bool isOnOtherDevices(const RecentFileInfo &record)
-{
-    return !record.roamingId.isEmpty();
 }
 
 } // namespace
@@ -271,38 +248,25 @@ void RecentCommands::remove(const RecordInfoList &records)
 {
     m_view->setLeaving(idsOf(records));
     m_actions->removeRecords(records);
-    const int local = countLocal(records);
-    const QString removed = records.size() == 1
-        ? tr("“%1” was removed from the list.").arg(nameOf(records.constFirst()))
-        : tr("%Ln document(s) were removed from the list.", nullptr, records.size());
-    if (local == 0) {
-        m_undo->withdraw();
-        m_notice->showText(removed + QLatin1Char(' ') + tr("This cannot be undone."), Tone::Info);
-        return;
-    }
-    QString said = removed;
-    if (local < records.size())
-        said += QLatin1Char(' ') + tr("Undo brings back %Ln of them, on this device only.", nullptr, local);
-    else if (std::any_of(records.cbegin(), records.cend(), isOnOtherDevices))
-        said += QLatin1Char(' ') + tr("Undo works on this device only.");
-    m_undo->offer(said, tr("Undo Removal"), [this, records] { restore(records); });
+    const QString said = zel::recent::removedText(records);
+    if (zel::recent::countLocal(records) > 0)
+        return m_undo->offer(said, tr("Undo Removal"), [this, records] { restore(records); });
+    m_undo->withdraw();
+    m_notice->showText(said, Tone::Info);
 }
 
 void RecentCommands::restore(const RecordInfoList &records)
 {
     m_view->setReturning(idsOf(records));
     m_actions->restoreRecords(records);
-    const int local = countLocal(records);
-    m_notice->showText(local == 1 && records.size() == 1
-            ? tr("“%1” is back on the list.").arg(nameOf(records.constFirst()))
-            : tr("%Ln document(s) are back on the list.", nullptr, local),
-        Tone::Info);
+    m_notice->showText(zel::recent::backOnListText(records), Tone::Info);
 }
 
 void RecentCommands::askToDelete(const QModelIndexList &rows)
 {
     const RecordInfoList records = recordsOf(rows);
-    auto *dialog = new DeleteFileDialog(nameOf(records.constFirst()), records.size(), m_page);
+    auto *dialog =
+        new DeleteFileDialog(zel::recent::noticeName(records.constFirst()), records.size(), m_page);
     connect(dialog, &QDialog::accepted, this, [this, records] {
         m_undo->withdraw(); // the next offer is for what goes now
         m_view->setLeaving(idsOf(records));
@@ -316,37 +280,22 @@ void RecentCommands::onFilesDeleted(const RecordInfoList &deleted, const RecordI
 {
     if (!failed.isEmpty()) {
         m_view->setLeaving(idsOf(deleted));
-        m_notice->showText(failed.size() == 1
-                ? tr("“%1” could not be deleted.").arg(nameOf(failed.constFirst()))
-                : tr("%Ln file(s) could not be deleted.", nullptr, failed.size()));
+        m_notice->showText(zel::recent::notDeletedText(failed));
     }
-    if (deleted.isEmpty())
-        return;
-    const QString text = deleted.size() == 1
-        ? tr("“%1” was moved to the recycle bin.").arg(nameOf(deleted.constFirst()))
-        : tr("%Ln file(s) were moved to the recycle bin.", nullptr, deleted.size());
-    offerUndoDelete(text, Tone::Info);
+    if (!deleted.isEmpty())
+        offerUndoDelete(zel::recent::deletedText(deleted), Tone::Info);
 }
 
 void RecentCommands::onFilesRestored(const RecordInfoList &restored, const RecordInfoList &failed)
 {
     m_view->setReturning(idsOf(restored)); // the store tells of them later
-    if (!failed.isEmpty()) {
-        const QString text = failed.size() == 1
-            ? tr("“%1” could not be brought back.").arg(nameOf(failed.constFirst()))
-            : tr("%Ln file(s) could not be brought back.", nullptr, failed.size());
-        if (m_actions->canUndoDelete()
-            && !action(Command::Undo)->isEnabled()) // else that is for something new
-            offerUndoDelete(text, Tone::Problem);
-        else
-            m_notice->showText(text);
-    } else {
-        m_notice->showText(restored.size() == 1
-                ? tr("“%1” is back in “%2”.")
-                      .arg(nameOf(restored.constFirst()), folderNameOf(restored.constFirst()))
-                : tr("%Ln file(s) are back where they were.", nullptr, restored.size()),
-            Tone::Info);
-    }
+    if (failed.isEmpty())
+        return m_notice->showText(zel::recent::broughtBackText(restored), Tone::Info);
+    const QString text = zel::recent::notBroughtBackText(failed);
+    if (m_actions->canUndoDelete() && !action(Command::Undo)->isEnabled()) // else that is for something new
+        offerUndoDelete(text, Tone::Problem);
+    else
+        m_notice->showText(text);
 }
 
 void RecentCommands::offerUndoDelete(const QString &text, Tone tone)
@@ -381,7 +330,7 @@ void RecentCommands::share(const QModelIndex &row)
 void RecentCommands::showShareDialog(const RecentFileInfo &record)
 {
     auto *dialog = new ShareDialog(record, m_page);
-    const QString name = nameOf(record);
+    const QString name = zel::recent::noticeName(record);
     connect(dialog, &ShareDialog::copyFileChosen, this, [this, record, name] {
         QApplication::clipboard()->setMimeData(zel::fileMimeData({record.path}).release());
         m_notice->showText(tr("“%1” is on the clipboard.").arg(name), Tone::Info);
@@ -399,6 +348,6 @@ void RecentCommands::showShareDialog(const RecentFileInfo &record)
 void RecentCommands::report(const QModelIndex &row)
 {
     m_actions->report(recordAt(row));
-    m_notice->showText(tr("“%1” was reported.").arg(nameOf(recordAt(row))), Tone::Info);
+    m_notice->showText(tr("“%1” was reported.").arg(zel::recent::noticeName(recordAt(row))), Tone::Info);
     Q_EMIT otherRequested(row);
 }
