@@ -14,8 +14,9 @@ function(zel_test_program name)
     add_executable(${name} ${ARG_SOURCES})
     target_link_libraries(${name} PRIVATE ${ARG_LINK} Qt5::Test)
     target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}/src" "${CMAKE_SOURCE_DIR}/tests")
-    # What each of them has without including it.
-    target_compile_options(${name} PRIVATE -include "${CMAKE_SOURCE_DIR}/tests/support/test.h")
+    # What each of them has without including it; what moc writes does without, mostly it is empty.
+    set_source_files_properties(${ARG_SOURCES} PROPERTIES
+        COMPILE_OPTIONS "-include;${CMAKE_SOURCE_DIR}/tests/support/test.h")
     set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/tests")
 endfunction()
 

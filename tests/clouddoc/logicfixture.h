@@ -3,6 +3,7 @@
 #include "clouddoc/clouddoclogic.h"
 #include "support/fakecloud.h"
 #include "support/printmodel.h"
+#include "support/test.h"
 
 /// Names of the rows.
 inline QString print(const CloudDocLogic &logic)

@@ -2,6 +2,7 @@
 
 #include "lists/listmodel.h"
 #include "lists/ui/sectionlistview.h"
+#include "support/test.h"
 
 namespace listtest {
 

@@ -3,6 +3,7 @@
 #include "kfiletrash.h"
 #include "recentfile/records.h"
 #include "support/fakeopener.h"
+#include "support/test.h"
 
 /// A store in memory. Writes what it is asked for into `log`.
 class FakeStore : public KRecentFileProxy

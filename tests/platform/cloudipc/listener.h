@@ -3,6 +3,7 @@
 #include "common_types.h"
 #include "krpcresponse.h"
 #include "search_types.h"
+#include "support/test.h"
 
 using zel::vela::VelaIpcResult;
 
