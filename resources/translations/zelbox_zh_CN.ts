@@ -652,6 +652,22 @@
         <source>Signed in. Everything stays on this computer.</source>
         <translation>已登录。所有内容都保存在这台电脑上。</translation>
     </message>
+    <message>
+        <source>The list of places could not be changed.</source>
+        <translation>无法更改位置列表。</translation>
+    </message>
+    <message>
+        <source>Copies kept to open documents faster</source>
+        <translation>为更快打开文档而保留的副本</translation>
+    </message>
+    <message>
+        <source>Show in file managers</source>
+        <translation>在文件管理器中显示</translation>
+    </message>
+    <message>
+        <source>Among the places at the side of file managers and dialogs.</source>
+        <translation>列在文件管理器和对话框侧边的位置中。</translation>
+    </message>
 </context>
 <context>
     <name>CloudSettingsWidget</name>

@@ -43,7 +43,7 @@ public:
             m_asked.insert(m_proxy.asynCallEx("velaIpcCall"_s,
                 QArgument<VelaIpcArg>("VelaIpcArg",
                     filled(&VelaIpcArg::nameSpace, "KVelaIpcCallObj", &VelaIpcArg::method,
-                        "getCloudDiskEntryVisible")),
+                        "getTransBubbleFrequncy")),
                 this, "onAnswer"_s));
         }
     }

@@ -207,6 +207,13 @@ private Q_SLOTS:
         window.click<QPushButton>("Try again"); // finds the service that runs
         QTRY_VERIFY_WITH_TIMEOUT(cloud.isLogined(), 20000);
         QTRY_VERIFY(window.canPress("Open Folder"));
+        auto *listed = window.find<Toggle>("Show in file managers");
+        QTRY_VERIFY(listed->isEnabled());
+        QVERIFY(!listed->isChecked()); // nobody was asked yet
+        listed->click();
+        QTRY_COMPARE_WITH_TIMEOUT(
+            QFileInfo(qEnvironmentVariable("XDG_CONFIG_HOME") + "/gtk-3.0/bookmarks"_s).size() > 0, true,
+            5000);
         for (const QPushButton *button : window.dialog.findChildren<QPushButton *>()) // Enter presses none
             QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->text()));
         QSignalSpy cleared(RecentFileEventObject(), &KRecentFileEvents::historyCleared);

@@ -66,6 +66,7 @@ void CloudDocuments::fillHooks(ServiceHooks &hooks)
 {
     hooks.cancelTasks = [this](const QStringList &ids) { return m_transferMethods.cancelTasks(ids); };
     hooks.waitingUploads = [this] { return m_transferMethods.waitingUploads(); };
+    hooks.driveFolder = [this] { return QDir::cleanPath(m_places.drive); };
     hooks.runningTasks = [this] { return m_transferMethods.runningTasks(); };
     hooks.removeRecords = [this](const QStringList &ids, const QStringList &fileIds,
                               const std::function<void(const QStringList &)> &answer) {

@@ -17,6 +17,7 @@ struct ServiceHooks
     std::function<wire::ServiceError(const QStringList &taskIds)> cancelTasks;
     std::function<QStringList()> waitingUploads; ///< task ids
     std::function<int()> runningTasks;           ///< transfers that are not done
+    std::function<QString()> driveFolder;        ///< absolute path
     /// A client opened or changed this file of the cloud: an item's id, or the path of its local copy.
     std::function<wire::ServiceError(const QString &file)> reportCloudDoc;
     /// Takes records off the recent list; `answer` gets the ids of those that were there, before clients are

@@ -6,8 +6,10 @@
 #include "settings/ui/confirmdialog.h"
 #include "settings/ui/settingscard.h"
 #include "widgets/noticebar.h"
+#include "widgets/toggle.h"
 
 #include <QPushButton>
+#include <QSignalBlocker>
 
 using State = CloudAccount::State;
 
@@ -43,8 +45,10 @@ QString usedText(const CloudSpace &space)
 CloudSettingsPage::CloudSettingsPage(KCloudSvrProxy *cloud, QWidget *parent)
     : SettingsPage(tr("Cloud"), parent),
       m_account(cloud),
+      m_options(cloud),
       m_sign(new QPushButton(this)),
-      m_open(new QPushButton(tr("Open Folder"), this))
+      m_open(new QPushButton(tr("Open Folder"), this)),
+      m_listed(new Toggle(QString(), this))
 {
     addAccount();
     addDrive();
@@ -59,7 +63,14 @@ CloudSettingsPage::CloudSettingsPage(KCloudSvrProxy *cloud, QWidget *parent)
             if (path == m_account.folder() && outcome != KDocumentOpener::Outcome::Opened)
                 notice()->showText(tr("The folder cannot be opened."));
         });
+    connect(&m_options, &CloudOptions::changed, this, &CloudSettingsPage::updateOptions);
+    connect(&m_options, &CloudOptions::failed, this, [this] {
+        notice()->showText(tr("The list of places could not be changed."));
+        updateOptions();
+    });
+    connect(m_listed, &Toggle::toggled, &m_options, &CloudOptions::setDriveListed);
     update();
+    updateOptions();
 }
 
 void CloudSettingsPage::addAccount()
@@ -73,6 +84,9 @@ void CloudSettingsPage::addDrive()
     SettingsCard *card = addCard(tr("Drive"));
     m_folderRow = card->addRow(tr("Folder"), QString(), m_open);
     m_spaceRow = card->addRow(tr("Space"), QString());
+    m_copiesRow = card->addRow(tr("Copies kept to open documents faster"), QString());
+    m_listedRow = card->addRow(tr("Show in file managers"),
+        tr("Among the places at the side of file managers and dialogs."), m_listed);
 }
 
 void CloudSettingsPage::addServer()
@@ -98,6 +112,15 @@ void CloudSettingsPage::update()
         folder.isEmpty() ? tr("Not known at the moment.") : zel::paths::shown(folder));
     m_open->setEnabled(!folder.isEmpty());
     m_spaceRow->setExplanation(usedText(m_account.space()));
+}
+
+void CloudSettingsPage::updateOptions()
+{
+    const QSignalBlocker quiet(m_listed);
+    m_listed->setChecked(m_options.isDriveListed().value_or(false));
+    m_listedRow->setRowEnabled(m_options.isDriveListed().has_value());
+    m_copiesRow->setExplanation(zel::sizeText(m_options.cacheSize()));
+    m_copiesRow->setVisible(m_options.cacheSize() > 0);
 }
 
 void CloudSettingsPage::act()

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "settings/cloudaccount.h"
+#include "settings/cloudoptions.h"
 #include "settings/ui/settingspage.h"
 
 class QPushButton;
 class SettingsRow;
+class Toggle;
 
 /// Account, drive and server. GUI thread. Follows the service: also while it is away.
 class CloudSettingsPage final : public SettingsPage
@@ -20,14 +22,19 @@ private:
     void addDrive();
     void addServer();
     void update();
+    void updateOptions();
     void act();
     void onFailed(CloudAccount::Problem problem, int waitingUploads);
     void askToDropUploads(int count);
 
     CloudAccount m_account;
+    CloudOptions m_options;
     QPushButton *m_sign;
     QPushButton *m_open;
+    Toggle *m_listed;
     SettingsRow *m_accountRow = nullptr;
     SettingsRow *m_folderRow = nullptr;
     SettingsRow *m_spaceRow = nullptr;
+    SettingsRow *m_listedRow = nullptr;
+    SettingsRow *m_copiesRow = nullptr;
 };

@@ -3,6 +3,7 @@
 #include "base/latin1.h"
 #include "base/logging.h"
 #include "notify_types.h"
+#include "service/methods/envelope/drivebookmark.h"
 #include "service/methods/envelope/machinefacts.h"
 #include "service/methods/failuretexts.h"
 
@@ -33,8 +34,6 @@ struct Setting
 constexpr auto Flags = {latin1("true"), latin1("false")};
 constexpr auto Frequencies = {latin1("0"), latin1("1"), latin1("2")};
 constexpr Setting Settings[] = {
-    {latin1("getCloudDiskEntryVisible"), latin1("setCloudDiskEntryVisible"), latin1("visible"),
-        latin1("true"), Flags},
     {latin1("getTransBubbleFrequncy"), latin1("setTransBubbleFrequncy"), latin1("frequency"), latin1("0"),
         Frequencies},
     {latin1("getRealTimeUploadStateAsync"), latin1("setRealTimeUploadState"), latin1("enable"),
@@ -86,6 +85,11 @@ void finish(Answer<VelaIpcResult> &reply, ServiceError error, const VelaIpcResul
         reply.fail(error, databaseText());
 }
 
+QString noDriveText()
+{
+    return QStringLiteral("There is no drive.");
+}
+
 void refuse(Answer<VelaIpcResult> &reply, const char *what)
 {
     reply.fail(ServiceError::InvalidArgument, QString::fromLatin1(what));
@@ -112,6 +116,8 @@ EnvelopeMethods::Handler EnvelopeMethods::handlerOf(const QString &method)
         {QStringLiteral("setMsgWaitForUpdate"), &EnvelopeMethods::setMsgWaitForUpdate},
         {QStringLiteral("reportCloudDoc"), &EnvelopeMethods::reportCloudDoc},
         {QStringLiteral("getCloudFileCacheSize"), &EnvelopeMethods::getCloudFileCacheSize},
+        {QStringLiteral("getCloudDiskEntryVisible"), &EnvelopeMethods::getCloudDiskEntryVisible},
+        {QStringLiteral("setCloudDiskEntryVisible"), &EnvelopeMethods::setCloudDiskEntryVisible},
         {QStringLiteral("getFolderAutoUpdateType"), &EnvelopeMethods::getFolderAutoUpdateType},
         {QStringLiteral("updateAutoUpdateFolders"), &EnvelopeMethods::updateAutoUpdateFolders},
         {QStringLiteral("addSyncFolder"), &EnvelopeMethods::addSyncFolder},
@@ -192,20 +198,52 @@ void EnvelopeMethods::reportCloudDoc(const Values &values, Reply reply)
     finish(reply, m_parts.hooks.reportCloudDoc(file));
 }
 
-// Counting may take long, so another thread does it.
-void EnvelopeMethods::getCloudFileCacheSize(const Values &, Reply reply)
+// On another thread, for what reads or writes much. Nothing: it could not be done.
+void EnvelopeMethods::answerApart(Reply reply, std::function<std::optional<VelaIpcResult>()> work)
 {
     auto shared = std::make_shared<Reply>(std::move(reply));
-    m_pool.start([this, shared = std::move(shared)]() mutable {
-        const qint64 size = sizeOfFolder(cloudCacheDir());
+    m_pool.start([this, work = std::move(work), shared = std::move(shared)]() mutable {
         // The reply moves along: it must not be answered, nor dropped, on this thread.
         QMetaObject::invokeMethod(
             &m_context,
-            [size, shared = std::move(shared)] {
-                shared->send(resultWith(latin1("size"), QString::number(size)));
+            [result = work(), shared = std::move(shared)] {
+                if (result)
+                    shared->send(*result);
+                else
+                    shared->fail(ServiceError::InputOutput, QStringLiteral("The file cannot be written."));
             },
             Qt::QueuedConnection);
     });
+}
+
+void EnvelopeMethods::getCloudFileCacheSize(const Values &, Reply reply)
+{
+    answerApart(std::move(reply),
+        [] { return resultWith(latin1("size"), QString::number(sizeOfFolder(cloudCacheDir()))); });
+}
+
+void EnvelopeMethods::getCloudDiskEntryVisible(const Values &, Reply reply)
+{
+    if (!m_parts.hooks.driveFolder)
+        return reply.fail(ServiceError::NotServed, noDriveText());
+    answerApart(std::move(reply), [folder = m_parts.hooks.driveFolder()] {
+        return resultWith(latin1("visible"), isBookmarked(folder) ? latin1("true") : latin1("false"));
+    });
+}
+
+void EnvelopeMethods::setCloudDiskEntryVisible(const Values &values, Reply reply)
+{
+    const QString flag = values.value(QStringLiteral("visible"));
+    if (flag != latin1("true") && flag != latin1("false"))
+        return refuse(reply, "\"visible\" is \"true\" or \"false\".");
+    if (!m_parts.hooks.driveFolder)
+        return reply.fail(ServiceError::NotServed, noDriveText());
+    answerApart(
+        std::move(reply), [flag, folder = m_parts.hooks.driveFolder()]() -> std::optional<VelaIpcResult> {
+            if (!setBookmarked(folder, flag == latin1("true")))
+                return {};
+            return resultWith(latin1("visible"), flag);
+        });
 }
 
 void EnvelopeMethods::getFolderAutoUpdateType(const Values &values, Reply reply)

@@ -10,6 +10,8 @@
 
 #include <QMap>
 #include <QThreadPool>
+#include <functional>
+#include <optional>
 
 namespace zel::service {
 
@@ -36,7 +38,7 @@ struct EnvelopeParts
 ///   setMsgWaitForUpdate          msgId, waitForUpdate   -
 ///   reportCloudDoc               file                   -
 ///   getCloudFileCacheSize        -                      size: bytes of local copies
-///   getCloudDiskEntryVisible     -                      visible: flag, at first "true"
+///   getCloudDiskEntryVisible     -                      visible: flag, whether file managers list the drive
 ///   setCloudDiskEntryVisible     visible                visible
 ///   getTransBubbleFrequncy       -                      frequency: "0" each transfer (at first),
 ///                                                       "1" once a day, "2" never
@@ -65,6 +67,7 @@ private:
     using Handler = void (EnvelopeMethods::*)(const Values &values, Reply reply);
 
     void call(const vela::VelaIpcArg &request, Reply reply);
+    void answerApart(Reply reply, std::function<std::optional<vela::VelaIpcResult>()> work);
     bool callSetting(const QString &method, const Values &values, Reply &reply);
     static Handler handlerOf(const QString &method);
 
@@ -72,6 +75,8 @@ private:
     void setMsgWaitForUpdate(const Values &values, Reply reply);
     void reportCloudDoc(const Values &values, Reply reply);
     void getCloudFileCacheSize(const Values &values, Reply reply);
+    void getCloudDiskEntryVisible(const Values &values, Reply reply);
+    void setCloudDiskEntryVisible(const Values &values, Reply reply);
     void getFolderAutoUpdateType(const Values &values, Reply reply);
     void updateAutoUpdateFolders(const Values &values, Reply reply);
     void addSyncFolder(const Values &values, Reply reply);

@@ -24,13 +24,6 @@ private Q_SLOTS:
         // steps: method, values, expected result; and so on
         const auto row = zeltest::table<QStringList>("steps");
         const auto words = [](const char *text) { return QString::fromUtf8(text).split(QLatin1Char(' ')); };
-        row("disk entry",
-            words("getCloudDiskEntryVisible  visible=true "
-                  "setCloudDiskEntryVisible visible=false visible=false "
-                  "getCloudDiskEntryVisible  visible=false "
-                  "setCloudDiskEntryVisible visible=maybe invalidArgument "
-                  "setCloudDiskEntryVisible  invalidArgument "
-                  "getCloudDiskEntryVisible  visible=false"));
         row("bubbles",
             words("getTransBubbleFrequncy  frequency=0 "
                   "setTransBubbleFrequncy userID=;frequency=2 frequency=2 "
@@ -53,6 +46,8 @@ private Q_SLOTS:
         row("nobody there",
             words("reportCloudDoc file=/a notServed "
                   "reportCloudDoc  invalidArgument "
+                  "getCloudDiskEntryVisible  notServed "
+                  "setCloudDiskEntryVisible visible=true notServed "
                   "cancelTask taskIDs=1|2 notServed "
                   "cancelTask taskIDs=| invalidArgument "
                   "delRoamingFileRecord fileIds=1 notServed "
@@ -64,9 +59,45 @@ private Q_SLOTS:
     {
         QFETCH(QStringList, steps);
         QCOMPARE(steps.size() % 3, 0);
-        QCOMPARE(call("getCloudDiskEntryVisible", {}, "KOther"), "invalidArgument"_s);
+        QCOMPARE(call("getTransBubbleFrequncy", {}, "KOther"), "invalidArgument"_s);
         for (int i = 0; i < steps.size(); i += 3)
             QCOMPARE(call(qPrintable(steps[i]), steps[i + 1]), steps[i + 2]);
+    }
+
+    // What file managers had in their list stays, whoever wrote it and where a link leads.
+    void diskEntry_data()
+    {
+        // kept, old: in GTK's file and in that of its earlier version, empty: not there; later: once it is
+        // listed
+        const auto row = zeltest::table<QByteArray, QByteArray, QByteArray>("kept", "old", "later");
+        const QByteArray ours = "file:///home/me/My%20Drive\n";
+        row("none yet", "", "", ours);
+        row("others", "file:///a Title of a\nsftp://b/c", "", "file:///a Title of a\nsftp://b/c\n" + ours);
+        row("earlier version", "", "file:///old\n", "file:///old\n" + ours);
+        row("listed twice", "file:///home/me/My%20Drive/ Mine\nfile:///a\n" + ours, "", "");
+    }
+    void diskEntry()
+    {
+        const auto [kept, old, later] = zeltest::row<QByteArray, QByteArray, QByteArray>();
+        const zeltest::TempTree home;
+        qputenv("HOME", home.bytes());
+        qputenv("XDG_CONFIG_HOME", home.bytes() + "/config");
+        m_fixture->service().hooks().driveFolder = [] { return "/home/me/My Drive"_s; };
+        if (!kept.isEmpty()) {
+            home.write("dotfiles/places", kept);
+            home.link("dotfiles/places", "config/gtk-3.0/bookmarks");
+        }
+        if (!old.isEmpty())
+            home.write(".gtk-bookmarks", old);
+        const bool isListed = later.isEmpty();
+        QCOMPARE(call("getCloudDiskEntryVisible"), isListed ? "visible=true"_s : "visible=false"_s);
+        QCOMPARE(call("setCloudDiskEntryVisible", "visible=maybe"_s), "invalidArgument"_s);
+        QCOMPARE(call("setCloudDiskEntryVisible", "visible=true"_s), "visible=true"_s);
+        QCOMPARE(home.read("config/gtk-3.0/bookmarks"), isListed ? kept : later);
+        QCOMPARE(call("setCloudDiskEntryVisible", "visible=false"_s), "visible=false"_s);
+        QVERIFY(!home.read("config/gtk-3.0/bookmarks").contains("Drive"));
+        QCOMPARE(QFileInfo(home.path("config/gtk-3.0/bookmarks")).isSymLink(), !kept.isEmpty());
+        QCOMPARE(call("getCloudDiskEntryVisible"), "visible=false"_s);
     }
 
     void settingsOutliveTheProcess()
