@@ -56,14 +56,16 @@ Settings parse(int argc, char **argv)
 bool measureStarts(zeltest::XScreen &screen, const fs::path &build, const Settings &settings,
     FigureTable &table, double &boxPss)
 {
-    Program bare{build / "bench/bare_window", "Bare window", {}, {}};
-    Program box{build / "bin/zelbox", "ZEL Box", {}, {}};
+    Program bare{build / "bench/bare_window", "Bare window"};
+    Program box{build / "bin/zelbox", "ZEL Box", true};
     if (!startTurnByTurn(screen, bare, box, settings.rounds))
         return false;
     table.section("exec to mapped window, median of " + std::to_string(settings.rounds));
     table.figure("bare window", median(bare.mapped), "ms");
     table.figure("box", median(box.mapped), "ms");
     table.limited("box / bare window", median(box.mapped) / median(bare.mapped), "", MostByBareWindow);
+    table.figure("box, exec to rows that can be read", median(box.rows), "ms");
+    table.figure("its rows / bare window", median(box.rows) / median(bare.mapped), "");
     boxPss = median(box.pss);
     return true;
 }

@@ -10,6 +10,34 @@
 
 using namespace std::chrono_literals;
 
+namespace {
+
+// Lines of text and hairlines below one another, with empty lines of pixels between them.
+int bandsOf(const zeltest::XScreen::Pixels &pixels)
+{
+    int bands = 0;
+    bool wasEmpty = true;
+    for (int y = 0; y < pixels.height; ++y) {
+        const auto begin = pixels.argb.begin() + std::ptrdiff_t(y) * pixels.width;
+        const bool isEmpty = std::all_of(
+            begin, begin + pixels.width, [begin](std::uint32_t pixel) { return pixel == *begin; });
+        bands += wasEmpty && !isEmpty;
+        wasEmpty = isEmpty;
+    }
+    return bands;
+}
+
+bool showsRows(zeltest::XScreen &screen, zeltest::XScreen::Window window)
+{
+    constexpr int Some = 3;
+    const auto place = screen.geometry(window);
+    return bandsOf(
+               screen.grab(window, {place.width / 3, place.height / 2, place.width / 3, place.height / 3}))
+        >= Some;
+}
+
+} // namespace
+
 double median(std::vector<double> values)
 {
     std::sort(values.begin(), values.end());
@@ -49,6 +77,12 @@ bool startOnce(zeltest::XScreen &screen, Program &program, bool measureMemory)
     program.mapped.push_back(process.sinceExec().count());
     if (window == 0)
         return false;
+    if (program.hasRows) {
+        if (!screen.waitUntilShown(
+                window, [&] { return showsRows(screen, window); }, 30s))
+            return false;
+        program.rows.push_back(process.sinceExec().count());
+    }
     if (measureMemory) {
         screen.waitUntilPainted(window, 1500ms, 20s);
         program.pss.push_back(double(process.pssKilobytes()) / 1024);
@@ -65,6 +99,7 @@ bool startTurnByTurn(zeltest::XScreen &screen, Program &one, Program &other, int
             if (round < 0) {
                 program->mapped.clear();
                 program->pss.clear();
+                program->rows.clear();
             }
         }
     }

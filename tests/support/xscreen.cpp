@@ -164,6 +164,19 @@ bool XScreen::waitUntilPainted(
     return silent;
 }
 
+bool XScreen::waitUntilShown(
+    Window window, const std::function<bool()> &isShown, std::chrono::milliseconds limit)
+{
+    const auto deadline = std::chrono::steady_clock::now() + limit;
+    const xcb_damage_damage_t damage = xcb_generate_id(m_connection);
+    xcb_damage_create(m_connection, damage, window, XCB_DAMAGE_REPORT_LEVEL_RAW_RECTANGLES);
+    bool shown = isShown();
+    while (!shown && waitForEvent(deadline))
+        shown = isShown();
+    xcb_damage_destroy(m_connection, damage);
+    return shown;
+}
+
 XScreen::Rect XScreen::geometry(Window window)
 {
     const auto size =
@@ -178,8 +191,13 @@ XScreen::Rect XScreen::geometry(Window window)
 XScreen::Pixels XScreen::grab(Window window)
 {
     const Rect rect = geometry(window);
-    const auto cookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, 0, 0,
-        std::uint16_t(rect.width), std::uint16_t(rect.height), ~0U);
+    return grab(window, {0, 0, rect.width, rect.height});
+}
+
+XScreen::Pixels XScreen::grab(Window window, const Rect &rect)
+{
+    const auto cookie = xcb_get_image(m_connection, XCB_IMAGE_FORMAT_Z_PIXMAP, window, std::int16_t(rect.x),
+        std::int16_t(rect.y), std::uint16_t(rect.width), std::uint16_t(rect.height), ~0U);
     const auto image = owned(xcb_get_image_reply(m_connection, cookie, nullptr));
     Pixels pixels;
     if (!image || image->depth < 24)

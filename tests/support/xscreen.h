@@ -30,6 +30,15 @@ public:
     bool waitUntilGone(const std::string &title, std::chrono::milliseconds limit);
     /// Until nothing was painted in the window for `quiet` (XDamage); false when the limit is over first.
     bool waitUntilPainted(Window window, std::chrono::milliseconds quiet, std::chrono::milliseconds limit);
+    /// Until this holds; asked at once and after everything that is painted in the window. False when the
+    /// limit is over first.
+    bool waitUntilShown(Window window, const std::function<bool()> &isShown, std::chrono::milliseconds limit);
+
+    struct Rect
+    {
+        int x = 0, y = 0, width = 0, height = 0;
+    };
+    Rect geometry(Window window); ///< on the screen
 
     struct Pixels
     {
@@ -37,13 +46,8 @@ public:
         int height = 0;
         std::vector<std::uint32_t> argb; ///< 0xffRRGGBB, row by row
     };
-    Pixels grab(Window window); ///< empty when it cannot be read
-
-    struct Rect
-    {
-        int x = 0, y = 0, width = 0, height = 0;
-    };
-    Rect geometry(Window window); ///< on the screen
+    Pixels grab(Window window);                   ///< empty when it cannot be read
+    Pixels grab(Window window, const Rect &part); ///< in the window's own coordinates
     std::vector<Window> viewable(const std::string &title);
 
 private:
