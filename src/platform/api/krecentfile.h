@@ -69,6 +69,14 @@ struct ZelBoxRoamingMsg
 using ZELBOX_ROAMING_MSGLIST = QMap<QString, ZelBoxRoamingMsg>;
 Q_DECLARE_METATYPE(ZELBOX_ROAMING_MSGLIST)
 
+/// How well the store keeps what it is told.
+enum class RecentKeeping {
+    Kept,     ///< all of it is on disk
+    NotKept,  ///< for now in memory only: the database cannot be had or written, which is tried again
+    MadeAnew, ///< on disk, but the database was damaged: what only the box knew may be missing
+};
+Q_DECLARE_METATYPE(RecentKeeping)
+
 /// The store's notices. All are emitted on the GUI thread, never from inside a call of KRecentFileProxy.
 class ZELPLATFORM_EXPORT KRecentFileEvents : public QObject
 {
@@ -82,7 +90,9 @@ Q_SIGNALS:
     void recordsAdded(const RecordInfoList &records);
     void recordsRemoved(const RecordInfoList &records);
     void recordsChanged(const RecordInfoList &records); ///< time, presence, kind … of records already told of
-    void storeProblem(const QString &logText); ///< the store was damaged or cannot be written; said once
+    void keepingChanged(RecentKeeping keeping);         ///< it is Kept at first
+    /// These were noted as opened, but are folders: the list has documents only. What it had of them goes.
+    void foldersLeftOut(const QStringList &paths);
     /// After ClearRecentHistory(). False: the desktop's list could not be emptied, so the store keeps which
     /// of its documents are not to be shown.
     void historyCleared(bool completely);

@@ -114,7 +114,7 @@ struct Store
     QSignalSpy added{&events, &KRecentFileEvents::recordsAdded};
     QSignalSpy removed{&events, &KRecentFileEvents::recordsRemoved};
     QSignalSpy changed{&events, &KRecentFileEvents::recordsChanged};
-    QSignalSpy problem{&events, &KRecentFileEvents::storeProblem};
+    QSignalSpy keeping{&events, &KRecentFileEvents::keepingChanged};
     RecentProxy proxy;
 
     explicit Store(const Home &home, WorkMode mode = WorkMode::Full) : proxy(home.places, mode, events) { }

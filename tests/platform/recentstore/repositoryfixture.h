@@ -11,13 +11,13 @@ namespace zel::recent::test {
 /// An open database and what is done to it.
 struct Opened
 {
-    QStringList problems;
+    QVector<RecentKeeping> told;
     RecentRepository repository;
     RecordInfoList shown;
 
     explicit Opened(const Home &home) : Opened(home.places.database) { }
     explicit Opened(const QString &database)
-        : repository(database, [this](const QString &text) { problems.append(text); }),
+        : repository(database, [this](RecentKeeping keeping) { told.append(keeping); }),
           shown(repository.open())
     {
     }

@@ -61,7 +61,7 @@ private Q_SLOTS:
             QVERIFY(other.open(home.places.database));
             zel::sqlite::Transaction lock(other);
             store.note(B, 50);
-            QVERIFY(store.repository.isBusy());
+            QVERIFY(store.repository.hasUnwritten());
             QCOMPARE(store.texts(), "b:8 a:8"_s);
             other.exec("UPDATE record SET opened_at=60,time=60 WHERE path='/nowhere/a'");
             QVERIFY(lock.commit());
@@ -71,7 +71,7 @@ private Q_SLOTS:
         QVERIFY(!store.repository.hasUnwritten());
         QCOMPARE(store.texts(), "a:8 b:8"_s);
         QCOMPARE(Opened(home).texts(), "a:8 b:8"_s);
-        QVERIFY(store.problems.isEmpty());
+        QVERIFY(store.told.isEmpty());
     }
 
     // Several processes note at once, and are killed without any farewell; what note() returned from is

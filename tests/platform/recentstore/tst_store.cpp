@@ -240,7 +240,61 @@ private Q_SLOTS:
         QVERIFY(replaceFile(home.places.database, QByteArray(5000, 'x')));
         LoadedStore store(home);
         QCOMPARE(store.shown(), "a:32"_s);
-        QTRY_COMPARE(store.problem.size(), 1);
+        QTRY_COMPARE(store.keeping.size(), 1);
+    }
+
+    void aLockedDatabaseComesBack()
+    {
+        Home home({{B, 2}, {C, 3}});
+        QVERIFY(replaceFile(home.sandboxList("s"_s), listText({{A, 1}})));
+        {
+            LoadedStore store(home);
+            store.proxy.removeRecords({A});
+            QTRY_COMPARE(store.shown(), "c:32 b:32"_s);
+        }
+        {
+            zel::sqlite::Database other;
+            QVERIFY(other.open(home.places.database) && other.exec("PRAGMA locking_mode=EXCLUSIVE"));
+            QVERIFY(other.exec("BEGIN EXCLUSIVE"));
+            LoadedStore store(home);
+            QCOMPARE(store.shown(), "c:32 b:32 a:64"_s);
+            QCOMPARE(store.keeping.takeFirst().at(0).value<RecentKeeping>(), RecentKeeping::NotKept);
+            store.proxy.removeRecords({B});
+            QTRY_COMPARE(store.shown(), "c:32 a:64"_s);
+            other.close();
+            QTRY_COMPARE_WITH_TIMEOUT(store.shown(), "c:32"_s, 30000); // both removals
+            QCOMPARE(store.keeping.takeFirst().at(0).value<RecentKeeping>(), RecentKeeping::Kept);
+            QVERIFY(home.setDesktop({{B, 2}, {C, 4}})); // another program puts its old entry back
+            QTRY_COMPARE(store.record(C).lastAccess, timeOf(4));
+        }
+        LoadedStore store(home);
+        QCOMPARE(store.shown(), "c:32"_s);
+    }
+
+    void foldersAreNoDocuments()
+    {
+        Home home;
+        const QString folder = home.path("folder"_s);
+        QVERIFY(replaceFile(home.path("doc"_s), "x") && QDir().mkpath(folder));
+        LoadedStore store(home);
+        QSignalSpy leftOut(&store.events, &KRecentFileEvents::foldersLeftOut);
+        store.proxy.noteAllOpened({folder, home.path("doc"_s)});
+        QTRY_COMPARE(leftOut.size(), 1);
+        QCOMPARE(leftOut.constFirst().constFirst().toStringList(), QStringList{folder});
+        QTRY_COMPARE(store.shown(), "doc:8"_s);
+        QTRY_VERIFY(listed(home).contains("/doc"_s));
+        QVERIFY(!listed(home).contains("/folder"_s));
+    }
+
+    void aListThatCouldNotBeWrittenIsTriedAgain()
+    {
+        Home home;
+        QVERIFY(QDir().mkpath(home.places.desktopList));
+        LoadedStore store(home);
+        store.proxy.noteOpened(A);
+        QTRY_VERIFY(store.record(A).presence == Presence::Missing); // it is written once that is known
+        QVERIFY(QDir().rmdir(home.places.desktopList));
+        QTRY_VERIFY_WITH_TIMEOUT(listed(home).contains(A), 30000);
     }
 
 private:
@@ -280,7 +334,7 @@ QString notesAroundTheApplicationsEnd(int &argc, char **argv)
     UninitRecentFile();
     if (KRecentFileProxy::instance())
         return "not stopped"_s;
-    RecentRepository repository(RecentPlaces::fromEnvironment().database, [](const QString &) {});
+    RecentRepository repository(RecentPlaces::fromEnvironment().database, [](RecentKeeping) {});
     return zeltest::joined(repository.open(), &RecentFileInfo::displayText);
 }
 

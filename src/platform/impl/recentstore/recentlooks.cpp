@@ -60,6 +60,7 @@ void RecentLooks::lookForUses(const QHash<QString, qint64> &times)
 void RecentLooks::end()
 {
     m_checker.end();
+    m_usesToTell.clear();
 }
 
 // Where the files of these records may be. Unknown ids have none.
@@ -98,12 +99,15 @@ RecentDelta RecentLooks::marks(const RecentState &state, const FileLooks &looks)
 void RecentLooks::tellUses(const FileLooks &looks)
 {
     QVector<FileUse> uses;
+    QStringList folders;
     for (auto it = m_usesToTell.begin(); it != m_usesToTell.end();) {
         const auto look = looks.constFind(it.key());
         if (look == looks.cend()) {
             ++it;
             continue;
         }
+        if (look->isFolder)
+            folders.append(it.key());
         const auto isAround = [path = QFile::encodeName(it.key())](const QString &folder) {
             return posix::isBelow(path.constData(), QFile::encodeName(folder).constData());
         };
@@ -113,6 +117,8 @@ void RecentLooks::tellUses(const FileLooks &looks)
     }
     if (!uses.isEmpty())
         Q_EMIT used(uses);
+    if (!folders.isEmpty())
+        Q_EMIT foldersUsed(folders);
 }
 
 } // namespace zel::recent

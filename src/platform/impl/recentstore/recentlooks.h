@@ -20,7 +20,8 @@ public:
     /// Files that were opened just now, urgent. used() follows, unless they are gone or lie in a temporary
     /// folder.
     void lookForUses(const QHash<QString, qint64> &times);
-    void end(); ///< looks no more; nothing is told from then on
+    bool isAwaited(const QString &path) const { return m_usesToTell.contains(path); } ///< of lookForUses()
+    void end(); ///< looks no more, awaits nothing; nothing is told from then on
 
     RecentDelta marks(
         const RecentState &state, const FileLooks &looks) const; ///< what was found, as a change
@@ -28,6 +29,7 @@ public:
 Q_SIGNALS:
     void found(const zel::recent::FileLooks &looks);
     void used(const QVector<zel::recent::FileUse> &uses);
+    void foldersUsed(const QStringList &paths); ///< of lookForUses(); before found() tells of them
 
 private:
     QStringList placesOf(const RecentState &state, const QStringList &ids);

@@ -150,6 +150,11 @@ void RecentProxy::onHistoryCleared(bool completely)
     Q_EMIT m_events.historyCleared(completely);
 }
 
+void RecentProxy::onFoldersLeftOut(const QStringList &paths)
+{
+    Q_EMIT m_events.foldersLeftOut(paths);
+}
+
 void RecentProxy::onLoaded(const RecordInfoList &records)
 {
     m_records = records;
@@ -175,9 +180,9 @@ void RecentProxy::onUpdated(const RecentDelta &delta)
         Q_EMIT m_events.recordsChanged(delta.changed);
 }
 
-void RecentProxy::onProblem(const QString &logText)
+void RecentProxy::onKeepingChanged(RecentKeeping keeping)
 {
-    Q_EMIT m_events.storeProblem(logText);
+    Q_EMIT m_events.keepingChanged(keeping);
 }
 
 void RecentProxy::onMarksSeen(const QVector<ReadMark> &marks)

@@ -41,10 +41,11 @@ public:
     void onLoaded(const RecordInfoList &records);
     void onReplaced(const RecordInfoList &records);
     void onUpdated(const zel::recent::RecentDelta &delta);
-    void onProblem(const QString &logText);
+    void onKeepingChanged(RecentKeeping keeping);
     void onMarksSeen(const QVector<zel::recent::ReadMark> &marks);
     void onUsed(const QVector<zel::recent::FileUse> &uses);
     void onHistoryCleared(bool completely);
+    void onFoldersLeftOut(const QStringList &paths);
 
 private:
     void makeSource();

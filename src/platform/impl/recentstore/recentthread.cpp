@@ -63,9 +63,12 @@ void RecentThread::connectTo(RecentWorker &worker)
     connect(&worker, &RecentWorker::loaded, &m_proxy, &RecentProxy::onLoaded, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::replaced, &m_proxy, &RecentProxy::onReplaced, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::updated, &m_proxy, &RecentProxy::onUpdated, Qt::QueuedConnection);
-    connect(&worker, &RecentWorker::problem, &m_proxy, &RecentProxy::onProblem, Qt::QueuedConnection);
+    connect(&worker, &RecentWorker::keepingChanged, &m_proxy, &RecentProxy::onKeepingChanged,
+        Qt::QueuedConnection);
     connect(&worker, &RecentWorker::marksSeen, &m_proxy, &RecentProxy::onMarksSeen, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::historyCleared, &m_proxy, &RecentProxy::onHistoryCleared,
+        Qt::QueuedConnection);
+    connect(&worker, &RecentWorker::foldersLeftOut, &m_proxy, &RecentProxy::onFoldersLeftOut,
         Qt::QueuedConnection);
     connect(&worker, &RecentWorker::used, &m_proxy, &RecentProxy::onUsed, Qt::QueuedConnection);
 }

@@ -15,20 +15,10 @@ namespace zel::recent {
 namespace {
 
 constexpr int LargestDelta = 5000; // beyond it the whole list is handed over anew
-constexpr int RetryMs = 2000;
+constexpr int FirstRetryMs = 2000;
+constexpr int LongestRetryMs = 60000;
 constexpr qint64 RemovalLifetimeMs = 180LL * 24 * 3600 * 1000;
 constexpr int MostBoxOnly = 10000;
-
-int sourceId(SourceTable &sources, const QString &name)
-{
-    int next = DesktopSource;
-    for (const SourceInfo &source : std::as_const(sources))
-        next = std::max(next, source.id);
-    SourceInfo &source = sources[name];
-    if (source.id == 0)
-        source.id = name == DesktopSourceName ? DesktopSource : next + 1;
-    return source.id;
-}
 
 RecentDelta mergeList(const RecentState &state, SourceTable &sources, const XbelImport &import)
 {
@@ -40,48 +30,60 @@ RecentDelta mergeList(const RecentState &state, SourceTable &sources, const Xbel
     return mergeImport(state, id, import.entries, import.intact);
 }
 
-// Null: there is none.
-const char *problemText(XbelEditResult result)
-{
-    switch (result) {
-    case XbelEditResult::Damaged:
-        return "it is damaged";
-    case XbelEditResult::Unsupported:
-        return "it is not in UTF-8 or has entities of its own";
-    case XbelEditResult::Failed:
-        return "it cannot be read or written";
-    case XbelEditResult::Written:
-    case XbelEditResult::Unchanged:
-        break;
-    }
-    return nullptr;
-}
-
 } // namespace
 
 RecentWorker::RecentWorker(const RecentPlaces &places, WorkMode mode)
     : m_places(places),
       m_mode(mode),
-      m_repository(places.database, [this](const QString &text) { Q_EMIT problem(text); }),
-      m_looks(places.temporaryFolders)
+      m_repository(places.database, [this](RecentKeeping keeping) { Q_EMIT keepingChanged(keeping); }),
+      m_looks(places.temporaryFolders),
+      m_notes(places.desktopList,
+          {[this](const QString &path) { return m_looks.isAwaited(path); },
+              [this](QVector<XbelEdit::Visit> &visits) { findMimeTypes(visits); }})
 {
     connect(&m_looks, &RecentLooks::found, this, &RecentWorker::keepLooks);
     connect(&m_looks, &RecentLooks::used, this, &RecentWorker::used);
+    connect(&m_looks, &RecentLooks::foldersUsed, this, &RecentWorker::leaveOut);
+    connect(&m_notes, &DesktopNotes::written, this, &RecentWorker::planRetry);
     m_retry.setSingleShot(true);
-    m_retry.setInterval(RetryMs);
-    connect(&m_retry, &QTimer::timeout, this, [this] {
-        publish(m_repository.writeUnwritten());
-        if (m_repository.isBusy())
-            m_retry.start();
-    });
+    m_retry.setInterval(FirstRetryMs);
+    connect(&m_retry, &QTimer::timeout, this, &RecentWorker::tryAgain);
 }
 
 RecentWorker::~RecentWorker() = default;
 
 void RecentWorker::open()
 {
-    if (!std::exchange(m_open, true))
-        m_firstList = m_repository.open();
+    if (std::exchange(m_open, true))
+        return;
+    m_firstList = m_repository.open();
+    planRetry();
+}
+
+bool RecentWorker::isBehind() const
+{
+    return m_repository.hasUnwritten() || m_notes.hasFailed();
+}
+
+void RecentWorker::planRetry()
+{
+    if (isBehind() && !m_retry.isActive())
+        m_retry.start();
+}
+
+void RecentWorker::tryAgain()
+{
+    const bool wasAway = m_repository.isAway();
+    const RecentDelta news = m_repository.writeUnwritten();
+    publish(news);
+    if (wasAway && !m_repository.isAway()) {
+        lookFor(news);
+        if (m_importer)
+            followLists();
+    }
+    m_notes.write();
+    m_retry.setInterval(isBehind() ? std::min(2 * m_retry.interval(), LongestRetryMs) : FirstRetryMs);
+    planRetry();
 }
 
 void RecentWorker::load()
@@ -137,6 +139,8 @@ void RecentWorker::take(const XbelImport &import)
         [&ours](const RecentState &state, SourceTable &sources) { return mergeList(state, sources, ours); },
         Durability::Relaxed);
     lookFor(delta);
+    if (import.source == DesktopSourceName)
+        m_notes.plan();
 }
 
 RecentDelta RecentWorker::change(const RecentRepository::Operation &operation, Durability durability)
@@ -145,8 +149,7 @@ RecentDelta RecentWorker::change(const RecentRepository::Operation &operation, D
         return settleRoaming(state, operation(state, sources));
     };
     RecentDelta delta = m_repository.change(settled, durability);
-    if (m_repository.isBusy())
-        m_retry.start();
+    planRetry();
     publish(delta);
     return delta;
 }
@@ -182,15 +185,10 @@ void RecentWorker::noteOpened(const QHash<QString, qint64> &times)
     if (m_mode == WorkMode::ReadOnly)
         return m_looks.lookFor(m_repository.state(), times.keys());
     m_looks.lookForUses(times);
-    auto &visits = m_edit.visits;
-    const auto again = [&](const XbelEdit::Visit &visit) { return times.contains(visit.path); };
-    visits.erase(std::remove_if(visits.begin(), visits.end(), again), visits.end());
+    QVector<XbelEdit::Visit> visits;
     for (auto it = times.cbegin(); it != times.cend(); ++it)
         visits.append({it.key(), QString(), m_repository.state().value(it.key()).openedAt});
-    const auto isBack = [&times](const QString &path) { return times.contains(path); };
-    auto &removals = m_edit.removals;
-    removals.erase(std::remove_if(removals.begin(), removals.end(), isBack), removals.end());
-    planDesktopList();
+    m_notes.addVisits(visits);
 }
 
 void RecentWorker::removeRecords(const QStringList &ids)
@@ -206,34 +204,13 @@ void RecentWorker::removeRecords(const QStringList &ids)
     }
     if (m_mode == WorkMode::ReadOnly || paths.isEmpty())
         return;
-    auto &visits = m_edit.visits;
-    const QSet<QString> removed(paths.cbegin(), paths.cend());
-    const auto gone = [&](const XbelEdit::Visit &visit) { return removed.contains(visit.path); };
-    visits.erase(std::remove_if(visits.begin(), visits.end(), gone), visits.end());
-    m_edit.removals += paths;
-    planDesktopList();
+    m_notes.addRemovals(paths);
 }
 
-// Several notes in a row make one rewriting of the list.
-void RecentWorker::planDesktopList()
+void RecentWorker::leaveOut(const QStringList &folders)
 {
-    if (!std::exchange(m_editPlanned, true))
-        QMetaObject::invokeMethod(this, &RecentWorker::writeDesktopList, Qt::QueuedConnection);
-}
-
-bool RecentWorker::writeDesktopList()
-{
-    m_editPlanned = false;
-    XbelEdit edit = std::exchange(m_edit, {});
-    if (edit.isEmpty())
-        return true;
-    findMimeTypes(edit.visits);
-    const XbelEditResult result = editXbel(m_places.desktopList, edit);
-    const char *problem = problemText(result);
-    if (problem && !m_editFailed)
-        qCWarning(lcRecent) << "the desktop's recently-used list was not written:" << problem;
-    m_editFailed = problem;
-    return !problem;
+    m_notes.dropVisits(QSet<QString>(folders.cbegin(), folders.cend()));
+    Q_EMIT foldersLeftOut(folders);
 }
 
 void RecentWorker::findMimeTypes(QVector<XbelEdit::Visit> &visits)
@@ -241,7 +218,7 @@ void RecentWorker::findMimeTypes(QVector<XbelEdit::Visit> &visits)
     const QMimeDatabase database;
     QHash<QString, QString> found;
     for (XbelEdit::Visit &visit : visits) {
-        // By the name and whether it is a folder, without reading what is in the file.
+        // By the name, without reading what is in the file.
         const QMimeType type = database.mimeTypeForFile(visit.path, QMimeDatabase::MatchExtension);
         visit.mimeType = m_repository.state().value(visit.path).mimeType;
         if ((type.isDefault() && !visit.mimeType.isEmpty()) || type.name() == visit.mimeType)
@@ -257,10 +234,6 @@ void RecentWorker::findMimeTypes(QVector<XbelEdit::Visit> &visits)
     };
     if (!found.isEmpty())
         change(mark, Durability::Relaxed);
-    const auto isFolder = [](const XbelEdit::Visit &v) {
-        return v.mimeType == QLatin1String("inode/directory");
-    };
-    visits.erase(std::remove_if(visits.begin(), visits.end(), isFolder), visits.end());
 }
 
 void RecentWorker::setPinned(const QStringList &ids, bool pinned)
@@ -294,17 +267,18 @@ void RecentWorker::clearHistory(bool serviceListCleared)
 void RecentWorker::eraseHistory(bool serviceListCleared)
 {
     const qint64 now = QDateTime::currentMSecsSinceEpoch();
-    const QStringList ids = m_repository.state().keys();
-    change([&](const RecentState &state, SourceTable &) { return markRemoved(state, ids, now); },
+    change([&](const RecentState &state, SourceTable &) { return markRemoved(state, state.keys(), now); },
         Durability::Full);
     bool emptied = m_mode == WorkMode::Full;
     if (emptied) {
-        m_edit = {};
+        QStringList listed;
         for (const StoredRecord &record : m_repository.state()) {
             if (record.accessOf(DesktopSource))
-                m_edit.removals.append(record.id);
+                listed.append(record.id);
         }
-        emptied = writeDesktopList();
+        m_notes.clear();
+        m_notes.addRemovals(listed);
+        emptied = m_notes.write();
     }
     change([&](const RecentState &state,
                SourceTable &) { return forgetTraces(state, emptied, serviceListCleared); },
@@ -336,6 +310,8 @@ void RecentWorker::keepLooks(const FileLooks &looks)
     if (!m_looks.marks(m_repository.state(), looks).storesNothing())
         change([&](const RecentState &state, SourceTable &) { return m_looks.marks(state, looks); },
             Durability::Relaxed);
+    if (!m_notes.isRefused()) // else it is not the looks that they wait for
+        m_notes.plan();
 }
 
 void RecentWorker::takeRoaming(const RoamingList &list)
@@ -383,10 +359,10 @@ void RecentWorker::finish()
     if (m_importer)
         m_importer->stop();
     m_retry.stop();
+    m_looks.end();
     if (m_clearWanted)
         eraseHistory(*std::exchange(m_clearWanted, std::nullopt));
-    writeDesktopList();
-    m_looks.end();
+    m_notes.write();
     m_repository.close();
 }
 

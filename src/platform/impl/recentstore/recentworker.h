@@ -1,10 +1,10 @@
 #pragma once
 
+#include "platform/impl/recentstore/desktopnotes.h"
 #include "platform/impl/recentstore/recentlooks.h"
 #include "platform/impl/recentstore/records/sourcefilter.h"
 #include "platform/impl/recentstore/repository/recentrepository.h"
 #include "platform/impl/recentstore/xbel/xbelimporter.h"
-#include "platform/impl/recentstore/xbel/xbelwriter.h"
 
 namespace zel::recent {
 
@@ -34,8 +34,6 @@ public:
     void tellMarks(); ///< marksSeen() with all that the service does not know yet
     void marksTold(const QVector<ReadMark> &marks);
 
-    /// What was noted since the last time; also happens by itself. False when the list could not be written.
-    bool writeDesktopList();
     void finish(); ///< everything is on disk afterwards
 
 Q_SIGNALS:
@@ -44,11 +42,15 @@ Q_SIGNALS:
     void updated(const zel::recent::RecentDelta &delta);
     void marksSeen(const QVector<zel::recent::ReadMark> &marks); ///< the service is still to be told
     void used(const QVector<zel::recent::FileUse> &uses); ///< files that are there and worth telling of
-    void problem(const QString &logText);
+    void keepingChanged(RecentKeeping keeping);
     void historyCleared(bool completely);
+    void foldersLeftOut(const QStringList &paths);
 
 private:
     void open();
+    bool isBehind() const;
+    void planRetry();
+    void tryAgain();
     void eraseHistory(bool serviceListCleared);
     void followLists();
     void handOver();
@@ -58,8 +60,8 @@ private:
     void publish(const RecentDelta &delta);
     void lookFor(const RecentDelta &delta);
     void keepLooks(const FileLooks &looks);
-    void planDesktopList();
     void findMimeTypes(QVector<XbelEdit::Visit> &visits);
+    void leaveOut(const QStringList &folders);
 
     const RecentPlaces m_places;
     const WorkMode m_mode;
@@ -68,14 +70,12 @@ private:
     std::unique_ptr<XbelImporter> m_importer;
     RecentLooks m_looks;
     RecordInfoList m_firstList;
-    XbelEdit m_edit;                   ///< for the desktop's list
-    QTimer m_retry;                    ///< runs only while the database is busy
+    DesktopNotes m_notes;
+    QTimer m_retry;                    ///< runs only while the disk or the desktop's list lacks something
     std::optional<bool> m_clearWanted; ///< clearHistory() with this, once the lists have been read
     bool m_scanned = false;            ///< the lists have been read once
     bool m_wanted = false;             ///< somebody has asked for the records
     bool m_open = false;
-    bool m_editPlanned = false;
-    bool m_editFailed = false; ///< said once
     bool m_handedOver = false; ///< news are told from then on
 };
 

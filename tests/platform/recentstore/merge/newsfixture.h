@@ -32,8 +32,8 @@ protected:
     // Of the desktop: "list a1 b2", "part a1" (a damaged list), "undated a1" (time guessed), "sandbox a1". Of
     // the user: "open a 5", "remove a =x", "removeat 5 a" (by a clock at 5), "pin =x", "unpin =x", "read =x".
     // Of the service: "all x7@a y3" (a complete list), "some x7" (a filtered one), "user me", "told x7". Of
-    // files: "look a" (found there), "miss a", "missing a 9 5" (at 9, long gone before 5). Of the store:
-    // "forget 7", "limit 2".
+    // files: "look a" (found there), "miss a", "missing a 9 5" (at 9, long gone before 5), "folder a". Of the
+    // store: "forget 7", "limit 2".
     static RecentDelta perform(const RecentState &state, const QString &news)
     {
         const QStringList words = news.split(QLatin1Char(' '));
@@ -65,6 +65,12 @@ private:
             return limitBoxOnly(state, first.toInt());
         if (verb.endsWith("pin"_s))
             return markPinned(state, {idOf(first)}, verb == "pin"_s);
+        if (verb == "folder"_s) {
+            FileLooks looks;
+            for (const QString &word : words)
+                looks.insert(idOf(word), {Presence::Present, -1, 0, true});
+            return markLooks(state, looks, 1000, 0);
+        }
         if (verb == "missing"_s)
             return markLooks(state, {{idOf(first), {Presence::Missing}}}, words.at(1).toLongLong(),
                 words.at(2).toLongLong());

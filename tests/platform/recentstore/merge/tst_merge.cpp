@@ -1,6 +1,8 @@
 // The pure part of the store: old state and news give a delta; a delta keeps the shown list up to date.
 #include "newsfixture.h"
 
+#include "platform/impl/recentstore/merge/memorymerge.h"
+
 using namespace zel::recent;
 using namespace zel::recent::test;
 
@@ -39,6 +41,9 @@ private Q_SLOTS:
             "a d-9 o6 r5");
         row("without a date: the first guess holds", "a d5;b d5 r5", "undated a7 b7 c7", "+c32@7",
             "a d5;b d5 r5;c d7");
+        row("without a date any more: a time ahead goes", "a d9;b d-9 r5", "undated a7 b7", "~a32@7",
+            "a d7;b d-9 r5");
+        row("found to be a folder", "a d5 o7 p7;b o3 p3", "folder a b", "-a -b", "a d5");
         row("found missing", "a o3", "missing a 9 5", "~a8@3", "a o3 m9");
         row("missing not long enough", "a o3 m6", "missing a 9 5", "~a8@3", "a o3 m6");
         row("missing for long", "a o3 m4", "missing a 9 5", "-a", "");
@@ -115,6 +120,30 @@ private Q_SLOTS:
         for (const auto &[database, mine, result] : cases)
             QCOMPARE(toText(combined(toRecord(QLatin1String(database)), toRecord(QLatin1String(mine)))),
                 QLatin1String(result));
+    }
+
+    void backFromMemory_data()
+    {
+        const auto row = zeltest::table<QString, QString, QString>("disk", "memory", "after");
+        row("opened", "a d5 o3;b o1", "a o7", "a d5 o7;b o1");
+        row("removed, though used more lately there", "a d5 o9 p9", "a d5 r5", "a d5 r9");
+        row("removed, then opened", "a o9", "a d5 o12 r5", "a d5 o12 r9");
+        row("was removed there", "a d5 r5", "a d5", "a d5 r5");
+        row("was removed there, pinned since", "a d5 r5", "a d5 p5", "a d5 r5 p6");
+        row("another device's, removed", "a o5 c:x7", "=x r9 c:x9-9", "a r9 c:x9-9");
+        row("another device's, marked", "=x c:x7-5", "=x c:x9+", "=x c:x9+-5");
+    }
+    void backFromMemory()
+    {
+        const auto [disk, memory] = zeltest::row<QString, QString>();
+        RecentState state = toState(disk);
+        SourceTable sources{{DesktopSourceName, {DesktopSource, {}}}, {"x"_s, {SandboxSource, {}}}};
+        const SourceTable others{{DesktopSourceName, {DesktopSource, {}}}, {"y"_s, {SandboxSource, {}}}};
+        RecentState mine = toState(memory);
+        mine.insert("/z"_s, toRecord("z s5"_s));
+        apply(state, mergeMemory(state, sources, mine, others, 1000));
+        QCOMPARE(state.take("/z"_s).accesses.first().source, 3); // which was another one's number
+        QTEST(toText(state), "after");
     }
 
 private:

@@ -43,7 +43,7 @@ private Q_SLOTS:
         QCOMPARE(again.shown, visibleRecords(before));
         QVERIFY(again.import({entry(A, 10), entry(B, 20), entry(C, 5)}).showsNothing());
         QCOMPARE(again.import({entry(C, 6)}).added.size(), 1); // used again since it was removed
-        QVERIFY(again.problems.isEmpty());
+        QVERIFY(again.told.isEmpty());
     }
 
     void olderVersions_data()
@@ -66,7 +66,7 @@ private Q_SLOTS:
             store.change([](const RecentState &state) {
                 return markLooks(state, {{B, {RecentFileInfo::Presence::Missing, 7}}}, 70, 0);
             });
-            QVERIFY(store.problems.isEmpty());
+            QVERIFY(store.told.isEmpty());
         }
         const StoredRecord record = Opened(home).repository.state().value(B);
         QCOMPARE(record.missingSince, 70);
@@ -108,7 +108,7 @@ private Q_SLOTS:
         {
             Opened store(home);
             QTEST(store.texts(), "expected");
-            QCOMPARE(store.problems.size(), 1);
+            QCOMPARE(store.told.size(), 1);
             QCOMPARE(keptAside(home).size(), 1);
             store.import({entry(B, 20)});
             store.note(C, 40);
@@ -116,7 +116,7 @@ private Q_SLOTS:
         Opened again(home);
         QFETCH(QString, expected);
         QCOMPARE(again.texts(), "c:8 %1 b:32"_s.arg(expected).simplified());
-        QVERIFY(again.problems.isEmpty());
+        QVERIFY(again.told.isEmpty());
     }
 
     void damageWhileRunning_data()
@@ -143,7 +143,7 @@ private Q_SLOTS:
             store.note(C, 40);
             store.note(B, 50);
             QCOMPARE(store.texts(), "b:8 c:8 a:8"_s);
-            QCOMPARE(store.problems.size(), 1);
+            QCOMPARE(store.told.size(), 1);
         }
         QCOMPARE(keptAside(home).size(), 1);
         QCOMPARE(Opened(home).texts(), "b:8 c:8 a:8"_s);
@@ -157,7 +157,7 @@ private Q_SLOTS:
         store.note(A, 10);
         QCOMPARE(store.import({entry(B, 20)}).added.size(), 1);
         QCOMPARE(store.texts(), "b:32 a:8"_s);
-        QCOMPARE(store.problems.size(), 1);
+        QCOMPARE(store.told.size(), 1);
     }
 
     // Like a full disk: files cannot grow for a while. Then what was kept in memory goes into the database.
@@ -179,7 +179,7 @@ private Q_SLOTS:
             ::setrlimit(RLIMIT_FSIZE, &old);
             ::signal(SIGXFSZ, handler);
             QCOMPARE(store.texts(), "c:8 b:8"_s);
-            QCOMPARE(store.problems.size(), 1);
+            QCOMPARE(store.told.size(), 1);
             store.note(C, 60);
             QVERIFY(!store.repository.hasUnwritten());
         }

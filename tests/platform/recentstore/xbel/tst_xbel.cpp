@@ -4,6 +4,7 @@
 #include "platform/impl/recentstore/xbel/fileurl.h"
 #include "platform/impl/recentstore/xbel/isotime.h"
 #include "platform/impl/recentstore/xbel/listfile.h"
+#include "platform/impl/recentstore/xbel/xbelimporter.h"
 
 using namespace zel::recent;
 using namespace zel::recent::test;
@@ -19,6 +20,7 @@ private Q_SLOTS:
         row("file:///a/b.txt", "/a/b.txt");
         row("file:///a%20b/%E6%96%87.txt", "/a b/文.txt");
         row("file://localhost/a", "/a");
+        row(QString("file://"_s + QSysInfo::machineHostName() + "/a"_s), "/a");
         row("FILE:/a/./b//c/../d", "/a/b/d");
         row("file:///100%25", "/100%");
         row("file:///a?b", "/a?b");
@@ -59,10 +61,10 @@ private Q_SLOTS:
             inList("<bookmark href=\"file:///a\" added=\"%1\" modified=\"2999-01-01T00:00:00Z\"/>"_s.arg(
                 isoOf(1))),
             true, "/a@1");
-        row("only wrong clocks: the earliest",
+        row("only wrong clocks: the file's",
             inList("<bookmark href=\"file:///a\" added=\"2024-05-08T12:00:00Z\""
                    " modified=\"2999-01-01T00:00:00Z\"/>"_s),
-            true, "/a@2880");
+            true, "/a@0?");
         row("no times: the file's", inList("<bookmark href=\"file:///a\"/>"_s), true, "/a@0?");
         row("private", inList(good("/a", 1, "<bookmark:private/>"_s) + b), true, "/a@1!;/b@2");
         row("folder left out", inList(QString(a).replace("text/plain"_s, "inode/directory"_s) + b), true,
@@ -138,6 +140,49 @@ private Q_SLOTS:
         QCOMPARE(::mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
         QCOMPARE(
             openListFile(pipe, file, stamp), ListFileState::Unusable); // would wait for a writer for ever
+    }
+
+    void clearedLists_data()
+    {
+        const auto row = zeltest::table<int, QString>("patience", "says");
+        row("removed", 0, "0 ");
+        row("emptied", 0, "0 ");
+        row("emptied, nobody looks", 50, "0 ");
+        row("emptied, soon written anew", 100000, "1 /b");
+        row("leads nowhere", 0, "1 /b");
+        row("its folder is away", 0, "1 /b");
+    }
+    void clearedLists()
+    {
+        const QByteArray what = QTest::currentDataTag();
+        QFETCH(int, patience);
+        Home home({{"/a"_s, 1}});
+        const QString list = home.places.desktopList;
+        XbelImporter importer(
+            home.places, {{DesktopSourceName, *stampOf(list)}}, nullptr, std::chrono::milliseconds(patience));
+        QStringList said;
+        connect(&importer, &XbelImporter::imported, this, [&](const XbelImport &import) {
+            QVERIFY(import.intact);
+            said << "%1 %2"_s.arg(import.entries.size()).arg(import.entries.value(0).path);
+        });
+        if (what.startsWith("emptied"))
+            QVERIFY(replaceFile(list, {}));
+        else if (what == "its folder is away")
+            QVERIFY(QDir(home.path("data"_s)).removeRecursively());
+        else
+            QVERIFY(QFile::remove(list));
+        if (what == "leads nowhere")
+            QVERIFY(QFile::link(home.path("none"_s), list));
+        importer.scan();
+        if (patience != 50 && said.isEmpty()) { // it has not been cleared so far
+            QFile::remove(list);
+            QVERIFY(home.setDesktop({{"/b"_s, 1}}));
+            importer.scan();
+        }
+        QTRY_COMPARE(said.size(), 1);
+        QTEST(said.constFirst(), "says");
+        importer.scan(); // says it once
+        QCOMPARE(said.size(), 1);
     }
 
 private:

@@ -50,6 +50,22 @@ StoredRecord copyOrNew(const StoredRecord *record, const QString &id)
     return made;
 }
 
+void forgetUses(StoredRecord &record, qint64 now)
+{
+    record.removedTime = std::max(std::min(record.lastAccess(), now), record.removedTime);
+    record.openedAt = 0;
+    record.pinTime = 0;
+    for (RecentAccess &access : record.accesses) {
+        if (access.time > record.removedTime)
+            access.time = -access.time;
+    }
+    if (record.roaming && record.roaming->time() >= 0) {
+        RoamingPart part = *record.roaming;
+        part.forgottenTime = part.item.time;
+        record.roaming = std::move(part);
+    }
+}
+
 Draft::Draft(const RecentState &state, const RecentDelta &delta) : m_state(state)
 {
     for (const StoredRecord &record : delta.stored)

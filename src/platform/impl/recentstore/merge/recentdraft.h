@@ -12,6 +12,10 @@ void note(RecentDelta &delta, const StoredRecord *before, StoredRecord after);
 const StoredRecord *find(const RecentState &state, const QString &id); ///< null: none
 StoredRecord copyOrNew(const StoredRecord *record, const QString &id);
 
+/// What was used so far is forgotten, and the pin is taken away. Known times ahead of `now` are forgotten one
+/// by one, so that a use after `now` counts all the same.
+void forgetUses(StoredRecord &record, qint64 now);
+
 /// A state under change: several steps may alter the same record; the delta comes at the end.
 class Draft
 {

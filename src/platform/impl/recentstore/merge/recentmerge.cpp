@@ -32,15 +32,28 @@ void mergeEntry(RecentDelta &delta, const RecentState &state, int source, const 
         rest.dropAccess(source);
         return rest.lastAccess();
     }();
-    if (!entry.mimeType.isEmpty() && (after.mimeType.isEmpty() || entry.time > others))
+    const RecentAccess *known = after.accessOf(source);
+    const bool isKnownFolder = after.isFolder() && known && known->time == entry.time; // whatever a list says
+    if (!entry.mimeType.isEmpty() && !isKnownFolder && (after.mimeType.isEmpty() || entry.time > others))
         after.mimeType = entry.mimeType;
     // A guessed time is newer each time the list is written, which says nothing of this file.
-    if (!entry.isTimeGuessed || !after.accessOf(source))
+    if (!entry.isTimeGuessed || !known || known->time > entry.time)
         after.setAccess(source, entry.time);
     note(delta, before, std::move(after));
 }
 
 } // namespace
+
+int sourceId(SourceTable &sources, const QString &name)
+{
+    int next = DesktopSource;
+    for (const SourceInfo &source : std::as_const(sources))
+        next = std::max(next, source.id);
+    SourceInfo &source = sources[name];
+    if (source.id == 0)
+        source.id = name == DesktopSourceName ? DesktopSource : next + 1;
+    return source.id;
+}
 
 RecentDelta mergeImport(const RecentState &state, int source, const QVector<XbelEntry> &entries, bool intact)
 {
@@ -80,18 +93,7 @@ RecentDelta markRemoved(const RecentState &state, const QStringList &ids, qint64
         if (!before || !before->isVisible())
             continue;
         StoredRecord after = *before;
-        after.removedTime = std::max(std::min(before->lastAccess(), now), before->removedTime);
-        after.openedAt = 0;
-        after.pinTime = 0;
-        for (RecentAccess &access : after.accesses) {
-            if (access.time > after.removedTime)
-                access.time = -access.time;
-        }
-        if (after.roaming && after.roaming->time() >= 0) {
-            RoamingPart part = *after.roaming;
-            part.forgottenTime = part.item.time;
-            after.roaming = std::move(part);
-        }
+        forgetUses(after, now);
         note(delta, before, std::move(after));
     }
     return delta;
@@ -113,6 +115,13 @@ RecentDelta markLooks(const RecentState &state, const FileLooks &looks, qint64 n
             after.missingSince = 0;
         else if (after.presence == Presence::Missing && after.missingSince == 0)
             after.missingSince = now;
+        if (it->isFolder) {
+            after.mimeType = FolderMimeType;
+            after.openedAt = 0;
+            after.pinTime = 0;
+        } else if (after.presence == Presence::Present && after.isFolder()) {
+            after.mimeType.clear();
+        }
         if (after.presence == Presence::Missing && after.missingSince < longGone && after.isBoxOnly())
             after.openedAt = 0;
         note(delta, before, std::move(after));

@@ -5,6 +5,9 @@
 /// What the store does with news, as pure functions: old state and news in, delta out. Any thread.
 namespace zel::recent {
 
+/// The number of a source, which is given one when it is new.
+int sourceId(SourceTable &sources, const QString &name);
+
 /// A list was read. Entries that it no longer has lose this source's access when it was read intact; a record
 /// without any access left disappears unless the box opened the file.
 RecentDelta mergeImport(const RecentState &state, int source, const QVector<XbelEntry> &entries, bool intact);
@@ -18,7 +21,7 @@ RecentDelta markOpened(const RecentState &state, const QString &path, qint64 tim
 RecentDelta markRemoved(const RecentState &state, const QStringList &ids, qint64 now);
 
 /// Local files were looked at, by path. Records that only the box tells of go when their file has been
-/// missing since before `longGone`.
+/// missing since before `longGone`, or is a folder.
 RecentDelta markLooks(const RecentState &state, const FileLooks &looks, qint64 now, qint64 longGone);
 
 /// A pin holds a record that nobody tells of any more; without it such a record counts as opened in the box.

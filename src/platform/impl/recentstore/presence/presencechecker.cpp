@@ -43,7 +43,8 @@ FileLook lookAt(const QString &path)
     };
     if (::stat(QFile::encodeName(path).constData(), &status) == 0) {
         const qint64 mtime = qint64(status.st_mtim.tv_sec) * 1000 + status.st_mtim.tv_nsec / 1000000;
-        return {Presence::Present, S_ISREG(status.st_mode) ? qint64(status.st_size) : -1, mtime};
+        return {Presence::Present, S_ISREG(status.st_mode) ? qint64(status.st_size) : -1, mtime,
+            S_ISDIR(status.st_mode)};
     }
     switch (errno) {
     case ENOENT:

@@ -14,8 +14,8 @@
 
 namespace zel::recent {
 
-/// Looks whether a file exists and how large it is, following links: a dangling one is missing; one that may
-/// not be looked at is unknown. May block for as long as the file system does.
+/// Looks whether a file exists, how large it is and whether it is a folder, following links: a dangling one
+/// is missing; one that may not be looked at is unknown. May block for as long as the file system does.
 FileLook lookAt(const QString &path);
 
 /// Looks whether files exist, on a thread of its own that lives only while there is something to look at.

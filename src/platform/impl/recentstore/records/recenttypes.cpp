@@ -75,6 +75,8 @@ int StoredRecord::kind() const
 
 bool StoredRecord::isVisible() const
 {
+    if (isFolder())
+        return false;
     if (hasLocalUse() && !isRoamingOnly() && std::max(lastLocalUse(), pinTime) > removedTime)
         return true;
     return roaming && roaming->time() > removedTime;

@@ -14,6 +14,8 @@
 /// them.
 namespace zel::recent {
 
+inline const QString FolderMimeType = QStringLiteral("inode/directory");
+
 /// Which state of a list file was read; a list with the same stamp is not read again.
 struct FileStamp
 {
@@ -31,11 +33,12 @@ struct XbelEntry
     qint64 time = 0;  ///< newest believable one of added, modified, visited; ms since epoch
     bool isPrivate = false;
     QStringList applications;   ///< that registered it
-    bool isTimeGuessed = false; ///< the list tells none; `time` is that of the list's file
+    bool isTimeGuessed = false; ///< the list tells none that can be; `time` is that of the list's file
     bool operator==(const XbelEntry &) const = default;
 };
 
 inline constexpr int DesktopSource = 1; ///< every other source is the list of a sandboxed application
+inline const QString DesktopSourceName = QStringLiteral("desktop");
 
 /// When a source says that the file was last used.
 struct RecentAccess
@@ -62,13 +65,14 @@ struct StoredRecord
 
     bool operator==(const StoredRecord &) const = default;
 
-    bool isRoamingOnly() const; ///< by its id
-    bool hasLocalUse() const;   ///< opened here, listed or pinned
+    bool isRoamingOnly() const;                                  ///< by its id
+    bool isFolder() const { return mimeType == FolderMimeType; } ///< which is no document
+    bool hasLocalUse() const;                                    ///< opened here, listed or pinned
     qint64 lastLocalUse() const;
     qint64 lastAccess() const; ///< newest of all uses, also those that other devices and the pin know
     int
     kind() const; ///< of the newest local use, Opened before Desktop before Sandbox when equal; else Roaming
-    bool isVisible() const; ///< there is a use newer than the removal
+    bool isVisible() const; ///< a document with a use that is newer than the removal
     bool isNeeded() const;  ///< false: nothing is lost when the record is dropped
     bool isBoxOnly() const; ///< no list tells of it, and it is not pinned
     const RecentAccess *accessOf(int source) const;
@@ -107,6 +111,7 @@ struct FileLook
     RecentFileInfo::Presence presence = RecentFileInfo::Presence::Unknown;
     qint64 size = -1; ///< of a regular file; else -1
     qint64 mtime = 0; ///< ms since epoch, UTC
+    bool isFolder = false;
     bool operator==(const FileLook &) const = default;
 };
 using FileLooks = QHash<QString, FileLook>; ///< by path

@@ -1,5 +1,7 @@
 #include "recentrepository.h"
 
+#include "databasefiles.h"
+#include "platform/impl/recentstore/merge/memorymerge.h"
 #include "platform/impl/recentstore/merge/recentmerge.h"
 #include "platform/impl/recentstore/records/recentlist.h"
 #include "recentschema.h"
@@ -7,15 +9,12 @@
 #include "base/logging.h"
 #include "base/paths.h"
 
-#include <QDir>
+#include <QDateTime>
 #include <QElapsedTimer>
 #include <QFileInfo>
 
-#include <fcntl.h>
 #include <malloc.h>
 #include <sqlite3.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace zel::recent {
 namespace {
@@ -30,26 +29,6 @@ StoredRecord nothingOf(const StoredRecord &record)
     nothing.id = record.id;
     nothing.rowId = record.rowId;
     return nothing;
-}
-
-// Nobody else need know what was opened. The database's companions get its mode when they are made. Without
-// opening an existing one: closing it again would take away the locks that this process has on it.
-void makePrivate(const QString &file)
-{
-    const int made =
-        ::open(QFile::encodeName(file).constData(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
-    if (made >= 0)
-        ::close(made);
-    for (const char *suffix : {"", "-wal", "-shm"}) {
-        const QByteArray path = QFile::encodeName(file + QLatin1String(suffix));
-        struct stat status
-        {
-        };
-        const bool ours =
-            ::stat(path.constData(), &status) == 0 && S_ISREG(status.st_mode) && status.st_uid == ::geteuid();
-        if (ours && (status.st_mode & 077) != 0)
-            ::chmod(path.constData(), 0600);
-    }
 }
 
 // Of a damaged database only what cannot be had again from the lists is worth carrying over.
@@ -68,8 +47,8 @@ QVector<StoredRecord> salvaged(const QVector<StoredRecord> &records)
 
 } // namespace
 
-RecentRepository::RecentRepository(const QString &file, ProblemHandler onProblem)
-    : m_file(file), m_onProblem(std::move(onProblem))
+RecentRepository::RecentRepository(const QString &file, KeepingHandler onKeepingChanged)
+    : m_file(file), m_onKeepingChanged(std::move(onKeepingChanged))
 {
 }
 
@@ -168,6 +147,8 @@ RecentDelta RecentRepository::store(const Operation &operation, Durability durab
         m_unwritten.clear();
         m_storedSources = sources;
         apply(m_state, rows);
+        if (!idle)
+            tellKept(true);
     } else {
         keepUnwritten(delta);
         apply(m_state, delta);
@@ -223,15 +204,17 @@ void RecentRepository::handleFailure()
     const Failure failure = m_connection.failure();
     const QString why = m_connection.failureText();
     m_connection.clearFailure();
-    m_busy = failure == Failure::Busy;
+    const bool stillBusy = std::exchange(m_busy, failure == Failure::Busy) && m_busy;
     switch (failure) {
     case Failure::None:
         break;
     case Failure::Busy:
         qCWarning(lcRecent) << "database busy," << m_unwritten.size() << "changes wait";
+        if (stillBusy)
+            tellKept(false);
         break;
     case Failure::Damaged:
-        if (++m_repairs > MostRepairs) {
+        if (m_repairs >= MostRepairs) {
             loseDatabase();
             break;
         }
@@ -240,10 +223,9 @@ void RecentRepository::handleFailure()
             writeEverything();
         break;
     case Failure::Unavailable:
-        if (!std::exchange(m_memoryTold, true)) {
+        if (m_toldKept)
             qCWarning(lcRecent) << "changes cannot be written," << why;
-            m_onProblem(QStringLiteral("recent files cannot be written, ") + why);
-        }
+        tellKept(false);
         break;
     }
 }
@@ -265,6 +247,7 @@ void RecentRepository::writeEverything()
             m_dataVersion = m_database.dataVersion();
             m_storedSources = m_sources;
             apply(m_state, everything);
+            tellKept(true);
             return;
         }
     }
@@ -275,39 +258,90 @@ void RecentRepository::writeEverything()
 
 void RecentRepository::setAside(const QString &why)
 {
+    ++m_repairs;
     m_connection.close();
-    const QString kept = paths::keepAside(m_file);
-    for (const char *suffix : {"-wal", "-shm"}) {
-        const QString beside = m_file + QLatin1String(suffix);
-        if (!kept.isEmpty() && QFileInfo::exists(beside))
-            QFile::rename(beside, kept + QLatin1String(suffix));
-    }
+    const QString kept = keepDatabaseAside(m_file);
     const QString text = QStringLiteral("recent database unusable (") + why
         + QStringLiteral("), kept aside as ") + QFileInfo(kept).fileName();
     qCWarning(lcRecent).noquote() << text;
     if (!std::exchange(m_damageTold, true))
-        m_onProblem(text);
+        m_onKeepingChanged(RecentKeeping::MadeAnew);
 }
 
 void RecentRepository::loseDatabase()
 {
     const QString why = m_connection.failureText();
     m_connection.close();
-    if (std::exchange(m_memoryTold, true))
+    m_away = m_repairs < MostRepairs;
+    if (m_toldKept)
+        qCWarning(lcRecent).noquote() << "no database, working in memory," << why;
+    tellKept(false);
+}
+
+void RecentRepository::tellKept(bool kept)
+{
+    if (std::exchange(m_toldKept, kept) == kept)
         return;
-    qCWarning(lcRecent).noquote() << "no database, working in memory," << why;
-    m_onProblem(QStringLiteral("recent files cannot be kept, ") + why);
+    if (kept)
+        qCInfo(lcRecent) << "everything is on disk again";
+    m_onKeepingChanged(kept ? RecentKeeping::Kept : RecentKeeping::NotKept);
 }
 
 RecentDelta RecentRepository::writeUnwritten()
 {
+    if (m_away)
+        return comeBack();
     if (!hasUnwritten())
         return {};
     return change([](const RecentState &, SourceTable &) { return RecentDelta(); }, Durability::Full);
 }
 
+RecentDelta RecentRepository::comeBack()
+{
+    m_away = false;
+    if (!openDatabase())
+        return {};
+    QVector<StoredRecord> records;
+    SourceTable sources;
+    if (!loadAll(records, sources)) {
+        if (m_connection.failure() == Failure::Damaged)
+            handleFailure(); // what is in memory makes the new one
+        else
+            loseDatabase();
+        return {};
+    }
+    const RecentState memory = std::exchange(m_state, {});
+    const SourceTable memorySources = std::exchange(m_sources, sources);
+    startWith(records);
+    m_storedSources = sources;
+    m_unwritten.clear();
+    if (m_wipeOwed)
+        forgetAll();
+    const auto join = [&](const RecentState &state, SourceTable &all) {
+        return mergeMemory(state, all, memory, memorySources, QDateTime::currentMSecsSinceEpoch());
+    };
+    change(join, Durability::Full);
+    if (m_wipeOwed)
+        wipe();
+    if (!hasUnwritten())
+        tellKept(true);
+    return difference(memory, m_state);
+}
+
+// All that the database has from before.
+void RecentRepository::forgetAll()
+{
+    const auto remove = [](const RecentState &state, SourceTable &) {
+        return markRemoved(state, state.keys(), QDateTime::currentMSecsSinceEpoch());
+    };
+    change(remove, Durability::Full);
+    change([](const RecentState &state, SourceTable &) { return forgetTraces(state, false, false); },
+        Durability::Full);
+}
+
 void RecentRepository::wipe()
 {
+    m_wipeOwed = m_away;
     if (m_connection.isOpen()) {
         m_connection.exec("VACUUM");
         m_connection.number("PRAGMA wal_checkpoint(TRUNCATE)");
@@ -316,10 +350,7 @@ void RecentRepository::wipe()
                              << m_connection.failureText();
         m_connection.clearFailure();
     }
-    const QFileInfo place(m_file);
-    const QString copies = place.fileName() + QStringLiteral(".damaged-*");
-    for (const QFileInfo &copy : place.dir().entryInfoList({copies}, QDir::Files))
-        QFile::remove(copy.filePath());
+    removeKeptAside(m_file);
 }
 
 void RecentRepository::releaseMemory()
@@ -331,9 +362,8 @@ void RecentRepository::releaseMemory()
 
 void RecentRepository::close()
 {
-    if (!m_connection.isOpen())
-        return;
     writeUnwritten();
+    m_away = false;
     m_connection.close();
 }
 

@@ -100,7 +100,10 @@ sqlite::SchemaState prepareSchema(sqlite::Database &database)
     std::vector<const char *> migrations;
     for (const QByteArray &text : texts)
         migrations.push_back(text.constData());
-    if (database.number("PRAGMA user_version") > qint64(migrations.size()))
+    const qint64 version = database.number("PRAGMA user_version");
+    if (database.failure() != sqlite::Failure::None)
+        return sqlite::SchemaState::Failed;
+    if (version > qint64(migrations.size()))
         return sqlite::SchemaState::Newer;
     database.useWriteAheadLog();
     database.exec("PRAGMA synchronous=NORMAL");

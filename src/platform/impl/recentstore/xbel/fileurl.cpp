@@ -1,6 +1,7 @@
 #include "fileurl.h"
 
 #include <QDir>
+#include <QSysInfo>
 
 #include <optional>
 
@@ -35,6 +36,13 @@ std::optional<QByteArray> decoded(const QByteArray &text)
     return bytes;
 }
 
+bool isThisMachine(const QString &host)
+{
+    static const QString name = QSysInfo::machineHostName();
+    return host.isEmpty() || host.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0
+        || host.compare(name, Qt::CaseInsensitive) == 0;
+}
+
 QString withoutSchemeAndHost(const QString &address)
 {
     const QLatin1String scheme("file:");
@@ -44,9 +52,7 @@ QString withoutSchemeAndHost(const QString &address)
     if (!rest.startsWith(QLatin1String("//")))
         return rest;
     const int slash = rest.indexOf(QLatin1Char('/'), 2);
-    const QStringRef host = rest.midRef(2, slash - 2);
-    const bool local = host.isEmpty() || host.compare(QLatin1String("localhost"), Qt::CaseInsensitive) == 0;
-    return slash >= 2 && local ? rest.mid(slash) : QString();
+    return slash >= 2 && isThisMachine(rest.mid(2, slash - 2)) ? rest.mid(slash) : QString();
 }
 
 } // namespace

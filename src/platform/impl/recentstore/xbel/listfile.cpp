@@ -53,4 +53,17 @@ std::optional<FileStamp> stampOf(const QString &path)
     return toStamp(status);
 }
 
+// A link that leads nowhere may do so again tomorrow, and so may a folder that is not there.
+std::optional<FileStamp> stampOfCleared(const QString &path)
+{
+    const std::optional<FileStamp> stamp = stampOf(path);
+    if (stamp)
+        return stamp->size == 0 && QFileInfo(path).isFile() ? stamp : std::nullopt;
+    struct stat status
+    {
+    };
+    const bool isGone = ::lstat(QFile::encodeName(path).constData(), &status) != 0 && errno == ENOENT;
+    return isGone && QFileInfo(QFileInfo(path).path()).isDir() ? std::optional(FileStamp()) : std::nullopt;
+}
+
 } // namespace zel::recent

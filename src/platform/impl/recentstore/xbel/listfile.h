@@ -18,4 +18,7 @@ FileStamp stampOf(const QFile &file);
 /// Stamp of what stands at the path; none when nothing does.
 std::optional<FileStamp> stampOf(const QString &path);
 
+/// Stamp of a list that has been removed or emptied; none when it is neither, or nobody can tell.
+std::optional<FileStamp> stampOfCleared(const QString &path);
+
 } // namespace zel::recent

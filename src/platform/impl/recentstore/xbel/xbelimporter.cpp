@@ -28,10 +28,13 @@ struct XbelImporter::Reading
     std::unique_ptr<XbelReader> reader;
 };
 
-XbelImporter::XbelImporter(const RecentPlaces &places, QHash<QString, FileStamp> known, QObject *parent)
-    : QObject(parent), m_places(places), m_known(std::move(known))
+XbelImporter::XbelImporter(const RecentPlaces &places, QHash<QString, FileStamp> known, QObject *parent,
+    std::chrono::milliseconds clearedAfter)
+    : QObject(parent), m_places(places), m_known(std::move(known)), m_clearedAfter(clearedAfter)
 {
     connect(&m_watcher, &XbelWatcher::changed, this, &XbelImporter::scan);
+    m_clearedCheck.setSingleShot(true);
+    connect(&m_clearedCheck, &QTimer::timeout, this, &XbelImporter::scan);
 }
 
 XbelImporter::~XbelImporter() = default;
@@ -39,6 +42,7 @@ XbelImporter::~XbelImporter() = default;
 void XbelImporter::stop()
 {
     m_stopped = true;
+    m_clearedCheck.stop();
     m_reading.reset();
     m_queue.clear();
 }
@@ -55,6 +59,7 @@ void XbelImporter::scan()
     const QVector<XbelSource> sources = xbelSources(m_places);
     watch(sources);
     findGone(sources);
+    findCleared(sources);
     queueChanged(sources);
     next();
 }
@@ -92,11 +97,44 @@ void XbelImporter::findGone(const QVector<XbelSource> &sources)
     }
 }
 
+void XbelImporter::findCleared(const QVector<XbelSource> &sources)
+{
+    std::optional<std::chrono::nanoseconds> next;
+    for (const XbelSource &source : sources) {
+        const std::optional<FileStamp> stamp = stampOfCleared(source.file);
+        if (!stamp || m_known.value(source.name) == *stamp) {
+            m_cleared.remove(source.name);
+            continue;
+        }
+        if (!m_cleared.contains(source.name))
+            m_cleared.insert(source.name, QDeadlineTimer(m_clearedAfter));
+        const QDeadlineTimer until = m_cleared.value(source.name);
+        if (until.hasExpired())
+            tellNothing(source, *stamp);
+        else
+            next = std::min(next.value_or(m_clearedAfter), until.remainingTimeAsDuration());
+    }
+    if (next)
+        m_clearedCheck.start(std::chrono::ceil<std::chrono::milliseconds>(*next));
+}
+
+void XbelImporter::tellNothing(const XbelSource &source, const FileStamp &stamp)
+{
+    m_cleared.remove(source.name);
+    m_known.insert(source.name, stamp);
+    qCInfo(lcRecent) << "a recently-used list was cleared";
+    XbelImport import;
+    import.source = source.name;
+    import.stamp = stamp;
+    import.intact = true;
+    Q_EMIT imported(import);
+}
+
 void XbelImporter::queueChanged(const QVector<XbelSource> &sources)
 {
     for (const XbelSource &source : sources) {
         const auto stamp = stampOf(source.file);
-        if (stamp && m_known.value(source.name) != *stamp)
+        if (stamp && m_known.value(source.name) != *stamp && !m_cleared.contains(source.name))
             m_queue.append(source);
     }
 }

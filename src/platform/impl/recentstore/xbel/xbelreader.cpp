@@ -15,11 +15,6 @@ QStringView withoutPrefix(QStringView name)
     return colon < 0 ? name : name.mid(colon + 1);
 }
 
-bool isFolder(const QString &mimeType)
-{
-    return mimeType == QLatin1String("inode/directory");
-}
-
 } // namespace
 
 XbelReader::XbelReader(QIODevice &device, qint64 latestTime, qint64 fallbackTime, const XbelLimits &limits)
@@ -143,16 +138,11 @@ void XbelReader::startEntry()
 void XbelReader::readTime()
 {
     const QXmlStreamAttributes attributes = m_xml.attributes();
-    qint64 tooLate = 0;
     for (const char *name : {"added", "modified", "visited"}) {
         const qint64 time = parseIsoTime(attributes.value(QLatin1String(name)));
         if (time <= m_latestTime)
             m_entry.time = std::max(m_entry.time, time);
-        else if (tooLate == 0 || time < tooLate)
-            tooLate = time;
     }
-    if (m_entry.time == 0)
-        m_entry.time = tooLate;
     if (m_entry.time > 0)
         return;
     m_entry.time = m_fallbackTime;
@@ -165,7 +155,7 @@ void XbelReader::finishEntry()
         fail(QStringLiteral("too many entries"));
         return;
     }
-    const bool usable = m_entry.path.size() > 1 && !isFolder(m_entry.mimeType)
+    const bool usable = m_entry.path.size() > 1 && m_entry.mimeType != FolderMimeType
         && (m_entry.path.size() * 3 <= m_limits.pathBytes
             || m_entry.path.toUtf8().size() <= m_limits.pathBytes);
     if (usable)

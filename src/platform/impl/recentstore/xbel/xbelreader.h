@@ -29,8 +29,8 @@ class XbelReader
 public:
     enum class State { Reading, Intact, Damaged };
 
-    /// Times later than `latestTime` (ms since epoch) are taken for a wrong clock: they count only when an
-    /// entry has no other, and then its earliest one. Entries without any get `fallbackTime`.
+    /// Times later than `latestTime` (ms since epoch) are taken for a wrong clock and do not count. Entries
+    /// without any other get `fallbackTime`.
     XbelReader(QIODevice &device, qint64 latestTime, qint64 fallbackTime = 0, const XbelLimits &limits = {});
 
     State read(int tokens); ///< reads on for at most so many tokens

@@ -1,6 +1,7 @@
 #include "xbelsources.h"
 
 #include "base/paths.h"
+#include "platform/impl/recentstore/records/recenttypes.h"
 
 #include <QDir>
 #include <QStandardPaths>

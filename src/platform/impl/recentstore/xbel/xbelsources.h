@@ -23,8 +23,6 @@ struct XbelSource
     QString file;
 };
 
-inline const QString DesktopSourceName = QStringLiteral("desktop");
-
 /// The lists that can be there now: the desktop's first, then one per sandboxed application, at most 1,000.
 QVector<XbelSource> xbelSources(const RecentPlaces &places);
 
