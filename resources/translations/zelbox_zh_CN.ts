@@ -907,6 +907,41 @@
     </message>
 </context>
 <context>
+    <name>FeedbackDialog</name>
+    <message>
+        <source>Feedback</source>
+        <translation>反馈</translation>
+    </message>
+    <message>
+        <source>Tell those who look after this computer</source>
+        <translation>告诉维护这台电脑的人</translation>
+    </message>
+    <message>
+        <source>Nothing is sent by itself. These help to find out what happened:</source>
+        <translation>不会自动发送任何内容。以下信息有助于查明原因：</translation>
+    </message>
+    <message>
+        <source>Copy the details</source>
+        <translation>复制详细信息</translation>
+    </message>
+    <message>
+        <source>What happened, the version and the system.</source>
+        <translation>发生了什么，以及版本和系统。</translation>
+    </message>
+    <message>
+        <source>Show the log</source>
+        <translation>显示日志</translation>
+    </message>
+    <message>
+        <source>To add it to a mail.</source>
+        <translation>以便附在邮件中。</translation>
+    </message>
+    <message>
+        <source>Close</source>
+        <translation>关闭</translation>
+    </message>
+</context>
+<context>
     <name>FolderSelectorDlg</name>
     <message>
         <source>Select folder</source>
@@ -1409,6 +1444,20 @@
         <source>The place of “%1” does not answer.</source>
         <translation>“%1”所在的位置没有响应。</translation>
     </message>
+    <message>
+        <source>Waiting for the place of “%1”…</source>
+        <translation>正在等待“%1”所在位置响应…</translation>
+    </message>
+    <message numerus="yes">
+        <source>Waiting for the places of %Ln documents…</source>
+        <translation>
+            <numerusform>正在等待 %Ln 个文档所在位置响应…</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
 </context>
 <context>
     <name>PrivacyPage</name>
@@ -1787,6 +1836,35 @@
     <message>
         <source>No recent document of this kind has these words in its name or folder.</source>
         <translation>没有名称或文件夹中包含这些词的此类最近文档。</translation>
+    </message>
+    <message>
+        <source>The list of recent files could not be loaded yet.</source>
+        <translation>最近文件列表尚未加载。</translation>
+    </message>
+</context>
+<context>
+    <name>RecentStoreNotices</name>
+    <message>
+        <source>The list of recent documents is saved again.</source>
+        <translation>最近文档列表已恢复保存。</translation>
+    </message>
+    <message>
+        <source>The list of recent documents cannot be saved at present. What is changed here may be lost when ZEL Box ends.</source>
+        <translation>最近文档列表目前无法保存。ZEL Box 退出后，此处的更改可能会丢失。</translation>
+    </message>
+    <message>
+        <source>The list of recent documents was damaged and had to be made anew. Some of them may be missing.</source>
+        <translation>最近文档列表已损坏，只能重新建立，其中可能缺少部分文档。</translation>
+    </message>
+    <message>
+        <source>“%1” is a folder. Only documents are listed here.</source>
+        <translation>“%1”是文件夹。此处只列出文档。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln folders were left out. Only documents are listed here.</source>
+        <translation>
+            <numerusform>略过了 %Ln 个文件夹。此处只列出文档。</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -2722,6 +2800,10 @@ Last used on %2</source>
     <message>
         <source>Mark all as seen</source>
         <translation>全部标为已看</translation>
+    </message>
+    <message>
+        <source>%1 of %2 selected</source>
+        <translation>已选 %1/%2</translation>
     </message>
 </context>
 <context>

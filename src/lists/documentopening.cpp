@@ -1,6 +1,7 @@
 #include "lists/documentopening.h"
 
 #include <QFileInfo>
+#include <QTimer>
 
 DocumentOpening::DocumentOpening(KDocumentOpener *opener, QObject *parent) : QObject(parent), m_opener(opener)
 {
@@ -37,8 +38,24 @@ bool DocumentOpening::begin(const QString &path, const QString &name)
     }
     if (m_opening.contains(path))
         return false;
-    m_opening.insert(path);
+    m_opening.insert(path, ++m_turn);
+    QTimer::singleShot(Unnoticed, this, [this, path, turn = m_turn] { noticeWaiting(path, turn); });
     return true;
+}
+
+void DocumentOpening::noticeWaiting(const QString &path, int turn)
+{
+    if (m_opening.value(path) != turn)
+        return;
+    m_waitedFor.append(path);
+    Q_EMIT waitedForChanged();
+}
+
+void DocumentOpening::cancelWaiting()
+{
+    const QStringList paths = m_waitedFor; // each is answered at once
+    for (const QString &path : paths)
+        opener()->cancel(path);
 }
 
 void DocumentOpening::reveal(const QString &path)
@@ -66,8 +83,10 @@ void DocumentOpening::onProgramsFound(const QString &path, const KProgramList &p
 void DocumentOpening::onOpened(const QString &path, KDocumentOpener::Outcome outcome)
 {
     using Outcome = KDocumentOpener::Outcome;
-    if (!m_opening.remove(path))
+    if (m_opening.remove(path) == 0)
         return; // somebody else's
+    if (m_waitedFor.removeOne(path))
+        Q_EMIT waitedForChanged();
     switch (outcome) {
     case Outcome::Opened:
         Q_EMIT opened(path);
@@ -80,6 +99,8 @@ void DocumentOpening::onOpened(const QString &path, KDocumentOpener::Outcome out
         return fail(path, Problem::NoProgram);
     case Outcome::NoAnswer:
         return fail(path, Problem::NoAnswer);
+    case Outcome::Cancelled:
+        Q_EMIT cancelled(path);
     }
 }
 

@@ -210,6 +210,25 @@ private Q_SLOTS:
         QTEST(page.notice->isVisible() ? page.notice->text() : QString(), "said");
     }
 
+    void longWaitingCanBeCancelled()
+    {
+        FakeOpener opener;
+        Page page;
+        DocumentOpening opening(&opener);
+        OpeningNotices notices(&opening, page.notice);
+        QSignalSpy cancelled(&opening, &DocumentOpening::cancelled);
+        opening.open("/docs/a.odt"_s);
+        opening.open("/docs/b.odt"_s);
+        QVERIFY(!page.notice->isVisible());
+        QTRY_COMPARE(opening.waitedFor().size(), 2);
+        QCOMPARE(page.notice->text(), "Waiting for the places of 2 documents…"_s);
+        opener.answer("/docs/a.odt"_s, KDocumentOpener::Outcome::Opened);
+        QCOMPARE(page.notice->text(), "Waiting for the place of “b.odt”…"_s);
+        page.notice->triggerAction();
+        QVERIFY(!page.notice->isVisible());
+        QCOMPARE(cancelled.size(), 1);
+    }
+
     // What is asked for twice is done once, and programs are those of the row that was asked about last.
     void openingAnswersOnce()
     {

@@ -16,6 +16,7 @@ public:
         asked << programId + QLatin1Char(' ') + path;
     }
     void reveal(const QString &path) override { revealed << path; }
+    void cancel(const QString &path) override { answer(path, Outcome::Cancelled); }
     void findPrograms(const QString &path) override { Q_EMIT programsFound(path, programs); }
     void answer(const QString &path, Outcome outcome) { Q_EMIT opened(path, outcome); }
 };

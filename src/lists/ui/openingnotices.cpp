@@ -25,8 +25,13 @@ QString openProblemText(DocumentOpening::Problem problem, const QString &name)
 }
 
 OpeningNotices::OpeningNotices(DocumentOpening *opening, NoticeBar *notice, QObject *parent)
-    : QObject(parent), m_notice(notice)
+    : QObject(parent), m_opening(opening), m_notice(notice)
 {
+    connect(opening, &DocumentOpening::waitedForChanged, this, &OpeningNotices::tellWaiting);
+    connect(notice, &NoticeBar::actionTriggered, this, [this] {
+        if (!m_waiting.isEmpty() && m_notice->text() == m_waiting) // else it is about something else
+            m_opening->cancelWaiting();
+    });
     connect(opening, &DocumentOpening::failed, this, &OpeningNotices::tell);
     connect(opening, &DocumentOpening::revealFailed, this, &OpeningNotices::tellFolder);
 }
@@ -42,6 +47,20 @@ bool OpeningNotices::mayOpen(int documents)
 void OpeningNotices::tell(const QString &name, DocumentOpening::Problem problem)
 {
     m_notice->showText(openProblemText(problem, name));
+}
+
+void OpeningNotices::tellWaiting()
+{
+    const QStringList paths = m_opening->waitedFor();
+    const QString before = m_waiting;
+    m_waiting = paths.isEmpty() ? QString()
+        : paths.size() == 1
+        ? tr("Waiting for the place of “%1”…").arg(zel::shortName(QFileInfo(paths.constFirst()).fileName()))
+        : tr("Waiting for the places of %Ln documents…", nullptr, paths.size());
+    if (!paths.isEmpty())
+        m_notice->showAction(m_waiting, tr("Cancel"), NoticeBar::Tone::Info, NoticeBar::Stay);
+    else if (m_notice->text() == before)
+        m_notice->hide();
 }
 
 void OpeningNotices::tellFolder(const QString &path, bool missing)

@@ -7,7 +7,8 @@ class NoticeBar;
 /// Why a document was not opened, in words for people; `name` is its file's.
 QString openProblemText(DocumentOpening::Problem problem, const QString &name);
 
-/// Says on a page's notice what the opening of its documents runs into. GUI thread. Both outlive it.
+/// Says on a page's notice what the opening of its documents runs into, and that it is waited for, which can
+/// be cancelled there. GUI thread. Both outlive it.
 class OpeningNotices : public QObject
 {
     Q_OBJECT
@@ -19,6 +20,9 @@ public:
 
 private:
     void tellFolder(const QString &path, bool missing);
+    void tellWaiting();
 
+    DocumentOpening *m_opening;
     NoticeBar *m_notice;
+    QString m_waiting; // what was said of it last
 };

@@ -5,6 +5,9 @@
 #include <QObject>
 #include <QVector>
 
+#include <memory>
+#include <vector>
+
 /// A program that can open a document.
 struct KProgram
 {
@@ -24,7 +27,14 @@ class ZELPLATFORM_EXPORT KDocumentOpener : public QObject
 {
     Q_OBJECT
 public:
-    enum class Outcome { Opened, Missing, NotReadable, NoProgram, NoAnswer /* of its file system */ };
+    enum class Outcome {
+        Opened,
+        Missing,
+        NotReadable,
+        NoProgram,
+        NoAnswer, ///< of its file system
+        Cancelled,
+    };
     Q_ENUM(Outcome)
 
     using QObject::QObject;
@@ -45,8 +55,19 @@ public:
     /// As open(), with the program of this id; NoProgram when it is not there or does not start.
     virtual void openWith(const QString &path, const QString &programId);
 
+    /// The user does not want to wait any longer for what open() and openWith() were asked for: no program
+    /// is started any more, and `opened` follows at once. Nothing when nobody waits for the document.
+    virtual void cancel(const QString &path);
+
 Q_SIGNALS:
     void programsFound(const QString &path, const KProgramList &programs);
     void opened(const QString &path, KDocumentOpener::Outcome outcome);
     void folderShown(const QString &path, KDocumentOpener::Outcome outcome);
+
+private:
+    struct Attempt;
+    std::shared_ptr<Attempt> begin(const QString &path);
+    void settle(const std::shared_ptr<Attempt> &attempt, Outcome outcome);
+
+    std::vector<std::shared_ptr<Attempt>> m_attempts; // what is to be answered
 };

@@ -69,6 +69,22 @@ private Q_SLOTS:
             QCOMPARE(notes(), QStringList());
     }
 
+    void cancelled()
+    {
+        KDocumentOpener opener;
+        QSignalSpy opened(&opener, &KDocumentOpener::opened);
+        const QString other = m_files.path("a b#c.txt");
+        opener.open(m_files.path("nobody.xyz"));
+        opener.open(other);
+        opener.cancel(other);
+        QCOMPARE(opened.count(), 1);
+        QCOMPARE(opened.takeFirst().at(1).value<Outcome>(), Outcome::Cancelled);
+        QTRY_COMPARE(opened.count(), 1); // the other one
+        opener.open(other);
+        QTRY_COMPARE(opened.count(), 2);
+        QTRY_COMPARE(notes(), QStringList{uriOf(other)}); // once
+    }
+
     void openerMayDieMeanwhile()
     {
         auto opener = std::make_unique<KDocumentOpener>();

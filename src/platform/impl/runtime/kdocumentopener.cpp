@@ -18,6 +18,7 @@
 #include <QUrl>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <fcntl.h>
 #include <functional>
@@ -129,15 +130,30 @@ std::optional<Outcome> problemOf(const QString &path)
     return errno == ENOENT || errno == ENOTDIR ? Outcome::Missing : Outcome::NotReadable;
 }
 
-// The programs that the desktop recommends, one after the other until one starts. Nothing starts once the
-// document has been reported as not answering.
-Outcome openWithRecommended(const QString &path, QDeadlineTimer deadline)
+} // namespace
+
+/// One document that is to be opened. The job has it, too, and asks it before each program that it starts:
+/// nothing starts once the document has been reported as not answering, or nobody wants it any more.
+struct KDocumentOpener::Attempt
+{
+    const QString path;
+    const QDeadlineTimer deadline{Patience};
+    std::atomic_bool cancelled = false;
+
+    explicit Attempt(const QString &document) : path(document) { }
+    bool isOver() const { return cancelled || deadline.hasExpired(); }
+};
+
+namespace {
+
+// The programs that the desktop recommends, one after the other until one starts.
+Outcome openWithRecommended(const QString &path, const std::function<bool()> &isOver)
 {
     if (const auto problem = problemOf(path))
         return *problem;
     const KProgramList programs = programsFor(path);
     for (const KProgram &program : programs) {
-        if (deadline.hasExpired())
+        if (isOver())
             return Outcome::NoAnswer;
         if (launch(program.id, path) == Outcome::Opened)
             return Outcome::Opened;
@@ -146,13 +162,13 @@ Outcome openWithRecommended(const QString &path, QDeadlineTimer deadline)
 }
 
 // The desktop's own opener may know more than the lists of programs say.
-void openBySomeProgram(KDocumentOpener *opener, const QString &path, const std::function<void(Outcome)> &then)
+void openBySomeProgram(KDocumentOpener *opener, const QString &path, const std::function<bool()> &isOver,
+    const std::function<void(Outcome)> &then)
 {
-    const QDeadlineTimer deadline(Patience);
     runApart<Outcome>(
-        opener, path, [=] { return openWithRecommended(path, deadline); }, Outcome::NoAnswer,
+        opener, path, [=] { return openWithRecommended(path, isOver); }, Outcome::NoAnswer,
         [=](Outcome outcome) {
-            if (outcome != Outcome::NoProgram)
+            if (outcome != Outcome::NoProgram || isOver())
                 return then(outcome);
             zel::platform::openByDesktop(
                 path, opener, [then](bool opened) { then(opened ? Outcome::Opened : Outcome::NoProgram); });
@@ -161,8 +177,10 @@ void openBySomeProgram(KDocumentOpener *opener, const QString &path, const std::
 
 void openFolderOf(KDocumentOpener *opener, const QString &path)
 {
+    const QDeadlineTimer deadline(Patience);
     openBySomeProgram(
-        opener, folderOf(path), [=](Outcome outcome) { Q_EMIT opener->folderShown(path, outcome); });
+        opener, folderOf(path), [deadline] { return deadline.hasExpired(); },
+        [=](Outcome outcome) { Q_EMIT opener->folderShown(path, outcome); });
 }
 
 void select(KDocumentOpener *opener, const QString &path)
@@ -210,20 +228,45 @@ void KDocumentOpener::setInstance(KDocumentOpener *opener)
 
 void KDocumentOpener::open(const QString &path)
 {
-    openBySomeProgram(this, path, [this, path](Outcome outcome) { Q_EMIT opened(path, outcome); });
+    const auto attempt = begin(path);
+    openBySomeProgram(
+        this, path, [attempt] { return attempt->isOver(); },
+        [this, attempt](Outcome outcome) { settle(attempt, outcome); });
 }
 
 void KDocumentOpener::openWith(const QString &path, const QString &programId)
 {
-    const QDeadlineTimer deadline(Patience);
+    const auto attempt = begin(path);
     runApart<Outcome>(
         this, path,
         [=] {
             if (const auto problem = problemOf(path))
                 return *problem;
-            return deadline.hasExpired() ? Outcome::NoAnswer : launch(programId, path);
+            return attempt->isOver() ? Outcome::NoAnswer : launch(programId, path);
         },
-        Outcome::NoAnswer, [this, path](Outcome outcome) { Q_EMIT opened(path, outcome); });
+        Outcome::NoAnswer, [this, attempt](Outcome outcome) { settle(attempt, outcome); });
+}
+
+void KDocumentOpener::cancel(const QString &path)
+{
+    const auto attempts = m_attempts; // answering takes them away
+    for (const auto &attempt : attempts) {
+        if (attempt->path != path)
+            continue;
+        attempt->cancelled = true;
+        settle(attempt, Outcome::Cancelled);
+    }
+}
+
+std::shared_ptr<KDocumentOpener::Attempt> KDocumentOpener::begin(const QString &path)
+{
+    return m_attempts.emplace_back(std::make_shared<Attempt>(path));
+}
+
+void KDocumentOpener::settle(const std::shared_ptr<Attempt> &attempt, Outcome outcome)
+{
+    if (std::erase(m_attempts, attempt) > 0)
+        Q_EMIT opened(attempt->path, outcome);
 }
 
 void KDocumentOpener::findPrograms(const QString &path)
