@@ -237,6 +237,19 @@ private Q_SLOTS:
         QCOMPARE(clicked.size() + doubled.size(), 0);
     }
 
+    void rowsMoveUnderAnOpenMenu()
+    {
+        move(centreOf(1));
+        QMenu menu;
+        menu.addAction("Open"_s);
+        m_view->popUp(&menu, m_view->mapToGlobal({300, 300}));
+        m_model->insert(0, "a"_s);
+        send(QEvent::Leave); // into the menu
+        QVERIFY(painted(2).state.testFlag(QStyle::State_MouseOver) && painted(2).buttons);
+        menu.close();
+        QTRY_VERIFY(!painted(2).state.testFlag(QStyle::State_MouseOver)); // the pointer is elsewhere
+    }
+
     // Buttons that do not show are not pressed. The keyboard's row shows its own, and a focus ring, until the
     // pointer takes over.
     void rowButtonsNeedTheirRow()

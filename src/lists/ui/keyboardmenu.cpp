@@ -3,7 +3,6 @@
 #include "klitestyle.h"
 
 #include <QAbstractItemView>
-#include <QMenu>
 #include <QScopedValueRollback>
 #include <algorithm>
 
@@ -24,8 +23,10 @@ void KeyboardMenu::request()
     Q_EMIT m_view->customContextMenuRequested({row.left() + KLiteStyle::dpiScaled(Indent), row.bottom()});
 }
 
-void KeyboardMenu::popUp(QMenu *menu, const QPoint &globalPos) const
+void KeyboardMenu::popUp(QMenu *menu, const QPoint &globalPos)
 {
+    m_open = menu;
+    QObject::connect(menu, &QMenu::aboutToHide, m_view, m_closed, Qt::QueuedConnection); // once it is hidden
     menu->popup(globalPos);
     const QList<QAction *> actions = m_requesting ? menu->actions() : QList<QAction *>();
     const auto first = std::find_if(actions.cbegin(), actions.cend(),

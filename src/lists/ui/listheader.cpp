@@ -45,6 +45,12 @@ void ListHeader::setCount(int count, const QString &name)
     m_count->setVisible(count >= 0);
 }
 
+void ListHeader::setCountText(const QString &text)
+{
+    m_count->setText(text);
+    m_count->setAccessibleName(text);
+}
+
 IconButton *ListHeader::addMenuButton(const QString &icon, const QString &name, QMenu *menu)
 {
     auto *button = new IconButton(icon, name, this);

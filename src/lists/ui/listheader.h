@@ -17,6 +17,7 @@ public:
 
     /// Negative shows none. `name` says for assistive programs what is counted: "Number of files: %1".
     void setCount(int count, const QString &name);
+    void setCountText(const QString &text); ///< in place of the number, until the next one
     /// After those that are there, at the end of the strip; `menu` is not owned. `icon` as in
     /// zel::tintedIcon(), `name` is the tool tip.
     IconButton *addMenuButton(const QString &icon, const QString &name, QMenu *menu);

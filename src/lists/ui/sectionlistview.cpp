@@ -164,6 +164,8 @@ void View::hoverMoved(bool toOtherRow)
 // Rows also move under a pointer that stays where it is. Who works with the keyboard has left it somewhere.
 void View::updateHover()
 {
+    if (m_menu.isOpen())
+        return;
     const bool hovers = !m_keyboardLeads && viewport()->underMouse();
     hoverMoved(hovers ? m_hover.moveTo(viewport()->mapFromGlobal(QCursor::pos())) : m_hover.leave());
 }
@@ -365,7 +367,7 @@ bool View::viewportEvent(QEvent *event)
 {
     switch (event->type()) {
     case QEvent::Leave:
-        hoverMoved(m_hover.leave());
+        updateHover();
         break;
     case QEvent::Enter:
         Q_EMIT userReturned();

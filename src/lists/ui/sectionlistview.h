@@ -50,7 +50,8 @@ public:
     void beginRename(const QModelIndex &index); ///< of a row that can be edited
     bool isRenaming() const;
     void requestMenuOfCurrent() { m_menu.request(); } ///< selects the current row for it
-    /// Opens a menu of rows there; one that was asked for by keyboard has its first entry marked.
+    /// Opens a menu of rows there; one that was asked for by keyboard has its first entry marked. While it is
+    /// open, the pointer counts as on the row where it was.
     void popUp(QMenu *menu, const QPoint &globalPos) { m_menu.popUp(menu, globalPos); }
     ListCargo *cargo() { return this; } ///< what can be dragged out and dropped in
     /// Changes what the model filters by, with `apply`. What is found begins at its first row; once nothing
@@ -109,7 +110,7 @@ private:
     ListKeyboard m_keyboard;
     ListHover m_hover{this};
     ListPress m_press;
-    KeyboardMenu m_menu{this};
+    KeyboardMenu m_menu{this, [this] { updateHover(); }};
     ListDropTarget m_drop{this};
     bool m_keyboardLeads = false; // focus ring and row buttons are where the keyboard is
 };
