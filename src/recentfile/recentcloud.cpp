@@ -62,6 +62,13 @@ void RecentCloud::onLoginStatusChanged()
 {
     if (std::exchange(m_user, userOf(m_proxy)) != m_user)
         Q_EMIT loginChanged(!m_user.isEmpty());
+    Q_EMIT loginTold();
+}
+
+bool RecentCloud::isLoginKnown() const
+{
+    KVelaIpcLoginCache login;
+    return !m_proxy || m_proxy->getUserLoginInfo(&login);
 }
 
 bool RecentCloud::isLoggedIn() const

@@ -30,7 +30,8 @@ public:
     explicit RecentCloud(KCloudSvrProxy *proxy, QObject *parent = nullptr);
 
     bool isLoggedIn() const;
-    bool isReached() const; ///< the service is there
+    bool isReached() const;    ///< the service is there
+    bool isLoginKnown() const; ///< the service has said who is logged in, if anybody
     bool isInCloud(
         const RecentFileInfo &record) const; ///< as far as was told: the user's cloud has this file
     KCloudSvrProxy *proxy() const;
@@ -48,6 +49,7 @@ public:
 
 Q_SIGNALS:
     void loginChanged(bool loggedIn); ///< or another user
+    void loginTold();                 ///< after each connect and each change; follows loginChanged()
     void shareEnded(const RecentFileInfo &record, RecentCloud::Ended ended);
     /// `recycleId` brings it back; empty unless it is done.
     void removeEnded(const RecentFileInfo &record, RecentCloud::Ended ended, const QString &recycleId);

@@ -42,6 +42,8 @@ KRecentFileLogic::KRecentFileLogic(const Services &services, QObject *parent)
     qRegisterMetaType<RecentFileInfo>();
     qRegisterMetaType<RecordInfoList>();
     connect(m_opening, &DocumentOpening::opened, this, &KRecentFileLogic::onOpened);
+    connect(m_opening, &DocumentOpening::cancelled, this,
+        [this](const QString &path) { m_openingIds.remove(path); });
     connect(m_opening, &DocumentOpening::failed, this, &KRecentFileLogic::onOpenFailed);
     m_roamingTimer.setObjectName(QStringLiteral("roamingRefresh"));
     m_roamingTimer.setTimerType(Qt::CoarseTimer); // VeryCoarse would make 0 of less than half a second
@@ -60,6 +62,8 @@ void KRecentFileLogic::connectStore()
     using Events = KRecentFileEvents;
     Events *events = m_services.events ? m_services.events : RecentFileEventObject();
     connect(events, &Events::historyCleared, this, &KRecentFileLogic::historyCleared);
+    connect(events, &Events::keepingChanged, this, &KRecentFileLogic::keepingChanged);
+    connect(events, &Events::foldersLeftOut, this, &KRecentFileLogic::foldersLeftOut);
     connect(events, &Events::initFinished, this, &KRecentFileLogic::onRecentRecordInitFinished);
     connect(events, &Events::recordsArrived, this, &KRecentFileLogic::onRecentRecordArrived);
     connect(events, &Events::recordsAdded, this, &KRecentFileLogic::onRecentRecordAdded);
@@ -73,11 +77,17 @@ void KRecentFileLogic::connectCloud()
 {
     if (!m_services.cloud)
         return;
+    connect(m_services.cloud, &RecentCloud::loginTold, this, &KRecentFileLogic::loginTold);
     connect(m_services.cloud, &RecentCloud::shareEnded, this,
         [this](const RecentFileInfo &record, RecentCloud::Ended ended) {
             if (ended != RecentCloud::Ended::Done)
                 Q_EMIT shareNotServed(record);
         });
+}
+
+bool KRecentFileLogic::isLoginKnown() const
+{
+    return !m_services.cloud || m_services.cloud->isLoginKnown();
 }
 
 bool KRecentFileLogic::isCloudReached() const
@@ -178,7 +188,10 @@ void KRecentFileLogic::onKindMaskChanged()
     if (!m_model || !isStoreReady() || m_windowNotYetShown)
         return;
     finishWaiting();
-    rebuildRows();
+    if (kindMask() != 0)
+        return rebuildRows();
+    m_model->removeAll();
+    onUpdateRecentTabUnreadPoint();
 }
 
 void KRecentFileLogic::onRecentRecordInitFinished()

@@ -37,6 +37,8 @@ private Q_SLOTS:
             "changed b;rows 3;added x;rows 2;removed a;unread 0");
         row("change to a kind that is waited for", "store a8@3;init;unread x;|;change x2@5",
             "rows 2;added x;unread 1");
+        row("no kinds any more, and some again", "store a8@3;first;|;kinds 0;kinds 106",
+            "rows 0;unread 0;rows 0;rows 1;batch 106");
         row("login before the store is ready", "store a8@3;notready;login",
             "finish;rows 0;rows 1;batch 106;roaming 1");
         row("logout", "store a8@3;init;|;logout", "wait;rows 0;unread 0;finish;rows 0;rows 1;batch 106");
@@ -248,6 +250,7 @@ private:
                 {"login"_s, [&] { logic->onLoginStatusChanged(true); }},
                 {"logout"_s, [&] { logic->onLoginStatusChanged(false); }},
                 {"tick"_s, [&] { logic->onTimingUpdateRoamingFiles(); }},
+                {"kinds"_s, [&] { zel::recent::setKindMask(rest.toInt()); }},
                 {"unread"_s,
                     [&] {
                         logic->onRoamingUnreadMsgArrive({{rest, {}}});

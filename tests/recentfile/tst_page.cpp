@@ -1,5 +1,6 @@
 #include "recentfile/pagefixture.h"
 
+#include "recentfile/ui/feedbackdialog.h"
 #include "recentfile/ui/recentfiletitlemenu.h"
 #include "recentfile/ui/recentfiletitlewidget.h"
 #include "recentfile/ui/recentguides.h"
@@ -53,9 +54,13 @@ private Q_SLOTS:
         make(3, false);
         page()->onWindowFirstShown();
         QTRY_COMPARE(page()->state(), State::TimedOut);
-        QSignalSpy feedback(page(), &ZelBoxRecentFileWidgetBase::feedbackRequested);
         QTest::mouseClick(button("Feedback"_s), Qt::LeftButton);
-        QCOMPARE(feedback.size(), 1);
+        auto *dialog = page()->findChild<FeedbackDialog *>();
+        QVERIFY(dialog && dialog->isVisible());
+        for (QAbstractButton *choice : dialog->findChildren<QAbstractButton *>())
+            choice->click();
+        QVERIFY(QApplication::clipboard()->text().contains("could not be loaded"_s));
+        QCOMPARE(m_opener.revealed.size(), 1);
         QCOMPARE(page()->state(), State::TimedOut);
 
         m_log.clear();
@@ -197,9 +202,10 @@ private Q_SLOTS:
         load(3);
         auto *view = page()->view();
         const QPoint second = view->visualRect(view->model()->index(1, 0)).center();
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, centreOf(0));
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, second);
-        const auto all = [this] { return events().join(QLatin1Char('\n')); };
-        QTRY_VERIFY(all().contains("zelbox_mainbox_recent_filelist_click"_s));
+        Q_EMIT m_events->recordsArrived();
+        QTRY_COMPARE(events().filter("zelbox_mainbox_recent_filelist_click"_s).size(), 2);
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, second);
         QCOMPARE(m_opener.asked, QStringList());
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, second);
@@ -207,12 +213,13 @@ private Q_SLOTS:
         KDcInfoC::setEnabled(false);
 
         const QStringList lines = events();
-        QCOMPARE(lines.size(), 4); // the click of a double click is not counted as one
+        QCOMPARE(lines.size(), 5); // the click of a double click is not counted as one
         const QStringList expected{"zelbox_mainbox_recent_show"_s, "zelbox_mainbox_recent_filelist_show"_s,
-            "zelbox_mainbox_recent_filelist_click"_s, "zelbox_mainbox_recent_filelist_doubleclick"_s};
+            "zelbox_mainbox_recent_filelist_click"_s, "zelbox_mainbox_recent_filelist_click"_s,
+            "zelbox_mainbox_recent_filelist_doubleclick"_s};
+        const QStringList click{"index"_s, "filesize"_s, "fileupdatetime"_s, "icon"_s, "update"_s};
         const QVector<QStringList> parameters{
-            {"unlogin"_s, "notenablecarry"_s, "badgenumber"_s, "resultcount"_s}, {},
-            {"index"_s, "filesize"_s, "fileupdatetime"_s, "icon"_s, "update"_s},
+            {"unlogin"_s, "notenablecarry"_s, "badgenumber"_s, "resultcount"_s}, {}, click, click,
             {"position"_s, "filestatus"_s, "doubleclick"_s}};
         for (int i = 0; i < lines.size(); ++i) {
             QVERIFY2(lines.at(i).contains(expected.at(i)), qPrintable(lines.at(i)));
@@ -221,6 +228,53 @@ private Q_SLOTS:
                     qPrintable(lines.at(i)));
             QVERIFY(!lines.at(i).contains("/data/docs"_s)); // never what the documents are called
         }
+    }
+
+    void whoIsSignedInIsWaitedFor()
+    {
+        const int before = events().size();
+        KDcInfoC::setEnabled(true);
+        m_proxy->isLoginKnown = false;
+        load(1);
+        QCOMPARE(events().mid(before).filter("recent_show\""_s).size(), 0);
+        m_proxy->isLoginKnown = true;
+        m_proxy->logIn("me"_s);
+        KDcInfoC::setEnabled(false);
+        QCOMPARE(events().mid(before).filter("recent_show\""_s).filter("\"unlogin\":\"false\""_s).size(), 1);
+    }
+
+    void storeIsHeard_data()
+    {
+        const auto row = zeltest::table<int, QString>("keeping", "says");
+        row("not kept", int(RecentKeeping::NotKept), "cannot be saved");
+        row("kept again", int(RecentKeeping::Kept), "saved again");
+        row("made anew", int(RecentKeeping::MadeAnew), "made anew");
+        row("folder", -1, "“docs” is a folder");
+    }
+    void storeIsHeard()
+    {
+        const auto [keeping, says] = zeltest::row<int, QString>();
+        load(1);
+        if (keeping < 0)
+            Q_EMIT m_events->foldersLeftOut({"/data/docs"_s});
+        else
+            Q_EMIT m_events->keepingChanged(RecentKeeping(keeping));
+        QString said;
+        for (const NoticeBar *each : page()->findChildren<NoticeBar *>())
+            said += each->isVisible() ? each->text() : QString();
+        QVERIFY2(said.contains(says), qPrintable(said));
+    }
+
+    void selectionIsCounted()
+    {
+        make(3);
+        m_store.content[1].size = 2000;
+        page()->onWindowFirstShown();
+        view()->selectAll();
+        auto *count = page()->findChild<QLabel *>("text-count"_s);
+        QTRY_VERIFY2(count->text().startsWith("3 of 3 selected · "_s), qPrintable(count->text()));
+        view()->clearSelection();
+        QTRY_COMPARE(count->text(), "3"_s);
     }
 
 private:

@@ -218,6 +218,7 @@ private Q_SLOTS:
         QCoreApplication::sendEvent(view(), &byKeyboard);
         KRecentFileMenu *menu = page()->openMenu();
         QVERIFY(menu && menu->isVisible());
+        Q_EMIT m_events->recordsArrived(); // all rows go and come
         const auto actions = menu->findChildren<QAction *>() + menu->findChild<QMenu *>()->actions();
         QApplication::clipboard()->setText({});
         for (QAction *each : actions) {

@@ -20,9 +20,10 @@ class FakeCloud : public KCloudSvrProxy
 {
     Q_OBJECT
 public:
-    QString user;       ///< signed in; empty: nobody
-    QStringList asked;  ///< method and what matters of its record: "cloudItemsMoveTo report -> a (0)"
-    QStringList wanted; ///< of these what changes something, not what reads
+    QString user;             ///< signed in; empty: nobody
+    bool isLoginKnown = true; ///< the service has said who is signed in
+    QStringList asked;        ///< method and what matters of its record: "cloudItemsMoveTo report -> a (0)"
+    QStringList wanted;       ///< of these what changes something, not what reads
 
     QStringList askedFor(const char *method) const; ///< without its name
 
@@ -34,6 +35,8 @@ public:
     bool isLogined() override { return !user.isEmpty(); }
     bool getUserLoginInfo(KVelaIpcLoginCache *cache) override
     {
+        if (!isLoginKnown)
+            return false;
         *cache = {};
         cache->userId = user;
         cache->loginState = user.isEmpty() ? 0 : 1;

@@ -1,5 +1,6 @@
 #include "recentfile/ui/recentfilemenu.h"
 
+#include "lists/listmodel.h"
 #include "lists/ui/listactions.h"
 #include "recentfile/recenttelemetry.h"
 
@@ -13,7 +14,7 @@ using Command = RecentCommand;
 
 KRecentFileMenu::KRecentFileMenu(const QPersistentModelIndex &index, const ListActions &actions,
     const QModelIndexList &rows, bool pinned, QWidget *parent)
-    : QMenu(parent), m_index(index)
+    : QMenu(parent), m_model(qobject_cast<const ListModel *>(index.model())), m_id(m_model->idOf(index.row()))
 {
     setAccessibleName(tr("Actions for the document"));
     QVector<int> commands;
@@ -39,6 +40,12 @@ KRecentFileMenu::KRecentFileMenu(const QPersistentModelIndex &index, const ListA
         undo->setText(actions.action(int(Command::Undo))->text());
     if (QAction *programs = entry(Command::OpenWith))
         addPrograms(programs);
+}
+
+// A reload, which takes all rows away for a moment, has happened to others than the user.
+QPersistentModelIndex KRecentFileMenu::row() const
+{
+    return m_model->index(m_model->rowOf(m_id));
 }
 
 QAction *KRecentFileMenu::entry(RecentCommand command) const
@@ -82,7 +89,7 @@ void KRecentFileMenu::choose(RecentCommand command)
     case Command::CopyPath:
     case Command::Undo:
     case Command::Refresh:
-        Q_EMIT commandChosen(m_index, command);
+        Q_EMIT commandChosen(row(), command);
     }
 }
 
@@ -100,7 +107,7 @@ void KRecentFileMenu::setPrograms(const KProgramList &programs)
             : QIcon::fromTheme(program.iconName);
         m_programs->addAction(picture, text, this, [this, id = program.id] {
             telemetry::post(Event::RightListAppClick);
-            Q_EMIT openFileWith(m_index, id);
+            Q_EMIT openFileWith(row(), id);
         });
     }
     if (programs.isEmpty())
@@ -116,35 +123,35 @@ void KRecentFileMenu::showEvent(QShowEvent *event)
 void KRecentFileMenu::onOpenFileAction()
 {
     telemetry::post(Event::RightListOpenClick);
-    Q_EMIT openFile(m_index);
+    Q_EMIT openFile(row());
 }
 
 void KRecentFileMenu::onShareDocAction()
 {
     telemetry::post(Event::RightListShareClick);
-    Q_EMIT sigShareDoc(m_index, true);
+    Q_EMIT sigShareDoc(row(), true);
 }
 
 void KRecentFileMenu::onOpenFilePathAction()
 {
     telemetry::post(Event::RightListOpenPathClick);
-    Q_EMIT openFilePath(m_index);
+    Q_EMIT openFilePath(row());
 }
 
 void KRecentFileMenu::onRemoveRecordAction()
 {
     telemetry::post(Event::RightListDeleteClick);
-    Q_EMIT removeRecord(m_index);
+    Q_EMIT removeRecord(row());
 }
 
 void KRecentFileMenu::onRemoveFileAction()
 {
     telemetry::post(Event::RightListDeleteFileClick);
-    Q_EMIT removeFile(m_index);
+    Q_EMIT removeFile(row());
 }
 
 void KRecentFileMenu::onTipOffFileAction()
 {
     telemetry::post(Event::RightListTipOffFileClick);
-    Q_EMIT sigTipOffFile(m_index);
+    Q_EMIT sigTipOffFile(row());
 }

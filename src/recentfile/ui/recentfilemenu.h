@@ -7,9 +7,11 @@
 #include <QPersistentModelIndex>
 
 class ListActions;
+class ListModel;
 
 /// The menu of the rows that are selected; its entries come from the page's table of actions. GUI thread. Its
-/// signals carry the row that it was opened on; the page decides which other rows are meant with it.
+/// signals carry the row that it was opened on, also after a reload; the page decides which other rows are
+/// meant with it. The row's model outlives it.
 class KRecentFileMenu : public QMenu
 {
     Q_OBJECT
@@ -48,6 +50,9 @@ private:
     void choose(RecentCommand command);
     void addPrograms(QAction *entry);
 
-    QPersistentModelIndex m_index;
+    QPersistentModelIndex row() const;
+
+    const ListModel *m_model;
+    QString m_id;
     QMenu *m_programs = nullptr;
 };

@@ -1,11 +1,13 @@
 #include "recentfile/ui/recentfiletitlewidget.h"
 
+#include "base/sizetext.h"
 #include "recentfile/recenttelemetry.h"
 #include "recentfile/ui/recentfiletitlemenu.h"
 #include "recentfile/ui/recentsortmenu.h"
 #include "widgets/iconbutton.h"
 
 #include <QLabel>
+#include <QLocale>
 
 namespace telemetry = zel::recent::telemetry;
 
@@ -39,9 +41,16 @@ void ZelBoxRecentFileTitleWidget::setListTools(bool shown)
     m_sortButton->setVisible(shown);
 }
 
-void ZelBoxRecentFileTitleWidget::setCount(int count)
+void ZelBoxRecentFileTitleWidget::setCounts(int shown, int selected, qint64 selectedBytes)
 {
-    ListHeader::setCount(count, tr("Number of files: %1"));
+    setCount(shown, tr("Number of files: %1"));
+    if (shown < 0 || selected <= 0)
+        return;
+    const QLocale locale;
+    QString text = tr("%1 of %2 selected").arg(locale.toString(selected), locale.toString(shown));
+    if (selectedBytes > 0)
+        text += QStringLiteral(" · ") + zel::sizeText(selectedBytes);
+    setCountText(text);
 }
 
 void ZelBoxRecentFileTitleWidget::setUnreadCount(int count)

@@ -16,9 +16,10 @@ class ZelBoxRecentFileTitleWidget : public ListHeader
 public:
     explicit ZelBoxRecentFileTitleWidget(QWidget *parent = nullptr);
 
-    void setListTools(bool shown);  ///< the order
-    void setCount(int count);       ///< negative shows none
-    void setUnreadCount(int count); ///< likewise
+    void setListTools(bool shown); ///< the order
+    /// How many there are, negative shows none; while some are selected, how many, and how large they are.
+    void setCounts(int shown, int selected, qint64 selectedBytes);
+    void setUnreadCount(int count); ///< negative shows none
     void setSort(const zel::ListSort &sort);
     void addCommands(const QList<QAction *> &commands); ///< of the page, to the menu; not owned
 

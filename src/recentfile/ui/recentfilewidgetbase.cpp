@@ -6,6 +6,7 @@
 #include "recentfile/recentsettings.h"
 #include "recentfile/recenttelemetry.h"
 #include "recentfile/ui/recentcommands.h"
+#include "recentfile/ui/recentcounts.h"
 #include "recentfile/ui/recentfilelistview.h"
 #include "recentfile/ui/recentfilemenu.h"
 #include "recentfile/ui/recentfiletitlewidget.h"
@@ -13,9 +14,9 @@
 #include "recentfile/ui/recentguides.h"
 #include "recentfile/ui/recentlisting.h"
 #include "recentfile/ui/recentstates.h"
+#include "recentfile/ui/recentstorenotices.h"
 #include "widgets/noticearea.h"
 
-#include <QApplication>
 #include <QFileDialog>
 #include <QPaintEvent>
 #include <QPainter>
@@ -41,6 +42,7 @@ ZelBoxRecentFileWidgetBase::ZelBoxRecentFileWidgetBase(
     m_notices->addBar(m_roamingGuide);
     m_rows->setSourceModel(m_model);
     m_view->setModel(m_rows);
+    new RecentStoreNotices(m_logic, m_notices, this);
     m_commands = new RecentCommands(m_logic, m_actions, m_view, m_notices, this);
     m_logic->setModel(m_model);
     m_states = new RecentStates(m_logic, m_rows, m_stack);
@@ -81,11 +83,9 @@ void ZelBoxRecentFileWidgetBase::connectLogic()
     using Self = ZelBoxRecentFileWidgetBase;
     connect(m_logic, &Logic::recentFileUnreadMsgCount, this, &Self::tellUnread);
     connect(m_model, &ZelBoxRecentFileModel::rowCountChanged, this, &Self::onRowCountChanged);
-    connect(m_rows, &RecentSortFilterModel::countsChanged, this,
-        [this] { m_title->setCount(m_model->rowCount() > 0 ? m_rows->rowCount() : -1); });
+    new RecentCounts(m_rows, m_view, m_title);
     connect(m_states, &RecentStates::openFileRequested, this, &Self::openChosenFile);
     connect(m_states, &RecentStates::settingsRequested, this, &Self::settingsRequested);
-    connect(m_states, &RecentStates::feedbackRequested, this, &Self::feedbackRequested);
     connect(m_stack, &StateStack::clearFilterRequested, this, &Self::clearFilter);
     connect(m_stack, &StateStack::stateChanged, this, &Self::onStateChanged);
 }
@@ -141,8 +141,6 @@ void ZelBoxRecentFileWidgetBase::connectView()
             m_host->beginFinding(typed);
     });
     connect(m_notices, &NoticeArea::coverChanged, m_view, &View::setEndRoom);
-    m_clickTimer.setSingleShot(true);
-    connect(&m_clickTimer, &QTimer::timeout, this, &Self::onClickTimeout);
 }
 
 void ZelBoxRecentFileWidgetBase::clearFilter()
@@ -275,19 +273,18 @@ void ZelBoxRecentFileWidgetBase::checkPresence(const QModelIndexList &rows)
 
 void ZelBoxRecentFileWidgetBase::onItemClicked(const QModelIndex &index)
 {
-    m_clicked = index;
-    m_clickTimer.start(QApplication::doubleClickInterval());
+    if (index.isValid())
+        m_clicks.add(index.row(), m_commands->recordAt(index));
 }
 
 void ZelBoxRecentFileWidgetBase::onClickTimeout()
 {
-    if (m_clicked.isValid())
-        telemetry::clicked(m_clicked.row(), m_commands->recordAt(m_clicked));
+    m_clicks.tell();
 }
 
 void ZelBoxRecentFileWidgetBase::onItemDoubleClicked(const QModelIndex &index)
 {
-    m_clickTimer.stop();
+    m_clicks.forget();
     if (!index.isValid())
         return;
     telemetry::doubleClicked(index.row(), m_commands->recordAt(index));

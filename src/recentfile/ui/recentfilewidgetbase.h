@@ -5,11 +5,11 @@
 #include "recentfile/recentfilelogic.h"
 #include "recentfile/recentsortfiltermodel.h"
 #include "recentfile/ui/recentactiontable.h"
+#include "recentfile/ui/recentclicks.h"
 #include "recentfile/ui/recentguides.h"
 #include "widgets/boxpage.h"
 
 #include <QPersistentModelIndex>
-#include <QTimer>
 #include <QWidget>
 
 class KRecentFileMenu;
@@ -57,7 +57,6 @@ Q_SIGNALS:
     void sigRecentFileItemOtherMenuTriggered(QPersistentModelIndex index);
     void sigRecentFileMenuAboutToShow();
     void sigRecentFileMenuAboutToHide();
-    void feedbackRequested(); ///< the user wants to tell that loading does not work
     void settingsRequested(); ///< to sign in, or to switch roaming on
 
 public Q_SLOTS:
@@ -120,6 +119,5 @@ private:
     RecentListing *m_listing;
     QPointer<KRecentFileMenu> m_menu;
     BoxPageHost *m_host = nullptr;
-    QPersistentModelIndex m_clicked;
-    QTimer m_clickTimer; // a click counts as one only when no second follows
+    RecentClicks m_clicks;
 };

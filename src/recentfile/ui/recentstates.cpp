@@ -1,15 +1,19 @@
 #include "recentfile/ui/recentstates.h"
 
+#include "krt/krt.h"
 #include "recentfile/recentfilelogic.h"
 #include "recentfile/recentfilemodel.h"
 #include "recentfile/recentsettings.h"
 #include "recentfile/recentsortfiltermodel.h"
 #include "recentfile/recenttelemetry.h"
+#include "recentfile/ui/feedbackdialog.h"
 #include "recentfile/ui/loadingouttime.h"
 
 namespace telemetry = zel::recent::telemetry;
 using telemetry::Event;
 using zel::recent::kindMask;
+
+static constexpr std::chrono::seconds LoginPatience(10); // the service starts after the page is shown
 
 RecentStates::RecentStates(KRecentFileLogic *logic, const RecentSortFilterModel *rows, StateStack *stack)
     : QObject(stack),
@@ -28,6 +32,9 @@ RecentStates::RecentStates(KRecentFileLogic *logic, const RecentSortFilterModel 
         if (m_stack->isVisible())
             tellShown();
     });
+    m_loginPatience.setSingleShot(true);
+    connect(&m_loginPatience, &QTimer::timeout, this, &RecentStates::tellShown);
+    connect(m_logic, &Logic::loginTold, this, &RecentStates::tellShown);
     connect(m_outtime, &LoadingOuttime::sigTimeout, this, &RecentStates::onLoadingTimeout);
 }
 
@@ -82,7 +89,11 @@ void RecentStates::onRetry()
 void RecentStates::onFeedBack()
 {
     telemetry::timeoutClicked(telemetry::TimeoutTarget::Feedback);
-    Q_EMIT feedbackRequested();
+    auto *dialog = new FeedbackDialog(tr("The list of recent files could not be loaded yet."), m_stack);
+    connect(dialog, &FeedbackDialog::logRequested, this,
+        [this] { m_logic->opening()->reveal(krt::log::filePath()); });
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
 }
 
 RecentStates::State RecentStates::wanted() const
@@ -120,16 +131,20 @@ QString RecentStates::nothingFoundText() const
 void RecentStates::pageShown()
 {
     m_pageShowToTell = true;
+    if (!m_logic->isLoginKnown())
+        m_loginPatience.start(LoginPatience);
     tellShown();
 }
 
-// The page's own event carries the number of rows, so it waits until they are known.
+// The page's own event carries the number of rows and who is signed in, so it waits until they are known.
 void RecentStates::tellShown()
 {
     const State state = m_stack->state();
     if (state == State::Waiting)
         return;
-    if (std::exchange(m_pageShowToTell, false)) {
+    if (m_logic->isLoginKnown())
+        m_loginPatience.stop();
+    if (!m_loginPatience.isActive() && std::exchange(m_pageShowToTell, false)) {
         const bool loggedIn = m_logic->isLoggedIn();
         const ZelBoxRecentFileModel *model = m_logic->model();
         telemetry::pageShown({loggedIn, loggedIn && m_roamingOn, model->unreadCount(), model->rowCount()});

@@ -3,6 +3,8 @@
 #include "lists/ui/statestack.h"
 #include "recentfile/ui/recentguides.h"
 
+#include <QTimer>
+
 class KRecentFileLogic;
 class LoadingOuttime;
 class RecentSortFilterModel;
@@ -27,7 +29,6 @@ public:
 Q_SIGNALS:
     void openFileRequested();
     void settingsRequested(); ///< to sign in, or to switch roaming on
-    void feedbackRequested();
 
 private:
     QWidget *makeOuttime();
@@ -48,5 +49,6 @@ private:
     bool m_timedOut = false;
     bool m_roamingOn = true;
     bool m_pageShowToTell = false;
+    QTimer m_loginPatience; ///< runs while that waits for who is signed in
     bool m_listShowTold = false;
 };
