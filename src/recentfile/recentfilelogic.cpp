@@ -116,6 +116,11 @@ KRecentFileProxy *KRecentFileLogic::store() const
     return m_services.store ? m_services.store : KRecentFileProxy::instance();
 }
 
+RecentKeeping KRecentFileLogic::keeping() const
+{
+    return store() ? store()->keeping() : RecentKeeping::Kept;
+}
+
 bool KRecentFileLogic::isStoreReady() const
 {
     return store() && store()->isKindReady(RecentRecordKind::Roaming);
@@ -370,30 +375,4 @@ void KRecentFileLogic::onUpdateRecentTabUnreadPoint()
 {
     if (m_model)
         Q_EMIT recentFileUnreadMsgCount(quint64(m_model->unreadCount()));
-}
-
-// What was reported stays known, so that the same report does not mark it again.
-void KRecentFileLogic::clearUnread()
-{
-    m_pendingRoamingIds.clear();
-    if (!m_model)
-        return;
-    const QStringList ids = m_model->unreadMarks().keys();
-    if (!m_model->clearUnread())
-        return;
-    if (store())
-        store()->markRead(ids);
-    onUpdateRecentTabUnreadPoint();
-}
-
-void KRecentFileLogic::clearUnread(const QModelIndex &index)
-{
-    const auto none = ZelBoxRecentFileModel::NotUnread;
-    if (!m_model || index.model() != m_model || index.data(ZelBoxRecentFileModel::UnreadRole).toInt() == none)
-        return;
-    const QString id = m_model->record(index.row()).id;
-    m_model->setData(index, none, ZelBoxRecentFileModel::UnreadRole);
-    if (store())
-        store()->markRead({id});
-    onUpdateRecentTabUnreadPoint();
 }

@@ -36,9 +36,10 @@ public:
     void setModel(ZelBoxRecentFileModel *model); ///< not owned
     ZelBoxRecentFileModel *model() const;
     bool isLoggedIn() const;
-    bool isLoginKnown() const;   ///< whether somebody is
-    bool isCloudReached() const; ///< the service is there, so that isLoggedIn() means something
-    bool isStoreReady() const;   ///< it has read all that it keeps
+    bool isLoginKnown() const;     ///< whether somebody is
+    bool isCloudReached() const;   ///< the service is there, so that isLoggedIn() means something
+    RecentKeeping keeping() const; ///< whether what is done here lasts
+    bool isStoreReady() const;     ///< it has read all that it keeps
     bool isWaitingForFirstLoad() const { return m_waitingForFirstLoad; }
     /// True while all rows are being replaced: the counts told meanwhile are not the last ones,
     /// itemsBatchArrived() follows.
@@ -67,9 +68,9 @@ Q_SIGNALS:
     void recentFileUnreadMsgCount(quint64 count);
     void needToWaitFirstLoading(); ///< show the loading state until firstLoadingFinish()
     void firstLoadingFinish();
-    void historyCleared();                         ///< the user wants none of it back
-    void loginTold();                              ///< the service has said who is signed in
-    void keepingChanged(RecentKeeping keeping);    ///< whether what is done here lasts
+    void historyCleared(); ///< the user wants none of it back
+    void loginTold();      ///< the service has said who is signed in
+    void keepingChanged(RecentKeeping keeping);
     void foldersLeftOut(const QStringList &paths); ///< the list has documents only
     /// The service did not show its dialog for sharing.
     void shareNotServed(const RecentFileInfo &record);

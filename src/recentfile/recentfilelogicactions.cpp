@@ -1,4 +1,5 @@
-// The part of the logic that does something with a document: open it, share it, look whether it is there.
+// The part of the logic that does something with a document: open it, share it, look whether it is there,
+// take it for seen.
 
 #include "recentfile/recentfilelogic.h"
 
@@ -71,4 +72,30 @@ void KRecentFileLogic::onOpenFailed(const QString &, DocumentOpening::Problem pr
     const QString id = m_openingIds.take(path);
     if (problem == DocumentOpening::Problem::Missing && store())
         store()->checkPresence({id}); // the answer greys the row out
+}
+
+// What was reported stays known, so that the same report does not mark it again.
+void KRecentFileLogic::clearUnread()
+{
+    m_pendingRoamingIds.clear();
+    if (!m_model)
+        return;
+    const QStringList ids = m_model->unreadMarks().keys();
+    if (!m_model->clearUnread())
+        return;
+    if (store())
+        store()->markRead(ids);
+    onUpdateRecentTabUnreadPoint();
+}
+
+void KRecentFileLogic::clearUnread(const QModelIndex &index)
+{
+    const auto none = ZelBoxRecentFileModel::NotUnread;
+    if (!m_model || index.model() != m_model || index.data(ZelBoxRecentFileModel::UnreadRole).toInt() == none)
+        return;
+    const QString id = m_model->record(index.row()).id;
+    m_model->setData(index, none, ZelBoxRecentFileModel::UnreadRole);
+    if (store())
+        store()->markRead({id});
+    onUpdateRecentTabUnreadPoint();
 }

@@ -12,7 +12,9 @@ public:
     QStringList *log = nullptr;
     RecordInfoList content;
     bool ready = true;
+    RecentKeeping kept = RecentKeeping::Kept;
 
+    RecentKeeping keeping() const override { return kept; }
     bool isKindReady(int) const override { return ready; }
     void initKind(int kind) override { say("init %1"_s.arg(kind)); }
     RecordInfoList records() const override { return content; }

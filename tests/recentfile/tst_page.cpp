@@ -249,15 +249,17 @@ private Q_SLOTS:
         row("not kept", int(RecentKeeping::NotKept), "cannot be saved");
         row("kept again", int(RecentKeeping::Kept), "saved again");
         row("made anew", int(RecentKeeping::MadeAnew), "made anew");
+        row("not kept, before there was a page", -2, "cannot be saved");
         row("folder", -1, "“docs” is a folder");
     }
     void storeIsHeard()
     {
         const auto [keeping, says] = zeltest::row<int, QString>();
+        m_store.kept = keeping == -2 ? RecentKeeping::NotKept : RecentKeeping::Kept;
         load(1);
-        if (keeping < 0)
+        if (keeping == -1)
             Q_EMIT m_events->foldersLeftOut({"/data/docs"_s});
-        else
+        else if (keeping >= 0)
             Q_EMIT m_events->keepingChanged(RecentKeeping(keeping));
         QString said;
         for (const NoticeBar *each : page()->findChildren<NoticeBar *>())

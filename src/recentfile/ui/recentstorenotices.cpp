@@ -12,6 +12,8 @@ RecentStoreNotices::RecentStoreNotices(KRecentFileLogic *logic, NoticeArea *noti
 {
     connect(logic, &KRecentFileLogic::keepingChanged, this, &RecentStoreNotices::tellKeeping);
     connect(logic, &KRecentFileLogic::foldersLeftOut, this, &RecentStoreNotices::tellFolders);
+    if (logic->keeping() == RecentKeeping::NotKept) // the page was made anew meanwhile
+        tellKeeping(RecentKeeping::NotKept);
 }
 
 void RecentStoreNotices::tellKeeping(RecentKeeping keeping)

@@ -74,6 +74,22 @@ private Q_SLOTS:
         QVERIFY(store.told.isEmpty());
     }
 
+    void clearedWhileTheDatabaseCouldNotBeHad()
+    {
+        Home home;
+        fillDatabase(home);
+        zel::sqlite::Database other;
+        QVERIFY(other.open(home.places.database) && other.exec("PRAGMA locking_mode=EXCLUSIVE"));
+        QVERIFY(other.exec("BEGIN EXCLUSIVE"));
+        Opened store(home);
+        store.repository.wipe();
+        store.note(C, 50);
+        other.close();
+        store.repository.writeUnwritten();
+        QCOMPARE(store.texts(), "c:8"_s);
+        QCOMPARE(Opened(home).texts(), "c:8"_s);
+    }
+
     // Several processes note at once, and are killed without any farewell; what note() returned from is
     // there.
     void processesAtOnceKilled()

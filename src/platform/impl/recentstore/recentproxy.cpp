@@ -182,6 +182,7 @@ void RecentProxy::onUpdated(const RecentDelta &delta)
 
 void RecentProxy::onKeepingChanged(RecentKeeping keeping)
 {
+    m_keeping = keeping;
     Q_EMIT m_events.keepingChanged(keeping);
 }
 

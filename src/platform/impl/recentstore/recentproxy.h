@@ -22,6 +22,7 @@ public:
 
     bool isKindReady(int kind) const override; ///< all kinds come together
     void initKind(int kind) override;
+    RecentKeeping keeping() const override { return m_keeping; }
     RecordInfoList records() const override { return m_records; }
     void requestRoaming(int requestKind, const QString &filter, bool sync) override;
     void removeRecords(const QStringList &ids) override;
@@ -52,6 +53,7 @@ private:
 
     KRecentFileEvents &m_events;
     RecordInfoList m_records;
+    RecentKeeping m_keeping = RecentKeeping::Kept;
     bool m_ready = false;
     bool m_loading = false;
     std::unique_ptr<RecentThread> m_thread;

@@ -182,6 +182,7 @@ private Q_SLOTS:
             QCOMPARE(store.told.size(), 1);
             store.note(C, 60);
             QVERIFY(!store.repository.hasUnwritten());
+            QCOMPARE(store.told, (QVector{RecentKeeping::NotKept, RecentKeeping::Kept}));
         }
         QVERIFY(keptAside(home).isEmpty());
         QCOMPARE(Opened(home).texts(), "c:8 b:8"_s);
