@@ -1,4 +1,4 @@
-#include "boundedjobs.h"
+#include "base/boundedjobs.h"
 #include "kthreadtiming.h"
 #include "quvlite/kasynctask.h"
 
@@ -120,7 +120,7 @@ private Q_SLOTS:
     // A job that hangs keeps others off its place and nothing else, until it returns.
     void boundedJobs()
     {
-        zel::platform::BoundedJobs jobs(std::chrono::milliseconds(50));
+        zel::BoundedJobs jobs(std::chrono::milliseconds(50));
         const auto gate = std::make_shared<QSemaphore>();
         QStringList ended;
         const auto start = [&](const char *name, std::function<void()> work) {
@@ -155,7 +155,7 @@ private Q_SLOTS:
         QCOMPARE(pthread_getattr_default_np(&usual), 0);
         pthread_attr_t huge = usual;
         pthread_attr_setstacksize(&huge, std::size_t(1) << 46);
-        zel::platform::BoundedJobs jobs(std::chrono::milliseconds(50));
+        zel::BoundedJobs jobs(std::chrono::milliseconds(50));
         QVector<bool> ended;
         const auto start = [&](std::function<void()> work) {
             jobs.start("/nowhere/a"_s, std::move(work), this, [&ended](bool inTime) { ended << inTime; });

@@ -1,8 +1,8 @@
 #include "kdocumentopener.h"
 
+#include "base/boundedjobs.h"
 #include "base/logging.h"
 #include "base/posix/uniquefd.h"
-#include "boundedjobs.h"
 #include "desktopopen.h"
 #include "programs/programsmodule.h"
 
@@ -40,9 +40,9 @@ QPointer<KDocumentOpener> &replacement()
 }
 
 // Never destroyed: jobs may end while static objects go.
-zel::platform::BoundedJobs &jobs()
+zel::BoundedJobs &jobs()
 {
-    static auto *all = new zel::platform::BoundedJobs(Patience);
+    static auto *all = new zel::BoundedJobs(Patience);
     return *all;
 }
 

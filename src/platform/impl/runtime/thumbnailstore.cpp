@@ -1,6 +1,6 @@
 #include "thumbnailstore.h"
 
-#include "detachedjob.h"
+#include "base/detachedjob.h"
 
 #include <QFile>
 

@@ -13,9 +13,11 @@
 #include <memory>
 #include <vector>
 
-namespace zel::platform {
-
+namespace zel {
 class DetachedJob;
+}
+
+namespace zel::platform {
 
 struct ThumbnailKey
 {

@@ -1,6 +1,6 @@
 #include "trashqueue.h"
 
-#include "detachedjob.h"
+#include "base/detachedjob.h"
 
 #include <QDeadlineTimer>
 

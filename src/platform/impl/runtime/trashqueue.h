@@ -9,9 +9,11 @@
 #include <memory>
 #include <vector>
 
-namespace zel::platform {
-
+namespace zel {
 class DetachedJob;
+}
+
+namespace zel::platform {
 
 /// Does what is asked of the trash one after the other on a thread apart. GUI thread. A file system that does
 /// not answer costs its own request (Failed) and holds the others up until the deadline only. At the end what

@@ -8,7 +8,7 @@
 #include <chrono>
 #include <functional>
 
-namespace zel::platform {
+namespace zel {
 
 /// Does one thing on a thread of its own, because a dead network mount may hold that thread for ever. `done`
 /// follows exactly once on this object's thread, at the latest after the deadline; then it deletes itself.
@@ -39,4 +39,4 @@ private:
     bool m_settled = false;
 };
 
-} // namespace zel::platform
+} // namespace zel

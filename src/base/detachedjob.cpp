@@ -1,10 +1,10 @@
-#include "detachedjob.h"
+#include "base/detachedjob.h"
 
 #include "base/logging.h"
 
 #include <dlfcn.h>
 
-namespace zel::platform {
+namespace zel {
 namespace {
 
 // A thread that was left alone may still return into this code after the library was closed; keep it loaded.
@@ -64,4 +64,4 @@ void DetachedJob::settle(bool inTime)
     Q_EMIT done(inTime); // last: a slot may destroy this
 }
 
-} // namespace zel::platform
+} // namespace zel

@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-namespace zel::platform {
+namespace zel {
 
 /// Does what may hang with a file system, each piece on a thread of its own (DetachedJob), and bounds those
 /// threads: one that hangs keeps others away from its mount until it returns, and there are `Most` at once.
@@ -38,4 +38,4 @@ private:
     std::vector<Flag> m_late;
 };
 
-} // namespace zel::platform
+} // namespace zel

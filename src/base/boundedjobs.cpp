@@ -1,10 +1,10 @@
-#include "boundedjobs.h"
+#include "base/boundedjobs.h"
 
-#include "detachedjob.h"
+#include "base/detachedjob.h"
 
 #include <QFile>
 
-namespace zel::platform {
+namespace zel {
 
 void BoundedJobs::start(const QString &path, std::function<void()> work, QObject *context, const Then &then)
 {
@@ -41,4 +41,4 @@ void BoundedJobs::forgetReturned()
         m_dead = {};
 }
 
-} // namespace zel::platform
+} // namespace zel
