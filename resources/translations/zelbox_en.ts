@@ -315,6 +315,13 @@
             <numerusform>%Ln new or changed documents</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%Ln transfer(s) under way</source>
+        <translation>
+            <numerusform>%Ln transfer under way</numerusform>
+            <numerusform>%Ln transfers under way</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>KRecentFileMenu</name>

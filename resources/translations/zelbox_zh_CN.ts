@@ -174,6 +174,14 @@
         <source>Actions for the folder</source>
         <translation>文件夹的操作</translation>
     </message>
+    <message>
+        <source>Download</source>
+        <translation>下载</translation>
+    </message>
+    <message>
+        <source>Upload</source>
+        <translation>上传</translation>
+    </message>
 </context>
 <context>
     <name>CloudDocDelegate</name>
@@ -907,6 +915,29 @@
     </message>
 </context>
 <context>
+    <name>EndingDialog</name>
+    <message>
+        <source>Exit</source>
+        <translation>退出</translation>
+    </message>
+    <message>
+        <source>Your documents are still being changed</source>
+        <translation>您的文档仍在更改中</translation>
+    </message>
+    <message>
+        <source>ZEL Box exits once that is done, after half a minute at the latest. What is not done by then stays as it is.</source>
+        <translation>完成后 ZEL Box 将退出，最迟在半分钟后。届时未完成的部分将保持原样。</translation>
+    </message>
+    <message>
+        <source>Exit Now</source>
+        <translation>立即退出</translation>
+    </message>
+    <message>
+        <source>Keep running</source>
+        <translation>继续运行</translation>
+    </message>
+</context>
+<context>
     <name>FeedbackDialog</name>
     <message>
         <source>Feedback</source>
@@ -952,20 +983,8 @@
         <translation>选择一个文件夹</translation>
     </message>
     <message>
-        <source>Folders</source>
-        <translation>文件夹</translation>
-    </message>
-    <message>
-        <source>Folder path</source>
-        <translation>文件夹路径</translation>
-    </message>
-    <message>
         <source>Open</source>
         <translation>打开</translation>
-    </message>
-    <message>
-        <source>Cancel</source>
-        <translation>取消</translation>
     </message>
     <message>
         <source>This folder cannot be opened.</source>
@@ -1271,6 +1290,37 @@
     <message>
         <source>Z to A</source>
         <translation>降序</translation>
+    </message>
+</context>
+<context>
+    <name>LocalFileDialog</name>
+    <message>
+        <source>Folders</source>
+        <translation>文件夹</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Folder path</source>
+        <translation>文件夹路径</translation>
+    </message>
+    <message>
+        <source>File path</source>
+        <translation>文件路径</translation>
+    </message>
+    <message>
+        <source>Cancel</source>
+        <translation>取消</translation>
+    </message>
+    <message>
+        <source>This folder cannot be read.</source>
+        <translation>无法读取此文件夹。</translation>
+    </message>
+    <message>
+        <source>This folder does not answer.</source>
+        <translation>此文件夹没有响应。</translation>
     </message>
 </context>
 <context>
@@ -2816,6 +2866,10 @@ Last used on %2</source>
         <source>Loading recent files</source>
         <translation>正在加载最近文件</translation>
     </message>
+    <message>
+        <source>Open</source>
+        <translation>打开</translation>
+    </message>
 </context>
 <context>
     <name>ZelBoxSpaceBar</name>
@@ -2854,6 +2908,12 @@ Last used on %2</source>
         <source>%Ln new or changed document(s)</source>
         <translation>
             <numerusform>%Ln 个新增或已更改的文档</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln transfer(s) under way</source>
+        <translation>
+            <numerusform>%Ln 个传输正在进行</numerusform>
         </translation>
     </message>
 </context>

@@ -9,6 +9,7 @@
 #include "mini/ui/zelboxminiwindow.h"
 #include "recentfile/recentsettings.h"
 #include "settings/ui/kzelboxcloudsettingsdlg.h"
+#include "widgets/filechooser.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -112,6 +113,8 @@ QObject *BoxWindows::runningTask() const
     if (QObject *drag = runningDrag())
         return drag;
     for (const QWidget *window : all()) {
+        if (QObject *chooser = window->findChild<FileChooser *>())
+            return chooser;
         const QList<QDialog *> dialogs = window->findChildren<QDialog *>();
         const auto open = std::find_if(
             dialogs.begin(), dialogs.end(), [](const QDialog *dialog) { return dialog->isVisible(); });

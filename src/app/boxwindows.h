@@ -50,7 +50,7 @@ Q_SIGNALS:
 
 private:
     QVector<QWidget *> all() const;
-    QObject *runningTask() const; ///< a drag, or a dialog that a window waits for
+    QObject *runningTask() const; ///< a drag, or a question that a window waits for
     void onTaskEnded();
     void startRecentStore();
     void remakeMainWindow();

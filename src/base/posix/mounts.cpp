@@ -53,12 +53,6 @@ std::string linkTarget(const std::string &path)
     return size > 0 ? std::string(target, size_t(size)) : std::string();
 }
 
-std::string mountTable()
-{
-    std::ifstream table("/proc/self/mountinfo", std::ios::binary);
-    return {std::istreambuf_iterator<char>(table), {}};
-}
-
 std::string_view folderOf(std::string_view path)
 {
     const size_t end = path.rfind('/');
@@ -115,6 +109,17 @@ bool Walk::enter(std::string_view name)
 }
 
 } // namespace
+
+std::string mountTable()
+{
+    std::ifstream table("/proc/self/mountinfo", std::ios::binary);
+    return {std::istreambuf_iterator<char>(table), {}};
+}
+
+bool mayHang(std::string_view path, std::string_view mountInfo)
+{
+    return !deadPlaceOf(path, mountInfo).mounts.empty();
+}
 
 bool isBelow(std::string_view path, std::string_view folder)
 {

@@ -21,6 +21,12 @@ Mount mountOf(std::string_view path, std::string_view mountInfo);
 /// File systems on disks and in memory of this machine, which always answer sooner or later.
 bool isLocalType(std::string_view type);
 
+std::string mountTable(); ///< the kernel's; empty when it cannot be read
+
+/// Whether a look at what is there may wait for a network or another program: the path leads, by its links,
+/// to a file system that is not this machine's.
+bool mayHang(std::string_view path, std::string_view mountInfo);
+
 bool isBelow(std::string_view path, std::string_view folder); ///< or the folder itself
 
 /// What to leave alone after a look at a file has not returned.

@@ -3,11 +3,11 @@
 #include "clouddoc/ui/clouddoclistview.h"
 #include "clouddoc/ui/conflictdialog.h"
 #include "clouddoc/ui/movedialog.h"
+#include "widgets/filechooser.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
-#include <QFileDialog>
 #include <QMenu>
 #include <QMimeData>
 #include <QStandardPaths>
@@ -100,14 +100,10 @@ QStringList CloudDocCommands::idsOf(const Rows &rows) const
 
 void CloudDocCommands::download(const QStringList &ids)
 {
-    auto *dialog = new QFileDialog(
-        m_parts.page, tr("Download to"), QStandardPaths::writableLocation(QStandardPaths::DownloadLocation));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly);
-    connect(dialog, &QFileDialog::fileSelected, m_parts.logic,
-        [logic = m_parts.logic, ids](const QString &folder) { logic->download(ids, folder); });
-    dialog->open();
+    const zel::FileQuestion question{zel::FileQuestion::Kind::Folder, tr("Download to"), tr("Download"),
+        QStandardPaths::writableLocation(QStandardPaths::DownloadLocation)};
+    FileChooser::ask(question, m_parts.page,
+        [logic = m_parts.logic, ids](const QStringList &paths) { logic->download(ids, paths.constFirst()); });
 }
 
 void CloudDocCommands::carry(const QStringList &ids, bool cut)
@@ -184,14 +180,11 @@ void CloudDocCommands::chooseFolder(const QStringList &ids)
 
 void CloudDocCommands::chooseUpload(bool folder)
 {
-    auto *dialog = new QFileDialog(m_parts.page, folder ? tr("Upload a Folder") : tr("Upload Files"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(folder ? QFileDialog::Directory : QFileDialog::ExistingFiles);
-    dialog->setOption(QFileDialog::ShowDirsOnly, folder);
+    using Kind = zel::FileQuestion::Kind;
     const QString target = m_parts.logic->folderId(); // as it is now, wherever the user goes meanwhile
-    connect(dialog, &QFileDialog::filesSelected, this,
-        [this, target](const QStringList &paths) { upload(target, paths); });
-    dialog->open();
+    FileChooser::ask({folder ? Kind::Folder : Kind::Files,
+                         folder ? tr("Upload a Folder") : tr("Upload Files"), tr("Upload"), {}},
+        m_parts.page, [this, target](const QStringList &paths) { upload(target, paths); });
 }
 
 void CloudDocCommands::upload(const QString &folderId, const QStringList &localPaths)

@@ -15,9 +15,9 @@
 #include "recentfile/ui/recentlisting.h"
 #include "recentfile/ui/recentstates.h"
 #include "recentfile/ui/recentstorenotices.h"
+#include "widgets/filechooser.h"
 #include "widgets/noticearea.h"
 
-#include <QFileDialog>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -369,11 +369,8 @@ void ZelBoxRecentFileWidgetBase::onShareDoc(const QPersistentModelIndex &index, 
 
 void ZelBoxRecentFileWidgetBase::openChosenFile()
 {
-    auto *dialog = new QFileDialog(this, tr("Open a File"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFile);
-    connect(dialog, &QFileDialog::fileSelected, m_logic, &KRecentFileLogic::openPath);
-    dialog->open();
+    FileChooser::ask({zel::FileQuestion::Kind::File, tr("Open a File"), tr("Open"), {}}, this,
+        [this](const QStringList &paths) { m_logic->openPath(paths.constFirst()); });
 }
 
 void ZelBoxRecentFileWidgetBase::showRoamingGuide()
