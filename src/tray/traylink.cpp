@@ -10,6 +10,7 @@
 #include <QDBusPendingReply>
 #include <QDBusServiceWatcher>
 #include <QDBusVariant>
+#include <limits>
 
 namespace {
 
@@ -77,12 +78,18 @@ void TrayLink::onBusOpened()
     });
 }
 
+// However long it takes: a panel that hangs answers once it goes on, and until then nobody knows whether
+// there is a tray. What would be asked instead waits for the same panel on this thread.
 template <typename Answer> void TrayLink::call(const QDBusMessage &message, Answer answer)
 {
-    auto *pending = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message), this);
+    constexpr int NoLimit = std::numeric_limits<int>::max();
+    auto *pending =
+        new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(message, NoLimit), this);
     connect(pending, &QDBusPendingCallWatcher::finished, this, [pending, answer] {
         pending->deleteLater();
-        answer(*pending);
+        // It went without an answer, or the bus itself did not wait: its owner tells what comes.
+        if (!pending->isError() || pending->error().type() != QDBusError::NoReply)
+            answer(*pending);
     });
 }
 

@@ -23,7 +23,8 @@ public:
     bool isShown() const { return m_shown; }
 
 Q_SIGNALS:
-    void settled(); ///< an answer to the question whether there is a tray; isShown() tells it
+    /// An answer to the question whether there is a tray; isShown() tells it. None while a panel hangs.
+    void settled();
     void shownChanged(bool shown);
 
 private Q_SLOTS:
