@@ -31,6 +31,15 @@ QString shortName(const QString &name)
     return line.left(Most - Tail - 1).trimmed() + QChar(0x2026) + line.right(Tail).trimmed();
 }
 
+// Without a tag a text is guessed to be plain, and its entities would be seen.
+QString plainToolTip(const QStringList &lines)
+{
+    const QString text = lines.join(QLatin1Char('\n')).toHtmlEscaped();
+    return text.isEmpty() ? text
+                          : QStringLiteral("<p style='white-space:pre-wrap'>%1</p>")
+                                .arg(QString(text).replace(QLatin1Char('\n'), QLatin1String("<br>")));
+}
+
 QString elidedName(const QString &name, const QFontMetrics &metrics, int width)
 {
     constexpr int LongestSuffix = 9; // with its dot; longer ones are part of a sentence rather than a type

@@ -2,6 +2,7 @@
 
 #include "kdocumentopener.h"
 #include "klitestyle.h"
+#include "widgets/nametext.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>
@@ -39,5 +40,5 @@ void SyncFolderDlg::setParameter(const QString &folder)
     m_open->setEnabled(!folder.isEmpty());
     const QString shown = folder.isEmpty() ? tr("No folder was named.") : folder;
     m_path->setText(fontMetrics().elidedText(shown, Qt::ElideMiddle, KLiteStyle::dpiScaled(340)));
-    m_path->setToolTip(folder);
+    m_path->setToolTip(zel::plainToolTip({folder}));
 }

@@ -86,7 +86,7 @@ void BreadcrumbBar::arrange()
             place(m_buttons.at(i), i == count - 1 ? m_fit.lastWidth : widths.at(i));
         m_buttons.at(i)->setVisible(fits);
         m_buttons.at(i)->setToolTip(fits && m_buttons.at(i)->width() < widths.at(i)
-                ? zel::plainLine(m_crumbs.at(i).name).toHtmlEscaped()
+                ? zel::plainToolTip({zel::plainLine(m_crumbs.at(i).name)})
                 : QString());
     }
     m_more->setVisible(collapses);

@@ -55,10 +55,7 @@ QString CloudDocDelegate::toolTip(const QModelIndex &index) const
     }
     if (!document.folder)
         lines << tr("Size: %1").arg(zel::sizeText(document.size));
-    for (QString &line : lines)
-        line = line.toHtmlEscaped();
-    return QStringLiteral("<p style='white-space:pre-wrap'>") + lines.join(QStringLiteral("<br>"))
-        + QStringLiteral("</p>");
+    return zel::plainToolTip(lines);
 }
 
 QWidget *CloudDocDelegate::createEditor(

@@ -1,6 +1,7 @@
 #include "clouddoc/ui/transferdelegate.h"
 
 #include "clouddoc/cloudtransfermodel.h"
+#include "widgets/nametext.h"
 
 TransferRow TransferDelegate::rowOf(const QModelIndex &index) const
 {
@@ -14,5 +15,5 @@ QString TransferDelegate::buttonName(const QModelIndex &, int button) const
 
 QString TransferDelegate::toolTip(const QModelIndex &index) const
 {
-    return rowOf(index).name.toHtmlEscaped();
+    return zel::plainToolTip({rowOf(index).name});
 }

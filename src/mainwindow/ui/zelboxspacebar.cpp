@@ -3,6 +3,7 @@
 #include "base/sizetext.h"
 #include "cloud/cloudspace.h"
 #include "klitestyle.h"
+#include "widgets/nametext.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -59,7 +60,7 @@ void ZelBoxLoginSpaceWidget::setAccount(const CloudSpace &space)
     const qint64 total = space.totalBytes();
     const QString title = space.isLocalAccount() ? tr("On this computer") : space.accountName();
     m_name->setText(m_name->fontMetrics().elidedText(title, Qt::ElideRight, KLiteStyle::dpiScaled(150)));
-    m_name->setToolTip(space.accountName());
+    m_name->setToolTip(zel::plainToolTip({space.accountName()}));
     m_bar->setVisible(space.isKnown() && total > 0);
     m_text->setVisible(space.isKnown());
     m_more->setVisible(!space.isLocalAccount());

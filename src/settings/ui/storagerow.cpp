@@ -5,6 +5,7 @@
 #include "klitestyle.h"
 #include "klook.h"
 #include "widgets/iconbutton.h"
+#include "widgets/nametext.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -80,7 +81,7 @@ StorageRow::StorageRow(const zel::settings::StoragePlace &place, QWidget *parent
     m_path->setForegroundRole(QPalette::PlaceholderText);
     m_path->setTextFormat(Qt::PlainText);
     m_path->setMinimumWidth(1);
-    m_path->setToolTip(place.path());
+    m_path->setToolTip(zel::plainToolTip({place.path()}));
     m_path->setAccessibleName(place.path());
     auto *show = new IconButton(
         QStringLiteral(":/icons_svg/folder_open.svg"), tr("Show folder of “%1”").arg(name), this);
