@@ -22,6 +22,12 @@ CloudDocLink::CloudDocLink(KCloudSvrProxy *proxy, QObject *parent) : QObject(par
     connect(proxy, &QObject::destroyed, this, [this] { setReached(false); }); // nobody else tells
 }
 
+void CloudDocLink::reach()
+{
+    if (m_proxy && !m_reached)
+        m_proxy->startVelaProcess(QString());
+}
+
 void CloudDocLink::setReached(bool reached)
 {
     if (std::exchange(m_reached, reached) != reached)

@@ -34,6 +34,7 @@ public:
     explicit CloudDocLink(KCloudSvrProxy *proxy, QObject *parent = nullptr);
 
     bool isReached() const { return m_reached; } ///< the service is there
+    void reach(); ///< tries at once, whatever came of it before; starts a service that is not there
 
     /// `version` of the page before, so that the pages fit together; 0 with the first.
     void listFolder(

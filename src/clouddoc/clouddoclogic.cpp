@@ -146,6 +146,13 @@ void CloudDocLogic::reload()
 }
 
 void CloudDocLogic::createFolder(const QString &name)
+// What is asked for while the service starts waits for it.
+void CloudDocLogic::retry()
+{
+    m_link->reach();
+    reload();
+}
+
 {
     m_operations->createFolder(folderId(), name);
 }

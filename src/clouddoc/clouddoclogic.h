@@ -72,6 +72,7 @@ public Q_SLOTS:
     void forward();
     /// Reads the folder anew; rows change only where it differs.
     void reload();
+    void retry(); ///< the same; a service that is away is first started, at once
 
     // What the user does; names are checked before, see checkName().
     void createFolder(const QString &name); ///< folderCreated() precedes operationDone()

@@ -33,6 +33,10 @@ private Q_SLOTS:
         make();
         m_cloud->disconnectNow();
         QCOMPARE(state(), State::TimedOut);
+        QTest::mouseClick(button("Retry"), Qt::LeftButton);
+        QCOMPARE(m_cloud->askedFor("start").size(), 1);
+        QCOMPARE(m_cloud->asked.last(), "getInfoList"_s);
+        m_cloud->disconnectNow();
         m_cloud->connectNow(); // comes back by itself
         QVERIFY(
             m_cloud->answer("getInfoList", zel::vela::GetInfoListResult(), false)); // the one that was lost

@@ -48,6 +48,7 @@ private Q_SLOTS:
         m_cloud->disconnectNow();
         QCOMPARE(state(), State::List); // what was there stays
         QTest::mouseClick(button("Retry"), Qt::LeftButton);
+        QVERIFY(m_cloud->asked.contains("start"_s));
         QVERIFY(m_cloud->answer("getInfoList", zel::vela::GetInfoListResult(), false));
         QVERIFY(notice().contains("out of date"_s));
         QVERIFY(!page()->action(CloudCommand::Trash)->isEnabled());

@@ -43,6 +43,7 @@ public:
         return true;
     }
 
+    void startVelaProcess(const QString &) override { asked << "start"_s; }
     QString asynCallEx(
         const QString &method, const QGenericArgument &arg, QObject *receiver, const QString &slot) override;
 

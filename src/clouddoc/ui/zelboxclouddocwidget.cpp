@@ -137,12 +137,12 @@ void ZelBoxCloudDocWidget::connectParts()
     connect(m_commands, &Commands::notDone, m_notices, &CloudDocNotices::tell);
     connect(m_commands->actions(), &ListActions::aboutToRun, this, &ZelBoxCloudDocWidget::onActed);
     connect(m_notices, &CloudDocNotices::coverChanged, m_view, &CloudDocListView::setEndRoom);
-    connect(m_notices, &CloudDocNotices::retryRequested, m_logic, &Logic::reload);
+    connect(m_notices, &CloudDocNotices::retryRequested, m_logic, &Logic::retry);
     connect(m_states, &CloudDocStates::followed, this, &ZelBoxCloudDocWidget::onFollowed);
     connect(m_states, &CloudDocStates::folderMenuRequested, m_commands, &CloudDocCommands::showFolderMenu);
     connect(m_states, &CloudDocStates::uploadRequested, m_toolBar, &CloudDocToolBar::popUpUploadMenu);
     connect(m_states, &CloudDocStates::newFolderRequested, this, &ZelBoxCloudDocWidget::makeFolder);
-    connect(m_states, &CloudDocStates::retryRequested, m_logic, &Logic::reload);
+    connect(m_states, &CloudDocStates::retryRequested, m_logic, &Logic::retry);
     connect(m_states, &CloudDocStates::clearFilterRequested, this, [this] {
         clearFilter();
         m_view->setFocus(Qt::OtherFocusReason);
