@@ -48,6 +48,7 @@ void CloudDocLogic::connectParts()
     connect(m_operations, &Operations::outcomeArrived, this, &CloudDocLogic::take);
     connect(m_operations, &Operations::transfersRemoved, m_transfers, &CloudDocTransfers::remove);
     connect(m_operations, &Operations::folderCreated, this, &CloudDocLogic::folderCreated);
+    connect(m_operations, &Operations::renameEnded, this, &CloudDocLogic::renameEnded);
     connect(m_operations, &Operations::undoable, this, &CloudDocLogic::undoable);
     connect(m_operations, &Operations::restored, this, &CloudDocLogic::restored);
     connect(m_operations, &Operations::transfersStarted, this, &CloudDocLogic::transfersStarted);
@@ -145,7 +146,6 @@ void CloudDocLogic::reload()
     m_folder->reload();
 }
 
-void CloudDocLogic::createFolder(const QString &name)
 // What is asked for while the service starts waits for it.
 void CloudDocLogic::retry()
 {
@@ -153,6 +153,7 @@ void CloudDocLogic::retry()
     reload();
 }
 
+void CloudDocLogic::createFolder(const QString &name)
 {
     m_operations->createFolder(folderId(), name);
 }

@@ -105,7 +105,8 @@ Q_SIGNALS:
     void readingFailed(CloudProblem problem); ///< while rows stay on view: they may be out of date
 
     void operationBegun(CloudOperation operation);
-    void folderCreated(const QString &id); ///< it is in the model already
+    void folderCreated(const QString &id);                    ///< it is in the model already
+    void renameEnded(const QString &id, const QString &name); ///< it has that name now, or not
     /// Something was done that undo() takes back, or could not be taken back now but may be later. Precedes
     /// operationDone() or operationFailed().
     void undoable(const CloudUndo &undo);

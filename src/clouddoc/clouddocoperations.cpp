@@ -81,12 +81,14 @@ void CloudDocOperations::rename(const QString &id, const QString &name)
     const CloudUndo undo = std::exchange(m_newFolder, {}) == id
         ? CloudUndo{CloudOperation::CreateFolder, 1, {id}, name, {}, {}, {}}
         : CloudUndo{CloudOperation::Rename, 1, {id}, nameOf(id), name, {}, {}};
-    m_link->rename(id, name, [this, undo](const CloudAnswer<CloudDocument> &answer) {
+    m_link->rename(id, name, [=, this](const CloudAnswer<CloudDocument> &answer) {
+        if (answer)
+            take(answer.value);
+        Q_EMIT renameEnded(id, name);
         if (!answer) {
             Q_EMIT failed(CloudOperation::Rename, answer.problem, 1, undo.firstName);
             return;
         }
-        take(answer.value);
         if (!undo.firstName.isEmpty())
             Q_EMIT undoable(undo);
         Q_EMIT done(CloudOperation::Rename);

@@ -46,6 +46,7 @@ Q_SIGNALS:
     void outcomeArrived(const CloudOutcome &outcome); ///< of one part
     void transfersRemoved(const QStringList &ids);    ///< from the list of transfers
     void folderCreated(const QString &id);
+    void renameEnded(const QString &id, const QString &name); ///< done or not; before done() or failed()
     /// Something was done that undo() takes back, or could not be taken back now but may be later. Precedes
     /// done() or failed().
     void undoable(const CloudUndo &undo);

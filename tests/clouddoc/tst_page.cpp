@@ -114,6 +114,18 @@ private Q_SLOTS:
         QCOMPARE(crumbs(), "Cloud documents"_s);
     }
 
+    void comesBackToLaterPages()
+    {
+        load({"a/"_s, "z/"_s});
+        click(1);
+        key(Qt::Key_Return);
+        QVERIFY(answer("z"_s, {}));
+        page()->logic()->up();
+        QVERIFY(m_cloud->answer("getInfoList", FakeCloud::page("root"_s, {"a/"_s}, true)));
+        QVERIFY(answer("root"_s, {"z/"_s}));
+        QCOMPARE(view()->selectedIds(), QStringList("z"_s));
+    }
+
     void dropsGoWhereTheyFall_data()
     {
         // row: -1: below the rows; -2: the first step of the path

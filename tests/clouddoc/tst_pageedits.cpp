@@ -42,6 +42,58 @@ private Q_SLOTS:
         QCOMPARE(wanted().size(), 1);
     }
 
+    // What others do meanwhile neither takes what is typed for a name nor the keyboard.
+    void renameStandsAlone_data()
+    {
+        zeltest::names("meanwhile", {"row goes", "folder goes", "folder was made", "undone"});
+    }
+    void renameStandsAlone()
+    {
+        QFETCH(QString, meanwhile);
+        load({"a/"_s, "b.txt"_s, "c.txt"_s});
+        click(0);
+        key(Qt::Key_Return);
+        QVERIFY(answer("a"_s, {"b.txt"_s, "c.txt"_s}));
+        page()->action(CloudCommand::NewFolder)->trigger();
+        wanted().clear();
+        click(1);
+        key(Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), "half"_s);
+        m_cloud->tellRemoved(meanwhile == "row goes"_s ? "c.txt"_s
+                : meanwhile == "folder goes"_s         ? "a"_s
+                                                       : ""_s,
+            "a"_s);
+        m_cloud->answer("getItemInfoListV5", zel::vela::GetItemInfoListV5Result()); // there is no folder
+        if (meanwhile == "undone"_s)
+            Q_EMIT page()->logic()->restored({}, {"b.txt"_s});
+        if (meanwhile == "folder was made"_s)
+            QVERIFY(m_cloud->answer("createFolder",
+                filled(&zel::vela::CreateFolderResult::item, FakeCloud::item("New Folder/"_s, "a"_s))));
+        QCOMPARE(view()->isRenaming(), !meanwhile.endsWith("goes"_s));
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        QWidget *typed = QApplication::focusWidget();
+        QVERIFY(typed == view() || view()->isAncestorOf(typed));
+        QCOMPARE(wanted().join(QLatin1Char(' ')), QString());
+    }
+
+    void newNameStaysUntilItsAnswer()
+    {
+        load({"a.txt"_s, "b.txt"_s});
+        click(0);
+        key(Qt::Key_F2);
+        QTest::keyClicks(QApplication::focusWidget(), "new"_s);
+        key(Qt::Key_Return);
+        QTRY_COMPARE(m_cloud->waiting("rename"), 1);
+        const auto picture = [this] {
+            return view()->grab(view()->visualRect(view()->currentIndex())).toImage();
+        };
+        const QImage before = picture();
+        Q_EMIT page()->logic()->operationDone(CloudOperation::Transfer);
+        QCOMPARE(picture(), before);
+        QVERIFY(m_cloud->refuse("rename", zel::vela::RenameResult(), 5));
+        QVERIFY(picture() != before);
+    }
+
     void newFolderIsNamedAtOnce()
     {
         load({"New Folder/"_s});

@@ -33,6 +33,13 @@ void CloudDocDelegate::setCutIds(const QStringList &ids)
     m_cut = QSet<QString>(ids.cbegin(), ids.cend());
 }
 
+// It may have been given another one meanwhile, which is not answered yet.
+void CloudDocDelegate::forgetNewName(const QString &id, const QString &name)
+{
+    if (m_newNames.value(id) == name)
+        m_newNames.remove(id);
+}
+
 CloudRow CloudDocDelegate::rowOf(const QModelIndex &index) const
 {
     CloudRow row = CloudRow::of(index);

@@ -21,7 +21,7 @@ public:
 
     void setNameCheck(const NameCheck &check) { m_check = check; }
     void setCutIds(const QStringList &ids);
-    void forgetNewNames() { m_newNames.clear(); } ///< the drive has answered
+    void forgetNewName(const QString &id, const QString &name); ///< the drive has answered
 
     QString toolTip(const QModelIndex &index) const override;
     QWidget *createEditor(

@@ -74,11 +74,10 @@ void MoveDialog::connectLogic()
     connect(m_logic, &Logic::folderCreated, this, &MoveDialog::onFolderCreated);
     connect(m_logic, &Logic::operationFailed, this,
         [this](CloudOperation operation, CloudProblem problem, int count) {
-            m_delegate->forgetNewNames();
             m_note->setText(zel::clouddoc::failureText(operation, problem, count));
             m_note->show();
         });
-    connect(m_logic, &Logic::operationDone, m_delegate, &CloudDocDelegate::forgetNewNames);
+    connect(m_logic, &Logic::renameEnded, m_delegate, &CloudDocDelegate::forgetNewName);
     connect(m_delegate, &CloudDocDelegate::renameRequested, m_logic, &Logic::rename);
     connect(m_logic->documents(), &CloudDocModel::countsChanged, this, &MoveDialog::update);
     connect(m_crumbs, &BreadcrumbBar::crumbChosen, m_logic, &Logic::openFolder);

@@ -89,8 +89,10 @@ void ZelBoxCloudDocWidget::connectLogic()
         [this] { m_toolBar->crumbs()->setCrumbs(namedCrumbs(m_logic->crumbs())); });
     connect(m_logic, &Logic::restored, this,
         [this](const CloudUndo &, const QStringList &ids) { m_view->selectIds(ids); });
-    connect(m_logic, &Logic::operationDone, this, &ZelBoxCloudDocWidget::forgetNewNames);
-    connect(m_logic, &Logic::operationFailed, this, &ZelBoxCloudDocWidget::forgetNewNames);
+    connect(m_logic, &Logic::renameEnded, this, [this](const QString &id, const QString &name) {
+        m_view->rowDelegate()->forgetNewName(id, name);
+        m_view->viewport()->update();
+    });
     connect(m_logic, &Logic::folderCreated, this, [this](const QString &id) {
         m_view->beginRename(m_logic->documents()->index(m_logic->documents()->rowOf(id)));
     });
@@ -211,8 +213,10 @@ void ZelBoxCloudDocWidget::onReady()
     m_view->setFolderId(m_logic->folderId());
     if (!std::exchange(m_selectOnReady, false))
         return;
-    if (!m_logic->cameFrom().isEmpty())
-        m_view->selectIds({m_logic->cameFrom()});
+    const QString cameFrom = m_logic->cameFrom();
+    const bool isHere = m_logic->documents()->rowOf(cameFrom) >= 0;
+    m_view->setReturning(isHere ? QStringList() : QStringList(cameFrom)); // with a later page
+    m_view->selectIds({cameFrom});
     if (!m_view->currentIndex().isValid() && m_logic->documents()->rowCount() > 0)
         m_view->selectionModel()->setCurrentIndex(
             m_logic->documents()->index(0), QItemSelectionModel::NoUpdate);
@@ -273,13 +277,6 @@ void ZelBoxCloudDocWidget::makeFolder()
 {
     clearFilter(); // else it might not be seen
     m_logic->createFolder(m_logic->freeFolderName(tr("New Folder")));
-}
-
-// What was typed is the name now, or has not become it.
-void ZelBoxCloudDocWidget::forgetNewNames()
-{
-    m_view->rowDelegate()->forgetNewNames();
-    m_view->viewport()->update();
 }
 
 // Only our own clipboard is looked at: to ask another program means to wait for it.

@@ -68,7 +68,6 @@ private:
     void open(const CloudDocuments &documents);
     void openCrumb(const QString &id);
     void makeFolder();
-    void forgetNewNames();
 
     CloudDocLogic *m_logic;
     CloudDocListView *m_view;

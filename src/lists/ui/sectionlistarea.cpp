@@ -96,10 +96,11 @@ void View::reset()
     relayout();
 }
 
+// First: the base class hides the editor of a row that it finds no place for, which ends a rename.
 void View::doItemsLayout()
 {
-    QAbstractItemView::doItemsLayout();
     relayout();
+    QAbstractItemView::doItemsLayout();
 }
 
 // Only the sections are looked at. The row at the top edge keeps its place while something changes above it,
@@ -237,8 +238,8 @@ std::pair<int, int> View::visibleRows() const
 
 void View::rowsInserted(const QModelIndex &parent, int start, int end)
 {
+    relayout(); // first: see doItemsLayout()
     QAbstractItemView::rowsInserted(parent, start, end);
-    relayout();
     if (start == 0 && end == m_model->rowCount() - 1)
         verticalScrollBar()->setValue(m_anchor.keptScroll(*m_model, m_layout));
 }

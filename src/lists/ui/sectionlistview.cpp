@@ -5,6 +5,7 @@
 #include "lists/ui/listaccessible.h"
 #include "lists/ui/scrollkeeper.h"
 
+#include <QApplication>
 #include <QDragEnterEvent>
 #include <QHelpEvent>
 #include <QStyle>
@@ -37,7 +38,10 @@ void View::reset()
 {
     m_memory.clear();
     m_drop.leave();
+    const bool typed = viewport()->isAncestorOf(QApplication::focusWidget());
     TypingListArea::reset();
+    if (typed) // into an editor; the keyboard went on to what comes next in the window
+        setFocus(Qt::OtherFocusReason);
     if (underMouse())
         QToolTip::hideText(); // that of a row which is not there any more
 }
@@ -53,8 +57,11 @@ QString View::currentId() const
     return currentIndex().isValid() ? listModel()->idOf(currentIndex().row()) : QString();
 }
 
+// Not while the user types a name: to go elsewhere would give it to the row.
 void View::selectIds(const QStringList &ids)
 {
+    if (isRenaming())
+        return;
     const auto here = std::find_if(
         ids.cbegin(), ids.cend(), [this](const QString &id) { return listModel()->rowOf(id) >= 0; });
     if (here == ids.cend())
@@ -71,7 +78,7 @@ void View::rowsInserted(const QModelIndex &parent, int start, int end)
     const ScrollKeeper keeper(this);
     if (start == 0 && end == listModel()->rowCount() - 1)
         m_memory.giveBack(*listModel(), selectionModel());
-    else if (m_returning.arrive(*listModel(), selectionModel(), start, end))
+    else if (!isRenaming() && m_returning.arrive(*listModel(), selectionModel(), start, end))
         scrollTo(currentIndex());
 }
 
@@ -80,6 +87,8 @@ void View::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
 {
     const bool looked = viewport()->rect().intersects(visualRect(currentIndex()));
     const ScrollKeeper keeper(looked ? nullptr : this);
+    if (const int row = currentIndex().row(); row >= start && row <= end)
+        endRename();
     if (start == 0 && end == listModel()->rowCount() - 1)
         m_memory.keep(*listModel(), *selectionModel());
     else if (m_leaving.leave(*listModel(), selectionModel(), start, end))
@@ -115,13 +124,22 @@ void View::selectionChanged(const QItemSelection &selected, const QItemSelection
     Q_EMIT selectedRowsChanged();
 }
 
+// What comes late takes nobody away from the name that he is typing.
 void View::beginRename(const QModelIndex &index)
 {
-    if (!index.isValid())
+    if (!index.isValid() || isRenaming())
         return;
     selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     scrollTo(index);
     edit(index);
+}
+
+// Its row goes: nothing is to be renamed any more, and the keyboard stays in the list. The base class would
+// let it go to what comes next in the window.
+void View::endRename()
+{
+    if (QWidget *editor = isRenaming() ? indexWidget(currentIndex()) : nullptr)
+        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
 }
 
 // The state of the base class says no once a row has moved.

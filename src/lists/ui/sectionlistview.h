@@ -41,13 +41,14 @@ public:
     int selectedCount() const { return zel::selectedRowCount(selectionModel()); } ///< O(ranges)
     /// What a key or button of the page acts on: the selected rows, without any the one with the focus ring.
     QModelIndexList chosenRows() const;
-    QString currentId() const;              ///< empty: none
-    void selectIds(const QStringList &ids); ///< those that are here; the first of them becomes current
+    QString currentId() const; ///< empty: none
+    /// Those that are here; the first of them becomes current. Nothing while a name is typed.
+    void selectIds(const QStringList &ids);
     /// Rows that the user sends away: when they go, the one after them is selected; see ListLeaving.
     void setLeaving(const QStringList &ids) { m_leaving.set(ids); }
     /// Rows that the user brings back: once they come, they are selected; see ListReturning.
     void setReturning(const QStringList &ids) { m_returning.expect(ids); }
-    void beginRename(const QModelIndex &index); ///< of a row that can be edited
+    void beginRename(const QModelIndex &index); ///< of a row that can be edited; not while another one is
     bool isRenaming() const;
     void requestMenuOfCurrent() { m_menu.request(); } ///< selects the current row for it
     /// Opens a menu of rows there; one that was asked for by keyboard has its first entry marked. While it is
@@ -96,6 +97,7 @@ protected:
 
 private:
     void bindKeys();
+    void endRename();
     bool leads(const QModelIndex &index) const;
     void setKeyboardLeads(bool leads);
     void moveByKey(QKeyEvent *event, bool ledBefore);
