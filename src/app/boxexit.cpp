@@ -3,6 +3,7 @@
 #include "app/boxwindows.h"
 #include "app/goingon.h"
 #include "app/opendialogs.h"
+#include "app/ui/endingdialog.h"
 #include "app/ui/zelboxexitdialog.h"
 #include "app/zelboxapplication.h"
 #include "app/zelboxipc.h"
@@ -28,6 +29,21 @@ void BoxExit::ask(bool exitWanted, ZelBoxCloudSvr *cloud)
 }
 
 void BoxExit::quitLater()
+{
+    if (!m_windows.isBusy())
+        return quitNow();
+    const auto setUp = [this](EndingDialog *dialog) {
+        connect(dialog, &QDialog::accepted, this, &BoxExit::quitNow);
+        connect(dialog, &QDialog::rejected, this, [this] {
+            if (m_windows.frontWindow())
+                Q_EMIT declined();
+        });
+        connect(&m_windows, &BoxWindows::workEnded, dialog, &QDialog::accept);
+    };
+    m_dialogs.present<EndingDialog>(m_windows.frontWindow(), setUp);
+}
+
+void BoxExit::quitNow()
 {
     // As a guest, the loop is the host's: only the box's own windows go.
     const bool ownProcess = ZelBoxApplicationIndependentProcesses::isRunning();

@@ -17,7 +17,9 @@ public:
     /// what Enter does: the user came for the exit, or only closed the window. `cloud`
     /// is asked what goes on without the box; may be null.
     void ask(bool exitWanted, ZelBoxCloudSvr *cloud);
-    void quitLater(); ///< on the next turn of the loop; commands that come from now on are for the next box
+    /// On a later turn of the loop, once what is under way has ended, which a dialog tells: it bounds the
+    /// wait, and lets the user end it, or stay. Commands that come from then on are for the next box.
+    void quitLater();
 
 Q_SIGNALS:
     void backgroundChosen();
@@ -25,6 +27,7 @@ Q_SIGNALS:
     void hostLeft(); ///< as a guest: the box's own windows are to go now
 
 private:
+    void quitNow();
     void leaveHost();
 
     BoxWindows &m_windows;

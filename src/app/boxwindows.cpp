@@ -4,6 +4,7 @@
 #include "cloud/zelboxcloudsvr.h"
 #include "krecentfile.h"
 #include "mainwindow/mainwindowhost.h"
+#include "mainwindow/ui/kcentralwidget.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
 #include "mini/ui/zelboxminiwidget.h"
 #include "mini/ui/zelboxminiwindow.h"
@@ -45,6 +46,10 @@ ZelBoxMainWindow *BoxWindows::ensureMainWindow()
         startRecentStore();
         m_main = new ZelBoxMainWindow(&m_host);
         m_main->restoreWindowState();
+        connect(m_main->central(), &KCentralWidget::busyChanged, this, [this] {
+            if (!isBusy())
+                Q_EMIT workEnded();
+        });
         Q_EMIT mainWindowMade(m_main);
     }
     return m_main;
@@ -191,6 +196,11 @@ void BoxWindows::remakeSettings()
     m_commands.openSettings(page);
     m_settings->resize(place.size().expandedTo(m_settings->minimumSizeHint()));
     m_settings->move(place.topLeft());
+}
+
+bool BoxWindows::isBusy() const
+{
+    return m_main && m_main->central()->isBusy();
 }
 
 void BoxWindows::takeDown()

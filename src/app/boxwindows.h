@@ -40,6 +40,10 @@ public:
     /// keyboard, else the main window where it is seen; null: nowhere.
     QWidget *frontWindow() const;
 
+    /// Something is under way in the main window that would end half done with the box; workEnded() tells
+    /// when not any more.
+    bool isBusy() const;
+
     void takeDown(); ///< destroys all, the last made first; later uses make new ones
 
 Q_SIGNALS:
@@ -47,6 +51,7 @@ Q_SIGNALS:
     void miniWidgetMade(ZelBoxMiniWidget *widget);
     void languageChosen(); ///< in the settings, and stored
     void remade();
+    void workEnded();
 
 private:
     QVector<QWidget *> all() const;

@@ -24,7 +24,7 @@ QString picture(const char *kind, const char *name)
     return QStringLiteral(":/icons_svg/%1_%2.svg").arg(QLatin1String(kind), QLatin1String(name));
 }
 
-MadePage recentFiles(KCloudSvrProxy *cloud, QWidget *parent)
+MadePage recentFiles(KCloudSvrProxy *cloud, QWidget *parent, std::unique_ptr<QObject>)
 {
     ZelBoxRecentFile::Services services;
     services.cloud = cloud;
@@ -32,16 +32,16 @@ MadePage recentFiles(KCloudSvrProxy *cloud, QWidget *parent)
     return {page, page};
 }
 
-MadePage cloudDocuments(KCloudSvrProxy *cloud, QWidget *parent)
+MadePage cloudDocuments(KCloudSvrProxy *cloud, QWidget *parent, std::unique_ptr<QObject> before)
 {
-    auto *page = new ZelBoxCloudDocWidget(cloud, parent);
+    auto *page = new ZelBoxCloudDocWidget(cloud, parent, std::move(before));
     return {page, page};
 }
 
 /// A page whose feature is not there yet: it says what it will show.
 PageInfo coming(QLatin1String key, const char *title, const char *name, const char *explanation)
 {
-    const auto make = [=](KCloudSvrProxy *, QWidget *parent) {
+    const auto make = [=](KCloudSvrProxy *, QWidget *parent, const auto &) {
         return MadePage{
             new EmptyStateWidget(picture("empty", name), text(title), text(explanation), parent), nullptr};
     };

@@ -45,6 +45,7 @@ void CloudDocLogic::connectParts()
 
     using Operations = CloudDocOperations;
     connect(m_operations, &Operations::begun, this, &CloudDocLogic::operationBegun);
+    connect(m_operations, &Operations::runningChanged, this, &CloudDocLogic::busyChanged);
     connect(m_operations, &Operations::outcomeArrived, this, &CloudDocLogic::take);
     connect(m_operations, &Operations::transfersRemoved, m_transfers, &CloudDocTransfers::remove);
     connect(m_operations, &Operations::folderCreated, this, &CloudDocLogic::folderCreated);
@@ -65,6 +66,11 @@ CloudTransferModel *CloudDocLogic::transfers() const
 bool CloudDocLogic::isReached() const
 {
     return m_link->isReached();
+}
+
+bool CloudDocLogic::isBusy() const
+{
+    return m_operations->isRunning();
 }
 
 CloudCrumbs CloudDocLogic::crumbs() const

@@ -45,6 +45,7 @@ public:
     bool isComplete() const { return m_folder->isComplete(); }   ///< the last page of the folder has come
     bool isReloading() const { return m_folder->isReloading(); } ///< while what is known stays on view
     bool isReached() const;                                      ///< the service is there
+    bool isBusy() const; ///< with what the user does: more may be to be asked for before it has ended
 
     QString folderId() const { return m_folder->id(); } ///< empty: the root, before its id is known, or none
     QString folderPath() const { return m_folder->document().localPath; } ///< on this machine; may be empty
@@ -105,6 +106,7 @@ Q_SIGNALS:
     void readingFailed(CloudProblem problem); ///< while rows stay on view: they may be out of date
 
     void operationBegun(CloudOperation operation);
+    void busyChanged();                                       ///< isBusy(), perhaps
     void folderCreated(const QString &id);                    ///< it is in the model already
     void renameEnded(const QString &id, const QString &name); ///< it has that name now, or not
     /// Something was done that undo() takes back, or could not be taken back now but may be later. Precedes

@@ -5,6 +5,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QScopeGuard>
 #include <algorithm>
 #include <memory>
 
@@ -57,11 +58,25 @@ QString CloudDocOperations::nameOf(const QString &id) const
     return document ? document->name : QString();
 }
 
+void CloudDocOperations::begin(CloudOperation operation)
+{
+    ++m_running;
+    Q_EMIT runningChanged();
+    Q_EMIT begun(operation);
+}
+
+void CloudDocOperations::leave()
+{
+    --m_running;
+    Q_EMIT runningChanged();
+}
+
 void CloudDocOperations::createFolder(const QString &parentId, const QString &name)
 {
-    Q_EMIT begun(CloudOperation::CreateFolder);
+    begin(CloudOperation::CreateFolder);
     m_making << name;
     m_link->createFolder(parentId, name, [this, name](const CloudAnswer<CloudDocument> &answer) {
+        const auto atEnd = qScopeGuard([this] { leave(); });
         m_making.removeOne(name);
         if (!answer) {
             Q_EMIT failed(CloudOperation::CreateFolder, answer.problem, 1, name);
@@ -77,11 +92,12 @@ void CloudDocOperations::createFolder(const QString &parentId, const QString &na
 
 void CloudDocOperations::rename(const QString &id, const QString &name)
 {
-    Q_EMIT begun(CloudOperation::Rename);
+    begin(CloudOperation::Rename);
     const CloudUndo undo = std::exchange(m_newFolder, {}) == id
         ? CloudUndo{CloudOperation::CreateFolder, 1, {id}, name, {}, {}, {}}
         : CloudUndo{CloudOperation::Rename, 1, {id}, nameOf(id), name, {}, {}};
     m_link->rename(id, name, [=, this](const CloudAnswer<CloudDocument> &answer) {
+        const auto atEnd = qScopeGuard([this] { leave(); });
         if (answer)
             take(answer.value);
         Q_EMIT renameEnded(id, name);
@@ -106,7 +122,7 @@ void CloudDocOperations::take(const CloudDocument &document)
 void CloudDocOperations::inParts(const Run &run, const QStringList &ids)
 {
     m_newFolder.clear();
-    Q_EMIT begun(run.operation);
+    begin(run.operation);
     if (!ids.isEmpty())
         nextPart(run, ids, {});
     else
@@ -147,6 +163,7 @@ QString CloudDocOperations::failedName(const Run &run, const QString &key) const
 
 void CloudDocOperations::end(const Run &run, CloudOutcome outcome)
 {
+    const auto atEnd = qScopeGuard([this] { leave(); });
     if (run.finish)
         run.finish(outcome);
     if (!outcome.transfers.isEmpty())

@@ -41,8 +41,11 @@ public:
     /// Of one that failed because its name is taken: conflictsFound(), at once.
     void retry(const CloudTransfer &transfer);
 
+    bool isRunning() const { return m_running > 0; } ///< what has begun and not ended
+
 Q_SIGNALS:
     void begun(CloudOperation operation);
+    void runningChanged();                            ///< isRunning(), perhaps
     void outcomeArrived(const CloudOutcome &outcome); ///< of one part
     void transfersRemoved(const QStringList &ids);    ///< from the list of transfers
     void folderCreated(const QString &id);
@@ -73,6 +76,8 @@ private:
         Finish finish;
     };
 
+    void begin(CloudOperation operation);
+    void leave();                            ///< one that has begun has ended
     QString nameOf(const QString &id) const; ///< empty: not in the folder on view
     void take(const CloudDocument &document);
     void inParts(const Run &run, const QStringList &ids);
@@ -84,6 +89,7 @@ private:
 
     CloudDocLink *m_link;
     const CloudDocModel *m_documents;
+    int m_running = 0;
     QSet<QString> m_trashing;         ///< items whose removal has not ended
     QStringList m_making;             ///< names of folders
     QString m_newFolder;              ///< has the name that it was made with

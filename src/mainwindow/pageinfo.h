@@ -1,13 +1,14 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <QVector>
 #include <functional>
+#include <memory>
 
 class BoxPage;
 class BoxPageHost;
 class KCloudSvrProxy;
-class QObject;
 class QWidget;
 
 /// What the main window knows of a page before somebody visits it.
@@ -25,8 +26,9 @@ struct PageInfo
     QString key;   ///< source key
     QString title; ///< translated
     QString icon;  ///< line icon resource
-    /// Makes the page on its first visit; `cloud` is not owned and may be null.
-    std::function<MadePage(KCloudSvrProxy *cloud, QWidget *parent)> make;
+    /// Makes the page on its first visit; `cloud` is not owned and may be null. `before` is what the page
+    /// that had its place in another window handed over; null: nothing.
+    std::function<MadePage(KCloudSvrProxy *cloud, QWidget *parent, std::unique_ptr<QObject> before)> make;
     /// Tells the page's host what is unread, from when the box has come up and for as long as the window is
     /// there; the page need not tell it then. What it makes is a child of `parent`, which `host` outlives.
     /// None: there are no marks before the first visit.

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
+#include <memory>
 
 class QWidget;
 
@@ -17,6 +19,9 @@ public:
     /// How much of the page the user has not seen: a number beside its name, else a red dot when
     /// `redPointCount` is not 0, else nothing. Told at each change, from the start on none.
     virtual void setUnread(int /*count*/, int /*redPointCount*/) { }
+    /// Whether something is under way on the page that would end half done with the box. Told at each change,
+    /// from the start on false.
+    virtual void setBusy(bool /*busy*/) { }
     /// Opens a page of the settings ("cloud"); empty: where the user left them.
     virtual void openSettings(const QString & /*settingsPage*/) { }
 
@@ -47,6 +52,9 @@ public:
     /// How much of the user's cloud space is taken, bytes; `used` -1: not known, `total` 0: no limit. Told
     /// when the page is made and at each change.
     virtual void setCloudSpace(qint64 /*used*/, qint64 /*total*/) { }
+    /// The window is made anew, and another page takes the place of this one, which goes next: what is to go
+    /// on there, for zel::PageInfo::make; null: nothing.
+    virtual std::unique_ptr<QObject> handOver() { return nullptr; }
     /// The box goes into the background: what can be made again cheaply is given back.
     virtual void releaseMemory() { }
 

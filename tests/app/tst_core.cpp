@@ -1,5 +1,6 @@
 // The two entries and the core, in one process that starts and ends several applications one after the other.
 
+#include "app/ui/endingdialog.h"
 #include "app/zelboxcore.h"
 #include "app/zelboxentry.h"
 #include "base/settingskeys.h"
@@ -10,6 +11,7 @@
 #include "ksettings.h"
 #include "kthreadtiming.h"
 #include "kxcefpluginstate.h"
+#include "mainwindow/ui/hostedpage.h"
 #include "mainwindow/ui/kcentralwidget.h"
 #include "mainwindow/ui/zelboxmainwindow.h"
 #include "standalonebox.h"
@@ -100,16 +102,23 @@ private Q_SLOTS:
         QSignalSpy firstShown(core, &ZelBoxCore::firstMainWindowShown);
         int turnsAfterExit = 0;
         int page = -1;
+        bool waited = false;
         connect(core, &ZelBoxCore::firstMainWindowShown, this, [&] {
             page = core->mainWindow()->central()->currentPage();
+            core->mainWindow()->findChild<HostedPage *>()->setBusy(true);
             FakeHost::instance().send(L"_TRANSMISSION_", u"zelbox_active_window?=/action=exit");
-            ++turnsAfterExit; // the command did not end the loop under this event's feet
+            ++turnsAfterExit;                   // the command did not end the loop under this event's feet
+            inTheLoop(core->mainWindow(), [&] { // which something is under way in
+                waited = core->mainWindow()->findChild<EndingDialog *>();
+                core->mainWindow()->findChild<HostedPage *>()->setBusy(false);
+            });
         });
         QCOMPARE(enter(L"/tab=3"), 0);
         disconnect(core, nullptr, this, nullptr);
         QCOMPARE(firstShown.size(), 1);
         QCOMPARE(turnsAfterExit, 1);
         QCOMPARE(page, 3);
+        QVERIFY(waited);
         QVERIFY(!core->mainWindow());
         QVERIFY(!qApp);
         QCOMPARE(FakeHost::instance().registrations, 1);

@@ -1,4 +1,5 @@
 // Every dialog of the box, as it is painted: one frame, and texts that can be read.
+#include "app/ui/endingdialog.h"
 #include "app/ui/folderselectordlg.h"
 #include "app/ui/syncfolderdlg.h"
 #include "app/ui/zelboxexitdialog.h"
@@ -82,6 +83,7 @@ private Q_SLOTS:
             {"move",
                 [this] { return new MoveDialog(&m_cloud, {}, "a"_s, [](const QString &) { return true; }); }},
             {"exit", [] { return new ZelBoxExitDialog; }},
+            {"ending", [] { return new EndingDialog; }},
             {"folder", [] { return new FolderSelectorDlg; }},
             {"synchronise", [] { return new SyncFolderDlg; }},
             {"confirm", [] { return new ConfirmDialog("Title"_s, "Clear it all?"_s, "Clear"_s, nullptr); }},

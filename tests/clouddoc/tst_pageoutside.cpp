@@ -72,6 +72,46 @@ private Q_SLOTS:
         QCOMPARE(data.answers, before);
     }
 
+    // As when the language changes: to the user it is the same page.
+    void goesOnInAnotherWindow()
+    {
+        load({"a/"_s});
+        click(0);
+        key(Qt::Key_Return);
+        QVERIFY(answer("a"_s, {"c.txt"_s, "d.txt"_s, "e.txt"_s}));
+        page()->logic()->trash({"e.txt"_s});
+        page()->logic()->rename("c.txt"_s, "n.txt"_s);
+        auto renamed = filled(&zel::vela::RenameResult::item, FakeCloud::item("c.txt"_s, "a"_s));
+        renamed.item.name = "n.txt";
+        QVERIFY(m_cloud->answer("rename", renamed));
+        click(0);
+        view()->beginRename(view()->currentIndex());
+        key(Qt::Key_End);
+        QTest::keyClicks(QApplication::focusWidget(), "half"_s);
+        const QStringList asked = m_cloud->asked;
+
+        m_page.reset(new ZelBoxCloudDocWidget(m_cloud.get(), nullptr, page()->handOver()));
+        page()->show();
+        QVERIFY(QTest::qWaitForWindowActive(page()));
+        QCOMPARE(m_cloud->asked, asked);
+        QCOMPARE(state(), State::List);
+        QCOMPARE(view()->selectedIds(), QStringList("d.txt"_s));
+        QTRY_VERIFY(view()->isRenaming());
+        auto *edit = qobject_cast<QLineEdit *>(QApplication::focusWidget());
+        QVERIFY(edit);
+        QCOMPARE(edit->text(), "d.txthalf"_s);
+        QTest::keyClick(edit, Qt::Key_Escape);
+        QVERIFY(page()->action(CloudCommand::Undo)->isEnabled() && notice().contains("n.txt"_s));
+        QVERIFY(page()->logic()->isBusy());
+        QVERIFY(m_cloud->answer("batchRemove",
+            filled(&zel::vela::BatchRemoveResult::removedIds, std::vector<std::string>{"e.txt"})));
+        QCOMPARE(view()->model()->rowCount(), 2);
+        QVERIFY(!page()->logic()->isBusy());
+        page()->logic()->back();
+        QVERIFY(answer("root"_s, {"a/"_s}));
+        QCOMPARE(view()->selectedIds(), QStringList("a"_s));
+    }
+
     void goesWithAllOpen_data()
     {
         const auto row = zeltest::table<int>("keys");

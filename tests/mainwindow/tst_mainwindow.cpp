@@ -195,6 +195,12 @@ private Q_SLOTS:
             heard(), "Two: left, Two: chosen, Two: place here, Two: left, One: chosen, One: place there"_s);
         window.onStashProcessMemory();
         QCOMPARE(heard(), "One: release, Two: release"_s);
+        window.central()->beginFinding("plan"_s);
+        ZelBoxMainWindow next(&host); // as after a change of language
+        heard();
+        next.continueFrom(window);
+        QCOMPARE(heard(), "One: filter plan"_s);
+        QCOMPARE(next.central()->titleBar()->searchBox()->text(), "plan"_s);
     }
 
     void whatPagesTell()
@@ -309,7 +315,7 @@ private:
         {
             const auto row = [this](const char *key, bool searchable) {
                 const QString name = QLatin1String(key);
-                const auto make = [this, name, searchable](KCloudSvrProxy *, QWidget *parent) {
+                const auto make = [this, name, searchable](KCloudSvrProxy *, QWidget *parent, const auto &) {
                     if (!searchable)
                         return zel::MadePage{new QWidget(parent), nullptr};
                     auto *page = new FakePage(name, heard, parent);

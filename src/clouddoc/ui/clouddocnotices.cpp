@@ -25,7 +25,7 @@ CloudDocNotices::CloudDocNotices(CloudDocLogic *logic, QAction *undo, QWidget *p
             return; // that is another list
         retire();
     });
-    connect(logic, &Logic::undoable, this, &CloudDocNotices::onUndoable);
+    connect(logic, &Logic::undoable, this, &CloudDocNotices::offer);
     connect(logic, &Logic::restored, this, [this](const CloudUndo &done, const QStringList &ids) {
         m_notice->showText(restoredText(done, ids.size()), NoticeBar::Tone::Info);
     });
@@ -73,8 +73,14 @@ void CloudDocNotices::undo()
     m_undo->undo();
 }
 
-void CloudDocNotices::onUndoable(const CloudUndo &undo)
+std::optional<CloudUndo> CloudDocNotices::offered() const
 {
+    return m_undo->isOpen() ? std::optional(m_offered) : std::nullopt;
+}
+
+void CloudDocNotices::offer(const CloudUndo &undo)
+{
+    m_offered = undo;
     if (undo.ids.isEmpty()) {
         m_undo->withdraw();
         m_notice->showText(doneText(undo), NoticeBar::Tone::Info);

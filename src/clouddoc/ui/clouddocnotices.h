@@ -2,6 +2,8 @@
 
 #include "clouddoc/clouddoclogic.h"
 
+#include <optional>
+
 class NoticeArea;
 class NoticeBar;
 class QAction;
@@ -21,13 +23,15 @@ public:
     void setStale(bool stale); ///< the rows are there, the service is not
     void retire();             ///< the user does something else; what was done before stays done
     void undo();
+    /// That it was done, and how it is taken back.
+    void offer(const CloudUndo &undo);
+    std::optional<CloudUndo> offered() const; ///< what undo() takes back at present
 
 Q_SIGNALS:
     void retryRequested();         ///< to reach the service
     void coverChanged(int height); ///< as NoticeArea tells it
 
 private:
-    void onUndoable(const CloudUndo &undo);
     QString doneText(const CloudUndo &undo) const;
     QString restoredText(const CloudUndo &undo, int count) const;
     QString folderName(const QString &id) const;
@@ -37,5 +41,6 @@ private:
     NoticeBar *m_offline;
     NoticeBar *m_notice;
     UndoOffer *m_undo;
+    CloudUndo m_offered; // last
     bool m_stale = false;
 };

@@ -9,6 +9,7 @@
 #include "clouddoc/ui/clouddocnotices.h"
 #include "clouddoc/ui/clouddocopening.h"
 #include "clouddoc/ui/clouddoctoolbar.h"
+#include "clouddoc/ui/clouddocvisit.h"
 #include "clouddoc/ui/clouddrag.h"
 #include "clouddoc/ui/cloudlisting.h"
 #include "clouddoc/ui/cloudstatusline.h"
@@ -17,10 +18,12 @@
 #include "clouddoc/ui/transferlistview.h"
 #include "clouddoc/ui/transferpanel.h"
 #include "kskin.h"
+#include "lists/rowselection.h"
 #include "lists/ui/pagedrops.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QLineEdit>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -33,9 +36,16 @@ using Logic = CloudDocLogic;
 static constexpr int MostCountedAtOnce = 1000;
 static constexpr int CountPause = 200; // ms
 
-ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *parent)
+ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(
+    KCloudSvrProxy *proxy, QWidget *parent, std::unique_ptr<QObject> before)
+    : ZelBoxCloudDocWidget(proxy, parent, qobject_cast<CloudDocVisit *>(before.get()))
+{
+}
+
+ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(
+    KCloudSvrProxy *proxy, QWidget *parent, const CloudDocVisit *before)
     : QWidget(parent),
-      m_logic(new CloudDocLogic(proxy, this)),
+      m_logic(before ? before->logic : new CloudDocLogic(proxy)),
       m_view(new CloudDocListView(this)),
       m_states(new CloudDocStates(m_logic, m_view, this)),
       m_commands(new CloudDocCommands({proxy, m_logic, m_view, m_states, this})),
@@ -46,6 +56,7 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
       m_status(new CloudStatusLine(this)),
       m_panel(new TransferPanel(m_logic->transfers(), this))
 {
+    m_logic->setParent(this);
     m_view->setModel(m_logic->documents());
     m_uploads = new ArrivedUploads(m_logic, m_view); // hears of rows once the view has given them their place
     m_listing = new CloudListing({m_logic->documents(), m_view, m_toolBar, m_columns}, this);
@@ -62,6 +73,61 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *paren
     m_toolBar->crumbs()->setCrumbs(namedCrumbs({}));
     updateActions();
     updateTransfers();
+    if (before)
+        goOn(*before);
+}
+
+void ZelBoxCloudDocWidget::goOn(const CloudDocVisit &before)
+{
+    m_toolBar->crumbs()->setCrumbs(namedCrumbs(m_logic->crumbs()));
+    m_view->setFolderId(m_logic->folderId());
+    m_selectOnReady = m_logic->state() == Logic::State::Loading;
+    m_states->follow();
+    if (!before.current.isEmpty())
+        m_view->selectIds({before.current});
+    m_view->selectionModel()->select(
+        zel::selectionOf(*m_logic->documents(), before.selected), QItemSelectionModel::ClearAndSelect);
+    if (before.undo)
+        m_notices->offer(*before.undo);
+    m_panel->setOpen(before.showsTransfers);
+    m_newName = before.newName;
+}
+
+void ZelBoxCloudDocWidget::goOnNaming()
+{
+    if (!m_newName)
+        return;
+    m_view->beginRename(m_view->currentIndex());
+    if (QLineEdit *editor = nameEditor()) {
+        editor->setText(*m_newName);
+        editor->setModified(true); // else the row's own name comes back with its next change
+    }
+    m_newName.reset();
+}
+
+std::unique_ptr<QObject> ZelBoxCloudDocWidget::handOver()
+{
+    auto visit = std::make_unique<CloudDocVisit>(m_logic);
+    visit->selected = m_view->selectedIds();
+    visit->current = m_view->currentId();
+    visit->undo = m_notices->offered();
+    visit->showsTransfers = m_panel->isOpen();
+    if (const QLineEdit *editor = nameEditor())
+        visit->newName = editor->text();
+    m_view->endRename();
+    return visit;
+}
+
+QLineEdit *ZelBoxCloudDocWidget::nameEditor() const
+{
+    return m_view->isRenaming() ? qobject_cast<QLineEdit *>(m_view->indexWidget(m_view->currentIndex()))
+                                : nullptr;
+}
+
+void ZelBoxCloudDocWidget::setHost(BoxPageHost *host)
+{
+    m_host = host;
+    m_host->setBusy(m_logic->isBusy());
 }
 
 QAction *ZelBoxCloudDocWidget::action(CloudCommand command) const
@@ -84,6 +150,10 @@ void ZelBoxCloudDocWidget::layOut()
 void ZelBoxCloudDocWidget::connectLogic()
 {
     connect(m_logic, &Logic::folderChanged, this, &ZelBoxCloudDocWidget::onFolderChanged);
+    connect(m_logic, &Logic::busyChanged, this, [this] {
+        if (m_host)
+            m_host->setBusy(m_logic->isBusy());
+    });
     connect(m_logic, &Logic::historyChanged, this, &ZelBoxCloudDocWidget::updateActions);
     connect(m_logic, &Logic::crumbsChanged, this,
         [this] { m_toolBar->crumbs()->setCrumbs(namedCrumbs(m_logic->crumbs())); });
@@ -338,6 +408,7 @@ void ZelBoxCloudDocWidget::showEvent(QShowEvent *event)
     QWidget::showEvent(event);
     if (!event->spontaneous() && m_logic->state() == Logic::State::Idle)
         m_logic->openRoot();
+    QMetaObject::invokeMethod(this, &ZelBoxCloudDocWidget::goOnNaming, Qt::QueuedConnection); // laid out
 }
 
 void ZelBoxCloudDocWidget::mousePressEvent(QMouseEvent *event)

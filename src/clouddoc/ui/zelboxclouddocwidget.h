@@ -7,6 +7,7 @@
 
 #include <QTimer>
 #include <QWidget>
+#include <optional>
 
 class ArrivedUploads;
 class CloudColumns;
@@ -14,10 +15,12 @@ class CloudDocCommands;
 class CloudDocListView;
 class CloudDocNotices;
 class CloudDocOpening;
+class CloudDocVisit;
 class CloudDocToolBar;
 class CloudListing;
 class CloudStatusLine;
 class QAction;
+class QLineEdit;
 class TransferPanel;
 
 /// The page of cloud documents: one folder of the drive at a time, and the transfers. GUI thread. Owns its
@@ -27,7 +30,9 @@ class ZelBoxCloudDocWidget : public QWidget, public BoxPage
 {
     Q_OBJECT
 public:
-    explicit ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *parent = nullptr); ///< proxy not owned
+    /// `proxy` is not owned. `before` is what another one has handed over; null: nothing.
+    explicit ZelBoxCloudDocWidget(
+        KCloudSvrProxy *proxy, QWidget *parent = nullptr, std::unique_ptr<QObject> before = nullptr);
 
     CloudDocLogic *logic() const { return m_logic; }
     CloudDocListView *view() const { return m_view; }
@@ -38,10 +43,11 @@ public:
     void setFilterText(const QString &text) override;
     QWidget *focusTarget() override;
     void findEnded(bool toFirstRow) override;
-    void setHost(BoxPageHost *host) override { m_host = host; }
+    void setHost(BoxPageHost *host) override;
     void pageHidden() override;
     bool openPlace(const QString &place) override;
     void setCloudSpace(qint64 used, qint64 total) override;
+    std::unique_ptr<QObject> handOver() override;
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -50,7 +56,12 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 
 private:
+    ZelBoxCloudDocWidget(KCloudSvrProxy *proxy, QWidget *parent, const CloudDocVisit *before);
+
     void layOut();
+    void goOn(const CloudDocVisit &before);
+    void goOnNaming();
+    QLineEdit *nameEditor() const; ///< null: no name is typed
     void connectLogic();
     void connectView();
     void connectParts();
@@ -85,4 +96,5 @@ private:
     QTimer m_countSoon;
     bool m_failedTransfers = false; // since the user looked
     bool m_selectOnReady = false;
+    std::optional<QString> m_newName; // that was typed for the current row in another window
 };

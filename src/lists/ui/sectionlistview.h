@@ -50,6 +50,7 @@ public:
     void setReturning(const QStringList &ids) { m_returning.expect(ids); }
     void beginRename(const QModelIndex &index); ///< of a row that can be edited; not while another one is
     bool isRenaming() const;
+    void endRename();                                 ///< without the name that is typed
     void requestMenuOfCurrent() { m_menu.request(); } ///< selects the current row for it
     /// Opens a menu of rows there; one that was asked for by keyboard has its first entry marked. While it is
     /// open, the pointer counts as on the row where it was.
@@ -97,7 +98,6 @@ protected:
 
 private:
     void bindKeys();
-    void endRename();
     bool leads(const QModelIndex &index) const;
     void setKeyboardLeads(bool leads);
     void moveByKey(QKeyEvent *event, bool ledBefore);

@@ -14,7 +14,7 @@ HostedPage::HostedPage(const zel::PageInfo &info, KCloudSvrProxy *cloud, QObject
 
 void HostedPage::make(QWidget *parent)
 {
-    const zel::MadePage made = m_info.make(m_cloud, parent);
+    const zel::MadePage made = m_info.make(m_cloud, parent, std::move(m_before));
     m_widget = made.widget;
     m_page = made.page;
     m_widget->setAccessibleName(m_info.title);
@@ -22,10 +22,19 @@ void HostedPage::make(QWidget *parent)
         return;
     m_page->setHost(this);
     m_page->setCloudSpace(m_usedSpace, m_totalSpace);
+    if (!m_filter.isEmpty())
+        m_page->setFilterText(m_filter);
     if (m_started)
         m_page->windowFirstShown();
     if (m_ready)
         m_page->windowReady();
+}
+
+void HostedPage::continueFrom(HostedPage &old)
+{
+    setFilter(old.m_filter);
+    if (!m_widget)
+        m_before = old.m_page ? old.m_page->handOver() : std::move(old.m_before);
 }
 
 void HostedPage::start()
@@ -56,8 +65,7 @@ void HostedPage::setChosen(bool chosen)
 
 void HostedPage::setFilter(const QString &text)
 {
-    m_filter = text;
-    if (m_page)
+    if (std::exchange(m_filter, text) != text && m_page)
         m_page->setFilterText(text);
 }
 
@@ -96,4 +104,10 @@ void HostedPage::setUnread(int count, int redPointCount)
 {
     m_unread = qBound(0, count, MostUnread);
     Q_EMIT unreadChanged(m_unread, redPointCount);
+}
+
+void HostedPage::setBusy(bool busy)
+{
+    if (std::exchange(m_busy, busy) != busy)
+        Q_EMIT busyChanged();
 }

@@ -19,9 +19,13 @@ public:
     const zel::PageInfo &info() const { return m_info; }
     QWidget *widget() const { return m_widget; } ///< null until it is made
     bool isSearchable() const { return m_page; }
+    bool isBusy() const { return m_busy; } ///< see BoxPageHost::setBusy()
     QString filter() const { return m_filter; }
     int unreadCount() const { return m_unread; }
 
+    /// Takes over from `old`, which goes with its window: the text that it is searched for, and what its page
+    /// hands over if this one is not made yet.
+    void continueFrom(HostedPage &old);
     void start();                ///< the box has come up; later calls do nothing
     void tellReady();            ///< the window stands on the screen, started; likewise
     void setChosen(bool chosen); ///< or another page was
@@ -36,12 +40,14 @@ public:
     void beginFinding(const QString &typed) override { Q_EMIT findingBegun(typed); }
     void clearFilter() override { Q_EMIT filterCleared(); }
     void setUnread(int count, int redPointCount) override;
+    void setBusy(bool busy) override;
     void openSettings(const QString &settingsPage) override { Q_EMIT settingsRequested(settingsPage); }
 
 Q_SIGNALS:
     void findingBegun(const QString &typed);
     void filterCleared();
     void unreadChanged(int count, int redPointCount);
+    void busyChanged();
     void settingsRequested(const QString &settingsPage);
 
 private:
@@ -49,7 +55,9 @@ private:
     KCloudSvrProxy *m_cloud;
     QWidget *m_widget = nullptr;
     BoxPage *m_page = nullptr;
+    std::unique_ptr<QObject> m_before; ///< handed over to the page that is to be made
     QString m_filter;
+    bool m_busy = false;
     int m_unread = 0;
     qint64 m_usedSpace = -1;
     qint64 m_totalSpace = 0;

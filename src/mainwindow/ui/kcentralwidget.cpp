@@ -85,6 +85,7 @@ void KCentralWidget::addPage(const zel::PageInfo &info)
             m_pages.at(number)->setFilter({});
     });
     connect(added, &HostedPage::settingsRequested, this, &KCentralWidget::settingsRequested);
+    connect(added, &HostedPage::busyChanged, this, &KCentralWidget::busyChanged);
     connect(added, &HostedPage::unreadChanged, this,
         [this, number](int count, int redPointCount) { Q_EMIT unreadChanged(number, count, redPointCount); });
 }
@@ -147,6 +148,20 @@ int KCentralWidget::unreadCount() const
 {
     return std::accumulate(m_pages.cbegin(), m_pages.cend(), 0,
         [](int sum, const HostedPage *each) { return sum + each->unreadCount(); });
+}
+
+bool KCentralWidget::isBusy() const
+{
+    return std::any_of(
+        m_pages.cbegin(), m_pages.cend(), [](const HostedPage *each) { return each->isBusy(); });
+}
+
+void KCentralWidget::continueFrom(KCentralWidget &old)
+{
+    for (int number = 0; number < pageCount(); ++number)
+        m_pages.at(number)->continueFrom(*old.m_pages.at(number));
+    selectPage(old.m_currentPage);
+    m_titleBar->searchBox()->setText(m_pages.at(m_currentPage)->filter());
 }
 
 void KCentralWidget::forEachPage(void (HostedPage::*tell)()) const

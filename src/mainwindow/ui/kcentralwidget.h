@@ -38,12 +38,16 @@ public:
     void focusPage();                             ///< the keyboard goes into the chosen page
     void beginFinding(const QString &typed);      ///< in the search field
     int unreadCount() const;                      ///< of all pages
-    void startPages();                            ///< the box has come up; later calls do nothing
+    bool isBusy() const;                          ///< any page: see BoxPageHost::setBusy()
+    /// Takes the place of `old`, which goes: its page, what each page is searched for, what goes on there.
+    void continueFrom(KCentralWidget &old);
+    void startPages();    ///< the box has come up; later calls do nothing
     void tellReady();     ///< the window stands on the screen; the pages are started, too
     void releaseMemory(); ///< of every page that was made
 
 Q_SIGNALS:
     void unreadChanged(int number, int count, int redPointCount);
+    void busyChanged(); ///< isBusy(), perhaps
     void settingsRequested(const QString &settingsPage);
 
 protected:

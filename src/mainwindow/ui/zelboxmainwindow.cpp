@@ -155,7 +155,7 @@ void ZelBoxMainWindow::continueFrom(const ZelBoxMainWindow &old)
     m_placement.takeOver(old.m_placement);
     setWindowState(old.windowState() & ~Qt::WindowActive);
     setAttribute(Qt::WA_ShowWithoutActivating, !old.isActiveWindow());
-    m_central->selectPage(old.central()->currentPage());
+    m_central->continueFrom(*old.central());
 }
 
 void ZelBoxMainWindow::startHidden()

@@ -26,8 +26,8 @@ public:
     /// Where the start came from, for the telemetry of the first show; "normal" unless told otherwise.
     void setShowSource(const QString &source) { m_showSource = source; }
 
-    /// Takes the place of `old` on its screen, in its state and on its page, before the first show. What that
-    /// one has reported is not reported again.
+    /// Takes the place of `old`, which goes next, on its screen, in its state and on its page, before the
+    /// first show. What that one has reported is not reported again.
     void continueFrom(const ZelBoxMainWindow &old);
     /// The pages load what is to be told without a window (unread counts); the first show is still to come.
     void startHidden();
