@@ -67,6 +67,28 @@ private Q_SLOTS:
             QByteArray("2024-02-29T07:08:09.010 42 W ") + tail);
     }
 
+    void toolkitNamesNoDocuments_data()
+    {
+        const auto row = zeltest::table<QString, QString>("text", "logged");
+        row("default", "QIODevice::read (QFile, \"/home/u/a \"b\".odt\"): device not open",
+            "QIODevice::read (QFile, \"…\"): device not open");
+        row("none", "inotify_add_watch(/home/u/My (old) plan.odt) failed: No space left",
+            "inotify_add_watch(…) failed: No space left");
+        row("qt.svg", "Cannot open file 'plan.svg', because: it isn't there",
+            "Cannot open file '…', because: it isn't there");
+        row("kf.service", "Could not find /home/u/My plan.odt", "Could not find …");
+        row("qt.x", "cannot read file:///home/u/My%20plan", "cannot read …");
+        row("qt.y", "a/b is not 1/2, and it's 'so'", "a/b is not 1/2, and it's '…'");
+        row("qt.qpa.plugin", "Could not load \"xcb\" in \"/usr/lib\"",
+            "Could not load \"xcb\" in \"/usr/lib\"");
+        row("zel.app", "told of /run/user", "told of /run/user");
+    }
+    void toolkitNamesNoDocuments()
+    {
+        QFETCH(QString, text);
+        QTEST(zel::platform::withoutNames(QTest::currentDataTag(), text), "logged");
+    }
+
     void fromInitToClear()
     {
         const QtMessageHandler earlier = qInstallMessageHandler(hostHandler);

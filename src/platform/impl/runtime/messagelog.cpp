@@ -3,6 +3,7 @@
 #include "rotatingfile.h"
 
 #include <QCoreApplication>
+#include <QRegularExpression>
 
 #include <memory>
 #include <mutex>
@@ -72,6 +73,26 @@ QString onOneLine(QString text)
     return line;
 }
 
+// From the first to the last quote: a name may have quotes of its own. Within a word it is an apostrophe.
+void coverQuoted(QString *text, const QString &quote)
+{
+    const QRegularExpression quoted(
+        QStringLiteral("(?<!\\w)%1.*%1(?!\\w)").arg(quote), QRegularExpression::DotMatchesEverythingOption);
+    text->replace(quoted, quote + QChar(0x2026) + quote);
+}
+
+// A path may have blanks, so it goes to the end, or to that of the brackets around it.
+void coverPath(QString *text)
+{
+    static const QRegularExpression begin(QStringLiteral("(?<![\\w./:])(file:/*|/)(?=[^\\s/])"));
+    const int first = text->indexOf(begin);
+    if (first < 0)
+        return;
+    const bool bracketed = first > 0 && text->at(first - 1) == QLatin1Char('(');
+    const int last = bracketed ? text->lastIndexOf(QLatin1Char(')')) : -1;
+    text->replace(first, (last > first ? last : text->size()) - first, QChar(0x2026));
+}
+
 void writeToStderr(const QByteArray &line)
 {
     const QByteArray bytes = line + '\n';
@@ -86,8 +107,8 @@ void handleMessage(QtMsgType type, const QMessageLogContext &context, const QStr
         const std::lock_guard lock(log.mutex);
         file = log.file;
     }
-    const QByteArray line = formatLogLine(
-        QDateTime::currentDateTime(), type, context.category, text, QCoreApplication::applicationPid());
+    const QByteArray line = formatLogLine(QDateTime::currentDateTime(), type, context.category,
+        withoutNames(context.category, text), QCoreApplication::applicationPid());
     const bool written = file && file->append(line);
     const bool serious = type != QtDebugMsg && type != QtInfoMsg;
     if (!written || serious || log.hasTerminal)
@@ -95,6 +116,18 @@ void handleMessage(QtMsgType type, const QMessageLogContext &context, const QStr
 }
 
 } // namespace
+
+QString withoutNames(const char *category, const QString &text)
+{
+    const QByteArray by(category);
+    if (by.startsWith("zel.") || by.startsWith("qt.qpa.plugin") || by.startsWith("qt.core.plugin"))
+        return text;
+    QString covered = text;
+    coverQuoted(&covered, QStringLiteral("\""));
+    coverQuoted(&covered, QStringLiteral("'"));
+    coverPath(&covered);
+    return covered;
+}
 
 QByteArray formatLogLine(
     const QDateTime &time, QtMsgType type, const char *category, const QString &text, qint64 processId)

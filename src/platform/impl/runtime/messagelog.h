@@ -16,6 +16,11 @@ void installMessageLog(const QString &path);
 /// one.
 void removeMessageLog();
 
+/// What may be a name or path in a message of the toolkit or of a library gives way to "…": they know nothing
+/// of the rule that documents are not named in the log. Our own categories ("zel.…") keep it themselves, and
+/// what is said of plugins is left as it is.
+QString withoutNames(const char *category, const QString &text);
+
 /// One line without newline: local time with milliseconds, process id, level letter, category, text.
 /// Control characters of `text` are escaped and overlong texts cut.
 QByteArray formatLogLine(
