@@ -23,7 +23,7 @@ void BoxExit::ask(bool exitWanted, ZelBoxCloudSvr *cloud)
         connect(dialog, &ZelBoxExitDialog::exitChosen, this, &BoxExit::quitLater);
         connect(dialog, &ZelBoxExitDialog::backgroundChosen, this, &BoxExit::backgroundChosen);
         connect(dialog, &QDialog::rejected, this, &BoxExit::declined);
-        zel::tellWhatGoesOn(cloud, dialog);
+        GoingOn::tell(cloud, dialog);
     };
     m_dialogs.present<ZelBoxExitDialog>(m_windows.frontWindow(), setUp)->setExitWanted(exitWanted);
 }

@@ -42,6 +42,7 @@ void BoxPresence::startTray()
     connect(m_tray, &ZelBoxTray::exitRequested, this, [this] { m_commands.quitLater(); });
     m_tray->setState(m_trayState);
     m_tray->setUnread(m_unread);
+    m_tray->setTransfers(m_transfers);
 }
 
 void BoxPresence::stop()
@@ -75,6 +76,13 @@ void BoxPresence::setUnread(int count)
     m_unread = count;
     if (m_tray)
         m_tray->setUnread(count);
+}
+
+void BoxPresence::setTransfers(int underWay)
+{
+    m_transfers = underWay;
+    if (m_tray)
+        m_tray->setTransfers(underWay);
 }
 
 // A panel that crashes comes back at once.

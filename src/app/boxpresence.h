@@ -22,6 +22,7 @@ public:
     bool hasTray() const;                    ///< a tray shows the icon at this moment
     void setTrayState(const QString &state); ///< shown there; kept while there is no icon
     void setUnread(int count);               ///< the same
+    void setTransfers(int underWay);         ///< the same
 
 Q_SIGNALS:
     void trayClicked();
@@ -36,4 +37,5 @@ private:
     DesktopActivation *m_activation = nullptr;
     QString m_trayState;
     int m_unread = 0;
+    int m_transfers = 0;
 };

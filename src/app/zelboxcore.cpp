@@ -7,6 +7,7 @@
 #include "app/boxwindows.h"
 #include "app/commanddispatcher.h"
 #include "app/commandline.h"
+#include "app/goingon.h"
 #include "app/memory.h"
 #include "app/pagelist.h"
 #include "app/selftest.h"
@@ -76,7 +77,8 @@ ZelBoxCore::ZelBoxCore(ZelBoxCloudSvr *cloudService)
       m_clientProxy(new ZelBoxClientSvrProxy(this)),
       m_presence(new BoxPresence(*this, this)),
       m_background(new BackgroundMode(*this, *m_presence, this)),
-      m_exit(new BoxExit(*m_windows, m_dialogs, this))
+      m_exit(new BoxExit(*m_windows, m_dialogs, this)),
+      m_goingOn(new GoingOn(this))
 {
     connect(ZelBoxIpc::instance(), &ZelBoxIpc::ipcTransmission, this, &ZelBoxCore::onIpcTransmission);
     connect(this, &ZelBoxCore::firstMainWindowShown, this, &ZelBoxCore::onFirstMainWindowShown);
@@ -96,6 +98,7 @@ void ZelBoxCore::connectWindows()
             widget, &ZelBoxMiniWidget::sigMiniWindowAboutToHide, this, &ZelBoxCore::sigMiniWindowAboutToHide);
     });
     connect(m_windows, &BoxWindows::languageChosen, this, &ZelBoxCore::onLanguageChosen);
+    connect(m_goingOn, &GoingOn::changed, m_presence, &BoxPresence::setTransfers);
     connect(m_windows, &BoxWindows::remade, m_presence, &BoxPresence::remakeTray);
     connect(m_background, &BackgroundMode::entered, this, &ZelBoxCore::onBackgroundEntered);
 }
@@ -154,6 +157,7 @@ ZelBoxCloudSvr *ZelBoxCore::cloudService()
     connect(this, &ZelBoxCore::firstMainWindowShown, m_cloudService, &ZelBoxCloudSvr::onFirstMainWindowShown,
         Qt::UniqueConnection);
     m_cloudService->addClientProxy(m_clientProxy);
+    m_goingOn->follow(m_cloudService);
     return m_cloudService;
 }
 

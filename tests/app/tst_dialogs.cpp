@@ -1,4 +1,6 @@
 // Every dialog of the box, as it is painted: one frame, and texts that can be read.
+#include "account_types.h"
+#include "app/goingon.h"
 #include "app/ui/endingdialog.h"
 #include "app/ui/folderselectordlg.h"
 #include "app/ui/syncfolderdlg.h"
@@ -147,6 +149,26 @@ private Q_SLOTS:
             QCOMPARE(exits.count(), 1);
             QCOMPARE(stays.count(), wanted ? 0 : 1);
         }
+    }
+
+    // Each change is asked about, and a service that goes takes what it did along.
+    void transfersAreTold()
+    {
+        GoingOn goingOn;
+        QSignalSpy changed(&goingOn, &GoingOn::changed);
+        goingOn.follow(&m_cloud);
+        m_cloud.connectNow();
+        const auto answer = [&](int count) {
+            return m_cloud.answer(
+                "notifyExit", filled(&zel::vela::NotifyExitResult::runningTaskCount, count));
+        };
+        QVERIFY(answer(0));
+        m_cloud.push("notifyFileTransfer", zel::vela::NotifyFileTransferArg());
+        m_cloud.push("notifyFileTransfer", zel::vela::NotifyFileTransferArg());
+        QTRY_COMPARE(m_cloud.waiting("notifyExit"), 1);
+        QVERIFY(answer(2));
+        m_cloud.disconnectNow();
+        QCOMPARE(changed, QList<QVariantList>({{2}, {0}}));
     }
 
 private:

@@ -207,7 +207,9 @@ private Q_SLOTS:
         tray.setUnread(0);
         QCOMPARE(pictures().last().argb, plain.last().argb);
         tray.setState("a < b"_s);
-        QCOMPARE(qdbus_cast<TrayToolTip>(watcher.property("ToolTip")).text, "a &lt; b"_s);
+        tray.setTransfers(2);
+        QCOMPARE(qdbus_cast<TrayToolTip>(watcher.property("ToolTip")).text,
+            "a &lt; b · 2 transfer(s) under way"_s);
     }
 
     void clicks()

@@ -70,11 +70,21 @@ void ZelBoxTray::setUnread(int count)
     updateText();
 }
 
+void ZelBoxTray::setTransfers(int underWay)
+{
+    m_transfers = underWay;
+    updateText();
+}
+
 void ZelBoxTray::updateText()
 {
-    QString text = m_state;
-    if (text.isEmpty() && m_unread > 0)
-        text = tr("%Ln new or changed document(s)", nullptr, m_unread);
+    QStringList parts{m_state};
+    if (m_state.isEmpty() && m_unread > 0)
+        parts << tr("%Ln new or changed document(s)", nullptr, m_unread);
+    if (m_transfers > 0)
+        parts << tr("%Ln transfer(s) under way", nullptr, m_transfers);
+    parts.removeAll(QString());
+    const QString text = parts.join(QStringLiteral(" · "));
     m_item->setText(text);
     if (!m_fallback)
         return;

@@ -20,6 +20,7 @@ public:
 
     void setState(const QString &state); ///< shown in the tool tip; empty: none
     void setUnread(int count);           ///< as a badge; a rising number asks for attention
+    void setTransfers(int underWay);     ///< said by the tool tip: they go on while no window shows them
 
     /// A tray shows the icon at this moment. False while that is not known yet.
     bool reachable() const;
@@ -47,5 +48,6 @@ private:
     std::unique_ptr<QSystemTrayIcon> m_fallback;
     QString m_state;
     int m_unread = 0;
+    int m_transfers = 0;
     bool m_told = false; // what reachableChanged() told last
 };
