@@ -82,6 +82,14 @@ protected:
         return found == buttons.cend() ? nullptr : *found;
     }
 
+    QString said() const ///< by the notices that show
+    {
+        QString text;
+        for (const NoticeBar *each : page()->findChildren<NoticeBar *>())
+            text += each->isVisible() ? each->text() : QString();
+        return text;
+    }
+
     QStringList events() const ///< telemetry, one line each
     {
         QFile file(qEnvironmentVariable("XDG_STATE_HOME") + "/zelbox/telemetry.jsonl"_s);

@@ -79,4 +79,9 @@ inline void execute(const Home &home, const char *sql)
     database.exec(sql);
 }
 
+inline bool lock(const Home &home, zel::sqlite::Database &other) ///< also for readers, until that is closed
+{
+    return other.open(home.places.database) && other.exec("PRAGMA locking_mode=EXCLUSIVE; BEGIN EXCLUSIVE");
+}
+
 } // namespace zel::recent::test

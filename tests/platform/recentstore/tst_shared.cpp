@@ -79,8 +79,7 @@ private Q_SLOTS:
         Home home;
         fillDatabase(home);
         zel::sqlite::Database other;
-        QVERIFY(other.open(home.places.database) && other.exec("PRAGMA locking_mode=EXCLUSIVE"));
-        QVERIFY(other.exec("BEGIN EXCLUSIVE"));
+        QVERIFY(lock(home, other));
         Opened store(home);
         store.repository.wipe();
         store.note(C, 50);

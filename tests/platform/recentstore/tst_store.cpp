@@ -254,8 +254,7 @@ private Q_SLOTS:
         }
         {
             zel::sqlite::Database other;
-            QVERIFY(other.open(home.places.database) && other.exec("PRAGMA locking_mode=EXCLUSIVE"));
-            QVERIFY(other.exec("BEGIN EXCLUSIVE"));
+            QVERIFY(lock(home, other));
             LoadedStore store(home);
             QCOMPARE(store.shown(), "c:32 b:32 a:64"_s);
             QCOMPARE(store.keeping.takeFirst().at(0).value<RecentKeeping>(), RecentKeeping::NotKept);

@@ -161,8 +161,7 @@ private Q_SLOTS:
         XbelImporter importer(
             home.places, {{DesktopSourceName, *stampOf(list)}}, nullptr, std::chrono::milliseconds(patience));
         QStringList said;
-        connect(&importer, &XbelImporter::imported, this, [&](const XbelImport &import) {
-            QVERIFY(import.intact);
+        connect(&importer, &XbelImporter::imported, this, [&said](const XbelImport &import) {
             said << "%1 %2"_s.arg(import.entries.size()).arg(import.entries.value(0).path);
         });
         if (what.startsWith("emptied"))
@@ -181,8 +180,6 @@ private Q_SLOTS:
         }
         QTRY_COMPARE(said.size(), 1);
         QTEST(said.constFirst(), "says");
-        importer.scan(); // says it once
-        QCOMPARE(said.size(), 1);
     }
 
 private:
