@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QDBusConnection>
+#include <QDBusMessage>
+#include <QDBusVirtualObject>
 
 /// A session bus of the test's own, without the services that are installed on the machine. Make it before
 /// the first use of QDBusConnection::sessionBus(). A second connection plays the desktop's side.
@@ -44,4 +46,35 @@ private:
 
     QTemporaryDir m_folder;
     QProcess m_daemon;
+};
+
+/// A program of the desktop on that bus, as long as this lives. It says what `answer` makes of a call;
+/// nothing when that is no message.
+class DesktopService : public QDBusVirtualObject
+{
+public:
+    using Answer = std::function<QDBusMessage(const QDBusMessage &call)>;
+
+    DesktopService(const QString &name, const QString &path, Answer answer)
+        : m_name(name), m_path(path), m_answer(std::move(answer))
+    {
+        m_bus.registerVirtualObject(m_path, this, QDBusConnection::SubPath);
+        m_bus.registerService(m_name);
+    }
+    ~DesktopService() override
+    {
+        m_bus.unregisterService(m_name);
+        m_bus.unregisterObject(m_path, QDBusConnection::UnregisterTree);
+    }
+    QString introspect(const QString &) const override { return {}; }
+    bool handleMessage(const QDBusMessage &call, const QDBusConnection &bus) override
+    {
+        const QDBusMessage reply = m_answer(call);
+        return reply.type() == QDBusMessage::InvalidMessage || bus.send(reply);
+    }
+
+private:
+    QDBusConnection m_bus = PrivateBus::desktop();
+    const QString m_name, m_path;
+    const Answer m_answer;
 };

@@ -6,10 +6,8 @@
 #include "tray/traylink.h"
 #include "tray/ui/zelboxtray.h"
 
-#include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusVariant>
-#include <QDBusVirtualObject>
 
 /// The tray: a watcher with or without a host, on a connection of its own. Its end is a panel's crash.
 class FakeWatcher : public QObject
@@ -70,24 +68,6 @@ private:
     bool m_host;
     QString m_name;
     QDBusConnection m_bus{QString()};
-};
-
-/// A panel that hangs: its questions end without an answer until it goes on.
-class HangingPanel : public QDBusVirtualObject
-{
-    Q_OBJECT
-public:
-    bool hangs = true;
-    int asked = 0;
-
-    QString introspect(const QString &) const override { return {}; }
-    bool handleMessage(const QDBusMessage &call, const QDBusConnection &bus) override
-    {
-        ++asked;
-        bus.send(hangs ? call.createErrorReply(QDBusError::NoReply, "in time"_s)
-                       : call.createReply(QVariant::fromValue(QDBusVariant(true))));
-        return true;
-    }
 };
 
 /// What the tray asked for, in order.
@@ -157,14 +137,19 @@ private Q_SLOTS:
     void hangingPanel()
     {
         QDBusConnection desktop = PrivateBus::desktop();
-        HangingPanel panel;
-        desktop.registerVirtualObject("/StatusNotifierWatcher"_s, &panel);
-        desktop.registerService("org.kde.StatusNotifierWatcher"_s);
+        bool hangs = true;
+        int asked = 0;
+        const DesktopService panel(
+            "org.kde.StatusNotifierWatcher"_s, "/StatusNotifierWatcher"_s, [&](const QDBusMessage &call) {
+                ++asked;
+                return hangs ? call.createErrorReply(QDBusError::NoReply, "in time"_s)
+                             : call.createReply(QVariant::fromValue(QDBusVariant(true)));
+            });
         StatusNotifierItem item;
         TrayLink link(&item, nullptr);
         QSignalSpy settled(&link, &TrayLink::settled);
         link.start();
-        QTRY_VERIFY(panel.asked > 0);
+        QTRY_VERIFY(asked > 0);
         for (int n = 0; n < 4; ++n) { // what was sent before has come then
             const QDBusMessage ask = QDBusMessage::createMethodCall(
                 "org.freedesktop.DBus"_s, "/"_s, "org.freedesktop.DBus"_s, "GetId"_s);
@@ -172,12 +157,10 @@ private Q_SLOTS:
             QVERIFY(QSignalSpy(&call, &QDBusPendingCallWatcher::finished).wait());
         }
         QCOMPARE(settled.count(), 0);
-        panel.hangs = false;
+        hangs = false;
         desktop.send(QDBusMessage::createSignal(
             "/StatusNotifierWatcher"_s, "org.kde.StatusNotifierWatcher"_s, "StatusNotifierHostRegistered"_s));
         QTRY_VERIFY(link.isShown());
-        desktop.unregisterService("org.kde.StatusNotifierWatcher"_s);
-        desktop.unregisterObject("/StatusNotifierWatcher"_s);
     }
 
     void badge()

@@ -6,58 +6,35 @@
 #include "widgets/localfiledialog.h"
 
 #include <QDBusArgument>
-#include <QDBusMessage>
 #include <QDBusVariant>
-#include <QDBusVirtualObject>
 
 using Question = zel::FileQuestion;
 Q_DECLARE_METATYPE(Question::Kind)
 
-/// As portals are, with whatever the test says it to be.
-class FakePortal : public QDBusVirtualObject
+/// As portals are, of this version; 0: it hangs.
+struct FakePortal
 {
-    Q_OBJECT
-public:
-    explicit FakePortal(uint version) : m_version(version) // 0: it hangs
+    QDBusMessage answer(const QDBusMessage &call)
     {
-        m_bus.registerVirtualObject("/org/freedesktop/portal/desktop"_s, this, QDBusConnection::SubPath);
-        m_bus.registerService("org.freedesktop.portal.Desktop"_s);
-    }
-    ~FakePortal() override
-    {
-        m_bus.unregisterObject("/org/freedesktop/portal/desktop"_s, QDBusConnection::UnregisterTree);
-        m_bus.unregisterService("org.freedesktop.portal.Desktop"_s);
-    }
-    QString introspect(const QString &) const override { return {}; }
-    bool handleMessage(const QDBusMessage &call, const QDBusConnection &bus) override
-    {
-        const QString member = call.member();
-        if (member == "Get"_s && m_version > 0)
-            bus.send(call.createReply(QVariant::fromValue(QDBusVariant(m_version))));
-        if (member == "Close"_s)
+        if (call.member() == "Get"_s && version > 0)
+            return call.createReply(QVariant::fromValue(QDBusVariant(version)));
+        if (call.member() == "Close"_s)
             closed = call.path();
-        if (member != "OpenFile"_s)
-            return true;
+        if (call.member() != "OpenFile"_s)
+            return {};
         options = qdbus_cast<QVariantMap>(call.arguments().value(2));
         request = "/org/freedesktop/portal/desktop/request/%1/%2"_s.arg(
             call.service().mid(1).replace(QLatin1Char('.'), QLatin1Char('_')),
             options.value("handle_token"_s).toString());
-        bus.send(call.createReply(QVariant::fromValue(QDBusObjectPath(request))));
-        return true;
-    }
-    void respond(uint code, const QStringList &uris)
-    {
-        m_bus.send(QDBusMessage::createSignal(request, "org.freedesktop.portal.Request"_s, "Response"_s)
-            << code << QVariantMap{{"uris"_s, uris}});
+        return call.createReply(QVariant::fromValue(QDBusObjectPath(request)));
     }
 
-    QVariantMap options;
-    QString request;
-    QString closed;
-
-private:
-    const uint m_version;
-    QDBusConnection m_bus = PrivateBus::desktop();
+    uint version;
+    QVariantMap options = {};
+    QString request = {};
+    QString closed = {};
+    DesktopService service{"org.freedesktop.portal.Desktop"_s, "/org/freedesktop/portal/desktop"_s,
+        [this](const QDBusMessage &call) { return answer(call); }};
 };
 
 class TestFileChooser : public QObject
@@ -79,7 +56,7 @@ private Q_SLOTS:
     void desktopIsAsked()
     {
         const auto [kind, code, uris] = zeltest::row<Question::Kind, int, QString>();
-        FakePortal portal(3);
+        FakePortal portal{3};
         QStringList chosen;
         auto page = std::make_unique<QWidget>();
         for (int twice = 0; twice < 2; ++twice)
@@ -93,7 +70,9 @@ private Q_SLOTS:
             QTRY_COMPARE(portal.closed, portal.request);
             return;
         }
-        portal.respond(uint(code), uris.split(QLatin1Char(' ')));
+        PrivateBus::desktop().send(
+            QDBusMessage::createSignal(portal.request, "org.freedesktop.portal.Request"_s, "Response"_s)
+            << uint(code) << QVariantMap{{"uris"_s, uris.split(QLatin1Char(' '))}});
         QTRY_VERIFY(!page->findChild<FileChooser *>());
         QTEST(chosen.join(QLatin1Char(' ')), "chosen");
         QVERIFY(!page->findChild<QDialog *>());
@@ -106,7 +85,7 @@ private Q_SLOTS:
     void withoutAPortal()
     {
         QFETCH(int, version);
-        const std::unique_ptr<FakePortal> portal(version < 0 ? nullptr : new FakePortal(uint(version)));
+        const std::unique_ptr<FakePortal> portal(version < 0 ? nullptr : new FakePortal{uint(version)});
         QWidget page;
         page.show();
         QStringList chosen;

@@ -76,8 +76,7 @@ private Q_SLOTS:
             "inotify_add_watch(…) failed: No space left");
         row("qt.svg", "Cannot open file 'plan.svg', because: it isn't there",
             "Cannot open file '…', because: it isn't there");
-        row("kf.service", "Could not find /home/u/My plan.odt", "Could not find …");
-        row("qt.x", "cannot read file:///home/u/My%20plan", "cannot read …");
+        row("kf.service", "Could not find file:///home/u/My plan.odt", "Could not find …");
         row("qt.y", "a/b is not 1/2, and it's 'so'", "a/b is not 1/2, and it's '…'");
         row("qt.qpa.plugin", "Could not load \"xcb\" in \"/usr/lib\"",
             "Could not load \"xcb\" in \"/usr/lib\"");
