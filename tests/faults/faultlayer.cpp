@@ -7,6 +7,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <string>
@@ -139,4 +140,12 @@ ZEL_LAYER(int, -1, stat64, Kind::Looks, (Kind::Looks, AT_FDCWD, name),
     (const char *name, struct stat64 *status) noexcept, (name, status))
 ZEL_LAYER(int, -1, lstat64, Kind::Looks, (Kind::Looks, AT_FDCWD, name),
     (const char *name, struct stat64 *status) noexcept, (name, status))
+ZEL_LAYER(int, -1, stat, Kind::Looks, (Kind::Looks, AT_FDCWD, name),
+    (const char *name, struct stat *status) noexcept, (name, status))
+ZEL_LAYER(int, -1, fstatat, Kind::Looks, (Kind::Looks, fd, name),
+    (int fd, const char *name, struct stat *status, int flags) noexcept, (fd, name, status, flags))
+ZEL_LAYER(int, -1, mkdir, Kind::Writes, (Kind::Writes, AT_FDCWD, name),
+    (const char *name, mode_t mode) noexcept, (name, mode))
+ZEL_LAYER(dirent *, nullptr, readdir, Kind::Reads, (Kind::Reads, ::dirfd(folder)), (DIR * folder), (folder))
+ZEL_FD(int, fstat, Kind::Looks, (int fd, struct stat *status) noexcept, (fd, status))
 ZEL_FD(int, fstat64, Kind::Looks, (int fd, struct stat64 *status) noexcept, (fd, status))

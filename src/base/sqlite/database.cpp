@@ -33,6 +33,14 @@ Failure classify(int code)
     }
 }
 
+// A page that the disk does not give is told as a damaged one.
+bool isUnread(sqlite3 *handle)
+{
+    int reason = 0;
+    return handle && sqlite3_file_control(handle, "main", SQLITE_FCNTL_LAST_ERRNO, &reason) == SQLITE_OK
+        && reason != 0;
+}
+
 // A shared memory or journal file that cannot grow is told as an I/O error.
 bool isOutOfSpace(sqlite3 *handle, int code)
 {
@@ -62,7 +70,13 @@ void Database::close()
     if (m_handle)
         sqlite3_close(m_handle);
     m_handle = nullptr;
+    m_refusedWriting = false;
     clearFailure();
+}
+
+bool Database::isReadOnly() const
+{
+    return m_handle && (m_refusedWriting || sqlite3_db_readonly(m_handle, "main") == 1);
 }
 
 bool Database::exec(const char *sql)
@@ -111,6 +125,9 @@ void Database::note(int code)
     if (m_failure != Failure::None || classify(code) == Failure::None)
         return;
     m_failure = classify(code);
+    if (m_failure == Failure::Damaged && isUnread(m_handle))
+        m_failure = Failure::Unavailable;
+    m_refusedWriting = m_refusedWriting || (code & 0xff) == SQLITE_READONLY;
     m_ranOutOfSpace = isOutOfSpace(m_handle, code);
     const bool last = m_handle && sqlite3_extended_errcode(m_handle) == code;
     const char *text = last ? sqlite3_errmsg(m_handle) : sqlite3_errstr(code);

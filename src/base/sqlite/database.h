@@ -27,6 +27,8 @@ public:
     bool open(const QString &file); ///< makes it when missing
     void close();
     bool isOpen() const { return m_handle; }
+    /// SQLite opens a file for reading alone when it fails, be it once, to open it for writing.
+    bool isReadOnly() const;
 
     bool exec(const char *sql);
     /// Keeps the journal as a write-ahead log from now on. Waits for others like every statement.
@@ -48,6 +50,7 @@ private:
     Failure m_failure = Failure::None;
     QString m_failureText;
     bool m_ranOutOfSpace = false;
+    bool m_refusedWriting = false; ///< since it was opened
 };
 
 /// A prepared statement. After a failure, also one of the connection's before it, nothing happens and no row

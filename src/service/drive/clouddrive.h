@@ -58,7 +58,8 @@ public:
     virtual DriveResult<DriveItem> copy(const QString &id, const QString &parentId, const QString &name,
         DriveConflict conflict, const DriveProgress &progress, int *leftOut = nullptr) = 0;
 
-    /// For good, past the trash, also when the disk is full.
+    /// For good, past the trash, also when the disk is full. A folder of which something is gone is gone,
+    /// too: what cannot be removed at once is removed later, out of sight. So is what is purged.
     virtual DriveDone remove(const QString &id) = 0;
     virtual DriveResult<DriveTrashItem> trash(const QString &id) = 0;
     virtual DriveResult<QVector<DriveTrashItem>> listTrash() = 0;

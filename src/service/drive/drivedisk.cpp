@@ -166,19 +166,21 @@ std::optional<QVector<QByteArray>> namesIn(int folder)
     return names;
 }
 
-bool removeTree(int folder, const QByteArray &name, int depth)
+bool removeTree(int folder, const QByteArray &name, int depth, bool &begun)
 {
-    if (::unlinkat(folder, name.constData(), 0) == 0 || errno == ENOENT)
+    if (::unlinkat(folder, name.constData(), 0) == 0)
+        return begun = true;
+    if (errno == ENOENT)
         return true;
     if ((errno != EISDIR && errno != EPERM) || depth > 2 * DeepestFolder)
         return false;
     const UniqueFd inner(::openat(folder, name.constData(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
-    const auto names = namesIn(inner.get());
-    if (!inner || !names)
+    const auto names = inner ? namesIn(inner.get()) : std::nullopt;
+    if (!names)
         return false;
     ::fchmod(inner.get(), 0700); // a copy may already have permissions that forbid this
     for (const QByteArray &child : *names) {
-        if (!removeTree(inner.get(), child, depth + 1))
+        if (!removeTree(inner.get(), child, depth + 1, begun))
             return false;
     }
     return ::unlinkat(folder, name.constData(), AT_REMOVEDIR) == 0;
@@ -253,6 +255,11 @@ std::optional<Entry> entryOf(int fd)
     return toEntry(status);
 }
 
+bool isReadableName(const QByteArray &name)
+{
+    return QString::fromUtf8(name).toUtf8() == name;
+}
+
 DriveResult<QVector<Entry>> entriesOf(int folder, const QByteArray &root, int &unreadable)
 {
     const Folder content = readFolder(folder);
@@ -264,7 +271,7 @@ DriveResult<QVector<Entry>> entriesOf(int folder, const QByteArray &root, int &u
         const QByteArray name(found->d_name);
         if (isDotName(found->d_name) || name.startsWith(HiddenPrefix))
             continue;
-        if (QString::fromUtf8(name).toUtf8() != name)
+        if (!isReadableName(name))
             ++unreadable;
         else if (auto entry = entryAt(folder, name, root))
             entries.append(std::move(*entry));
@@ -343,9 +350,13 @@ int usualMode()
     return known ? 0666 & ~mask : 0600;
 }
 
-bool removeTree(int folder, const QString &name)
+bool removeTree(int folder, const QString &name, bool *begun)
 {
-    return removeTree(folder, name.toUtf8(), 0);
+    bool any = false;
+    const bool gone = removeTree(folder, name.toUtf8(), 0, any);
+    if (begun)
+        *begun = any;
+    return gone;
 }
 
 } // namespace zel::service::disk

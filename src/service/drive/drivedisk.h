@@ -46,6 +46,8 @@ UniqueFd openFolder(int parent, const QString &name);
 std::optional<Entry> entryAt(int folder, const QString &name, const QByteArray &root);
 std::optional<Entry> entryOf(int fd); ///< of an open file or folder; has no name
 
+bool isReadableName(const QByteArray &name); ///< UTF-8
+
 /// Everything in a folder but the drive's hidden entries and what entryAt() would not tell of.
 /// `unreadable` counts names that are no UTF-8.
 DriveResult<QVector<Entry>> entriesOf(int folder, const QByteArray &root, int &unreadable);
@@ -61,6 +63,7 @@ DriveResult<QString> rename(
 int modeAt(int folder, const QString &name);
 int usualMode(); ///< of a new file: what the process's mask leaves
 
-bool removeTree(int folder, const QString &name); ///< true also when there was nothing
+/// True also when there was nothing. `begun` tells after a failure whether something of it is gone.
+bool removeTree(int folder, const QString &name, bool *begun = nullptr);
 
 } // namespace zel::service::disk

@@ -62,10 +62,10 @@ void bindRecord(Statement &statement, const DriveRecord &record)
 
 } // namespace
 
-DriveError DriveIndex::error() const
+DriveError databaseError(const sqlite::Database &database)
 {
-    DriveError error{DriveError::Kind::Io, m_database.failureText()};
-    if (m_database.ranOutOfSpace())
+    DriveError error{DriveError::Kind::Io, database.failureText()};
+    if (database.ranOutOfSpace())
         error.kind = DriveError::Kind::DiskFull;
     return error;
 }

@@ -24,6 +24,8 @@ struct DriveRecord
     State state = State::Present;
 };
 
+DriveError databaseError(const sqlite::Database &database); ///< of its failure
+
 /// The drive's items and their ids in the database, and the journal of what happened to them. Failures stay
 /// in the database; whoever begins an operation clears them, whoever ends it asks. The drive's thread, under
 /// its hold, reading alone excepted.
@@ -39,7 +41,7 @@ public:
 
     sqlite::Database &database() { return m_database; }
     bool failed() const { return m_database.failure() != sqlite::Failure::None; }
-    DriveError error() const;
+    DriveError error() const { return databaseError(m_database); }
     /// Forgets a failure to write what the disk tells again: what was done there stays done. The log has it.
     void passOver();
 

@@ -46,10 +46,21 @@ bool isThere(int place, const QString &name)
     return ::fstatat(place, name.toUtf8().constData(), &status, AT_SYMLINK_NOFOLLOW) == 0;
 }
 
-bool holds(int trash, const QString &place, const QString &name)
+// An error: it is not known.
+DriveResult<bool> holds(int trash, const QString &place, const QString &name)
 {
     const disk::UniqueFd folder = disk::openFolder(trash, place);
-    return folder && isThere(folder.get(), name);
+    if (folder && isThere(folder.get(), name))
+        return true;
+    const DriveError error = disk::lastError("trash");
+    return error.kind == Kind::NotFound ? DriveResult<bool>(false) : error;
+}
+
+// Half a folder is nothing to give back: it stays out of sight.
+void tellRest(const DriveError &error)
+{
+    qCWarning(lcService, "drive: a part of what was removed stays until the next start: %s",
+        qUtf8Printable(error.text));
 }
 
 // What stands in one place of the trash, if it is just one thing.
@@ -90,8 +101,11 @@ DriveDone DriveTrash::recover()
     QSet<QString> known;
     const QVector<Row> noted = m_table.all();
     for (const Row &row : noted) {
-        const bool there = trash && holds(trash->get(), row.place, row.item.name);
+        const auto held = trash ? holds(trash->get(), row.place, row.item.name) : DriveResult<bool>(false);
         known.insert(row.place);
+        if (!held)
+            continue;
+        const bool there = *held;
         const auto record = m_index.find(row.record);
         if (there && record && record->state != State::Trashed)
             m_index.setState(row.record, State::Trashed);
@@ -213,7 +227,8 @@ DriveResult<QVector<DriveTrashItem>> DriveTrash::list()
     QVector<DriveTrashItem> items;
     const QVector<Row> all = m_table.all();
     for (const Row &row : all) {
-        if (trash && holds(trash->get(), row.place, row.item.name))
+        const auto held = trash ? holds(trash->get(), row.place, row.item.name) : DriveResult<bool>(false);
+        if (!held || *held)
             items.append(row.item);
     }
     if (m_index.failed())
@@ -223,8 +238,11 @@ DriveResult<QVector<DriveTrashItem>> DriveTrash::list()
 
 DriveResult<qint64> DriveTrash::originalFolder(const Row &row)
 {
-    if (m_tree.openFolder(row.parent))
+    const auto known = m_tree.openFolder(row.parent);
+    if (known)
         return row.parent;
+    if (known.error().kind != Kind::NotFound)
+        return known.error();
     qint64 id = DriveIndex::RootId;
     const QStringList names = row.item.folder.split(QLatin1Char('/'), Qt::SkipEmptyParts);
     for (const QString &name : names) {
@@ -329,10 +347,14 @@ DriveDone DriveTrash::destroy(int trash, const Row &row)
     const QString doomed = DoomedPrefix % row.place;
     if (!renamePlace(row.place, doomed) && errno != ENOENT)
         return disk::lastError("purge");
-    if (!disk::removeTree(trash, doomed)) {
+    bool begun = false;
+    if (!disk::removeTree(trash, doomed, &begun)) {
         const DriveError error = disk::lastError("purge");
-        renamePlace(doomed, row.place);
-        return error;
+        if (!begun) {
+            renamePlace(doomed, row.place);
+            return error;
+        }
+        tellRest(error);
     }
     // A row without its files is not listed, and goes with the next start.
     if (!forget(row, State::Trashed))
@@ -351,11 +373,16 @@ DriveDone DriveTrash::destroy(const DriveTree::Spot &spot, DriveHold &hold)
         && ::renameat(spot.parent.get(), name.constData(), trash->get(), doomed.toUtf8().constData()) == 0;
     if (hidden)
         hold.unlock();
-    const bool gone =
-        hidden ? disk::removeTree(trash->get(), doomed) : disk::removeTree(spot.parent.get(), entry.name);
+    bool begun = false;
+    bool gone = hidden ? disk::removeTree(trash->get(), doomed, &begun)
+                       : disk::removeTree(spot.parent.get(), entry.name);
     const DriveError error = gone ? DriveError() : disk::lastError("remove");
     if (hidden)
         hold.lock();
+    if (!gone && begun) {
+        tellRest(error);
+        gone = true;
+    }
     if (!gone && hidden)
         (void)disk::rename(
             trash->get(), doomed, spot.parent.get(), entry.name, true, DriveConflict::KeepBoth);

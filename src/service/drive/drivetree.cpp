@@ -81,7 +81,7 @@ DriveResult<DriveTree::Spot> DriveTree::findNow(qint64 id)
 {
     QVector<DriveRecord> chain = m_index.chain(id);
     if (chain.isEmpty())
-        return notFound();
+        return m_index.failed() ? m_index.error() : notFound();
     Spot spot{chain.takeLast(), {}};
     auto folder = chain.isEmpty() ? openRoot() : walk(chain);
     if (!folder)
@@ -143,7 +143,10 @@ DriveResult<disk::UniqueFd> DriveTree::openFound(const DriveResult<Spot> &spot)
     disk::UniqueFd fd = disk::openFolder(spot->parent.get(), spot->record.entry.name);
     if (!fd)
         return disk::lastError("open folder");
-    if (!isStill(spot->record, fd.get())) // exchanged since
+    const auto entry = disk::entryOf(fd.get());
+    if (!entry)
+        return disk::lastError("look at a folder");
+    if (!isUnmoved(spot->record, *entry)) // exchanged since
         return notFound();
     return fd;
 }
@@ -165,7 +168,9 @@ DriveResult<DriveRecord> DriveTree::childOf(qint64 folderId, int folder, const Q
     if (!synced)
         return synced.error();
     record = m_index.child(folderId, name);
-    return record ? DriveResult<DriveRecord>(*record) : notFound();
+    if (!record)
+        return m_index.failed() ? m_index.error() : notFound();
+    return *record;
 }
 
 DriveResult<QVector<disk::Entry>> DriveTree::entriesOf(qint64 folderId, int folder)

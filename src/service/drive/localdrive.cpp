@@ -72,6 +72,8 @@ DriveDone LocalDrive::removeLeftovers()
         return m_index.failed() ? DriveDone(m_index.error()) : DriveOk();
     for (const Leftover &leftover : qAsConst(leftovers)) {
         const auto folder = m_tree.openFolder(leftover.folder);
+        if (!folder && !isAbsent(folder.error()))
+            continue;
         const bool ours = isHiddenDriveName(leftover.name) && !leftover.name.contains(QLatin1Char('/'));
         if (folder && ours && !disk::removeTree(folder->get(), leftover.name))
             continue;

@@ -72,8 +72,11 @@ ServiceError CloudDatabase::use(const std::function<void(sqlite::Database &)> &w
     if (failure != Failure::None)
         qCWarning(
             lcService, "the database could not be used: %s", qUtf8Printable(m_connection.failureText()));
+    const ServiceError told = errorOf(failure);
+    if (m_connection.isReadOnly()) // opened anew before the next use
+        m_connection.close();
     m_connection.clearFailure();
-    return errorOf(failure);
+    return told;
 }
 
 ServiceError CloudDatabase::errorOf(Failure failure)
@@ -103,6 +106,8 @@ CloudDatabase::Opened CloudDatabase::open()
     if (!makeFile())
         return Opened::Later;
     m_connection.open(m_file);
+    if (m_connection.isReadOnly())
+        m_connection.note(SQLITE_READONLY);
     m_connection.useWriteAheadLog();
     m_connection.exec("PRAGMA synchronous=FULL");
     SchemaState state = isSound() ? SchemaState::Ready : SchemaState::Failed;

@@ -4,6 +4,7 @@
 #include "base/paths.h"
 #include "base/posix/uniquefd.h"
 #include "base/sqlite/database.h"
+#include "service/drive/driveindex.h"
 #include "service/drive/localdrive.h"
 
 #include <QFile>
@@ -26,30 +27,39 @@ struct OpenDrive
 };
 
 // SQLite would make it readable for others; the files beside it get the mode of this one.
-bool makeFile(const QString &file)
+DriveDone makeFile(const QString &file)
 {
     const posix::UniqueFd fd(::open(QFile::encodeName(file).constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0600));
-    return fd && ::fchmod(fd.get(), 0600) == 0;
+    if (!fd)
+        return disk::lastError("the drive's database");
+    if (::fchmod(fd.get(), 0600) != 0)
+        qCWarning(lcService, "the drive's database keeps its permissions: %s", std::strerror(errno));
+    return DriveOk();
 }
 
-bool open(sqlite::Database &database, const QString &file)
+DriveDone open(sqlite::Database &database, const QString &file)
 {
-    if (!makeFile(file))
-        qCWarning(lcService, "the drive's database cannot be made: %s", std::strerror(errno));
+    DriveDone made = makeFile(file);
+    if (!made)
+        return made;
     database.open(file);
     database.useWriteAheadLog();
-    return database.exec("PRAGMA synchronous=FULL");
+    if (database.isReadOnly())
+        return DriveError{DriveError::Kind::Io, QStringLiteral("the drive's database cannot be written")};
+    return database.exec("PRAGMA synchronous=FULL") ? DriveDone(DriveOk()) : databaseError(database);
 }
 
 bool keepAside(sqlite::Database &database, const QString &file)
 {
+    const QString why = database.failureText();
     database.close();
     const QString kept = paths::keepAside(file);
     if (kept.isEmpty())
         return false;
     for (const QString &suffix : {QStringLiteral("-wal"), QStringLiteral("-shm")})
         QFile::rename(file + suffix, kept + suffix);
-    qCWarning(lcService, "the drive's database was damaged and kept aside; a new one is made");
+    qCWarning(lcService, "the drive's database was damaged (%s) and kept aside; a new one is made",
+        qUtf8Printable(why));
     return true;
 }
 
@@ -75,9 +85,8 @@ public:
 private:
     DriveDone prepare(OpenDrive &made)
     {
-        if (!open(made.database, m_file))
-            return DriveError{DriveError::Kind::Io, made.database.failureText()};
-        return m_prepared ? DriveDone(DriveOk()) : made.drive.prepare();
+        DriveDone opened = open(made.database, m_file);
+        return !opened || m_prepared ? opened : made.drive.prepare();
     }
 
     const QString m_root;

@@ -34,6 +34,7 @@ public:
     void open()
     {
         m_database.open(database());
+        m_database.useWriteAheadLog(); // as the service has it
         m_drive = std::make_unique<LocalDrive>(root(), m_database, m_claim);
     }
 

@@ -37,33 +37,41 @@ DriveResult<QString> namedItemId(CloudDrive &drive, const vela::CloudItemId &ite
     return itemId(drive, item);
 }
 
-std::optional<QString> pathInDrive(CloudDrive &drive, const QString &localPath)
+DriveMaybe<QString> pathInDrive(CloudDrive &drive, const QString &localPath)
 {
     const auto root = drive.stat(drive.rootId());
-    if (!root || root->localPath.isEmpty() || !QDir::isAbsolutePath(localPath))
-        return {};
+    if (!root)
+        return root.error();
+    if (root->localPath.isEmpty() || !QDir::isAbsolutePath(localPath))
+        return std::optional<QString>();
     const QString path = QDir::cleanPath(localPath);
     const QString base = QDir::cleanPath(root->localPath);
     if (path == base)
-        return QString();
+        return std::optional(QString());
     if (!path.startsWith(base + QLatin1Char('/')))
-        return {};
-    return path.mid(base.size() + 1);
+        return std::optional<QString>();
+    return std::optional(path.mid(base.size() + 1));
 }
 
-std::optional<DriveTrashItem> inTrash(CloudDrive &drive, const QString &itemId)
+DriveMaybe<DriveTrashItem> inTrash(CloudDrive &drive, const QString &itemId)
 {
     const auto items = drive.listTrash();
-    for (const DriveTrashItem &item : items ? *items : QVector<DriveTrashItem>())
+    if (!items)
+        return items.error();
+    for (const DriveTrashItem &item : *items)
         if (item.itemId == itemId)
-            return item;
-    return {};
+            return std::optional(item);
+    return std::optional<DriveTrashItem>();
 }
 
-std::optional<DriveItem> childNamed(CloudDrive &drive, const QString &folder, const QString &name)
+DriveMaybe<DriveItem> childNamed(CloudDrive &drive, const QString &folder, const QString &name)
 {
     const auto item = drive.child(folder, name);
-    return item ? std::optional(*item) : std::nullopt;
+    if (item)
+        return std::optional(*item);
+    if (item.error().kind != DriveError::Kind::NotFound)
+        return item.error();
+    return std::optional<DriveItem>();
 }
 
 ConflictPolicy policyOf(int number)

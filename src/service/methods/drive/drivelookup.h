@@ -16,10 +16,13 @@ DriveResult<QString> itemId(CloudDrive &drive, const vela::CloudItemId &item);
 /// The same for what changes an item: without an id InvalidName, never the folder in its stead.
 DriveResult<QString> namedItemId(CloudDrive &drive, const vela::CloudItemId &item);
 
+/// What may be there or not; an error: it is not known.
+template <typename T> using DriveMaybe = DriveResult<std::optional<T>>;
+
 /// Path from the drive's root of a file of this machine; nothing when it lies elsewhere.
-std::optional<QString> pathInDrive(CloudDrive &drive, const QString &localPath);
-std::optional<DriveTrashItem> inTrash(CloudDrive &drive, const QString &itemId);
-std::optional<DriveItem> childNamed(CloudDrive &drive, const QString &folder, const QString &name);
+DriveMaybe<QString> pathInDrive(CloudDrive &drive, const QString &localPath);
+DriveMaybe<DriveTrashItem> inTrash(CloudDrive &drive, const QString &itemId);
+DriveMaybe<DriveItem> childNamed(CloudDrive &drive, const QString &folder, const QString &name);
 
 /// Brings an item back from the drive's trash to where it was, and says so in an answer.
 template <class Result>

@@ -17,9 +17,11 @@ DriveResult<DriveItem> putAway(
 {
     const DriveHold hold = drive.hold();
     const auto occupant = childNamed(drive, folder, name);
-    if (!occupant || occupant->id == id)
+    if (!occupant)
+        return occupant.error();
+    if (!*occupant || (*occupant)->id == id)
         return put();
-    const auto away = drive.trash(occupant->id);
+    const auto away = drive.trash((*occupant)->id);
     if (!away)
         return away.error();
     auto item = put();
@@ -60,11 +62,14 @@ DriveResult<DriveItem> copyItem(CloudDrive &drive, const QString &id, const Driv
     if (!original)
         return original.error();
     const QString name = place.name.isEmpty() ? original->name : place.name;
-    const auto occupant = place.conflict == DriveConflict::Replace ? childNamed(drive, place.folder, name)
-                                                                   : std::optional<DriveItem>();
+    const auto occupant = place.conflict == DriveConflict::Replace
+        ? childNamed(drive, place.folder, name)
+        : DriveMaybe<DriveItem>(std::optional<DriveItem>());
     if (!occupant)
+        return occupant.error();
+    if (!*occupant)
         return drive.copy(id, place.folder, name, place.conflict, progress, leftOut);
-    if (occupant->id == id)
+    if ((*occupant)->id == id)
         return DriveError{Kind::Denied, QStringLiteral("An item cannot replace itself.")};
     // What is there goes only when the copy is complete.
     const auto copied = drive.copy(id, place.folder, name, DriveConflict::KeepBoth, progress, leftOut);
@@ -100,9 +105,11 @@ DriveResult<DriveItem> makeFolders(
         if (item || item.error().kind != Kind::Exists)
             continue;
         const auto there = childNamed(drive, parent, name);
-        existed = there && there->isFolder;
+        if (!there)
+            return there.error();
+        existed = *there && (*there)->isFolder;
         if (existed)
-            item = *there;
+            item = **there;
     }
     return item;
 }

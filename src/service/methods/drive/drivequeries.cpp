@@ -57,15 +57,17 @@ DriveResult<GetItemInfoListV5Result> getItemInfoList(const DriveJob &job, const 
     for (const CloudItemId &wanted : request.items) {
         const auto id = itemId(job.drive, wanted);
         const auto steps = id ? job.drive.pathOf(*id) : DriveResult<QVector<DriveItem>>(id.error());
-        const auto trashed = !steps && request.includeDeleted ? inTrash(job.drive, text(wanted.id))
-                                                              : std::optional<DriveTrashItem>();
+        const auto trashed = !steps && request.includeDeleted
+            ? inTrash(job.drive, text(wanted.id))
+            : DriveMaybe<DriveTrashItem>(std::optional<DriveTrashItem>());
+        const bool isTrashed = trashed && *trashed;
         if (steps)
             result.items.push_back(cloudItem(steps->last(), job.identity));
-        else if (trashed)
-            result.items.push_back(trashedItem(*trashed, job.identity));
+        else if (isTrashed)
+            result.items.push_back(trashedItem(**trashed, job.identity));
         else
-            result.failedItems[wanted.id] = errorInfo(steps.error());
-        if (steps || trashed)
+            result.failedItems[wanted.id] = errorInfo(trashed ? steps.error() : trashed.error());
+        if (steps || isTrashed)
             addPlaces(request, steps ? *steps : QVector<DriveItem>(), job.identity, result);
     }
     return result;
@@ -80,10 +82,10 @@ DriveResult<GetCloudFileInfoResult> getCloudFileInfo(const DriveJob &job, const 
     GetCloudFileInfoResult result;
     if (!steps) {
         const auto trashed = inTrash(job.drive, text(request.fileId));
-        if (!trashed)
-            return steps.error();
+        if (!trashed || !*trashed)
+            return trashed ? steps.error() : trashed.error();
         result.inRecycleBin = true;
-        result.item = trashedItem(*trashed, job.identity);
+        result.item = trashedItem(**trashed, job.identity);
         return result;
     }
     result.item = cloudItem(steps->last(), job.identity);
@@ -131,11 +133,13 @@ DriveResult<GetFileIdByFilePathResult> idByPath(const DriveJob &job, const GetFi
 {
     if (!isOwnGroup(request.groupId))
         return DriveError{DriveError::Kind::NotFound, QStringLiteral("There is no such space.")};
-    const auto path = request.pathType == 1 ? std::optional(text(request.filePath))
+    const auto path = request.pathType == 1 ? DriveMaybe<QString>(std::optional(text(request.filePath)))
                                             : pathInDrive(job.drive, text(request.filePath));
     if (!path)
+        return path.error();
+    if (!*path)
         return DriveError{DriveError::Kind::NotFound, QStringLiteral("The path is not in the drive.")};
-    const auto item = job.drive.resolve(*path);
+    const auto item = job.drive.resolve(**path);
     if (!item)
         return item.error();
     GetFileIdByFilePathResult result;
@@ -176,7 +180,10 @@ DriveResult<VerifyItemResult> verifyItem(const DriveJob &job, const VerifyItemAr
     if (!item && item.error().kind != DriveError::Kind::NotFound)
         return item.error();
     if (!item) {
-        result.inRecycleBin = inTrash(job.drive, text(wanted.id)).has_value();
+        const auto trashed = inTrash(job.drive, text(wanted.id));
+        if (!trashed)
+            return trashed.error();
+        result.inRecycleBin = trashed->has_value();
         return result;
     }
     result.existing = true;
@@ -205,9 +212,9 @@ DriveResult<FileStateResult> fileState(const DriveJob &job, const FileStateArg &
     }
     for (const std::string &path : request.localPaths) {
         const auto inside = pathInDrive(job.drive, text(path));
-        if (!inside)
+        if (inside && !*inside)
             continue;
-        const auto item = job.drive.resolve(*inside);
+        const auto item = inside ? job.drive.resolve(**inside) : DriveResult<DriveItem>(inside.error());
         if (item)
             result.pathItems[path] = cloudItem(*item, job.identity);
         else if (item.error().kind != DriveError::Kind::NotFound)

@@ -120,7 +120,12 @@ void recoverTo(const DriveJob &job, const DriveTrashItem &item, const DrivePlace
     BatchRecoverRecycleFilesResult &result)
 {
     const std::string id = item.id.toStdString();
-    if (place.conflict == DriveConflict::Fail && childNamed(job.drive, place.folder, place.name)) {
+    const auto occupant = childNamed(job.drive, place.folder, place.name);
+    if (!occupant) {
+        result.failedItems[id] = errorInfo(occupant.error());
+        return;
+    }
+    if (place.conflict == DriveConflict::Fail && *occupant) {
         result.conflicts.push_back(recoverConflict(job, item, place, item.id));
         return;
     }
