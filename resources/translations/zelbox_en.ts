@@ -56,6 +56,14 @@
 <context>
     <name>TransferTexts</name>
     <message numerus="yes">
+        <source>%1 without %Ln item(s)</source>
+        <comment>done</comment>
+        <translation>
+            <numerusform>%1 without %Ln item</numerusform>
+            <numerusform>%1 without %Ln items</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
         <source>%Ln minute(s) left</source>
         <translation>
             <numerusform>%Ln minute left</numerusform>
@@ -151,6 +159,13 @@
 </context>
 <context>
     <name>CloudDocNotices</name>
+    <message numerus="yes">
+        <source>%Ln item(s) could not be copied: their names cannot be stored.</source>
+        <translation>
+            <numerusform>%Ln item could not be copied: its name cannot be stored.</numerusform>
+            <numerusform>%Ln items could not be copied: their names cannot be stored.</numerusform>
+        </translation>
+    </message>
     <message numerus="yes">
         <source>%Ln item(s) were moved.</source>
         <translation>

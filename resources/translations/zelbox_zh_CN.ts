@@ -262,6 +262,12 @@
 </context>
 <context>
     <name>CloudDocNotices</name>
+    <message numerus="yes">
+        <source>%Ln item(s) could not be copied: their names cannot be stored.</source>
+        <translation>
+            <numerusform>%Ln 个项目未能复制：其名称无法保存。</numerusform>
+        </translation>
+    </message>
     <message>
         <source>The folder “%1” is no longer there.</source>
         <translation>文件夹“%1”已不存在。</translation>
@@ -2430,6 +2436,13 @@
 </context>
 <context>
     <name>TransferTexts</name>
+    <message numerus="yes">
+        <source>%1 without %Ln item(s)</source>
+        <comment>done</comment>
+        <translation>
+            <numerusform>%1，缺少 %Ln 个项目</numerusform>
+        </translation>
+    </message>
     <message>
         <source>%1 of %2</source>
         <comment>bytes done of bytes in all</comment>

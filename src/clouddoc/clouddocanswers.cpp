@@ -46,6 +46,12 @@ CloudConflict conflictOf(const ConflictItem &item)
         item.size, item.mtime};
 }
 
+int leftOutOf(const std::map<std::string, std::string> &extraParam)
+{
+    const auto count = extraParam.find("leftOut");
+    return count == extraParam.end() ? 0 : toQt(count->second).toInt();
+}
+
 template <class Result> CloudOutcome placedOf(const Result &result)
 {
     CloudOutcome outcome;
@@ -54,6 +60,7 @@ template <class Result> CloudOutcome placedOf(const Result &result)
     for (const ConflictItem &conflict : result.conflicts)
         outcome.conflicts.append(conflictOf(conflict));
     addFailed(result.failedItems, outcome);
+    outcome.leftOut = leftOutOf(result.extraParam);
     return outcome;
 }
 
@@ -77,6 +84,7 @@ CloudTransfer transferOf(const TransferOpertionInfo &info)
     transfer.changedAt = info.mtime;
     if (transfer.state == CloudTransfer::State::Failed)
         transfer.problem = problemNamed(info.errorInfo.errResult);
+    transfer.leftOut = leftOutOf(info.errorInfo.extraParam);
     return transfer;
 }
 

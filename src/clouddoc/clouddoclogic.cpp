@@ -41,7 +41,11 @@ void CloudDocLogic::connectParts()
     connect(m_navigator, &CloudDocNavigator::crumbsChanged, this, &CloudDocLogic::crumbsChanged);
     connect(m_navigator, &CloudDocNavigator::historyChanged, this, &CloudDocLogic::historyChanged);
     connect(m_navigator, &CloudDocNavigator::folderGone, this, &CloudDocLogic::folderGone);
-    connect(m_transfers, &CloudDocTransfers::ended, this, &CloudDocLogic::transferEnded);
+    connect(m_transfers, &CloudDocTransfers::ended, this, [this](const CloudTransfer &transfer) {
+        Q_EMIT transferEnded(transfer);
+        if (transfer.leftOut > 0)
+            Q_EMIT leftOut(transfer.leftOut);
+    });
 
     using Operations = CloudDocOperations;
     connect(m_operations, &Operations::begun, this, &CloudDocLogic::operationBegun);
@@ -53,6 +57,7 @@ void CloudDocLogic::connectParts()
     connect(m_operations, &Operations::undoable, this, &CloudDocLogic::undoable);
     connect(m_operations, &Operations::restored, this, &CloudDocLogic::restored);
     connect(m_operations, &Operations::transfersStarted, this, &CloudDocLogic::transfersStarted);
+    connect(m_operations, &Operations::leftOut, this, &CloudDocLogic::leftOut);
     connect(m_operations, &Operations::conflictsFound, this, &CloudDocLogic::conflictsFound);
     connect(m_operations, &Operations::done, this, &CloudDocLogic::operationDone);
     connect(m_operations, &Operations::failed, this, &CloudDocLogic::operationFailed);

@@ -115,6 +115,8 @@ Q_SIGNALS:
     /// `undo` was done, and `ids` are there again; those of them that lie in this folder are in the model.
     void restored(const CloudUndo &undo, const QStringList &ids);
     void transfersStarted(const CloudTransfers &transfers);
+    /// A copy, or a folder that was transferred, lacks so many entries, as their names cannot be stored.
+    void leftOut(int count);
     void conflictsFound(CloudOperation operation, const CloudConflicts &conflicts,
         const QString &target); ///< call the operation again for their sources, with a choice
     void operationDone(CloudOperation operation);

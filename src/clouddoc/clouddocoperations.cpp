@@ -35,6 +35,7 @@ void append(CloudOutcome &all, const CloudOutcome &part)
         all.detail = part.detail;
     }
     all.failed += part.failed;
+    all.leftOut += part.leftOut;
 }
 
 QStringList idsOf(const CloudDocuments &documents)
@@ -168,6 +169,8 @@ void CloudDocOperations::end(const Run &run, CloudOutcome outcome)
         run.finish(outcome);
     if (!outcome.transfers.isEmpty())
         Q_EMIT transfersStarted(outcome.transfers);
+    if (outcome.leftOut > 0)
+        Q_EMIT leftOut(outcome.leftOut);
     if (outcome.failed > 0)
         Q_EMIT failed(run.operation, outcome.problem, outcome.failed, failedName(run, outcome.firstFailed));
     if (!outcome.conflicts.isEmpty())

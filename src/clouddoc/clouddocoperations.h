@@ -56,6 +56,8 @@ Q_SIGNALS:
     void restored(
         const CloudUndo &undo, const QStringList &ids); ///< as they were; ids of items that are there
     void transfersStarted(const CloudTransfers &transfers);
+    /// What was put somewhere lacks so many entries, as their names cannot be stored. Precedes done().
+    void leftOut(int count);
     /// Call the operation again for their sources, with a choice.
     void conflictsFound(CloudOperation operation, const CloudConflicts &conflicts, const QString &target);
     void done(CloudOperation operation);

@@ -37,6 +37,7 @@ struct CloudOutcome
     QString firstFailed;                       ///< id, or path of an upload
     CloudProblem problem = CloudProblem::None; ///< of that one
     QString detail;
+    int leftOut = 0; ///< entries of folders that lack in the copies, as their names cannot be stored
 };
 
 /// What the service tells unasked.

@@ -23,6 +23,7 @@ struct CloudTransfer
     qint64 askedAt = 0;                        ///< ms since epoch, UTC
     qint64 changedAt = 0;                      ///< ms since epoch, UTC: when its state changed last
     CloudProblem problem = CloudProblem::None; ///< of State::Failed
+    int leftOut = 0; ///< of State::Done: entries of the folder whose names cannot be stored
 
     bool isActive() const { return state == State::Waiting || state == State::Running; }
     bool hasEnded() const { return state >= State::Done; }

@@ -43,8 +43,11 @@ QString statusText(const CloudTransfer &transfer)
         return runningText(transfer);
     case State::Paused:
         return Texts::tr("Interrupted");
-    case State::Done:
-        return up ? Texts::tr("Uploaded") : Texts::tr("Downloaded");
+    case State::Done: {
+        const QString done = up ? Texts::tr("Uploaded") : Texts::tr("Downloaded");
+        return transfer.leftOut > 0 ? Texts::tr("%1 without %Ln item(s)", "done", transfer.leftOut).arg(done)
+                                    : done;
+    }
     case State::Failed: {
         const QString why = problemText(transfer.problem);
         return why.isEmpty() ? Texts::tr("Failed") : why;

@@ -94,6 +94,18 @@ private Q_SLOTS:
         QVERIFY(picture() != before);
     }
 
+    void tellsWhatCopiesLack()
+    {
+        load({"a/"_s});
+        click(0);
+        key(Qt::Key_C, Qt::ControlModifier);
+        key(Qt::Key_V, Qt::ControlModifier);
+        zel::vela::CloudItemsCopyToResult copied;
+        copied.extraParam["leftOut"] = "3";
+        QVERIFY(m_cloud->answer("cloudItemsCopyTo", copied));
+        QVERIFY2(notice().startsWith(QLatin1Char('3')), qPrintable(notice()));
+    }
+
     void newFolderIsNamedAtOnce()
     {
         load({"New Folder/"_s});

@@ -33,6 +33,9 @@ CloudDocNotices::CloudDocNotices(CloudDocLogic *logic, QAction *undo, QWidget *p
         [this](CloudOperation operation, CloudProblem problem, int count, const QString &name) {
             tell(failureText(operation, problem, count, zel::shortName(name)));
         });
+    connect(logic, &Logic::leftOut, this, [this](int count) {
+        tell(tr("%Ln item(s) could not be copied: their names cannot be stored.", nullptr, count));
+    });
     connect(logic, &Logic::folderGone, this, [this](const QString &name) {
         tell(tr("The folder “%1” is no longer there.").arg(zel::shortName(name)));
     });

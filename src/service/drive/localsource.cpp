@@ -5,8 +5,10 @@
 #include <QFile>
 
 #include <algorithm>
+#include <dirent.h>
 #include <fcntl.h>
 #include <linux/magic.h>
+#include <memory>
 #include <sys/stat.h>
 #include <sys/vfs.h>
 
@@ -52,6 +54,18 @@ bool isMadeUp(const QString &path)
     {
     };
     return ::statfs(QFile::encodeName(path).constData(), &system) == 0 && isMadeUp(system);
+}
+
+int countUnstorable(const QString &folder, bool withHidden)
+{
+    const std::unique_ptr<DIR, int (*)(DIR *)> content(
+        ::opendir(QFile::encodeName(folder).constData()), [](DIR *dir) { return dir ? ::closedir(dir) : 0; });
+    int count = 0;
+    while (const dirent *found = content ? ::readdir(content.get()) : nullptr) {
+        const QByteArray name(found->d_name);
+        count += (withHidden || !name.startsWith('.')) && !disk::isReadableName(name);
+    }
+    return count;
 }
 
 } // namespace zel::service

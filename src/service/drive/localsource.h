@@ -14,4 +14,8 @@ DriveResult<posix::UniqueFd> openLocalFile(const QString &path);
 /// no size, may never end, and hold nothing that is worth keeping.
 bool isMadeUp(const QString &path);
 
+/// How many entries a folder has that no drive can hold, as their names are no UTF-8; Qt's listings pass over
+/// them. 0 for a folder that cannot be read.
+int countUnstorable(const QString &folder, bool withHidden);
+
 } // namespace zel::service

@@ -3,6 +3,7 @@
 #include "service/drive/drivedisk.h"
 #include "service/drive/drivenames.h"
 #include "service/drive/drivetransfer.h"
+#include "service/drive/localsource.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -126,7 +127,7 @@ DriveResult<TransferOutcome> DownloadWork::run()
             return path.error();
         return TransferOutcome{*item, *path, 1, item->size};
     }
-    const auto measured = measure(item->id, 0);
+    const auto measured = measure(*item, 0);
     if (!measured)
         return measured.error();
     const auto folder = topFolder();
@@ -135,7 +136,7 @@ DriveResult<TransferOutcome> DownloadWork::run()
     fill(*item, *folder, 0);
     if (m_failure.first())
         return *m_failure.first();
-    return TransferOutcome{*item, *folder, m_monitor.progress.files, m_monitor.progress.total};
+    return TransferOutcome{*item, *folder, m_monitor.progress.files, m_monitor.progress.total, m_leftOut};
 }
 
 void DownloadWork::sweep(const TransferTask &task)
@@ -147,16 +148,18 @@ void DownloadWork::sweep(const TransferTask &task)
         sweepFolder(task.made, name, 0);
 }
 
-DriveDone DownloadWork::measure(const QString &folder, int depth)
+DriveDone DownloadWork::measure(const DriveItem &folder, int depth)
 {
     if (m_monitor.order() != TransferMonitor::Order::GoOn)
         return cancelled();
-    const auto items = m_drive.list(folder);
+    const auto items = m_drive.list(folder.id);
     if (!items)
         return items.error();
+    if (!folder.localPath.isEmpty())
+        m_leftOut += countUnstorable(folder.localPath, true);
     for (const DriveItem &item : *items) {
         if (item.isFolder && depth < DeepestFolder) {
-            const auto below = measure(item.id, depth + 1);
+            const auto below = measure(item, depth + 1);
             if (!below)
                 return below;
         } else if (!item.isFolder) {

@@ -20,7 +20,7 @@ public:
     static void sweep(const TransferTask &task);
 
 private:
-    DriveDone measure(const QString &folder, int depth);
+    DriveDone measure(const DriveItem &folder, int depth);
     DriveResult<QString> topFolder(); ///< its path
     /// False: the whole transfer ends.
     bool fill(const DriveItem &source, const QString &target, int depth);
@@ -34,6 +34,7 @@ private:
     const TransferTask &m_task;
     TransferMonitor &m_monitor;
     qint64 m_done = 0; ///< bytes of files that are complete
+    int m_leftOut = 0;
     TreeFailure m_failure;
 };
 

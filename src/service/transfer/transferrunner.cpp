@@ -228,6 +228,8 @@ void TransferRunner::finish(TransferTask &task, const DriveResult<TransferOutcom
         if (!task.isUpload())
             info.localPath = outcome->localPath.toStdString();
         info.unread = true;
+        if (outcome->leftOut > 0)
+            info.errorInfo.extraParam["leftOut"] = std::to_string(outcome->leftOut);
         return;
     }
     const bool stopped = outcome.error().kind == DriveError::Kind::Cancelled;

@@ -13,6 +13,7 @@ struct TransferOutcome
     QString localPath; ///< of a download
     int files = 1;
     qint64 size = 0; ///< bytes
+    int leftOut = 0; ///< entries of a folder whose names are no UTF-8
 };
 
 /// Does a whole transfer with a drive, on the drive's thread. A file is under its real name when it is

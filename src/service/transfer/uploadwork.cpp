@@ -59,7 +59,7 @@ DriveResult<TransferOutcome> UploadWork::run()
     fill(source.filePath(), *folder, m_task.made.isEmpty() && !merges, 0);
     if (m_failure.first())
         return *m_failure.first();
-    return TransferOutcome{*folder, {}, m_monitor.progress.files, m_monitor.progress.total};
+    return TransferOutcome{*folder, {}, m_monitor.progress.files, m_monitor.progress.total, m_leftOut};
 }
 
 QFileInfoList UploadWork::entriesOf(const QString &folder) const
@@ -82,6 +82,7 @@ void UploadWork::measure(const QString &folder, int depth)
 {
     if (depth > DeepestFolder || m_monitor.order() != TransferMonitor::Order::GoOn)
         return;
+    m_leftOut += countUnstorable(folder, m_task.includeHidden);
     const QFileInfoList entries = entriesOf(folder);
     for (const QFileInfo &entry : entries) {
         if (entry.isDir()) {

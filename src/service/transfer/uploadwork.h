@@ -37,6 +37,7 @@ private:
     const TransferTask &m_task;
     TransferMonitor &m_monitor;
     qint64 m_done = 0; ///< bytes of files that are complete
+    int m_leftOut = 0;
     TreeFailure m_failure;
 };
 

@@ -106,7 +106,7 @@ DriveResult<Result> copyAll(const DriveJob &job, const Request &request)
     auto result = runBatch<Result>(job, *batch, [&](const QString &id, const DrivePlace &place) {
         int leftOut = 0;
         auto copied = copyItem(job.drive, id, place, job.progress, &leftOut);
-        allLeftOut += leftOut;
+        allLeftOut += copied ? leftOut : 0;
         return copied;
     });
     if (result && allLeftOut > 0)
@@ -127,6 +127,7 @@ DriveResult<Result> moveAll(const DriveJob &job, const Request &request)
 DriveResult<CloudItemsDuplicateResult> duplicate(const DriveJob &job, const CloudItemsDuplicateArg &request)
 {
     CloudItemsDuplicateResult result;
+    int allLeftOut = 0;
     for (const CloudItemId &wanted : request.items) {
         const auto id = namedItemId(job.drive, wanted);
         const auto before = id ? job.drive.stat(*id) : DriveResult<DriveItem>(id.error());
@@ -137,12 +138,16 @@ DriveResult<CloudItemsDuplicateResult> duplicate(const DriveJob &job, const Clou
         const auto name = request.newNames.find(wanted.id);
         const DrivePlace place{before->parentId,
             name == request.newNames.end() ? before->name : text(name->second), DriveConflict::KeepBoth};
-        const auto copied = copyItem(job.drive, *id, place, job.progress);
+        int leftOut = 0;
+        const auto copied = copyItem(job.drive, *id, place, job.progress, &leftOut);
+        allLeftOut += copied ? leftOut : 0;
         if (copied)
             result.items.push_back(cloudItem(*copied, job.identity));
         else
             result.failedItems[wanted.id] = errorInfo(copied.error());
     }
+    if (allLeftOut > 0)
+        result.extraParam["leftOut"] = std::to_string(allLeftOut);
     return result;
 }
 

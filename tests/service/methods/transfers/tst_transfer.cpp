@@ -129,6 +129,29 @@ private Q_SLOTS:
             QCOMPARE(modeOf(fixture.local(file)), 0600);
     }
 
+    void tellsWhatCannotBeStored_data()
+    {
+        zeltest::rows<bool>("up", {{"upload", true}, {"download and copy", false}});
+    }
+    void tellsWhatCannotBeStored()
+    {
+        QFETCH(bool, up);
+        TransferFixture fixture;
+        const QString source = up ? fixture.local("f") : fixture.inDrive("f");
+        DriveFixture::write(source + "/sub/a.txt"_s, "a");
+        const QByteArray bad = QFile::encodeName(source) + "/sub/bad\xff";
+        QCOMPARE(::mkdir(bad.constData(), 0700), 0);
+        const auto gone = qScopeGuard([&bad] { ::rmdir(bad.constData()); }); // QTemporaryDir cannot
+        const auto id =
+            up ? fixture.uploadFolder(source) : fixture.download(fixture.idOf("f"), fixture.local("l/"));
+        QVERIFY(fixture.waitFor(id, TransferState::Done));
+        auto told = fixture.client.pushed<NotifyFileTransferArg>("notifyFileTransfer").back();
+        QCOMPARE(told.errorInfo.extraParam["leftOut"], std::string("1"));
+        const auto copy = filled(&CopyArg::item, fixture.idOf("f"), &CopyArg::newName, "g");
+        QCOMPARE(
+            fixture.client.call<CopyResult>("copy", copy).extraParam["leftOut"], std::string(up ? "" : "1"));
+    }
+
     void linkedFoldersAreNotFilled()
     {
         TransferFixture fixture;
