@@ -195,6 +195,7 @@ private Q_SLOTS:
 
     void serviceGoesAndComes()
     {
+        cloud().user = "u"_s;
         openRoot({"a"_s, "b"_s});
         TransferInfoListResult list;
         list.tasks.resize(2);
@@ -217,7 +218,12 @@ private Q_SLOTS:
         QCOMPARE(print(logic()), "b c"_s);
         QVERIFY(cloud().answer("transferInfoList", list));
         QCOMPARE(logic().transfers()->transfer(0).state, CloudTransfer::State::Running);
-        QCOMPARE(cloud().askedFor("velaIpcCall").size(), 2); // progress is told to each connection anew
+        // How far they are is told to each connection anew.
+        const auto subscribed = "KVelaIpcCallObj subscribeTransNotify subscribe=true taskIDs= userID=u"_s;
+        QCOMPARE(cloud().askedFor("velaIpcCall"), QStringList({subscribed, subscribed}));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("how far transfers are: 5"_s));
+        QVERIFY(cloud().answerSlot(
+            "onSubscribeTransNotify", Q_ARG(zel::vela::VelaIpcResult, filled(&VelaIpcResult::state, 5))));
     }
 
     void transfersAreFollowed()
@@ -250,6 +256,11 @@ private Q_SLOTS:
         cleared.removedTaskIds = {"t"};
         QVERIFY(cloud().answer("updateTransferInfo", cleared));
         QCOMPARE(logic().transfers()->rowCount(), 0);
+        QSignalSpy leftOut(&logic(), &CloudDocLogic::leftOut);
+        push.errorInfo = {};
+        push.errorInfo.extraParam["leftOut"] = "3";
+        tell(4, 200);
+        QCOMPARE(leftOut.value(0), QVariantList{3});
     }
 
     // The page of a box in the background costs nothing: nothing is asked before it is first opened.

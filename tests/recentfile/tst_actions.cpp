@@ -172,6 +172,8 @@ private Q_SLOTS:
     void sharing()
     {
         const QString file = "b"_s;
+        m_actions->report(this->file(file));
+        QCOMPARE(m_proxy->asked.last(), "velaIpcCall KVelaIpcCallObj reportCloudDoc file=7"_s);
         QSignalSpy ended(m_cloud.get(), &RecentCloud::shareEnded);
         m_cloud->share(this->file(file));
         QCOMPARE(m_proxy->asked.last(), "showFileShareDlg 7,b.doc,/data/docs/b.odt,5,zelbox"_s);

@@ -63,6 +63,15 @@ public:
         }
         return false;
     }
+    /// The same for a slot that takes the record itself.
+    bool answerSlot(const char *slot, const QGenericArgument &result)
+    {
+        const auto one = std::find_if(m_waiting.begin(), m_waiting.end(),
+            [slot](const Waiting &waiting) { return waiting.receiver && waiting.slot == slot; });
+        return one != m_waiting.end()
+            && QMetaObject::invokeMethod(
+                one->receiver, slot, Q_ARG(bool, true), Q_ARG(QString, one->id), result);
+    }
     template <class Result> bool refuse(const char *method, Result result, int state)
     {
         result.state = state;

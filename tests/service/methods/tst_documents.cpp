@@ -30,6 +30,11 @@ private Q_SLOTS:
         QTRY_VERIFY(!service.place.write("Drive/%1.odt"_s.arg(++files)).isEmpty()
             && !service.client.pushed<NotifyFileCreationArg>("notifyFileCreation").empty());
         service.client.arrived.clear();
+        const auto report = [&service](const QString &document) {
+            return service.hooks.reportCloudDoc(document) == wire::ServiceError::None;
+        };
+        QVERIFY(report(file) && report(QString::fromStdString(item.fileId)));
+        QVERIFY(!report(service.place.path("a.odt")) && !report("no id"_s));
 
         const auto pushes = [&] {
             return service.client.pushed<NotifyRecentFileChangeArg>("notifyRecentFileChange");
