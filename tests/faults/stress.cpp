@@ -100,6 +100,8 @@ private:
         fillOutside(2);
         const bool ends = round % RoundsOfService == 0;
         if (ends)
+            m_peak = std::max(m_peak, m_service.peakMemory());
+        if (ends)
             round % (2 * RoundsOfService) ? m_service.kill() : m_service.terminate();
         for (Step &step : m_steps) {
             if (!step.settle(ends) && !m_failed)
@@ -320,6 +322,7 @@ private:
         }
         std::printf(
             "%zu items were made, %d are there, %zu on the disk\n", m_items.size(), alive, found.size());
+        std::printf("the service had %d KB at most\n", std::max(m_peak, m_service.peakMemory()));
         return !m_failed;
     }
 
@@ -332,6 +335,7 @@ private:
     std::vector<Step> m_steps;
     std::vector<size_t> m_unsure;
     std::map<std::string, std::pair<std::string, std::string>> m_listed; ///< name and parent by id
+    int m_peak = 0; ///< of the services that have ended, in KB
     int m_names = 0;
     int m_outside = 0;
     bool m_failed = false;

@@ -43,6 +43,13 @@ public:
     }
     /// Whether the one that was asked to has ended.
     bool hasEnded(int patience) { return m_ending->waitForFinished(patience); }
+    /// What it had in memory at most, in KB.
+    int peakMemory() const
+    {
+        QFile status("/proc/%1/status"_s.arg(m_process->processId()));
+        const QByteArray text = status.open(QIODevice::ReadOnly) ? status.readAll() : QByteArray();
+        return text.mid(text.indexOf("VmHWM:") + 6).simplified().split(' ').value(0).toInt();
+    }
     bool isRunning() const { return m_process && m_process->state() == QProcess::Running; }
     QByteArray log()
     {

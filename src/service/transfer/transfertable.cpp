@@ -149,6 +149,17 @@ wire::ServiceError TransferTable::all(const QString &user, TransferTasks &tasks)
     });
 }
 
+wire::ServiceError TransferTable::ids(const QString &user, QStringList &ids)
+{
+    ids.clear();
+    return m_store.use([&](sqlite::Database &database) {
+        Statement rows(database, "SELECT id FROM transfer_task WHERE user = ? ORDER BY number DESC");
+        rows.bind(1, user);
+        while (rows.step())
+            ids.append(rows.text(0));
+    });
+}
+
 wire::ServiceError TransferTable::named(const QString &user, const QStringList &ids, TransferTasks &tasks)
 {
     return m_store.use([&](sqlite::Database &database) {

@@ -29,6 +29,7 @@ public:
     wire::ServiceError takeUpAgain();
 
     wire::ServiceError all(const QString &user, TransferTasks &tasks); ///< the latest first
+    wire::ServiceError ids(const QString &user, QStringList &ids);     ///< likewise
     /// Those that have not ended and of which an attempt may have left something; of all users.
     wire::ServiceError begun(TransferTasks &tasks);
     /// Those of `ids` that there are, the latest first.

@@ -128,7 +128,10 @@ void TransferMethods::serve(MethodTable &methods)
     serveUploadMethods(methods);
     serveDownloadMethods(methods);
     methods.serve("transferInfoList", this, &TransferMethods::list);
-    methods.serve("updateTransferInfo", this, &TransferMethods::update);
+    methods.serve<UpdateTransferInfoArg, UpdateTransferInfoResult>("updateTransferInfo",
+        [this](const UpdateTransferInfoArg &request, Answer<UpdateTransferInfoResult> answer) {
+            m_updates.update(m_context.identity().userId, request, std::move(answer));
+        });
     methods.serve("getTransferUnreadCount", this, &TransferMethods::unreadCount);
 }
 

@@ -2,10 +2,10 @@
 
 #include "service/methods/drive/drivecontext.h"
 #include "service/methods/transfers/transferplans.h"
+#include "service/methods/transfers/transferupdates.h"
 #include "service/transfer/transferrunner.h"
 
 #include <QObject>
-#include <QSet>
 #include <map>
 
 namespace zel::service {
@@ -51,16 +51,8 @@ private:
         const vela::DownloadChildrenArg &request, Answer<vela::DownloadChildrenResult> answer);
 
     void list(const vela::TransferInfoListArg &request, Answer<vela::TransferInfoListResult> answer);
-    void update(const vela::UpdateTransferInfoArg &request, Answer<vela::UpdateTransferInfoResult> answer);
     void unreadCount(
         const vela::GetTransferUnreadCountArg &request, Answer<vela::GetTransferUnreadCountResult> answer);
-    TransferTasks meant(
-        const vela::UpdateTransferInfoArg &request, QSet<QString> &missing, wire::ServiceError &error);
-    wire::ServiceError change(
-        const TransferTasks &tasks, const vela::UpdateTransferInfoArg &request, TransferRefusals &refused);
-    wire::ServiceError takeOff(const TransferTasks &tasks, TransferRefusals &refused);
-    wire::ServiceError note(
-        const TransferTasks &tasks, const vela::UpdateTransferInfoArg &request, TransferRefusals &refused);
     TransferTasks tasks(wire::ServiceError &error);
 
     void tellState(const TransferTask &task);
@@ -70,6 +62,7 @@ private:
     const DriveContext &m_context;
     TransferTable &m_table;
     TransferRunner &m_runner;
+    TransferUpdates m_updates{m_table, m_runner};
     const TransferSubscriptions *m_subscriptions;
     std::multimap<QString, std::shared_ptr<Ended>> m_waiting; ///< answers that are owed when a task ends
 };
