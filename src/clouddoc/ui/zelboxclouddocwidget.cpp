@@ -77,6 +77,12 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(
         goOn(*before);
 }
 
+// Else the editor, which loses the focus while the window goes, hands the name to what is half gone itself.
+ZelBoxCloudDocWidget::~ZelBoxCloudDocWidget()
+{
+    m_view->endRename();
+}
+
 void ZelBoxCloudDocWidget::goOn(const CloudDocVisit &before)
 {
     m_toolBar->crumbs()->setCrumbs(namedCrumbs(m_logic->crumbs()));

@@ -33,6 +33,7 @@ public:
     /// `proxy` is not owned. `before` is what another one has handed over; null: nothing.
     explicit ZelBoxCloudDocWidget(
         KCloudSvrProxy *proxy, QWidget *parent = nullptr, std::unique_ptr<QObject> before = nullptr);
+    ~ZelBoxCloudDocWidget() override; ///< a name that is being typed is not given
 
     CloudDocLogic *logic() const { return m_logic; }
     CloudDocListView *view() const { return m_view; }
