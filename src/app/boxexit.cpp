@@ -38,7 +38,10 @@ void BoxExit::quitLater()
             if (m_windows.frontWindow())
                 Q_EMIT declined();
         });
-        connect(&m_windows, &BoxWindows::workEnded, dialog, &QDialog::accept);
+        connect(&m_windows, &BoxWindows::workEnded, dialog, [dialog] {
+            if (dialog->isVisible()) // else the user has decided to stay
+                dialog->accept();
+        });
     };
     m_dialogs.present<EndingDialog>(m_windows.frontWindow(), setUp);
 }

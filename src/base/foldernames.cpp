@@ -14,11 +14,17 @@ namespace {
 
 bool isFolder(int folder, const dirent &entry, const std::string &place, const std::string &mounts)
 {
-    if (entry.d_type != DT_LNK && entry.d_type != DT_UNKNOWN)
-        return entry.d_type == DT_DIR;
+    struct stat status = {};
+    bool isLink = entry.d_type == DT_LNK;
+    if (entry.d_type == DT_UNKNOWN) { // the file system that is being read knows
+        if (::fstatat(folder, entry.d_name, &status, AT_SYMLINK_NOFOLLOW | AT_NO_AUTOMOUNT) != 0)
+            return false;
+        isLink = S_ISLNK(status.st_mode);
+    }
+    if (!isLink)
+        return entry.d_type == DT_DIR || S_ISDIR(status.st_mode);
     if (posix::mayHang(place + '/' + entry.d_name, mounts))
         return true;
-    struct stat status = {};
     return ::fstatat(folder, entry.d_name, &status, 0) == 0 && S_ISDIR(status.st_mode);
 }
 
@@ -36,8 +42,9 @@ std::optional<FolderNames> namesIn(const QString &folder)
     const std::string mounts = posix::mountTable();
     FolderNames names;
     while (const dirent *entry = ::readdir(stream.get())) {
-        if (entry->d_name[0] != '.')
-            names.append({QFile::decodeName(entry->d_name), isFolder(number, *entry, place, mounts)});
+        const QString name = QFile::decodeName(entry->d_name);
+        if (entry->d_name[0] != '.' && QFile::encodeName(name) == entry->d_name)
+            names.append({name, isFolder(number, *entry, place, mounts)});
     }
     return names;
 }

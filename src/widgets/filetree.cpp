@@ -104,6 +104,11 @@ bool FileTree::canFetchMore(const QModelIndex &parent) const
     return isFolder(parent) && parent.data(StateRole).toInt() == Unread;
 }
 
+bool FileTree::mayBeRead(const QModelIndex &index)
+{
+    return isFolder(index) && index.data(StateRole).toInt() != Unknown;
+}
+
 void FileTree::read(const QModelIndex &folder)
 {
     if (!isFolder(folder) || folder.data(StateRole).toInt() == Reading)
@@ -158,7 +163,7 @@ void FileTree::take(QStandardItem *folder, const zel::FolderNames &names)
             continue;
         }
         insertFresh();
-        while (nameOf(folder->child(row)) != each.name)
+        while (row < folder->rowCount() && nameOf(folder->child(row)) != each.name)
             ++row;
         ++row;
     }

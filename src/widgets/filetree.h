@@ -21,6 +21,9 @@ public:
     QModelIndex reach(const QString &path);
     static QString pathOf(const QModelIndex &index) { return index.data(PathRole).toString(); }
     static bool isFolder(const QModelIndex &index) { return index.data(FolderRole).toBool(); }
+    /// A folder, unless an attempt to read it has failed: what a link on a slow mount leads to is not looked
+    /// at.
+    static bool mayBeRead(const QModelIndex &index);
     void read(const QModelIndex &folder); ///< again: rows change only where it differs
 
     bool hasChildren(const QModelIndex &parent = {}) const override;

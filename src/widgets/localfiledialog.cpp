@@ -81,7 +81,7 @@ void LocalFileDialog::accept()
         return;
     const QModelIndex current = m_tree->currentIndex();
     if (m_kind != Kind::Folder && paths == QStringList{FileTree::pathOf(current)}
-        && FileTree::isFolder(current))
+        && FileTree::mayBeRead(current))
         return m_tree->setExpanded(current, !m_tree->isExpanded(current));
     Q_EMIT chosen(paths);
     QDialog::accept();
@@ -102,7 +102,8 @@ bool LocalFileDialog::eventFilter(QObject *watched, QEvent *event)
 
 void LocalFileDialog::onPicked()
 {
-    m_path->setText(FileTree::pathOf(m_tree->currentIndex()));
+    if (m_tree->currentIndex().isValid()) // a row that was reached may turn out not to be there
+        m_path->setText(FileTree::pathOf(m_tree->currentIndex()));
 }
 
 void LocalFileDialog::onTyped()

@@ -26,6 +26,13 @@ Toggle::Toggle(const QString &name, QWidget *parent)
     connect(this, &QAbstractButton::toggled, this, &Toggle::moveKnob);
 }
 
+// Who sets it may keep toggled() to himself; a click comes by toggled() alone.
+void Toggle::checkStateSet()
+{
+    QCheckBox::checkStateSet();
+    moveKnob(isChecked());
+}
+
 void Toggle::moveKnob(bool checked)
 {
     const int duration = isVisible() ? KSkin::animationDuration(zel::look::MotionFast) : 0;

@@ -17,6 +17,7 @@ public:
 
 protected:
     void paintEvent(QPaintEvent *event) override;
+    void checkStateSet() override;
     bool hitButton(const QPoint &pos) const override { return rect().contains(pos); }
 
 private:

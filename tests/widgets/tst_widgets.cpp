@@ -51,6 +51,12 @@ private Q_SLOTS:
             QCOMPARE(motion->state() == QAbstractAnimation::Running, moves);
             QTRY_COMPARE(motion->state(), QAbstractAnimation::Stopped);
             const QImage on = toggle.grab().toImage();
+            toggle.setChecked(false);
+            toggle.blockSignals(true); // as who shows what another one has set
+            toggle.setChecked(true);
+            QTRY_COMPARE(motion->state(), QAbstractAnimation::Stopped);
+            QCOMPARE(toggle.grab().toImage(), on);
+            toggle.blockSignals(false);
             QTest::keyClick(&toggle, Qt::Key_Space);
             QVERIFY(!toggle.isChecked());
             QTRY_COMPARE(motion->state(), QAbstractAnimation::Stopped);

@@ -131,6 +131,8 @@ void FileChooserPortal::onResponse(uint code, const QVariantMap &results)
     if (std::exchange(m_isOver, true))
         return;
     m_request.clear();
+    if (code > 1) // neither chosen nor cancelled: the window could not be had, or went
+        return Q_EMIT unavailable();
     QStringList paths;
     const QStringList uris = results.value(QStringLiteral("uris")).toStringList();
     for (const QString &uri : uris) {

@@ -25,9 +25,8 @@ public:
     void ask(const FileQuestion &question, const QString &window);
 
 Q_SIGNALS:
-    void answered(
-        const QStringList &paths); ///< none: the person has cancelled, or the desktop's window is gone
-    void unavailable();            ///< there is no such portal, it cannot do this, or it does not answer
+    void answered(const QStringList &paths); ///< none: the person has cancelled
+    void unavailable(); ///< there is no such portal, it cannot do this, does not answer, or went
 
 private Q_SLOTS:
     void onResponse(uint code, const QVariantMap &results);

@@ -158,8 +158,11 @@ bool KCentralWidget::isBusy() const
 
 void KCentralWidget::continueFrom(KCentralWidget &old)
 {
-    for (int number = 0; number < pageCount(); ++number)
+    for (int number = 0; number < pageCount(); ++number) {
         m_pages.at(number)->continueFrom(*old.m_pages.at(number));
+        if (old.m_pages.at(number)->isBusy())
+            page(number); // now: somebody has to hear how it ends
+    }
     selectPage(old.m_currentPage);
     m_titleBar->searchBox()->setText(m_pages.at(m_currentPage)->filter());
 }

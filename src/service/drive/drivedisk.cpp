@@ -179,11 +179,15 @@ bool removeTree(int folder, const QByteArray &name, int depth, bool &begun)
     if (!names)
         return false;
     ::fchmod(inner.get(), 0700); // a copy may already have permissions that forbid this
+    int problem = 0;             // the first one; what can go goes all the same
     for (const QByteArray &child : *names) {
-        if (!removeTree(inner.get(), child, depth + 1, begun))
-            return false;
+        if (!removeTree(inner.get(), child, depth + 1, begun) && problem == 0)
+            problem = errno;
     }
-    return ::unlinkat(folder, name.constData(), AT_REMOVEDIR) == 0;
+    if (problem == 0)
+        return ::unlinkat(folder, name.constData(), AT_REMOVEDIR) == 0;
+    errno = problem;
+    return false;
 }
 
 } // namespace

@@ -42,7 +42,8 @@ std::optional<QByteArray> bookmarks()
     const QString path = bookmarksFile();
     if (QFileInfo::exists(path))
         return contentsOf(path);
-    return contentsOf(QDir::homePath() + QLatin1String("/.gtk-bookmarks")).value_or(QByteArray());
+    const QString earlier = QDir::homePath() + QLatin1String("/.gtk-bookmarks");
+    return QFileInfo::exists(earlier) ? contentsOf(earlier) : QByteArray();
 }
 
 bool names(const QByteArray &line, const QString &folder)
@@ -62,13 +63,13 @@ bool isBookmarked(const QString &folder)
 
 bool setBookmarked(const QString &folder, bool wanted)
 {
-    if (isBookmarked(folder) == wanted)
-        return true;
     const auto before = bookmarks();
     if (!before) {
         qCWarning(lcService, "the places of file managers cannot be read");
         return false;
     }
+    if (isBookmarked(folder) == wanted)
+        return true;
     QList<QByteArray> lines = before->split('\n');
     while (!lines.isEmpty() && lines.constLast().trimmed().isEmpty())
         lines.removeLast();
