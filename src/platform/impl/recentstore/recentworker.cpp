@@ -77,6 +77,8 @@ void RecentWorker::tryAgain()
     const RecentDelta news = m_repository.writeUnwritten();
     publish(news);
     if (wasAway && !m_repository.isAway()) {
+        if (m_roamingUser)
+            keepRoamingOf(*m_roamingUser); // the disk's may be of another one
         lookFor(news);
         if (m_importer)
             followLists();
@@ -326,6 +328,7 @@ void RecentWorker::takeRoaming(const RoamingList &list)
 void RecentWorker::keepRoamingOf(const QString &user)
 {
     open();
+    m_roamingUser = user;
     change([&](const RecentState &state, SourceTable &) { return zel::recent::keepRoamingOf(state, user); },
         Durability::Full);
 }

@@ -71,10 +71,11 @@ private:
     RecentLooks m_looks;
     RecordInfoList m_firstList;
     DesktopNotes m_notes;
-    QTimer m_retry;                    ///< runs only while the disk or the desktop's list lacks something
-    std::optional<bool> m_clearWanted; ///< clearHistory() with this, once the lists have been read
-    bool m_scanned = false;            ///< the lists have been read once
-    bool m_wanted = false;             ///< somebody has asked for the records
+    QTimer m_retry;                       ///< runs only while the disk or the desktop's list lacks something
+    std::optional<QString> m_roamingUser; ///< as told last
+    std::optional<bool> m_clearWanted;    ///< clearHistory() with this, once the lists have been read
+    bool m_scanned = false;               ///< the lists have been read once
+    bool m_wanted = false;                ///< somebody has asked for the records
     bool m_open = false;
     bool m_handedOver = false; ///< news are told from then on
 };

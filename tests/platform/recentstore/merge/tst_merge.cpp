@@ -127,6 +127,7 @@ private Q_SLOTS:
         const auto row = zeltest::table<QString, QString, QString>("disk", "memory", "after");
         row("opened", "a d5 o3;b o1", "a o7", "a d5 o7;b o1");
         row("removed, though used more lately there", "a d5 o9 p9", "a d5 r5", "a d5 r9");
+        row("removed before both, used since", "a d9 r5", "a r5", "a d9 r5");
         row("removed, then opened", "a o9", "a d5 o12 r5", "a d5 o12 r9");
         row("was removed there", "a d5 r5", "a d5", "a d5 r5");
         row("was removed there, pinned since", "a d5 r5", "a d5 p5", "a d5 r5 p6");

@@ -66,7 +66,9 @@ RecentDelta mergeMemory(const RecentState &disk, SourceTable &sources, const Rec
         const QString id = idOnDisk(mine, known);
         const StoredRecord *before = find(disk, id);
         StoredRecord after = copyOrNew(before, id);
-        if (mine.removedTime >= 0)
+        const bool isKnown =
+            before && before->removedTime == mine.removedTime; // and may have been used since
+        if (mine.removedTime >= 0 && !isKnown)
             forgetUses(after, now);
         after.removedTime = std::max(after.removedTime, mine.removedTime);
         for (const RecentAccess &access : mine.accesses)

@@ -56,7 +56,6 @@ RecordInfoList RecentRepository::open()
 {
     QElapsedTimer watch;
     watch.start();
-    paths::makeFolderOf(m_file);
     QVector<StoredRecord> records;
     if (openDatabase() && !loadAll(records, m_sources)) {
         const bool damaged = m_connection.failure() == Failure::Damaged;
@@ -77,6 +76,7 @@ RecordInfoList RecentRepository::open()
 
 bool RecentRepository::openDatabase(bool again)
 {
+    paths::makeFolderOf(m_file);
     const QFileInfo place(m_file);
     if (place.exists() && !place.isFile() && !again) {
         setAside(QStringLiteral("not a file"));
@@ -145,6 +145,7 @@ RecentDelta RecentRepository::store(const Operation &operation, Durability durab
     RecentDelta rows = delta;
     if (idle || (write(rows, sources) && transaction.commit())) {
         m_unwritten.clear();
+        m_busy = m_busy && m_connection.failure() != Failure::None;
         m_storedSources = sources;
         apply(m_state, rows);
         if (!idle)
@@ -210,7 +211,7 @@ void RecentRepository::handleFailure()
         break;
     case Failure::Busy:
         qCWarning(lcRecent) << "database busy," << m_unwritten.size() << "changes wait";
-        if (stillBusy)
+        if (stillBusy && hasUnwritten())
             tellKept(false);
         break;
     case Failure::Damaged:
@@ -223,6 +224,8 @@ void RecentRepository::handleFailure()
             writeEverything();
         break;
     case Failure::Unavailable:
+        if (!hasUnwritten())
+            break; // nobody has lost anything, and nothing would tell when it is well again
         if (m_toldKept)
             qCWarning(lcRecent) << "changes cannot be written," << why;
         tellKept(false);
@@ -293,7 +296,11 @@ RecentDelta RecentRepository::writeUnwritten()
         return comeBack();
     if (!hasUnwritten())
         return {};
-    return change([](const RecentState &, SourceTable &) { return RecentDelta(); }, Durability::Full);
+    const RecentDelta delta =
+        change([](const RecentState &, SourceTable &) { return RecentDelta(); }, Durability::Full);
+    if (m_wipeOwed && !hasUnwritten())
+        wipe();
+    return delta;
 }
 
 RecentDelta RecentRepository::comeBack()
@@ -308,6 +315,8 @@ RecentDelta RecentRepository::comeBack()
             handleFailure(); // what is in memory makes the new one
         else
             loseDatabase();
+        if (m_wipeOwed && !hasUnwritten())
+            wipe();
         return {};
     }
     const RecentState memory = std::exchange(m_state, {});
@@ -321,7 +330,7 @@ RecentDelta RecentRepository::comeBack()
         return mergeMemory(state, all, memory, memorySources, QDateTime::currentMSecsSinceEpoch());
     };
     change(join, Durability::Full);
-    if (m_wipeOwed)
+    if (m_wipeOwed && !hasUnwritten())
         wipe();
     if (!hasUnwritten())
         tellKept(true);
@@ -341,7 +350,7 @@ void RecentRepository::forgetAll()
 
 void RecentRepository::wipe()
 {
-    m_wipeOwed = m_away;
+    m_wipeOwed = hasUnwritten();
     if (m_connection.isOpen()) {
         m_connection.exec("VACUUM");
         m_connection.number("PRAGMA wal_checkpoint(TRUNCATE)");

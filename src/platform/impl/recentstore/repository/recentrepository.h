@@ -74,7 +74,7 @@ private:
     int m_repairs = 0;
     bool m_away = false;
     bool m_busy = false;
-    bool m_wipeOwed = false; ///< wipe() was wanted while the database was away
+    bool m_wipeOwed = false; ///< wipe() was wanted while something could not be written
     bool m_toldKept = true;
     bool m_damageTold = false;
 };
