@@ -20,6 +20,7 @@
 #include "kskin.h"
 #include "lists/rowselection.h"
 #include "lists/ui/pagedrops.h"
+#include "lists/ui/selectionsum.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -31,10 +32,6 @@
 using namespace zel::clouddoc;
 using State = CloudDocStates::State;
 using Logic = CloudDocLogic;
-
-// The sizes of very many selected rows are not added up again at each of many changes.
-static constexpr int MostCountedAtOnce = 1000;
-static constexpr int CountPause = 200; // ms
 
 ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(
     KCloudSvrProxy *proxy, QWidget *parent, std::unique_ptr<QObject> before)
@@ -65,8 +62,8 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(
     connectView();
     connectParts();
     connectTransfers();
-    m_countSoon.setSingleShot(true);
-    connect(&m_countSoon, &QTimer::timeout, this, &ZelBoxCloudDocWidget::showCounts);
+    m_sum = new SelectionSum(m_view, [this](int row) { return m_logic->documents()->document(row).size; });
+    connect(m_sum, &SelectionSum::counted, this, &ZelBoxCloudDocWidget::showCounts);
     new PageDrops(
         this, m_states, m_view->cargo(), [this] { return m_logic->state() == Logic::State::Ready; });
     setAccessibleName(tr("Cloud documents"));
@@ -301,18 +298,12 @@ void ZelBoxCloudDocWidget::onReady()
 void ZelBoxCloudDocWidget::updateActions()
 {
     m_commands->update();
-    if (!m_countSoon.isActive())
-        m_countSoon.start(m_view->selectedCount() > MostCountedAtOnce ? CountPause : 0);
+    m_sum->countSoon();
 }
 
 void ZelBoxCloudDocWidget::showCounts()
 {
-    const QStringList ids = m_view->selectedIds();
-    qint64 bytes = 0;
-    for (const QString &id : ids)
-        if (const CloudDocument *document = m_logic->documents()->find(id))
-            bytes += document->size;
-    m_status->setCounts(m_logic->documents()->rowCount(), ids.size(), bytes);
+    m_status->setCounts(m_logic->documents()->rowCount(), m_sum->selected(), m_sum->bytes());
 }
 
 void ZelBoxCloudDocWidget::updateTransfers()

@@ -5,7 +5,6 @@
 #include "clouddoc/ui/clouddocstates.h"
 #include "widgets/boxpage.h"
 
-#include <QTimer>
 #include <QWidget>
 #include <optional>
 
@@ -21,6 +20,7 @@ class CloudListing;
 class CloudStatusLine;
 class QAction;
 class QLineEdit;
+class SelectionSum;
 class TransferPanel;
 
 /// The page of cloud documents: one folder of the drive at a time, and the transfers. GUI thread. Owns its
@@ -94,7 +94,7 @@ private:
     TransferPanel *m_panel;
     ArrivedUploads *m_uploads;
     BoxPageHost *m_host = nullptr;
-    QTimer m_countSoon;
+    SelectionSum *m_sum;
     bool m_failedTransfers = false; // since the user looked
     bool m_selectOnReady = false;
     std::optional<QString> m_newName; // that was typed for the current row in another window

@@ -1,9 +1,9 @@
 #pragma once
 
 #include <QObject>
-#include <QTimer>
 
 class RecentSortFilterModel;
+class SelectionSum;
 class ZelBoxRecentFileListView;
 class ZelBoxRecentFileTitleWidget;
 
@@ -18,13 +18,9 @@ public:
         ZelBoxRecentFileTitleWidget *title);
 
 private:
-    void countSelected();
     void show();
 
     const RecentSortFilterModel *m_rows;
-    ZelBoxRecentFileListView *m_view;
     ZelBoxRecentFileTitleWidget *m_title;
-    QTimer m_soon;
-    int m_selected = 0;
-    qint64 m_bytes = 0;
+    SelectionSum *m_sum;
 };

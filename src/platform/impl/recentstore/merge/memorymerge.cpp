@@ -8,26 +8,14 @@
 namespace zel::recent {
 namespace {
 
-using IdByRoaming = QHash<QString, QString>;
-
-IdByRoaming idsByRoaming(const RecentState &state)
-{
-    IdByRoaming ids;
-    for (const StoredRecord &record : state) {
-        if (record.roaming)
-            ids.insert(record.roaming->item.roamingId, record.id);
-    }
-    return ids;
-}
-
 // Which record of the disk it is: one of the service may have joined a local file there.
-QString idOnDisk(const StoredRecord &mine, const IdByRoaming &known)
+QString idOnDisk(const StoredRecord &mine, const Carriers &known)
 {
     return mine.isRoamingOnly() && mine.roaming ? known.value(mine.roaming->item.roamingId, mine.id)
                                                 : mine.id;
 }
 
-void joinRoaming(StoredRecord &record, const StoredRecord &mine, const IdByRoaming &known)
+void joinRoaming(StoredRecord &record, const StoredRecord &mine, const Carriers &known)
 {
     if (!mine.roaming)
         return;
@@ -60,7 +48,7 @@ RecentDelta mergeMemory(const RecentState &disk, SourceTable &sources, const Rec
     QHash<int, int> sourceIds;
     for (auto it = memorySources.cbegin(); it != memorySources.cend(); ++it)
         sourceIds.insert(it->id, sourceId(sources, it.key()));
-    const IdByRoaming known = idsByRoaming(disk);
+    const Carriers known = carriersIn(disk);
     RecentDelta delta;
     for (const StoredRecord &mine : memory) {
         const QString id = idOnDisk(mine, known);

@@ -50,6 +50,16 @@ StoredRecord copyOrNew(const StoredRecord *record, const QString &id)
     return made;
 }
 
+Carriers carriersIn(const RecentState &state)
+{
+    Carriers carriers;
+    for (const StoredRecord &record : state) {
+        if (record.roaming)
+            carriers.insert(record.roaming->item.roamingId, record.id);
+    }
+    return carriers;
+}
+
 void forgetUses(StoredRecord &record, qint64 now)
 {
     record.removedTime = std::max(std::min(record.lastAccess(), now), record.removedTime);

@@ -12,6 +12,10 @@ void note(RecentDelta &delta, const StoredRecord *before, StoredRecord after);
 const StoredRecord *find(const RecentState &state, const QString &id); ///< null: none
 StoredRecord copyOrNew(const StoredRecord *record, const QString &id);
 
+/// Record ids by the roaming id of the part that they carry.
+using Carriers = QHash<QString, QString>;
+Carriers carriersIn(const RecentState &state);
+
 /// What was used so far is forgotten, and the pin is taken away. Known times ahead of `now` are forgotten one
 /// by one, so that a use after `now` counts all the same.
 void forgetUses(StoredRecord &record, qint64 now);

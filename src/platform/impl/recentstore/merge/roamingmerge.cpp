@@ -9,19 +9,6 @@
 namespace zel::recent {
 namespace {
 
-/// Record ids by the roaming id of the part that they carry.
-using Carriers = QHash<QString, QString>;
-
-Carriers carriersIn(const RecentState &state)
-{
-    Carriers carriers;
-    for (const StoredRecord &record : state) {
-        if (record.roaming)
-            carriers.insert(record.roaming->item.roamingId, record.id);
-    }
-    return carriers;
-}
-
 // Newest first, each id once.
 QVector<RoamingItem> inOrder(QVector<RoamingItem> items)
 {
