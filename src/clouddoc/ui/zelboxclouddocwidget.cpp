@@ -24,7 +24,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QLineEdit>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QVBoxLayout>
@@ -77,7 +76,7 @@ ZelBoxCloudDocWidget::ZelBoxCloudDocWidget(
 // Else the editor, which loses the focus while the window goes, hands the name to what is half gone itself.
 ZelBoxCloudDocWidget::~ZelBoxCloudDocWidget()
 {
-    m_view->endRename();
+    m_view->rename().end();
 }
 
 void ZelBoxCloudDocWidget::goOn(const CloudDocVisit &before)
@@ -100,11 +99,7 @@ void ZelBoxCloudDocWidget::goOnNaming()
 {
     if (!m_newName)
         return;
-    m_view->beginRename(m_view->currentIndex());
-    if (QLineEdit *editor = nameEditor()) {
-        editor->setText(*m_newName);
-        editor->setModified(true); // else the row's own name comes back with its next change
-    }
+    m_view->rename().goOn(*m_newName);
     m_newName.reset();
 }
 
@@ -115,16 +110,9 @@ std::unique_ptr<QObject> ZelBoxCloudDocWidget::handOver()
     visit->current = m_view->currentId();
     visit->undo = m_notices->offered();
     visit->showsTransfers = m_panel->isOpen();
-    if (const QLineEdit *editor = nameEditor())
-        visit->newName = editor->text();
-    m_view->endRename();
+    visit->newName = m_view->rename().typed();
+    m_view->rename().end();
     return visit;
-}
-
-QLineEdit *ZelBoxCloudDocWidget::nameEditor() const
-{
-    return m_view->isRenaming() ? qobject_cast<QLineEdit *>(m_view->indexWidget(m_view->currentIndex()))
-                                : nullptr;
 }
 
 void ZelBoxCloudDocWidget::setHost(BoxPageHost *host)

@@ -19,7 +19,6 @@ class CloudDocToolBar;
 class CloudListing;
 class CloudStatusLine;
 class QAction;
-class QLineEdit;
 class SelectionSum;
 class TransferPanel;
 
@@ -62,7 +61,6 @@ private:
     void layOut();
     void goOn(const CloudDocVisit &before);
     void goOnNaming();
-    QLineEdit *nameEditor() const; ///< null: no name is typed
     void connectLogic();
     void connectView();
     void connectParts();

@@ -88,7 +88,7 @@ void View::rowsAboutToBeRemoved(const QModelIndex &parent, int start, int end)
     const bool looked = viewport()->rect().intersects(visualRect(currentIndex()));
     const ScrollKeeper keeper(looked ? nullptr : this);
     if (const int row = currentIndex().row(); row >= start && row <= end)
-        endRename();
+        m_rename.end();
     if (start == 0 && end == listModel()->rowCount() - 1)
         m_memory.keep(*listModel(), *selectionModel());
     else if (m_leaving.leave(*listModel(), selectionModel(), start, end))
@@ -122,30 +122,6 @@ void View::selectionChanged(const QItemSelection &selected, const QItemSelection
     TypingListArea::selectionChanged(selected, deselected);
     ListAccessible::tellSelection(this);
     Q_EMIT selectedRowsChanged();
-}
-
-// What comes late takes nobody away from the name that he is typing.
-void View::beginRename(const QModelIndex &index)
-{
-    if (!index.isValid() || isRenaming())
-        return;
-    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    scrollTo(index);
-    edit(index);
-}
-
-// Its row goes: nothing is to be renamed any more, and the keyboard stays in the list. The base class would
-// let it go to what comes next in the window.
-void View::endRename()
-{
-    if (QWidget *editor = isRenaming() ? indexWidget(currentIndex()) : nullptr)
-        closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
-}
-
-// The state of the base class says no once a row has moved.
-bool View::isRenaming() const
-{
-    return isPersistentEditorOpen(currentIndex());
 }
 
 // One row has its buttons: where the pointer is, else where the keyboard is.

@@ -10,6 +10,7 @@
 #include "lists/ui/listhover.h"
 #include "lists/ui/listkeyboard.h"
 #include "lists/ui/listpress.h"
+#include "lists/ui/listrename.h"
 #include "lists/ui/typinglistarea.h"
 
 #include <functional>
@@ -48,9 +49,9 @@ public:
     void setLeaving(const QStringList &ids) { m_leaving.set(ids); }
     /// Rows that the user brings back: once they come, they are selected; see ListReturning.
     void setReturning(const QStringList &ids) { m_returning.expect(ids); }
-    void beginRename(const QModelIndex &index); ///< of a row that can be edited; not while another one is
-    bool isRenaming() const;
-    void endRename();                                 ///< without the name that is typed
+    void beginRename(const QModelIndex &index) { m_rename.begin(index); }
+    bool isRenaming() const { return m_rename.isOpen(); }
+    ListRename &rename() { return m_rename; }
     void requestMenuOfCurrent() { m_menu.request(); } ///< selects the current row for it
     /// Opens a menu of rows there; one that was asked for by keyboard has its first entry marked. While it is
     /// open, the pointer counts as on the row where it was.
@@ -113,6 +114,8 @@ private:
     ListHover m_hover{this};
     ListPress m_press;
     KeyboardMenu m_menu{this, [this] { updateHover(); }};
+    ListRename m_rename{
+        this, [this](QWidget *editor) { closeEditor(editor, QAbstractItemDelegate::RevertModelCache); }};
     ListDropTarget m_drop{this};
     bool m_keyboardLeads = false; // focus ring and row buttons are where the keyboard is
 };
