@@ -1,6 +1,6 @@
 #include "launcher/hostmessages.h"
 
-#include "launcher/unicode.h"
+#include "base/posix/unicode.h"
 
 #include <algorithm>
 #include <vector>
@@ -60,7 +60,7 @@ void HostMessages::registerHandler(const wchar_t *channel, void *context, HostCa
 
 std::optional<std::u16string> HostMessages::deliver(const Message &message)
 {
-    const std::wstring channel = toWide(fromUtf16(message.channel));
+    const std::wstring channel = posix::toWide(posix::fromUtf16(message.channel));
     const std::lock_guard lock(m_mutex);
     const auto found = m_handlers.find(channel);
     if (found == m_handlers.end())

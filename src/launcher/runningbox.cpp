@@ -3,13 +3,13 @@
 #include "base/posix/exitsignals.h"
 #include "base/posix/runtimedir.h"
 #include "base/posix/singleinstance.h"
+#include "base/posix/unicode.h"
 #include "launcher/boxlibrary.h"
 #include "launcher/forward.h"
 #include "launcher/hostmessages.h"
 #include "launcher/instanceserver.h"
 #include "launcher/protocol.h"
 #include "launcher/startuptoken.h"
-#include "launcher/unicode.h"
 
 #include <cerrno>
 #include <cstdio>
@@ -85,7 +85,8 @@ Forwarding handOver(const std::string &socketPath, const std::u16string &command
 {
     const std::string token = startupToken();
     if (!token.empty())
-        forwardMessage(socketPath, {transmissionChannel, startupKey + toUtf16(decodeUtf8(token))}, deadline);
+        forwardMessage(socketPath,
+            {transmissionChannel, startupKey + posix::toUtf16(posix::decodeUtf8(token))}, deadline);
     return forwardMessage(socketPath, {transmissionChannel, activateKey + command}, deadline);
 }
 
@@ -96,7 +97,7 @@ int runBox(int argc, char **argv, const CommandLine &commandLine)
     const posix::RuntimeDir folder = posix::openRuntimeDir();
     if (folder.path.empty())
         return fail(folder.error);
-    const std::u32string text = decodeUtf8(commandLine.text);
+    const std::u32string text = posix::decodeUtf8(commandLine.text);
     const posix::Deadline deadline = posix::deadlineIn(startTime);
     SingleInstance instance(folder.path, "zelbox");
     pid_t lastOwner = 0;
@@ -104,13 +105,13 @@ int runBox(int argc, char **argv, const CommandLine &commandLine)
     do {
         switch (instance.claim(deadline)) {
         case SingleInstance::Claim::Owner:
-            return serve(instance, argc, argv, toWide(text));
+            return serve(instance, argc, argv, posix::toWide(text));
         case SingleInstance::Claim::Failed:
             return fail(instance.error());
         case SingleInstance::Claim::Taken:
             break;
         }
-        const Forwarding forwarding = handOver(instance.socketPath(), toUtf16(text), deadline);
+        const Forwarding forwarding = handOver(instance.socketPath(), posix::toUtf16(text), deadline);
         if (forwarding.result != Forwarding::Result::Gone)
             return judge(forwarding);
         closed = forwarding.owner != 0 && forwarding.owner == lastOwner ? closed + 1 : 0;

@@ -1,8 +1,9 @@
+#include "base/posix/unicode.h"
 #include "launcher/commandline.h"
 #include "launcher/frame.h"
-#include "launcher/unicode.h"
 
 using namespace zel::launcher;
+using namespace zel::posix;
 
 Q_DECLARE_METATYPE(std::string)
 Q_DECLARE_METATYPE(std::u32string)

@@ -1,8 +1,8 @@
-#include "launcher/unicode.h"
+#include "base/posix/unicode.h"
 
 #include <cstddef>
 
-namespace zel::launcher {
+namespace zel::posix {
 namespace {
 
 static_assert(sizeof(wchar_t) == sizeof(char32_t), "the box takes its command line as UCS-4");
@@ -51,7 +51,8 @@ Lead leadOf(unsigned char byte)
     return {};
 }
 
-// Takes one sequence off the front; the well-formed beginning of a broken one counts as one.
+} // namespace
+
 char32_t takeCodePoint(std::string_view &bytes)
 {
     Lead lead = leadOf(static_cast<unsigned char>(bytes.front()));
@@ -68,8 +69,6 @@ char32_t takeCodePoint(std::string_view &bytes)
     return lead.following == 0 ? lead.bits : replacement;
 }
 
-} // namespace
-
 std::u32string decodeUtf8(std::string_view bytes)
 {
     std::u32string text;
@@ -79,22 +78,26 @@ std::u32string decodeUtf8(std::string_view bytes)
     return text;
 }
 
+void appendUtf8(std::string &bytes, char32_t c)
+{
+    if (!isScalar(c))
+        c = replacement;
+    if (c < 0x80) {
+        bytes += static_cast<char>(c);
+        return;
+    }
+    const int following = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
+    constexpr unsigned marks[] = {0, 0xC0, 0xE0, 0xF0};
+    bytes += static_cast<char>(marks[following] | (c >> (6 * following)));
+    for (int i = following - 1; i >= 0; --i)
+        bytes += static_cast<char>(0x80 | ((c >> (6 * i)) & 0x3F));
+}
+
 std::string encodeUtf8(std::u32string_view text)
 {
     std::string bytes;
-    for (char32_t c : text) {
-        if (!isScalar(c))
-            c = replacement;
-        if (c < 0x80) {
-            bytes += static_cast<char>(c);
-            continue;
-        }
-        const int following = c < 0x800 ? 1 : c < 0x10000 ? 2 : 3;
-        constexpr unsigned marks[] = {0, 0xC0, 0xE0, 0xF0};
-        bytes += static_cast<char>(marks[following] | (c >> (6 * following)));
-        for (int i = following - 1; i >= 0; --i)
-            bytes += static_cast<char>(0x80 | ((c >> (6 * i)) & 0x3F));
-    }
+    for (const char32_t c : text)
+        appendUtf8(bytes, c);
     return bytes;
 }
 
@@ -134,4 +137,4 @@ std::wstring toWide(std::u32string_view text)
     return {text.begin(), text.end()};
 }
 
-} // namespace zel::launcher
+} // namespace zel::posix
