@@ -37,6 +37,7 @@ ALLOWED = {
     "tray": [PLATFORM, "base"],
     "tray/ui": [PLATFORM, "base", "tray"],
     "app": [PLATFORM, "base", "widgets", "lists", "cloud", "radar", "message", "settings", "mini", "tray", "mainwindow"],
+    "localsearch": ["base/posix"],
     "launcher": ["base/posix", "base/hostinterface.h"],
     "service": ["base", "cloud/wire"],
 }
