@@ -2,6 +2,53 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="zh_CN" sourcelanguage="en">
 <context>
+    <name>AboutPage</name>
+    <message>
+        <source>%1, Qt %2, %3</source>
+        <translation>%1，Qt %2，%3</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
+    </message>
+    <message>
+        <source>Version %1</source>
+        <translation>版本 %1</translation>
+    </message>
+    <message>
+        <source>Copy</source>
+        <translation>复制</translation>
+    </message>
+    <message>
+        <source>Copied.</source>
+        <translation>已复制。</translation>
+    </message>
+    <message>
+        <source>This program</source>
+        <translation>本程序</translation>
+    </message>
+    <message>
+        <source>ZEL Box</source>
+        <translation>ZEL Box</translation>
+    </message>
+    <message>
+        <source>System</source>
+        <translation>系统</translation>
+    </message>
+    <message>
+        <source>What a server would be told</source>
+        <translation>会告知服务器的内容</translation>
+    </message>
+    <message>
+        <source>The version, this computer&apos;s name, and a number made from its network card, so that your devices can be told apart. Nothing is sent in this version.</source>
+        <translation>版本、这台计算机的名称，以及由其网卡生成的编号，用来区分您的各台设备。此版本不会发送任何内容。</translation>
+    </message>
+    <message>
+        <source>User agent</source>
+        <translation>用户代理</translation>
+    </message>
+</context>
+<context>
     <name>ActionTable</name>
     <message>
         <source>%1 (%2)</source>
@@ -667,10 +714,6 @@
         <translation>已登录。所有内容都保存在这台电脑上。</translation>
     </message>
     <message>
-        <source>The list of places could not be changed.</source>
-        <translation>无法更改位置列表。</translation>
-    </message>
-    <message>
         <source>Copies kept to open documents faster</source>
         <translation>为更快打开文档而保留的副本</translation>
     </message>
@@ -681,6 +724,30 @@
     <message>
         <source>Among the places at the side of file managers and dialogs.</source>
         <translation>列在文件管理器和对话框侧边的位置中。</translation>
+    </message>
+    <message>
+        <source>Each time</source>
+        <translation>每次</translation>
+    </message>
+    <message>
+        <source>Once a day</source>
+        <translation>每天一次</translation>
+    </message>
+    <message>
+        <source>Never</source>
+        <translation>从不</translation>
+    </message>
+    <message>
+        <source>Transfers</source>
+        <translation>传输</translation>
+    </message>
+    <message>
+        <source>Message when transfers have ended</source>
+        <translation>传输结束时显示消息</translation>
+    </message>
+    <message>
+        <source>From the desktop, while ZEL Box is not in front.</source>
+        <translation>由桌面显示，仅当 ZEL Box 不在前台时。</translation>
     </message>
 </context>
 <context>
@@ -728,6 +795,10 @@
     <message>
         <source>Which folders are kept in step will be chosen here. Desktop sync comes with a later version.</source>
         <translation>要保持同步的文件夹将在此处选择。桌面同步将在后续版本提供。</translation>
+    </message>
+    <message>
+        <source>About</source>
+        <translation>关于</translation>
     </message>
 </context>
 <context>
@@ -2372,6 +2443,27 @@
     <message>
         <source>Menu</source>
         <translation>菜单</translation>
+    </message>
+</context>
+<context>
+    <name>TransferBubbles</name>
+    <message numerus="yes">
+        <source>and %Ln more</source>
+        <translation>
+            <numerusform>还有 %Ln 个</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln transfer(s) done</source>
+        <translation>
+            <numerusform>%Ln 项传输已完成</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%Ln transfer(s) failed</source>
+        <translation>
+            <numerusform>%Ln 项传输失败</numerusform>
+        </translation>
     </message>
 </context>
 <context>

@@ -2,6 +2,8 @@
 
 #include "app/commandtarget.h"
 #include "app/desktopactivation.h"
+#include "app/goingon.h"
+#include "app/transferbubbles.h"
 #include "app/zelboxapplication.h"
 #include "tray/ui/zelboxtray.h"
 
@@ -15,7 +17,21 @@ namespace {
 constexpr auto TrayAwayDelay = 10s;
 }
 
-BoxPresence::BoxPresence(CommandTarget &commands, QObject *parent) : QObject(parent), m_commands(commands) { }
+BoxPresence::BoxPresence(CommandTarget &commands, std::function<bool()> isWatched, QObject *parent)
+    : QObject(parent),
+      m_commands(commands),
+      m_goingOn(new GoingOn(this)),
+      m_bubbles(new TransferBubbles(std::move(isWatched), this))
+{
+    connect(m_goingOn, &GoingOn::changed, this, &BoxPresence::setTransfers);
+    connect(m_bubbles, &TransferBubbles::transfersRequested, this, &BoxPresence::transfersRequested);
+}
+
+void BoxPresence::follow(KCloudSvrProxy *cloud)
+{
+    m_goingOn->follow(cloud);
+    m_bubbles->follow(cloud);
+}
 
 void BoxPresence::start()
 {

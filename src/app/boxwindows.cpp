@@ -1,6 +1,7 @@
 #include "app/boxwindows.h"
 
 #include "app/commandtarget.h"
+#include "base/sourcekeys.h"
 #include "cloud/zelboxcloudsvr.h"
 #include "krecentfile.h"
 #include "mainwindow/mainwindowhost.h"
@@ -86,6 +87,21 @@ KZelBoxCloudSettingsDlg *BoxWindows::ensureSettings()
     return m_settings;
 }
 
+void BoxWindows::showMainWindow()
+{
+    const bool existed = m_main;
+    ZelBoxMainWindow *window = ensureMainWindow();
+    if (existed && window->isVisible())
+        window->saveWindowState();
+    window->showToFront();
+}
+
+void BoxWindows::showTransfers()
+{
+    ensureMainWindow()->central()->selectPage(zel::source::CloudDoc, zel::place::Transfers);
+    showMainWindow();
+}
+
 QVector<QWidget *> BoxWindows::all() const
 {
     QVector<QWidget *> windows{m_main.data(), m_mini.data(), m_miniWidget.data(), m_settings.data()};
@@ -111,6 +127,13 @@ QWidget *BoxWindows::frontWindow() const
     if (active)
         return active;
     return m_main && m_main->isVisible() && !m_main->isMinimized() ? m_main.data() : nullptr;
+}
+
+bool BoxWindows::hasAttention() const
+{
+    const QVector<QWidget *> windows = all();
+    return std::any_of(
+        windows.begin(), windows.end(), [](const QWidget *window) { return window->isActiveWindow(); });
 }
 
 QObject *BoxWindows::runningTask() const

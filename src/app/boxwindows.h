@@ -32,6 +32,9 @@ public:
     ZelBoxMiniWidget *ensureMiniWidget();
     KZelBoxCloudSettingsDlg *ensureSettings(); ///< to be shown at once; goes when it is closed
 
+    void showMainWindow(); ///< brings it to the front
+    void showTransfers();  ///< there
+
     /// Makes every window anew, where it was. Waits for the end of what the user is in the middle of.
     void remake();
     /// A drag that began in a window, which runs a loop of its own inside that window's code; null: none.
@@ -39,6 +42,8 @@ public:
     /// Where a question of the whole box belongs: the main window or the settings, whichever has the
     /// keyboard, else the main window where it is seen; null: nowhere.
     QWidget *frontWindow() const;
+
+    bool hasAttention() const; ///< one of the windows has the keyboard
 
     /// Something is under way in the main window that would end half done with the box; workEnded() tells
     /// when not any more.

@@ -7,7 +7,6 @@
 #include "app/boxwindows.h"
 #include "app/commanddispatcher.h"
 #include "app/commandline.h"
-#include "app/goingon.h"
 #include "app/memory.h"
 #include "app/pagelist.h"
 #include "app/selftest.h"
@@ -75,10 +74,10 @@ ZelBoxCore::ZelBoxCore(ZelBoxCloudSvr *cloudService)
       m_cloudService(cloudService),
       m_windows(new BoxWindows(*this, *this, m_skin, this)),
       m_clientProxy(new ZelBoxClientSvrProxy(this)),
-      m_presence(new BoxPresence(*this, this)),
+      m_presence(new BoxPresence(
+          *this, [this] { return m_windows->hasAttention(); }, this)),
       m_background(new BackgroundMode(*this, *m_presence, this)),
-      m_exit(new BoxExit(*m_windows, m_dialogs, this)),
-      m_goingOn(new GoingOn(this))
+      m_exit(new BoxExit(*m_windows, m_dialogs, this))
 {
     connect(ZelBoxIpc::instance(), &ZelBoxIpc::ipcTransmission, this, &ZelBoxCore::onIpcTransmission);
     connect(this, &ZelBoxCore::firstMainWindowShown, this, &ZelBoxCore::onFirstMainWindowShown);
@@ -98,7 +97,7 @@ void ZelBoxCore::connectWindows()
             widget, &ZelBoxMiniWidget::sigMiniWindowAboutToHide, this, &ZelBoxCore::sigMiniWindowAboutToHide);
     });
     connect(m_windows, &BoxWindows::languageChosen, this, &ZelBoxCore::onLanguageChosen);
-    connect(m_goingOn, &GoingOn::changed, m_presence, &BoxPresence::setTransfers);
+    connect(m_presence, &BoxPresence::transfersRequested, m_windows, &BoxWindows::showTransfers);
     connect(m_windows, &BoxWindows::remade, m_presence, &BoxPresence::remakeTray);
     connect(m_background, &BackgroundMode::entered, this, &ZelBoxCore::onBackgroundEntered);
 }
@@ -157,7 +156,7 @@ ZelBoxCloudSvr *ZelBoxCore::cloudService()
     connect(this, &ZelBoxCore::firstMainWindowShown, m_cloudService, &ZelBoxCloudSvr::onFirstMainWindowShown,
         Qt::UniqueConnection);
     m_cloudService->addClientProxy(m_clientProxy);
-    m_goingOn->follow(m_cloudService);
+    m_presence->follow(m_cloudService);
     return m_cloudService;
 }
 
@@ -274,11 +273,7 @@ void ZelBoxCore::onFirstMainWindowShown()
 
 void ZelBoxCore::showMainWindow()
 {
-    const bool existed = mainWindow();
-    ZelBoxMainWindow *window = m_windows->ensureMainWindow();
-    if (existed && window->isVisible())
-        window->saveWindowState();
-    window->showToFront();
+    m_windows->showMainWindow();
 }
 
 void ZelBoxCore::selectPage(int number)

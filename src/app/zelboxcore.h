@@ -12,7 +12,6 @@ class BackgroundMode;
 class BoxExit;
 class BoxPresence;
 class BoxWindows;
-class GoingOn;
 class KSkin;
 class ZelBoxClientSvrProxy;
 class ZelBoxCloudSvr;
@@ -104,7 +103,6 @@ private:
     BackgroundMode *m_background;
     OpenDialogs m_dialogs;
     BoxExit *m_exit;
-    GoingOn *m_goingOn;
     StartupToken m_startupToken; // of the command that comes next
     bool m_translated = false;
 };

@@ -36,12 +36,14 @@ void CloudOptions::ask()
         return;
     call(
         QStringLiteral("getCloudDiskEntryVisible"), {}, QStringLiteral("onGetCloudDiskEntryVisibleFinished"));
+    call(QStringLiteral("getTransBubbleFrequncy"), {}, QStringLiteral("onGetTransBubbleFrequncyFinished"));
     call(QStringLiteral("getCloudFileCacheSize"), {}, QStringLiteral("onGetCloudFileCacheSizeFinished"));
 }
 
 void CloudOptions::forget()
 {
     m_driveListed.reset();
+    m_bubbles.reset();
     m_cacheSize = 0;
     Q_EMIT changed();
 }
@@ -53,6 +55,15 @@ void CloudOptions::setDriveListed(bool listed)
     call(QStringLiteral("setCloudDiskEntryVisible"),
         {{QStringLiteral("visible"), KVelaUtil::boolText(listed)}},
         QStringLiteral("onSetCloudDiskEntryVisibleFinished"));
+}
+
+void CloudOptions::setBubbles(Bubbles bubbles)
+{
+    if (!m_cloud)
+        return Q_EMIT failed();
+    call(QStringLiteral("setTransBubbleFrequncy"),
+        {{QStringLiteral("frequency"), QString::number(int(bubbles))}},
+        QStringLiteral("onSetTransBubbleFrequncyFinished"));
 }
 
 void CloudOptions::call(const QString &method, const QMap<QString, QString> &arguments, const QString &slot)
@@ -74,6 +85,30 @@ void CloudOptions::onSetCloudDiskEntryVisibleFinished(bool bOk, const QString &,
     if (value.isEmpty())
         return Q_EMIT failed();
     m_driveListed = value == QLatin1String("true");
+    Q_EMIT changed();
+}
+
+std::optional<CloudOptions::Bubbles> CloudOptions::bubblesOf(bool bOk, const VelaIpcResult &answer)
+{
+    bool isNumber = false;
+    const int number = valueOf(bOk, answer).toInt(&isNumber);
+    if (!isNumber || number < int(Bubbles::EachTime) || number > int(Bubbles::Never))
+        return {};
+    return Bubbles(number);
+}
+
+void CloudOptions::onGetTransBubbleFrequncyFinished(bool bOk, const QString &, const VelaIpcResult &result)
+{
+    m_bubbles = bubblesOf(bOk, result);
+    Q_EMIT changed();
+}
+
+void CloudOptions::onSetTransBubbleFrequncyFinished(bool bOk, const QString &, const VelaIpcResult &result)
+{
+    const std::optional<Bubbles> stored = bubblesOf(bOk, result);
+    if (!stored)
+        return Q_EMIT failed();
+    m_bubbles = stored;
     Q_EMIT changed();
 }
 

@@ -15,12 +15,20 @@ class CloudOptions final : public QObject
 {
     Q_OBJECT
 public:
+    /// How often a message of the desktop tells that transfers have ended.
+    enum class Bubbles { EachTime, OnceADay, Never };
+
     /// `cloud` is not owned, may be null and may be destroyed first.
     explicit CloudOptions(KCloudSvrProxy *cloud, QObject *parent = nullptr);
 
     /// Whether file managers list the drive among their places; nothing while that is not known.
     std::optional<bool> isDriveListed() const { return m_driveListed; }
     void setDriveListed(bool listed); ///< changed() or failed() follows
+
+    std::optional<Bubbles> bubbles() const { return m_bubbles; } ///< nothing while that is not known
+    void setBubbles(Bubbles bubbles);                            ///< changed() or failed() follows
+    /// What an answer to "getTransBubbleFrequncy" or "setTransBubbleFrequncy" says; nothing after a failure.
+    static std::optional<Bubbles> bubblesOf(bool bOk, const zel::vela::VelaIpcResult &answer);
 
     qint64 cacheSize() const
     {
@@ -36,6 +44,10 @@ public Q_SLOTS:
         bool bOk, const QString &requestId, const zel::vela::VelaIpcResult &result);
     void onSetCloudDiskEntryVisibleFinished(
         bool bOk, const QString &requestId, const zel::vela::VelaIpcResult &result);
+    void onGetTransBubbleFrequncyFinished(
+        bool bOk, const QString &requestId, const zel::vela::VelaIpcResult &result);
+    void onSetTransBubbleFrequncyFinished(
+        bool bOk, const QString &requestId, const zel::vela::VelaIpcResult &result);
     void onGetCloudFileCacheSizeFinished(
         bool bOk, const QString &requestId, const zel::vela::VelaIpcResult &result);
 
@@ -46,5 +58,6 @@ private:
 
     QPointer<KCloudSvrProxy> m_cloud;
     std::optional<bool> m_driveListed;
+    std::optional<Bubbles> m_bubbles;
     qint64 m_cacheSize = 0;
 };

@@ -20,7 +20,8 @@ void pages(const PictureRun &run, KZelBoxCloudSettingsDlg &dialog)
 {
     dialog.show();
     QVERIFY(QTest::qWaitForWindowActive(&dialog));
-    for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"}) {
+    for (const char *page :
+        {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts", "about"}) {
         dialog.setParameter(QLatin1String(page));
         run.save(page, &dialog);
     }
@@ -41,7 +42,7 @@ void pages(const PictureRun &run, KZelBoxCloudSettingsDlg &dialog)
         break;
     }
     dialog.resize(640, 480);
-    for (const char *page : {"general", "recent", "cloud", "privacy", "shortcuts"}) {
+    for (const char *page : {"general", "recent", "cloud", "privacy", "shortcuts", "about"}) {
         dialog.setParameter(QLatin1String(page));
         run.save(QLatin1String(page) + "-small"_s, &dialog);
     }

@@ -43,7 +43,11 @@ private Q_SLOTS:
         QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Down);
         QCOMPARE(window.dialog.currentPage(), "recent"_s);
         QTest::keyClick(window.dialog.focusWidget(), Qt::Key_End);
-        QCOMPARE(window.dialog.currentPage(), "shortcuts"_s);
+        QCOMPARE(window.dialog.currentPage(), "about"_s);
+        const auto texts = window.dialog.findChildren<QLabel *>();
+        QVERIFY(std::any_of(texts.begin(), texts.end(),
+            [](const QLabel *each) { return each->text().startsWith("ZELUA/1.0 (pc-office:"_s); }));
+        QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Up);
         QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Tab);
         QVERIFY(qobject_cast<KeyField *>(window.dialog.focusWidget()));
         QTest::keyClick(window.dialog.focusWidget(), Qt::Key_Return);
@@ -56,7 +60,8 @@ private Q_SLOTS:
     void namesOfCommands_data()
     {
         const auto row = zeltest::table<QString, QString>("page", "control");
-        for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"})
+        for (const char *page :
+            {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts", "about"})
             row(page, page, "");
         row("theme", "general", "Appearance");
         row("close", "general", "When the window is closed");
@@ -214,6 +219,8 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(
             QFileInfo(qEnvironmentVariable("XDG_CONFIG_HOME") + "/gtk-3.0/bookmarks"_s).size() > 0, true,
             5000);
+        auto *bubbles = window.find<QComboBox>("Message when transfers have ended");
+        QTest::keyClick(bubbles, Qt::Key_End);
         for (const QPushButton *button : window.dialog.findChildren<QPushButton *>()) // Enter presses none
             QVERIFY2(!button->autoDefault() && !button->isDefault(), qPrintable(button->text()));
         QSignalSpy cleared(RecentFileEventObject(), &KRecentFileEvents::historyCleared);
@@ -229,6 +236,7 @@ private Q_SLOTS:
         service.kill();
         QTRY_VERIFY(!window.canPress("Sign Out"));
         QTRY_VERIFY_WITH_TIMEOUT(window.canPress("Sign Out"), 30000); // the link starts another one
+        QTRY_COMPARE(bubbles->currentText(), "Never"_s);
     }
 
     void fitsWithLongTexts()
@@ -242,7 +250,8 @@ private Q_SLOTS:
         Window window("general");
         window.dialog.resize(640, 480);
         QCOMPARE(window.dialog.size(), QSize(640, 480));
-        for (const char *page : {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts"}) {
+        for (const char *page :
+            {"general", "recent", "radar", "sync", "cloud", "privacy", "shortcuts", "about"}) {
             window.dialog.setParameter(QLatin1String(page));
             const auto areas = window.dialog.findChildren<QScrollArea *>();
             const auto shown = std::find_if(

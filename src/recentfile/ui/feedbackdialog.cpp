@@ -1,5 +1,6 @@
 #include "recentfile/ui/feedbackdialog.h"
 
+#include "base/version.h"
 #include "widgets/choicebutton.h"
 
 #include <QApplication>
@@ -15,9 +16,9 @@ namespace {
 QString details(const QString &problem)
 {
     return QStringLiteral("%1\nZEL Box %2, Qt %3, %4, %5\n%6 (%7)\n%8\n")
-        .arg(problem, QCoreApplication::applicationVersion(), QLatin1String(qVersion()),
-            QGuiApplication::platformName(), QLocale::system().name(), QSysInfo::prettyProductName(),
-            QSysInfo::kernelVersion(), QDateTime::currentDateTime().toString(Qt::ISODate));
+        .arg(problem, zel::version(), QLatin1String(qVersion()), QGuiApplication::platformName(),
+            QLocale::system().name(), QSysInfo::prettyProductName(), QSysInfo::kernelVersion(),
+            QDateTime::currentDateTime().toString(Qt::ISODate));
 }
 
 } // namespace

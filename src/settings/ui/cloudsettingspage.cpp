@@ -4,14 +4,15 @@
 #include "base/sizetext.h"
 #include "kdocumentopener.h"
 #include "settings/ui/confirmdialog.h"
+#include "settings/ui/settingchoice.h"
 #include "settings/ui/settingscard.h"
 #include "widgets/noticebar.h"
 #include "widgets/toggle.h"
 
 #include <QPushButton>
-#include <QSignalBlocker>
 
 using State = CloudAccount::State;
+using Bubbles = CloudOptions::Bubbles;
 
 namespace {
 
@@ -48,10 +49,12 @@ CloudSettingsPage::CloudSettingsPage(KCloudSvrProxy *cloud, QWidget *parent)
       m_options(cloud),
       m_sign(new QPushButton(this)),
       m_open(new QPushButton(tr("Open Folder"), this)),
-      m_listed(new Toggle(QString(), this))
+      m_listed(new Toggle(QString(), this)),
+      m_bubbles(new SettingChoice(this))
 {
     addAccount();
     addDrive();
+    addTransfers();
     addServer();
     connect(&m_account, &CloudAccount::changed, this, &CloudSettingsPage::update);
     connect(&m_account, &CloudAccount::failed, this, &CloudSettingsPage::onFailed);
@@ -65,10 +68,12 @@ CloudSettingsPage::CloudSettingsPage(KCloudSvrProxy *cloud, QWidget *parent)
         });
     connect(&m_options, &CloudOptions::changed, this, &CloudSettingsPage::updateOptions);
     connect(&m_options, &CloudOptions::failed, this, [this] {
-        notice()->showText(tr("The list of places could not be changed."));
+        notice()->showText(tr("The cloud service did not do it. Please try again."));
         updateOptions();
     });
-    connect(m_listed, &Toggle::toggled, &m_options, &CloudOptions::setDriveListed);
+    connect(m_listed, &Toggle::clicked, &m_options, &CloudOptions::setDriveListed);
+    connect(m_bubbles, &SettingChoice::chosen, &m_options,
+        [this](const QVariant &wish) { m_options.setBubbles(Bubbles(wish.toInt())); });
     update();
     updateOptions();
 }
@@ -87,6 +92,16 @@ void CloudSettingsPage::addDrive()
     m_copiesRow = card->addRow(tr("Copies kept to open documents faster"), QString());
     m_listedRow = card->addRow(tr("Show in file managers"),
         tr("Among the places at the side of file managers and dialogs."), m_listed);
+}
+
+void CloudSettingsPage::addTransfers()
+{
+    m_bubbles->addItem(tr("Each time"), int(Bubbles::EachTime));
+    m_bubbles->addItem(tr("Once a day"), int(Bubbles::OnceADay));
+    m_bubbles->addItem(tr("Never"), int(Bubbles::Never));
+    SettingsCard *card = addCard(tr("Transfers"));
+    m_bubblesRow = card->addRow(tr("Message when transfers have ended"),
+        tr("From the desktop, while ZEL Box is not in front."), m_bubbles);
 }
 
 void CloudSettingsPage::addServer()
@@ -116,9 +131,10 @@ void CloudSettingsPage::update()
 
 void CloudSettingsPage::updateOptions()
 {
-    const QSignalBlocker quiet(m_listed);
     m_listed->setChecked(m_options.isDriveListed().value_or(false));
     m_listedRow->setRowEnabled(m_options.isDriveListed().has_value());
+    m_bubbles->choose(int(m_options.bubbles().value_or(Bubbles::EachTime)));
+    m_bubblesRow->setRowEnabled(m_options.bubbles().has_value());
     m_copiesRow->setExplanation(zel::sizeText(m_options.cacheSize()));
     m_copiesRow->setVisible(m_options.cacheSize() > 0);
 }

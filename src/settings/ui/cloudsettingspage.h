@@ -5,10 +5,11 @@
 #include "settings/ui/settingspage.h"
 
 class QPushButton;
+class SettingChoice;
 class SettingsRow;
 class Toggle;
 
-/// Account, drive and server. GUI thread. Follows the service: also while it is away.
+/// Account, drive, transfers and server. GUI thread. Follows the service: also while it is away.
 class CloudSettingsPage final : public SettingsPage
 {
     Q_OBJECT
@@ -20,6 +21,7 @@ public:
 private:
     void addAccount();
     void addDrive();
+    void addTransfers();
     void addServer();
     void update();
     void updateOptions();
@@ -32,9 +34,11 @@ private:
     QPushButton *m_sign;
     QPushButton *m_open;
     Toggle *m_listed;
+    SettingChoice *m_bubbles;
     SettingsRow *m_accountRow = nullptr;
     SettingsRow *m_folderRow = nullptr;
     SettingsRow *m_spaceRow = nullptr;
     SettingsRow *m_listedRow = nullptr;
     SettingsRow *m_copiesRow = nullptr;
+    SettingsRow *m_bubblesRow = nullptr;
 };

@@ -1,15 +1,12 @@
 #include "settings/ui/generalpage.h"
 
 #include "base/settingskeys.h"
-#include "klitestyle.h"
 #include "ksettings.h"
 #include "kskin.h"
+#include "settings/ui/settingchoice.h"
 #include "settings/ui/settingscard.h"
 #include "widgets/noticebar.h"
 #include "widgets/toggle.h"
-
-#include <QComboBox>
-#include <QSignalBlocker>
 
 namespace {
 
@@ -33,31 +30,15 @@ void store(const QString &key, const QVariant &value)
     settings.setValue(key, value);
 }
 
-QComboBox *choice(QWidget *parent)
-{
-    auto *box = new QComboBox(parent);
-    // A long entry is shown whole in the list only.
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(14);
-    box->setMinimumWidth(KLiteStyle::dpiScaled(80)); // less than it would like
-    return box;
-}
-
-void select(QComboBox *box, const QVariant &data)
-{
-    const QSignalBlocker quiet(box);
-    box->setCurrentIndex(qMax(0, box->findData(data)));
-}
-
 } // namespace
 
 GeneralPage::GeneralPage(KSkin *skin, const zel::Autostart &autostart, QWidget *parent)
     : SettingsPage(tr("General"), parent),
       m_autostart(autostart),
       m_start(new Toggle(QString(), this)),
-      m_close(choice(this)),
-      m_theme(choice(this)),
-      m_language(choice(this))
+      m_close(new SettingChoice(this)),
+      m_theme(new SettingChoice(this)),
+      m_language(new SettingChoice(this))
 {
     SettingsCard *running = addCard(tr("Start and end"));
     running->addRow(tr("Start with the session"),
@@ -83,8 +64,8 @@ void GeneralPage::fillClose()
     m_close->addItem(tr("Keep running"), QStringLiteral("hide"));
     m_close->addItem(tr("Ask each time"), QStringLiteral("ask"));
     m_close->addItem(tr("Exit"), QStringLiteral("exit"));
-    connect(m_close, qOverload<int>(&QComboBox::activated), this,
-        [this] { store(zel::keys::CloseAction, m_close->currentData()); });
+    connect(m_close, &SettingChoice::chosen, this,
+        [](const QVariant &action) { store(zel::keys::CloseAction, action); });
 }
 
 void GeneralPage::fillTheme()
@@ -92,8 +73,8 @@ void GeneralPage::fillTheme()
     m_theme->addItem(tr("Like the desktop"), int(KSkin::Theme::Auto));
     m_theme->addItem(tr("Light"), int(KSkin::Theme::Light));
     m_theme->addItem(tr("Dark"), int(KSkin::Theme::Dark));
-    connect(m_theme, qOverload<int>(&QComboBox::activated), this,
-        [this] { KSkin::setTheme(KSkin::Theme(m_theme->currentData().toInt())); });
+    connect(m_theme, &SettingChoice::chosen, this,
+        [](const QVariant &theme) { KSkin::setTheme(KSkin::Theme(theme.toInt())); });
 }
 
 // Each language by its own name, so that its speakers find it whatever the box speaks now.
@@ -102,10 +83,10 @@ void GeneralPage::fillLanguage()
     m_language->addItem(tr("Like the desktop"), QString());
     m_language->addItem(QStringLiteral("English"), QStringLiteral("en"));
     m_language->addItem(QStringLiteral("简体中文"), QStringLiteral("zh_CN"));
-    connect(m_language, qOverload<int>(&QComboBox::activated), this, [this] {
-        if (stored(zel::keys::Language) == m_language->currentData())
+    connect(m_language, &SettingChoice::chosen, this, [this](const QVariant &language) {
+        if (stored(zel::keys::Language) == language)
             return;
-        store(zel::keys::Language, m_language->currentData());
+        store(zel::keys::Language, language);
         Q_EMIT languageChosen();
     });
 }
@@ -113,9 +94,9 @@ void GeneralPage::fillLanguage()
 void GeneralPage::refresh()
 {
     m_start->setChecked(m_autostart.isOn());
-    select(m_close, stored(zel::keys::CloseAction));
-    select(m_theme, int(KSkin::theme()));
-    select(m_language, stored(zel::keys::Language));
+    m_close->choose(stored(zel::keys::CloseAction));
+    m_theme->choose(int(KSkin::theme()));
+    m_language->choose(stored(zel::keys::Language));
 }
 
 void GeneralPage::onAutostart(bool on)

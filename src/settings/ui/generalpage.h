@@ -4,7 +4,7 @@
 #include "settings/ui/settingspage.h"
 
 class KSkin;
-class QComboBox;
+class SettingChoice;
 class Toggle;
 
 /// Start, window, look and language. GUI thread.
@@ -28,7 +28,7 @@ private:
 
     zel::Autostart m_autostart;
     Toggle *m_start;
-    QComboBox *m_close;
-    QComboBox *m_theme;
-    QComboBox *m_language;
+    SettingChoice *m_close;
+    SettingChoice *m_theme;
+    SettingChoice *m_language;
 };

@@ -5,6 +5,7 @@
 #include "klook.h"
 #include "krt/krt.h"
 #include "kskin.h"
+#include "settings/ui/aboutpage.h"
 #include "settings/ui/cloudsettingspage.h"
 #include "settings/ui/comingpage.h"
 #include "settings/ui/generalpage.h"
@@ -23,7 +24,7 @@ namespace look = zel::look;
 
 namespace {
 
-enum Page { General, Recent, Radar, Sync, Cloud, Privacy, Shortcuts, PageCount };
+enum Page { General, Recent, Radar, Sync, Cloud, Privacy, Shortcuts, About, PageCount };
 
 /// Names of pages, and of controls with the page that has them.
 struct Name
@@ -32,7 +33,7 @@ struct Name
     Page page;
 };
 constexpr Name PageNames[PageCount] = {{"general", General}, {"recent", Recent}, {"radar", Radar},
-    {"sync", Sync}, {"cloud", Cloud}, {"privacy", Privacy}, {"shortcuts", Shortcuts}};
+    {"sync", Sync}, {"cloud", Cloud}, {"privacy", Privacy}, {"shortcuts", Shortcuts}, {"about", About}};
 constexpr Name ControlNames[] = {{"autostart", General}, {"close", General}, {"theme", General},
     {"language", General}, {"account", Cloud}, {"telemetry", Privacy}};
 
@@ -64,6 +65,7 @@ CloudSettingsWidget::CloudSettingsWidget(KSkin *skin, KCloudSvrProxy *cloud, QWi
     m_list->addPage(icon("nav_cloud"), tr("Cloud"));
     m_list->addPage(icon("privacy"), tr("Privacy"));
     m_list->addPage(icon("keyboard"), tr("Shortcuts"));
+    m_list->addPage(icon("info"), tr("About"));
 
     auto *side = new QWidget(this);
     side->setBackgroundRole(QPalette::AlternateBase);
@@ -135,10 +137,12 @@ SettingsPage *CloudSettingsWidget::makePage(int row)
     case Privacy:
         return new PrivacyPage(m_cloud);
     case Shortcuts:
+        return new ShortcutsPage;
+    case About:
     case PageCount:
         break;
     }
-    return new ShortcutsPage;
+    return new AboutPage;
 }
 
 void CloudSettingsWidget::setParameter(const QString &parameter)

@@ -1,0 +1,6 @@
+#include "base/version.h"
+
+QString zel::version()
+{
+    return QStringLiteral(ZEL_VERSION);
+}
