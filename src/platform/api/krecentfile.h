@@ -105,7 +105,8 @@ public:
     virtual ~KRecentFileProxy() = default;
 
     virtual bool isKindReady(int kind) const = 0;
-    virtual void initKind(int kind) = 0; ///< KRecentFileEvents::initFinished() follows once
+    virtual void initKind(
+        int kind) = 0; ///< KRecentFileEvents::initFinished() once, perhaps before this returns
     virtual RecentKeeping keeping() const { return RecentKeeping::Kept; } ///< as told last
     virtual RecordInfoList records() const = 0; ///< newest first, each id once; a copy
     /// Reads the roaming records (`requestKind` 1; others are ignored) whose name contains `filter`, from the

@@ -1,6 +1,7 @@
 // The whole store with its thread, real files and real notices.
 #include "repositoryfixture.h"
 
+#include "platform/impl/recentstore/recentworker.h"
 #include "platform/impl/recentstore/xbel/xbelwatcher.h"
 #include "platform/impl/recentstore/xbel/xbelwriter.h"
 
@@ -35,6 +36,30 @@ private Q_SLOTS:
         QCOMPARE(store.initFinished.size(), 1);
         QVERIFY(store.load()); // once more: ready at once
         QCOMPARE(store.added.size(), 0);
+    }
+
+    void whatWasReadBeforehandIsNotReadAgain()
+    {
+        Home home({{A, 1}, {B, 2}});
+        {
+            LoadedStore store(home);
+        }
+        for (const bool changed : {false, true}) {
+            RecentWorker worker(home.places, WorkMode::ReadOnly);
+            QSignalSpy prepared(&worker, &RecentWorker::prepared);
+            QSignalSpy loaded(&worker, &RecentWorker::loaded);
+            worker.prepare();
+            QCOMPARE(textOf(prepared.at(0).at(0).value<RecordInfoList>()), "b:32 a:32"_s);
+            if (changed)
+                worker.removeRecords({B});
+            worker.load();
+            QCOMPARE(loaded.size(), int(changed));
+        }
+        Store store(home);
+        store.proxy.onPrepared({{}});
+        store.proxy.initKind(RecentRecordKind::Roaming);
+        QVERIFY(store.proxy.isKindReady(RecentRecordKind::Roaming)); // for the window's first painting
+        QTRY_COMPARE(store.shown(), "a:32"_s);
     }
 
     void manyFilesAreNotedAtOneGo()

@@ -38,6 +38,7 @@ void InitRecentFile(WorkMode mode)
     store() = std::make_unique<RecentProxy>(RecentPlaces::fromEnvironment(), mode, *RecentFileEventObject());
     if (chosenSources != RecentSource::All)
         store()->setSources(chosenSources);
+    store()->prepare();
     // Should nobody stop it, it must not outlive the application object's end by accident.
     qAddPostRoutine(UninitRecentFile);
 }

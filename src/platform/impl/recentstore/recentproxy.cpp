@@ -8,6 +8,7 @@
 #include "base/logging.h"
 
 #include <QDir>
+#include <QTimer>
 
 namespace zel::recent {
 namespace {
@@ -33,7 +34,16 @@ void RecentProxy::initKind(int)
 {
     if (std::exchange(m_loading, true))
         return;
-    m_thread->post([](RecentWorker &worker) { worker.load(); });
+    const auto load = [this] { m_thread->post([](RecentWorker &worker) { worker.load(); }); };
+    if (!m_prepared)
+        return load();
+    QTimer::singleShot(0, this, load); // the window first: it would take time from what paints the rows
+    onLoaded(*std::exchange(m_prepared, std::nullopt));
+}
+
+void RecentProxy::prepare()
+{
+    m_thread->post([](RecentWorker &worker) { worker.prepare(); });
 }
 
 void RecentProxy::setCloudService(KCloudSvrProxy *cloud)
@@ -137,6 +147,8 @@ void RecentProxy::markRead(const QStringList &ids)
 
 void RecentProxy::setSources(int sources)
 {
+    if (std::exchange(m_sources, sources) != sources)
+        m_prepared.reset();
     m_thread->post([sources](RecentWorker &worker) { worker.setSources(sources); });
 }
 
@@ -153,6 +165,17 @@ void RecentProxy::onHistoryCleared(bool completely)
 void RecentProxy::onFoldersLeftOut(const QStringList &paths)
 {
     Q_EMIT m_events.foldersLeftOut(paths);
+}
+
+// Where a part of the list is wanted only, that part comes with loaded().
+void RecentProxy::onPrepared(const RecordInfoList &records)
+{
+    if (m_ready || m_sources != RecentSource::All)
+        return;
+    if (m_loading)
+        onLoaded(records);
+    else
+        m_prepared = records;
 }
 
 void RecentProxy::onLoaded(const RecordInfoList &records)

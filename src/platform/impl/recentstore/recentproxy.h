@@ -4,6 +4,7 @@
 #include "platform/impl/recentstore/xbel/xbelsources.h"
 
 #include <memory>
+#include <optional>
 
 namespace zel::recent {
 
@@ -36,9 +37,12 @@ public:
     void setCloudService(KCloudSvrProxy *cloud) override;
     void releaseMemory() override;
 
+    /// Has the list read before anybody wants it, so that initKind() may finish at once. After setSources().
+    void prepare();
     void setSources(int sources);
     void clearHistory(bool serviceListCleared);
 
+    void onPrepared(const RecordInfoList &records);
     void onLoaded(const RecordInfoList &records);
     void onReplaced(const RecordInfoList &records);
     void onUpdated(const zel::recent::RecentDelta &delta);
@@ -53,6 +57,8 @@ private:
 
     KRecentFileEvents &m_events;
     RecordInfoList m_records;
+    std::optional<RecordInfoList> m_prepared; ///< until it is wanted
+    int m_sources = RecentSource::All;
     RecentKeeping m_keeping = RecentKeeping::Kept;
     bool m_ready = false;
     bool m_loading = false;

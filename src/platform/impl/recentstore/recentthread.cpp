@@ -60,6 +60,7 @@ void RecentThread::work()
 
 void RecentThread::connectTo(RecentWorker &worker)
 {
+    connect(&worker, &RecentWorker::prepared, &m_proxy, &RecentProxy::onPrepared, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::loaded, &m_proxy, &RecentProxy::onLoaded, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::replaced, &m_proxy, &RecentProxy::onReplaced, Qt::QueuedConnection);
     connect(&worker, &RecentWorker::updated, &m_proxy, &RecentProxy::onUpdated, Qt::QueuedConnection);

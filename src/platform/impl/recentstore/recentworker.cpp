@@ -88,6 +88,14 @@ void RecentWorker::tryAgain()
     planRetry();
 }
 
+void RecentWorker::prepare()
+{
+    open();
+    m_prepared = !m_firstList.isEmpty() && m_filter.isWhole() && !m_repository.isFresh();
+    if (m_prepared)
+        Q_EMIT prepared(m_firstList);
+}
+
 void RecentWorker::load()
 {
     open();
@@ -101,11 +109,13 @@ void RecentWorker::load()
 
 void RecentWorker::handOver()
 {
+    const bool isKnown = std::exchange(m_prepared, false) && !m_firstList.isEmpty() && m_filter.isWhole();
     RecordInfoList records = std::exchange(m_firstList, {});
     if (records.isEmpty() || !m_filter.isWhole())
         records = m_filter.records(m_repository.state());
     const bool first = !std::exchange(m_handedOver, true);
-    Q_EMIT loaded(records);
+    if (!isKnown)
+        Q_EMIT loaded(records);
     if (!first)
         return;
     const qint64 oldest = QDateTime::currentMSecsSinceEpoch() - RemovalLifetimeMs;
@@ -249,6 +259,7 @@ void RecentWorker::setSources(int sources)
 {
     if (sources == m_filter.sources())
         return;
+    m_prepared = false;
     m_filter.setSources(sources);
     if (m_handedOver)
         Q_EMIT replaced(m_filter.records(m_repository.state()));

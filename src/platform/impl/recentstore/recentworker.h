@@ -17,7 +17,9 @@ public:
     RecentWorker(const RecentPlaces &places, WorkMode mode);
     ~RecentWorker() override;
 
-    void load();                                          ///< loaded() follows
+    /// Reads what is on the disk; prepared() follows if that is all that load() would give.
+    void prepare();
+    void load(); ///< loaded() follows, unless what was prepared still holds
     void noteOpened(const QHash<QString, qint64> &times); ///< by path
     void removeRecords(const QStringList &ids);
     void checkPresence(const QStringList &ids);
@@ -37,6 +39,7 @@ public:
     void finish(); ///< everything is on disk afterwards
 
 Q_SIGNALS:
+    void prepared(const RecordInfoList &records); ///< newest first
     void loaded(const RecordInfoList &records);   ///< newest first
     void replaced(const RecordInfoList &records); ///< in place of a delta that is too large
     void updated(const zel::recent::RecentDelta &delta);
@@ -77,6 +80,7 @@ private:
     bool m_scanned = false;               ///< the lists have been read once
     bool m_wanted = false;                ///< somebody has asked for the records
     bool m_open = false;
+    bool m_prepared = false;   ///< m_firstList was told
     bool m_handedOver = false; ///< news are told from then on
 };
 
